@@ -1,0 +1,42 @@
+# Flags for the project's own code, and a function that makes a library of one folder.
+
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+if(NOT CMAKE_BUILD_TYPE)
+  set(CMAKE_BUILD_TYPE Release)
+endif()
+
+add_library(pixorra_flags INTERFACE)
+target_compile_options(pixorra_flags INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Werror)
+target_include_directories(pixorra_flags INTERFACE "${PROJECT_SOURCE_DIR}/src")
+
+option(PIXORRA_SANITIZE "Address and undefined behaviour sanitizers" OFF)
+if(PIXORRA_SANITIZE)
+  add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  add_link_options(-fsanitize=address,undefined)
+endif()
+
+# pixorra_library(name DIRS folder... LINKS target...): the sources of these folders (not of folders below them) as one
+# static library. What it links is what it may include.
+function(pixorra_library name)
+  cmake_parse_arguments(ARG "" "" "DIRS;LINKS;PRIVATE_LINKS" ${ARGN})
+  set(sources "")
+  foreach(dir IN LISTS ARG_DIRS)
+    file(GLOB found CONFIGURE_DEPENDS "${dir}/*.cpp" "${dir}/*.h")
+    list(APPEND sources ${found})
+  endforeach()
+  set(compiled ${sources})
+  list(FILTER compiled INCLUDE REGEX "\\.cpp$")
+  if(compiled)
+    add_library(${name} STATIC ${sources})
+    set_target_properties(${name} PROPERTIES LINKER_LANGUAGE CXX)
+    target_link_libraries(${name} PUBLIC ${ARG_LINKS} PRIVATE pixorra_flags ${ARG_PRIVATE_LINKS})
+    target_include_directories(${name} PUBLIC "${PROJECT_SOURCE_DIR}/src")
+  else()
+    add_library(${name} INTERFACE)
+    target_link_libraries(${name} INTERFACE ${ARG_LINKS})
+    target_include_directories(${name} INTERFACE "${PROJECT_SOURCE_DIR}/src")
+  endif()
+endfunction()

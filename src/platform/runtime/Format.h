@@ -1,0 +1,19 @@
+// The formats in use: numbers by "0" and "@" pictures, dates by "d", "mmm", "yyyy", "hh", "mm", "ss" and "ampm".
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "platform/runtime/DateValue.h"
+
+namespace pixorra {
+
+// "00000" pads with zeros to at least that many digits; "0.0" keeps one decimal, halves away from zero.
+std::string FormatNumber(double value, std::string_view picture);
+// "@@@" sets the text to the right in as many places; a longer text stays whole.
+std::string FormatText(std::string_view text, std::string_view picture);
+// "DD-MMM-YYYY", "d/mmm/yyyy", "hh:mmampm", "hh:mm:ss AMPM": case of the letters is free; "mm" behind "hh" is minutes;
+// AM and PM in capitals for "AMPM", in small letters for "ampm"; hours run from 01 to 12 where either stands.
+std::string FormatDate(DateValue value, std::string_view picture);
+
+}  // namespace pixorra

@@ -1,0 +1,17 @@
+// The system clipboard, in bitmap format.
+#pragma once
+
+#include "platform/services/Picture.h"
+
+namespace pixorra {
+
+class Clipboard {
+ public:
+  virtual ~Clipboard() = default;
+  virtual bool HasBitmap() = 0;
+  virtual Picture GetBitmap() = 0;  // nothing where there is none
+  virtual void Clear() = 0;
+  virtual void SetBitmap(const Picture& picture) = 0;
+};
+
+}  // namespace pixorra

@@ -1,0 +1,26 @@
+// Questions to the user that need no form of the program's own, and the beep. Each waits until it is answered; timers run on.
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "platform/services/Picture.h"
+
+namespace pixorra {
+
+enum class BoxIcon { None = 0, Critical = 16, Question = 32, Exclamation = 48, Information = 64 };
+enum class BoxButtons { Ok = 0, YesNo = 4 };
+enum class BoxAnswer { Ok = 1, Yes = 6, No = 7 };
+
+class Dialogs {
+ public:
+  virtual ~Dialogs() = default;
+  // `text` is lines joined by CR LF or LF. Closing a Yes and No box in another way answers No.
+  virtual BoxAnswer MsgBox(const std::string& text, BoxIcon icon, BoxButtons buttons, const std::string& title) = 0;
+  // Empty on cancel.
+  virtual std::string InputBox(const std::string& prompt, const std::string& title, const std::string& present) = 0;
+  virtual std::optional<Colour> ChooseColour(Colour start) = 0;
+  virtual void Beep() = 0;
+};
+
+}  // namespace pixorra

@@ -1,0 +1,91 @@
+// Files and folders of the host, by the program's own backslash paths.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "platform/runtime/DateValue.h"
+
+namespace pixorra {
+
+namespace attribute {
+inline constexpr int Normal = 0;
+inline constexpr int ReadOnly = 1;   // the owner may not write it
+inline constexpr int Hidden = 2;     // its name begins with a full stop
+inline constexpr int System = 4;     // a FIFO, a socket, a device, or a link that leads nowhere
+inline constexpr int Directory = 16;
+inline constexpr int Archive = 32;
+}  // namespace attribute
+
+// An open file. Closing does not flush; Flush puts what was written on stable storage.
+class File {
+ public:
+  virtual ~File() = default;
+  virtual std::int64_t Length() = 0;
+  // Reads up to `count` bytes at `offset`; tells how many came, fewer only at the file's end. Raises error 57.
+  virtual std::size_t ReadAt(std::int64_t offset, void* into, std::size_t count) = 0;
+  // Writes all of it at `offset`, lengthening the file as needed. Raises error 61 (disk full), 57, 75.
+  virtual void WriteAt(std::int64_t offset, const void* from, std::size_t count) = 0;
+  // Raises as WriteAt does.
+  virtual void Flush() = 0;
+};
+
+enum class OpenMode {
+  Read,       // must exist; only ordinary files open (nothing blocks on a FIFO)
+  ReadWrite,  // made when missing, never shortened; not through a symbolic link
+  Replace,    // made when missing, else emptied; for files that are the program's own
+};
+
+// Look-ups ignore case and keep the case that the disk has; an exact match goes before another one.
+// Failures raise RuntimeError: 52 bad name, 53 file not found, 57 device, 58 exists, 61 disk full, 70 permission,
+// 75 path access, 76 path not found.
+class Files {
+ public:
+  virtual ~Files() = default;
+
+  // Names in a folder that match `pattern` (see MatchesPattern), in no order: ordinary files, and links to such, plus
+  // what `attributes` adds (Hidden, System, Directory; "." and ".." never come). A folder that cannot be read is empty.
+  // With System, a link is told by itself and not by what it leads to.
+  virtual std::vector<std::string> Names(const std::string& folder, const std::string& pattern, int attributes) = 0;
+
+  // What stands at the path: its attributes, or nothing. A link counts as what it leads to; Links tells it apart.
+  virtual std::optional<int> Attributes(const std::string& path) = 0;
+  virtual void SetAttributes(const std::string& path, int attributes) = 0;
+  bool FileExists(const std::string& path);    // an ordinary file, or a link to one
+  bool FolderExists(const std::string& path);  // a folder, or a link to one
+  // The name is taken by anything at all, a link that leads nowhere included.
+  virtual bool NameTaken(const std::string& path) = 0;
+  virtual bool IsLink(const std::string& path) = 0;
+
+  virtual std::int64_t Length(const std::string& path) = 0;
+  virtual std::unique_ptr<File> Open(const std::string& path, OpenMode mode) = 0;
+  // A file or a link itself; never a folder.
+  virtual void Delete(const std::string& path) = 0;
+  virtual void Rename(const std::string& from, const std::string& to) = 0;  // 58 where `to` is taken; never replaces
+  virtual void MakeFolder(const std::string& path) = 0;
+  virtual void RemoveFolder(const std::string& path) = 0;  // only an empty one, never through a link
+  // The folder's entries are on stable storage when this returns.
+  virtual void FlushFolder(const std::string& path) = 0;
+
+  // The last-write time in local time of a file that opens for reading and writing; nothing where it does not.
+  virtual std::optional<CalendarTime> LastWriteTime(const std::string& path) = 0;
+  // Sets all the times that the file system keeps to one; false where it cannot.
+  virtual bool SetTimes(const std::string& path, const CalendarTime& time) = 0;
+
+  // Roots of the drives that exist now, such as "C:\", with a name to show for each.
+  struct Drive {
+    std::string Root;
+    std::string ShownName;
+  };
+  virtual std::vector<Drive> Drives() = 0;
+  // The path in the disk's own case and one spelling; raises 76 where no such folder can be entered.
+  virtual std::string FolderPath(const std::string& path) = 0;
+  // How a person here writes the path, and back: either spelling is taken.
+  virtual std::string ShownPath(const std::string& path) = 0;
+  virtual std::string ProgramPath(const std::string& typed) = 0;
+};
+
+}  // namespace pixorra

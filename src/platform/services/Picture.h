@@ -1,0 +1,73 @@
+// A picture object: pixels that are never changed once made, shared by all that show them.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <utility>
+
+namespace pixorra {
+
+// 0x00BBGGRR, as the program's texts write colours; with the top bit set (0x8000000F) a colour of the system.
+using Colour = std::uint32_t;
+inline constexpr Colour ButtonFace = 0x8000000FU;
+inline constexpr Colour WindowBackground = 0x80000005U;
+inline constexpr Colour ButtonText = 0x80000012U;
+
+enum class PixelFormat : std::uint8_t {
+  Bgr24,   // three bytes a pixel: blue, green, red
+  Bgra32,  // four bytes a pixel, the colours premultiplied by alpha
+};
+
+// A block of pixel rows, the top row first, each row padded to a multiple of 4 bytes. Movable, not copyable.
+class Bitmap {
+ public:
+  Bitmap() = default;
+  // The pixels are not set. Raises error 7 where the block cannot be had, error 6 where its size leaves 32 bits.
+  Bitmap(int width, int height, PixelFormat format);
+
+  bool IsEmpty() const { return bytes_ == nullptr; }
+  int Width() const { return width_; }
+  int Height() const { return height_; }
+  PixelFormat Format() const { return format_; }
+  int BytesPerPixel() const { return format_ == PixelFormat::Bgr24 ? 3 : 4; }
+  std::size_t Stride() const { return stride_; }
+  std::uint8_t* Row(int y) { return bytes_.get() + static_cast<std::size_t>(y) * stride_; }
+  const std::uint8_t* Row(int y) const { return bytes_.get() + static_cast<std::size_t>(y) * stride_; }
+  Bitmap Clone() const;
+  // Sets every pixel; opaque in a bitmap with alpha.
+  void Fill(Colour colour);
+
+ private:
+  int width_ = 0;
+  int height_ = 0;
+  PixelFormat format_ = PixelFormat::Bgr24;
+  std::size_t stride_ = 0;
+  std::unique_ptr<std::uint8_t[]> bytes_;
+};
+
+class Picture {
+ public:
+  Picture() = default;  // nothing
+  explicit Picture(Bitmap pixels, std::string artName = {});
+
+  bool IsNothing() const { return data_ == nullptr; }
+  // The picture's own size in pixels; 0 for nothing.
+  int Width() const { return data_ ? data_->pixels.Width() : 0; }
+  int Height() const { return data_ ? data_->pixels.Height() : 0; }
+  // Not for nothing.
+  const Bitmap& Pixels() const { return data_->pixels; }
+  // For a drawing of the program's own, its name, by which a back end can draw it sharper than its pixels are.
+  const std::string& ArtName() const;
+  bool operator==(const Picture& other) const { return data_ == other.data_; }
+
+ private:
+  struct Data {
+    Bitmap pixels;
+    std::string artName;
+  };
+  std::shared_ptr<const Data> data_;
+};
+
+}  // namespace pixorra

@@ -1,0 +1,22 @@
+// Where the program's own files and the user's special folders lie. Paths are the program's, with no trailing backslash.
+#pragma once
+
+#include <string>
+
+namespace pixorra {
+
+class Places {
+ public:
+  virtual ~Places() = default;
+  // Home of the Trashcan, the background picture and the temporary pictures. Made when missing.
+  virtual std::string ProgramFolder() = 0;
+  // Home of the saved state file. Made when missing.
+  virtual std::string WindowsFolder() = 0;
+  // Home of the picture loader's one fixed temporary file. Made when missing.
+  virtual std::string TemporaryFolder() = 0;
+  // A shell folder by its number: 0 and 16 desktop, 2 programs, 3 controls, 5 documents, 6 favourites, 8 recent,
+  // 11 start menu, 39 pictures. Empty where the host has none.
+  virtual std::string SpecialFolder(int number) = 0;
+};
+
+}  // namespace pixorra

@@ -1,0 +1,65 @@
+// Printers, and the surface that a document is composed on.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "platform/services/Picture.h"
+
+namespace pixorra {
+
+// The current printer. Lengths are twips (1440 to the inch) in scale mode 1, from the top left of the printable area.
+// Any of the drawing operations starts a document; they raise error 482 where the printer cannot be had.
+class PrintSurface {
+ public:
+  virtual ~PrintSurface() = default;
+  virtual void SetScaleMode(int mode) = 0;
+  virtual void SetOrientation(int orientation) = 0;  // 1 portrait, 2 landscape
+  virtual double ScaleWidth() = 0;
+  virtual double ScaleHeight() = 0;
+  virtual double SheetWidth() = 0;
+  virtual double SheetHeight() = 0;
+  virtual double TwipsPerPixelX() = 0;  // of the printer
+  virtual std::string DeviceName() = 0;
+  virtual std::string DriverName() = 0;
+  virtual int PaperSize() = 0;  // a paper code: 1 Letter, 9 A4, ...
+  virtual void SetFontName(const std::string& name) = 0;
+  virtual void SetFontSize(double points) = 0;
+  virtual void SetFontBold(bool bold) = 0;
+  virtual double TextWidth(const std::string& text) = 0;
+  virtual double TextHeight(const std::string& text) = 0;
+  virtual void SetCurrentX(double x) = 0;
+  virtual void SetCurrentY(double y) = 0;
+  virtual void Print(const std::string& text) = 0;
+  virtual void SetForeColor(Colour colour) = 0;
+  virtual void SetDrawWidth(int devicePixels) = 0;
+  virtual void SetFillStyle(int style) = 0;  // 1 transparent
+  virtual void Box(double x1, double y1, double x2, double y2, Colour colour) = 0;
+  // Part of a picture, in the picture's twips at 15 to a pixel, stretched into a rectangle.
+  virtual void PaintPicture(const Picture& picture, double x, double y, double width, double height, double sourceX, double sourceY,
+                            double sourceWidth, double sourceHeight) = 0;
+  virtual void NewPage() = 0;
+  virtual void EndDoc() = 0;
+};
+
+class Printing {
+ public:
+  virtual ~Printing() = default;
+  virtual std::vector<std::string> PrinterNames() = 0;
+  // Error 482 where there is no such printer.
+  virtual void SetCurrentPrinter(const std::string& name) = 0;
+  // The current printer follows the system's default from now on, or stays.
+  virtual void SetTrackDefault(bool track) = 0;
+  // Empty where the host has no printer.
+  virtual std::string CurrentPrinterName() = 0;
+  virtual PrintSurface& Printer() = 0;
+  // Can the printer be reached now?
+  virtual bool IsReady(const std::string& name) = 0;
+  // The system's own dialogs; false when cancelled.
+  virtual bool ShowPrintSetup() = 0;
+  virtual bool ShowPrintDialog() = 0;
+  virtual bool ShowProperties(const std::string& name) = 0;
+};
+
+}  // namespace pixorra
