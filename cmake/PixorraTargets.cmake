@@ -8,30 +8,42 @@ if(NOT CMAKE_BUILD_TYPE)
   set(CMAKE_BUILD_TYPE Release)
 endif()
 
+find_program(PIXORRA_CCACHE ccache)
+if(PIXORRA_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
+  set(CMAKE_CXX_COMPILER_LAUNCHER "${PIXORRA_CCACHE}")
+endif()
+
 add_library(pixorra_flags INTERFACE)
 target_compile_options(pixorra_flags INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Werror)
 target_include_directories(pixorra_flags INTERFACE "${PROJECT_SOURCE_DIR}/src")
 
-option(PIXORRA_SANITIZE "Address and undefined behaviour sanitizers" OFF)
+option(PIXORRA_SANITIZE "Address and undefined behaviour sanitizers, and the standard library's own assertions" OFF)
 if(PIXORRA_SANITIZE)
   add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  add_compile_definitions(_GLIBCXX_ASSERTIONS)
   add_link_options(-fsanitize=address,undefined)
 endif()
 
-# pixorra_library(name DIRS folder... LINKS target...): the sources of these folders (not of folders below them) as one
-# static library. What it links is what it may include.
-function(pixorra_library name)
-  cmake_parse_arguments(ARG "" "" "DIRS;LINKS;PRIVATE_LINKS" ${ARGN})
+# pixorra_sources(variable SUFFIXES suffix... DIRS folder...): the files of these folders, not of folders below them.
+function(pixorra_sources variable)
+  cmake_parse_arguments(ARG "" "" "SUFFIXES;DIRS" ${ARGN})
   set(sources "")
   foreach(dir IN LISTS ARG_DIRS)
-    file(GLOB found CONFIGURE_DEPENDS "${dir}/*.cpp" "${dir}/*.h")
-    list(APPEND sources ${found})
+    foreach(suffix IN LISTS ARG_SUFFIXES)
+      file(GLOB found CONFIGURE_DEPENDS "${dir}/*${suffix}")
+      list(APPEND sources ${found})
+    endforeach()
   endforeach()
-  set(compiled ${sources})
-  list(FILTER compiled INCLUDE REGEX "\\.cpp$")
+  set(${variable} ${sources} PARENT_SCOPE)
+endfunction()
+
+# pixorra_library(name DIRS folder... LINKS target... PRIVATE_LINKS target...): the sources of these folders as one static
+# library. What it links is what it may include. A folder of headers alone makes an interface library.
+function(pixorra_library name)
+  cmake_parse_arguments(ARG "" "" "DIRS;LINKS;PRIVATE_LINKS" ${ARGN})
+  pixorra_sources(compiled SUFFIXES .cpp DIRS ${ARG_DIRS})
   if(compiled)
-    add_library(${name} STATIC ${sources})
-    set_target_properties(${name} PROPERTIES LINKER_LANGUAGE CXX)
+    add_library(${name} STATIC ${compiled})
     target_link_libraries(${name} PUBLIC ${ARG_LINKS} PRIVATE pixorra_flags ${ARG_PRIVATE_LINKS})
     target_include_directories(${name} PUBLIC "${PROJECT_SOURCE_DIR}/src")
   else()
