@@ -20,19 +20,21 @@ struct CalendarTime {
   bool operator==(const CalendarTime&) const = default;
 };
 
-// Days since 30 December 1899 as a double, the time of day as fraction. Before that day the fraction still counts upward
-// from midnight in magnitude: -1.25 is six in the morning of 29 December 1899.
+// Days since 30 December 1899 as a double, the time of day as fraction. Before that day the fraction still counts
+// upward from midnight in magnitude: -1.25 is six in the morning of 29 December 1899.
 using DateValue = double;
 
-// Raise error 6 for a year outside 100 to 9999; milliseconds are left out.
+// Months, days, hours, minutes and seconds outside their range count on into the next or the previous ones.
+// Milliseconds are left out. The same moment is the same double however it came about, ParseDate included. A moment
+// outside the years 100 to 9999 raises error 6.
 DateValue DateSerial(int year, int month, int day);
 DateValue TimeSerial(int hour, int minute, int second);
 DateValue ToDateValue(const CalendarTime& time);
-// To the nearest second.
+// To the nearest second. Raises error 6 outside the years 100 to 9999 and for what is no number.
 CalendarTime FromDateValue(DateValue value);
 
 // Reads "DD-MMM-YYYY" and "hh:mm:ss AMPM", apart or joined by blanks, months by their English short names.
-// Raises error 13 for any other text.
+// Raises error 13 for any other text. A time alone is the fraction of a day.
 DateValue ParseDate(std::string_view text);
 
 }  // namespace pixorra

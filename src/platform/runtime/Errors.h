@@ -46,8 +46,8 @@ class RuntimeError : public std::runtime_error {
   int number_;
 };
 
-// Runs one statement with errors ignored and tells its error number, 0 where it raised none. Running out of memory counts
-// as error 7. Anything else that is thrown is a bug and goes on its way.
+// Runs one statement with errors ignored and tells its error number, 0 where it raised none. Running out of memory
+// counts as error 7. Anything else that is thrown is a bug and goes on its way.
 template <typename Statement>
 int ErrorsIgnored(Statement&& statement) {
   try {

@@ -13,13 +13,16 @@ std::string Trim(std::string_view text);
 std::string UCase(std::string_view text);
 std::string LCase(std::string_view text);
 bool EqualIgnoringCase(std::string_view a, std::string_view b);
-// Orders names as a file list shows them: case ignored first, then byte by byte, so that no two different names are equal.
+// Orders names as a file list shows them: case ignored first, then byte by byte, so that no two different names are
+// equal.
 bool NameLess(std::string_view a, std::string_view b);
-// Wildcard match, case ignored: '*' any run, '?' one character. `patterns` holds one or more joined by ';'; an empty text
-// matches every name, and so does "*.*", with or without a full stop in the name.
+// Wildcard match, case ignored: '*' any run, '?' one character. `patterns` holds one or more joined by ';'; an empty
+// text matches every name, and so does "*.*", with or without a full stop in the name.
 bool MatchesPattern(std::string_view name, std::string_view patterns);
 // The longest start of `text` that is at most `bytes` long and does not split a UTF-8 character.
 std::string_view CutToBytes(std::string_view text, std::size_t bytes);
+// Characters in a text; a byte that is no UTF-8 counts as one.
+std::size_t CharacterCount(std::string_view text);
 bool IsValidUtf8(std::string_view text);
 
 }  // namespace pixorra

@@ -1,0 +1,147 @@
+// Texts: trimming, case, comparison, cutting, UTF-8.
+#include <algorithm>
+#include <gtest/gtest.h>
+#include <string>
+#include <vector>
+
+#include "platform/runtime/LetterCase.h"
+#include "platform/runtime/Text.h"
+#include "platform/runtime/Utf8.h"
+
+namespace pixorra {
+namespace {
+
+TEST(Trim, TakesBlanksAtBothEndsAndNothingElse) {
+  EXPECT_EQ(Trim("  a b  "), "a b");
+  EXPECT_EQ(Trim("    "), "");
+  EXPECT_EQ(Trim(""), "");
+  EXPECT_EQ(Trim("\ta\n"), "\ta\n");
+  EXPECT_EQ(Trim("\u00A0a"), "\u00A0a");
+}
+
+TEST(LetterCase, MapsEachScriptBothWays) {
+  EXPECT_EQ(UCase("img_0012.jpg"), "IMG_0012.JPG");
+  EXPECT_EQ(LCase("IMG_0012.JPG"), "img_0012.jpg");
+  EXPECT_EQ(UCase("äöüéñøþÿ"), "ÄÖÜÉÑØÞŸ");
+  EXPECT_EQ(LCase("ÄÖÜÉÑØÞŸ"), "äöüéñøþÿ");
+  EXPECT_EQ(UCase("āčďęğĺłńőřśťůžơưșțế"), "ĀČĎĘĞĹŁŃŐŘŚŤŮŽƠƯȘȚẾ");
+  EXPECT_EQ(LCase("ĀČĎĘĞĹŁŃŐŘŚŤŮŽƠƯȘȚẾ"), "āčďęğĺłńőřśťůžơưșțế");
+  EXPECT_EQ(UCase("αβγάέήίόύώϊ"), "ΑΒΓΆΈΉΊΌΎΏΪ");
+  EXPECT_EQ(LCase("ΑΒΓΆΈΉΊΌΎΏΪ"), "αβγάέήίόύώϊ");
+  EXPECT_EQ(UCase("привет ёїґ"), "ПРИВЕТ ЁЇҐ");
+  EXPECT_EQ(LCase("ПРИВЕТ ЁЇҐ"), "привет ёїґ");
+}
+
+TEST(LetterCase, LeavesWhatHasNoCase) {
+  EXPECT_EQ(UCase("×÷ß写真😀[`{"), "×÷ß写真😀[`{");
+  EXPECT_EQ(LCase("×÷写真😀@[`"), "×÷写真😀@[`");
+}
+
+TEST(LetterCase, LeavesLettersThatWouldNotComeBack) {
+  EXPECT_EQ(UCase("ıſµ"), "ıſµ");
+  EXPECT_EQ(LCase("İ"), "İ");
+}
+
+TEST(LetterCase, BothSmallSigmasHaveOneCapital) {
+  EXPECT_EQ(UCase("σς"), "ΣΣ");
+  EXPECT_EQ(LCase("Σ"), "σ");
+}
+
+TEST(LetterCase, UpperAndLowerUndoEachOther) {
+  for (char32_t code = 0; code < 0x11000; ++code) {
+    if (LowerCase(code) != code) {
+      EXPECT_EQ(UpperCase(LowerCase(code)), code) << static_cast<unsigned>(code);
+    }
+    if (UpperCase(code) != code && code != 0x3C2) {
+      EXPECT_EQ(LowerCase(UpperCase(code)), code) << static_cast<unsigned>(code);
+    }
+  }
+}
+
+TEST(LetterCase, LeavesBytesThatAreNoUtf8) {
+  EXPECT_EQ(UCase("a\xFF\xC3z"), "A\xFF\xC3Z");
+  EXPECT_EQ(LCase("A\x80\xE2\x82Z"), "a\x80\xE2\x82z");
+}
+
+TEST(EqualIgnoringCase, ComparesWholeTexts) {
+  EXPECT_TRUE(EqualIgnoringCase("C:\\Übung", "c:\\üBUNG"));
+  EXPECT_TRUE(EqualIgnoringCase("", ""));
+  EXPECT_FALSE(EqualIgnoringCase("photo", "photos"));
+  EXPECT_FALSE(EqualIgnoringCase("photos", "photo"));
+  EXPECT_FALSE(EqualIgnoringCase("é", "e"));
+  EXPECT_FALSE(EqualIgnoringCase("i", "ı"));
+  EXPECT_FALSE(EqualIgnoringCase("\xFE", "\xFF"));
+}
+
+TEST(NameLess, OrdersAsAFileListShows) {
+  std::vector<std::string> names = {"b.jpg", "B.JPG", "a10.jpg", "A2.jpg", "_x.jpg", "ä.jpg", "C.jpg"};
+  std::sort(names.begin(), names.end(), NameLess);
+  const std::vector<std::string> expected = {"a10.jpg", "A2.jpg", "B.JPG", "b.jpg", "C.jpg", "_x.jpg", "ä.jpg"};
+  EXPECT_EQ(names, expected);
+}
+
+TEST(NameLess, TellsNamesApartThatDifferByCaseOnly) {
+  EXPECT_TRUE(NameLess("A", "a"));
+  EXPECT_FALSE(NameLess("a", "A"));
+  EXPECT_FALSE(NameLess("a", "a"));
+  EXPECT_TRUE(NameLess("a", "ab"));
+  EXPECT_TRUE(NameLess("\xFE", "\xFF"));
+}
+
+TEST(CutToBytes, KeepsWhatFits) {
+  EXPECT_EQ(CutToBytes("abc", 3), "abc");
+  EXPECT_EQ(CutToBytes("abc", 2), "ab");
+  EXPECT_EQ(CutToBytes("abc", 0), "");
+  EXPECT_EQ(CutToBytes("", 5), "");
+}
+
+TEST(CutToBytes, NeverSplitsACharacter) {
+  EXPECT_EQ(CutToBytes("aé", 2), "a");
+  EXPECT_EQ(CutToBytes("aéb", 3), "aé");
+  EXPECT_EQ(CutToBytes("写真", 5), "写");
+  EXPECT_EQ(CutToBytes("写真", 2), "");
+  EXPECT_EQ(CutToBytes("x😀", 4), "x");
+  EXPECT_EQ(CutToBytes("x😀y", 5), "x😀");
+}
+
+TEST(CutToBytes, CutsStrayBytesWhereTheyStand) {
+  EXPECT_EQ(CutToBytes("\x80\x80\x80\x80\x80\x80", 5), "\x80\x80\x80\x80\x80");
+}
+
+TEST(CharacterCount, CountsCharactersAndNotBytes) {
+  EXPECT_EQ(CharacterCount(""), 0U);
+  EXPECT_EQ(CharacterCount("aé写😀"), 4U);
+  EXPECT_EQ(CharacterCount("a\xFF\xC3"), 3U);
+}
+
+TEST(IsValidUtf8, TakesWellFormedTexts) {
+  EXPECT_TRUE(IsValidUtf8(""));
+  EXPECT_TRUE(IsValidUtf8("aé写😀"));
+  EXPECT_TRUE(IsValidUtf8("\xED\x9F\xBF\xEE\x80\x80\xF4\x8F\xBF\xBF"));
+}
+
+TEST(IsValidUtf8, RefusesWhatIsMalformed) {
+  EXPECT_FALSE(IsValidUtf8("\x80")) << "a continuation by itself";
+  EXPECT_FALSE(IsValidUtf8("\xC3")) << "cut short";
+  EXPECT_FALSE(IsValidUtf8("\xC3(")) << "continued by a letter";
+  EXPECT_FALSE(IsValidUtf8("\xC0\xAF")) << "overlong, two bytes";
+  EXPECT_FALSE(IsValidUtf8("\xE0\x80\xAF")) << "overlong, three bytes";
+  EXPECT_FALSE(IsValidUtf8("\xF0\x80\x80\xAF")) << "overlong, four bytes";
+  EXPECT_FALSE(IsValidUtf8("\xED\xA0\x80")) << "a surrogate";
+  EXPECT_FALSE(IsValidUtf8("\xF4\x90\x80\x80")) << "above the last character";
+  EXPECT_FALSE(IsValidUtf8("\xFF"));
+}
+
+TEST(Utf8, EveryCharacterComesBackAsItWent) {
+  for (char32_t code = 0; code < 0x110000; code += code < 0x3000 ? 1 : 0x101) {
+    if (code >= 0xD800 && code <= 0xDFFF) continue;
+    std::string text;
+    AppendCharacter(text, code);
+    const Utf8Character read = CharacterAt(text, 0);
+    ASSERT_EQ(read.Code, code);
+    ASSERT_EQ(read.Bytes, text.size());
+  }
+}
+
+}  // namespace
+}  // namespace pixorra
