@@ -1,0 +1,49 @@
+// What the control model asks of a back end: peers, the loop's sleep, and figures of the screen.
+#pragma once
+
+#include <memory>
+#include <optional>
+
+#include "platform/controls/Peer.h"
+#include "platform/services/TextDrawing.h"
+
+namespace pixorra {
+
+class Control;
+class Form;
+class MenuItem;
+
+// Twips.
+struct Screen {
+  double Width = 0;
+  double Height = 0;
+  double TwipsPerPixelX = 15;
+  double TwipsPerPixelY = 15;
+};
+
+class Backend {
+ public:
+  virtual ~Backend() = default;
+  // Null where the back end shows nothing for it.
+  virtual std::unique_ptr<Peer> MakePeer(Control& control) = 0;
+  // Handles what waits to be handled, without sleeping.
+  virtual void ProcessEvents() = 0;
+  // Sleeps until something happens, or until that many seconds have passed, and handles it.
+  virtual void WaitForEvents(std::optional<double> seconds) = 0;
+  // Ends the outermost loop, if one runs, when the present turn is over.
+  virtual void EndLoop() = 0;
+  // The clock of the timers, in seconds.
+  virtual double Seconds() = 0;
+  // Toolkit::RunDueTimers is to be called at that moment (nothing: not at all); replaces what was asked before.
+  virtual void WakeAt(std::optional<double> seconds) = 0;
+  virtual Screen GetScreen() = 0;
+  virtual int MenuBarHeight() = 0;  // pixels
+  virtual TextDrawing& Text() = 0;
+  // Shows a menu at the pointer until it is closed, and runs the chosen item.
+  virtual void PopupMenu(Form& form, MenuItem& menu) = 0;
+  // The picture or outline that follows the pointer, or the pointer itself, has changed: read it from the toolkit.
+  virtual void DragChanged() = 0;
+  virtual void PointerChanged(Form& form) = 0;
+};
+
+}  // namespace pixorra

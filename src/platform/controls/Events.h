@@ -1,0 +1,91 @@
+// The events of controls, and what comes with each.
+#pragma once
+
+#include <functional>
+#include <utility>
+
+namespace pixorra {
+
+class Control;
+
+namespace button {
+inline constexpr int Left = 1;
+inline constexpr int Right = 2;
+inline constexpr int Middle = 4;
+}  // namespace button
+
+namespace shift {
+inline constexpr int None = 0;
+inline constexpr int Shift = 1;
+inline constexpr int Ctrl = 2;
+inline constexpr int Alt = 4;
+}  // namespace shift
+
+namespace key {
+inline constexpr int Back = 8;
+inline constexpr int Tab = 9;
+inline constexpr int Return = 13;
+inline constexpr int Escape = 27;
+inline constexpr int Space = 32;
+inline constexpr int PageUp = 33;
+inline constexpr int PageDown = 34;
+inline constexpr int End = 35;
+inline constexpr int Home = 36;
+inline constexpr int Left = 37;
+inline constexpr int Up = 38;
+inline constexpr int Right = 39;
+inline constexpr int Down = 40;
+inline constexpr int Insert = 45;
+inline constexpr int Delete = 46;
+inline constexpr int F1 = 112;  // to F12, 123; letters and digits are their capitals' codes
+}  // namespace key
+
+// The state of a drag over a target.
+namespace drag {
+inline constexpr int Enter = 0;
+inline constexpr int Leave = 1;
+inline constexpr int Over = 2;
+}  // namespace drag
+
+// What a mouse event carries: the button, or for a move the sum of those held; keys held; pixels within the control.
+struct MouseArgs {
+  int Button = 0;
+  int Shift = 0;
+  double X = 0;
+  double Y = 0;
+};
+
+// One set of handlers serves a control, or all elements of a control array; the element tells its Index.
+struct Events {
+  std::function<void(Control&)> Click;
+  std::function<void(Control&)> DblClick;
+  std::function<void(Control&)> Change;  // Value, Text, or a list's selection
+  std::function<void(Control&)> Scroll;  // a bar's thumb is being dragged
+  std::function<void(Control&)> Timer;
+  std::function<void(Control&)> PathChange;  // a file list's folder
+  std::function<void(Control&)> GotFocus;
+  std::function<void(Control&)> LostFocus;
+  std::function<void(Control&)> Load;         // forms
+  std::function<void(Control&)> Resize;       // forms
+  std::function<void(Control&)> QueryUnload;  // forms, before Unload
+  std::function<void(Control&)> Unload;       // forms
+  std::function<void(Control&, const MouseArgs&)> MouseDown;
+  std::function<void(Control&, const MouseArgs&)> MouseMove;
+  std::function<void(Control&, const MouseArgs&)> MouseUp;
+  // The target, the source of the drag, pixels within the target, and for DragOver the state (drag::Enter ...).
+  std::function<void(Control&, Control&, double, double, int)> DragOver;
+  std::function<void(Control&, Control&, double, double)> DragDrop;
+  // A handler that sets the code to 0 has used the key. KeyPress takes the character's code point.
+  std::function<void(Control&, int&, int)> KeyDown;
+  std::function<void(Control&, int&)> KeyPress;
+};
+
+// Runs a copy of a handler, so that the handler may be replaced, or the control go, while it runs.
+template <typename Signature, typename... Args>
+void Raise(const std::function<Signature>& handler, Args&&... args) {
+  if (!handler) return;
+  const std::function<Signature> copy = handler;
+  copy(std::forward<Args>(args)...);
+}
+
+}  // namespace pixorra

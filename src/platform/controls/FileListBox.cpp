@@ -1,0 +1,49 @@
+#include "platform/controls/FileListBox.h"
+
+#include <algorithm>
+
+#include "platform/runtime/Errors.h"
+#include "platform/runtime/Text.h"
+
+namespace pixorra {
+
+FileListBox::FileListBox(Container& container, const std::string& name, Files& files)
+    : FileListBox(container, std::make_shared<Identity>(Identity{name, {}}), 0, files) {}
+
+FileListBox::FileListBox(Container& container, std::shared_ptr<Identity> identity, int index, Files& files)
+    : Control(&container, Kind::FileListBox, std::move(identity), index), files_(files), path_("C:\\") {
+  SetVisible(false);
+}
+
+void FileListBox::CopyFrom(const FileListBox& source) {
+  Control::CopyFrom(source);
+  path_ = source.path_;
+  pattern_ = source.pattern_;
+}
+
+void FileListBox::SetPath(const std::string& path) {
+  const std::string folder = files_.FolderPath(path);
+  if (folder == path_) return;
+  path_ = folder;
+  Refresh();
+  Raise(On().PathChange, static_cast<Control&>(*this));
+}
+
+void FileListBox::SetPattern(const std::string& pattern) {
+  if (pattern == pattern_) return;
+  pattern_ = pattern;
+  Refresh();
+}
+
+void FileListBox::Refresh() {
+  names_ = files_.Names(path_, pattern_, attribute::Normal);
+  std::sort(names_.begin(), names_.end(), NameLess);
+  ++generation_;
+}
+
+const std::string& FileListBox::List(int index) const {
+  if (index < 0 || index >= ListCount()) throw RuntimeError(error::BadSubscript);
+  return names_[static_cast<std::size_t>(index)];
+}
+
+}  // namespace pixorra

@@ -1,0 +1,41 @@
+// A list of the files of one folder that match a pattern, sorted by name. It is never seen: views follow it.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "platform/controls/Container.h"
+#include "platform/services/Files.h"
+
+namespace pixorra {
+
+class FileListBox : public Control {
+ public:
+  FileListBox(Container& container, const std::string& name, Files& files);
+  FileListBox(Container& container, std::shared_ptr<Identity> identity, int index, Files& files);
+  void CopyFrom(const FileListBox& source);
+
+  // A path different from the present one lists that folder and raises PathChange. Raises error 76, and stays as it is,
+  // where there is no such folder. No trailing backslash stands but for a root.
+  const std::string& Path() const { return path_; }
+  void SetPath(const std::string& path);
+  const std::string& Pattern() const { return pattern_; }
+  void SetPattern(const std::string& pattern);  // lists anew when it differs
+  // Reads the folder again; a folder that has gone is empty.
+  void Refresh();
+
+  int ListCount() const { return static_cast<int>(names_.size()); }
+  const std::string& List(int index) const;  // raises error 9 outside the list
+  // Changes whenever the names may have changed.
+  unsigned Generation() const { return generation_; }
+
+ private:
+  Files& files_;
+  std::string path_;
+  std::string pattern_;
+  std::vector<std::string> names_;
+  unsigned generation_ = 0;
+};
+
+}  // namespace pixorra

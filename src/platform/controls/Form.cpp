@@ -1,0 +1,201 @@
+#include "platform/controls/Form.h"
+
+#include <algorithm>
+
+#include "platform/controls/Menu.h"
+#include "platform/controls/Toolkit.h"
+#include "platform/runtime/Errors.h"
+#include "platform/runtime/Numbers.h"
+
+namespace pixorra {
+
+Form::Form(Toolkit& toolkit, const std::string& name)
+    : Container(nullptr, Kind::Form, std::make_shared<Identity>(Identity{name, {}}), 0), toolkit_(toolkit) {
+  SetVisible(false);
+  toolkit_.AddForm(*this);
+  Resized();
+}
+
+Form::~Form() {
+  DropPeersWithin();
+  DropPeer();
+  toolkit_.RemoveForm(*this);
+}
+
+void Form::SetCaption(const std::string& caption) {
+  if (caption == caption_) return;
+  caption_ = caption;
+  Changed(Change::Text);
+}
+
+void Form::SetBackColor(Colour colour) {
+  backColor_ = colour;
+  InvalidateAll();
+}
+
+void Form::SetTwipsLeft(double twips) {
+  left_ = RoundHalfEven(twips);
+  hasPlace_ = true;
+  Changed(Change::Position);
+}
+
+void Form::SetTwipsTop(double twips) {
+  top_ = RoundHalfEven(twips);
+  hasPlace_ = true;
+  Changed(Change::Position);
+}
+
+void Form::SetTwipsWidth(double twips) {
+  if (windowState_ != windowstate::Normal) throw RuntimeError(error::BadPropertyValue);
+  const double width = std::max(0.0, RoundHalfEven(twips));
+  if (width == width_) return;
+  width_ = width;
+  Resized();
+}
+
+void Form::SetTwipsHeight(double twips) {
+  if (windowState_ != windowstate::Normal) throw RuntimeError(error::BadPropertyValue);
+  const double height = std::max(0.0, RoundHalfEven(twips));
+  if (height == height_) return;
+  height_ = height;
+  Resized();
+}
+
+void Form::SetClientSize(int width, int height) {
+  const int menu = HasMenuBar() ? toolkit_.MenuBarHeight() : 0;
+  SetTwipsWidth((width + FrameWidth) * TwipsPerPixel);
+  SetTwipsHeight((height + FrameHeight + menu) * TwipsPerPixel);
+}
+
+void Form::CentreOn(const Form* owner) {
+  const Screen screen = toolkit_.GetScreen();
+  const double left = owner != nullptr ? owner->left_ + (owner->width_ - width_) / 2 : (screen.Width - width_) / 2;
+  const double top = owner != nullptr ? owner->top_ + (owner->height_ - height_) / 2 : (screen.Height - height_) / 2;
+  SetTwipsLeft(std::max(0.0, std::min(left, screen.Width - width_)));
+  SetTwipsTop(std::max(0.0, std::min(top, screen.Height - height_)));
+}
+
+void Form::SetWindowState(int state) {
+  if (state < windowstate::Normal || state > windowstate::Maximised) throw RuntimeError(error::BadPropertyValue);
+  if (state == windowState_) return;
+  windowState_ = state;
+  Changed(Change::State);
+}
+
+int Form::ScaleWidth() const {
+  return std::max(0, CLng(width_ / TwipsPerPixel) - FrameWidth);
+}
+
+int Form::ScaleHeight() const {
+  const int menu = HasMenuBar() ? toolkit_.MenuBarHeight() : 0;
+  return std::max(0, CLng(height_ / TwipsPerPixel) - FrameHeight - menu);
+}
+
+void Form::Load() {
+  if (loaded_) return;
+  loaded_ = true;
+  Raise(On().Load, static_cast<Control&>(*this));
+}
+
+void Form::Show() {
+  Load();
+  if (!loaded_ || toolkit_.Ended()) return;
+  MakePeer();
+  MakePeersWithin();
+  SetVisible(true);
+  toolkit_.Activate(*this);
+}
+
+void Form::ShowOwned(Form* owner) {
+  owner_ = owner;
+  Show();
+}
+
+void Form::ShowModal(Form* owner) {
+  owner_ = owner;
+  modal_ = true;
+  Watch<Form> self(*this);
+  toolkit_.PushModal(*this);
+  Show();
+  toolkit_.WaitUntil([&] { return !self || !self->Visible(); });
+  if (!self) return;
+  modal_ = false;
+  toolkit_.PopModal(*this);
+  Changed(Change::State);
+}
+
+void Form::Hide() {
+  SetVisible(false);
+  toolkit_.Deactivate(*this);
+}
+
+void Form::SetStaysOnTop(bool onTop) {
+  onTop_ = onTop;
+  Changed(Change::State);
+}
+
+void Form::Unload() {
+  if (!loaded_ || unloading_) return;
+  unloading_ = true;
+  Watch<Form> self(*this);
+  Raise(On().QueryUnload, static_cast<Control&>(*this));
+  if (!self) return;
+  Raise(On().Unload, static_cast<Control&>(*this));
+  if (!self) return;
+  loaded_ = false;
+  unloading_ = false;
+  Hide();
+  DropPeersWithin();
+  DropPeer();
+}
+
+bool Form::HasMenuBar() const {
+  return std::any_of(menus_.begin(), menus_.end(), [](const MenuItem* menu) { return menu->Visible(); });
+}
+
+void Form::AddMenu(MenuItem& menu) {
+  menus_.push_back(&menu);
+}
+
+void Form::MenuChanged() {
+  if (GetPeer() != nullptr) GetPeer()->Update(Change::Menu);
+}
+
+void Form::PopupMenu(MenuItem& menu) {
+  toolkit_.PopupMenu(*this, menu);
+}
+
+void Form::UserResized(double twipsWidth, double twipsHeight, int windowState) {
+  if (windowState == windowState_ && twipsWidth == width_ && twipsHeight == height_) return;
+  windowState_ = windowState;
+  width_ = twipsWidth;
+  height_ = twipsHeight;
+  Resized();
+}
+
+void Form::UserMoved(double twipsLeft, double twipsTop) {
+  left_ = twipsLeft;
+  top_ = twipsTop;
+  hasPlace_ = true;
+}
+
+void Form::UserClosed() {
+  if (toolkit_.TakesInput(*this)) Unload();
+}
+
+void Form::Resized() {
+  SetBounds({0, 0, ScaleWidth(), ScaleHeight()});
+  Changed(Change::Position);
+  InvalidateAll();
+  Raise(On().Resize, static_cast<Control&>(*this));
+}
+
+void Form::InvalidateRect(const Rect& rect) const {
+  if (GetPeer() != nullptr) GetPeer()->Invalidate(rect);
+}
+
+void Form::InvalidateAll() const {
+  InvalidateRect({0, 0, ScaleWidth(), ScaleHeight()});
+}
+
+}  // namespace pixorra

@@ -1,0 +1,122 @@
+// A window. Its own place and size are twips, 15 to a pixel, and count a frame of 4 pixels at each side and 23 at the
+// top, whatever frame the host draws; inside it everything is pixels.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "platform/controls/Container.h"
+
+namespace pixorra {
+
+class MenuItem;
+
+inline constexpr int TwipsPerPixel = 15;
+
+namespace windowstate {
+inline constexpr int Normal = 0;
+inline constexpr int Minimised = 1;
+inline constexpr int Maximised = 2;
+}  // namespace windowstate
+
+class Form : public Container {
+ public:
+  static constexpr int FrameWidth = 8;    // pixels, both sides
+  static constexpr int FrameHeight = 27;  // pixels, top and bottom
+
+  // Hidden and not loaded. The toolkit must outlive the form.
+  Form(Toolkit& toolkit, const std::string& name);
+  ~Form() override;
+
+  Toolkit& OwnToolkit() const { return toolkit_; }
+
+  const std::string& Caption() const { return caption_; }
+  void SetCaption(const std::string& caption);
+  Colour BackColor() const { return backColor_; }
+  void SetBackColor(Colour colour);
+  // Its user may change its size, and make it large and small.
+  bool Sizable() const { return sizable_; }
+  void SetSizable(bool sizable) { sizable_ = sizable; }
+
+  // Outer size and place, twips; code that sets a size raises Resize when it differs.
+  double TwipsLeft() const { return left_; }
+  double TwipsTop() const { return top_; }
+  double TwipsWidth() const { return width_; }
+  double TwipsHeight() const { return height_; }
+  void SetTwipsLeft(double twips);
+  void SetTwipsTop(double twips);
+  void SetTwipsWidth(double twips);  // error 384 as 380: a form that is not in its normal state is not sized
+  void SetTwipsHeight(double twips);
+  // Sizes the window such that this many pixels are left inside, below the menu bar.
+  void SetClientSize(int width, int height);
+  void CentreOn(const Form* owner);
+  // Where a new window would go is the host's choice until a place is set.
+  bool HasPlace() const { return hasPlace_; }
+
+  int WindowState() const { return windowState_; }
+  void SetWindowState(int state);
+
+  // What is left inside, in pixels, below the menu bar.
+  int ScaleWidth() const override;
+  int ScaleHeight() const override;
+
+  // Makes it ready without showing it: the first time after an unload raises Load.
+  void Load();
+  bool IsLoaded() const { return loaded_; }
+  void Show();
+  // Shows it and returns when it has been hidden or unloaded, or the program has ended. Other forms take no input
+  // meanwhile.
+  void ShowModal(Form* owner);
+  // Shows it above its owner, and returns at once.
+  void ShowOwned(Form* owner);
+  void Hide();
+  bool IsModal() const { return modal_; }
+  Form* Owner() const { return owner_; }
+  bool StaysOnTop() const { return onTop_; }
+  void SetStaysOnTop(bool onTop);
+  // Raises QueryUnload, then Unload; then it is hidden and no longer loaded. It can be loaded again.
+  void Unload();
+
+  // The form sees keys before its controls do.
+  bool KeyPreview() const { return keyPreview_; }
+  void SetKeyPreview(bool preview) { keyPreview_ = preview; }
+
+  // Top-level menus in their order; pop-up menus stand among them, invisible.
+  const std::vector<MenuItem*>& Menus() const { return menus_; }
+  bool HasMenuBar() const;
+  void AddMenu(MenuItem& menu);
+  void MenuChanged();
+  // Shows a menu at the pointer and returns when it is closed; a chosen item's Click has run by then.
+  void PopupMenu(MenuItem& menu);
+
+  // What a user did with the window's frame.
+  void UserResized(double twipsWidth, double twipsHeight, int windowState);
+  void UserMoved(double twipsLeft, double twipsTop);
+  void UserClosed();
+
+  void InvalidateRect(const Rect& rect) const;
+  void InvalidateAll() const;
+
+ private:
+  void Resized();
+
+  Toolkit& toolkit_;
+  std::vector<MenuItem*> menus_;
+  std::string caption_;
+  Form* owner_ = nullptr;
+  double left_ = 0;
+  double top_ = 0;
+  double width_ = 400 * TwipsPerPixel;
+  double height_ = 300 * TwipsPerPixel;
+  Colour backColor_ = ButtonFace;
+  int windowState_ = windowstate::Normal;
+  bool hasPlace_ = false;
+  bool sizable_ = false;
+  bool loaded_ = false;
+  bool modal_ = false;
+  bool onTop_ = false;
+  bool keyPreview_ = false;
+  bool unloading_ = false;
+};
+
+}  // namespace pixorra

@@ -1,0 +1,83 @@
+#include "platform/controls/Lists.h"
+
+#include "platform/runtime/Errors.h"
+
+namespace pixorra {
+
+const ItemList::Item& ItemList::At(int index) const {
+  if (index < 0 || index >= ListCount()) throw RuntimeError(error::BadSubscript);
+  return items_[static_cast<std::size_t>(index)];
+}
+
+const std::string& ItemList::List(int index) const {
+  return At(index).Text;
+}
+
+int ItemList::ItemData(int index) const {
+  return At(index).Data;
+}
+
+void ItemList::SetItemData(int index, int data) {
+  const_cast<Item&>(At(index)).Data = data;
+}
+
+void ItemList::AddItem(const std::string& text, int index) {
+  if (index < -1 || index > ListCount()) throw RuntimeError(error::BadSubscript);
+  const int at = index == -1 ? ListCount() : index;
+  items_.insert(items_.begin() + at, Item{text, 0});
+  if (listIndex_ >= at) ++listIndex_;
+  Changed(Change::Items);
+}
+
+void ItemList::RemoveItem(int index) {
+  At(index);
+  items_.erase(items_.begin() + index);
+  if (listIndex_ == index) listIndex_ = -1;
+  if (listIndex_ > index) --listIndex_;
+  Changed(Change::Items);
+}
+
+void ItemList::Clear() {
+  items_.clear();
+  listIndex_ = -1;
+  Chosen();
+  Changed(Change::Items);
+}
+
+void ItemList::SetListIndex(int index) {
+  if (index != -1) At(index);
+  if (index == listIndex_) return;
+  listIndex_ = index;
+  Chosen();
+  Watch<ItemList> self(*this);
+  Changed(Change::Items);
+  if (self && index != -1) Raise(On().Click, static_cast<Control&>(*this));
+}
+
+void ItemList::UserChose(int index) {
+  if (Enabled() && index >= 0 && index < ListCount()) SetListIndex(index);
+}
+
+ListBox::ListBox(Container& container, const std::string& name)
+    : ItemList(&container, Kind::ListBox, std::make_shared<Identity>(Identity{name, {}}), 0) {}
+
+ComboBox::ComboBox(Container& container, const std::string& name)
+    : ItemList(&container, Kind::ComboBox, std::make_shared<Identity>(Identity{name, {}}), 0) {}
+
+void ComboBox::SetText(const std::string& text) {
+  if (text == text_) return;
+  text_ = text;
+  Changed(Change::Text);
+}
+
+void ComboBox::UserTyped(const std::string& text) {
+  if (!editable_ || text == text_) return;
+  text_ = text;
+  Raise(On().Change, static_cast<Control&>(*this));
+}
+
+void ComboBox::Chosen() {
+  text_ = ListIndex() >= 0 ? List(ListIndex()) : std::string();
+}
+
+}  // namespace pixorra

@@ -1,0 +1,45 @@
+#include "platform/controls/Timer.h"
+
+#include "platform/controls/Container.h"
+#include "platform/controls/Toolkit.h"
+
+namespace pixorra {
+
+Timer::Timer(Container& container, const std::string& name, int interval)
+    : Control(&container, Kind::Timer, std::make_shared<Identity>(Identity{name, {}}), 0), interval_(interval) {
+  Control::SetEnabled(false);
+  GetToolkit().AddTimer(*this);
+}
+
+Timer::~Timer() {
+  if (GetContainer() != nullptr) GetToolkit().RemoveTimer(*this);
+}
+
+void Timer::SetInterval(int milliseconds) {
+  interval_ = milliseconds;
+  Restart();
+}
+
+void Timer::SetEnabled(bool enabled) {
+  if (enabled == Enabled()) return;
+  Control::SetEnabled(enabled);
+  Restart();
+}
+
+void Timer::Restart() {
+  deadline_ = GetToolkit().Seconds() + interval_ / 1000.0;
+  GetToolkit().TimerChanged();
+}
+
+void Timer::Tick(double now) {
+  const double interval = interval_ / 1000.0;
+  deadline_ += interval;
+  if (deadline_ <= now) deadline_ = now + interval;
+  ticking_ = true;
+  Watch<Timer> self(*this);
+  Raise(On().Timer, static_cast<Control&>(*this));
+  if (!self) return;
+  ticking_ = false;
+}
+
+}  // namespace pixorra

@@ -1,0 +1,34 @@
+// A timer: raises Timer each time its interval has passed while it is enabled.
+#pragma once
+
+#include <string>
+
+#include "platform/controls/Control.h"
+
+namespace pixorra {
+
+class Timer : public Control {
+ public:
+  // Disabled. The interval is milliseconds; 0 never ticks.
+  Timer(Container& container, const std::string& name, int interval);
+  ~Timer() override;
+
+  int Interval() const { return interval_; }
+  void SetInterval(int milliseconds);  // starts the interval anew
+  // Enabling a disabled timer starts its interval; enabling an enabled one does nothing.
+  void SetEnabled(bool enabled);
+
+  // For the toolkit: it can tick, and when, by the back end's clock.
+  bool Runs() const { return Enabled() && interval_ > 0 && !ticking_; }
+  double Deadline() const { return deadline_; }
+  void Tick(double now);
+
+ private:
+  void Restart();
+
+  int interval_;
+  double deadline_ = 0;
+  bool ticking_ = false;
+};
+
+}  // namespace pixorra
