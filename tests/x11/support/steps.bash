@@ -1,0 +1,69 @@
+# Steps for the scripts of tests/x11, to be sourced. PIXORRA names the program; on-display has made the stage.
+set -euo pipefail
+
+program_id=
+
+fail() {
+  echo "FAILED: $*" >&2
+  if [ -n "${PIXORRA_SCREENSHOTS:-}" ] && command -v import >/dev/null; then
+    import -window root "$PIXORRA_SCREENSHOTS/$(basename "$0" .sh).png" || true
+  fi
+  exit 1
+}
+
+end_program() {
+  [ -z "$program_id" ] || kill "$program_id" 2>/dev/null || true
+}
+trap end_program EXIT
+
+start_program() {
+  "$PIXORRA" &
+  program_id=$!
+}
+
+gone() { ! kill -0 "$program_id"; }
+
+# within SECONDS COMMAND...: asks until the command succeeds; 1 when time is up, at once when the program is gone.
+within() {
+  local seconds=$1 asked=0
+  shift
+  until "$@" >/dev/null 2>&1; do
+    asked=$((asked + 1))
+    if [ "$asked" -gt $((seconds * 20)) ] || gone 2>/dev/null; then return 1; fi
+    sleep 0.05
+  done
+}
+
+# window_named PATTERN: prints the id of a visible window whose title matches.
+window_named() {
+  xdotool search --onlyvisible --name "$1" | head -n 1 | grep .
+}
+
+wait_for_window() {
+  within 20 window_named "$1" || fail "no window named $1"
+  window_named "$1"
+}
+
+wait_for_no_window() {
+  no_such_window() { ! window_named "$1"; }
+  within 20 no_such_window "$1" || fail "the window named $1 stays"
+}
+
+# The program ends by itself with this exit code.
+expect_exit() {
+  local code=0
+  within 20 gone || fail "the program does not end"
+  wait "$program_id" || code=$?
+  program_id=
+  [ "$code" -eq "$1" ] || fail "exit code $code instead of $1"
+}
+
+# close_window WINDOW: what a person does; the window manager takes the keys and asks the program.
+close_window() {
+  xdotool windowactivate --sync "$1" key --clearmodifiers alt+F4
+}
+
+# colours_of WINDOW: how many colours a screenshot of the window shows. An empty window has one or two.
+colours_of() {
+  import -window "$1" png:- | identify -format '%k' png:-
+}
