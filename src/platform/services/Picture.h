@@ -24,7 +24,8 @@ enum class PixelFormat : std::uint8_t {
 class Bitmap {
  public:
   Bitmap() = default;
-  // The pixels are not set. Raises error 7 where the block cannot be had, error 6 where its size leaves 32 bits.
+  // The pixels are not set. Raises error 7 where the block cannot be had, error 6 where its size in bytes leaves 32
+  // bits with sign. A width or height of 0 or less makes an empty bitmap.
   Bitmap(int width, int height, PixelFormat format);
 
   bool IsEmpty() const { return bytes_ == nullptr; }
@@ -36,7 +37,7 @@ class Bitmap {
   std::uint8_t* Row(int y) { return bytes_.get() + static_cast<std::size_t>(y) * stride_; }
   const std::uint8_t* Row(int y) const { return bytes_.get() + static_cast<std::size_t>(y) * stride_; }
   Bitmap Clone() const;
-  // Sets every pixel; opaque in a bitmap with alpha.
+  // Sets every pixel; opaque in a bitmap with alpha. A colour of the system is taken at its usual value.
   void Fill(Colour colour);
 
  private:
@@ -49,8 +50,8 @@ class Bitmap {
 
 class Picture {
  public:
-  Picture() = default;  // nothing
-  explicit Picture(Bitmap pixels, std::string artName = {});
+  Picture() = default;                                        // nothing
+  explicit Picture(Bitmap pixels, std::string artName = {});  // an empty bitmap makes nothing
 
   bool IsNothing() const { return data_ == nullptr; }
   // The picture's own size in pixels; 0 for nothing.
