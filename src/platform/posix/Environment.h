@@ -1,0 +1,29 @@
+// What the session tells a program about its user: the base directories of the desktop's conventions.
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace pixorra {
+
+// Host paths without a final slash, all absolute, the folders not necessarily there.
+struct Environment {
+  std::string Home;
+  std::string DataHome;    // $XDG_DATA_HOME
+  std::string ConfigHome;  // $XDG_CONFIG_HOME
+  std::string CacheHome;   // $XDG_CACHE_HOME
+  std::string RuntimeDir;  // $XDG_RUNTIME_DIR, may be empty
+  std::vector<std::string> DataDirs;
+  std::vector<std::string> ConfigDirs;
+  std::vector<std::string> Path;      // $PATH
+  std::vector<std::string> Desktops;  // $XDG_CURRENT_DESKTOP in small letters, the most telling first
+  std::string Language;               // of messages, such as "de_DE"; empty for none
+  std::string User;
+
+  // The usual directories of a home folder, with nothing from the session.
+  static Environment OfHome(const std::string& home);
+  // Of this process. Values that are no absolute paths are passed over, as the conventions ask.
+  static Environment OfProcess();
+};
+
+}  // namespace pixorra

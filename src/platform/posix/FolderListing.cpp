@@ -1,0 +1,82 @@
+// Listing a folder.
+#include "platform/posix/FolderListing.h"
+
+#include <dirent.h>
+#include <fcntl.h>
+#include <memory>
+
+#include "platform/posix/HostNames.h"
+#include "platform/runtime/Text.h"
+#include "platform/services/Files.h"
+
+namespace pixorra {
+
+namespace {
+
+enum class Kind { Ordinary, Folder, Link, Other };
+
+Kind KindOf(mode_t mode) {
+  if (S_ISREG(mode)) return Kind::Ordinary;
+  if (S_ISDIR(mode)) return Kind::Folder;
+  return S_ISLNK(mode) ? Kind::Link : Kind::Other;
+}
+
+// Many file systems tell the kind with the name, which saves a look at each file.
+Kind KindOf(int folder, const dirent& entry) {
+  if (entry.d_type != DT_UNKNOWN) return KindOf(DTTOIF(entry.d_type));
+  struct stat looked {};
+  const char* name = static_cast<const char*>(entry.d_name);
+  return fstatat(folder, name, &looked, AT_SYMLINK_NOFOLLOW) == 0 ? KindOf(looked.st_mode) : Kind::Other;
+}
+
+// What a link leads to; Other where it leads nowhere.
+Kind KindBehind(int folder, const dirent& entry) {
+  struct stat looked {};
+  return fstatat(folder, static_cast<const char*>(entry.d_name), &looked, 0) == 0 ? KindOf(looked.st_mode)
+                                                                                  : Kind::Other;
+}
+
+bool IsListed(int folder, const dirent& entry, Kind kind, int attributes) {
+  const bool system = (attributes & attribute::System) != 0;
+  if (kind == Kind::Link) {
+    if (system) return true;
+    kind = KindBehind(folder, entry);
+  }
+  if (kind == Kind::Folder) return (attributes & attribute::Directory) != 0;
+  return kind == Kind::Ordinary || system;
+}
+
+}  // namespace
+
+int AttributesOfEntry(const std::string& path, std::string_view name, const struct stat& entry) {
+  struct stat looked = entry;
+  const bool leadsNowhere = S_ISLNK(entry.st_mode) && stat(path.c_str(), &looked) != 0;
+  int attributes = attribute::Normal;
+  if (name.starts_with('.')) attributes |= attribute::Hidden;
+  if (leadsNowhere) return attributes | attribute::System;
+  if ((looked.st_mode & S_IWUSR) == 0) attributes |= attribute::ReadOnly;
+  if (S_ISDIR(looked.st_mode)) return attributes | attribute::Directory;
+  return S_ISREG(looked.st_mode) ? attributes : attributes | attribute::System;
+}
+
+std::vector<std::string> ListFolder(const std::string& folder, const std::string& pattern, int attributes,
+                                    const std::function<bool(const std::string&)>& leaveOut) {
+  std::vector<std::string> names;
+  const std::unique_ptr<DIR, int (*)(DIR*)> open(opendir(folder.c_str()), closedir);
+  if (!open) return names;
+  const std::string start = folder == "/" ? folder : folder + '/';
+  while (const dirent* entry = readdir(open.get())) {
+    const std::string hostName = static_cast<const char*>(entry->d_name);
+    if (hostName == "." || hostName == "..") continue;
+    if (hostName[0] == '.' && (attributes & attribute::Hidden) == 0) continue;
+    std::string name = NameFromHost(hostName);
+    if (!MatchesPattern(name, pattern)) continue;
+    const Kind kind = KindOf(dirfd(open.get()), *entry);
+    if (!IsListed(dirfd(open.get()), *entry, kind, attributes)) continue;
+    if (kind == Kind::Folder && leaveOut(start + hostName)) continue;
+    names.push_back(std::move(name));
+  }
+  return names;
+}
+
+}  // namespace pixorra

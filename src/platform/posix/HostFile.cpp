@@ -1,0 +1,122 @@
+// Files of the host.
+#include "platform/posix/HostFile.h"
+
+#include <cerrno>
+#include <cstddef>
+#include <fcntl.h>
+#include <limits>
+#include <sys/stat.h>
+#include <utility>
+
+#include "platform/posix/HostErrors.h"
+
+namespace pixorra {
+
+namespace {
+
+constexpr int always = O_CLOEXEC | O_NONBLOCK | O_NOCTTY;
+constexpr mode_t newFileMode = 0666;  // what the user's mask leaves of it
+
+class HostFile : public File {
+ public:
+  explicit HostFile(UniqueFd fd) : fd_(std::move(fd)) {}
+
+  std::int64_t Length() override {
+    struct stat entry {};
+    if (fstat(fd_.Get(), &entry) != 0) RaiseHostError(errno);
+    return entry.st_size;
+  }
+
+  std::size_t ReadAt(std::int64_t offset, void* into, std::size_t count) override {
+    CheckRange(offset, count);
+    std::size_t done = 0;
+    while (done < count) {
+      const ssize_t came = pread(fd_.Get(), static_cast<std::byte*>(into) + done, count - done,
+                                 offset + static_cast<std::int64_t>(done));
+      if (came < 0 && errno == EINTR) continue;
+      if (came < 0) throw RuntimeError(error::DeviceIO);
+      if (came == 0) break;
+      done += static_cast<std::size_t>(came);
+    }
+    return done;
+  }
+
+  void WriteAt(std::int64_t offset, const void* from, std::size_t count) override {
+    CheckRange(offset, count);
+    std::size_t done = 0;
+    while (done < count) {
+      const ssize_t went = pwrite(fd_.Get(), static_cast<const std::byte*>(from) + done, count - done,
+                                  offset + static_cast<std::int64_t>(done));
+      if (went < 0 && errno == EINTR) continue;
+      if (went < 0) RaiseWriteError(errno);
+      if (went == 0) throw RuntimeError(error::DiskFull);
+      done += static_cast<std::size_t>(went);
+    }
+  }
+
+  void Flush() override {
+    while (fsync(fd_.Get()) != 0)
+      if (errno != EINTR) RaiseWriteError(errno);
+  }
+
+ private:
+  static void CheckRange(std::int64_t offset, std::size_t count) {
+    constexpr std::int64_t longest = std::numeric_limits<std::int64_t>::max();
+    if (offset < 0 || count > static_cast<std::size_t>(longest - offset)) throw RuntimeError(error::DeviceIO);
+  }
+  // A descriptor that was opened for reading takes no writing: no access, not a broken device.
+  [[noreturn]] static void RaiseWriteError(int hostError) {
+    if (hostError == EBADF) throw RuntimeError(error::PathAccess);
+    RaiseHostError(hostError == EINVAL ? EIO : hostError);
+  }
+
+  UniqueFd fd_;
+};
+
+// 0, or the host's error. What is no ordinary file must not even be opened: a FIFO's other end would notice.
+int CheckOrdinary(const std::string& path, bool throughLinks) {
+  struct stat entry {};
+  if (fstatat(AT_FDCWD, path.c_str(), &entry, throughLinks ? 0 : AT_SYMLINK_NOFOLLOW) != 0) return errno;
+  return S_ISREG(entry.st_mode) ? 0 : EACCES;
+}
+
+bool IsOrdinary(const UniqueFd& fd) {
+  struct stat entry {};
+  return fstat(fd.Get(), &entry) == 0 && S_ISREG(entry.st_mode);
+}
+
+UniqueFd OpenWithFlags(const std::string& path, int flags) {
+  int fd = -1;
+  do {
+    fd = open(path.c_str(), flags | always, newFileMode);
+  } while (fd < 0 && errno == EINTR);
+  return UniqueFd(fd);
+}
+
+}  // namespace
+
+std::unique_ptr<File> MakeHostFile(UniqueFd fd) {
+  return std::make_unique<HostFile>(std::move(fd));
+}
+
+std::unique_ptr<File> OpenHostFile(const std::string& path, OpenMode mode) {
+  const bool reading = mode == OpenMode::Read;
+  const int unfit = CheckOrdinary(path, reading);
+  if (unfit != 0 && (reading || unfit != ENOENT)) RaiseHostError(unfit);
+  UniqueFd fd = OpenWithFlags(path, reading ? O_RDONLY : O_RDWR | O_CREAT | O_NOFOLLOW);
+  if (!fd) RaiseHostError(errno);
+  // Something else may have taken the name since the first look.
+  if (!IsOrdinary(fd)) throw RuntimeError(error::PathAccess);
+  // Emptied only now that it is known what was opened.
+  if (mode == OpenMode::Replace && ftruncate(fd.Get(), 0) != 0) RaiseHostError(errno);
+  return MakeHostFile(std::move(fd));
+}
+
+UniqueFd OpenForTimes(const std::string& path, bool throughLinks) {
+  if (CheckOrdinary(path, throughLinks) != 0) return {};
+  UniqueFd fd = OpenWithFlags(path, O_RDWR | (throughLinks ? 0 : O_NOFOLLOW));
+  if (fd && !IsOrdinary(fd)) return {};
+  return fd;
+}
+
+}  // namespace pixorra

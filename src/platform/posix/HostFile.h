@@ -1,0 +1,23 @@
+// Opening files of the host.
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "platform/posix/UniqueFd.h"
+#include "platform/services/Files.h"
+
+namespace pixorra {
+
+// An open file around a descriptor.
+std::unique_ptr<File> MakeHostFile(UniqueFd fd);
+
+// Opens the ordinary file at a host path as `mode` tells. Nothing else is ever opened, so nothing waits and no device
+// stirs. Raises what the host's error stands for; 75 for what is no ordinary file and for a link in the writing modes.
+std::unique_ptr<File> OpenHostFile(const std::string& path, OpenMode mode);
+
+// An existing ordinary file for reading and writing, for the sake of its times; no descriptor where it does not open.
+// With `throughLinks` a link to one counts too.
+UniqueFd OpenForTimes(const std::string& path, bool throughLinks);
+
+}  // namespace pixorra

@@ -1,0 +1,29 @@
+// Finds what a path names on a disk that tells upper case from lower case, ignoring case as the program does.
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <sys/stat.h>
+
+#include "platform/posix/PathMapping.h"
+
+namespace pixorra {
+
+// Where a path led: `Path` in the disk's own case as far as its names are there, the rest as it was given.
+struct Located {
+  HostPath Path;
+  std::size_t Found = 0;  // so many of the names are there
+  int Failure = 0;        // the host's error for the first name that is not, 0 where all are there
+  struct stat Entry {};   // of the last name, a link by itself; only where all are there
+  bool Exists() const { return Failure == 0; }
+};
+
+// A name spelled exactly goes before one that differs in case, and of several of those the first by NameLess is taken.
+// A path whose exact spelling is there costs one look, and no folder is read.
+Located Locate(HostPath path);
+
+// As Locate, but each name is in the disk's own case even where the disk itself ignores case.
+Located LocateInDiskCase(HostPath path);
+
+}  // namespace pixorra

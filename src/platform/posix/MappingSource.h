@@ -1,0 +1,51 @@
+// Where the back end takes its path mapping from: a fixed one, or one that follows what is mounted.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "platform/posix/Environment.h"
+#include "platform/posix/PathMapping.h"
+#include "platform/posix/UniqueFd.h"
+#include "platform/posix/VolumeLetters.h"
+
+namespace pixorra {
+
+class MappingSource {
+ public:
+  virtual ~MappingSource() = default;
+  // Good until the next call.
+  virtual const PathMapping& Current() = 0;
+};
+
+class FixedMapping : public MappingSource {
+ public:
+  explicit FixedMapping(PathMapping mapping) : mapping_(std::move(mapping)) {}
+  const PathMapping& Current() override { return mapping_; }
+
+ private:
+  PathMapping mapping_;
+};
+
+// C: is the host's "/"; the user's media are drives of their own, and shares are looked for in the session's folder of
+// mounts. Letters are remembered in "pixorra/drives" of the configuration folder.
+class MountedMapping : public MappingSource {
+ public:
+  explicit MountedMapping(const Environment& environment);
+  const PathMapping& Current() override;
+
+ private:
+  bool MountsChanged();
+  void Read();
+
+  std::string user_;
+  std::string shareMounts_;
+  std::string lettersFile_;
+  UniqueFd mountInfo_;
+  std::vector<RememberedLetter> remembered_;
+  PathMapping mapping_;
+};
+
+}  // namespace pixorra

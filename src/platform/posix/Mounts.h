@@ -1,0 +1,26 @@
+// What is mounted where, as the kernel lists it, and which of it is a user's own medium.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace pixorra {
+
+struct Mount {
+  std::string Point;       // absolute host path
+  std::string FileSystem;  // such as "vfat"
+  std::string Source;      // such as "/dev/sdb1"
+};
+
+// Reads the text of /proc/self/mountinfo; lines that make no sense are passed over. Of mounts over one another at one
+// point only the last counts.
+std::vector<Mount> ParseMountInfo(std::string_view text);
+
+// Below /media, /run/media/<user> or /mnt, or at /mnt itself: cards, cameras, sticks and disks that came later.
+bool IsUserMedium(const Mount& mount, std::string_view user);
+
+// The same for the same medium wherever it is mounted: the file system's own identity where it has one, else its place.
+std::string MediumKey(const Mount& mount);
+
+}  // namespace pixorra

@@ -1,0 +1,14 @@
+// The host's clock.
+#pragma once
+
+#include "platform/services/Clock.h"
+
+namespace pixorra {
+
+class PosixClock : public Clock {
+ public:
+  CalendarTime Now() override;
+  double Seconds() override;
+};
+
+}  // namespace pixorra

@@ -1,0 +1,238 @@
+// Files and folders of the host: what is asked of names.
+#include "platform/posix/PosixFiles.h"
+
+#include <array>
+#include <cerrno>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+#include <utility>
+
+#include "platform/posix/FolderListing.h"
+#include "platform/posix/HostErrors.h"
+#include "platform/posix/HostFile.h"
+#include "platform/posix/HostLookup.h"
+#include "platform/posix/LocalTimes.h"
+#include "platform/posix/RenameFile.h"
+
+namespace pixorra {
+
+namespace {
+
+constexpr mode_t newFolderMode = 0777;  // what the user's mask leaves of it
+
+bool IsFolder(const std::string& hostPath) {
+  struct stat entry {};
+  return stat(hostPath.c_str(), &entry) == 0 && S_ISDIR(entry.st_mode);
+}
+
+// The folder in which the last name stands.
+std::string FolderOf(const HostPath& path) {
+  return path.Names.empty() ? path.Text() : path.Text(path.Names.size() - 1);
+}
+
+[[noreturn]] void RaiseFor(const HostPath& path, int hostError) {
+  if (hostError == ENOENT && !IsFolder(FolderOf(path))) throw RuntimeError(error::PathNotFound);
+  RaiseHostError(hostError);
+}
+
+void MustExist(const Located& located) {
+  if (!located.Exists()) RaiseFor(located.Path, located.Failure);
+}
+
+// The name may be free, but the way to it must be there.
+void MustBeReachable(const Located& located) {
+  if (located.Exists()) return;
+  if (located.Failure != ENOENT || !IsFolder(FolderOf(located.Path))) RaiseFor(located.Path, located.Failure);
+}
+
+void MustNotBeRoot(const HostPath& path) {
+  if (path.IsRoot()) throw RuntimeError(error::PathAccess);
+}
+
+}  // namespace
+
+PosixFiles::PosixFiles(PathMapping mapping) : mapping_(std::make_shared<FixedMapping>(std::move(mapping))) {}
+
+PosixFiles::PosixFiles(std::shared_ptr<MappingSource> mapping) : mapping_(std::move(mapping)) {}
+
+Located PosixFiles::Find(const std::string& path) {
+  return Locate(mapping_->Current().ToHost(path));
+}
+
+std::vector<std::string> PosixFiles::Names(const std::string& folder, const std::string& pattern, int attributes) {
+  std::vector<std::string> names;
+  static_cast<void>(ErrorsIgnored([&] {
+    const Located located = Find(folder);
+    if (!located.Exists()) return;
+    // Where a volume is mounted another drive begins; it has a letter of its own.
+    const PathMapping& mapping = mapping_->Current();
+    names = ListFolder(located.Path.Text(), pattern, attributes,
+                       [&mapping](const std::string& path) { return mapping.IsVolumeRoot(path); });
+  }));
+  return names;
+}
+
+std::optional<int> PosixFiles::Attributes(const std::string& path) {
+  std::optional<int> attributes;
+  static_cast<void>(ErrorsIgnored([&] {
+    const Located located = Find(path);
+    if (!located.Exists()) return;
+    const std::string name = located.Path.IsRoot() ? std::string() : located.Path.Names.back();
+    attributes = AttributesOfEntry(located.Path.Text(), name, located.Entry);
+  }));
+  return attributes;
+}
+
+void PosixFiles::SetAttributes(const std::string& path, int attributes) {
+  const Located located = Find(path);
+  MustExist(located);
+  MustNotBeRoot(located.Path);
+  // A link has none of its own, and what it leads to lies elsewhere.
+  if (S_ISLNK(located.Entry.st_mode)) return;
+  constexpr mode_t anybodyWrites = S_IWUSR | S_IWGRP | S_IWOTH;
+  const mode_t old = located.Entry.st_mode & 07777U;
+  const bool readOnly = (attributes & attribute::ReadOnly) != 0;
+  const mode_t mode = readOnly ? old & ~anybodyWrites : old | S_IWUSR;
+  if (mode != old && fchmodat(AT_FDCWD, located.Path.Text().c_str(), mode, 0) != 0) RaiseFor(located.Path, errno);
+}
+
+bool PosixFiles::NameTaken(const std::string& path) {
+  bool taken = false;
+  static_cast<void>(ErrorsIgnored([&] { taken = Find(path).Exists(); }));
+  return taken;
+}
+
+bool PosixFiles::IsLink(const std::string& path) {
+  bool link = false;
+  static_cast<void>(ErrorsIgnored([&] {
+    const Located located = Find(path);
+    link = located.Exists() && S_ISLNK(located.Entry.st_mode);
+  }));
+  return link;
+}
+
+std::int64_t PosixFiles::Length(const std::string& path) {
+  const Located located = Find(path);
+  MustExist(located);
+  struct stat entry {};
+  if (stat(located.Path.Text().c_str(), &entry) != 0) RaiseFor(located.Path, errno);
+  if (!S_ISREG(entry.st_mode)) throw RuntimeError(error::FileNotFound);
+  return entry.st_size;
+}
+
+std::unique_ptr<File> PosixFiles::Open(const std::string& path, OpenMode mode) {
+  const Located located = Find(path);
+  MustNotBeRoot(located.Path);
+  MustBeReachable(located);
+  return OpenHostFile(located.Path.Text(), mode);
+}
+
+void PosixFiles::Delete(const std::string& path) {
+  const Located located = Find(path);
+  MustExist(located);
+  MustNotBeRoot(located.Path);
+  // unlink itself refuses folders.
+  if (unlink(located.Path.Text().c_str()) != 0) RaiseFor(located.Path, errno);
+}
+
+void PosixFiles::Rename(const std::string& from, const std::string& to) {
+  const HostPath wanted = mapping_->Current().ToHost(to);
+  const Located source = Find(from);
+  MustExist(source);
+  MustNotBeRoot(source.Path);
+  const Located target = Locate(wanted);
+  MustBeReachable(target);
+  std::string targetPath = target.Path.Text();
+  if (target.Exists()) {
+    // A change of case alone finds the old name in the new one's way; that is no other file.
+    if (target.Path.IsRoot() || targetPath != source.Path.Text()) throw RuntimeError(error::FileExists);
+    HostPath respelled = target.Path;
+    respelled.Names.back() = wanted.Names.back();
+    targetPath = respelled.Text();
+  }
+  const int failure = RenameKeeping(source.Path.Text(), targetPath);
+  if (failure != 0) RaiseFor(source.Path, failure);
+}
+
+void PosixFiles::MakeFolder(const std::string& path) {
+  const Located located = Find(path);
+  MustBeReachable(located);
+  if (located.Exists()) throw RuntimeError(error::FileExists);
+  if (mkdir(located.Path.Text().c_str(), newFolderMode) != 0) RaiseFor(located.Path, errno);
+}
+
+void PosixFiles::RemoveFolder(const std::string& path) {
+  const Located located = Find(path);
+  if (!located.Exists() && located.Failure == ENOENT) throw RuntimeError(error::PathNotFound);
+  MustExist(located);
+  MustNotBeRoot(located.Path);
+  if (S_ISLNK(located.Entry.st_mode)) throw RuntimeError(error::PathAccess);
+  if (rmdir(located.Path.Text().c_str()) == 0) return;
+  // Some file systems call a folder that is not empty an existing one.
+  RaiseFor(located.Path, errno == EEXIST ? ENOTEMPTY : errno);
+}
+
+void PosixFiles::FlushFolder(const std::string& path) {
+  const Located located = Find(path);
+  if (!located.Exists() && located.Failure == ENOENT) throw RuntimeError(error::PathNotFound);
+  MustExist(located);
+  const UniqueFd folder(open(located.Path.Text().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+  if (!folder) RaiseFor(located.Path, errno);
+  while (fsync(folder.Get()) != 0) {
+    if (errno == EINTR) continue;
+    // Not every file system can, and one that is read-only has nothing to keep.
+    if (errno == EINVAL || errno == ENOSYS || errno == EOPNOTSUPP || errno == EROFS) return;
+    RaiseHostError(errno);
+  }
+}
+
+std::optional<CalendarTime> PosixFiles::LastWriteTime(const std::string& path) {
+  std::optional<CalendarTime> time;
+  static_cast<void>(ErrorsIgnored([&] {
+    const UniqueFd fd = OpenForTimes(Find(path).Path.Text(), true);
+    struct stat entry {};
+    if (fd && fstat(fd.Get(), &entry) == 0) time = LocalTimeOf(entry.st_mtim);
+  }));
+  return time;
+}
+
+bool PosixFiles::SetTimes(const std::string& path, const CalendarTime& time) {
+  const std::optional<timespec> moment = MomentOf(time);
+  bool set = false;
+  if (!moment) return set;
+  static_cast<void>(ErrorsIgnored([&] {
+    const UniqueFd fd = OpenForTimes(Find(path).Path.Text(), false);
+    const std::array<timespec, 2> times{*moment, *moment};
+    set = fd && futimens(fd.Get(), times.data()) == 0;
+  }));
+  return set;
+}
+
+std::vector<Files::Drive> PosixFiles::Drives() {
+  std::vector<Drive> drives;
+  for (const Volume& volume : mapping_->Current().Volumes())
+    if (IsFolder(volume.HostRoot)) drives.push_back({{volume.Letter, ':', '\\'}, volume.ShownName});
+  return drives;
+}
+
+std::string PosixFiles::FolderPath(const std::string& path) {
+  std::optional<std::string> program;
+  static_cast<void>(ErrorsIgnored([&] {
+    const std::string hostPath = LocateInDiskCase(mapping_->Current().ToHost(path)).Path.Text();
+    if (!IsFolder(hostPath) || faccessat(AT_FDCWD, hostPath.c_str(), R_OK | X_OK, AT_EACCESS) != 0) return;
+    program = mapping_->Current().ToProgram(hostPath);
+  }));
+  if (!program) throw RuntimeError(error::PathNotFound);
+  return *program;
+}
+
+std::string PosixFiles::ShownPath(const std::string& path) {
+  return mapping_->Current().ShownPath(path);
+}
+
+std::string PosixFiles::ProgramPath(const std::string& typed) {
+  return mapping_->Current().ProgramPath(typed);
+}
+
+}  // namespace pixorra

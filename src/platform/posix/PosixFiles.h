@@ -1,0 +1,43 @@
+// Files and folders of the host's file system.
+#pragma once
+
+#include <memory>
+
+#include "platform/posix/MappingSource.h"
+#include "platform/services/Files.h"
+
+namespace pixorra {
+
+struct Located;
+
+class PosixFiles : public Files {
+ public:
+  explicit PosixFiles(PathMapping mapping);
+  explicit PosixFiles(std::shared_ptr<MappingSource> mapping);
+
+  std::vector<std::string> Names(const std::string& folder, const std::string& pattern, int attributes) override;
+  std::optional<int> Attributes(const std::string& path) override;
+  void SetAttributes(const std::string& path, int attributes) override;
+  bool NameTaken(const std::string& path) override;
+  bool IsLink(const std::string& path) override;
+  std::int64_t Length(const std::string& path) override;
+  std::unique_ptr<File> Open(const std::string& path, OpenMode mode) override;
+  void Delete(const std::string& path) override;
+  void Rename(const std::string& from, const std::string& to) override;
+  void MakeFolder(const std::string& path) override;
+  void RemoveFolder(const std::string& path) override;
+  void FlushFolder(const std::string& path) override;
+  std::optional<CalendarTime> LastWriteTime(const std::string& path) override;
+  bool SetTimes(const std::string& path, const CalendarTime& time) override;
+  std::vector<Drive> Drives() override;
+  std::string FolderPath(const std::string& path) override;
+  std::string ShownPath(const std::string& path) override;
+  std::string ProgramPath(const std::string& typed) override;
+
+ private:
+  Located Find(const std::string& path);
+
+  std::shared_ptr<MappingSource> mapping_;
+};
+
+}  // namespace pixorra
