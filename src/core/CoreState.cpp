@@ -1,0 +1,16 @@
+#include "core/CoreState.h"
+
+#include "core/Palette.h"
+
+namespace pixorra {
+
+CoreState::CoreState(Form& window)
+    : CompanyNameLabel(window, "CompanyNameLabel"),
+      SystemResourceStatusTimer(window, "SystemResourceStatusTimer", 300) {
+  CompanyNameLabel.SetCaption("Pixorra - Kestrelia Corp");
+  CompanyNameLabel.SetForeColor(palette::CompanyText);
+  CompanyNameLabel.SetAlignment(Alignment::Center);
+  CompanyNameLabel.SetVisible(false);
+}
+
+}  // namespace pixorra

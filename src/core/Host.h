@@ -1,0 +1,36 @@
+// The services that one run of the program has, and the toolkit that its forms live on.
+#pragma once
+
+namespace pixorra {
+
+class Artwork;
+class Clipboard;
+class Clock;
+class Dialogs;
+class Files;
+class JpegCodec;
+class Pictures;
+class Places;
+class Printing;
+class Registry;
+class Settings;
+class Shell;
+class Toolkit;
+
+struct Host {
+  Toolkit& toolkit;
+  Files& files;
+  Places& places;
+  Clock& clock;
+  Pictures& pictures;
+  Artwork& artwork;
+  JpegCodec& jpeg;
+  Dialogs& dialogs;
+  Printing& printing;
+  Clipboard& clipboard;
+  Shell& shell;
+  Registry& registry;
+  Settings& settings;
+};
+
+}  // namespace pixorra

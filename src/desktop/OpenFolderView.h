@@ -1,0 +1,21 @@
+// The grid of the open folder's thumbnails.
+#pragma once
+
+#include <string>
+
+namespace pixorra {
+
+struct MainForm;
+
+// The full path of the first photo of the open folder's list that has no cell; empty where all have one.
+std::string NextDestThumbFile(MainForm& main);
+void AddDestThumbnail(MainForm& main, const std::string& path);
+void ClearDestThumbnails(MainForm& main);
+void Redisplay_DestThumbnails(MainForm& main);
+// The cells behind it move up; 0 does nothing.
+void DeleteDestThumbnail(MainForm& main, int index);
+void DestScrollbar_Change(MainForm& main);
+void DestScrollbar_Scroll(MainForm& main);
+void DestThumbnail_MouseDown(MainForm& main, int index, int mouseButton);
+
+}  // namespace pixorra

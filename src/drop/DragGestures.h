@@ -1,0 +1,18 @@
+// Drags under way: icons over targets, the start of a drag, the whole film strip's reel.
+#pragma once
+
+namespace pixorra {
+
+class Control;
+struct MainForm;
+
+// Over a folder: the source's drag icon tells that it can be let go there.
+void DragOverFolder(MainForm& main, Control& source, int state);
+// A thumbnail over itself: the moment of the press, which selects it.
+void SrcThumbnail_DragOver(MainForm& main, int index, Control& source, int state);
+// Let go over the strip, which is also what a click is.
+void SrcThumbnail_DragDrop(MainForm& main);
+void AllButton_DragOver(MainForm& main, Control& source, int state);
+void AllButton_MouseMove(MainForm& main);
+
+}  // namespace pixorra

@@ -1,0 +1,30 @@
+// Drops: the run of a whole film strip, the memory of the last drop, and the icons of a drag.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "platform/services/Picture.h"
+
+namespace pixorra {
+
+struct Host;
+
+struct DropState {
+  explicit DropState(Host& host);
+
+  bool DropAllRunning = false;
+  bool DropAllAbort = false;
+  std::int16_t LastDropSrcIndex = 0;  // -1 after a paste
+  std::int16_t LastDropFolder = 0;    // 0 none
+  std::string LastDropFile;
+
+  Picture DropIcon;
+  Picture ReelDragIcon;
+  Picture NotReadyIcon;
+
+  std::vector<std::uint8_t> FileBuffer;  // shared by all copies
+};
+
+}  // namespace pixorra

@@ -1,0 +1,16 @@
+// Names for photos on their way into a folder.
+#pragma once
+
+#include <string>
+
+namespace pixorra {
+
+class Files;
+
+// The name as it is where it is free in the folder, else with its trailing number raised until it is. Empty where
+// folder, name or the name's base is empty.
+std::string MakeUniqueName(Files& files, const std::string& folder, const std::string& name);
+// "PXR", one above the highest number of the folder's names of that form and extension, in five digits or more.
+std::string MakeGeneratedName(Files& files, const std::string& folder, const std::string& name);
+
+}  // namespace pixorra

@@ -1,0 +1,22 @@
+// Photos fitted to controls of a fixed size: thumbnails through the cache, and larger pictures.
+#pragma once
+
+#include <string>
+
+#include "platform/controls/ImageBox.h"
+
+namespace pixorra {
+
+struct MainForm;
+
+// Fills a thumbnail. `bDragged` is set by a cached or a new thumbnail, and left as it was where the photo cannot be
+// shown.
+void PaintThumbnail(MainForm& main, ImageBox& target, const std::string& path, bool& bDragged);
+struct PaintedImage {
+  int width = 0;  // the photo's own size, pixels; 0 where it cannot be shown
+  int height = 0;
+  bool ok = false;
+};
+PaintedImage PaintImage(MainForm& main, const std::string& path, ImageBox& target, Colour backColour);
+
+}  // namespace pixorra

@@ -1,0 +1,18 @@
+// The one way for a picture file to reach a control.
+#pragma once
+
+#include <string>
+
+#include "platform/services/Files.h"
+
+namespace pixorra {
+
+class Control;
+struct MainForm;
+
+// 0 not recognised, 1 bitmap, 2 GIF, 3 JPEG, by the first ten bytes; a file that cannot be read gives 0.
+int PictureFileFormat(Files& files, const std::string& path);
+// True when the control, an image box or a picture box, now shows the picture. A call inside a call fails.
+bool LoadPictureFile(MainForm& main, const std::string& path, Control& target, bool bFastJpeg);
+
+}  // namespace pixorra

@@ -1,0 +1,12 @@
+#include "pictures/PicturesState.h"
+
+#include "core/Definition.h"
+
+namespace pixorra {
+
+PicturesState::PicturesState(Form& window, Host& host)
+    : TempImage(window, "TempImage"),
+      TempPic(window, "TempPic"),
+      InvalidPicture(Drawing(host, "InvalidPicture", 80, 60)) {}
+
+}  // namespace pixorra

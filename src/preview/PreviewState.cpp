@@ -1,0 +1,23 @@
+#include "preview/PreviewState.h"
+
+#include "core/Definition.h"
+
+namespace pixorra {
+
+PreviewState::PreviewState(Form& window, Host& host)
+    : Logo(Drawing(host, "Logo", 249, 185)),
+      PicPreview(window, "PicPreview"),
+      PicPreviewSize(window, "PicPreviewSize"),
+      AutoPicPreviewTimer(window, "AutoPicPreviewTimer", 1000),
+      PicPreviewSizeAutoClrTimer(window, "PicPreviewSizeAutoClrTimer", 2000) {
+  PicPreview.SetStretch(true);
+  Place(PicPreview, 120, 0, 3735, 2775);
+  Place(PicPreviewSize, 1440, 2520, 1125, 195);
+  PicPreviewSize.SetAutoSize(true);
+  PicPreviewSize.SetOpaque(true);
+  PicPreviewSize.SetForeColor(0);
+  PicPreviewSize.SetBackColor(0x00E1FFFF);
+  PicPreviewSize.SetVisible(false);
+}
+
+}  // namespace pixorra
