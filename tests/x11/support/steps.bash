@@ -29,7 +29,11 @@ within() {
   shift
   until "$@" >/dev/null 2>&1; do
     asked=$((asked + 1))
-    if [ "$asked" -gt $((seconds * 20)) ] || gone 2>/dev/null; then return 1; fi
+    [ "$asked" -le $((seconds * 20)) ] || return 1
+    if gone 2>/dev/null; then
+      "$@" >/dev/null 2>&1
+      return
+    fi
     sleep 0.05
   done
 }
