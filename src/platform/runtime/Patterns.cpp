@@ -44,8 +44,7 @@ bool MatchesPattern(std::string_view name, std::string_view patterns) {
   for (;;) {
     const std::size_t end = patterns.find(';');
     const std::string_view pattern = patterns.substr(0, end);
-    // An empty one between two ';' matches nothing.
-    if (pattern == "*.*" || (!pattern.empty() && MatchesOne(name, pattern))) return true;
+    if (pattern == "*.*" || MatchesOne(name, pattern)) return true;
     if (end == std::string_view::npos) return false;
     patterns.remove_prefix(end + 1);
   }

@@ -58,6 +58,13 @@ TEST(LetterCase, UpperAndLowerUndoEachOther) {
   }
 }
 
+TEST(LetterCase, ALetterInItsCaseStaysAsItIs) {
+  for (char32_t code = 0; code < 0x11000; ++code) {
+    EXPECT_EQ(UpperCase(UpperCase(code)), UpperCase(code)) << static_cast<unsigned>(code);
+    EXPECT_EQ(LowerCase(LowerCase(code)), LowerCase(code)) << static_cast<unsigned>(code);
+  }
+}
+
 TEST(LetterCase, LeavesBytesThatAreNoUtf8) {
   EXPECT_EQ(UCase("a\xFF\xC3z"), "A\xFF\xC3Z");
   EXPECT_EQ(LCase("A\x80\xE2\x82Z"), "a\x80\xE2\x82z");
