@@ -3,6 +3,7 @@
 
 #include <string>
 
+#include "filmstrip/LoadedPaths.h"
 #include "platform/controls/ControlArray.h"
 #include "platform/controls/FileListBox.h"
 #include "platform/controls/Form.h"
@@ -31,6 +32,7 @@ struct DesktopState {
   int DestColumns = 2;       // cells in a row
   int DestPageBase = 0;      // cells that lie before the canvas's origin
   std::string DestLoadedPath;
+  LoadedPaths loadedPaths;
 
   // Picture sources.
   Picture ClosedFolder;

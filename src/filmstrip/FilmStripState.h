@@ -3,6 +3,7 @@
 
 #include <string>
 
+#include "filmstrip/LoadedPaths.h"
 #include "platform/controls/Buttons.h"
 #include "platform/controls/ControlArray.h"
 #include "platform/controls/FileListBox.h"
@@ -36,6 +37,7 @@ struct FilmStripState {
   bool AutoScrollPending = false;
   std::string ThumbsPaused = "False";  // a text, read by converting it
   int ThumbsTimerGuard = 0;            // 12345 while the handler of ThumbsTimer runs
+  LoadedPaths loadedPaths;
 
   // --- controls, back to front -------------------------------------------------------------------------------------
   FileListBox SrcFileList;

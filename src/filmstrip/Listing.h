@@ -5,6 +5,7 @@
 
 namespace pixorra {
 
+struct FilmStripState;
 struct MainForm;
 
 // The captions of the folder; the slots follow by the background loading.
@@ -13,5 +14,13 @@ void SrcFileList_PathChange(MainForm& main);
 void ShowNoFilmStrip(MainForm& main);
 // Makes the next slot, for the photo at the full path.
 void AddSrcSlot(MainForm& main, const std::string& path);
+
+// A slot's photo has another path now; empty: it has gone, and the slot is dead. The only way to set a slot's Tag.
+void SetSrcSlotPath(FilmStripState& strip, int slot, const std::string& path);
+// Puts the three controls of a slot at a shown position, from 0, on the present page, and shows them.
+void PlaceSrcSlot(FilmStripState& strip, int slot, int position);
+// The canvas's width by the last slot, and the bar's range by the number of slots shown.
+void FitSrcCanvas(FilmStripState& strip, int shown);
+void ShowSrcCount(FilmStripState& strip);
 
 }  // namespace pixorra

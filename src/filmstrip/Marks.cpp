@@ -1,0 +1,68 @@
+#include "filmstrip/Marks.h"
+
+#include "core/MainForm.h"
+#include "core/Palette.h"
+#include "filmstrip/Views.h"
+#include "pictures/Painting.h"
+#include "pictures/QuickThumbs.h"
+
+namespace pixorra {
+
+void DotScreen(Bitmap& picture) {
+  const int bytes = picture.BytesPerPixel();
+  for (int y = 0; y < picture.Height(); ++y) {
+    std::uint8_t* row = picture.Row(y);
+    for (int x = 0; x < picture.Width(); ++x) {
+      if (x % 2 == 1 && y % 2 == 1) continue;
+      std::uint8_t* pixel = row + x * bytes;
+      pixel[0] = pixel[1] = pixel[2] = 0;
+      if (bytes == 4) pixel[3] = 255;
+    }
+  }
+}
+
+void MarkDragged(MainForm& main, ImageBox& thumbnail) {
+  FilmStripState& strip = main.strip;
+  if (!thumbnail.GetPicture().IsNothing()) {
+    Bitmap shaded = thumbnail.GetPicture().Pixels().Clone();
+    DotScreen(shaded);
+    thumbnail.SetPicture(Picture(std::move(shaded)));
+  }
+  Label& name = strip.SrcThumbName(thumbnail.Index());
+  name.SetTag("MARK");
+  name.SetForeColor(palette::DraggedText);
+  SetQuickThumbMark(main, thumbnail.Tag(), "MARK");
+  if (strip.AutoScrollOption.Value()) strip.AutoScrollPending = true;
+  if (strip.RemainingOption.Value()) ArrangeRemaining(main);
+}
+
+int CheckDraggedPhotos(MainForm& main) {
+  int count = 0;
+  for (int i = 1; i <= main.strip.SrcSlotCount; ++i) {
+    if (!main.strip.SrcThumbName(i).Tag().empty()) ++count;
+  }
+  return count;
+}
+
+void SrcBackground_DblClick(MainForm& main, int slot) {
+  FilmStripState& strip = main.strip;
+  ImageBox& thumbnail = strip.SrcThumbnail(slot);
+  Label& name = strip.SrcThumbName(slot);
+  if (name.Tag().empty()) {
+    MarkDragged(main, thumbnail);
+    return;
+  }
+  bool bDragged = false;
+  PaintThumbnail(main, thumbnail, thumbnail.Tag(), bDragged);
+  name.SetTag("");
+  name.SetForeColor(strip.SrcThumbName(0).ForeColor());
+  SetQuickThumbMark(main, thumbnail.Tag(), "");
+}
+
+void SrcBackground_MouseMove(MainForm& main, int slot) {
+  const bool marked = !main.strip.SrcThumbName(slot).Tag().empty();
+  main.strip.SrcBackground(slot).SetToolTipText(marked ? "Double-Click to Recover Photo"
+                                                       : "Double-Click to Discard Photo");
+}
+
+}  // namespace pixorra

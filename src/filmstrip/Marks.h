@@ -1,0 +1,23 @@
+// Marks of photos that have been dragged: shaded, with a grey name, and kept in the cache.
+#pragma once
+
+#include <string>
+
+namespace pixorra {
+
+class Bitmap;
+class ImageBox;
+struct MainForm;
+
+// Marks the slot that the thumbnail belongs to.
+void MarkDragged(MainForm& main, ImageBox& thumbnail);
+// Shades a picture by the dot screen: one pixel in four stays, those with both coordinates odd.
+void DotScreen(Bitmap& picture);
+// How many slots are marked.
+int CheckDraggedPhotos(MainForm& main);
+// A double click on a slot marks it, or recovers it.
+void SrcBackground_DblClick(MainForm& main, int slot);
+// The tool tip tells which of the two a double click would do.
+void SrcBackground_MouseMove(MainForm& main, int slot);
+
+}  // namespace pixorra

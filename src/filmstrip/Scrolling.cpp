@@ -1,0 +1,67 @@
+#include "filmstrip/Scrolling.h"
+
+#include "core/MainForm.h"
+#include "filmstrip/Views.h"
+#include "platform/runtime/Errors.h"
+#include "platform/runtime/Numbers.h"
+
+namespace pixorra {
+
+namespace {
+
+// The bar counts in units of 2 pixels, and slots are placed relative to a page of 50 frames: both keep long strips
+// within 16 bits. The canvas's place makes up for the page exactly, so that nothing jumps when it turns.
+void ScrollStrip(MainForm& main) {
+  FilmStripState& strip = main.strip;
+  const int value = strip.SrcScrollbar.Value();
+  const int frame = CLng(value * 2.0 / strip.SrcBackground(0).Width());
+  const int page = frame / SrcFramesPerPage;
+  const int base = page * SrcFramesPerPage;
+  if (base != strip.SrcPageBase) {
+    strip.SrcPageBase = base;
+    Redisplay_FilmStrip(main);
+  }
+  strip.SrcCanvas.SetLeft(-2.0 * value + page * 4850.0 - 97);
+}
+
+}  // namespace
+
+void SrcScrollbar_Change(MainForm& main) {
+  FilmStripState& strip = main.strip;
+  if (strip.SrcScrollbar.Tag() == "BUSY") return;
+  ScrollStrip(main);
+  strip.AutoScrollPending = false;
+  strip.SrcScrollbar.SetEnabled(false);
+  strip.SrcScrollbar.SetEnabled(true);
+}
+
+void SrcScrollbar_Scroll(MainForm& main) {
+  FilmStripState& strip = main.strip;
+  strip.SrcScrollbar.SetTag("BUSY");
+  ScrollStrip(main);
+  strip.AutoScrollPending = false;
+  strip.SrcScrollbar.SetTag("");
+}
+
+void AutoScrollStep(MainForm& main) {
+  FilmStripState& strip = main.strip;
+  strip.SrcScrollbar.SetMax(strip.SrcScrollbar.Max());
+  main.desk.DestScrollbar.SetMax(main.desk.DestScrollbar.Max());
+  if (!strip.AutoScrollPending || strip.SrcSlotCount == 0) return;
+  int first = 0;
+  int rightEdge = 0;
+  for (int i = 1; i <= strip.SrcSlotCount && first == 0; ++i) {
+    const ImageBox& background = strip.SrcBackground(i);
+    const int left = strip.SrcCanvas.Left() + background.Left();
+    rightEdge = left + background.Width();
+    if (rightEdge > 0 && left < strip.SrcThumbsWindow.Width()) first = i;
+  }
+  if (first == 0 || strip.SrcThumbName(first).Tag().empty()) return;
+  int step = CLng(rightEdge / 10.0 + 1);
+  if (first < strip.SrcSlotCount && !strip.SrcThumbName(first + 1).Tag().empty()) step = 15;
+  ErrorsIgnored([&] { strip.SrcScrollbar.SetValue((2 * strip.SrcScrollbar.Value() + step) / 2.0); });
+  // The change of the bar has taken this for a move by the user.
+  strip.AutoScrollPending = true;
+}
+
+}  // namespace pixorra

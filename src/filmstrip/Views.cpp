@@ -1,0 +1,146 @@
+#include "filmstrip/Views.h"
+
+#include "core/MainForm.h"
+#include "filmstrip/Listing.h"
+#include "platform/runtime/Errors.h"
+#include "platform/runtime/Numbers.h"
+#include "preview/PreviewPane.h"
+
+namespace pixorra {
+
+namespace {
+
+void HideSlot(FilmStripState& strip, int slot) {
+  strip.SrcBackground(slot).SetVisible(false);
+  strip.SrcThumbnail(slot).SetVisible(false);
+  strip.SrcThumbName(slot).SetVisible(false);
+}
+
+// Puts the slots that `shows` names one after the other from the strip's start; tells how many there are.
+template <typename Shows>
+int PlaceSlots(FilmStripState& strip, const Shows& shows) {
+  int position = 0;
+  for (int i = 1; i <= strip.SrcSlotCount; ++i) {
+    if (shows(i)) {
+      PlaceSrcSlot(strip, i, position++);
+    } else {
+      HideSlot(strip, i);
+    }
+  }
+  return position;
+}
+
+void ShowArranged(MainForm& main, int shown) {
+  FilmStripState& strip = main.strip;
+  FitSrcCanvas(strip, shown);
+  strip.SrcShownCount = shown;
+  ShowSrcCount(strip);
+  strip.SrcPicsTotal.SetCaption(TrimmedStr(strip.SrcFileList.ListCount()) + " Total");
+}
+
+// The frame follows its slot; one that is no longer shown loses the selection.
+void FollowSelection(MainForm& main) {
+  FilmStripState& strip = main.strip;
+  ErrorsIgnored([&] {
+    const int selected = CLng(Val(strip.SrcThumbFrame.Tag()));
+    const ImageBox& thumbnail = strip.SrcThumbnail(selected);
+    if (thumbnail.Visible()) {
+      strip.SrcThumbFrame.Move(thumbnail.Left(), thumbnail.Top());
+      strip.SrcThumbFrame.SetVisible(true);
+      return;
+    }
+    strip.SrcThumbFrame.SetVisible(false);
+    ResetPreview(main);
+  });
+}
+
+// Keeps the selected photo in view, three frames from the left edge.
+void ScrollToSelection(MainForm& main) {
+  FilmStripState& strip = main.strip;
+  ErrorsIgnored([&] {
+    const int selected = CLng(Val(strip.SrcThumbFrame.Tag()));
+    const ImageBox& thumbnail = strip.SrcThumbnail(selected);
+    if (!strip.SrcThumbFrame.Visible() || !thumbnail.Visible()) return;
+    strip.SrcThumbFrame.Move(thumbnail.Left(), thumbnail.Top());
+    strip.SrcScrollbar.SetValue((strip.SrcBackground(selected).Left() - 3 * SrcFrameWidth) / 2.0);
+  });
+}
+
+}  // namespace
+
+void Redisplay_FilmStrip(MainForm& main) {
+  FilmStripState& strip = main.strip;
+  const int value = strip.SrcScrollbar.Value();
+  strip.SrcCanvas.SetVisible(false);
+  strip.SrcFileList.Refresh();
+  if (strip.RemainingOption.Value()) {
+    ArrangeRemaining(main);
+  } else {
+    ArrangeAll(main);
+    ErrorsIgnored([&] { strip.SrcScrollbar.SetValue(value); });
+    if (!strip.SrcThumbFrame.Visible() && strip.AutoScrollOption.Value()) strip.AutoScrollPending = true;
+  }
+  strip.SrcCanvas.SetVisible(true);
+}
+
+void ArrangeAll(MainForm& main) {
+  FilmStripState& strip = main.strip;
+  if (strip.SrcSlotCount == 0) return;
+  const int shown = PlaceSlots(strip, [&](int i) { return !strip.SrcThumbnail(i).Tag().empty(); });
+  ShowArranged(main, shown);
+  if (strip.SrcThumbFrame.Visible()) FollowSelection(main);
+}
+
+void ArrangeRemaining(MainForm& main) {
+  FilmStripState& strip = main.strip;
+  if (strip.SrcSlotCount == 0) return;
+  const bool selected = strip.SrcThumbFrame.Visible();
+  strip.SrcThumbFrame.SetVisible(false);
+  const int shown = PlaceSlots(
+      strip, [&](int i) { return !strip.SrcThumbnail(i).Tag().empty() && strip.SrcThumbName(i).Tag().empty(); });
+  ShowArranged(main, shown);
+  if (selected) FollowSelection(main);
+}
+
+void ClearFilmStrip(MainForm& main) {
+  FilmStripState& strip = main.strip;
+  for (int i = 1; i <= strip.SrcSlotCount; ++i) {
+    ErrorsIgnored([&] { strip.SrcThumbnail.Unload(i); });
+    ErrorsIgnored([&] { strip.SrcBackground.Unload(i); });
+    ErrorsIgnored([&] { strip.SrcThumbName.Unload(i); });
+  }
+  strip.loadedPaths.Clear();
+  strip.SrcCanvas.SetPicture(Picture());
+  HideSlot(strip, 0);
+  if (strip.SrcThumbFrame.Visible()) ResetPreview(main);
+  strip.SrcSlotCount = 0;
+  strip.SrcShownCount = 0;
+  strip.SrcThumbFrame.SetVisible(false);
+  strip.SrcCanvas.Refresh();
+  strip.SrcScrollbar.SetLargeChange(1);
+  strip.SrcScrollbar.SetMax(50);
+  strip.SrcScrollbar.SetEnabled(false);
+  strip.SrcScrollbar.SetEnabled(true);
+}
+
+void AllOption_Click(MainForm& main) {
+  ScrollToSelection(main);
+  ArrangeAll(main);
+  main.strip.SrcScrollbar.Refresh();
+}
+
+void RemainingOption_Click(MainForm& main) {
+  ScrollToSelection(main);
+  ArrangeRemaining(main);
+  main.strip.AutoScrollPending = false;
+  main.strip.SrcScrollbar.Refresh();
+}
+
+void AutoScrollOption_Click(MainForm& main) {
+  ScrollToSelection(main);
+  ArrangeAll(main);
+  main.strip.AutoScrollPending = true;
+  main.strip.SrcScrollbar.Refresh();
+}
+
+}  // namespace pixorra
