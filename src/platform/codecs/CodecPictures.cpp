@@ -1,0 +1,145 @@
+#include "platform/codecs/CodecPictures.h"
+
+#include <algorithm>
+#include <array>
+#include <initializer_list>
+#include <memory>
+#include <new>
+
+#include "platform/codecs/BmpDecoder.h"
+#include "platform/codecs/GifDecoder.h"
+#include "platform/codecs/JpegReader.h"
+#include "platform/runtime/Errors.h"
+#include "platform/services/FileBytes.h"
+
+namespace pixorra {
+namespace {
+
+[[noreturn]] void Raise(int jpegStatus) {
+  throw RuntimeError(jpegStatus == jpeg::OutOfMemory ? error::OutOfMemory : error::BadPicture);
+}
+
+Bitmap DecodeJpeg(std::span<const std::uint8_t> file) {
+  JpegReader reader(file);
+  if (const int status = reader.Open(); status != jpeg::Ok) Raise(status);
+  if (const int status = reader.Reduce(1); status != jpeg::Ok) Raise(status);
+  Bitmap bitmap(reader.Width(), reader.Height(), PixelFormat::Bgr24);
+  const int status = reader.Read(bitmap.Row(0), static_cast<std::ptrdiff_t>(bitmap.Stride()), 3);
+  if (status != jpeg::Ok) Raise(status);
+  return bitmap;
+}
+
+bool BeginsWith(std::span<const std::uint8_t> file, std::initializer_list<std::uint8_t> bytes) {
+  return file.size() >= bytes.size() && std::equal(bytes.begin(), bytes.end(), file.begin());
+}
+
+enum class Kind { None, Bmp, Gif, Jpeg };
+
+Kind KindOf(std::span<const std::uint8_t> file) {
+  if (BeginsWith(file, {'B', 'M'})) return Kind::Bmp;
+  if (BeginsWith(file, {'G', 'I', 'F'})) return Kind::Gif;
+  if (BeginsWith(file, {0xFF, 0xD8})) return Kind::Jpeg;
+  return Kind::None;
+}
+
+Bitmap Decode(std::span<const std::uint8_t> file) {
+  switch (KindOf(file)) {
+    case Kind::Bmp:
+      return DecodeBmp(file);
+    case Kind::Gif:
+      return DecodeGif(file);
+    case Kind::Jpeg:
+      return DecodeJpeg(file);
+    case Kind::None:
+      break;
+  }
+  throw RuntimeError(error::BadPicture);
+}
+
+// A size beyond what a bitmap or a block of memory can have is a lack of memory to whoever wants to see the picture.
+template <typename Work>
+auto WithMemoryErrors(const Work& work) {
+  try {
+    return work();
+  } catch (const std::bad_alloc&) {
+    throw RuntimeError(error::OutOfMemory);
+  } catch (const RuntimeError& e) {
+    if (e.Number() == error::Overflow) throw RuntimeError(error::OutOfMemory);
+    throw;
+  }
+}
+
+void Put(std::vector<std::uint8_t>& out, std::uint32_t value, int bytes) {
+  for (int i = 0; i < bytes; ++i) out.push_back(static_cast<std::uint8_t>(value >> 8 * i));
+}
+
+void PutBmpHeader(std::vector<std::uint8_t>& out, const Bitmap& bitmap, std::uint32_t pixelBytes) {
+  constexpr std::uint32_t HeaderBytes = 54;
+  Put(out, 'B' | 'M' << 8, 2);
+  Put(out, HeaderBytes + pixelBytes, 4);
+  Put(out, 0, 4);
+  Put(out, HeaderBytes, 4);
+  Put(out, 40, 4);
+  Put(out, static_cast<std::uint32_t>(bitmap.Width()), 4);
+  Put(out, static_cast<std::uint32_t>(bitmap.Height()), 4);
+  Put(out, 1, 2);   // planes
+  Put(out, 24, 2);  // bits a pixel
+  Put(out, 0, 4);   // not compressed
+  Put(out, pixelBytes, 4);
+  Put(out, 0, 4);  // resolution across and down
+  Put(out, 0, 4);
+  Put(out, 0, 4);  // palette entries, used and important
+  Put(out, 0, 4);
+}
+
+void PutOverWhite(const std::uint8_t* from, std::uint8_t* to, int width) {
+  for (int x = 0; x < width; ++x, from += 4, to += 3) {
+    for (int c = 0; c < 3; ++c) to[c] = static_cast<std::uint8_t>(std::min(255, from[c] + 255 - from[3]));
+  }
+}
+
+}  // namespace
+
+Bitmap DecodePicture(std::span<const std::uint8_t> file) {
+  return WithMemoryErrors([&] { return Decode(file); });
+}
+
+std::vector<std::uint8_t> EncodeBmp(const Bitmap& bitmap) {
+  const auto width = static_cast<std::size_t>(bitmap.Width());
+  const std::size_t rowBytes = (width * 3 + 3) / 4 * 4;
+  const std::size_t pixelBytes = rowBytes * static_cast<std::size_t>(bitmap.Height());
+  std::vector<std::uint8_t> file;
+  file.reserve(54 + pixelBytes);
+  PutBmpHeader(file, bitmap, static_cast<std::uint32_t>(pixelBytes));
+  file.resize(54 + pixelBytes);
+  std::uint8_t* to = file.data() + 54;
+  for (int y = bitmap.Height() - 1; y >= 0; --y, to += rowBytes) {
+    if (bitmap.Format() == PixelFormat::Bgr24) {
+      std::copy_n(bitmap.Row(y), width * 3, to);
+    } else {
+      PutOverWhite(bitmap.Row(y), to, bitmap.Width());
+    }
+  }
+  return file;
+}
+
+Picture CodecPictures::Load(const std::string& path) {
+  return WithMemoryErrors([&] {
+    const std::unique_ptr<File> file = files_.Open(path, OpenMode::Read);
+    // The first bytes alone, so that a large file of another kind is not read whole.
+    std::array<std::uint8_t, 3> start{};
+    const std::size_t count = file->ReadAt(0, start.data(), start.size());
+    if (KindOf({start.data(), count}) == Kind::None) throw RuntimeError(error::BadPicture);
+    FileBytes bytes;
+    bytes.Read(*file);
+    return Picture(Decode(bytes.Bytes()));
+  });
+}
+
+void CodecPictures::Save(const Picture& picture, const std::string& path) {
+  if (picture.IsNothing()) throw RuntimeError(error::BadPropertyValue);
+  const std::vector<std::uint8_t> file = EncodeBmp(picture.Pixels());
+  files_.Open(path, OpenMode::Replace)->WriteAt(0, file.data(), file.size());
+}
+
+}  // namespace pixorra

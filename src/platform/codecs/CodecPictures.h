@@ -1,0 +1,34 @@
+// Picture files of the three kinds that the program knows, and the bitmap files that it writes.
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <string>
+#include <vector>
+
+#include "platform/services/Files.h"
+#include "platform/services/Picture.h"
+#include "platform/services/Pictures.h"
+
+namespace pixorra {
+
+class CodecPictures final : public Pictures {
+ public:
+  explicit CodecPictures(Files& files) : files_(files) {}
+
+  Picture Load(const std::string& path) override;
+  void Save(const Picture& picture, const std::string& path) override;
+
+ private:
+  Files& files_;
+};
+
+// The picture in a file's bytes: a bitmap ("BM"), a GIF ("GIF") or a JPEG (FF D8), told by how they begin. JPEG
+// pictures come as they are stored, whatever orientation their camera notes. Raises 481 and 7, as Load does.
+Bitmap DecodePicture(std::span<const std::uint8_t> file);
+
+// A bitmap file: 54 bytes of header, then the rows bottom-up at 24 bits, padded to 4 bytes with zeros. The resolution
+// fields are 0, so that the same pixels always make the same file. What is transparent lies over white.
+std::vector<std::uint8_t> EncodeBmp(const Bitmap& bitmap);
+
+}  // namespace pixorra

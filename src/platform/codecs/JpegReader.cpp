@@ -1,0 +1,103 @@
+#include "platform/codecs/JpegReader.h"
+
+#include <algorithm>
+#include <array>
+
+#include "platform/codecs/SizeBound.h"
+
+namespace pixorra {
+namespace {
+
+// Progressive pictures are kept as whole coefficient arrays; this much for them, in bytes.
+constexpr long MostMemory = 1024L * 1024 * 1024;
+// A picture of a few bytes may claim scan after scan over all its blocks; honest ones have a dozen.
+constexpr int MostScans = 500;
+
+void CountScans(j_common_ptr codec) {
+  if (reinterpret_cast<j_decompress_ptr>(codec)->input_scan_number > MostScans) GiveUp(codec, jpeg::BadData);
+}
+
+// Inks are stored inverted: 255 is no ink.
+std::uint8_t InkToLight(unsigned ink, unsigned black) {
+  return static_cast<std::uint8_t>((ink * black * 2 + 255) / 510);
+}
+
+}  // namespace
+
+JpegReader::~JpegReader() {
+  jpeg_destroy_decompress(&reader_);
+}
+
+int JpegReader::Open() {
+  errors_.Install(reinterpret_cast<j_common_ptr>(&reader_));
+  const bool read = errors_.Run([this] {
+    jpeg_create_decompress(&reader_);
+    reader_.mem->max_memory_to_use = MostMemory;
+    progress_.progress_monitor = CountScans;
+    reader_.progress = &progress_;
+    jpeg_mem_src(&reader_, bytes_.data(), static_cast<unsigned long>(bytes_.size()));
+    jpeg_read_header(&reader_, TRUE);
+  });
+  if (!read) return errors_.status;
+  if (!IsBacked(Width(), Height(), bytes_.size(), JpegPixelsPerByte)) return jpeg::TooLarge;
+  if (reader_.data_precision != 8) return jpeg::Unsupported;
+  if (Channels() != 1 && Channels() != 3 && Channels() != 4) return jpeg::Ok;
+  reader_.out_color_space = Channels() == 4 ? JCS_CMYK : JCS_EXT_BGR;
+  return jpeg::Ok;
+}
+
+bool JpegReader::EndsAfterHeader() const {
+  const jpeg_source_mgr& source = *reader_.src;
+  return source.bytes_in_buffer < 2 || (source.next_input_byte[0] == 0xFF && source.next_input_byte[1] == JPEG_EOI);
+}
+
+int JpegReader::Reduce(int denominator) {
+  reader_.scale_num = 1;
+  reader_.scale_denom = static_cast<unsigned>(denominator);
+  return errors_.Run([this] { jpeg_calc_output_dimensions(&reader_); }) ? jpeg::Ok : errors_.status;
+}
+
+int JpegReader::Read(std::uint8_t* topRow, std::ptrdiff_t step, int bytesPerPixel) {
+  if (!ComesAsCmyk() && reader_.out_color_space != JCS_EXT_BGR) return jpeg::Unsupported;
+  if (EndsAfterHeader()) return jpeg::NoPicture;
+  const bool read = errors_.Run([=, this] {
+    jpeg_start_decompress(&reader_);
+    if (ComesAsCmyk()) {
+      ReadCmykRows(topRow, step, bytesPerPixel);
+    } else {
+      ReadRows(topRow, step);
+    }
+    jpeg_finish_decompress(&reader_);
+  });
+  if (!read) return errors_.status;
+  return errors_.cutBeforeFirstRow ? jpeg::NoPicture : jpeg::Ok;
+}
+
+void JpegReader::ReadRows(std::uint8_t* topRow, std::ptrdiff_t step) {
+  std::array<JSAMPROW, 16> rows;
+  while (reader_.output_scanline < reader_.output_height) {
+    const unsigned wanted =
+        std::min(static_cast<unsigned>(rows.size()), reader_.output_height - reader_.output_scanline);
+    for (unsigned i = 0; i < wanted; ++i)
+      rows[i] = topRow + static_cast<std::ptrdiff_t>(reader_.output_scanline + i) * step;
+    jpeg_read_scanlines(&reader_, rows.data(), wanted);
+  }
+}
+
+void JpegReader::ReadCmykRows(std::uint8_t* topRow, std::ptrdiff_t step, int bytesPerPixel) {
+  JSAMPARRAY inks =
+      (*reader_.mem->alloc_sarray)(reinterpret_cast<j_common_ptr>(&reader_), JPOOL_IMAGE, reader_.output_width * 4, 1);
+  while (reader_.output_scanline < reader_.output_height) {
+    std::uint8_t* to = topRow + static_cast<std::ptrdiff_t>(reader_.output_scanline) * step;
+    jpeg_read_scanlines(&reader_, inks, 1);
+    const std::uint8_t* from = inks[0];
+    for (unsigned x = 0; x < reader_.output_width; ++x, from += 4, to += bytesPerPixel) {
+      to[0] = InkToLight(from[2], from[3]);
+      to[1] = InkToLight(from[1], from[3]);
+      to[2] = InkToLight(from[0], from[3]);
+      if (bytesPerPixel == 4) to[3] = 255;
+    }
+  }
+}
+
+}  // namespace pixorra

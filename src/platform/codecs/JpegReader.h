@@ -1,0 +1,49 @@
+// One JPEG picture in memory, decoded whole or reduced straight into rows of the caller's.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <span>
+
+#include "platform/codecs/JpegErrors.h"
+
+namespace pixorra {
+
+class JpegReader {
+ public:
+  // The bytes must outlive the reader.
+  explicit JpegReader(std::span<const std::uint8_t> bytes) : bytes_(bytes) {}
+  ~JpegReader();
+  JpegReader(const JpegReader&) = delete;
+  JpegReader& operator=(const JpegReader&) = delete;
+
+  // Reads the header. A status, as the others; nothing else may be asked before it succeeded. Sizes that the bytes
+  // cannot back are refused here.
+  int Open();
+  int Width() const { return static_cast<int>(reader_.image_width); }
+  int Height() const { return static_cast<int>(reader_.image_height); }
+  int Channels() const { return reader_.num_components; }
+
+  // The pixels are wanted at 1/denominator of the size; 1, 2, 4 or 8.
+  int Reduce(int denominator);
+  int ReducedWidth() const { return static_cast<int>(reader_.output_width); }
+  int ReducedHeight() const { return static_cast<int>(reader_.output_height); }
+
+  // Decodes into ReducedHeight() rows, the top one at `topRow` and each next one `step` bytes further (or back). A row
+  // takes ReducedWidth() times `bytesPerPixel` bytes and nothing is written beyond: 3 for blue, green, red; 4, for
+  // pictures of four channels only, adds a byte of 255. Once only.
+  int Read(std::uint8_t* topRow, std::ptrdiff_t step, int bytesPerPixel);
+
+ private:
+  bool EndsAfterHeader() const;
+  bool ComesAsCmyk() const { return reader_.out_color_space == JCS_CMYK; }
+  void ReadRows(std::uint8_t* topRow, std::ptrdiff_t step);
+  void ReadCmykRows(std::uint8_t* topRow, std::ptrdiff_t step, int bytesPerPixel);
+
+  std::span<const std::uint8_t> bytes_;
+  JpegErrors errors_;
+  jpeg_decompress_struct reader_{};
+  jpeg_progress_mgr progress_{};
+};
+
+}  // namespace pixorra

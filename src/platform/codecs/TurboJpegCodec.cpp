@@ -1,0 +1,148 @@
+#include "platform/codecs/TurboJpegCodec.h"
+
+#include <cstdlib>
+#include <new>
+#include <optional>
+
+#include "platform/codecs/JpegReader.h"
+#include "platform/codecs/JpegWriter.h"
+#include "platform/runtime/Errors.h"
+#include "platform/services/FileBytes.h"
+
+namespace pixorra {
+namespace {
+
+struct ReadMode {
+  bool fromFile = false;
+  int denominator = 0;  // 0 for the header alone
+};
+
+std::optional<ReadMode> ReadModeOf(int mode) {
+  switch (mode) {
+    case ijl::FileReadParams:
+      return ReadMode{true, 0};
+    case ijl::BufferReadParams:
+      return ReadMode{false, 0};
+    case ijl::FileReadWhole:
+      return ReadMode{true, 1};
+    case ijl::BufferReadWhole:
+      return ReadMode{false, 1};
+    case ijl::FileReadHalf:
+      return ReadMode{true, 2};
+    case ijl::BufferReadHalf:
+      return ReadMode{false, 2};
+    case ijl::FileReadQuarter:
+      return ReadMode{true, 4};
+    case ijl::BufferReadQuarter:
+      return ReadMode{false, 4};
+    case ijl::FileReadEighth:
+      return ReadMode{true, 8};
+    case ijl::BufferReadEighth:
+      return ReadMode{false, 8};
+    default:
+      return std::nullopt;
+  }
+}
+
+// The rows of a described surface from the top downwards, wherever the top is in memory.
+struct SurfaceRows {
+  std::uint8_t* top = nullptr;
+  std::ptrdiff_t step = 0;
+};
+
+std::optional<SurfaceRows> RowsOf(const JPEG_CORE_PROPERTIES& record) {
+  if (record.DIBBytes == nullptr || record.DIBWidth < 1 || record.DIBHeight == 0 || record.DIBPadBytes < 0) return {};
+  if (record.DIBChannels != 3 && record.DIBChannels != 4) return {};
+  const std::ptrdiff_t step = std::ptrdiff_t{record.DIBWidth} * record.DIBChannels + record.DIBPadBytes;
+  const std::ptrdiff_t height = std::abs(std::ptrdiff_t{record.DIBHeight});
+  if (record.DIBHeight > 0) return SurfaceRows{record.DIBBytes, step};
+  return SurfaceRows{record.DIBBytes + (height - 1) * step, -step};
+}
+
+int ColourOf(int channels, int otherwise) {
+  switch (channels) {
+    case 1:
+      return ijl::Grey;
+    case 3:
+      return ijl::YCbCr;
+    case 4:
+      return ijl::YCbCrAFpx;
+    default:
+      return otherwise;
+  }
+}
+
+int ReadPixels(JpegReader& reader, const JPEG_CORE_PROPERTIES& record, int denominator) {
+  const std::optional<SurfaceRows> rows = RowsOf(record);
+  if (!rows) return jpeg::BadRecord;
+  if (const int status = reader.Reduce(denominator); status != jpeg::Ok) return status;
+  const std::int64_t height = std::abs(std::int64_t{record.DIBHeight});
+  if (reader.ReducedWidth() != record.DIBWidth || reader.ReducedHeight() != height) return jpeg::Mismatch;
+  if ((reader.Channels() == 4) != (record.DIBChannels == 4)) return jpeg::Mismatch;
+  return reader.Read(rows->top, rows->step, record.DIBChannels);
+}
+
+int ReadFrom(std::span<const std::uint8_t> bytes, JPEG_CORE_PROPERTIES& record, int denominator) {
+  JpegReader reader(bytes);
+  if (const int status = reader.Open(); status != jpeg::Ok) return status;
+  if (denominator != 0) return ReadPixels(reader, record, denominator);
+  record.JPGWidth = reader.Width();
+  record.JPGHeight = reader.Height();
+  record.JPGChannels = reader.Channels();
+  record.JPGColor = ColourOf(reader.Channels(), record.JPGColor);
+  return jpeg::Ok;
+}
+
+int StatusOfError(int number, int otherwise) {
+  return number == error::OutOfMemory ? jpeg::OutOfMemory : otherwise;
+}
+
+}  // namespace
+
+int TurboJpegCodec::ijlInit(JPEG_CORE_PROPERTIES& record) {
+  record = {};
+  return jpeg::Ok;
+}
+
+int TurboJpegCodec::ijlFree(JPEG_CORE_PROPERTIES&) {
+  return jpeg::Ok;
+}
+
+int TurboJpegCodec::ijlRead(JPEG_CORE_PROPERTIES& record, int mode) {
+  const std::optional<ReadMode> wanted = ReadModeOf(mode);
+  if (!wanted) return jpeg::BadRecord;
+  if (!wanted->fromFile) {
+    if (record.JPGBytes == nullptr || record.JPGSizeBytes < 0) return jpeg::BadRecord;
+    return ReadFrom({record.JPGBytes, static_cast<std::size_t>(record.JPGSizeBytes)}, record, wanted->denominator);
+  }
+  FileBytes file;
+  if (const int number = ErrorsIgnored([&] { file.Read(files_, record.JPGFile); })) {
+    return StatusOfError(number, jpeg::BadFile);
+  }
+  return ReadFrom(file.Bytes(), record, wanted->denominator);
+}
+
+int TurboJpegCodec::ijlWrite(JPEG_CORE_PROPERTIES& record, int mode) {
+  if (mode != ijl::FileWriteWhole) return jpeg::BadRecord;
+  const std::optional<SurfaceRows> rows = RowsOf(record);
+  if (!rows) return jpeg::BadRecord;
+  if (record.DIBChannels != 3) return jpeg::Unsupported;
+  const auto height = static_cast<int>(std::abs(std::int64_t{record.DIBHeight}));
+  if (record.JPGWidth != record.DIBWidth || record.JPGHeight != height) return jpeg::Mismatch;
+
+  // The file comes into being once there is something to put in it.
+  JpegBytes encoded;
+  const int status = WriteJpeg(rows->top, rows->step, record.DIBWidth, height, record.jquality, encoded);
+  if (status != jpeg::Ok) return status;
+  const int number = ErrorsIgnored([&] {
+    const std::span<const std::uint8_t> bytes = encoded.Bytes();
+    files_.Open(record.JPGFile, OpenMode::Replace)->WriteAt(0, bytes.data(), bytes.size());
+  });
+  return number == error::None ? jpeg::Ok : StatusOfError(number, jpeg::CannotWrite);
+}
+
+std::string TurboJpegCodec::ijlErrorStr(int status) {
+  return JpegStatusText(status);
+}
+
+}  // namespace pixorra

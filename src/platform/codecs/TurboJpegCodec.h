@@ -1,0 +1,31 @@
+// The JPEG codec on libjpeg-turbo.
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <string>
+
+#include "platform/services/Files.h"
+#include "platform/services/JpegCodec.h"
+
+namespace pixorra {
+
+// Nothing is kept between calls. What a surface is described as and what a file holds must agree when the pixels are
+// read: the size to the pixel, 3 channels for a grey or colour picture, 4 for one of four channels (which comes as
+// blue, green, red and 255). Surfaces of 3 channels are written, no others.
+class TurboJpegCodec final : public JpegCodec {
+ public:
+  // The files serve the modes that name a file.
+  explicit TurboJpegCodec(Files& files) : files_(files) {}
+
+  int ijlInit(JPEG_CORE_PROPERTIES& record) override;
+  int ijlFree(JPEG_CORE_PROPERTIES& record) override;
+  int ijlRead(JPEG_CORE_PROPERTIES& record, int mode) override;
+  int ijlWrite(JPEG_CORE_PROPERTIES& record, int mode) override;
+  std::string ijlErrorStr(int status) override;
+
+ private:
+  Files& files_;
+};
+
+}  // namespace pixorra

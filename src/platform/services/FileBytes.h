@@ -1,0 +1,34 @@
+// A whole file read into memory at once, into a buffer that is not cleared first and serves again.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <span>
+#include <string>
+
+#include "platform/services/Files.h"
+
+namespace pixorra {
+
+class FileBytes {
+ public:
+  // The largest file that is read, in bytes.
+  static constexpr std::int64_t Limit = 0x7FFFFFFF;
+
+  // Replaces what was held; nothing is held where it raises. Raises as opening and reading do, error 6 above Limit,
+  // error 7 where memory runs out.
+  void Read(Files& files, const std::string& path);
+  void Read(File& file);
+
+  std::span<const std::uint8_t> Bytes() const { return {buffer_.get(), size_}; }
+  const std::uint8_t* Data() const { return buffer_.get(); }
+  std::size_t Size() const { return size_; }
+
+ private:
+  std::unique_ptr<std::uint8_t[]> buffer_;
+  std::size_t capacity_ = 0;
+  std::size_t size_ = 0;
+};
+
+}  // namespace pixorra
