@@ -1,0 +1,38 @@
+// Mounts that only this process sees and that go with it. Needs root; a test skips where it cannot have them.
+#pragma once
+
+#include <sched.h>
+#include <string>
+#include <sys/mount.h>
+#include <unistd.h>
+
+namespace pixorra {
+
+inline bool HavePrivateMounts() {
+  static const bool have =
+      geteuid() == 0 && unshare(CLONE_NEWNS) == 0 && mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0;
+  return have;
+}
+
+// A small file system in memory at a host folder, for the life of this object.
+class MemoryDisk {
+ public:
+  MemoryDisk(std::string folder, const char* options, unsigned long flags = 0) : folder_(std::move(folder)) {
+    mounted_ = HavePrivateMounts() && mount("test", folder_.c_str(), "tmpfs", flags, options) == 0;
+  }
+  ~MemoryDisk() { Unmount(); }
+  MemoryDisk(const MemoryDisk&) = delete;
+  MemoryDisk& operator=(const MemoryDisk&) = delete;
+  bool Mounted() const { return mounted_; }
+  bool MakeReadOnly() { return mount("test", folder_.c_str(), "tmpfs", MS_REMOUNT | MS_RDONLY, nullptr) == 0; }
+  void Unmount() {
+    if (mounted_) umount2(folder_.c_str(), MNT_DETACH);
+    mounted_ = false;
+  }
+
+ private:
+  std::string folder_;
+  bool mounted_ = false;
+};
+
+}  // namespace pixorra
