@@ -114,14 +114,19 @@ void Form::ShowOwned(Form* owner) {
 void Form::ShowModal(Form* owner) {
   owner_ = owner;
   modal_ = true;
-  Watch<Form> self(*this);
+  // Also when loading it, or a handler that runs meanwhile, raises.
+  struct Modal {
+    Watch<Form> form;
+    ~Modal() {
+      if (!form) return;
+      form->modal_ = false;
+      form->toolkit_.PopModal(*form.Get());
+      form->Changed(Change::State);
+    }
+  } const modal{Watch<Form>(*this)};
   toolkit_.PushModal(*this);
   Show();
-  toolkit_.WaitUntil([&] { return !self || !self->Visible(); });
-  if (!self) return;
-  modal_ = false;
-  toolkit_.PopModal(*this);
-  Changed(Change::State);
+  toolkit_.WaitUntil([&] { return !modal.form || !modal.form->Visible(); });
 }
 
 void Form::Hide() {

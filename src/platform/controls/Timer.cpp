@@ -34,12 +34,16 @@ void Timer::Restart() {
 void Timer::Tick(double now) {
   const double interval = interval_ / 1000.0;
   deadline_ += interval;
-  if (deadline_ <= now) deadline_ = now + interval;
+  if (deadline_ <= now + Toolkit::SameMoment) deadline_ = now + interval;
+  // The handler may raise, and the timer may go in it.
+  struct Ticking {
+    Watch<Timer> timer;
+    ~Ticking() {
+      if (timer) timer->ticking_ = false;
+    }
+  } const ticking{Watch<Timer>(*this)};
   ticking_ = true;
-  Watch<Timer> self(*this);
   Raise(On().Timer, static_cast<Control&>(*this));
-  if (!self) return;
-  ticking_ = false;
 }
 
 }  // namespace pixorra

@@ -23,7 +23,7 @@ bool Toolkit::WaitUntil(const std::function<bool()>& done) {
 
 bool Toolkit::WaitFor(double seconds) {
   const double end = backend_.Seconds() + seconds;
-  for (double left = seconds; left > 0; left = end - backend_.Seconds()) {
+  for (double left = seconds; left > SameMoment; left = end - backend_.Seconds()) {
     if (ended_) return false;
     backend_.WaitForEvents(left);
   }
@@ -139,7 +139,12 @@ std::optional<double> Toolkit::NextDeadline() const {
 // Each timer that is due ticks once, the one due first going first. Ticks that were missed are dropped, and a timer
 // whose handler still runs (because that runs a loop) waits for its end.
 void Toolkit::RunDueTimers() {
-  const double now = backend_.Seconds();
+  const double now = backend_.Seconds() + SameMoment;
+  // Also when a handler raises: the timers that are left must not go unheard for ever.
+  struct AskAgain {
+    Toolkit& toolkit;
+    ~AskAgain() { toolkit.TimerChanged(); }
+  } const askAgain{*this};
   std::vector<Watch<Timer>> due;
   std::vector<Timer*> sorted = timers_;
   std::stable_sort(sorted.begin(), sorted.end(),
@@ -149,9 +154,8 @@ void Toolkit::RunDueTimers() {
   }
   for (const Watch<Timer>& timer : due) {
     if (ended_) break;
-    if (timer && timer->Runs() && timer->Deadline() <= now) timer->Tick(now);
+    if (timer && timer->Runs() && timer->Deadline() <= now) timer->Tick(now - SameMoment);
   }
-  TimerChanged();
 }
 
 }  // namespace pixorra

@@ -16,6 +16,10 @@ class Timer;
 
 class Toolkit {
  public:
+  // What lies this close together, in seconds, is the same moment: clocks and sums of intervals differ in their last
+  // digits.
+  static constexpr double SameMoment = 1e-6;
+
   explicit Toolkit(Backend& backend) : backend_(backend) {}
   Toolkit(const Toolkit&) = delete;
   Toolkit& operator=(const Toolkit&) = delete;

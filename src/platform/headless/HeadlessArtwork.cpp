@@ -1,0 +1,37 @@
+#include "platform/headless/HeadlessArtwork.h"
+
+#include <algorithm>
+#include <cstdint>
+
+#include "platform/runtime/Errors.h"
+
+namespace pixorra {
+
+const std::vector<std::string>& HeadlessArtwork::Names() {
+  static const std::vector<std::string> names = {
+      "AllButton",     "AllButtonPressed",    "BrowseButton",      "BrowseButtonPressed",
+      "CameraButton",  "CameraButtonPressed", "ClosedFolder",      "Clouds",
+      "DeleteButton",  "DeleteButtonPressed", "DestBackground",    "DropIcon",
+      "HandPointer",   "HideFolder",          "InvalidPicture",    "Logo",
+      "NotReadyIcon",  "OpenFolder",          "PrintButton",       "PrintButtonPressed",
+      "ReelDragIcon",  "SelectionFrame",      "ShowFolder",        "Splash",
+      "SrcBackground", "SwapButton",          "SwapButtonPressed", "TrashcanClosed",
+      "TrashcanOpen",  "UndoButton",          "UndoButtonPressed",
+  };
+  return names;
+}
+
+Picture HeadlessArtwork::Drawing(const std::string& name, int width, int height) {
+  if (std::find(Names().begin(), Names().end(), name) == Names().end()) throw RuntimeError(error::FileNotFound);
+  Picture& picture = drawn_[{name, width, height}];
+  if (picture.IsNothing()) {
+    std::uint32_t hash = 2166136261U;
+    for (const char letter : name) hash = (hash ^ static_cast<std::uint8_t>(letter)) * 16777619U;
+    Bitmap pixels(width, height, PixelFormat::Bgra32);
+    pixels.Fill(hash & 0x00FFFFFFU);
+    picture = Picture(std::move(pixels), name);
+  }
+  return picture;
+}
+
+}  // namespace pixorra

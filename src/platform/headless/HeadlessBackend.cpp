@@ -1,0 +1,122 @@
+#include "platform/headless/HeadlessBackend.h"
+
+#include <algorithm>
+
+#include "platform/controls/Menu.h"
+#include "platform/controls/Toolkit.h"
+
+namespace pixorra {
+
+HeadlessBackend::HeadlessBackend(HeadlessClock& clock, Script& script, Surprises& surprises)
+    : clock_(clock), script_(script), surprises_(surprises) {}
+
+// Only forms have something to keep beside what the model knows.
+std::unique_ptr<Peer> HeadlessBackend::MakePeer(Control& control) {
+  if (control.GetKind() != Kind::Form) return nullptr;
+  return std::make_unique<HeadlessWindow>(*this, static_cast<Form&>(control));
+}
+
+void HeadlessBackend::Dispatch(const std::function<void()>& act) {
+  try {
+    act();
+  } catch (const RuntimeError& e) {
+    if (onError_) {
+      onError_(e);
+    } else {
+      surprises_.Report("unhandled error " + std::to_string(e.Number()) + ": " + e.Description());
+    }
+  }
+}
+
+void HeadlessBackend::RunDue() {
+  Dispatch([this] { toolkit_->RunDueTimers(); });
+}
+
+void HeadlessBackend::ProcessEvents() {
+  Dispatch([this] {
+    if (script_.RunOne(Script::Moment::Events)) Stir();
+  });
+  if (!toolkit_->Ended()) RunDue();
+}
+
+void HeadlessBackend::WaitForEvents(std::optional<double> seconds) {
+  bool reacted = false;
+  Dispatch([&] { reacted = script_.RunOne(Script::Moment::Wait); });
+  if (reacted) {
+    Stir();
+    return;
+  }
+  const double now = clock_.Seconds();
+  const std::optional<double> next = toolkit_->NextDeadline();
+  if (!seconds && !next) {
+    GiveUp();
+    return;
+  }
+  double until = seconds ? now + *seconds : *next;
+  if (next) until = std::min(until, *next);
+  idle_ += std::max(0.0, until - now);
+  if (idle_ > Patience) {
+    GiveUp();
+    return;
+  }
+  clock_.AdvanceTo(until);
+  RunDue();
+}
+
+void HeadlessBackend::Advance(double seconds) {
+  const double target = clock_.Seconds() + seconds;
+  while (!toolkit_->Ended()) {
+    const std::optional<double> next = toolkit_->NextDeadline();
+    if (!next || *next > target + 1e-6) break;
+    clock_.AdvanceTo(*next);
+    RunDue();
+  }
+  clock_.AdvanceTo(target);
+}
+
+// The program waits for something that nobody is going to do. It ends, so that the test fails and does not hang.
+void HeadlessBackend::GiveUp() {
+  std::string front = "no window";
+  for (const Form* form : toolkit_->Forms()) {
+    if (form->Visible()) front = "window " + form->Name() + " \"" + form->Caption() + "\"";
+  }
+  if (popup_ != nullptr) front = "pop-up menu " + popup_->Name();
+  if (!boxUp_.empty()) front = boxUp_;
+  surprises_.Report("the program waits and nothing can happen any more; in front: " + front);
+  toolkit_->End();
+}
+
+void HeadlessBackend::SetScreen(int width, int height) {
+  screen_.Width = width * screen_.TwipsPerPixelX;
+  screen_.Height = height * screen_.TwipsPerPixelY;
+  const std::vector<HeadlessWindow*> windows = windows_;
+  for (HeadlessWindow* window : windows) {
+    if (std::find(windows_.begin(), windows_.end(), window) != windows_.end()) window->ScreenChanged();
+  }
+}
+
+HeadlessWindow* HeadlessBackend::WindowOf(const Form& form) const {
+  const auto found = std::find_if(windows_.begin(), windows_.end(),
+                                  [&](const HeadlessWindow* window) { return &window->Shown() == &form; });
+  return found != windows_.end() ? *found : nullptr;
+}
+
+void HeadlessBackend::ChooseFromPopup(MenuItem* item) {
+  chosen_ = item;
+  popup_ = nullptr;
+}
+
+// The menu is closed before the chosen item's Click runs.
+void HeadlessBackend::PopupMenu(Form&, MenuItem& menu) {
+  MenuItem* const outer = popup_;
+  popup_ = &menu;
+  chosen_ = nullptr;
+  bool reacted = false;
+  Dispatch([&] { reacted = script_.RunOne(Script::Moment::Popup); });
+  if (!reacted) surprises_.Report("unexpected pop-up menu " + menu.Name());
+  popup_ = outer;
+  Stir();
+  if (MenuItem* const item = std::exchange(chosen_, nullptr)) item->UserClicked();
+}
+
+}  // namespace pixorra

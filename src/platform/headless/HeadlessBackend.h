@@ -1,0 +1,91 @@
+// The back end without windows: it keeps what windows would show, turns a virtual clock from deadline to deadline, and
+// lets the scripted person react while the program waits.
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "platform/controls/Backend.h"
+#include "platform/headless/HeadlessClock.h"
+#include "platform/headless/HeadlessText.h"
+#include "platform/headless/HeadlessWindow.h"
+#include "platform/headless/Script.h"
+#include "platform/runtime/Errors.h"
+
+namespace pixorra {
+
+class Toolkit;
+
+class HeadlessBackend : public Backend {
+ public:
+  // Virtual seconds of waiting in which nobody acts, after which the program is taken to wait for ever.
+  static constexpr double Patience = 600;
+
+  HeadlessBackend(HeadlessClock& clock, Script& script, Surprises& surprises);
+  // Before anything else: the toolkit that this back end serves.
+  void Attach(Toolkit& toolkit) { toolkit_ = &toolkit; }
+
+  std::unique_ptr<Peer> MakePeer(Control& control) override;
+  void ProcessEvents() override;
+  void WaitForEvents(std::optional<double> seconds) override;
+  void EndLoop() override { loopEnded_ = true; }
+  double Seconds() override { return clock_.Seconds(); }
+  void WakeAt(std::optional<double> seconds) override { wakeAt_ = seconds; }
+  Screen GetScreen() override { return screen_; }
+  int MenuBarHeight() override { return 20; }
+  TextDrawing& Text() override { return text_; }
+  void PopupMenu(Form& form, MenuItem& menu) override;
+  void DragChanged() override { ++dragChanges_; }
+  void PointerChanged(Form&) override {}
+
+  // Lets time pass: every timer that comes due on the way runs at its own moment.
+  void Advance(double seconds);
+  // Pixels.
+  void SetScreen(int width, int height);
+  // The window of a form that is loaded and has been shown, or null.
+  HeadlessWindow* WindowOf(const Form& form) const;
+  bool LoopEnded() const { return loopEnded_; }
+  std::optional<double> AskedWake() const { return wakeAt_; }
+  int DragChanges() const { return dragChanges_; }
+
+  // The pop-up menu that is up, or null; a person chooses an item of it, or nothing, which closes it.
+  MenuItem* PopupUp() const { return popup_; }
+  void ChooseFromPopup(MenuItem* item);
+  // A box of the host that is up, for reports.
+  void SetBoxUp(const std::string& box) { boxUp_ = box; }
+
+  // Runs what a person or a timer sets off. An error that no handler of the program wanted goes to the error handler.
+  void Dispatch(const std::function<void()>& act);
+  // In place of the report that an error is by default.
+  void SetErrorHandler(std::function<void(const RuntimeError&)> handler) { onError_ = std::move(handler); }
+  // Somebody has acted: a wait that follows is a new one.
+  void Stir() { idle_ = 0; }
+
+ private:
+  friend class HeadlessWindow;
+  void Add(HeadlessWindow& window) { windows_.push_back(&window); }
+  void Remove(HeadlessWindow& window) { std::erase(windows_, &window); }
+  void RunDue();
+  void GiveUp();
+
+  HeadlessClock& clock_;
+  Script& script_;
+  Surprises& surprises_;
+  Toolkit* toolkit_ = nullptr;
+  HeadlessText text_;
+  Screen screen_{1280 * 15, 1024 * 15, 15, 15};
+  std::vector<HeadlessWindow*> windows_;
+  std::function<void(const RuntimeError&)> onError_;
+  std::optional<double> wakeAt_;
+  std::string boxUp_;
+  MenuItem* popup_ = nullptr;
+  MenuItem* chosen_ = nullptr;
+  double idle_ = 0;
+  int dragChanges_ = 0;
+  bool loopEnded_ = false;
+};
+
+}  // namespace pixorra

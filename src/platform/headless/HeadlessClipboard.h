@@ -1,0 +1,19 @@
+// A clipboard of the test's own.
+#pragma once
+
+#include "platform/services/Clipboard.h"
+
+namespace pixorra {
+
+class HeadlessClipboard : public Clipboard {
+ public:
+  bool HasBitmap() override { return !bitmap_.IsNothing(); }
+  Picture GetBitmap() override { return bitmap_; }
+  void Clear() override { bitmap_ = Picture(); }
+  void SetBitmap(const Picture& picture) override { bitmap_ = picture; }
+
+ private:
+  Picture bitmap_;
+};
+
+}  // namespace pixorra

@@ -1,0 +1,43 @@
+// Everything that a program needs of its host, without windows. Files, Places, Pictures and the JPEG codec work on real
+// files and come from elsewhere.
+#pragma once
+
+#include "platform/controls/Toolkit.h"
+#include "platform/headless/HeadlessArtwork.h"
+#include "platform/headless/HeadlessBackend.h"
+#include "platform/headless/HeadlessClipboard.h"
+#include "platform/headless/HeadlessClock.h"
+#include "platform/headless/HeadlessDialogs.h"
+#include "platform/headless/HeadlessPrinting.h"
+#include "platform/headless/HeadlessRegistry.h"
+#include "platform/headless/HeadlessShell.h"
+#include "platform/headless/Person.h"
+#include "platform/headless/Script.h"
+#include "platform/headless/Surprises.h"
+
+namespace pixorra {
+
+struct HeadlessPlatform {
+  HeadlessPlatform() { backend.Attach(toolkit); }
+  HeadlessPlatform(const HeadlessPlatform&) = delete;
+  HeadlessPlatform& operator=(const HeadlessPlatform&) = delete;
+
+  // At a test's end: what was expected and never came up is a surprise too.
+  void Finish() { script.ReportUnmet(); }
+
+  Surprises surprises;
+  HeadlessClock clock;
+  Script script{surprises};
+  HeadlessBackend backend{clock, script, surprises};
+  Toolkit toolkit{backend};
+  HeadlessDialogs dialogs{toolkit, backend, script};
+  HeadlessPrinting printing{script, [this] { backend.Stir(); }};
+  HeadlessArtwork artwork;
+  HeadlessClipboard clipboard;
+  HeadlessShell shell;
+  HeadlessRegistry registry;
+  HeadlessSettings settings;
+  Person person{toolkit, backend, dialogs, script, surprises};
+};
+
+}  // namespace pixorra
