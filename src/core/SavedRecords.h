@@ -1,0 +1,46 @@
+// The text form of saved values, one record a line: texts between double quotes with no escape, numbers in plain
+// decimals, several values of a record parted by commas, each line ended by CR LF.
+#pragma once
+
+#include <initializer_list>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace pixorra {
+
+class Files;
+
+class SavedRecordWriter {
+ public:
+  void Text(const std::string& text);
+  void Number(double number);
+  // One record of several values.
+  void Numbers(std::initializer_list<double> numbers);
+  const std::string& Bytes() const { return bytes_; }
+
+ private:
+  std::string bytes_;
+};
+
+// Reads value by value, whatever the lines. A value that is missing or bad is nothing, and reading goes on behind it.
+class SavedRecordReader {
+ public:
+  explicit SavedRecordReader(std::string_view bytes) : rest_(bytes) {}
+
+  // Nothing at the end, and where the value is no number of 32 bits (halves go to the even neighbour).
+  std::optional<int> Number();
+  // With or without quotes; nothing at the end.
+  std::optional<std::string> Text();
+  bool AtEnd();
+
+ private:
+  std::optional<std::string> Next();
+
+  std::string_view rest_;
+};
+
+// All bytes of a file. Raises what files raise.
+std::string ReadWhole(Files& files, const std::string& path);
+
+}  // namespace pixorra

@@ -1,0 +1,12 @@
+// The end of the main window. Every way of closing it comes here, and none is cancelled.
+#pragma once
+
+namespace pixorra {
+
+struct MainForm;
+
+// The film strip and folders are still in place: the saved state needs them so.
+void Form_QueryUnload(MainForm& main);
+void Form_Unload(MainForm& main);
+
+}  // namespace pixorra

@@ -1,0 +1,21 @@
+#include "core/MainForm.h"
+#include "core/Wiring.h"
+#include "preview/PreviewPane.h"
+
+namespace pixorra {
+
+void ConnectPreview(MainForm& main) {
+  PreviewState& preview = main.preview;
+  preview.PicPreview.On().Click = [&main](Control&) { main.preview.bPicEdited = false; };
+  preview.PicPreview.On().MouseMove = [&main](Control&, const MouseArgs&) { PicPreview_MouseMove(main); };
+  preview.PicPreviewSize.On().MouseMove = [&main](Control&, const MouseArgs&) {
+    main.preview.PicPreviewSizeAutoClrTimer.SetEnabled(false);
+  };
+  preview.PicPreviewSizeAutoClrTimer.On().Timer = [&main](Control&) {
+    main.preview.PicPreviewSize.SetVisible(false);
+    main.preview.PicPreviewSizeAutoClrTimer.SetEnabled(false);
+  };
+  main.menu.SelectedPhotoMenu.On().Click = [&main](Control&) { SelectedPhotoMenu_Click(main); };
+}
+
+}  // namespace pixorra
