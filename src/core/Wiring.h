@@ -1,13 +1,13 @@
-// Connecting the events of each subsystem to its operations.
+// Connecting the events of the main window to their operations, one function a room of the program.
 #pragma once
 
 namespace pixorra {
 
 struct MainForm;
 
-void ConnectFilmStrip(MainForm& main);
-void ConnectPreview(MainForm& main);
 void ConnectDesktop(MainForm& main);
 void ConnectDrop(MainForm& main);
+void ConnectFilmStrip(MainForm& main);
+void ConnectPreview(MainForm& main);
 
 }  // namespace pixorra
