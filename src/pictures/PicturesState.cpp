@@ -1,12 +1,14 @@
 #include "pictures/PicturesState.h"
 
 #include "core/Definition.h"
+#include "core/Host.h"
 
 namespace pixorra {
 
 PicturesState::PicturesState(Form& window, Host& host)
     : TempImage(window, "TempImage"),
       TempPic(window, "TempPic"),
-      InvalidPicture(Drawing(host, "InvalidPicture", 80, 60)) {}
+      InvalidPicture(Drawing(host, "InvalidPicture", 80, 60)),
+      jpegBridge{host.jpeg, host.files, host.dialogs} {}
 
 }  // namespace pixorra

@@ -1,6 +1,11 @@
-// What the picture pipeline keeps between calls: scratch elements, the loader's reduction and guard.
+// What the picture pipeline keeps between calls: scratch elements, the loader's reduction and guard, the cache's index.
 #pragma once
 
+#include <memory>
+
+#include "pictures/QuickThumbsIndex.h"
+#include "pictures/cDIBsection.h"
+#include "pictures/mIntelJpgHelper.h"
 #include "platform/controls/ControlArray.h"
 #include "platform/controls/Form.h"
 #include "platform/controls/ImageBox.h"
@@ -20,6 +25,10 @@ struct PicturesState {
 
   int lDecodeScale = 4;  // the JPEG reduction for the next fast decode: 1, 2, 4 or 8
   bool bLoaderBusy = false;
+  std::unique_ptr<cDIBsection> gLoaderDib;  // the surface of the last fast decode
+  JpegBridge jpegBridge;
+
+  QuickThumbsIndex quickThumbs;
 };
 
 }  // namespace pixorra

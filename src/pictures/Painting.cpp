@@ -1,0 +1,146 @@
+#include "pictures/Painting.h"
+
+#include "core/MainForm.h"
+#include "core/Routines.h"
+#include "pictures/Fit.h"
+#include "pictures/PictureLoader.h"
+#include "pictures/QuickThumbs.h"
+#include "pictures/Scratch.h"
+#include "platform/runtime/Errors.h"
+#include "platform/runtime/Numbers.h"
+#include "platform/services/Dialogs.h"
+#include "platform/services/Files.h"
+#include "platform/services/Pictures.h"
+#include "platform/services/Places.h"
+
+namespace pixorra {
+
+namespace {
+
+// The first pass is composed at ten times the thumbnail's size, so that the last reduction is a plain one.
+constexpr double ThumbnailFactor = 10;
+constexpr int SmallTarget = 300;
+constexpr double SmallTargetFactor = 3;
+
+std::string InProgramFolder(Host& host, const char* name) {
+  return StripTrailingBackslash(host.places.ProgramFolder()) + name;
+}
+
+void MakeCanvas(PictureBox& canvas, int width, int height, Colour backColour) {
+  canvas.SetWidth(width);
+  canvas.SetHeight(height);
+  canvas.SetBackColor(backColour);
+  canvas.SetPicture(Picture());
+}
+
+void ComposeThumbnail(Host& host, PictureBox& canvas, ImageBox& photo, int width, int height) {
+  MakeCanvas(canvas, width, height, ButtonFace);
+  const Picture picture = photo.GetPicture();
+  const FittedRect fitted = Fit(width, height, picture.Width(), picture.Height());
+  canvas.PaintPicture(picture, fitted.X, fitted.Y, fitted.Width, fitted.Height);
+  canvas.Refresh();
+
+  const std::string file = InProgramFolder(host, "\\$$T$T.$T$");
+  host.pictures.Save(canvas.Image(), file);
+  photo.SetPicture(Picture());
+  photo.SetPicture(host.pictures.Load(file));
+  photo.Refresh();
+  host.files.Delete(file);
+}
+
+void ReduceThumbnail(Host& host, Scratch<PictureBox>& canvas, const ImageBox& photo, ImageBox& target) {
+  const int width = target.Width();
+  const int height = target.Height();
+  canvas->Cls();
+  canvas->SetPicture(Picture());
+  canvas.Renew();  // at the small size only
+  MakeCanvas(*canvas, width, height, 0);
+  canvas->PaintPicture(photo.GetPicture(), 0, 0, width, height);
+  canvas->Refresh();
+
+  const std::string file = InProgramFolder(host, "\\$W$$.$W$");
+  host.pictures.Save(canvas->Image(), file);
+  target.SetPicture(Picture());
+  target.SetPicture(host.pictures.Load(file));
+  target.Refresh();
+  host.files.Delete(file);
+}
+
+// Tells the photo's size as soon as it is known, and `ok` at the end.
+void ComposeImage(Host& host, Scratch<PictureBox>& canvas, ImageBox& photo, ImageBox& target, Colour backColour,
+                  PaintedImage& painted) {
+  const double factor = target.Width() <= SmallTarget ? SmallTargetFactor : 1;
+  const int composedWidth = CLng(target.Width() * factor);
+  const int composedHeight = CLng(target.Height() * factor);
+  painted.width = photo.Width();
+  painted.height = photo.Height();
+  MakeCanvas(*canvas, composedWidth, composedHeight, backColour);
+  const Picture picture = photo.GetPicture();
+  const FittedRect fitted = Fit(composedWidth, composedHeight, picture.Width(), picture.Height());
+  if (fitted.Fills) {
+    canvas->SetPicture(picture);  // at its own size; the last step stretches it over the target
+  } else {
+    canvas->PaintPicture(picture, fitted.X, fitted.Y, fitted.Width, fitted.Height);
+  }
+  photo.SetPicture(canvas->Image());
+
+  const int width = target.Width();
+  const int height = target.Height();
+  canvas.Renew();
+  canvas->SetWidth(width);
+  canvas->SetHeight(height);
+  canvas->PaintPicture(photo.GetPicture(), 0, 0, width, height);
+  const std::string file = InProgramFolder(host, "\\preview.tmp");
+  host.pictures.Save(canvas->Image(), file);
+  target.SetPicture(host.pictures.Load(file));
+  painted.ok = true;
+}
+
+}  // namespace
+
+void PaintThumbnail(MainForm& main, ImageBox& target, const std::string& path, bool& bDragged) {
+  const int scratch = NextScratchIndex(main.pictures);
+  const Scratch<ImageBox> photo(main.pictures.TempImage, scratch);
+  Scratch<PictureBox> canvas(main.pictures.TempPic, scratch);
+  const int width = CLng(target.Width() * ThumbnailFactor);
+  const int height = CLng(target.Height() * ThumbnailFactor);
+  target.Refresh();
+  // A message while the photo is loaded lets events run, and the slot may go.
+  const Watch<ImageBox> alive(target);
+  if (!ReadQuickThumb(main, path, target, bDragged)) {
+    const bool loaded = LoadPictureFile(main, path, *photo, true);
+    if (!alive) return;
+    if (loaded) {
+      // A failure on the way costs only this thumbnail.
+      ErrorsIgnored([&] {
+        ComposeThumbnail(main.host, *canvas, *photo, width, height);
+        ReduceThumbnail(main.host, canvas, *photo, target);
+        AddQuickThumb(main, path, target.GetPicture());
+        bDragged = false;
+      });
+    } else {
+      target.SetPicture(Picture());
+      target.SetPicture(main.pictures.InvalidPicture);
+    }
+  }
+  target.Refresh();
+}
+
+PaintedImage PaintImage(MainForm& main, const std::string& path, ImageBox& target, Colour backColour) {
+  const int scratch = NextScratchIndex(main.pictures);
+  const Scratch<ImageBox> photo(main.pictures.TempImage, scratch);
+  Scratch<PictureBox> canvas(main.pictures.TempPic, scratch);
+  const Watch<ImageBox> alive(target);
+  PaintedImage painted;
+  const bool loaded = LoadPictureFile(main, path, *photo, false);
+  if (!alive) return painted;
+  if (loaded) {
+    ErrorsIgnored([&] { ComposeImage(main.host, canvas, *photo, target, backColour, painted); });
+  } else {
+    target.SetPicture(Picture());
+    main.host.dialogs.Beep();
+  }
+  return painted;
+}
+
+}  // namespace pixorra

@@ -1,0 +1,143 @@
+#include "pictures/PictureLoader.h"
+
+#include <array>
+#include <cstdint>
+#include <memory>
+#include <string_view>
+
+#include "core/MainForm.h"
+#include "core/Routines.h"
+#include "pictures/mIntelJpgHelper.h"
+#include "platform/runtime/Errors.h"
+#include "platform/services/Dialogs.h"
+#include "platform/services/Pictures.h"
+#include "platform/services/Places.h"
+
+namespace pixorra {
+
+namespace {
+
+constexpr int Unrecognised = 0;
+constexpr int BitmapFile = 1;
+constexpr int GifFile = 2;
+constexpr int JpegFile = 3;
+
+constexpr int SmallestScale = 1;
+constexpr int FirstScale = 4;
+constexpr int LargestScale = 8;
+// Decoded widths that are near enough to a thumbnail's.
+constexpr int LeastWidth = 35;
+constexpr int MostWidth = 85;
+constexpr int TemporaryQuality = 75;
+
+// Runs steps one by one with errors ignored, and keeps the number of the last one that failed.
+class Steps {
+ public:
+  template <typename Step>
+  void Run(Step&& step) {
+    const int failed = ErrorsIgnored(std::forward<Step>(step));
+    if (failed != error::None) number_ = failed;
+  }
+  void Clear() { number_ = error::None; }
+  int Number() const { return number_; }
+
+ private:
+  int number_ = error::None;
+};
+
+class BusyFlag {
+ public:
+  explicit BusyFlag(bool& flag) : flag_(flag) { flag_ = true; }
+  ~BusyFlag() { flag_ = false; }
+  BusyFlag(const BusyFlag&) = delete;
+  BusyFlag& operator=(const BusyFlag&) = delete;
+
+ private:
+  bool& flag_;
+};
+
+// Raises error 380 for a control that shows no picture.
+void SetPictureOf(Control& target, const Picture& picture) {
+  if (target.GetKind() == Kind::ImageBox) {
+    static_cast<ImageBox&>(target).SetPicture(picture);
+  } else if (target.GetKind() == Kind::PictureBox) {
+    static_cast<PictureBox&>(target).SetPicture(picture);
+  } else {
+    throw RuntimeError(error::BadPropertyValue);
+  }
+}
+
+// The reduction for the next photo, so that it comes out about as wide as a thumbnail.
+void AdjustScale(PicturesState& pictures, int decodedWidth) {
+  if (decodedWidth == 0) return;
+  if (decodedWidth < LeastWidth) {
+    if (pictures.lDecodeScale > SmallestScale) pictures.lDecodeScale /= 2;
+  } else if (decodedWidth > MostWidth) {
+    if (pictures.lDecodeScale < LargestScale) pictures.lDecodeScale *= 2;
+  }
+}
+
+// By way of a small JPEG file, decoded at a reduced size.
+void LoadReduced(MainForm& main, const std::string& path, Control& target, Steps& steps) {
+  PicturesState& pictures = main.pictures;
+  Host& host = main.host;
+  const std::string temporary = StripTrailingBackslash(host.places.TemporaryFolder()) + "\\$temp.tmp";
+  steps.Run([&] { host.files.Delete(temporary); });
+  steps.Clear();  // one that is missing counts for nothing
+  pictures.gLoaderDib = std::make_unique<cDIBsection>();
+  bool decoded = false;
+  steps.Run([&] { decoded = LoadJPG(pictures.jpegBridge, *pictures.gLoaderDib, path, pictures.lDecodeScale); });
+  // A photo that broke off half-way must not be passed on as if it were whole.
+  if (decoded) steps.Run([&] { SaveJPG(pictures.jpegBridge, *pictures.gLoaderDib, temporary, TemporaryQuality); });
+  steps.Run([&] { SetPictureOf(target, host.pictures.Load(temporary)); });
+  AdjustScale(pictures, pictures.gLoaderDib->dib_width());
+}
+
+void TellOutOfMemory(MainForm& main) {
+  main.host.dialogs.MsgBox(
+      "The System Graphic Resources are running low.\r\n"
+      "The selected photo CANNOT be displayed at this time.\r\n"
+      "\r\n"
+      "Try closing unnecessary programs to free-up memory.",
+      BoxIcon::Critical, BoxButtons::Ok, "Pixorra - Out of Memory");
+}
+
+}  // namespace
+
+int PictureFileFormat(Files& files, const std::string& path) {
+  std::array<char, 10> start{};
+  std::size_t count = 0;
+  ErrorsIgnored([&] { count = files.Open(path, OpenMode::Read)->ReadAt(0, start.data(), start.size()); });
+  if (count < start.size()) return Unrecognised;
+  const std::string_view bytes(start.data(), start.size());
+  const std::string_view name = bytes.substr(6);
+  if (name == "JFIF" || name == "Exif") return JpegFile;
+  if (bytes.starts_with("GIF")) return GifFile;
+  if (bytes.starts_with("BM")) return BitmapFile;
+  return Unrecognised;
+}
+
+bool LoadPictureFile(MainForm& main, const std::string& path, Control& target, bool bFastJpeg) {
+  PicturesState& pictures = main.pictures;
+  if (pictures.bLoaderBusy) return false;
+  const BusyFlag busy(pictures.bLoaderBusy);
+  if (pictures.lDecodeScale == 0) pictures.lDecodeScale = FirstScale;
+  const int format = PictureFileFormat(main.host.files, path);
+  if (format == Unrecognised) return false;
+
+  // Messages on the way let events run, and the target may go.
+  const Watch<Control> alive(target);
+  Steps steps;
+  steps.Run([&] { SetPictureOf(target, Picture()); });
+  if (!bFastJpeg || format != JpegFile) {
+    steps.Run([&] { SetPictureOf(target, main.host.pictures.Load(path)); });
+  } else {
+    LoadReduced(main, path, target, steps);
+  }
+  if (steps.Number() == error::OutOfMemory) TellOutOfMemory(main);
+  if (!alive) return false;
+  target.Refresh();
+  return steps.Number() == error::None;
+}
+
+}  // namespace pixorra

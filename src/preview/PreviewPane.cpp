@@ -1,0 +1,121 @@
+#include "preview/PreviewPane.h"
+
+#include "core/MainForm.h"
+#include "core/ShownNames.h"
+#include "filmstrip/Marks.h"
+#include "pictures/Painting.h"
+#include "pictures/QuickThumbs.h"
+#include "platform/runtime/Errors.h"
+#include "platform/runtime/Numbers.h"
+#include "platform/runtime/Text.h"
+#include "platform/services/Files.h"
+#include "platform/services/Shell.h"
+
+namespace pixorra {
+
+namespace {
+
+// What the program registered for the file calls itself; empty where there is none.
+std::string EditorName(MainForm& main, const std::string& path) {
+  std::string name;
+  ErrorsIgnored([&] {
+    const std::string program = main.host.shell.FindExecutable(path);
+    if (program.empty()) return;
+    const Shell::VersionInfo info = main.host.shell.ReadVersionInfo(program);
+    name = Trim(info.ProductName);
+    if (name.empty()) name = Trim(info.FileDescription);
+  });
+  return name;
+}
+
+// Shown for two seconds from now on.
+void ShowCaption(PreviewState& preview) {
+  preview.PicPreviewSize.SetVisible(true);
+  preview.PicPreviewSizeAutoClrTimer.SetEnabled(false);
+  preview.PicPreviewSizeAutoClrTimer.SetEnabled(true);
+}
+
+// The selected thumbnail of the film strip takes the photo as it now is, with its mark.
+void RepaintSrcThumbnail(MainForm& main) {
+  FilmStripState& strip = main.strip;
+  const int i = CLng(Val(strip.SrcThumbFrame.Tag()));
+  ImageBox& thumbnail = strip.SrcThumbnail(i);
+  const Watch<ImageBox> alive(thumbnail);
+  bool bDragged = false;
+  PaintThumbnail(main, thumbnail, main.preview.PicPreview.Tag(), bDragged);
+  if (!alive) return;
+  const std::string mark = strip.SrcThumbName(i).Tag();
+  if (!mark.empty() && !thumbnail.GetPicture().IsNothing()) {
+    Bitmap shaded = thumbnail.GetPicture().Pixels().Clone();
+    DotScreen(shaded);
+    thumbnail.SetPicture(Picture(std::move(shaded)));
+  }
+  // A changed photo has a new entry, which takes over the mark.
+  SetQuickThumbMark(main, thumbnail.Tag(), mark);
+}
+
+void RepaintDestThumbnail(MainForm& main) {
+  const int i = CLng(Val(main.desk.DestThumbFrame.Tag()));
+  bool bDragged = false;
+  PaintThumbnail(main, main.desk.DestThumbnail(i), main.preview.PicPreview.Tag(), bDragged);
+}
+
+}  // namespace
+
+void PaintPicPreview(MainForm& main, const std::string& path) {
+  PreviewState& preview = main.preview;
+  main.strip.ThumbsTimer.SetEnabled(false);
+  const PaintedImage painted = PaintImage(main, path, preview.PicPreview, ButtonFace);
+  const std::string name = ShownFileName(main.host.files, path);
+  if (painted.ok) {
+    preview.PicPreviewSize.SetCaption(" W" + std::to_string(painted.width) + " x H" + std::to_string(painted.height) +
+                                      "   " + name + " ");
+    ShowCaption(preview);
+    preview.PicPreview.SetTag(path);
+  } else {
+    preview.PicPreviewSize.SetCaption(" Can't Preview - " + name + " ");
+    ShowCaption(preview);
+    preview.PicPreview.SetTag("");
+  }
+  preview.PicPreviewSize.SetToolTipText(main.host.files.ShownPath(path));
+  preview.PicPreview.SetToolTipText("Double-Click to Edit with \"" + EditorName(main, path) + "\"");
+  main.strip.ThumbsTimer.SetEnabled(true);
+}
+
+void ResetPreview(MainForm& main) {
+  ResetPreview(main, main.Window.Caption());
+}
+
+void ResetPreview(MainForm& main, const std::string& toolTip) {
+  PreviewState& preview = main.preview;
+  preview.PicPreview.SetPicture(preview.Logo);
+  preview.PicPreview.SetToolTipText(toolTip);
+  preview.PicPreviewSize.SetToolTipText(toolTip);
+  preview.PicPreview.SetTag("");
+  preview.PicPreviewSize.SetCaption("");
+  preview.PicPreviewSize.SetVisible(false);
+}
+
+void PicPreview_MouseMove(MainForm& main) {
+  PreviewState& preview = main.preview;
+  const bool selected = !preview.PicPreview.Tag().empty();
+  preview.PicPreview.SetMousePointer(pointer::Custom);
+  preview.PicPreview.SetMouseIcon(selected ? main.desk.DestFolder(0).MouseIcon() : main.drop.NotReadyIcon);
+  if (!preview.PicPreviewSize.Caption().empty()) ShowCaption(preview);
+}
+
+void SelectedPhotoMenu_Click(MainForm& main) {
+  const std::string& selected = main.preview.PicPreview.Tag();
+  if (selected.empty()) return;
+  main.menu.SelectedEditMenuItem.SetCaption("Edit with \"" + EditorName(main, selected) + "\"");
+}
+
+void AutoPicPreviewTimer_Timer(MainForm& main) {
+  PreviewState& preview = main.preview;
+  if (!preview.bPicEdited || preview.PicPreview.Tag().empty()) return;
+  PaintPicPreview(main, std::string(preview.PicPreview.Tag()));
+  if (main.strip.SrcThumbFrame.Visible()) RepaintSrcThumbnail(main);
+  if (main.desk.DestThumbFrame.Visible()) RepaintDestThumbnail(main);
+}
+
+}  // namespace pixorra
