@@ -1,0 +1,105 @@
+#include "drop/Duplicates.h"
+
+#include <algorithm>
+#include <cstring>
+#include <vector>
+
+#include "core/MainForm.h"
+#include "core/Routines.h"
+#include "desktop/OpenFolderView.h"
+#include "drop/DuplicateAskForm.h"
+#include "platform/runtime/Errors.h"
+#include "platform/runtime/Text.h"
+
+namespace pixorra {
+
+namespace {
+
+// Most candidates differ in their first few bytes: little is read of them, and more at a time of those that agree.
+constexpr std::size_t FirstBlock = 4096;
+constexpr std::size_t LargestBlock = 256 * 1024;
+
+}  // namespace
+
+struct ContentComparison::State {
+  Files& files;
+  std::unique_ptr<File> file;
+  std::int64_t length = 0;
+  std::vector<std::uint8_t> start;  // the file's first block
+  std::vector<std::uint8_t> mine;
+  std::vector<std::uint8_t> theirs;
+};
+
+ContentComparison::ContentComparison(Files& files, const std::string& path)
+    : state_(new State{files, files.Open(path, OpenMode::Read), 0, {}, {}, {}}) {
+  state_->length = state_->file->Length();
+}
+
+ContentComparison::~ContentComparison() = default;
+
+bool ContentComparison::SameContent(const std::string& candidate) {
+  State& state = *state_;
+  if (state.files.Length(candidate) != state.length) return false;
+  const std::unique_ptr<File> other = state.files.Open(candidate, OpenMode::Read);
+  if (state.start.empty()) {
+    state.start.resize(FirstBlock);
+    state.theirs.resize(LargestBlock);
+    state.start.resize(state.file->ReadAt(0, state.start.data(), FirstBlock));
+  }
+  std::size_t block = FirstBlock;
+  for (std::int64_t at = 0; at < state.length;) {
+    const auto wanted =
+        static_cast<std::size_t>(std::min<std::int64_t>(static_cast<std::int64_t>(block), state.length - at));
+    const std::size_t read = other->ReadAt(at, state.theirs.data(), wanted);
+    const std::uint8_t* mine = state.start.data();
+    std::size_t readOfMine = state.start.size();
+    if (at > 0) {
+      state.mine.resize(LargestBlock);
+      readOfMine = state.file->ReadAt(at, state.mine.data(), wanted);
+      mine = state.mine.data();
+    }
+    if (read != wanted || readOfMine < wanted) return false;  // one of them has been cut meanwhile
+    const std::size_t first = at == 0 ? 1 : 0;
+    if (std::memcmp(mine + first, state.theirs.data() + first, wanted - first) != 0) return false;
+    at += static_cast<std::int64_t>(wanted);
+    block = std::min(block * 8, LargestBlock);
+  }
+  return true;
+}
+
+std::string FindDuplicate(MainForm& main, std::string& newFile, int slot) {
+  if (main.preferences.DuplicatesAllowOption.Value() || slot == 0) return {};
+  newFile = Trim(newFile);
+  if (newFile.empty()) return {};
+  const FileListBox& list = main.desk.DestFolderFiles(slot);
+  if (list.ListCount() == 0) return {};
+  ContentComparison comparison(main.host.files, newFile);
+  for (int i = 0; i < list.ListCount(); ++i) {
+    std::string candidate = JoinPath(list.Path(), list.List(i));
+    if (candidate != newFile && comparison.SameContent(candidate)) return candidate;
+  }
+  return {};
+}
+
+void ResolveDuplicate(MainForm& main, const std::string& equalFile, const std::string& newFile, int slot) {
+  if (equalFile.empty() || newFile.empty()) return;
+  const PreferencesForm& preferences = main.preferences;
+  if (preferences.DuplicatesAllowOption.Value()) return;
+  std::string goes;
+  if (preferences.DuplicatesAutoOption.Value()) goes = newFile;
+  if (preferences.DuplicatesAskOption.Value()) goes = DeleteDuplicate(main, equalFile, newFile);
+  if (goes.empty()) return;
+  DesktopState& desk = main.desk;
+  if (slot == desk.OpenFolderIndex) {
+    for (int i = 1; i <= desk.DestSlotCount; ++i) {
+      if (desk.DestThumbnail(i).Tag() != goes) continue;
+      // Blank first, so that no stale picture stands while the folder is read again.
+      desk.DestThumbnail(i).SetPicture(main.pictures.InvalidPicture);
+      DeleteDestThumbnail(main, i);
+      break;
+    }
+  }
+  ErrorsIgnored([&] { main.host.files.Delete(goes); });
+}
+
+}  // namespace pixorra

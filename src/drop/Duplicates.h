@@ -1,0 +1,32 @@
+// Duplicates: is a photo that has just come into a folder there already, and which of the two goes.
+#pragma once
+
+#include <memory>
+#include <string>
+
+namespace pixorra {
+
+class Files;
+struct MainForm;
+
+// Do two files hold the same bytes? The lengths must be equal; the very first byte is not compared, as it never was, so
+// that files of one byte or none are all the same. Reading ends at the first difference. Raises what files raise.
+class ContentComparison {
+ public:
+  // Opens the file that others are held against.
+  ContentComparison(Files& files, const std::string& path);
+  ~ContentComparison();
+  bool SameContent(const std::string& candidate);
+
+ private:
+  struct State;
+  std::unique_ptr<State> state_;
+};
+
+// The first file of the slot's list, in its order, that equals the new file; empty where there is none, or where no
+// test is wanted. `newFile` is trimmed. Raises what files raise.
+std::string FindDuplicate(MainForm& main, std::string& newFile, int slot);
+// Deletes one of the two, or none, by the policy.
+void ResolveDuplicate(MainForm& main, const std::string& equalFile, const std::string& newFile, int slot);
+
+}  // namespace pixorra
