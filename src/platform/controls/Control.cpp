@@ -2,6 +2,7 @@
 
 #include "platform/controls/Container.h"
 #include "platform/controls/Form.h"
+#include "platform/controls/Shape.h"
 #include "platform/controls/Toolkit.h"
 #include "platform/runtime/Errors.h"
 #include "platform/runtime/Numbers.h"
@@ -71,8 +72,9 @@ void Control::SetVisible(bool visible) {
   if (visible == visible_) return;
   if (!visible) Invalidate();
   visible_ = visible;
-  if (!visible && container_ != nullptr) GetToolkit().FocusLeaves(*this);
   VisibleChanged();
+  // Last: a handler that hears of it may let the control go.
+  if (!visible) GetToolkit().FocusLeaves(*this);
 }
 
 void Control::VisibleChanged() {
@@ -82,7 +84,11 @@ void Control::VisibleChanged() {
 void Control::SetEnabled(bool enabled) {
   if (enabled == enabled_) return;
   enabled_ = enabled;
-  if (!enabled && container_ != nullptr) GetToolkit().FocusLeaves(*this);
+  EnabledChanged();
+  if (!enabled) GetToolkit().FocusLeaves(*this);
+}
+
+void Control::EnabledChanged() {
   Changed(Change::Enabled);
 }
 
@@ -160,9 +166,10 @@ bool Control::HasFocus() const {
 void Control::Refresh() {
   if (peer_) {
     peer_->Update(Change::Refresh);
-  } else {
-    Invalidate();
+    return;
   }
+  Invalidate();
+  if (Peer* window = GetForm().GetPeer()) window->Update(Change::Refresh);
 }
 
 Rect Control::ShownRect() const {
@@ -228,7 +235,8 @@ void Control::Changed(Change change) {
 
 void Control::Invalidate() const {
   if (container_ == nullptr || !IsShown()) return;
-  const Rect rect = ShownRect();
+  Rect rect = ShownRect();
+  if (kind_ == Kind::Shape) rect = rect.Grown(Shape::BorderReach);
   if (!rect.IsEmpty()) GetForm().InvalidateRect(rect);
 }
 

@@ -143,6 +143,7 @@ class Control {
   // Bounds are settled already; tells peers and repaints. Containers and forms do more.
   virtual void BoundsChanged(const Rect& before);
   virtual void VisibleChanged();
+  virtual void EnabledChanged();
   void SetBounds(const Rect& bounds);
 
  private:

@@ -19,11 +19,16 @@ void FileListBox::CopyFrom(const FileListBox& source) {
   Control::CopyFrom(source);
   path_ = source.path_;
   pattern_ = source.pattern_;
+  names_ = source.names_;
+  generation_ = source.generation_;
 }
 
 void FileListBox::SetPath(const std::string& path) {
   const std::string folder = files_.FolderPath(path);
-  if (folder == path_) return;
+  if (folder == path_) {
+    if (generation_ == 0) Refresh();  // the folder that it starts with has not been read yet
+    return;
+  }
   path_ = folder;
   Refresh();
   Raise(On().PathChange, static_cast<Control&>(*this));

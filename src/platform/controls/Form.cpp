@@ -107,12 +107,12 @@ void Form::Show() {
 }
 
 void Form::ShowOwned(Form* owner) {
-  owner_ = owner;
+  owner_ = owner != nullptr ? Watch<Form>(*owner) : Watch<Form>();
   Show();
 }
 
 void Form::ShowModal(Form* owner) {
-  owner_ = owner;
+  owner_ = owner != nullptr ? Watch<Form>(*owner) : Watch<Form>();
   modal_ = true;
   // Also when loading it, or a handler that runs meanwhile, raises.
   struct Modal {
@@ -129,8 +129,10 @@ void Form::ShowModal(Form* owner) {
   toolkit_.WaitUntil([&] { return !modal.form || !modal.form->Visible(); });
 }
 
+// A modal form that is hidden lets the others go at once, not when its ShowModal comes to return.
 void Form::Hide() {
   SetVisible(false);
+  toolkit_.PopModal(*this);
   toolkit_.Deactivate(*this);
 }
 
@@ -141,14 +143,19 @@ void Form::SetStaysOnTop(bool onTop) {
 
 void Form::Unload() {
   if (!loaded_ || unloading_) return;
+  // A handler may raise, and the form may go in it.
+  struct Unloading {
+    Watch<Form> form;
+    ~Unloading() {
+      if (form) form->unloading_ = false;
+    }
+  } const unloading{Watch<Form>(*this)};
   unloading_ = true;
-  Watch<Form> self(*this);
   Raise(On().QueryUnload, static_cast<Control&>(*this));
-  if (!self) return;
+  if (!unloading.form) return;
   Raise(On().Unload, static_cast<Control&>(*this));
-  if (!self) return;
+  if (!unloading.form) return;
   loaded_ = false;
-  unloading_ = false;
   Hide();
   DropPeersWithin();
   DropPeer();
@@ -160,9 +167,16 @@ bool Form::HasMenuBar() const {
 
 void Form::AddMenu(MenuItem& menu) {
   menus_.push_back(&menu);
+  MenuChanged();
 }
 
+void Form::RemoveMenu(MenuItem& menu) {
+  std::erase(menus_, &menu);
+}
+
+// A menu bar that comes or goes takes its height from what is left inside.
 void Form::MenuChanged() {
+  SetBounds({0, 0, ScaleWidth(), ScaleHeight()});
   if (GetPeer() != nullptr) GetPeer()->Update(Change::Menu);
 }
 

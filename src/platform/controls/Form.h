@@ -71,7 +71,7 @@ class Form : public Container {
   void ShowOwned(Form* owner);
   void Hide();
   bool IsModal() const { return modal_; }
-  Form* Owner() const { return owner_; }
+  Form* Owner() const { return owner_.Get(); }
   bool StaysOnTop() const { return onTop_; }
   void SetStaysOnTop(bool onTop);
   // Raises QueryUnload, then Unload; then it is hidden and no longer loaded. It can be loaded again.
@@ -85,6 +85,7 @@ class Form : public Container {
   const std::vector<MenuItem*>& Menus() const { return menus_; }
   bool HasMenuBar() const;
   void AddMenu(MenuItem& menu);
+  void RemoveMenu(MenuItem& menu);
   void MenuChanged();
   // Shows a menu at the pointer and returns when it is closed; a chosen item's Click has run by then.
   void PopupMenu(MenuItem& menu);
@@ -103,7 +104,7 @@ class Form : public Container {
   Toolkit& toolkit_;
   std::vector<MenuItem*> menus_;
   std::string caption_;
-  Form* owner_ = nullptr;
+  Watch<Form> owner_;
   double left_ = 0;
   double top_ = 0;
   double width_ = 400 * TwipsPerPixel;

@@ -16,6 +16,7 @@ struct Rect {
   bool IsEmpty() const { return Width <= 0 || Height <= 0; }
   bool Contains(int x, int y) const { return x >= Left && x < Right() && y >= Top && y < Bottom(); }
   Rect Moved(int dx, int dy) const { return {Left + dx, Top + dy, Width, Height}; }
+  Rect Grown(int by) const { return {Left - by, Top - by, Width + 2 * by, Height + 2 * by}; }
   Rect Intersected(const Rect& other) const {
     const int left = std::max(Left, other.Left);
     const int top = std::max(Top, other.Top);

@@ -36,4 +36,10 @@ void ImageBox::SetBorderStyle(int style) {
   Changed(Change::Look);
 }
 
+void ImageBox::SetPressedPicture(const Picture& picture) {
+  if (picture == pressedPicture_) return;
+  pressedPicture_ = picture;
+  if (borderStyle_ != 0) Changed(Change::Look);
+}
+
 }  // namespace pixorra

@@ -24,7 +24,7 @@ class ImageBox : public Control {
   void SetBorderStyle(int style);
   // Shown in place of the picture while the border style is 1; nothing: the picture itself.
   const Picture& PressedPicture() const { return pressedPicture_; }
-  void SetPressedPicture(const Picture& picture) { pressedPicture_ = picture; }
+  void SetPressedPicture(const Picture& picture);
 
  private:
   Picture picture_;

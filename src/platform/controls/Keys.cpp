@@ -16,7 +16,7 @@ bool EditsText(int keyCode, int shift) {
 }
 
 MenuItem* FindShortcut(MenuItem& menu, int keyCode, int shift) {
-  if (menu.ShortcutKey() == keyCode && menu.ShortcutShift() == shift && menu.Enabled() && menu.Items().empty())
+  if (menu.ShortcutKey() == keyCode && menu.ShortcutShift() == shift && menu.CanBeChosen() && menu.Items().empty())
     return &menu;
   for (MenuItem* item : menu.Items()) {
     if (MenuItem* found = FindShortcut(*item, keyCode, shift)) return found;
@@ -26,7 +26,19 @@ MenuItem* FindShortcut(MenuItem& menu, int keyCode, int shift) {
 
 // Return presses the button that has the focus, or else the default button; Escape the cancel button. In a box of
 // several lines Return is a character.
-bool PressButton(Form& form, Control* focus, int keyCode) {
+CommandButton* FindButton(const Container& container, bool (CommandButton::*isWanted)() const) {
+  for (Control* control : container.Controls()) {
+    if (const Container* inner = AsContainer(*control)) {
+      if (CommandButton* found = FindButton(*inner, isWanted)) return found;
+    }
+    if (control->GetKind() != Kind::CommandButton || !control->IsShown() || !control->Enabled()) continue;
+    auto* candidate = static_cast<CommandButton*>(control);
+    if ((candidate->*isWanted)()) return candidate;
+  }
+  return nullptr;
+}
+
+bool PressButton(const Form& form, Control* focus, int keyCode) {
   if (keyCode == key::Return && focus != nullptr) {
     if (focus->GetKind() == Kind::CommandButton) {
       static_cast<CommandButton*>(focus)->UserClicked();
@@ -35,15 +47,11 @@ bool PressButton(Form& form, Control* focus, int keyCode) {
     if (focus->GetKind() == Kind::TextBox && static_cast<TextBox*>(focus)->MultiLine()) return false;
   }
   if (keyCode != key::Return && keyCode != key::Escape) return false;
-  for (Control* control : form.Controls()) {
-    if (control->GetKind() != Kind::CommandButton || !control->IsShown() || !control->Enabled()) continue;
-    auto* candidate = static_cast<CommandButton*>(control);
-    if (keyCode == key::Return ? candidate->IsDefault() : candidate->IsCancel()) {
-      candidate->UserClicked();
-      return true;
-    }
-  }
-  return false;
+  CommandButton* button =
+      FindButton(form, keyCode == key::Return ? &CommandButton::IsDefault : &CommandButton::IsCancel);
+  if (button == nullptr) return false;
+  button->UserClicked();
+  return true;
 }
 
 }  // namespace
@@ -51,7 +59,7 @@ bool PressButton(Form& form, Control* focus, int keyCode) {
 bool Toolkit::RunShortcut(Form& form, int keyCode, int shift) {
   const Control* focus = focus_.Get();
   const bool typing = focus != nullptr && focus->GetKind() == Kind::TextBox && &focus->GetForm() == &form;
-  if (typing && EditsText(keyCode, shift)) return false;
+  if (keyCode == 0 || (typing && EditsText(keyCode, shift))) return false;
   for (MenuItem* menu : form.Menus()) {
     if (MenuItem* item = FindShortcut(*menu, keyCode, shift)) {
       item->UserClicked();
@@ -61,40 +69,46 @@ bool Toolkit::RunShortcut(Form& form, int keyCode, int shift) {
   return false;
 }
 
+// A form that a handler has closed hears no more of the key.
 bool Toolkit::KeyPressed(Form& form, int keyCode, int shift) {
   if (!TakesInput(form)) return true;
-  Watch<Form> watch(form);
+  const Watch<Form> watch(form);
+  const auto used = [&](int code) { return code == 0 || !watch || !watch->Visible(); };
   int code = keyCode;
   if (form.KeyPreview()) {
     Raise(form.On().KeyDown, static_cast<Control&>(form), code, shift);
-    if (code == 0 || !watch) return true;
+    if (used(code)) return true;
   }
   if (RunShortcut(form, code, shift)) return true;
-  const Watch<Control> focus = focus_;
-  if (focus && &focus->GetForm() == &form) {
+  const Watch<Control> focus = FocusWithin(form);
+  if (focus) {
     Raise(focus->On().KeyDown, *focus.Get(), code, shift);
   } else if (!form.KeyPreview()) {
     Raise(form.On().KeyDown, static_cast<Control&>(form), code, shift);
   }
-  if (code == 0 || !watch) return true;
-  return PressButton(form, focus.Get(), code);
+  return used(code) || PressButton(form, focus.Get(), code);
 }
 
 bool Toolkit::CharacterTyped(Form& form, int codePoint) {
   if (!TakesInput(form)) return true;
-  Watch<Form> watch(form);
+  const Watch<Form> watch(form);
+  const auto used = [&](int code) { return code == 0 || !watch || !watch->Visible(); };
   int code = codePoint;
   if (form.KeyPreview()) {
     Raise(form.On().KeyPress, static_cast<Control&>(form), code);
-    if (code == 0 || !watch) return true;
+    if (used(code)) return true;
   }
-  const Watch<Control> focus = focus_;
-  if (focus && &focus->GetForm() == &form) {
+  const Watch<Control> focus = FocusWithin(form);
+  if (focus) {
     Raise(focus->On().KeyPress, *focus.Get(), code);
   } else if (!form.KeyPreview()) {
     Raise(form.On().KeyPress, static_cast<Control&>(form), code);
   }
-  return code == 0;
+  return used(code);
+}
+
+Watch<Control> Toolkit::FocusWithin(const Form& form) const {
+  return focus_ && &focus_->GetForm() == &form ? focus_ : Watch<Control>();
 }
 
 }  // namespace pixorra

@@ -32,8 +32,12 @@ void ItemList::AddItem(const std::string& text, int index) {
 void ItemList::RemoveItem(int index) {
   At(index);
   items_.erase(items_.begin() + index);
-  if (listIndex_ == index) listIndex_ = -1;
-  if (listIndex_ > index) --listIndex_;
+  if (listIndex_ == index) {
+    listIndex_ = -1;
+    Chosen();
+  } else if (listIndex_ > index) {
+    --listIndex_;
+  }
   Changed(Change::Items);
 }
 

@@ -20,6 +20,15 @@ MenuItem::MenuItem(MenuItem& parent, const std::string& name, const std::string&
   parent.items_.push_back(this);
 }
 
+// Both ways, as neither the menu above nor the items below need outlive it.
+MenuItem::~MenuItem() {
+  for (MenuItem* item : items_) item->parent_ = nullptr;
+  if (parent_ != nullptr) std::erase(parent_->items_, this);
+  if (GetContainer() == nullptr) return;
+  if (parent_ == nullptr) GetForm().RemoveMenu(*this);
+  Tell();
+}
+
 void MenuItem::SetCaption(const std::string& caption) {
   if (caption == caption_) return;
   caption_ = caption;
@@ -33,6 +42,10 @@ void MenuItem::SetChecked(bool checked) {
 }
 
 void MenuItem::VisibleChanged() {
+  Tell();
+}
+
+void MenuItem::EnabledChanged() {
   Tell();
 }
 

@@ -15,6 +15,7 @@ class MenuItem : public Control {
   // An item of a menu, or a submenu. A caption of "-" is a separator.
   MenuItem(MenuItem& parent, const std::string& name, const std::string& caption, int shortcutKey = 0,
            int shortcutShift = 0);
+  ~MenuItem() override;
 
   // "&" stands before the letter that chooses it.
   const std::string& Caption() const { return caption_; }
@@ -36,6 +37,7 @@ class MenuItem : public Control {
 
  protected:
   void VisibleChanged() override;
+  void EnabledChanged() override;
 
  private:
   void Tell();

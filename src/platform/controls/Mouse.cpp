@@ -55,16 +55,22 @@ void Toolkit::MouseDoubleClicked(Form& form, int x, int y, int button, int shift
 
 void Toolkit::Press(Form& form, int x, int y, int button, int shift, bool second) {
   if (!TakesInput(form) || dragSource_) return;
+  if (pressed_ && pressedButton_ != 0 && pressedButton_ != button) {
+    // A second button while one is held goes where the first one went.
+    Raise(pressed_->On().MouseDown, *pressed_.Get(), ArgsFor(*pressed_.Get(), x, y, button, shift));
+    return;
+  }
   const Watch<Control> control(*ControlAt(form, x, y));
   pressed_ = control;
   pressedButton_ = button;
+  secondPress_ = false;
   if (control->AutomaticDrag() && button == button::Left) {
     BeginDrag(form, *control.Get(), x, y);
     return;
   }
   if (second && button == button::Left) {
+    secondPress_ = true;  // the release that follows is no further click
     Raise(control->On().DblClick, *control.Get());
-    pressedButton_ = 0;  // the release that follows is no further click
     return;
   }
   Raise(control->On().MouseDown, *control.Get(), ArgsFor(*control.Get(), x, y, button, shift));
@@ -89,9 +95,9 @@ void Toolkit::MouseReleased(Form& form, int x, int y, int button, int shift) {
     return;
   }
   const Watch<Control> control = pressed_;
-  const bool clicks = pressedButton_ == button && button == button::Left;
-  pressed_ = {};
-  pressedButton_ = 0;
+  const bool held = pressedButton_ == button;
+  const bool clicks = held && button == button::Left && !secondPress_;
+  if (held) ReleaseCapture();
   if (!control || !TakesInput(form)) return;
   const bool within = ControlAt(form, x, y) == control.Get();
   Raise(control->On().MouseUp, *control.Get(), ArgsFor(*control.Get(), x, y, button, shift));
@@ -166,10 +172,18 @@ void Toolkit::MoveDrag(Form& form, int x, int y) {
 
 // The drag is over before its drop is told: what the drop asks of the user comes up with the mouse free.
 void Toolkit::EndDrag(Form& form, int x, int y) {
-  MoveDrag(form, x, y);
-  const Watch<Control> source = dragSource_;
-  const Watch<Control> target = dragTarget_;
-  CancelDrag();
+  Watch<Control> source;
+  Watch<Control> target;
+  {
+    // It ends also where a handler raises on this last move.
+    struct Over {
+      Toolkit& toolkit;
+      ~Over() { toolkit.CancelDrag(); }
+    } const over{*this};
+    MoveDrag(form, x, y);
+    source = dragSource_;
+    target = dragTarget_;
+  }
   if (!source || !target || !TakesInput(form)) return;
   const MouseArgs at = ArgsFor(*target.Get(), x, y, 0, 0);
   Raise(target->On().DragDrop, *target.Get(), *source.Get(), at.X, at.Y);
@@ -178,8 +192,7 @@ void Toolkit::EndDrag(Form& form, int x, int y) {
 void Toolkit::CancelDrag() {
   dragSource_ = {};
   dragTarget_ = {};
-  pressed_ = {};
-  pressedButton_ = 0;
+  ReleaseCapture();
   backend_.DragChanged();
 }
 

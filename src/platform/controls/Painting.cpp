@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "platform/controls/Form.h"
+#include "platform/controls/Shape.h"
 
 namespace pixorra {
 
@@ -21,17 +22,12 @@ bool IsPainted(const Control& control) {
   }
 }
 
-// A shape's border may stand out by half its width.
-constexpr int BorderReach = 4;
-
 void Collect(const Container& container, int originX, int originY, const Rect& exposed, std::vector<PaintItem>& items) {
   std::vector<const Control*> seen;
   for (const Control* control : container.Controls()) {
     if (!IsPainted(*control)) continue;
     Rect at = control->Bounds().Moved(originX, originY);
-    if (control->GetKind() == Kind::Shape) {
-      at = {at.Left - BorderReach, at.Top - BorderReach, at.Width + 2 * BorderReach, at.Height + 2 * BorderReach};
-    }
+    if (control->GetKind() == Kind::Shape) at = at.Grown(Shape::BorderReach);
     if (!at.Intersected(exposed).IsEmpty()) seen.push_back(control);
   }
   std::sort(seen.begin(), seen.end(), [](const Control* a, const Control* b) { return a->ZOrder() < b->ZOrder(); });

@@ -22,6 +22,17 @@ Colour SolidColour(Colour colour) {
   }
 }
 
+namespace {
+
+void SetPixel(Bitmap& surface, int x, int y, Colour colour) {
+  std::uint8_t* pixel = surface.Row(y) + x * surface.BytesPerPixel();
+  pixel[0] = static_cast<std::uint8_t>(colour >> 16);
+  pixel[1] = static_cast<std::uint8_t>(colour >> 8);
+  pixel[2] = static_cast<std::uint8_t>(colour);
+}
+
+}  // namespace
+
 PictureBox::PictureBox(Container& container, const std::string& name)
     : PictureBox(container, std::make_shared<Identity>(Identity{name, {}}), 0) {}
 
@@ -83,10 +94,7 @@ void PictureBox::PaintPicture(const Picture& picture, double x, double y, double
 void PictureBox::PSet(int x, int y, Colour colour) {
   Bitmap& surface = MakeSurface();
   if (x < 0 || y < 0 || x >= surface.Width() || y >= surface.Height()) return;
-  std::uint8_t* pixel = surface.Row(y) + x * surface.BytesPerPixel();
-  pixel[0] = static_cast<std::uint8_t>(colour >> 16);
-  pixel[1] = static_cast<std::uint8_t>(colour >> 8);
-  pixel[2] = static_cast<std::uint8_t>(colour);
+  SetPixel(surface, x, y, colour);
   Drawn();
 }
 
@@ -106,7 +114,7 @@ void PictureBox::Box(double x1, double y1, double x2, double y2, Colour colour, 
   for (int y = std::max(0, top); y <= std::min(bottom, surface_.Height() - 1); ++y) {
     const bool edge = filled || y == top || y == bottom;
     for (int x = std::max(0, left); x <= std::min(right, surface_.Width() - 1); ++x) {
-      if (edge || x == left || x == right) PSet(x, y, colour);
+      if (edge || x == left || x == right) SetPixel(surface_, x, y, colour);
     }
   }
   Drawn();

@@ -9,6 +9,9 @@ namespace pixorra {
 
 class Shape : public Control {
  public:
+  // Pixels by which a border may stand out of the rectangle.
+  static constexpr int BorderReach = 4;
+
   Shape(Container& container, const std::string& name);
 
   Colour BorderColor() const { return borderColor_; }

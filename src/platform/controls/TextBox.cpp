@@ -24,15 +24,21 @@ void TextBox::Select(int start, int length) {
   Changed(Change::Text);
 }
 
-void TextBox::UserTyped(const std::string& text) {
+void TextBox::UserTyped(const std::string& text, int cursor) {
   if (locked_ || !Enabled() || text == text_) return;
   text_ = text;
+  if (cursor >= 0) {
+    UserSelected(cursor, 0);
+  } else {
+    UserSelected(selStart_, selLength_);
+  }
   Raise(On().Change, static_cast<Control&>(*this));
 }
 
 void TextBox::UserSelected(int start, int length) {
-  selStart_ = start;
-  selLength_ = length;
+  const int end = static_cast<int>(text_.size());
+  selStart_ = std::clamp(start, 0, end);
+  selLength_ = std::clamp(length, 0, end - selStart_);
 }
 
 }  // namespace pixorra

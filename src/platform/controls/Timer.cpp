@@ -7,7 +7,7 @@ namespace pixorra {
 
 Timer::Timer(Container& container, const std::string& name, int interval)
     : Control(&container, Kind::Timer, std::make_shared<Identity>(Identity{name, {}}), 0), interval_(interval) {
-  Control::SetEnabled(false);
+  SetEnabled(false);
   GetToolkit().AddTimer(*this);
 }
 
@@ -20,9 +20,7 @@ void Timer::SetInterval(int milliseconds) {
   Restart();
 }
 
-void Timer::SetEnabled(bool enabled) {
-  if (enabled == Enabled()) return;
-  Control::SetEnabled(enabled);
+void Timer::EnabledChanged() {
   Restart();
 }
 

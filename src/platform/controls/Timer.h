@@ -1,4 +1,5 @@
-// A timer: raises Timer each time its interval has passed while it is enabled.
+// A timer: raises Timer each time its interval has passed while it is enabled. Enabling one that was disabled starts
+// its interval.
 #pragma once
 
 #include <string>
@@ -15,13 +16,13 @@ class Timer : public Control {
 
   int Interval() const { return interval_; }
   void SetInterval(int milliseconds);  // starts the interval anew
-  // Enabling a disabled timer starts its interval; enabling an enabled one does nothing.
-  void SetEnabled(bool enabled);
-
   // For the toolkit: it can tick, and when, by the back end's clock.
   bool Runs() const { return Enabled() && interval_ > 0 && !ticking_; }
   double Deadline() const { return deadline_; }
   void Tick(double now);
+
+ protected:
+  void EnabledChanged() override;
 
  private:
   void Restart();

@@ -49,14 +49,33 @@ void Toolkit::AddForm(Form& form) {
 }
 
 void Toolkit::RemoveForm(Form& form) {
+  Deactivate(form);
   std::erase(forms_, &form);
   std::erase(modal_, &form);
 }
 
+// Nothing comes in front of the form that is modal.
 void Toolkit::Activate(Form& form) {
-  std::erase(forms_, &form);
-  forms_.push_back(&form);
-  active_ = Watch<Form>(form);
+  Form* front = &form;
+  Arrange(form);
+  if (!modal_.empty() && modal_.back() != &form && modal_.back()->Visible()) {
+    front = modal_.back();
+    Arrange(*front);
+  }
+  active_ = Watch<Form>(*front);
+}
+
+// To the front, and before it the forms that it owns, and before all those that stay on top.
+void Toolkit::Arrange(Form& front) {
+  const auto rank = [&](const Form* form) {
+    if (form->StaysOnTop()) return 3;
+    if (form == &front) return 1;
+    for (const Form* owner = form->Owner(); owner != nullptr; owner = owner->Owner()) {
+      if (owner == &front) return 2;
+    }
+    return 0;
+  };
+  std::stable_sort(forms_.begin(), forms_.end(), [&](const Form* a, const Form* b) { return rank(a) < rank(b); });
 }
 
 void Toolkit::Deactivate(Form& form) {
@@ -70,7 +89,19 @@ void Toolkit::Deactivate(Form& form) {
   }
 }
 
+// The press that brought up a window is let go over that window: what was pressed never hears of it.
+void Toolkit::ReleaseCapture() {
+  pressed_ = {};
+  pressedButton_ = 0;
+}
+
+void Toolkit::PushBox() {
+  ++boxes_;
+  ReleaseCapture();
+}
+
 void Toolkit::PushModal(Form& form) {
+  ReleaseCapture();
   modal_.push_back(&form);
 }
 
@@ -79,12 +110,19 @@ void Toolkit::PopModal(Form& form) {
 }
 
 void Toolkit::PopupMenu(Form& form, MenuItem& menu) {
+  ReleaseCapture();
   Raise(menu.On().Click, static_cast<Control&>(menu));
   backend_.PopupMenu(form, menu);
 }
 
-// A control that leaves the focus hears of it first, then the one that takes it.
+// A control that leaves the focus hears of it first, then the one that takes it. A form that is given the focus comes
+// to the front and leaves it where it is.
 void Toolkit::SetFocus(Control* control) {
+  if (control != nullptr && control->GetKind() == Kind::Form) {
+    auto& form = static_cast<Form&>(*control);
+    if (form.Visible()) Activate(form);
+    return;
+  }
   Control* before = focus_.Get();
   if (before == control) return;
   focus_ = control != nullptr ? Watch<Control>(*control) : Watch<Control>();

@@ -41,7 +41,7 @@ class Toolkit {
   // No modal form or box stands above it.
   bool TakesInput(const Form& form) const;
   // A box of the host is up: no form takes input until it is closed.
-  void PushBox() { ++boxes_; }
+  void PushBox();
   void PopBox() { --boxes_; }
 
   // --- what a person does; pixels of the form's client area; results tell whether it was used
@@ -115,7 +115,10 @@ class Toolkit {
   void BeginDrag(Form& form, Control& source, int x, int y);
   void MoveDrag(Form& form, int x, int y);
   void EndDrag(Form& form, int x, int y);
+  void ReleaseCapture();
+  void Arrange(Form& front);
   void Hover(Form& form, Control* control);
+  Watch<Control> FocusWithin(const Form& form) const;
   bool RunShortcut(Form& form, int keyCode, int shift);
 
   Backend& backend_;
@@ -130,6 +133,7 @@ class Toolkit {
   Watch<Control> dragTarget_;
   Watch<Form> dragForm_;
   int pressedButton_ = 0;
+  bool secondPress_ = false;
   int dragX_ = 0;
   int dragY_ = 0;
   int grabX_ = 0;  // where on the source it was taken

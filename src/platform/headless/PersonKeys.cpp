@@ -49,9 +49,7 @@ void Insert(TextBox& box, const std::string& text) {
   std::string whole = box.Text();
   const int start = std::min(box.SelStart(), static_cast<int>(whole.size()));
   whole.replace(static_cast<std::size_t>(start), static_cast<std::size_t>(box.SelLength()), text);
-  const Watch<TextBox> watch(box);
-  box.UserSelected(start + static_cast<int>(text.size()), 0);
-  box.UserTyped(whole);
+  box.UserTyped(whole, start + static_cast<int>(text.size()));
 }
 
 // Takes away what is selected, or else the character before or behind the cursor.
