@@ -1,4 +1,5 @@
-// Questions to the user that need no form of the program's own, and the beep. Each waits until it is answered; timers run on.
+// Questions to the user that need no form of the program's own, and the beep. Each waits until it is answered; timers
+// run on.
 #pragma once
 
 #include <optional>

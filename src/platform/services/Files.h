@@ -13,9 +13,9 @@ namespace pixorra {
 
 namespace attribute {
 inline constexpr int Normal = 0;
-inline constexpr int ReadOnly = 1;   // the owner may not write it
-inline constexpr int Hidden = 2;     // its name begins with a full stop
-inline constexpr int System = 4;     // a FIFO, a socket, a device, or a link that leads nowhere
+inline constexpr int ReadOnly = 1;  // the owner may not write it
+inline constexpr int Hidden = 2;    // its name begins with a full stop
+inline constexpr int System = 4;    // a FIFO, a socket, a device, or a link that leads nowhere
 inline constexpr int Directory = 16;
 inline constexpr int Archive = 32;
 }  // namespace attribute

@@ -1,4 +1,5 @@
-// Where the program's own files and the user's special folders lie. Paths are the program's, with no trailing backslash.
+// Where the program's own files and the user's special folders lie. Paths are the program's, with no trailing
+// backslash.
 #pragma once
 
 #include <string>

@@ -37,8 +37,8 @@ class PrintSurface {
   virtual void SetFillStyle(int style) = 0;  // 1 transparent
   virtual void Box(double x1, double y1, double x2, double y2, Colour colour) = 0;
   // Part of a picture, in the picture's twips at 15 to a pixel, stretched into a rectangle.
-  virtual void PaintPicture(const Picture& picture, double x, double y, double width, double height, double sourceX, double sourceY,
-                            double sourceWidth, double sourceHeight) = 0;
+  virtual void PaintPicture(const Picture& picture, double x, double y, double width, double height, double sourceX,
+                            double sourceY, double sourceWidth, double sourceHeight) = 0;
   virtual void NewPage() = 0;
   virtual void EndDoc() = 0;
 };

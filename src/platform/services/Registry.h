@@ -16,7 +16,8 @@ class Registry {
   virtual ~Registry() = default;
   virtual bool KeyExists(std::uint32_t root, const std::string& key) = 0;
   // Makes the key where it is missing. The results of both are not told.
-  virtual void SetKeyValue(std::uint32_t root, const std::string& key, const std::string& valueName, const std::string& text) = 0;
+  virtual void SetKeyValue(std::uint32_t root, const std::string& key, const std::string& valueName,
+                           const std::string& text) = 0;
   virtual void DeleteKey(std::uint32_t root, const std::string& key) = 0;
 };
 
@@ -25,7 +26,8 @@ class Settings {
   virtual ~Settings() = default;
   virtual std::string GetSetting(const std::string& application, const std::string& section, const std::string& key,
                                  const std::string& otherwise) = 0;
-  virtual void SaveSetting(const std::string& application, const std::string& section, const std::string& key, const std::string& text) = 0;
+  virtual void SaveSetting(const std::string& application, const std::string& section, const std::string& key,
+                           const std::string& text) = 0;
 };
 
 }  // namespace pixorra

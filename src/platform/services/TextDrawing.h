@@ -8,7 +8,7 @@
 namespace pixorra {
 
 struct Font {
-  std::string Name;  // empty: the desktop's own
+  std::string Name;    // empty: the desktop's own
   double Size = 8.25;  // points; 96 pixels to the inch
   bool Bold = false;
 
@@ -25,7 +25,8 @@ class TextDrawing {
   virtual ~TextDrawing() = default;
   virtual TextExtent Measure(const Font& font, const std::string& text) = 0;
   // Left and top of the text's box, in pixels.
-  virtual void Draw(Bitmap& target, const Font& font, double left, double top, const std::string& text, Colour colour) = 0;
+  virtual void Draw(Bitmap& target, const Font& font, double left, double top, const std::string& text,
+                    Colour colour) = 0;
 };
 
 }  // namespace pixorra
