@@ -5,6 +5,7 @@
 #include <string>
 #include <sys/mount.h>
 #include <unistd.h>
+#include <utility>
 
 namespace pixorra {
 

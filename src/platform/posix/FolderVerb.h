@@ -1,0 +1,24 @@
+// A command in the pop-up menu of every folder, for the file managers that take one from a file in the data folder.
+// None of them is told by registering a program for folders: such a program might become the one that opens them.
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace pixorra {
+
+struct VerbFile {
+  std::string Place;  // below the data folder
+  std::string Text;
+  bool Executable = false;
+};
+
+// Every text holds this line's words, so that a file of somebody else's is told from one of these.
+inline constexpr const char* VerbMark = "Made by Pixorra";
+
+// `name` is what the menu shows. The command starts with the program's host path; in an argument "%L" stands for the
+// folder.
+std::vector<VerbFile> FilesOfFolderVerb(const std::string& name, const std::string& program,
+                                        const std::vector<std::string>& arguments);
+
+}  // namespace pixorra

@@ -1,0 +1,26 @@
+// Per-user settings in one file that the program and its companion share.
+#pragma once
+
+#include <string>
+
+#include "platform/services/Registry.h"
+
+namespace pixorra {
+
+// Application, section and key ignore case. Each call reads the file anew, since two programs write it.
+class PosixSettings : public Settings {
+ public:
+  // A host path; its folder is made when something is saved.
+  explicit PosixSettings(std::string file) : file_(std::move(file)) {}
+
+  std::string GetSetting(const std::string& application, const std::string& section, const std::string& key,
+                         const std::string& otherwise) override;
+  // Raises what the host's error stands for; the old settings stand then.
+  void SaveSetting(const std::string& application, const std::string& section, const std::string& key,
+                   const std::string& text) override;
+
+ private:
+  std::string file_;
+};
+
+}  // namespace pixorra

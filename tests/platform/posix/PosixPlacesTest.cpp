@@ -1,0 +1,162 @@
+// Contract of Places and Clock on the host.
+#include <cmath>
+#include <cstdlib>
+#include <ctime>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+#include "platform/posix/PosixClock.h"
+#include "platform/posix/PosixPlaces.h"
+#include "tests/support/TemporaryDrive.h"
+
+namespace pixorra {
+namespace {
+
+using ::testing::ElementsAre;
+
+class OnPosixPlaces : public ::testing::Test {
+ protected:
+  OnPosixPlaces() {
+    drive_.MakeFolder("C:\\home\\anna");
+    environment_ = Environment::OfHome(drive_.HostPath("C:\\home\\anna"));
+  }
+  PosixPlaces Made() {
+    return PosixPlaces(environment_, std::make_shared<FixedMapping>(PathMapping({{'C', drive_.HostRoot(), "Test"}})));
+  }
+  TemporaryDrive drive_;
+  Environment environment_;
+};
+
+TEST_F(OnPosixPlaces, TheProgramsFoldersAreMadeOnFirstUseForTheUserAlone) {
+  PosixPlaces places = Made();
+  EXPECT_FALSE(drive_.Exists("C:\\home\\anna\\.local"));
+  EXPECT_EQ(places.ProgramFolder(), "C:\\home\\anna\\.local\\share\\pixorra");
+  EXPECT_EQ(places.WindowsFolder(), "C:\\home\\anna\\.config\\pixorra");
+  EXPECT_EQ(places.TemporaryFolder(), "C:\\home\\anna\\.cache\\pixorra");
+  for (const char* folder : {"C:\\home\\anna\\.local", "C:\\home\\anna\\.local\\share\\pixorra",
+                             "C:\\home\\anna\\.config\\pixorra", "C:\\home\\anna\\.cache\\pixorra"}) {
+    struct stat entry {};
+    ASSERT_EQ(stat(drive_.HostPath(folder).c_str(), &entry), 0) << folder;
+    EXPECT_EQ(entry.st_mode & 0777U, 0700U) << folder;
+  }
+}
+
+TEST_F(OnPosixPlaces, AFolderThatIsThereKeepsItsMode) {
+  drive_.MakeFolder("C:\\home\\anna\\.config\\pixorra");
+  drive_.SetMode("C:\\home\\anna\\.config\\pixorra", 0755);
+  Made().WindowsFolder();
+  struct stat entry {};
+  ASSERT_EQ(stat(drive_.HostPath("C:\\home\\anna\\.config\\pixorra").c_str(), &entry), 0);
+  EXPECT_EQ(entry.st_mode & 0777U, 0755U);
+}
+
+TEST_F(OnPosixPlaces, AFolderThatCannotBeMadeIsNamedAllTheSame) {
+  drive_.Write("C:\\home\\anna\\.config", "a file in the way");
+  EXPECT_EQ(Made().WindowsFolder(), "C:\\home\\anna\\.config\\pixorra");
+  EXPECT_EQ(drive_.Read("C:\\home\\anna\\.config"), "a file in the way");
+}
+
+TEST_F(OnPosixPlaces, SpecialFoldersFollowTheDesktopsList) {
+  drive_.Write("C:\\home\\anna\\.config\\user-dirs.dirs",
+               "XDG_DESKTOP_DIR=\"$HOME/Schreibtisch\"\nXDG_PICTURES_DIR=\"$HOME/Bilder\"\n");
+  PosixPlaces places = Made();
+  EXPECT_EQ(places.SpecialFolder(0), "C:\\home\\anna\\Schreibtisch");
+  EXPECT_EQ(places.SpecialFolder(16), "C:\\home\\anna\\Schreibtisch");
+  EXPECT_EQ(places.SpecialFolder(39), "C:\\home\\anna\\Bilder");
+}
+
+TEST_F(OnPosixPlaces, WithoutAListTheUsualFoldersOrTheHomeFolderStandIn) {
+  drive_.MakeFolder("C:\\home\\anna\\Pictures");
+  PosixPlaces places = Made();
+  EXPECT_EQ(places.SpecialFolder(39), "C:\\home\\anna\\Pictures");
+  EXPECT_EQ(places.SpecialFolder(5), "C:\\home\\anna");
+  EXPECT_EQ(places.SpecialFolder(3), "C:\\home\\anna");
+}
+
+TEST_F(OnPosixPlaces, EveryProtectedNumberHasAFolderAndOthersNone) {
+  PosixPlaces places = Made();
+  for (const int number : {0, 2, 3, 5, 6, 8, 11, 16, 39}) {
+    const std::string folder = places.SpecialFolder(number);
+    EXPECT_TRUE(folder.starts_with("C:\\home\\anna")) << number;
+    EXPECT_FALSE(folder.ends_with('\\')) << number;
+  }
+  for (const int number : {-1, 1, 4, 7, 17, 40}) EXPECT_EQ(places.SpecialFolder(number), "") << number;
+}
+
+// Environment variables for the life of this object.
+class Variables {
+ public:
+  void Set(const char* name, const char* value) {
+    const char* old = std::getenv(name);
+    old_.emplace_back(name, old == nullptr ? std::nullopt : std::optional<std::string>(old));
+    setenv(name, value, 1);
+  }
+  ~Variables() {
+    for (auto variable = old_.rbegin(); variable != old_.rend(); ++variable) {
+      if (variable->second)
+        setenv(variable->first.c_str(), variable->second->c_str(), 1);
+      else
+        unsetenv(variable->first.c_str());
+    }
+  }
+
+ private:
+  std::vector<std::pair<std::string, std::optional<std::string>>> old_;
+};
+
+TEST(OfProcess, AbsoluteValuesAreTakenAndOthersPassedOver) {
+  Variables variables;
+  variables.Set("HOME", "/home/anna/");
+  variables.Set("XDG_DATA_HOME", "/data");
+  variables.Set("XDG_CONFIG_HOME", "relative");
+  variables.Set("XDG_CACHE_HOME", "");
+  variables.Set("XDG_DATA_DIRS", "/a/:relative::/b");
+  variables.Set("XDG_CONFIG_DIRS", "relative");
+  variables.Set("XDG_CURRENT_DESKTOP", "Unity:GNOME");
+  variables.Set("LC_ALL", "");
+  variables.Set("LC_MESSAGES", "de_DE.UTF-8@euro");
+  const Environment environment = Environment::OfProcess();
+  EXPECT_EQ(environment.Home, "/home/anna");
+  EXPECT_EQ(environment.DataHome, "/data");
+  EXPECT_EQ(environment.ConfigHome, "/home/anna/.config");
+  EXPECT_EQ(environment.CacheHome, "/home/anna/.cache");
+  EXPECT_THAT(environment.DataDirs, ElementsAre("/a", "/b"));
+  EXPECT_THAT(environment.ConfigDirs, ElementsAre("/etc/xdg"));
+  EXPECT_THAT(environment.Desktops, ElementsAre("unity", "gnome"));
+  EXPECT_EQ(environment.Language, "de_DE");
+}
+
+TEST(OnPosixClock, NowIsTheHostsLocalTime) {
+  PosixClock clock;
+  const std::time_t before = std::time(nullptr);
+  const CalendarTime now = clock.Now();
+  std::tm fields{};
+  fields.tm_year = now.Year - 1900;
+  fields.tm_mon = now.Month - 1;
+  fields.tm_mday = now.Day;
+  fields.tm_hour = now.Hour;
+  fields.tm_min = now.Minute;
+  fields.tm_sec = now.Second;
+  fields.tm_isdst = -1;
+  const std::time_t shown = std::mktime(&fields);
+  EXPECT_GE(shown, before - 1);
+  EXPECT_LE(shown, std::time(nullptr));
+  EXPECT_GE(now.Milliseconds, 0);
+  EXPECT_LE(now.Milliseconds, 999);
+}
+
+TEST(OnPosixClock, SecondsNeverGoBackAndDoGoOn) {
+  PosixClock clock;
+  const double start = clock.Seconds();
+  double last = start;
+  while (last == start) {
+    const double next = clock.Seconds();
+    ASSERT_GE(next, last);
+    last = next;
+  }
+  EXPECT_LT(last - start, 60.0);
+}
+
+}  // namespace
+}  // namespace pixorra
