@@ -6,6 +6,7 @@
 #include <memory>
 #include <span>
 #include <string>
+#include <utility>
 
 #include "platform/services/Files.h"
 
@@ -15,6 +16,15 @@ class FileBytes {
  public:
   // The largest file that is read, in bytes.
   static constexpr std::int64_t Limit = 0x7FFFFFFF;
+
+  FileBytes() = default;
+  FileBytes(FileBytes&& other) noexcept { *this = std::move(other); }
+  FileBytes& operator=(FileBytes&& other) noexcept {
+    buffer_ = std::move(other.buffer_);
+    capacity_ = std::exchange(other.capacity_, 0);
+    size_ = std::exchange(other.size_, 0);
+    return *this;
+  }
 
   // Replaces what was held; nothing is held where it raises. Raises as opening and reading do, error 6 above Limit,
   // error 7 where memory runs out.
