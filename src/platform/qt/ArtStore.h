@@ -1,0 +1,45 @@
+// What pictures look like at the sizes that the screen asks for: the program's drawings, rendered from their vector
+// sources, and photos made smaller. What was made is kept for a while.
+#pragma once
+
+#include <QCache>
+#include <QHash>
+#include <QImage>
+#include <QSize>
+#include <QString>
+#include <memory>
+#include <string>
+
+#include "platform/services/Picture.h"
+
+class QSvgRenderer;
+
+namespace pixorra {
+
+class ArtStore {
+ public:
+  ArtStore();
+  ~ArtStore();
+  ArtStore(const ArtStore&) = delete;
+  ArtStore& operator=(const ArtStore&) = delete;
+
+  bool Has(const std::string& name);
+  // Filled to that size in device pixels, premultiplied; null where there is no such drawing.
+  QImage Render(const std::string& name, QSize size);
+  // A picture's pixels averaged into fewer.
+  QImage Reduce(const Picture& picture, QSize size);
+
+ private:
+  // The picture is kept along with what was made of it: its address is a part of the key.
+  struct Reduced {
+    Picture Source;
+    QImage Image;
+  };
+  QSvgRenderer* Find(const QString& name);
+
+  QHash<QString, std::shared_ptr<QSvgRenderer>> sources_;
+  QCache<QString, QImage> rendered_;  // cost in kilobytes
+  QCache<QString, Reduced> reduced_;
+};
+
+}  // namespace pixorra

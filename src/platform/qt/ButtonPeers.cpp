@@ -1,0 +1,103 @@
+// Push buttons, check boxes and option buttons as widgets.
+#include <QCheckBox>
+#include <QKeyEvent>
+#include <QPushButton>
+#include <QRadioButton>
+#include <algorithm>
+#include <vector>
+
+#include "platform/controls/Buttons.h"
+#include "platform/qt/Convert.h"
+#include "platform/qt/NativePeer.h"
+#include "platform/qt/NativePeers.h"
+
+namespace pixorra {
+
+namespace {
+
+class ButtonPeer final : public PeerOf<QPushButton, CommandButton> {
+ public:
+  ButtonPeer(QtBackend& backend, CommandButton& control) : PeerOf(backend, control, new QPushButton) {
+    Widget().setAutoDefault(false);
+    QObject::connect(&Widget(), &QPushButton::clicked, Context(), [this] { Act([this] { Model().UserClicked(); }); });
+  }
+
+ private:
+  void Mirror() override {
+    Widget().setText(ToQString(Model().Caption()));
+    Widget().setDefault(Model().IsDefault());
+    QFont font = ToQFont(Font{});
+    font.setBold(Model().Bold());
+    Widget().setFont(font);
+  }
+};
+
+class CheckPeer final : public PeerOf<QCheckBox, CheckBox> {
+ public:
+  CheckPeer(QtBackend& backend, CheckBox& control) : PeerOf(backend, control, new QCheckBox) {
+    QObject::connect(&Widget(), &QCheckBox::clicked, Context(), [this] { Act([this] { Model().UserClicked(); }); });
+  }
+
+ private:
+  void Mirror() override {
+    Widget().setText(ToQString(Model().Caption()));
+    Widget().setChecked(Model().Value() != 0);
+  }
+};
+
+class OptionPeer final : public PeerOf<QRadioButton, OptionButton> {
+ public:
+  OptionPeer(QtBackend& backend, OptionButton& control) : PeerOf(backend, control, new QRadioButton) {
+    // The model settles which one of a group is set.
+    Widget().setAutoExclusive(false);
+    QObject::connect(&Widget(), &QRadioButton::clicked, Context(), [this] { Act([this] { Model().UserClicked(); }); });
+  }
+
+ private:
+  void Mirror() override {
+    Widget().setText(ToQString(Model().Caption()));
+    Widget().setChecked(Model().Value());
+  }
+  // Arrow keys choose among the group, in the order in which the options stand.
+  bool OwnKey(const QKeyEvent& event) override {
+    int step = 0;
+    if (event.key() == Qt::Key_Down || event.key() == Qt::Key_Right) step = 1;
+    if (event.key() == Qt::Key_Up || event.key() == Qt::Key_Left) step = -1;
+    if (step == 0) return false;
+    Act([this, step] {
+      const Watch<OptionButton> next(Neighbour(step));
+      next->SetFocus();
+      if (next) next->UserClicked();
+    });
+    return true;
+  }
+  OptionButton& Neighbour(int step) const {
+    std::vector<OptionButton*> group;
+    for (Control* other : Model().GetContainer()->Controls()) {
+      if (other->GetKind() != Kind::OptionButton || !other->IsShown() || !other->Enabled()) continue;
+      group.push_back(static_cast<OptionButton*>(other));
+    }
+    std::stable_sort(group.begin(), group.end(), [](const OptionButton* a, const OptionButton* b) {
+      return a->Top() != b->Top() ? a->Top() < b->Top() : a->Left() < b->Left();
+    });
+    const auto at = static_cast<int>(std::find(group.begin(), group.end(), &Model()) - group.begin());
+    const auto count = static_cast<int>(group.size());
+    return at == count ? Model() : *group[static_cast<std::size_t>((at + step + count) % count)];
+  }
+};
+
+}  // namespace
+
+std::unique_ptr<Peer> MakeButtonPeer(QtBackend& backend, CommandButton& button) {
+  return std::make_unique<ButtonPeer>(backend, button);
+}
+
+std::unique_ptr<Peer> MakeCheckPeer(QtBackend& backend, CheckBox& box) {
+  return std::make_unique<CheckPeer>(backend, box);
+}
+
+std::unique_ptr<Peer> MakeOptionPeer(QtBackend& backend, OptionButton& option) {
+  return std::make_unique<OptionPeer>(backend, option);
+}
+
+}  // namespace pixorra

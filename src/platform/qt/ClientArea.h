@@ -1,0 +1,29 @@
+// What lies inside a form's frame and below its menu bar: paints the form's light controls and takes the mouse for
+// them.
+#pragma once
+
+#include <QWidget>
+
+namespace pixorra {
+
+class FormPeer;
+
+class ClientArea final : public QWidget {
+ public:
+  ClientArea(FormPeer& peer, QWidget* window);
+  void Detach() { peer_ = nullptr; }
+
+ protected:
+  bool event(QEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseDoubleClickEvent(QMouseEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
+  void leaveEvent(QEvent* event) override;
+
+ private:
+  FormPeer* peer_;
+};
+
+}  // namespace pixorra

@@ -1,0 +1,168 @@
+#include "platform/qt/Convert.h"
+
+#include <QKeyEvent>
+#include <algorithm>
+#include <cstring>
+
+#include "platform/controls/Events.h"
+
+namespace pixorra {
+
+QString ToQString(const std::string& text) {
+  return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+std::string ToUtf8(const QString& text) {
+  return text.toStdString();
+}
+
+QString ToLines(const std::string& text) {
+  return ToQString(text)
+      .replace(QLatin1String("\r\n"), QLatin1String("\n"))
+      .replace(QLatin1Char('\r'), QLatin1Char('\n'));
+}
+
+QString ToToolTip(const std::string& text) {
+  if (text.empty()) return {};
+  return QLatin1String("<p style='white-space:pre'>") + ToLines(text).toHtmlEscaped() + QLatin1String("</p>");
+}
+
+QRect ToQRect(const Rect& rect) {
+  return {rect.Left, rect.Top, rect.Width, rect.Height};
+}
+
+Rect ToRect(const QRect& rect) {
+  return {rect.left(), rect.top(), rect.width(), rect.height()};
+}
+
+QColor ToQColor(Colour colour, const QPalette& palette) {
+  switch (colour) {
+    case ButtonFace:
+      return palette.color(QPalette::Window);
+    case WindowBackground:
+      return palette.color(QPalette::Base);
+    case ButtonText:
+      return palette.color(QPalette::WindowText);
+    default:
+      return {static_cast<int>(colour & 0xFFU), static_cast<int>(colour >> 8 & 0xFFU),
+              static_cast<int>(colour >> 16 & 0xFFU)};
+  }
+}
+
+Colour ToColour(const QColor& colour) {
+  return static_cast<Colour>(colour.red()) | static_cast<Colour>(colour.green()) << 8 |
+         static_cast<Colour>(colour.blue()) << 16;
+}
+
+QFont ToQFont(const Font& font) {
+  QFont result;
+  if (!font.Name.empty()) result.setFamily(ToQString(font.Name));
+  result.setPixelSize(std::max(1, qRound(font.Size * 96 / 72)));
+  result.setBold(font.Bold);
+  return result;
+}
+
+namespace {
+
+QImage::Format FormatOf(const Bitmap& bitmap) {
+  return bitmap.Format() == PixelFormat::Bgr24 ? QImage::Format_BGR888 : QImage::Format_ARGB32_Premultiplied;
+}
+
+Bitmap CopyRows(const QImage& image, PixelFormat format) {
+  Bitmap bitmap(image.width(), image.height(), format);
+  const auto bytes = static_cast<std::size_t>(bitmap.Width()) * static_cast<std::size_t>(bitmap.BytesPerPixel());
+  for (int y = 0; y < bitmap.Height(); ++y) std::memcpy(bitmap.Row(y), image.constScanLine(y), bytes);
+  return bitmap;
+}
+
+}  // namespace
+
+QImage SharedImage(const Bitmap& bitmap) {
+  if (bitmap.IsEmpty()) return {};
+  return {bitmap.Row(0), bitmap.Width(), bitmap.Height(), static_cast<qsizetype>(bitmap.Stride()), FormatOf(bitmap)};
+}
+
+QImage SharedImage(Bitmap& bitmap) {
+  if (bitmap.IsEmpty()) return {};
+  return {bitmap.Row(0), bitmap.Width(), bitmap.Height(), static_cast<qsizetype>(bitmap.Stride()), FormatOf(bitmap)};
+}
+
+Picture ToPicture(const QImage& image) {
+  if (image.isNull()) return {};
+  return Picture(CopyRows(image.convertToFormat(QImage::Format_BGR888), PixelFormat::Bgr24));
+}
+
+Bitmap ToAlphaBitmap(const QImage& image) {
+  if (image.isNull()) return {};
+  return CopyRows(image.convertToFormat(QImage::Format_ARGB32_Premultiplied), PixelFormat::Bgra32);
+}
+
+int ToKeyCode(const QKeyEvent& event) {
+  const int qtKey = event.key();
+  if ((qtKey >= Qt::Key_0 && qtKey <= Qt::Key_9) || (qtKey >= Qt::Key_A && qtKey <= Qt::Key_Z)) return qtKey;
+  if (qtKey >= Qt::Key_F1 && qtKey <= Qt::Key_F12) return key::F1 + (qtKey - Qt::Key_F1);
+  switch (qtKey) {
+    case Qt::Key_Backspace:
+      return key::Back;
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+      return key::Return;
+    case Qt::Key_Escape:
+      return key::Escape;
+    case Qt::Key_Space:
+      return key::Space;
+    case Qt::Key_PageUp:
+      return key::PageUp;
+    case Qt::Key_PageDown:
+      return key::PageDown;
+    case Qt::Key_End:
+      return key::End;
+    case Qt::Key_Home:
+      return key::Home;
+    case Qt::Key_Left:
+      return key::Left;
+    case Qt::Key_Up:
+      return key::Up;
+    case Qt::Key_Right:
+      return key::Right;
+    case Qt::Key_Down:
+      return key::Down;
+    case Qt::Key_Insert:
+      return key::Insert;
+    case Qt::Key_Delete:
+      return key::Delete;
+    default:
+      return 0;
+  }
+}
+
+int ToShift(Qt::KeyboardModifiers modifiers) {
+  int result = shift::None;
+  if (modifiers.testFlag(Qt::ShiftModifier)) result |= shift::Shift;
+  if (modifiers.testFlag(Qt::ControlModifier)) result |= shift::Ctrl;
+  if (modifiers.testFlag(Qt::AltModifier)) result |= shift::Alt;
+  return result;
+}
+
+int ToButton(Qt::MouseButton mouseButton) {
+  switch (mouseButton) {
+    case Qt::LeftButton:
+      return button::Left;
+    case Qt::RightButton:
+      return button::Right;
+    case Qt::MiddleButton:
+      return button::Middle;
+    default:
+      return 0;
+  }
+}
+
+int ToButtons(Qt::MouseButtons buttons) {
+  int result = 0;
+  for (const Qt::MouseButton one : {Qt::LeftButton, Qt::RightButton, Qt::MiddleButton}) {
+    if (buttons.testFlag(one)) result |= ToButton(one);
+  }
+  return result;
+}
+
+}  // namespace pixorra

@@ -1,0 +1,27 @@
+// A picture as it is drawn on a screen of some resolution: the program's drawings from their vector sources, others
+// scaled.
+#pragma once
+
+#include <QImage>
+#include <QPixmap>
+#include <QRect>
+
+#include "platform/qt/ArtStore.h"
+#include "platform/services/Picture.h"
+
+class QPainter;
+
+namespace pixorra {
+
+// For a rectangle of that many device pixels. What the picture has too few pixels for comes at its own size, to be
+// enlarged by the painter. The image may share the picture's pixels: the picture must outlive it.
+QImage DrawnAt(const Picture& picture, QSize deviceSize, ArtStore& art);
+
+// At its own size in logical pixels.
+QPixmap DrawnPixmap(const Picture& picture, double devicePixelRatio, ArtStore& art);
+
+// Stretched into a rectangle of logical pixels, whose edges are moved to the device pixels next to them: neighbours
+// meet without a gap, and drawings stay sharp at broken scale factors.
+void DrawPicture(QPainter& painter, const QRect& at, const Picture& picture, ArtStore& art);
+
+}  // namespace pixorra

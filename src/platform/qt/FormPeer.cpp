@@ -1,0 +1,218 @@
+#include "platform/qt/FormPeer.h"
+
+#include <QWindow>
+
+#include "platform/qt/ClientArea.h"
+#include "platform/qt/Convert.h"
+#include "platform/qt/DragOverlay.h"
+#include "platform/qt/KeyInput.h"
+#include "platform/qt/MenuBarView.h"
+#include "platform/qt/Pointers.h"
+#include "platform/qt/QtBackend.h"
+#include "platform/runtime/Numbers.h"
+
+namespace pixorra {
+
+namespace {
+
+// More pieces than this are repainted as the one rectangle around them.
+constexpr int MostPieces = 16;
+
+int StateOf(const QWidget& window) {
+  if (window.isMinimized()) return windowstate::Minimised;
+  return window.isMaximized() ? windowstate::Maximised : windowstate::Normal;
+}
+
+Qt::WindowStates ToQt(int state) {
+  if (state == windowstate::Minimised) return Qt::WindowMinimized;
+  return state == windowstate::Maximised ? Qt::WindowMaximized : Qt::WindowNoState;
+}
+
+QPoint PlaceOf(const Form& form) {
+  return {CLng(form.TwipsLeft() / TwipsPerPixel), CLng(form.TwipsTop() / TwipsPerPixel)};
+}
+
+}  // namespace
+
+FormPeer* FormPeerOf(Control& control) {
+  return static_cast<FormPeer*>(control.GetForm().GetPeer());
+}
+
+FormPeer::FormPeer(QtBackend& backend, Form& form)
+    : backend_(backend), form_(form), window_(new FormWindow(*this, backend.MenuBarHeight())) {
+  backend_.AtEndOfTurn().Add(*this);
+}
+
+FormPeer::~FormPeer() {
+  backend_.AtEndOfTurn().Remove(*this);
+  if (window_ != nullptr) window_->Detach();
+}
+
+void FormPeer::Update(Change change) {
+  if (change == Change::Menu) menuChanged_ = true;
+  if (change == Change::Position || change == Change::State || change == Change::Visible) placeChanged_ = true;
+  backend_.AtEndOfTurn().Add(*this);
+}
+
+void FormPeer::Invalidate(const Rect& rect) {
+  const QRect piece = ToQRect(rect);
+  if (outdated_.rectCount() == 1 && outdated_.boundingRect().contains(piece)) return;
+  outdated_ += piece;
+  if (outdated_.rectCount() > MostPieces) outdated_ = outdated_.boundingRect();
+  backend_.AtEndOfTurn().Add(*this);
+}
+
+void FormPeer::Flush() {
+  if (menuChanged_) SyncMenus();
+  window_->setWindowTitle(ToQString(form_.Caption()));
+  if (placeChanged_ && form_.Visible()) {
+    placeChanged_ = false;
+    ApplyFrame();
+    ApplyOwner();
+    ApplyPlace();
+  }
+  ApplyVisible();
+  if (!outdated_.isEmpty()) Client().update(outdated_);
+  outdated_ = {};
+}
+
+void FormPeer::SyncMenus() {
+  menuChanged_ = false;
+  SyncMenuBar(backend_, form_, window_->MenuBar());
+  if ((window_->MenuHeight() > 0) != form_.HasMenuBar()) placeChanged_ = true;
+  window_->ShowMenuBar(form_.HasMenuBar());
+}
+
+void FormPeer::ApplyFrame() {
+  Qt::WindowFlags flags = form_.Owner() != nullptr ? Qt::Dialog : Qt::Window;
+  if (!form_.Sizable()) {
+    flags |= Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint;
+  }
+  flags.setFlag(Qt::WindowStaysOnTopHint, form_.StaysOnTop());
+  if (!window_->isVisible()) {
+    if (window_->windowFlags() != flags) window_->setWindowFlags(flags);
+    window_->setWindowModality(form_.IsModal() ? Qt::ApplicationModal : Qt::NonModal);
+    return;
+  }
+  // A window on the screen stays there: only what can be changed in place is.
+  if (window_->windowFlags().testFlag(Qt::WindowStaysOnTopHint) == form_.StaysOnTop()) return;
+  window_->overrideWindowFlags(flags);
+  window_->windowHandle()->setFlag(Qt::WindowStaysOnTopHint, form_.StaysOnTop());
+}
+
+void FormPeer::ApplyOwner() {
+  FormPeer* owner = form_.Owner() != nullptr ? FormPeerOf(*form_.Owner()) : nullptr;
+  window_->winId();  // makes the window that the owner is told to
+  QWindow* above = owner != nullptr ? owner->Window().windowHandle() : nullptr;
+  window_->windowHandle()->setTransientParent(above);
+}
+
+void FormPeer::ApplyPlace() {
+  if (window_->isVisible() && form_.WindowState() != windowstate::Normal) return;
+  const QSize size(form_.ScaleWidth(), form_.ScaleHeight() + window_->MenuHeight());
+  if (form_.Sizable() || form_.WindowState() != windowstate::Normal) {
+    window_->setMinimumSize(0, 0);
+    window_->setMaximumSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
+    window_->resize(size);
+  } else {
+    window_->setFixedSize(size);
+  }
+  const bool placed = window_->isVisible() && window_->pos() == PlaceOf(form_);
+  if (form_.HasPlace() && !placed) window_->move(PlaceOf(form_));
+}
+
+void FormPeer::ApplyVisible() {
+  const bool visible = form_.Visible();
+  if (visible && StateOf(*window_) != form_.WindowState()) {
+    const Qt::WindowStates others = window_->windowState() & ~(Qt::WindowMinimized | Qt::WindowMaximized);
+    window_->setWindowState(others | ToQt(form_.WindowState()));
+  }
+  if (visible == window_->isVisible()) return;
+  if (!visible) {
+    placeChanged_ = true;
+    window_->hide();
+    return;
+  }
+  if (!everShown_) FocusFirst();
+  everShown_ = true;
+  window_->show();
+  window_->raise();
+  window_->activateWindow();
+}
+
+// A form that gives the focus to none begins in its first text box, or with the focus on no control.
+void FormPeer::FocusFirst() {
+  const Control* focus = backend_.GetToolkit().Focus();
+  if (focus != nullptr && &focus->GetForm() == &form_) return;
+  window_->setFocus();
+}
+
+void FormPeer::FrameChanged() {
+  if (reportPosted_) return;
+  reportPosted_ = true;
+  // State and size come in events of their own, in either order: both are settled a little later.
+  QMetaObject::invokeMethod(
+      &context_,
+      [this] {
+        reportPosted_ = false;
+        backend_.Guarded([this] { ReportFrame(); });
+      },
+      Qt::QueuedConnection);
+}
+
+// What the model knows already is an echo of its own wish; what it wishes anew goes before what a person did.
+void FormPeer::ReportFrame() {
+  if (placeChanged_ || !form_.Visible() || !window_->isVisible()) return;
+  const int state = StateOf(*window_);
+  if (state == windowstate::Normal && window_->pos() != PlaceOf(form_)) {
+    form_.UserMoved(window_->x() * TwipsPerPixel, window_->y() * TwipsPerPixel);
+  }
+  const QSize client(window_->width(), window_->height() - window_->MenuHeight());
+  double width = form_.TwipsWidth();
+  double height = form_.TwipsHeight();
+  if (state != windowstate::Minimised && client != QSize(form_.ScaleWidth(), form_.ScaleHeight())) {
+    const int menu = form_.HasMenuBar() ? backend_.MenuBarHeight() : 0;
+    width = (client.width() + Form::FrameWidth) * TwipsPerPixel;
+    height = (client.height() + Form::FrameHeight + menu) * TwipsPerPixel;
+  }
+  form_.UserResized(width, height, state);
+}
+
+void FormPeer::InputBlocked() {
+  const Control* source = backend_.GetToolkit().Drag().Source;
+  if (source == nullptr || &source->GetForm() != &form_) return;
+  backend_.Guarded([this] { backend_.GetToolkit().CancelDrag(); });
+}
+
+void FormPeer::PersonActivates() {
+  backend_.Guarded([this] {
+    if (form_.Visible()) backend_.GetToolkit().Activate(form_);
+  });
+}
+
+void FormPeer::PersonCloses() {
+  backend_.Guarded([this] { form_.UserClosed(); });
+}
+
+bool FormPeer::KeyPressed(QKeyEvent& event) {
+  return DeliverKey(backend_, form_, event);
+}
+
+void FormPeer::ShowDrag(const Toolkit::DragShown& drag) {
+  if (drag.Source == nullptr || drag.Over != &form_) {
+    if (drag_ != nullptr) drag_->deleteLater();
+    if (drag_ != nullptr) drag_->hide();
+    drag_ = nullptr;
+    return;
+  }
+  if (drag_ == nullptr) drag_ = new DragOverlay(*window_, backend_.Art());
+  drag_->Follow(drag, Client().pos());
+}
+
+void FormPeer::ShowPointer(const Toolkit::PointerShown& pointer) {
+  if (pointer.Pointer == pointer_.Pointer && pointer.Icon == pointer_.Icon) return;
+  pointer_ = pointer;
+  window_->setCursor(ToCursor(pointer, backend_.Art(), window_->devicePixelRatioF()));
+}
+
+}  // namespace pixorra

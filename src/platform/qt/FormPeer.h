@@ -1,0 +1,71 @@
+// Shows a form as a window. Title, place, size, state and visibility are applied when the turn ends, all at once, so
+// that a form hidden and shown again in one turn never leaves the screen.
+#pragma once
+
+#include <QPointer>
+#include <QRegion>
+
+#include "platform/controls/Form.h"
+#include "platform/controls/Toolkit.h"
+#include "platform/qt/FormWindow.h"
+#include "platform/qt/Pending.h"
+
+class QKeyEvent;
+
+namespace pixorra {
+
+class DragOverlay;
+class QtBackend;
+
+class FormPeer final : public Peer, public Pending {
+ public:
+  FormPeer(QtBackend& backend, Form& form);
+  ~FormPeer() override;
+  FormPeer(const FormPeer&) = delete;
+  FormPeer& operator=(const FormPeer&) = delete;
+
+  void Update(Change change) override;
+  void Invalidate(const Rect& rect) override;
+  void Flush() override;
+
+  Form& GetForm() { return form_; }
+  QtBackend& GetBackend() { return backend_; }
+  FormWindow& Window() { return *window_; }
+  ClientArea& Client() { return window_->Client(); }
+
+  void ShowDrag(const Toolkit::DragShown& drag);
+  void ShowPointer(const Toolkit::PointerShown& pointer);
+
+  // What comes from the window.
+  void FrameChanged();
+  void InputBlocked();
+  void PersonActivates();
+  void PersonCloses();
+  bool KeyPressed(QKeyEvent& event);
+
+ private:
+  void ApplyFrame();
+  void ApplyOwner();
+  void ApplyPlace();
+  void ApplyVisible();
+  void SyncMenus();
+  void ReportFrame();
+  void FocusFirst();
+
+  QtBackend& backend_;
+  Form& form_;
+  QPointer<FormWindow> window_;
+  QPointer<DragOverlay> drag_;
+  QRegion outdated_;
+  Toolkit::PointerShown pointer_;
+  QObject context_;
+  bool menuChanged_ = true;
+  bool placeChanged_ = true;
+  bool everShown_ = false;
+  bool reportPosted_ = false;
+};
+
+// The peer of the form that a control stands on; null where it has none.
+FormPeer* FormPeerOf(Control& control);
+
+}  // namespace pixorra

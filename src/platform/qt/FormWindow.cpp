@@ -1,0 +1,68 @@
+#include "platform/qt/FormWindow.h"
+
+#include <QCloseEvent>
+#include <algorithm>
+
+#include "platform/qt/ClientArea.h"
+#include "platform/qt/FormPeer.h"
+
+namespace pixorra {
+
+FormWindow::FormWindow(FormPeer& peer, int menuBarHeight)
+    : peer_(&peer), menuBar_(new QMenuBar(this)), client_(new ClientArea(peer, this)), menuBarHeight_(menuBarHeight) {
+  menuBar_->setNativeMenuBar(false);
+  menuBar_->hide();
+}
+
+void FormWindow::Detach() {
+  peer_ = nullptr;
+  client_->Detach();
+  menuBar_->disconnect();
+  hide();
+  deleteLater();
+}
+
+void FormWindow::ShowMenuBar(bool shown) {
+  if (shown == hasMenuBar_) return;
+  hasMenuBar_ = shown;
+  menuBar_->setVisible(shown);
+  Arrange();
+}
+
+void FormWindow::Arrange() {
+  menuBar_->setGeometry(0, 0, width(), menuBarHeight_);
+  client_->setGeometry(0, MenuHeight(), width(), std::max(0, height() - MenuHeight()));
+}
+
+bool FormWindow::event(QEvent* event) {
+  if (peer_ != nullptr && event->type() == QEvent::WindowBlocked) peer_->InputBlocked();
+  return QWidget::event(event);
+}
+
+void FormWindow::closeEvent(QCloseEvent* event) {
+  event->ignore();
+  if (peer_ != nullptr) peer_->PersonCloses();
+}
+
+void FormWindow::resizeEvent(QResizeEvent*) {
+  Arrange();
+  if (peer_ != nullptr) peer_->FrameChanged();
+}
+
+void FormWindow::moveEvent(QMoveEvent*) {
+  if (peer_ != nullptr) peer_->FrameChanged();
+}
+
+void FormWindow::changeEvent(QEvent* event) {
+  QWidget::changeEvent(event);
+  if (peer_ == nullptr) return;
+  if (event->type() == QEvent::WindowStateChange) peer_->FrameChanged();
+  if (event->type() == QEvent::ActivationChange && isActiveWindow()) peer_->PersonActivates();
+}
+
+// Only what no control with the focus has taken comes here.
+void FormWindow::keyPressEvent(QKeyEvent* event) {
+  if (peer_ == nullptr || !peer_->KeyPressed(*event)) QWidget::keyPressEvent(event);
+}
+
+}  // namespace pixorra

@@ -1,0 +1,150 @@
+#include "platform/qt/LightPainter.h"
+
+#include <QPainter>
+#include <QStyleOptionGroupBox>
+#include <QWidget>
+
+#include "platform/controls/Form.h"
+#include "platform/controls/ImageBox.h"
+#include "platform/controls/Label.h"
+#include "platform/controls/Painting.h"
+#include "platform/controls/PictureBox.h"
+#include "platform/controls/Shape.h"
+#include "platform/qt/Convert.h"
+#include "platform/qt/Drawn.h"
+
+namespace pixorra {
+
+namespace {
+
+Qt::Alignment ToQt(Alignment alignment) {
+  switch (alignment) {
+    case Alignment::Right:
+      return Qt::AlignRight;
+    case Alignment::Center:
+      return Qt::AlignHCenter;
+    default:
+      return Qt::AlignLeft;
+  }
+}
+
+}  // namespace
+
+void LightPainter::PaintForm(const Form& form, const Rect& exposed) {
+  Fill(ToQRect(exposed), form.BackColor());
+  for (const PaintItem& item : ItemsToPaint(form, exposed)) {
+    if (item.Clip.IsEmpty()) continue;
+    painter_.setClipRect(ToQRect(item.Clip));
+    Paint(*item.Source, ToQRect(item.At));
+  }
+}
+
+void LightPainter::Paint(const Control& control, const QRect& at) {
+  switch (control.GetKind()) {
+    case Kind::ImageBox:
+      PaintImage(static_cast<const ImageBox&>(control), at);
+      break;
+    case Kind::Label:
+      PaintLabel(static_cast<const Label&>(control), at);
+      break;
+    case Kind::Shape:
+      PaintShape(static_cast<const Shape&>(control), at);
+      break;
+    case Kind::Frame:
+      PaintFrame(static_cast<const Frame&>(control), at);
+      break;
+    case Kind::PictureBox:
+      PaintPictureBox(static_cast<const PictureBox&>(control), at);
+      break;
+    default:
+      break;
+  }
+}
+
+void LightPainter::Fill(const QRect& at, Colour colour) {
+  painter_.fillRect(at, ToQColor(colour, on_.palette()));
+}
+
+// One pixel, dark at the top and left as if sunk.
+void LightPainter::Edge(const QRect& at) {
+  const QPalette palette = on_.palette();
+  const QColor dark = palette.color(QPalette::Dark);
+  const QColor light = palette.color(QPalette::Light);
+  painter_.fillRect(at.x(), at.y(), at.width(), 1, dark);
+  painter_.fillRect(at.x(), at.y(), 1, at.height(), dark);
+  painter_.fillRect(at.x(), at.bottom(), at.width(), 1, light);
+  painter_.fillRect(at.right(), at.y(), 1, at.height(), light);
+}
+
+void LightPainter::PaintImage(const ImageBox& image, const QRect& at) {
+  const bool pressed = image.BorderStyle() == 1;
+  const bool hasPressed = pressed && !image.PressedPicture().IsNothing();
+  const Picture& picture = hasPressed ? image.PressedPicture() : image.GetPicture();
+  const QRect own(at.topLeft(), QSize(picture.Width(), picture.Height()));
+  DrawPicture(painter_, image.Stretch() ? at : own, picture, art_);
+  if (pressed && !hasPressed) Edge(at);
+}
+
+void LightPainter::PaintLabel(const Label& label, const QRect& at) {
+  if (label.Opaque()) Fill(at, label.BackColor());
+  if (label.Caption().empty()) return;
+  painter_.setFont(ToQFont(label.GetFont()));
+  painter_.setPen(label.Enabled() ? ToQColor(label.ForeColor(), on_.palette())
+                                  : on_.palette().color(QPalette::Disabled, QPalette::WindowText));
+  QString text = ToLines(label.Caption());
+  if (label.ShortensInMiddle() && !label.WordWrap()) {
+    text = painter_.fontMetrics().elidedText(text, Qt::ElideMiddle, at.width());
+  }
+  int flags = (ToQt(label.GetAlignment()) | Qt::AlignTop).toInt();
+  if (label.WordWrap()) flags |= Qt::TextWordWrap;
+  painter_.drawText(at, flags, text);
+}
+
+void LightPainter::PaintShape(const Shape& shape, const QRect& at) {
+  if (!shape.FillPicture().IsNothing()) {
+    DrawPicture(painter_, at, shape.FillPicture(), art_);
+  } else if (shape.Filled()) {
+    Fill(at, shape.FillColor());
+  }
+  const int width = shape.BorderWidth();
+  if (width <= 0) return;
+  // Whole pixels: half of the width lies outside the rectangle, the odd one inside.
+  const QRect outer = at.adjusted(-(width / 2), -(width / 2), width / 2, width / 2);
+  const QColor colour = ToQColor(shape.BorderColor(), on_.palette());
+  painter_.fillRect(outer.x(), outer.y(), outer.width(), width, colour);
+  painter_.fillRect(outer.x(), outer.bottom() + 1 - width, outer.width(), width, colour);
+  painter_.fillRect(outer.x(), outer.y(), width, outer.height(), colour);
+  painter_.fillRect(outer.right() + 1 - width, outer.y(), width, outer.height(), colour);
+}
+
+void LightPainter::PaintFrame(const Frame& frame, const QRect& at) {
+  Fill(at, ButtonFace);
+  QStyleOptionGroupBox option;
+  option.initFrom(&on_);
+  option.rect = at;
+  option.text = ToQString(frame.Caption());
+  option.lineWidth = 1;
+  option.subControls = QStyle::SC_GroupBoxFrame;
+  if (!option.text.isEmpty()) option.subControls |= QStyle::SC_GroupBoxLabel;
+  option.state.setFlag(QStyle::State_Enabled, frame.Enabled());
+  option.textColor = on_.palette().color(frame.Enabled() ? QPalette::Active : QPalette::Disabled, QPalette::WindowText);
+  painter_.save();
+  painter_.setFont(on_.font());
+  on_.style()->drawComplexControl(QStyle::CC_GroupBox, &option, &painter_, &on_);
+  painter_.restore();
+}
+
+void LightPainter::PaintPictureBox(const PictureBox& box, const QRect& at) {
+  Fill(at, box.BackColor());
+  if (box.HasDrawing()) {
+    const QImage surface = SharedImage(box.Surface());
+    painter_.setRenderHint(QPainter::SmoothPixmapTransform, on_.devicePixelRatioF() != 1);
+    painter_.drawImage(at.topLeft(), surface);
+  } else if (!box.GetPicture().IsNothing()) {
+    DrawPicture(painter_, QRect(at.topLeft(), QSize(box.GetPicture().Width(), box.GetPicture().Height())),
+                box.GetPicture(), art_);
+  }
+  if (box.BorderStyle() == 1) Edge(at);
+}
+
+}  // namespace pixorra

@@ -1,0 +1,46 @@
+// Paints a form's ground and its light controls.
+#pragma once
+
+#include <QRect>
+
+#include "platform/controls/Geometry.h"
+#include "platform/services/Picture.h"
+
+class QPainter;
+class QWidget;
+
+namespace pixorra {
+
+class ArtStore;
+class Control;
+class Form;
+class Frame;
+class ImageBox;
+class Label;
+class PictureBox;
+class Shape;
+
+class LightPainter {
+ public:
+  // The palette and the style are those of the widget.
+  LightPainter(QPainter& painter, const QWidget& on, ArtStore& art) : painter_(painter), on_(on), art_(art) {}
+
+  // `exposed` is in pixels of the client area.
+  void PaintForm(const Form& form, const Rect& exposed);
+
+ private:
+  void Paint(const Control& control, const QRect& at);
+  void PaintImage(const ImageBox& image, const QRect& at);
+  void PaintLabel(const Label& label, const QRect& at);
+  void PaintShape(const Shape& shape, const QRect& at);
+  void PaintFrame(const Frame& frame, const QRect& at);
+  void PaintPictureBox(const PictureBox& box, const QRect& at);
+  void Fill(const QRect& at, Colour colour);
+  void Edge(const QRect& at);
+
+  QPainter& painter_;
+  const QWidget& on_;
+  ArtStore& art_;
+};
+
+}  // namespace pixorra

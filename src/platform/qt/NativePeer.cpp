@@ -1,0 +1,207 @@
+#include "platform/qt/NativePeer.h"
+
+#include <QEnterEvent>
+#include <QFocusEvent>
+#include <QInputMethodEvent>
+#include <QKeyEvent>
+
+#include "platform/controls/Form.h"
+#include "platform/controls/Toolkit.h"
+#include "platform/qt/ClientArea.h"
+#include "platform/qt/Convert.h"
+#include "platform/qt/FormPeer.h"
+#include "platform/qt/KeyInput.h"
+#include "platform/qt/QtBackend.h"
+
+namespace pixorra {
+
+// Stands between the widget and the peer: the widget's events and signals may come when the peer has gone already.
+class NativePeer::Hook final : public QObject {
+ public:
+  explicit Hook(NativePeer& peer) : peer_(&peer) {}
+  NativePeer* GetPeer() const { return peer_; }
+  void Detach() {
+    peer_ = nullptr;
+    deleteLater();
+  }
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    return peer_ != nullptr && peer_->Filter(*watched, *event);
+  }
+
+ private:
+  NativePeer* peer_;
+};
+
+namespace {
+
+// The form's own visibility is its window's matter: its widgets stay as they are while it is hidden.
+bool IsVisibleOnForm(const Control& control) {
+  for (const Control* outer = &control; outer->GetContainer() != nullptr; outer = outer->GetContainer()) {
+    if (!outer->Visible()) return false;
+  }
+  return true;
+}
+
+bool IsEnabledOnForm(const Control& control) {
+  for (const Control* outer = &control; outer->GetContainer() != nullptr; outer = outer->GetContainer()) {
+    if (!outer->Enabled()) return false;
+  }
+  return true;
+}
+
+}  // namespace
+
+NativePeer::NativePeer(QtBackend& backend, Control& control, QWidget* widget)
+    : backend_(backend), control_(control), widget_(widget), hook_(new Hook(*this)), z_(control.ZOrder()) {
+  if (FormPeer* form = FormPeerOf(control)) widget->setParent(&form->Client());
+  widget->setObjectName(ToQString(control.Name()));
+  widget->installEventFilter(hook_);
+  ApplyPlace();
+  ApplyLook();
+  ApplyVisible();
+  backend_.AtEndOfTurn().Add(*this);
+}
+
+NativePeer::~NativePeer() {
+  backend_.AtEndOfTurn().Remove(*this);
+  hook_->Detach();
+  if (widget_ == nullptr) return;
+  widget_->clearFocus();
+  widget_->hide();
+  widget_->disconnect(hook_);
+  widget_->deleteLater();
+}
+
+QObject* NativePeer::Context() {
+  return hook_;
+}
+
+void NativePeer::AlsoFilter(QWidget& inner) {
+  inner.installEventFilter(hook_);
+}
+
+void NativePeer::Update(Change change) {
+  switch (change) {
+    case Change::Position:
+      ApplyPlace();
+      break;
+    case Change::Visible:
+    case Change::Enabled:
+      ApplyVisible();
+      break;
+    case Change::Focus:
+      widget_->setFocus(Qt::OtherFocusReason);
+      break;
+    case Change::Refresh:
+      if (IsBehind()) Flush();
+      if (widget_->isVisible()) widget_->repaint();
+      break;
+    case Change::Look:
+      ApplyLook();
+      [[fallthrough]];
+    default:
+      backend_.AtEndOfTurn().Add(*this);
+  }
+}
+
+bool NativePeer::IsBehind() const {
+  return backend_.AtEndOfTurn().Holds(*this);
+}
+
+void NativePeer::Flush() {
+  backend_.AtEndOfTurn().Remove(*this);
+  mirroring_ = true;
+  Mirror();
+  mirroring_ = false;
+}
+
+void NativePeer::ApplyPlace() {
+  widget_->setGeometry(ToQRect(control_.FormRect()));
+}
+
+void NativePeer::ApplyVisible() {
+  const bool visible = IsVisibleOnForm(control_);
+  const bool enabled = IsEnabledOnForm(control_);
+  // The focus goes where the model sends it, and not on to the next widget.
+  if (!visible || !enabled) widget_->clearFocus();
+  widget_->setEnabled(enabled);
+  widget_->setVisible(visible);
+  if (control_.HasFocus() && visible) widget_->setFocus(Qt::OtherFocusReason);
+}
+
+void NativePeer::ApplyLook() {
+  widget_->setToolTip(ToToolTip(control_.ToolTipText()));
+  if (!control_.AccessibleName().empty()) widget_->setAccessibleName(ToQString(control_.AccessibleName()));
+  if (control_.ZOrder() == z_) return;
+  if (control_.ZOrder() > z_) {
+    widget_->raise();
+  } else {
+    widget_->lower();
+  }
+  z_ = control_.ZOrder();
+}
+
+void NativePeer::Act(const std::function<void()>& act) {
+  if (mirroring_) return;
+  const QPointer<Hook> hook = hook_;
+  backend_.Guarded(act);
+  // The widget has moved by itself; if the model did not follow, it goes back.
+  if (hook != nullptr && hook->GetPeer() != nullptr) backend_.AtEndOfTurn().Add(*this);
+}
+
+bool NativePeer::Filter(QObject& watched, QEvent& event) {
+  switch (event.type()) {
+    case QEvent::KeyPress:
+      return FilterKey(watched, static_cast<QKeyEvent&>(event));
+    case QEvent::InputMethod: {
+      const QString typed = static_cast<QInputMethodEvent&>(event).commitString();
+      return !typed.isEmpty() && DeliverText(backend_, control_.GetForm(), typed);
+    }
+    case QEvent::FocusIn:
+      FocusTaken(static_cast<QFocusEvent&>(event).reason());
+      return false;
+    case QEvent::Enter: {
+      const QPoint at = widget_->mapToParent(static_cast<QEnterEvent&>(event).position().toPoint());
+      backend_.Guarded([this, at] { backend_.GetToolkit().MouseMoved(control_.GetForm(), at.x(), at.y(), 0, 0); });
+      return false;
+    }
+    default:
+      return false;
+  }
+}
+
+bool NativePeer::FilterKey(QObject& watched, QKeyEvent& event) {
+  if (event.key() == Qt::Key_Tab || event.key() == Qt::Key_Backtab) return false;
+  const QPointer<Hook> hook = hook_;
+  const QPointer<QObject> receiver = &watched;
+  event.accept();
+  if (DeliverKey(backend_, control_.GetForm(), event)) return true;
+  if (hook == nullptr || hook->GetPeer() == nullptr || receiver == nullptr) return true;
+  // A light control may have the focus in the model: the widget that kept it here must not act on keys meant for that.
+  if (!control_.HasFocus() || OwnKey(event)) return true;
+  // Given to the widget from here, so that what it leaves does not come to the window as a second key.
+  receiver->event(&event);
+  event.accept();
+  return true;
+}
+
+void NativePeer::FocusTaken(Qt::FocusReason reason) {
+  Toolkit& toolkit = backend_.GetToolkit();
+  const Control* focus = toolkit.Focus();
+  switch (reason) {
+    case Qt::ActiveWindowFocusReason:
+      // Coming back to the window, a person finds the focus where it was left.
+      if (focus != nullptr && &focus->GetForm() == &control_.GetForm()) return;
+      break;
+    case Qt::MouseFocusReason:
+    case Qt::TabFocusReason:
+    case Qt::BacktabFocusReason:
+    case Qt::ShortcutFocusReason:
+      break;
+    default:
+      return;
+  }
+  backend_.Guarded([&] { toolkit.UserFocused(control_); });
+}
+
+}  // namespace pixorra

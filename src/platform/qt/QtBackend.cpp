@@ -1,0 +1,177 @@
+#include "platform/qt/QtBackend.h"
+
+#include <QApplication>
+#include <QCursor>
+#include <QDialog>
+#include <QMenu>
+#include <QMenuBar>
+#include <QPointer>
+#include <QScreen>
+#include <algorithm>
+#include <cmath>
+#include <new>
+
+#include "platform/controls/Form.h"
+#include "platform/controls/Menu.h"
+#include "platform/controls/Toolkit.h"
+#include "platform/qt/FormPeer.h"
+#include "platform/qt/FormWindow.h"
+#include "platform/qt/MenuView.h"
+#include "platform/qt/NativePeers.h"
+#include "platform/runtime/Errors.h"
+
+namespace pixorra {
+
+namespace {
+
+// While a timer's handler runs a loop of its own, the other timers are looked after this often at least.
+constexpr int NestedAlarm = 10;  // milliseconds
+
+int MeasureMenuBar() {
+  QMenuBar bar;
+  bar.setNativeMenuBar(false);
+  bar.addMenu(QStringLiteral("&File"));
+  return bar.sizeHint().height();
+}
+
+int ToMilliseconds(double seconds) {
+  return static_cast<int>(std::clamp(std::ceil(seconds * 1000), 0.0, 1e9));
+}
+
+FormPeer* PeerOf(Form& form) {
+  return static_cast<FormPeer*>(form.GetPeer());
+}
+
+}  // namespace
+
+QtBackend::QtBackend() : menuBarHeight_(MeasureMenuBar()) {
+  QApplication::setQuitOnLastWindowClosed(false);
+  clock_.start();
+  wake_.setSingleShot(true);
+  wake_.setTimerType(Qt::PreciseTimer);
+  QObject::connect(&wake_, &QTimer::timeout, &wake_, [this] { RunTimers(); });
+}
+
+void QtBackend::Run() {
+  while (!toolkit_->Ended()) loop_.exec();
+}
+
+void QtBackend::ProcessEvents() {
+  pending_.RunAll();
+  QCoreApplication::processEvents(QEventLoop::AllEvents);
+  pending_.RunAll();
+}
+
+void QtBackend::WaitForEvents(std::optional<double> seconds) {
+  // What is put off may raise events; the caller's condition must be looked at before any sleep.
+  if (pending_.RunAll()) {
+    QCoreApplication::processEvents(QEventLoop::AllEvents);
+    return;
+  }
+  QTimer bound;
+  if (seconds) {
+    bound.setSingleShot(true);
+    bound.setTimerType(Qt::PreciseTimer);
+    bound.start(ToMilliseconds(*seconds));
+  }
+  QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents);
+}
+
+// Boxes and menus of the host run loops of their own; they are put away so that nothing waits for a person any more.
+void QtBackend::EndLoop() {
+  while (QWidget* popup = QApplication::activePopupWidget()) {
+    if (!popup->close()) break;
+  }
+  for (QWidget* window : QApplication::topLevelWidgets()) {
+    auto* dialog = qobject_cast<QDialog*>(window);
+    if (dialog != nullptr && dialog->isVisible()) dialog->reject();
+  }
+  loop_.quit();
+}
+
+double QtBackend::Seconds() {
+  return static_cast<double>(clock_.nsecsElapsed()) / 1e9;
+}
+
+void QtBackend::WakeAt(std::optional<double> seconds) {
+  if (seconds) {
+    wake_.start(ToMilliseconds(*seconds - Seconds()));
+  } else {
+    wake_.stop();
+  }
+}
+
+void QtBackend::RunTimers() {
+  if (toolkit_ == nullptr || toolkit_->Ended()) return;
+  wake_.start(NestedAlarm);
+  Guarded([this] { toolkit_->RunDueTimers(); });
+  toolkit_->TimerChanged();
+}
+
+Screen QtBackend::GetScreen() {
+  Screen result;
+  if (const QScreen* screen = QGuiApplication::primaryScreen()) {
+    result.Width = screen->size().width() * result.TwipsPerPixelX;
+    result.Height = screen->size().height() * result.TwipsPerPixelY;
+  }
+  return result;
+}
+
+std::unique_ptr<Peer> QtBackend::MakePeer(Control& control) {
+  if (control.GetKind() == Kind::Form) return std::make_unique<FormPeer>(*this, static_cast<Form&>(control));
+  return MakeNativePeer(*this, control);
+}
+
+void QtBackend::PopupMenu(Form& form, MenuItem& menu) {
+  pending_.RunAll();
+  QWidget* window = PeerOf(form) != nullptr ? &PeerOf(form)->Window() : nullptr;
+  const QPointer<MenuView> view = new MenuView(*this, menu, MenuView::Raises::Below, window);
+  view->Fill();
+  // A chosen item runs when the menu is gone: what it asks may come up in its place.
+  const auto chosen = std::make_shared<Watch<MenuItem>>();
+  view->OnChosen([chosen](MenuItem& item) { *chosen = Watch<MenuItem>(item); });
+  view->exec(QCursor::pos());
+  if (view != nullptr) view->deleteLater();
+  if (*chosen && !toolkit_->Ended()) (*chosen)->UserClicked();
+}
+
+void QtBackend::DragChanged() {
+  const Toolkit::DragShown drag = toolkit_->Drag();
+  for (Form* form : toolkit_->Forms()) {
+    if (FormPeer* peer = PeerOf(*form)) peer->ShowDrag(drag);
+  }
+}
+
+void QtBackend::PointerChanged(Form& form) {
+  if (FormPeer* peer = PeerOf(form)) peer->ShowPointer(toolkit_->PointerFor(form));
+}
+
+void QtBackend::SetErrorHandler(std::function<void(int, const std::string&)> handler) {
+  onError_ = std::move(handler);
+}
+
+void QtBackend::Guarded(const std::function<void()>& act) {
+  if (!onError_) {
+    act();
+    return;
+  }
+  try {
+    act();
+  } catch (const RuntimeError& e) {
+    onError_(e.Number(), e.Description());
+  } catch (const std::bad_alloc&) {
+    onError_(error::OutOfMemory, ErrorDescription(error::OutOfMemory));
+  } catch (const std::exception& e) {
+    onError_(error::None, e.what());
+  }
+}
+
+QWidget* QtBackend::WindowForBoxes() {
+  pending_.RunAll();
+  if (toolkit_ == nullptr) return nullptr;
+  Form* form = toolkit_->ActiveForm();
+  if (form == nullptr || PeerOf(*form) == nullptr || !PeerOf(*form)->Window().isVisible()) return nullptr;
+  return &PeerOf(*form)->Window();
+}
+
+}  // namespace pixorra

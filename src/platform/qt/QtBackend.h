@@ -1,0 +1,70 @@
+// The back end with windows: the event loop's sleep, the timers' alarm, the screen's figures, and peers.
+#pragma once
+
+#include <QElapsedTimer>
+#include <QEventLoop>
+#include <QTimer>
+#include <functional>
+#include <string>
+
+#include "platform/controls/Backend.h"
+#include "platform/qt/ArtStore.h"
+#include "platform/qt/Pending.h"
+#include "platform/qt/QtText.h"
+
+class QWidget;
+
+namespace pixorra {
+
+class FormPeer;
+class Toolkit;
+
+// A QApplication must stand before it is made, and outlive it.
+class QtBackend final : public Backend {
+ public:
+  QtBackend();
+
+  // The toolkit is made from the back end; it must be attached before the first form is.
+  void Attach(Toolkit& toolkit) { toolkit_ = &toolkit; }
+  Toolkit& GetToolkit() { return *toolkit_; }
+  // Handles events, asleep between them, until the program ends.
+  void Run();
+
+  std::unique_ptr<Peer> MakePeer(Control& control) override;
+  void ProcessEvents() override;
+  void WaitForEvents(std::optional<double> seconds) override;
+  void EndLoop() override;
+  double Seconds() override;
+  void WakeAt(std::optional<double> seconds) override;
+  Screen GetScreen() override;
+  int MenuBarHeight() override { return menuBarHeight_; }
+  TextDrawing& Text() override { return text_; }
+  void PopupMenu(Form& form, MenuItem& menu) override;
+  void DragChanged() override;
+  void PointerChanged(Form& form) override;
+
+  // Runs what a person's act or a timer sets off. An error that no handler wanted goes to the error handler, so that
+  // none passes through the toolkit below.
+  void Guarded(const std::function<void()>& act);
+  void SetErrorHandler(std::function<void(int number, const std::string& description)> handler);
+
+  // The window in front that a box should stand above; null where none is shown.
+  QWidget* WindowForBoxes();
+  PendingList& AtEndOfTurn() { return pending_; }
+  ArtStore& Art() { return art_; }
+
+ private:
+  void RunTimers();
+
+  Toolkit* toolkit_ = nullptr;
+  ArtStore art_;
+  QtText text_;
+  PendingList pending_;
+  QElapsedTimer clock_;
+  QTimer wake_;
+  QEventLoop loop_;
+  std::function<void(int, const std::string&)> onError_;
+  int menuBarHeight_;
+};
+
+}  // namespace pixorra

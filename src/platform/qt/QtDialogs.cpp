@@ -1,0 +1,86 @@
+#include "platform/qt/QtDialogs.h"
+
+#include <QApplication>
+#include <QColorDialog>
+#include <QInputDialog>
+#include <QMessageBox>
+#include <QPushButton>
+
+#include "platform/qt/BoxGuard.h"
+#include "platform/qt/Convert.h"
+#include "platform/qt/QtBackend.h"
+
+namespace pixorra {
+
+namespace {
+
+QMessageBox::Icon ToQt(BoxIcon icon) {
+  switch (icon) {
+    case BoxIcon::Critical:
+      return QMessageBox::Critical;
+    case BoxIcon::Question:
+      return QMessageBox::Question;
+    case BoxIcon::Exclamation:
+      return QMessageBox::Warning;
+    case BoxIcon::Information:
+      return QMessageBox::Information;
+    default:
+      return QMessageBox::NoIcon;
+  }
+}
+
+// Deletes a box at the end of a call, unless its window has taken it along.
+class OwnedBox {
+ public:
+  explicit OwnedBox(QDialog* dialog) : dialog_(dialog) {}
+  ~OwnedBox() { delete dialog_.data(); }
+  OwnedBox(const OwnedBox&) = delete;
+  OwnedBox& operator=(const OwnedBox&) = delete;
+  const QPointer<QDialog>& Get() const { return dialog_; }
+
+ private:
+  QPointer<QDialog> dialog_;
+};
+
+}  // namespace
+
+BoxAnswer QtDialogs::MsgBox(const std::string& text, BoxIcon icon, BoxButtons buttons, const std::string& title) {
+  auto* box = new QMessageBox(backend_.WindowForBoxes());
+  const OwnedBox owned(box);
+  box->setTextFormat(Qt::PlainText);
+  box->setWindowTitle(ToQString(title));
+  box->setText(ToLines(text));
+  box->setIcon(ToQt(icon));
+  const bool asks = buttons == BoxButtons::YesNo;
+  box->setStandardButtons(asks ? QMessageBox::Yes | QMessageBox::No : QMessageBox::Ok);
+  box->setDefaultButton(asks ? QMessageBox::Yes : QMessageBox::Ok);
+  box->setEscapeButton(asks ? QMessageBox::No : QMessageBox::Ok);
+  if (backend_.GetToolkit().Ended()) return asks ? BoxAnswer::No : BoxAnswer::Ok;
+  const BoxGuard guard(backend_);
+  const int answer = box->exec();
+  if (!asks) return BoxAnswer::Ok;
+  return answer == QMessageBox::Yes ? BoxAnswer::Yes : BoxAnswer::No;
+}
+
+std::string QtDialogs::InputBox(const std::string& prompt, const std::string& title, const std::string& present) {
+  auto* box = new QInputDialog(backend_.WindowForBoxes());
+  const OwnedBox owned(box);
+  box->setWindowTitle(ToQString(title));
+  box->setLabelText(ToLines(prompt).toHtmlEscaped().replace(QLatin1Char('\n'), QLatin1String("<br>")));
+  box->setTextValue(ToQString(present));
+  return RunBox(backend_, owned.Get()) ? ToUtf8(box->textValue()) : std::string();
+}
+
+std::optional<Colour> QtDialogs::ChooseColour(Colour start) {
+  auto* box = new QColorDialog(backend_.WindowForBoxes());
+  const OwnedBox owned(box);
+  box->setCurrentColor(ToQColor(start, box->palette()));
+  if (!RunBox(backend_, owned.Get())) return std::nullopt;
+  return ToColour(box->selectedColor());
+}
+
+void QtDialogs::Beep() {
+  QApplication::beep();
+}
+
+}  // namespace pixorra

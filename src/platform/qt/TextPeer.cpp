@@ -1,0 +1,108 @@
+// Text boxes as widgets, of one line or several.
+#include <QFocusEvent>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QTextCursor>
+#include <algorithm>
+
+#include "platform/controls/TextBox.h"
+#include "platform/qt/Convert.h"
+#include "platform/qt/NativePeer.h"
+#include "platform/qt/NativePeers.h"
+
+namespace pixorra {
+
+namespace {
+
+// The model counts bytes, the widgets count units of 16 bits.
+int ToUnits(const std::string& text, int bytes) {
+  const auto count = static_cast<std::size_t>(std::clamp(bytes, 0, static_cast<int>(text.size())));
+  return static_cast<int>(ToQString(text.substr(0, count)).size());
+}
+
+int ToBytes(const QString& text, int units) {
+  return static_cast<int>(text.left(units).toUtf8().size());
+}
+
+class LinePeer final : public PeerOf<QLineEdit, TextBox> {
+ public:
+  LinePeer(QtBackend& backend, TextBox& control) : PeerOf(backend, control, new QLineEdit) {
+    QObject::connect(&Widget(), &QLineEdit::textEdited, Context(),
+                     [this](const QString& text) { Act([this, typed = ToUtf8(text)] { Model().UserTyped(typed); }); });
+    QObject::connect(&Widget(), &QLineEdit::selectionChanged, Context(), [this] { Selected(); });
+    QObject::connect(&Widget(), &QLineEdit::cursorPositionChanged, Context(), [this] { Selected(); });
+  }
+
+ private:
+  void Selected() {
+    // Before the model has the text, places within it mean nothing.
+    if (Mirroring() || ToUtf8(Widget().text()) != Model().Text()) return;
+    const bool any = Widget().hasSelectedText();
+    const int from = ToBytes(Widget().text(), any ? Widget().selectionStart() : Widget().cursorPosition());
+    const int to = any ? ToBytes(Widget().text(), Widget().selectionEnd()) : from;
+    Model().UserSelected(from, to - from);
+  }
+  void Mirror() override {
+    const QString text = ToQString(Model().Text());
+    if (Widget().text() != text) Widget().setText(text);
+    Widget().setReadOnly(Model().Locked());
+    const int from = ToUnits(Model().Text(), Model().SelStart());
+    const int to = ToUnits(Model().Text(), Model().SelStart() + Model().SelLength());
+    if (to == from) {
+      if (Widget().hasSelectedText() || Widget().cursorPosition() != from) Widget().setCursorPosition(from);
+    } else if (Widget().selectionStart() != from || Widget().selectionEnd() != to) {
+      Widget().setSelection(from, to - from);
+    }
+  }
+};
+
+class TextPeer final : public PeerOf<QPlainTextEdit, TextBox> {
+ public:
+  TextPeer(QtBackend& backend, TextBox& control) : PeerOf(backend, control, new QPlainTextEdit) {
+    QObject::connect(&Widget(), &QPlainTextEdit::textChanged, Context(),
+                     [this] { Act([this, typed = Typed()] { Model().UserTyped(typed); }); });
+    QObject::connect(&Widget(), &QPlainTextEdit::selectionChanged, Context(), [this] { Selected(); });
+    QObject::connect(&Widget(), &QPlainTextEdit::cursorPositionChanged, Context(), [this] { Selected(); });
+  }
+
+ private:
+  // The program's line ends are CR LF.
+  std::string Typed() const { return ToUtf8(Widget().toPlainText().replace(QLatin1Char('\n'), QLatin1String("\r\n"))); }
+  // Places in the model's text, where each line end is one byte longer.
+  int ToModel(int position) const {
+    return ToBytes(Widget().toPlainText().left(position).replace(QLatin1Char('\n'), QLatin1String("\r\n")),
+                   position * 2);
+  }
+  int FromModel(int bytes) const {
+    const auto count = static_cast<std::size_t>(std::clamp(bytes, 0, static_cast<int>(Model().Text().size())));
+    return static_cast<int>(ToLines(Model().Text().substr(0, count)).size());
+  }
+  void Selected() {
+    if (Mirroring() || Typed() != Model().Text()) return;
+    const QTextCursor cursor = Widget().textCursor();
+    const int from = ToModel(cursor.selectionStart());
+    Model().UserSelected(from, ToModel(cursor.selectionEnd()) - from);
+  }
+  void Mirror() override {
+    if (Typed() != Model().Text() && Widget().toPlainText() != ToLines(Model().Text())) {
+      Widget().setPlainText(ToLines(Model().Text()));
+    }
+    Widget().setReadOnly(Model().Locked());
+    QTextCursor cursor = Widget().textCursor();
+    const int from = FromModel(Model().SelStart());
+    const int to = FromModel(Model().SelStart() + Model().SelLength());
+    if (cursor.selectionStart() == from && cursor.selectionEnd() == to) return;
+    cursor.setPosition(from);
+    cursor.setPosition(to, QTextCursor::KeepAnchor);
+    Widget().setTextCursor(cursor);
+  }
+};
+
+}  // namespace
+
+std::unique_ptr<Peer> MakeTextPeer(QtBackend& backend, TextBox& box) {
+  if (box.MultiLine()) return std::make_unique<TextPeer>(backend, box);
+  return std::make_unique<LinePeer>(backend, box);
+}
+
+}  // namespace pixorra
