@@ -5,6 +5,7 @@
 
 namespace pixorra {
 
+struct FolderGrid;
 struct MainForm;
 
 void CreateFolderSlots(MainForm& main);
@@ -16,7 +17,14 @@ int Display_a_New_Folder(MainForm& main, const std::string& path);
 void Remove_Open_Folder(MainForm& main);
 // Writes the count caption of a slot from its list.
 void ShowFolderCount(MainForm& main, int slot);
-// Grid steps in pixels, from the Desktop's present size.
+// A folder of the Desktop is shown in that slot, or the slot is the Trashcan's.
+bool IsSlotInUse(const MainForm& main, int slot);
+// Writes the name of slots 1 to 8, centred below the icon.
+void ShowFolderName(MainForm& main, int slot, const std::string& caption);
+
+// The grid that the slots stand in, from the Desktop's present size; nothing is stored of it.
+FolderGrid PresentGrid(const MainForm& main);
+// Grid steps in pixels.
 int ColumnStep(const MainForm& main);
 int RowStep(const MainForm& main);
 

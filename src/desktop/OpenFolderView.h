@@ -5,6 +5,7 @@
 
 namespace pixorra {
 
+struct DesktopState;
 struct MainForm;
 
 // The full path of the first photo of the open folder's list that has no cell; empty where all have one.
@@ -14,6 +15,8 @@ void ClearDestThumbnails(MainForm& main);
 void Redisplay_DestThumbnails(MainForm& main);
 // The cells behind it move up; 0 does nothing.
 void DeleteDestThumbnail(MainForm& main, int index);
+// A cell's photo has another path now. The only way to set a cell's Tag.
+void SetDestCellPath(DesktopState& desk, int index, const std::string& path);
 void DestScrollbar_Change(MainForm& main);
 void DestScrollbar_Scroll(MainForm& main);
 void DestThumbnail_MouseDown(MainForm& main, int index, int mouseButton);

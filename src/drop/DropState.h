@@ -3,8 +3,8 @@
 
 #include <cstdint>
 #include <string>
-#include <vector>
 
+#include "drop/FileBuffer.h"
 #include "platform/services/Picture.h"
 
 namespace pixorra {
@@ -24,7 +24,8 @@ struct DropState {
   Picture ReelDragIcon;
   Picture NotReadyIcon;
 
-  std::vector<std::uint8_t> FileBuffer;  // shared by all copies
+  FileBuffer copyBuffer;        // shared by all copies
+  bool dragQuestionUp = false;  // a box that a drag of AllButton has brought up stands
 };
 
 }  // namespace pixorra

@@ -8,7 +8,7 @@ namespace pixorra {
 struct MainForm;
 
 // The source as a whole, then its date when that is to be kept. What is copied is on stable storage when this returns.
-// Raises what files raise, and error 6 for an empty source; the destination may then stand there, cut short.
+// Raises what files raise, and error 9 for an empty source; the destination may then stand there, cut short.
 void CopyPhotoFile(MainForm& main, const std::string& source, const std::string& destination);
 
 }  // namespace pixorra

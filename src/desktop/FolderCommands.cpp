@@ -1,0 +1,65 @@
+#include "desktop/FolderCommands.h"
+
+#include "core/MainForm.h"
+#include "desktop/FolderSlots.h"
+#include "desktop/OpenFolder.h"
+#include "filmstrip/Listing.h"
+#include "platform/services/Dialogs.h"
+
+namespace pixorra {
+
+namespace {
+
+void BlankFilmStrip(MainForm& main) {
+  main.strip.SrcLoadedPath.clear();
+  main.strip.NoFilmStrip = true;
+  ShowNoFilmStrip(main);
+}
+
+bool ShowsTrashcan(const MainForm& main) {
+  return !main.strip.NoFilmStrip && main.strip.SrcFileList.Path() == main.desk.DestFolderFiles(TrashcanSlot).Path();
+}
+
+}  // namespace
+
+void DestFolder_Click(MainForm& main, int slot) {
+  if (slot == TrashcanSlot && ShowsTrashcan(main)) BlankFilmStrip(main);
+  Select_a_Folder(main, main.desk.OpenFolderIndex == slot ? 0 : slot);
+}
+
+void DestFolder_MouseDown(MainForm& main, int slot, int mouseButton) {
+  if (mouseButton != button::Right) return;
+  main.desk.PopupFolderIndex = slot;
+  MenuBar& menu = main.menu;
+  MenuItem& first = slot == TrashcanSlot ? menu.OpenTrashcanPopupItem : menu.OpenFolderPopupItem;
+  first.SetCaption(main.desk.OpenFolderIndex == slot ? "Close" : "Open");
+  main.Window.PopupMenu(slot == TrashcanSlot ? menu.TrashcanPopupMenu : menu.FolderPopupMenu);
+}
+
+void ShowFolder_Click(MainForm& main) {
+  if (main.desk.FoldersShown != FolderSlots) return;
+  main.host.dialogs.MsgBox(
+      "You already have a maximum of 8 folders on your desktop.\nPlease close one before trying again.",
+      BoxIcon::Exclamation, BoxButtons::Ok, "WARNING: Unable to Show folder");
+}
+
+void HideFolder_Click(MainForm& main) {
+  Remove_Open_Folder(main);
+}
+
+void HideFolderPopupItem_Click(MainForm& main) {
+  const int before = main.desk.OpenFolderIndex;
+  const int slot = main.desk.PopupFolderIndex;
+  Select_a_Folder(main, slot);
+  // A folder that has gone has left the Desktop already.
+  if (main.desk.OpenFolderIndex == slot) Remove_Open_Folder(main);
+  Select_a_Folder(main, before);
+}
+
+void OpenFolderMenu_Click(MainForm& main) {
+  const int slot = main.desk.OpenFolderIndex;
+  if (slot == 0) return;
+  main.menu.DeleteOpenFolderMenuItem.SetCaption(slot == TrashcanSlot ? "Empty Trashcan" : "Delete");
+}
+
+}  // namespace pixorra

@@ -1,0 +1,55 @@
+// Where the folder slots and the cells of the open folder stand, as numbers alone. All in pixels.
+#pragma once
+
+#include "platform/controls/Geometry.h"
+
+namespace pixorra {
+
+// The Desktop's picture and the size of a folder icon: what the grid of three columns and rows follows from.
+struct FolderGrid {
+  Rect Desktop;
+  int FolderWidth = 0;
+  int FolderHeight = 0;
+};
+
+struct Spot {
+  double Left = 0;
+  double Top = 0;
+  bool operator==(const Spot&) const = default;
+};
+
+int ColumnStepOf(const FolderGrid& grid);
+int RowStepOf(const FolderGrid& grid);
+
+// The controls of slots 1 to 8.
+Spot FolderIconPlace(const FolderGrid& grid, int slot);
+Spot FolderCountPlace(const FolderGrid& grid, int slot);
+// The name is centred, so its width, pixels, tells where it begins.
+Spot FolderNamePlace(const FolderGrid& grid, int slot, int nameWidth);
+Spot FolderPreviewPlace(const FolderGrid& grid, int slot, bool open);
+
+// The Trashcan, in the ninth place of the grid, and what stands around it.
+struct TrashcanPlaces {
+  Spot Icon;
+  Spot Count;
+  Spot Show;
+  Spot Hide;
+};
+TrashcanPlaces PlacesAtTrashcan(const FolderGrid& grid, int trashcanHeight);
+
+// The open folder's grid: cells of 97 by 89, `columns` in a row, placed relative to a page of 50 rows so that the
+// canvas stays short however many photos there are.
+inline constexpr int CellWidth = 97;
+inline constexpr int CellHeight = 89;
+inline constexpr int RowsPerPage = 50;
+
+// Of the background of a cell, from 1, on the canvas; `pageBase` cells lie before the canvas's origin.
+Spot CellPlace(int cell, int pageBase, int columns);
+// The number of cells before the page that the bar's value falls on, a multiple of 50 rows.
+int PageBaseFor(int barValue, int columns);
+// The canvas's top for the bar's value: it makes up for the page, so that nothing jumps when it turns.
+double CanvasTopFor(int barValue, int pageBase, int columns);
+// The bar's range for so many cells in a window of that height, at least 50. Raises error 6 past 16 bits.
+int BarMaxFor(int cells, int columns, int windowHeight);
+
+}  // namespace pixorra

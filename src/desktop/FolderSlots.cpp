@@ -1,0 +1,122 @@
+#include "desktop/FolderSlots.h"
+
+#include "core/MainForm.h"
+#include "core/Routines.h"
+#include "desktop/FolderGeometry.h"
+#include "platform/runtime/Errors.h"
+#include "platform/services/Files.h"
+#include "platform/services/Places.h"
+
+namespace pixorra {
+
+namespace {
+
+void MoveTo(Control& control, const Spot& place) {
+  control.Move(place.Left, place.Top);
+}
+
+// The Trashcan is always this one folder, with no setting to move it.
+void FindTrashcan(MainForm& main) {
+  FileListBox& list = main.desk.DestFolderFiles(TrashcanSlot);
+  const std::string path = StripTrailingBackslash(main.host.places.ProgramFolder()) + "\\Trashcan";
+  if (ErrorsIgnored([&] { list.SetPath(path); }) == error::None) return;
+  ErrorsIgnored([&] { main.host.files.MakeFolder(path); });
+  ErrorsIgnored([&] { list.SetPath(path); });
+}
+
+void ArrangeTrashcan(MainForm& main, const FolderGrid& grid) {
+  DesktopState& desk = main.desk;
+  const TrashcanPlaces places = PlacesAtTrashcan(grid, desk.TrashcanClosed.Height());
+  MoveTo(desk.DestFolder(TrashcanSlot), places.Icon);
+  MoveTo(desk.DestPicsCount(TrashcanSlot), places.Count);
+  MoveTo(desk.ShowFolder, places.Show);
+  MoveTo(desk.HideFolder, places.Hide);
+}
+
+void ArrangeSlot(MainForm& main, const FolderGrid& grid, int slot) {
+  DesktopState& desk = main.desk;
+  const bool shown = desk.DestFolder(slot).Visible();
+  Control* const controls[] = {&desk.DestFolder(slot), &desk.DestPicsCount(slot), &desk.DestFolderName(slot),
+                               &desk.DestFolderPreview(slot)};
+  for (Control* control : controls) control->SetVisible(false);
+  MoveTo(desk.DestFolder(slot), FolderIconPlace(grid, slot));
+  MoveTo(desk.DestPicsCount(slot), FolderCountPlace(grid, slot));
+  MoveTo(desk.DestFolderName(slot), FolderNamePlace(grid, slot, desk.DestFolderName(slot).Width()));
+  MoveTo(desk.DestFolderPreview(slot), FolderPreviewPlace(grid, slot, desk.OpenFolderIndex == slot));
+  if (!shown) return;
+  // The preview too, whether it was seen before or not.
+  for (Control* control : controls) control->SetVisible(true);
+}
+
+}  // namespace
+
+FolderGrid PresentGrid(const MainForm& main) {
+  const ImageBox& pattern = main.desk.DestFolder(0);
+  return {main.desk.DesktopImage.Bounds(), pattern.Width(), pattern.Height()};
+}
+
+int ColumnStep(const MainForm& main) {
+  return ColumnStepOf(PresentGrid(main));
+}
+
+int RowStep(const MainForm& main) {
+  return RowStepOf(PresentGrid(main));
+}
+
+bool IsSlotInUse(const MainForm& main, int slot) {
+  return slot >= 1 && main.desk.DestFolder.IsLoaded(slot) && main.desk.DestFolder(slot).Visible();
+}
+
+void ShowFolderCount(MainForm& main, int slot) {
+  main.desk.DestPicsCount(slot).SetCaption(CountCaption(main.desk.DestFolderFiles(slot).ListCount()));
+}
+
+void ShowFolderName(MainForm& main, int slot, const std::string& caption) {
+  Label& name = main.desk.DestFolderName(slot);
+  name.SetCaption(caption);
+  MoveTo(name, FolderNamePlace(PresentGrid(main), slot, name.Width()));
+}
+
+void CreateFolderSlots(MainForm& main) {
+  DesktopState& desk = main.desk;
+  for (int i = 1; i <= FolderSlots; ++i) {
+    desk.DestFolder.Load(i);
+    desk.DestPicsCount.Load(i);
+    desk.DestFolderName.Load(i);
+    desk.DestFolderPreview.Load(i);
+    desk.DestFolderFiles.Load(i);
+  }
+  desk.DestFolder.Load(TrashcanSlot);
+  desk.DestPicsCount.Load(TrashcanSlot);
+  desk.DestFolderFiles.Load(TrashcanSlot);
+  desk.DestFolderName.Load(TrashcanSlot);
+  FindTrashcan(main);
+  desk.DestFolder(TrashcanSlot).SetPicture(desk.TrashcanClosed);
+  ShowFolderCount(main, TrashcanSlot);
+  desk.DestFolder(TrashcanSlot).SetVisible(true);
+  desk.DestPicsCount(TrashcanSlot).SetVisible(true);
+  desk.DestFolder(TrashcanSlot).BringToFront();
+  desk.DestPicsCount(TrashcanSlot).BringToFront();
+  desk.DestFolder(TrashcanSlot).SetToolTipText("Trashcan");
+  desk.DestFolderName(TrashcanSlot).SetCaption("Trashcan");
+  ArrangeFolderSlots(main);
+}
+
+void DestroyFolderSlots(MainForm& main) {
+  DesktopState& desk = main.desk;
+  for (int i = 1; i <= TrashcanSlot; ++i) {
+    desk.DestFolder.Unload(i);
+    desk.DestPicsCount.Unload(i);
+    desk.DestFolderName.Unload(i);
+    if (i != TrashcanSlot) desk.DestFolderPreview.Unload(i);
+    desk.DestFolderFiles.Unload(i);
+  }
+}
+
+void ArrangeFolderSlots(MainForm& main) {
+  const FolderGrid grid = PresentGrid(main);
+  for (int i = 1; i <= FolderSlots; ++i) ArrangeSlot(main, grid, i);
+  ArrangeTrashcan(main, grid);
+}
+
+}  // namespace pixorra

@@ -1,0 +1,224 @@
+#include "desktop/OpenFolderView.h"
+
+#include <algorithm>
+
+#include "core/MainForm.h"
+#include "core/ShownNames.h"
+#include "desktop/FolderGeometry.h"
+#include "desktop/FolderSlots.h"
+#include "pictures/Painting.h"
+#include "platform/runtime/Errors.h"
+#include "platform/runtime/Numbers.h"
+#include "preview/PreviewPane.h"
+
+namespace pixorra {
+
+namespace {
+
+int Columns(const DesktopState& desk) {
+  return std::max(1, desk.DestColumns);
+}
+
+void PlaceBackground(DesktopState& desk, int cell) {
+  const Spot place = CellPlace(cell, desk.DestPageBase, Columns(desk));
+  desk.DestBackground(cell).Move(place.Left, place.Top);
+  desk.DestBackground(cell).SetVisible(true);
+}
+
+void PlaceThumbnail(DesktopState& desk, int cell) {
+  const ImageBox& background = desk.DestBackground(cell);
+  ImageBox& thumbnail = desk.DestThumbnail(cell);
+  Label& name = desk.DestThumbName(cell);
+  thumbnail.Move(background.Left() + 7, background.Top() + 7);
+  thumbnail.SetVisible(true);
+  name.Move(thumbnail.Left(), thumbnail.Top() + thumbnail.Height() + 1);
+  name.SetVisible(true);
+  name.BringToFront();
+}
+
+void FitCanvasWidth(DesktopState& desk) {
+  desk.DestCanvas.SetWidth(static_cast<double>(desk.DestBackground(0).Width()) * Columns(desk));
+}
+
+// `room` is left below the last cell, pixels.
+void FitCanvasHeight(DesktopState& desk, int room) {
+  const ImageBox& last = desk.DestBackground(desk.DestSlotCount);
+  ErrorsIgnored([&] { desk.DestCanvas.SetHeight(last.Top() + last.Height() + room); });
+}
+
+// Past 16 bits the assignment fails and the former Max stands.
+void FitScrollbar(DesktopState& desk) {
+  ErrorsIgnored(
+      [&] { desk.DestScrollbar.SetMax(BarMaxFor(desk.DestSlotCount, Columns(desk), desk.DestThumbsWindow.Height())); });
+  desk.DestScrollbar.Refresh();
+}
+
+void PlaceCanvas(DesktopState& desk) {
+  desk.DestCanvas.SetTop(CanvasTopFor(desk.DestScrollbar.Value(), desk.DestPageBase, Columns(desk)));
+}
+
+void ShowSlotCount(DesktopState& desk) {
+  desk.DestCountLabel.SetCaption(TrimmedStr(desk.DestSlotCount));
+}
+
+// The frame follows its cell; where that is no longer shown nothing is selected.
+void FollowSelection(MainForm& main) {
+  DesktopState& desk = main.desk;
+  int selected = 0;
+  ErrorsIgnored([&] { selected = CLng(Val(desk.DestThumbFrame.Tag())); });
+  if (!desk.DestThumbnail.IsLoaded(selected) || !desk.DestThumbnail(selected).Visible()) {
+    ResetPreview(main);
+    return;
+  }
+  const ImageBox& thumbnail = desk.DestThumbnail(selected);
+  desk.DestThumbFrame.Move(thumbnail.Left(), thumbnail.Top());
+  desk.DestThumbFrame.SetVisible(true);
+}
+
+void ScrollView(MainForm& main) {
+  DesktopState& desk = main.desk;
+  const int base = PageBaseFor(desk.DestScrollbar.Value(), Columns(desk));
+  if (base != desk.DestPageBase) {
+    desk.DestPageBase = base;
+    Redisplay_DestThumbnails(main);
+  }
+  PlaceCanvas(desk);
+}
+
+void TakeFocusOff(ScrollBar& bar) {
+  bar.SetEnabled(false);
+  bar.SetEnabled(true);
+}
+
+}  // namespace
+
+std::string NextDestThumbFile(MainForm& main) {
+  DesktopState& desk = main.desk;
+  return desk.loadedPaths.FirstMissing(desk.DestFileList,
+                                       [&](int cell) -> const std::string& { return desk.DestThumbnail(cell).Tag(); });
+}
+
+void SetDestCellPath(DesktopState& desk, int index, const std::string& path) {
+  desk.DestThumbnail(index).SetTag(path);
+  desk.loadedPaths.StartOver();
+  desk.loadedPaths.Add(path, index);
+}
+
+void AddDestThumbnail(MainForm& main, const std::string& path) {
+  DesktopState& desk = main.desk;
+  const int cell = desk.DestSlotCount + 1;
+  const Watch<ImageBox> thumbnail(desk.DestThumbnail.Load(cell));
+  desk.DestBackground.Load(cell);
+  desk.DestThumbName.Load(cell);
+  desk.DestSlotCount = cell;
+  FitCanvasWidth(desk);
+  PlaceBackground(desk, cell);
+  bool bDragged = false;
+  PaintThumbnail(main, *thumbnail.Get(), path, bDragged);
+  // A long step may have let the window close.
+  if (!thumbnail) return;
+  desk.DestThumbName(cell).SetCaption(ShownBaseName(main.host.files, path));
+  desk.DestThumbName(cell).SetToolTipText(ShownFileName(main.host.files, path));
+  PlaceThumbnail(desk, cell);
+  FitCanvasHeight(desk, 23);
+  FitScrollbar(desk);
+  // Clearing left the canvas at the window's top edge, a row too low; the first cell brings it to the bar's place.
+  if (cell == 1) PlaceCanvas(desk);
+  thumbnail->SetTag(path);
+  desk.loadedPaths.Add(path, cell);
+  ShowSlotCount(desk);
+}
+
+void Redisplay_DestThumbnails(MainForm& main) {
+  DesktopState& desk = main.desk;
+  if (desk.DestSlotCount == 0) return;
+  const bool selected = desk.DestThumbFrame.Visible();
+  desk.DestThumbFrame.SetVisible(false);
+  FitCanvasWidth(desk);
+  for (int i = 1; i <= desk.DestSlotCount; ++i) {
+    PlaceBackground(desk, i);
+    PlaceThumbnail(desk, i);
+  }
+  FitCanvasHeight(desk, 230);
+  FitScrollbar(desk);
+  if (selected) FollowSelection(main);
+}
+
+void ClearDestThumbnails(MainForm& main) {
+  DesktopState& desk = main.desk;
+  for (int i = 1; i <= desk.DestSlotCount; ++i) {
+    ErrorsIgnored([&] { desk.DestThumbnail.Unload(i); });
+    ErrorsIgnored([&] { desk.DestBackground.Unload(i); });
+    ErrorsIgnored([&] { desk.DestThumbName.Unload(i); });
+  }
+  desk.loadedPaths.Clear();
+  desk.DestCanvas.SetPicture(Picture());
+  desk.DestThumbnail(0).SetVisible(false);
+  desk.DestBackground(0).SetVisible(false);
+  desk.DestThumbName(0).SetVisible(false);
+  const bool selected = desk.DestThumbFrame.Visible();
+  desk.DestThumbFrame.SetVisible(false);
+  if (selected) ResetPreview(main);
+  desk.DestSlotCount = 0;
+  desk.DestCountLabel.SetCaption("");
+  desk.DestCanvas.SetTop(0);
+  desk.DestCanvas.Refresh();
+  ErrorsIgnored([&] { desk.DestScrollbar.SetMin(1); });
+  ErrorsIgnored([&] { desk.DestScrollbar.SetMax(50); });
+  TakeFocusOff(desk.DestScrollbar);
+}
+
+void DeleteDestThumbnail(MainForm& main, int index) {
+  DesktopState& desk = main.desk;
+  if (index < 1 || index > desk.DestSlotCount) return;
+  // Pictures and texts move up from cell to cell; the controls stay where they are.
+  for (int k = index; k < desk.DestSlotCount; ++k) {
+    const ImageBox& next = desk.DestThumbnail(k + 1);
+    desk.DestThumbnail(k).SetPicture(next.GetPicture());
+    desk.DestThumbnail(k).SetToolTipText(next.ToolTipText());
+    desk.DestThumbnail(k).SetTag(next.Tag());
+    const Label& nextName = desk.DestThumbName(k + 1);
+    desk.DestThumbName(k).SetCaption(nextName.Caption());
+    desk.DestThumbName(k).SetTag(nextName.Tag());
+    desk.DestThumbName(k).SetToolTipText(nextName.ToolTipText());
+  }
+  desk.DestThumbnail.Unload(desk.DestSlotCount);
+  desk.DestBackground.Unload(desk.DestSlotCount);
+  desk.DestThumbName.Unload(desk.DestSlotCount);
+  --desk.DestSlotCount;
+  ShowSlotCount(desk);
+  desk.loadedPaths.Clear();
+  for (int i = 1; i <= desk.DestSlotCount; ++i) desk.loadedPaths.Add(desk.DestThumbnail(i).Tag(), i);
+  if (desk.OpenFolderIndex == 0) return;
+  desk.DestFileList.Refresh();
+  desk.DestFolderFiles(desk.OpenFolderIndex).Refresh();
+  ShowFolderCount(main, desk.OpenFolderIndex);
+}
+
+void DestScrollbar_Change(MainForm& main) {
+  ScrollBar& bar = main.desk.DestScrollbar;
+  if (bar.Tag() == "BUSY") return;
+  ScrollView(main);
+  TakeFocusOff(bar);
+}
+
+void DestScrollbar_Scroll(MainForm& main) {
+  ScrollBar& bar = main.desk.DestScrollbar;
+  bar.SetTag("BUSY");
+  ScrollView(main);
+  bar.SetTag("");
+}
+
+void DestThumbnail_MouseDown(MainForm& main, int index, int /*mouseButton*/) {
+  DesktopState& desk = main.desk;
+  if (index == 0) return;
+  const ImageBox& thumbnail = desk.DestThumbnail(index);
+  desk.DestThumbFrame.Move(thumbnail.Left(), thumbnail.Top());
+  desk.DestThumbFrame.SetVisible(true);
+  main.strip.SrcThumbFrame.SetVisible(false);
+  desk.DestThumbFrame.SetTag(TrimmedStr(index));
+  PaintPicPreview(main, thumbnail.Tag());
+  main.preview.bPicEdited = false;
+}
+
+}  // namespace pixorra

@@ -1,0 +1,130 @@
+// Folders coming onto the Desktop, and leaving it.
+#include "core/MainForm.h"
+#include "core/Routines.h"
+#include "core/ShownNames.h"
+#include "desktop/FolderSlots.h"
+#include "desktop/OpenFolder.h"
+#include "pictures/Painting.h"
+#include "platform/runtime/Errors.h"
+#include "platform/services/Dialogs.h"
+#include "platform/services/Files.h"
+
+namespace pixorra {
+
+namespace {
+
+bool IsNetworkPath(const std::string& path) {
+  return path.starts_with("\\\\");
+}
+
+void Warn(MainForm& main, const std::string& title, const std::string& text) {
+  main.host.dialogs.MsgBox(text, BoxIcon::Exclamation, BoxButtons::Ok, title);
+}
+
+// Looks no further than the first FoldersShown slots: with a gap in the slots, a folder beyond it is not noticed.
+int SlotShowing(const MainForm& main, const std::string& path) {
+  const DesktopState& desk = main.desk;
+  for (int i = 1; i <= desk.FoldersShown; ++i) {
+    if (desk.DestFolderFiles(i).Path() == path && desk.DestFolder(i).Visible()) return i;
+  }
+  return 0;
+}
+
+int FirstFreeSlot(const MainForm& main) {
+  for (int i = 1; i <= FolderSlots; ++i) {
+    if (!main.desk.DestFolder(i).Visible()) return i;
+  }
+  return 0;
+}
+
+void ShowNewest(MainForm& main, int slot, const std::string& path) {
+  DesktopState& desk = main.desk;
+  const FileListBox& list = desk.DestFolderFiles(slot);
+  ImageBox& preview = desk.DestFolderPreview(slot);
+  if (list.ListCount() > 0) {
+    bool bDragged = false;
+    PaintThumbnail(main, preview, JoinPath(path, list.List(list.ListCount() - 1)), bDragged);
+    preview.SetVisible(true);
+  } else {
+    preview.SetPicture(Picture());
+    preview.SetVisible(false);
+  }
+  ShowFolderCount(main, slot);
+}
+
+void FillSlot(MainForm& main, int slot, const std::string& path) {
+  DesktopState& desk = main.desk;
+  FileListBox& list = desk.DestFolderFiles(slot);
+  list.SetPath(path);
+  list.Refresh();
+  ++desk.FoldersShown;
+  desk.DestFolder(slot).BringToFront();
+  desk.DestPicsCount(slot).BringToFront();
+  desk.DestFolderName(slot).BringToFront();
+  desk.DestFolderPreview(slot).BringToFront();
+  const bool camera = path == main.strip.CameraLocation;
+  ShowFolderName(main, slot, camera ? " Camera Photos " : " " + ShownFolderName(main.host.files, path) + " ");
+  desk.DestFolderName(slot).SetToolTipText(main.host.files.ShownPath(path));
+  desk.DestFolder(slot).SetVisible(true);
+  desk.DestPicsCount(slot).SetVisible(true);
+  desk.DestFolderName(slot).SetVisible(true);
+  ShowNewest(main, slot, path);
+}
+
+}  // namespace
+
+int Display_a_New_Folder(MainForm& main, const std::string& path) {
+  DesktopState& desk = main.desk;
+  Files& files = main.host.files;
+  if (!IsNetworkPath(path) && !files.FolderExists(StripTrailingBackslash(path))) {
+    Warn(main, "WARNING: Can't display the folder",
+         "Folder not found\n\n" + files.ShownPath(path) +
+             "\n\nThis folder may have been Moved, Renamed, or Deleted.\n"
+             "It may have been located on a removeable media such\nas a CD-ROM or your digital camera.");
+    return 0;
+  }
+  if (const int shown = SlotShowing(main, path)) {
+    main.host.dialogs.MsgBox(files.ShownPath(path) + "\n\nDestination Folder is already Shown.", BoxIcon::Information,
+                             BoxButtons::Ok, "Show a Folder - " + ShownFolderName(files, path));
+    return shown;
+  }
+  if (desk.FoldersShown == FolderSlots) {
+    Warn(main, "WARNING: Unable to open folder",
+         "You already have ALL 8 folders on your desktop.\nPlease close one before trying again.");
+    return 0;
+  }
+  const int slot = FirstFreeSlot(main);
+  if (ErrorsIgnored([&] { FillSlot(main, slot, path); }) != error::None) {
+    Warn(main, std::string(ApplicationTitle) + " - Cannot Display Folder",
+         "?? Folder not found\n\n" + files.ShownPath(path));
+    return 0;
+  }
+  return slot;
+}
+
+void Remove_Open_Folder(MainForm& main) {
+  DesktopState& desk = main.desk;
+  const int slot = desk.OpenFolderIndex;
+  if (slot == 0) return;
+  if (slot == TrashcanSlot) {
+    Select_a_Folder(main, 0);
+    return;
+  }
+  if (desk.FoldersShown == 0) return;
+  desk.DestFolder(slot).SetVisible(false);
+  desk.DestPicsCount(slot).SetVisible(false);
+  desk.DestFolderName(slot).SetVisible(false);
+  desk.DestFolderPreview(slot).SetVisible(false);
+  desk.DestContentsLabel.SetCaption("");
+  desk.DestContentsLabel.SetToolTipText("");
+  --desk.FoldersShown;
+  Select_a_Folder(main, 0);
+  for (int i = FolderSlots; i >= 1; --i) {
+    if (IsSlotInUse(main, i)) {
+      Select_a_Folder(main, i);
+      return;
+    }
+  }
+}
+
+}  // namespace pixorra

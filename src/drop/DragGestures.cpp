@@ -1,0 +1,91 @@
+#include "drop/DragGestures.h"
+
+#include "core/MainForm.h"
+#include "platform/runtime/Errors.h"
+#include "platform/runtime/Numbers.h"
+#include "platform/runtime/Text.h"
+#include "platform/services/Dialogs.h"
+#include "preview/PreviewPane.h"
+
+namespace pixorra {
+
+namespace {
+
+bool IsAllButton(const Control& source) {
+  return UCase(source.Name()) == "ALLBUTTON";
+}
+
+bool ShowsOnClick(const MainForm& main) {
+  return main.preferences.AutoPreviewCheckBox.Value() == 1;
+}
+
+// A box that comes up within a drag must not come up once more when the mouse moves under it.
+BoxAnswer AskInDrag(MainForm& main, const std::string& text, BoxIcon icon, BoxButtons buttons,
+                    const std::string& title) {
+  struct Up {
+    bool& flag;
+    explicit Up(bool& up) : flag(up) { flag = true; }
+    ~Up() { flag = false; }
+  } const up(main.drop.dragQuestionUp);
+  return main.host.dialogs.MsgBox(text, icon, buttons, title);
+}
+
+}  // namespace
+
+void DragOverFolder(MainForm& main, Control& source, int state) {
+  if (state == drag::Enter) source.SetDragIcon(main.drop.DropIcon);
+  if (state == drag::Leave) source.SetDragIcon(IsAllButton(source) ? main.drop.ReelDragIcon : Picture());
+}
+
+void SrcThumbnail_DragOver(MainForm& main, int index, Control& source, int state) {
+  if (source.Name() != "SrcThumbnail" || source.Index() != index || state != drag::Enter) return;
+  source.SetDragIcon(Picture());
+  if (index <= 0) return;
+  FilmStripState& strip = main.strip;
+  const ImageBox& thumbnail = strip.SrcThumbnail(index);
+  main.desk.DestThumbFrame.SetVisible(false);
+  strip.SrcThumbFrame.Move(thumbnail.Left(), thumbnail.Top());
+  strip.SrcThumbFrame.SetVisible(true);
+  strip.SrcThumbFrame.SetTag(TrimmedStr(index));
+  strip.SrcScrollbar.SetFocus();
+  if (ShowsOnClick(main)) PaintPicPreview(main, thumbnail.Tag());
+}
+
+void SrcThumbnail_DragDrop(MainForm& main) {
+  FilmStripState& strip = main.strip;
+  int selected = 0;
+  ErrorsIgnored([&] { selected = CLng(Val(strip.SrcThumbFrame.Tag())); });
+  if (!ShowsOnClick(main) && selected > 0 && strip.SrcThumbnail.IsLoaded(selected)) {
+    PaintPicPreview(main, strip.SrcThumbnail(selected).Tag());
+  }
+  main.preview.bPicEdited = false;
+}
+
+void AllButton_DragOver(MainForm& main, Control& source, int state) {
+  if (main.drop.dragQuestionUp) return;
+  main.preview.bPicEdited = false;
+  if (!IsAllButton(source) || state == drag::Over) return;
+  if (main.drop.DropAllRunning) {
+    const BoxAnswer answer = AskInDrag(main, "Do you want to STOP this process?", BoxIcon::Question, BoxButtons::YesNo,
+                                       "Dragging ALL remaining Photos");
+    if (answer == BoxAnswer::Yes) {
+      main.drop.DropAllAbort = true;
+      return;
+    }
+  }
+  if (main.strip.SrcSlotCount < main.strip.SrcFileList.ListCount()) {
+    AskInDrag(main, "The thumbnails are still loading.\nWait until it is finished loading, then try again.",
+              BoxIcon::Exclamation, BoxButtons::Ok, "WARNING: Can't Drag Film Strip yet.");
+    return;
+  }
+  source.SetDragIcon(state == drag::Enter ? Picture() : main.drop.ReelDragIcon);
+}
+
+void AllButton_MouseMove(MainForm& main) {
+  FilmStripState& strip = main.strip;
+  const int count = strip.SrcFileList.ListCount();
+  const bool ready = count > 0 && count == strip.SrcSlotCount;
+  strip.AllButton.SetMouseIcon(ready ? strip.BrowseButton.MouseIcon() : main.drop.NotReadyIcon);
+}
+
+}  // namespace pixorra

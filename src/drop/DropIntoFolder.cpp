@@ -1,0 +1,207 @@
+#include "drop/DropIntoFolder.h"
+
+#include "core/MainForm.h"
+#include "core/Routines.h"
+#include "desktop/FolderSlots.h"
+#include "desktop/OpenFolder.h"
+#include "drop/FileTransfer.h"
+#include "drop/Naming.h"
+#include "drop/RenameAskForm.h"
+#include "filmstrip/Marks.h"
+#include "pictures/Painting.h"
+#include "platform/controls/Toolkit.h"
+#include "platform/runtime/Errors.h"
+#include "platform/runtime/Numbers.h"
+#include "platform/runtime/Text.h"
+#include "platform/services/Dialogs.h"
+#include "platform/services/Files.h"
+
+namespace pixorra {
+
+namespace {
+
+// Seconds between an answer of the rename dialog and the next look at the name.
+constexpr double RenamePause = 0.3;
+
+// What a drop is about. Dialogs and waits let the loop run, and anything may have changed when they end.
+struct Drop {
+  int Slot = 0;
+  std::string Folder;
+  std::string Photo;
+  Watch<ImageBox> Source;
+};
+
+// The hourglass stands from a drop's start to its end, and so does the sign of a run, whatever ends it.
+class WhileDropping {
+ public:
+  WhileDropping(MainForm& main, bool all)
+      : main_(main), pointer_(main.Window.MousePointer()), running_(main.drop.DropAllRunning) {
+    main_.Window.SetMousePointer(pointer::Hourglass);
+    if (all) main_.drop.DropAllRunning = true;
+  }
+  // A drop within another one leaves both as the other needs them.
+  ~WhileDropping() {
+    main_.drop.DropAllRunning = running_;
+    main_.Window.SetMousePointer(pointer_);
+  }
+  WhileDropping(const WhileDropping&) = delete;
+  WhileDropping& operator=(const WhileDropping&) = delete;
+
+ private:
+  MainForm& main_;
+  int pointer_;
+  bool running_;
+};
+
+bool StillStands(const MainForm& main, const Drop& drop) {
+  return !main.host.toolkit.Ended() && drop.Source && drop.Source->Tag() == drop.Photo &&
+         IsSlotInUse(main, drop.Slot) && main.desk.DestFolderFiles(drop.Slot).Path() == drop.Folder;
+}
+
+void TakeVanishedFolderOff(MainForm& main, const Drop& drop, int openBefore) {
+  main.host.dialogs.MsgBox("Folder not found\n\n" + main.host.files.ShownPath(drop.Folder), BoxIcon::Critical,
+                           BoxButtons::Ok, "WARNING: Can't drop photo into this folder");
+  Select_a_Folder(main, drop.Slot);
+  // The folder that has gone may have left already, and another one is open in its place.
+  if (main.desk.OpenFolderIndex == drop.Slot) Remove_Open_Folder(main);
+  Select_a_Folder(main, openBefore);
+}
+
+// By the naming policy; empty: the drop is over.
+std::string ChooseDestination(MainForm& main, const Drop& drop, const std::string& name) {
+  Files& files = main.host.files;
+  std::string destination = MakeUniqueName(files, drop.Folder, name);
+  if (main.preferences.RenameAlwaysOption.Value()) destination = MakeGeneratedName(files, drop.Folder, name);
+  if (!main.preferences.RenameAskOption.Value()) return destination;
+  destination = JoinPath(drop.Folder, name);
+  while (files.NameTaken(destination)) {
+    destination = RenameNewPhoto(main, destination);
+    if (destination.empty() || !StillStands(main, drop)) return {};
+    if (!main.host.toolkit.WaitFor(RenamePause) || !StillStands(main, drop)) return {};
+  }
+  return destination;
+}
+
+void ShowCopyFailure(MainForm& main, const Drop& drop) {
+  main.host.dialogs.MsgBox(main.host.files.ShownPath(drop.Folder) +
+                               "\n\nThis folder cannot be written to.\nIt maybe on a CD-ROM, or your\n"
+                               "disk drive maybe full.",
+                           BoxIcon::Exclamation, BoxButtons::Ok, "Pixorra - Unable to Drop Photo");
+}
+
+// The thumbnail as it stands while it is clean; one that bears the dragged shading is painted afresh.
+void ShowNewArrival(MainForm& main, const Drop& drop) {
+  ImageBox& preview = main.desk.DestFolderPreview(drop.Slot);
+  if (main.strip.SrcThumbName(drop.Source->Index()).Tag().empty()) {
+    preview.SetPicture(drop.Source->GetPicture());
+  } else {
+    bool bDragged = false;
+    PaintThumbnail(main, preview, drop.Photo, bDragged);
+  }
+}
+
+void ShowEndOfView(DesktopState& desk) {
+  ScrollBar& bar = desk.DestScrollbar;
+  bar.SetValue(desk.DestSlotCount < 8 ? bar.Min() : bar.Max());
+}
+
+// Each step by itself: one that fails is passed over.
+void TellOfArrival(MainForm& main, const Drop& drop, const std::string& destination) {
+  DesktopState& desk = main.desk;
+  if (drop.Slot != TrashcanSlot) ErrorsIgnored([&] { ShowNewArrival(main, drop); });
+  if (!StillStands(main, drop)) return;
+  ErrorsIgnored([&] {
+    desk.DestFolderFiles(drop.Slot).Refresh();
+    desk.DestFileList.Refresh();
+  });
+  ErrorsIgnored([&] { ShowFolderCount(main, drop.Slot); });
+  if (drop.Slot == desk.OpenFolderIndex) ErrorsIgnored([&] { ShowEndOfView(desk); });
+  ErrorsIgnored([&] { MarkDragged(main, *drop.Source.Get()); });
+  if (!drop.Source) return;
+  ErrorsIgnored([&] { main.drop.LastDropSrcIndex = CInt(drop.Source->Index()); });
+  main.drop.LastDropFolder = static_cast<std::int16_t>(drop.Slot);
+  main.drop.LastDropFile = destination;
+}
+
+// The run goes on only while it has the strip and the folder that it began with.
+class Run {
+ public:
+  Run(MainForm& main, int slot)
+      : main_(main),
+        slot_(slot),
+        folder_(main.desk.DestFolderFiles(slot).Path()),
+        first_(main.strip.SrcThumbnail(1)),
+        strip_(main.strip.SrcFileList.Path()) {}
+
+  bool GoesOn() const {
+    return !main_.drop.DropAllAbort && !main_.host.toolkit.Ended() && first_ &&
+           main_.strip.SrcFileList.Path() == strip_ && IsSlotInUse(main_, slot_) &&
+           main_.desk.DestFolderFiles(slot_).Path() == folder_;
+  }
+
+ private:
+  MainForm& main_;
+  int slot_;
+  std::string folder_;
+  Watch<ImageBox> first_;
+  std::string strip_;
+};
+
+// Dead slots have no photo, and marked ones had their turn.
+bool WaitsForItsTurn(const FilmStripState& strip, int i) {
+  return strip.SrcThumbName(i).Tag().empty() && !strip.SrcThumbnail(i).Tag().empty();
+}
+
+void DropWholeStrip(MainForm& main, int slot) {
+  FilmStripState& strip = main.strip;
+  const Run run(main, slot);
+  const int last = strip.SrcSlotCount;
+  for (int i = 1; i <= last; ++i) {
+    if (!WaitsForItsTurn(strip, i)) continue;
+    // The strip runs along with the work.
+    ErrorsIgnored([&] {
+      const double left = strip.SrcBackground(i).Left();
+      strip.SrcScrollbar.SetValue(CInt((left - 2 * SrcFrameWidth) / 2));
+    });
+    CopyDraggedPhoto(main, slot, strip.SrcThumbnail(i));
+    main.host.toolkit.DoEvents();
+    if (!run.GoesOn()) return;
+  }
+}
+
+}  // namespace
+
+void DropOnFolder(MainForm& main, int slot, Control& source) {
+  main.drop.DropAllAbort = false;
+  if (UCase(source.Name()) != "ALLBUTTON") {
+    auto* photo = dynamic_cast<ImageBox*>(&source);
+    if (photo == nullptr) return;
+    const WhileDropping dropping(main, false);
+    CopyDraggedPhoto(main, slot, *photo);
+    return;
+  }
+  if (main.strip.SrcSlotCount == 0) return;
+  const WhileDropping dropping(main, true);
+  DropWholeStrip(main, slot);
+}
+
+void CopyDraggedPhoto(MainForm& main, int slot, ImageBox& source) {
+  if (!IsSlotInUse(main, slot) || source.Tag().empty()) return;
+  const Drop drop{slot, main.desk.DestFolderFiles(slot).Path(), source.Tag(), Watch<ImageBox>(source)};
+  const std::string name = FileNameOf(drop.Photo);
+  const int openBefore = main.desk.OpenFolderIndex;
+  Files& files = main.host.files;
+  if (!drop.Folder.starts_with("\\\\") && !files.FolderExists(StripTrailingBackslash(drop.Folder))) {
+    TakeVanishedFolderOff(main, drop, openBefore);
+    return;
+  }
+  const std::string destination = ChooseDestination(main, drop, name);
+  if (main.preferences.RenameAskOption.Value() && destination.empty()) return;
+  if (ErrorsIgnored([&] { CopyPhotoFile(main, drop.Photo, destination); }) != error::None) {
+    ShowCopyFailure(main, drop);
+    return;
+  }
+  TellOfArrival(main, drop, destination);
+}
+
+}  // namespace pixorra

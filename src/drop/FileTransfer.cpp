@@ -1,0 +1,46 @@
+#include "drop/FileTransfer.h"
+
+#include <cstddef>
+
+#include "core/MainForm.h"
+#include "core/Routines.h"
+#include "drop/FileDateTime.h"
+#include "platform/runtime/Errors.h"
+#include "platform/runtime/Numbers.h"
+#include "platform/services/Files.h"
+
+namespace pixorra {
+
+namespace {
+
+// The file must fit into one array, whose upper index is 32 bits wide and cannot be below 0.
+std::size_t SizeOfArrayFor(std::int64_t length) {
+  if (length == 0) throw RuntimeError(error::BadSubscript);
+  return static_cast<std::size_t>(CLng(static_cast<double>(length)));
+}
+
+void CopyBytes(MainForm& main, const std::string& source, const std::string& destination) {
+  Files& files = main.host.files;
+  // The destination is made first: a source that cannot be read leaves it empty.
+  const std::unique_ptr<File> to = files.Open(destination, OpenMode::ReadWrite);
+  const std::size_t length = SizeOfArrayFor(files.Length(source));
+  std::uint8_t* const bytes = main.drop.copyBuffer.Sized(length);
+  std::unique_ptr<File> from = files.Open(source, OpenMode::Read);
+  // A source that has become shorter meanwhile must not pass for a whole photo.
+  if (from->ReadAt(0, bytes, length) != length) throw RuntimeError(error::PastEndOfFile);
+  to->WriteAt(0, bytes, length);
+  to->Flush();
+  from.reset();
+}
+
+}  // namespace
+
+void CopyPhotoFile(MainForm& main, const std::string& source, const std::string& destination) {
+  Files& files = main.host.files;
+  CopyBytes(main, source, destination);
+  files.FlushFolder(ParentPathOf(destination));
+  if (main.preferences.KeepDateCheckBox.Value() != 1) return;
+  SetFileDate(files, main.host.clock, destination, GetFileDate(files, source));
+}
+
+}  // namespace pixorra

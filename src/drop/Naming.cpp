@@ -1,0 +1,88 @@
+#include "drop/Naming.h"
+
+#include <algorithm>
+#include <string_view>
+
+#include "core/Routines.h"
+#include "platform/runtime/Format.h"
+#include "platform/runtime/Numbers.h"
+#include "platform/runtime/Text.h"
+#include "platform/services/Files.h"
+
+namespace pixorra {
+
+namespace {
+
+constexpr std::string_view Prefix = "PXR";
+
+bool IsDigit(char c) {
+  return c >= '0' && c <= '9';
+}
+
+// Where the digits at the end of a name's base begin.
+std::size_t StartOfTrailingDigits(const std::string& base) {
+  std::size_t start = base.size();
+  while (start > 0 && IsDigit(base[start - 1])) --start;
+  return start;
+}
+
+// The text of the next number. Past fifteen digits adding 1 no longer shows in it; then as much is added as does.
+std::string NextNumber(const std::string& digits) {
+  const double value = Val(digits);
+  for (double step = 1;; step *= 2) {
+    std::string next = TrimmedStr(value + step);
+    if (next != digits) return next;
+  }
+}
+
+bool EndsWithIgnoringCase(std::string_view name, std::string_view end) {
+  return name.size() >= end.size() && EqualIgnoringCase(name.substr(name.size() - end.size()), end);
+}
+
+// The field between prefix and extension, as a whole number; 0 for a name of another form.
+int NumberIn(const std::string& name, const std::string& extension) {
+  if (name.size() < Prefix.size() + extension.size() || !EndsWithIgnoringCase(name, extension)) return 0;
+  return CLng(Val(name.substr(Prefix.size(), name.size() - Prefix.size() - extension.size())));
+}
+
+}  // namespace
+
+std::string ExtensionOf(const std::string& name) {
+  const std::size_t point = name.rfind('.');
+  return point == std::string::npos ? std::string() : name.substr(point);
+}
+
+std::string MakeUniqueName(Files& files, const std::string& folder, const std::string& name) {
+  if (folder.empty() || name.empty()) return {};
+  std::string path = JoinPath(folder, name);
+  if (!files.NameTaken(path)) return path;
+  const std::string extension = ExtensionOf(name);
+  const std::string base = name.substr(0, name.size() - extension.size());
+  if (base.empty()) return {};
+  const std::size_t start = StartOfTrailingDigits(base);
+  const std::string stem = base.substr(0, start);
+  std::string digits = base.substr(start);
+  do {
+    digits = NextNumber(digits);
+    path = JoinPath(folder, stem + digits + extension);
+  } while (files.NameTaken(path));
+  return path;
+}
+
+std::string MakeGeneratedName(Files& files, const std::string& folder, const std::string& name) {
+  const std::string extension = ExtensionOf(name);
+  int number = 0;
+  // The extension stays out of the pattern, where its ';', '*' and '?' would mean something.
+  for (const std::string& found : files.Names(folder, std::string(Prefix) + "*", attribute::Normal)) {
+    number = std::max(number, NumberIn(found, extension));
+  }
+  std::string path;
+  do {
+    number = CLng(number + 1.0);
+    path = JoinPath(folder, std::string(Prefix) + FormatNumber(number, "00000") + extension);
+    // Folders and links that lead nowhere are not listed, and have names all the same.
+  } while (files.NameTaken(path));
+  return path;
+}
+
+}  // namespace pixorra
