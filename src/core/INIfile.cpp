@@ -102,7 +102,7 @@ void ReadWindow(MainForm& main, SavedRecordReader& record) {
 }
 
 void ReadOption(const Options& options, SavedRecordReader& record) {
-  const std::optional<int> chosen = record.Number();
+  const std::optional<int> chosen = record.ShortNumber();
   if (chosen && *chosen >= 1 && *chosen <= 3) options[static_cast<std::size_t>(*chosen - 1)]->SetValue(true);
 }
 
@@ -126,7 +126,7 @@ void ReadFolders(MainForm& main, SavedRecordReader& record) {
 }
 
 void ReadPreviousList(MainForm& main, SavedRecordReader& record) {
-  const std::optional<int> count = record.Number();
+  const std::optional<int> count = record.ShortNumber();
   if (!count || *count < 1) return;
   main.strip.PreviousList.Clear();
   for (int i = 0; i < *count && !record.AtEnd(); ++i) {
@@ -146,7 +146,7 @@ void ReadSavedState(MainForm& main) {
   ReadOption(RenameOptions(main.preferences), record);
   ReadOption(DuplicateOptions(main.preferences), record);
   for (CheckBox* box : StoredBoxes(main.preferences)) {
-    if (const auto value = record.Number()) ErrorsIgnored([&] { box->SetValue(*value); });
+    if (const auto value = record.ShortNumber()) ErrorsIgnored([&] { box->SetValue(*value); });
   }
   if (const auto camera = record.Text()) main.strip.CameraLocation = *camera;
   ReadFilmStrip(main, record);

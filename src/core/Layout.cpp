@@ -76,8 +76,8 @@ void PlaceOpenFolderAcross(MainForm& main, double windowWidth) {
   Try([&] { desk.DestScrollbar.SetLeft(Right(desk.DestThumbsWindow)); });
   Try([&] { desk.DestContentsLabel.SetWidth(desk.DestThumbsWindow.Width()); });
   Try([&] { desk.DestContentsLabel.SetLeft(desk.DestThumbsWindow.Left()); });
-  const int centre = desk.DestScrollbar.Left() + desk.DestScrollbar.Width() / 2;
-  Try([&] { desk.DestCountLabel.SetLeft(centre - desk.DestCountLabel.Width() / 2.0); });
+  const ScrollBar& bar = desk.DestScrollbar;
+  Try([&] { desk.DestCountLabel.SetLeft(bar.Left() + (bar.Width() - desk.DestCountLabel.Width()) / 2.0); });
 }
 
 // The Desktop's frame: four strips, 2 pixels outside its edges and 4 wider.
@@ -97,7 +97,6 @@ void PlaceHeights(MainForm& main) {
   Try([&] { desk.DestCountLabel.SetTop(top - 5); });
   Try([&] { desk.DestThumbsWindow.SetTop(top + 13); });
   Try([&] { desk.DestThumbsWindow.SetHeight(height - 13); });
-  Try([&] { desk.DestCanvas.SetHeight(height - 13); });
   Try([&] { desk.DestScrollbar.SetTop(desk.DestThumbsWindow.Top()); });
   Try([&] { desk.DestScrollbar.SetHeight(desk.DestThumbsWindow.Height()); });
   const Rect edge = desk.DesktopImage.Bounds();
@@ -182,8 +181,8 @@ void Window_Layout(MainForm& main) {
   PlaceStripFromBelow(main);
   Try([&] { ArrangeFolderSlots(main); });
   Try([&] { Redisplay_DestThumbnails(main); });
-  main.core.LastWidth = window.TwipsWidth();
-  main.core.LastHeight = window.TwipsHeight();
+  main.core.LastWidth = RoundHalfEven(window.TwipsWidth());
+  main.core.LastHeight = RoundHalfEven(window.TwipsHeight());
   window.SetVisible(true);
 }
 

@@ -36,8 +36,9 @@ bool SavedRecordReader::AtEnd() {
   return rest_.empty();
 }
 
-// A quoted value ends with its closing quote, or with the file; whatever stands between that and the next comma or line
-// end is passed over.
+// A quoted value ends with its closing quote; whatever stands between that and the next comma or line end is passed
+// over. Where the file ends first the value is cut short and nothing: half a path may well be a folder, but another
+// one.
 std::optional<std::string> SavedRecordReader::Next() {
   while (!rest_.empty() && rest_.front() == ' ') rest_.remove_prefix(1);
   if (rest_.empty()) return std::nullopt;
@@ -45,8 +46,12 @@ std::optional<std::string> SavedRecordReader::Next() {
   if (rest_.front() == '"') {
     rest_.remove_prefix(1);
     const std::size_t quote = rest_.find('"');
+    if (quote == std::string_view::npos) {
+      rest_ = {};
+      return std::nullopt;
+    }
     value = std::string(rest_.substr(0, quote));
-    rest_.remove_prefix(quote == std::string_view::npos ? rest_.size() : quote + 1);
+    rest_.remove_prefix(quote + 1);
     while (!rest_.empty() && !EndsValue(rest_.front())) rest_.remove_prefix(1);
   } else {
     std::size_t end = 0;
@@ -68,6 +73,13 @@ std::optional<int> SavedRecordReader::Number() {
   std::optional<int> number;
   ErrorsIgnored([&] { number = CLng(Val(*value)); });
   return number;
+}
+
+std::optional<int> SavedRecordReader::ShortNumber() {
+  const std::optional<int> number = Number();
+  if (!number) return std::nullopt;
+  const bool fits = ErrorsIgnored([&] { static_cast<void>(CInt(*number)); }) == error::None;
+  return fits ? number : std::nullopt;
 }
 
 std::optional<std::string> SavedRecordReader::Text() {

@@ -30,7 +30,9 @@ class SavedRecordReader {
 
   // Nothing at the end, and where the value is no number of 32 bits (halves go to the even neighbour).
   std::optional<int> Number();
-  // With or without quotes; nothing at the end.
+  // The same with 16 bits.
+  std::optional<int> ShortNumber();
+  // With or without quotes; nothing at the end, and for a quoted text that the end cuts short.
   std::optional<std::string> Text();
   bool AtEnd();
 

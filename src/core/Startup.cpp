@@ -69,12 +69,14 @@ void ClearUndoAndPreview(MainForm& main) {
 }
 
 void LoadBackground(MainForm& main) {
+  // The loader empties its target first; a file that cannot be shown must leave the Desktop as it is.
+  const Picture before = main.desk.DesktopImage.GetPicture();
+  bool loaded = false;
   ErrorsIgnored([&] {
     const std::string file = JoinPath(main.host.places.ProgramFolder(), "Background.pic");
-    // The loader empties its target first; a file that cannot be shown must leave the Desktop as it is.
-    const Picture before = main.desk.DesktopImage.GetPicture();
-    if (!LoadPictureFile(main, file, main.desk.DesktopImage, false)) main.desk.DesktopImage.SetPicture(before);
+    loaded = LoadPictureFile(main, file, main.desk.DesktopImage, false);
   });
+  if (!loaded) main.desk.DesktopImage.SetPicture(before);
 }
 
 void StartTimers(MainForm& main) {

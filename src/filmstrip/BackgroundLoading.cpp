@@ -5,6 +5,7 @@
 #include "desktop/OpenFolderView.h"
 #include "filmstrip/Listing.h"
 #include "filmstrip/Views.h"
+#include "platform/controls/Toolkit.h"
 #include "platform/runtime/Text.h"
 
 namespace pixorra {
@@ -51,6 +52,8 @@ void ThumbsTimer_Timer(MainForm& main) {
   }
   strip.ThumbsTimerGuard = GuardHeld;
   if (main.core.LayoutCountdown > 0 && --main.core.LayoutCountdown == 0) Window_Layout(main);
+  // On a screen that is too small the layout has ended the program.
+  if (main.host.toolkit.Ended()) return;
   if (!strip.ThumbsTimer.Tag().empty()) {
     strip.ThumbsTimer.SetTag("");
     LoadOpenFolder(main);
@@ -60,6 +63,13 @@ void ThumbsTimer_Timer(MainForm& main) {
   }
   strip.ThumbsTimerGuard = 0;
   strip.ThumbsTimer.SetEnabled(true);
+}
+
+void AllButton_MouseMove(MainForm& main) {
+  FilmStripState& strip = main.strip;
+  const int count = strip.SrcFileList.ListCount();
+  const bool ready = count > 0 && strip.SrcSlotCount == count;
+  strip.AllButton.SetMouseIcon(ready ? strip.BrowseButton.MouseIcon() : main.drop.NotReadyIcon);
 }
 
 std::string NextSrcPhoto(MainForm& main) {

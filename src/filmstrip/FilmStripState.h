@@ -23,6 +23,8 @@ struct Host;
 // A film frame's width, and how many frames make a page of the strip.
 inline constexpr int SrcFrameWidth = 97;
 inline constexpr int SrcFramesPerPage = 50;
+// The bar's Max at least, in its units of 2 pixels.
+inline constexpr int LeastSrcMax = 50;
 
 struct FilmStripState {
   FilmStripState(Form& window, Host& host);

@@ -1,7 +1,5 @@
 #include "filmstrip/Listing.h"
 
-#include <algorithm>
-
 #include "core/MainForm.h"
 #include "core/ShownNames.h"
 #include "filmstrip/Marks.h"
@@ -29,20 +27,26 @@ void ShowNoFilmStrip(MainForm& main) {
 }
 
 void SetSrcSlotPath(FilmStripState& strip, int slot, const std::string& path) {
-  strip.SrcThumbnail(slot).SetTag(path);
-  if (path.empty()) {
-    strip.loadedPaths.StartOver();
-  } else {
-    strip.loadedPaths.Add(path, slot);
-  }
+  ImageBox& thumbnail = strip.SrcThumbnail(slot);
+  // The list may hold the former photo still, and the search has passed it.
+  if (!thumbnail.Tag().empty() && thumbnail.Tag() != path) strip.loadedPaths.StartOver();
+  thumbnail.SetTag(path);
+  if (!path.empty()) strip.loadedPaths.Add(path, slot);
 }
 
-void PlaceSrcSlot(FilmStripState& strip, int slot, int position) {
+namespace {
+
+void PlaceBackground(FilmStripState& strip, int slot, int position) {
   ImageBox& background = strip.SrcBackground(slot);
-  ImageBox& thumbnail = strip.SrcThumbnail(slot);
-  Label& name = strip.SrcThumbName(slot);
   background.Move((position - strip.SrcPageBase) * SrcFrameWidth + SrcFrameWidth, 0);
   background.SetVisible(true);
+}
+
+// On the slot's background, wherever that stands.
+void PlaceThumbnail(FilmStripState& strip, int slot) {
+  const ImageBox& background = strip.SrcBackground(slot);
+  ImageBox& thumbnail = strip.SrcThumbnail(slot);
+  Label& name = strip.SrcThumbName(slot);
   thumbnail.Move(background.Left() + 10, background.Top() + 17);
   thumbnail.SetVisible(true);
   name.Move(thumbnail.Left(), thumbnail.Top() + thumbnail.Height() + 1);
@@ -50,13 +54,22 @@ void PlaceSrcSlot(FilmStripState& strip, int slot, int position) {
   name.BringToFront();
 }
 
-void FitSrcCanvas(FilmStripState& strip, int shown) {
-  const ImageBox& last = strip.SrcBackground(strip.SrcSlotCount);
+}  // namespace
+
+void PlaceSrcSlot(FilmStripState& strip, int slot, int position) {
+  PlaceBackground(strip, slot, position);
+  PlaceThumbnail(strip, slot);
+}
+
+void FitSrcCanvas(FilmStripState& strip, int lastSlot, int shown) {
+  const ImageBox& last = strip.SrcBackground(lastSlot);
   ErrorsIgnored([&] { strip.SrcCanvas.SetWidth(last.Left() + last.Width() + 74); });
-  // Past 16 bits the assignment fails and the former Max stands.
+  // Past 16 bits the assignment fails and the former Max stands. A strip that fits its window goes back to its start
+  // by the first of the two.
+  const double max = (shown * static_cast<double>(SrcFrameWidth) - strip.SrcThumbsWindow.ScaleWidth() + 120) / 2;
+  ErrorsIgnored([&] { strip.SrcScrollbar.SetMax(max); });
   ErrorsIgnored([&] {
-    const double max = (shown * static_cast<double>(SrcFrameWidth) - strip.SrcThumbsWindow.ScaleWidth() + 120) / 2;
-    strip.SrcScrollbar.SetMax(std::max(50, CLng(max)));
+    if (strip.SrcScrollbar.Max() < LeastSrcMax) strip.SrcScrollbar.SetMax(LeastSrcMax);
   });
   strip.SrcScrollbar.Refresh();
 }
@@ -71,16 +84,16 @@ void AddSrcSlot(MainForm& main, const std::string& path) {
   ImageBox& thumbnail = strip.SrcThumbnail.Load(slot);
   strip.SrcBackground.Load(slot);
   Label& name = strip.SrcThumbName.Load(slot);
+  PlaceBackground(strip, slot, strip.SrcShownCount);
   bool bDragged = false;
   PaintThumbnail(main, thumbnail, path, bDragged);
   name.SetCaption(ShownBaseName(main.host.files, path));
   name.SetToolTipText(ShownFileName(main.host.files, path));
-  PlaceSrcSlot(strip, slot, strip.SrcShownCount);
-
-  const int shownBefore = strip.SrcShownCount;
+  PlaceThumbnail(strip, slot);
+  // The slot does not count yet: a bar that moves now arranges the others alone.
+  FitSrcCanvas(strip, slot, strip.SrcShownCount);
   strip.SrcSlotCount = slot;
-  FitSrcCanvas(strip, shownBefore);
-  strip.SrcShownCount = shownBefore + 1;
+  ++strip.SrcShownCount;
   SetSrcSlotPath(strip, slot, path);
   ShowSrcCount(strip);
   name.SetTag("");

@@ -20,7 +20,7 @@ void SetSrcSlotPath(FilmStripState& strip, int slot, const std::string& path);
 // Puts the three controls of a slot at a shown position, from 0, on the present page, and shows them.
 void PlaceSrcSlot(FilmStripState& strip, int slot, int position);
 // The canvas's width by the last slot, and the bar's range by the number of slots shown.
-void FitSrcCanvas(FilmStripState& strip, int shown);
+void FitSrcCanvas(FilmStripState& strip, int lastSlot, int shown);
 void ShowSrcCount(FilmStripState& strip);
 
 }  // namespace pixorra

@@ -32,7 +32,7 @@ int PlaceSlots(FilmStripState& strip, const Shows& shows) {
 
 void ShowArranged(MainForm& main, int shown) {
   FilmStripState& strip = main.strip;
-  FitSrcCanvas(strip, shown);
+  FitSrcCanvas(strip, strip.SrcSlotCount, shown);
   strip.SrcShownCount = shown;
   ShowSrcCount(strip);
   strip.SrcPicsTotal.SetCaption(TrimmedStr(strip.SrcFileList.ListCount()) + " Total");
@@ -118,7 +118,7 @@ void ClearFilmStrip(MainForm& main) {
   strip.SrcThumbFrame.SetVisible(false);
   strip.SrcCanvas.Refresh();
   strip.SrcScrollbar.SetLargeChange(1);
-  strip.SrcScrollbar.SetMax(50);
+  strip.SrcScrollbar.SetMax(LeastSrcMax);
   strip.SrcScrollbar.SetEnabled(false);
   strip.SrcScrollbar.SetEnabled(true);
 }
