@@ -37,7 +37,6 @@ void ConnectFilmStrip(MainForm& main) {
   strip.SrcBackground.On().MouseMove = [&main](Control& slot, const MouseArgs&) {
     SrcBackground_MouseMove(main, slot.Index());
   };
-  strip.AllButton.On().MouseMove = [&main](Control&, const MouseArgs&) { AllButton_MouseMove(main); };
   for (ImageBox* box : {&strip.CameraButton, &strip.BrowseButton, &strip.SwapButton, &strip.DeleteButton,
                         &strip.UndoButton, &strip.PrintButton}) {
     ConnectPressedLook(*box);

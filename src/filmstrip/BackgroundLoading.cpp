@@ -65,13 +65,6 @@ void ThumbsTimer_Timer(MainForm& main) {
   strip.ThumbsTimer.SetEnabled(true);
 }
 
-void AllButton_MouseMove(MainForm& main) {
-  FilmStripState& strip = main.strip;
-  const int count = strip.SrcFileList.ListCount();
-  const bool ready = count > 0 && strip.SrcSlotCount == count;
-  strip.AllButton.SetMouseIcon(ready ? strip.BrowseButton.MouseIcon() : main.drop.NotReadyIcon);
-}
-
 std::string NextSrcPhoto(MainForm& main) {
   FilmStripState& strip = main.strip;
   return strip.loadedPaths.FirstMissing(strip.SrcFileList,

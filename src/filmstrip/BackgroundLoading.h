@@ -10,7 +10,5 @@ struct MainForm;
 void ThumbsTimer_Timer(MainForm& main);
 // The full path of the first photo of the list that has no slot; empty where all have one.
 std::string NextSrcPhoto(MainForm& main);
-// The button that drags the whole strip tells by its pointer whether all photos have come up.
-void AllButton_MouseMove(MainForm& main);
 
 }  // namespace pixorra
