@@ -1,7 +1,5 @@
 #include "desktop/FolderGeometry.h"
 
-#include <algorithm>
-
 #include "platform/runtime/Numbers.h"
 
 namespace pixorra {
@@ -84,7 +82,7 @@ double CanvasTopFor(int barValue, int pageBase, int columns) {
 
 int BarMaxFor(int cells, int columns, int windowHeight) {
   const int rows = (cells + 1) / columns;
-  return std::max<int>(50, CInt((rows * static_cast<double>(CellHeight) - windowHeight + CellHeight) / 2));
+  return CInt((rows * static_cast<double>(CellHeight) - windowHeight + CellHeight) / 2);
 }
 
 }  // namespace pixorra

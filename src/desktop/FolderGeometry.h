@@ -49,7 +49,9 @@ Spot CellPlace(int cell, int pageBase, int columns);
 int PageBaseFor(int barValue, int columns);
 // The canvas's top for the bar's value: it makes up for the page, so that nothing jumps when it turns.
 double CanvasTopFor(int barValue, int pageBase, int columns);
-// The bar's range for so many cells in a window of that height, at least 50. Raises error 6 past 16 bits.
+inline constexpr int LeastBarMax = 50;
+// The bar's Max for so many cells in a window of that height, before LeastBarMax is minded. Raises error 6 past 16
+// bits.
 int BarMaxFor(int cells, int columns, int windowHeight);
 
 }  // namespace pixorra

@@ -46,7 +46,8 @@ void FitCanvasHeight(DesktopState& desk, int room) {
   ErrorsIgnored([&] { desk.DestCanvas.SetHeight(last.Top() + last.Height() + room); });
 }
 
-// Past 16 bits the assignment fails and the former Max stands.
+// Past 16 bits the assignment fails and the former Max stands. A view that fits its window goes back to its start by
+// the first of the two.
 void FitScrollbar(DesktopState& desk) {
   ErrorsIgnored(
       [&] { desk.DestScrollbar.SetMax(BarMaxFor(desk.DestSlotCount, Columns(desk), desk.DestThumbsWindow.Height())); });
@@ -164,7 +165,7 @@ void ClearDestThumbnails(MainForm& main) {
   desk.DestCanvas.SetTop(0);
   desk.DestCanvas.Refresh();
   ErrorsIgnored([&] { desk.DestScrollbar.SetMin(1); });
-  ErrorsIgnored([&] { desk.DestScrollbar.SetMax(50); });
+  ErrorsIgnored([&] { desk.DestScrollbar.SetMax(LeastBarMax); });
   TakeFocusOff(desk.DestScrollbar);
 }
 
