@@ -1,7 +1,6 @@
 #include "platform/qt/LightPainter.h"
 
 #include <QPainter>
-#include <QStyleOptionGroupBox>
 #include <QWidget>
 
 #include "platform/controls/Form.h"
@@ -117,21 +116,25 @@ void LightPainter::PaintShape(const Shape& shape, const QRect& at) {
   painter_.fillRect(outer.right() + 1 - width, outer.y(), width, outer.height(), colour);
 }
 
+// A line around, broken by the caption.
 void LightPainter::PaintFrame(const Frame& frame, const QRect& at) {
   Fill(at, ButtonFace);
-  QStyleOptionGroupBox option;
-  option.initFrom(&on_);
-  option.rect = at;
-  option.text = ToQString(frame.Caption());
-  option.lineWidth = 1;
-  option.subControls = QStyle::SC_GroupBoxFrame;
-  if (!option.text.isEmpty()) option.subControls |= QStyle::SC_GroupBoxLabel;
-  option.state.setFlag(QStyle::State_Enabled, frame.Enabled());
-  option.textColor = on_.palette().color(frame.Enabled() ? QPalette::Active : QPalette::Disabled, QPalette::WindowText);
-  painter_.save();
+  const QPalette palette = on_.palette();
   painter_.setFont(on_.font());
-  on_.style()->drawComplexControl(QStyle::CC_GroupBox, &option, &painter_, &on_);
-  painter_.restore();
+  const QString caption = ToQString(frame.Caption()).remove(QLatin1Char('&'));
+  const QFontMetrics metrics = painter_.fontMetrics();
+  const int top = caption.isEmpty() ? at.y() : at.y() + metrics.height() / 2;
+  const QRect line(at.x(), top, at.width(), at.bottom() + 1 - top);
+  const QColor colour = palette.color(QPalette::Mid);
+  painter_.fillRect(line.x(), line.y(), line.width(), 1, colour);
+  painter_.fillRect(line.x(), line.bottom(), line.width(), 1, colour);
+  painter_.fillRect(line.x(), line.y(), 1, line.height(), colour);
+  painter_.fillRect(line.right(), line.y(), 1, line.height(), colour);
+  if (caption.isEmpty()) return;
+  const QRect gap(at.x() + 6, at.y(), metrics.horizontalAdvance(caption) + 6, metrics.height());
+  Fill(gap, ButtonFace);
+  painter_.setPen(palette.color(frame.Enabled() ? QPalette::Active : QPalette::Disabled, QPalette::WindowText));
+  painter_.drawText(gap, Qt::AlignCenter, caption);
 }
 
 void LightPainter::PaintPictureBox(const PictureBox& box, const QRect& at) {

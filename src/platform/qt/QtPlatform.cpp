@@ -3,11 +3,11 @@
 #include <QApplication>
 #include <QIcon>
 
-#include "platform/controls/Toolkit.h"
 #include "platform/qt/QtArtwork.h"
 #include "platform/qt/QtBackend.h"
 #include "platform/qt/QtClipboard.h"
 #include "platform/qt/QtDialogs.h"
+#include "platform/qt/QtPrinting.h"
 
 namespace pixorra {
 
@@ -16,48 +16,39 @@ struct QtPlatform::Parts {
 
   QApplication application;
   QtBackend backend;
-  QtDialogs dialogs{backend};
-  QtClipboard clipboard;
+  Toolkit toolkit{backend};
   QtArtwork artwork{backend.Art()};
+  QtDialogs dialogs{backend};
+  QtPrinting printing{backend};
+  QtClipboard clipboard;
 };
 
-QtPlatform::QtPlatform(int& argc, char** argv) {
-  QCoreApplication::setAttribute(Qt::AA_DontUseNativeMenuBar);
+QtPlatform::QtPlatform(int& argc, char** argv)
+    : parts_(std::make_unique<Parts>(argc, argv)),
+      toolkit(parts_->toolkit),
+      artwork(parts_->artwork),
+      dialogs(parts_->dialogs),
+      printing(parts_->printing),
+      clipboard(parts_->clipboard) {
+  // The name of the desktop entry, by which a desktop tells whose windows these are.
   QGuiApplication::setDesktopFileName(QStringLiteral("pixorra"));
-  QCoreApplication::setApplicationName(QStringLiteral("pixorra"));
-  QGuiApplication::setApplicationDisplayName(QString());
-  parts_ = std::make_unique<Parts>(argc, argv);
   QGuiApplication::setWindowIcon(QIcon(QStringLiteral(":/icons/pixorra.svg")));
+  parts_->backend.Attach(parts_->toolkit);
   parts_->backend.SetErrorHandler([this](int number, const std::string& description) {
     const std::string text = "Error " + std::to_string(number) + ": " + description;
-    parts_->dialogs.MsgBox(text, BoxIcon::Critical, BoxButtons::Ok, "Pixorra");
+    dialogs.MsgBox(text, BoxIcon::Critical, BoxButtons::Ok, "Pixorra");
   });
 }
 
 QtPlatform::~QtPlatform() = default;
 
-Backend& QtPlatform::GetBackend() {
-  return parts_->backend;
-}
-
-void QtPlatform::Attach(Toolkit& toolkit) {
-  parts_->backend.Attach(toolkit);
-}
-
-void QtPlatform::Run() {
+int QtPlatform::Run() {
   parts_->backend.Run();
+  return 0;
 }
 
-Dialogs& QtPlatform::GetDialogs() {
-  return parts_->dialogs;
-}
-
-Clipboard& QtPlatform::GetClipboard() {
-  return parts_->clipboard;
-}
-
-Artwork& QtPlatform::GetArtwork() {
-  return parts_->artwork;
+void QtPlatform::PrintToFile(const std::string& hostPath) {
+  parts_->printing.PrintToFile(hostPath);
 }
 
 }  // namespace pixorra

@@ -1,19 +1,23 @@
-// All that the toolkit below offers, in one object: the back end of the controls and the services beside it. No header
-// of that toolkit is needed to use it.
+// All that the toolkit below offers, in one object: the control model's own toolkit on windows, and the services beside
+// it. No header of the toolkit below is needed to use it.
 #pragma once
 
 #include <memory>
+#include <string>
 
-#include "platform/controls/Backend.h"
+#include "platform/controls/Toolkit.h"
 #include "platform/services/Clipboard.h"
 #include "platform/services/Dialogs.h"
 #include "platform/services/Pictures.h"
+#include "platform/services/Printing.h"
 
 namespace pixorra {
 
-class Toolkit;
-
 class QtPlatform {
+ private:
+  struct Parts;
+  std::unique_ptr<Parts> parts_;
+
  public:
   // Connects to the desktop; one may stand at a time. `argc` and `argv` stay in use.
   QtPlatform(int& argc, char** argv);
@@ -21,19 +25,17 @@ class QtPlatform {
   QtPlatform(const QtPlatform&) = delete;
   QtPlatform& operator=(const QtPlatform&) = delete;
 
-  // The toolkit is made from the back end, and attached before the first form is made.
-  Backend& GetBackend();
-  void Attach(Toolkit& toolkit);
-  // Handles events until the program ends. An error that no handler wanted is shown in a box, and the program goes on.
-  void Run();
+  Toolkit& toolkit;
+  Artwork& artwork;
+  Dialogs& dialogs;
+  Printing& printing;
+  Clipboard& clipboard;
 
-  Dialogs& GetDialogs();
-  Clipboard& GetClipboard();
-  Artwork& GetArtwork();
-
- private:
-  struct Parts;
-  std::unique_ptr<Parts> parts_;
+  // Handles events until the program ends; gives the exit code. An error that no handler wanted is shown in a box, and
+  // the program goes on.
+  int Run();
+  // Documents become a PDF file of the host.
+  void PrintToFile(const std::string& hostPath);
 };
 
 }  // namespace pixorra
