@@ -54,7 +54,8 @@ class HeadlessBackend : public Backend {
   // The pop-up menu that is up, or null; a person chooses an item of it, or nothing, which closes it.
   MenuItem* PopupUp() const { return popup_; }
   void ChooseFromPopup(MenuItem* item);
-  // A box of the host that is up, for reports.
+  // A box of the host that is up, for reports; empty for none.
+  const std::string& BoxIsUp() const { return boxUp_; }
   void SetBoxUp(const std::string& box) { boxUp_ = box; }
 
   // Runs what a person or a timer sets off. An error that no handler of the program wanted goes to the error handler.

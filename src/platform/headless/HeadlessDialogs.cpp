@@ -9,13 +9,14 @@ namespace {
 // While it lives no form takes input.
 class BoxUp {
  public:
-  BoxUp(Toolkit& toolkit, HeadlessBackend& backend, const std::string& box) : toolkit_(toolkit), backend_(backend) {
+  BoxUp(Toolkit& toolkit, HeadlessBackend& backend, const std::string& box)
+      : toolkit_(toolkit), backend_(backend), outer_(backend.BoxIsUp()) {
     toolkit_.PushBox();
     backend_.SetBoxUp(box);
   }
   ~BoxUp() {
     toolkit_.PopBox();
-    backend_.SetBoxUp({});
+    backend_.SetBoxUp(outer_);
   }
   BoxUp(const BoxUp&) = delete;
   BoxUp& operator=(const BoxUp&) = delete;
@@ -23,18 +24,17 @@ class BoxUp {
  private:
   Toolkit& toolkit_;
   HeadlessBackend& backend_;
+  std::string outer_;
 };
 
 }  // namespace
 
 std::optional<Script::Answer> HeadlessDialogs::Ask(const std::string& kind, const std::string& title,
                                                    const std::string& text) {
+  const BoxUp up(toolkit_, backend_, kind + " \"" + title + "\": \"" + text + "\"");
   const std::optional<Script::Answer> answer = script_.AnswerFor(kind, title, text);
   backend_.Stir();
-  if (answer && answer->Meanwhile) {
-    const BoxUp up(toolkit_, backend_, kind + " \"" + title + "\": \"" + text + "\"");
-    answer->Meanwhile();
-  }
+  if (answer && answer->Meanwhile) answer->Meanwhile();
   return answer;
 }
 
