@@ -216,6 +216,14 @@ TEST(BmpDecoder, RunLengthsThatLeaveThePictureStayInIt) {
   }
 }
 
+TEST(BmpDecoder, ARunBeyondTheRowsEndDoesNotReachTheNextRow) {
+  for (const unsigned bits : {4U, 8U}) {
+    const Bitmap bitmap = Decode(Runs(bits, std::string("\x09\x11\0\1", 4)).Bytes());
+    EXPECT_EQ(At(bitmap, 0, 0), Black);
+    EXPECT_EQ(At(bitmap, 1, 0), Black);
+  }
+}
+
 TEST(BmpDecoder, ACutFileShowsTheRowsThatItHas) {
   const std::string whole = BmpOf(PlainBitmap(4, 4, 0xFFFFFF));
   const Bitmap bitmap = Decode(whole.substr(0, 54 + 2 * 12 + 5));

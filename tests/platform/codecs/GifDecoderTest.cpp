@@ -1,7 +1,10 @@
 // GIF files: the first image, its transparency, and damaged ones.
 #include <array>
 #include <gtest/gtest.h>
+#include <map>
+#include <random>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "platform/codecs/GifCodes.h"
@@ -163,6 +166,58 @@ TEST(GifDecoder, SizesThatTheBytesCannotBackAreRefused) {
   for (const std::size_t at : {5U, 6U, 7U, 8U}) large[at] = Chars({255})[0];
   EXPECT_EQ(ErrorOf(SmallGif(large + ";")), error::BadPicture);
   EXPECT_EQ(Decode(SmallGif(SmallImage() + ";", 65535, 2)).Width(), 65535);
+}
+
+// Packs as GIF writers do: the longest known text each time, codes growing to 12 bits. A full dictionary is cleared or
+// kept.
+std::vector<std::uint8_t> Packed(const std::vector<std::uint8_t>& indexes, bool clearWhenFull) {
+  constexpr unsigned Clear = 256;
+  std::vector<std::uint8_t> out;
+  unsigned window = 0;
+  unsigned held = 0;
+  unsigned bits = 9;
+  const auto put = [&](unsigned code) {
+    window |= code << held;
+    for (held += bits; held >= 8; held -= 8, window >>= 8) out.push_back(static_cast<std::uint8_t>(window));
+  };
+  std::map<std::pair<unsigned, unsigned>, unsigned> known;
+  unsigned next = Clear + 2;
+  put(Clear);
+  unsigned text = indexes[0];
+  for (std::size_t i = 1; i < indexes.size(); ++i) {
+    const auto found = known.find({text, indexes[i]});
+    if (found != known.end()) {
+      text = found->second;
+      continue;
+    }
+    put(text);
+    if (next < 4096) {
+      // The reader makes an entry one code later than the writer, and widens its codes then.
+      if (next == 1U << bits && bits < 12) ++bits;
+      known[{text, indexes[i]}] = next++;
+    } else if (clearWhenFull) {
+      put(Clear);
+      known.clear();
+      next = Clear + 2;
+      bits = 9;
+    }
+    text = indexes[i];
+  }
+  put(text);
+  put(Clear + 1);
+  out.push_back(static_cast<std::uint8_t>(window));
+  return out;
+}
+
+TEST(GifCodes, CodesGrowTo12BitsAndAFullDictionaryIsClearedOrKept) {
+  std::mt19937 random(5);
+  std::vector<std::uint8_t> indexes(60'000);
+  for (std::uint8_t& index : indexes) index = static_cast<std::uint8_t>(random() % 3 == 0 ? random() % 256 : 7);
+  for (const bool clearWhenFull : {true, false}) {
+    std::vector<std::uint8_t> out(indexes.size());
+    ASSERT_EQ(UnpackGifCodes(Packed(indexes, clearWhenFull), 8, out), indexes.size()) << clearWhenFull;
+    EXPECT_EQ(out, indexes) << clearWhenFull;
+  }
 }
 
 TEST(GifCodes, ACodeMayStandForTheTextThatItEnds) {

@@ -224,6 +224,17 @@ TEST_F(TurboJpegCodecTest, APhotoCutBeforeItsFirstRowIsRefused) {
   EXPECT_NE(ReadInto(surface, jpeg.substr(0, scan), ijl::BufferReadWhole), ijl::Ok);
 }
 
+TEST_F(TurboJpegCodecTest, ASmallPictureWithoutAnyDataIsRefused) {
+  // A single row of blocks never is "cut before the first row"; it shows what it has, but it must have something.
+  const std::string jpeg = JpegPhoto(8, 8);
+  const std::size_t scan = jpeg.find("\xFF\xDA") + 14;
+  Surface surface(8, 8, 3, 0);
+  EXPECT_EQ(ReadInto(surface, jpeg.substr(0, scan), ijl::BufferReadWhole), jpeg::NoPicture);
+  EXPECT_EQ(ReadInto(surface, jpeg.substr(0, scan) + "\xFF\xD9", ijl::BufferReadWhole), jpeg::NoPicture);
+  EXPECT_TRUE(surface.IsUntouched());
+  EXPECT_EQ(ReadInto(surface, jpeg.substr(0, scan + 4), ijl::BufferReadWhole), ijl::Ok);
+}
+
 TEST_F(TurboJpegCodecTest, EveryCutIsMetWithoutHarm) {
   const std::string jpeg = JpegPhoto(40, 40, {.progressive = true});
   for (std::size_t length = 0; length < jpeg.size(); length += 3) {
