@@ -1,5 +1,6 @@
 #include "platform/controls/Label.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "platform/controls/Toolkit.h"
@@ -78,8 +79,18 @@ void Label::SetWordWrap(bool wrap) {
 
 void Label::FitToCaption() {
   if (!autoSize_) return;
-  const TextExtent extent = GetToolkit().Text().Measure(GetFont(), caption_);
-  Move(Left(), Top(), std::ceil(extent.Width), std::ceil(extent.Height));
+  double width = 0;
+  double height = 0;
+  for (std::size_t start = 0; start <= caption_.size();) {
+    const std::size_t end = std::min(caption_.find('\n', start), caption_.size());
+    std::string line = caption_.substr(start, end - start);
+    if (!line.empty() && line.back() == '\r') line.pop_back();
+    const TextExtent extent = GetToolkit().Text().Measure(GetFont(), line);
+    width = std::max(width, extent.Width);
+    height += extent.Height;
+    start = end + 1;
+  }
+  Move(Left(), Top(), std::ceil(width), std::ceil(height));
 }
 
 }  // namespace pixorra

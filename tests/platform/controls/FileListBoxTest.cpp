@@ -1,0 +1,129 @@
+#include <gmock/gmock.h>
+
+#include "platform/controls/ControlArray.h"
+#include "platform/controls/FileListBox.h"
+#include "tests/platform/controls/Stage.h"
+#include "tests/platform/runtime/RaisesError.h"
+#include "tests/support/FaultyFiles.h"
+#include "tests/support/TemporaryDrive.h"
+
+namespace pixorra {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+class FileListBoxTest : public ModelTest {
+ protected:
+  FileListBoxTest() {
+    drive.MakeFolder("C:\\Photos");
+    drive.MakeFolder("C:\\Empty");
+    for (const char* name : {"b.JPG", "A.jpg", "c.txt", "a2.jpg"}) drive.Write(std::string("C:\\Photos\\") + name, "x");
+    list.SetPattern("*.jpg");
+    list.On().PathChange = [this](Control&) { Log("path " + list.Path() + " " + std::to_string(list.ListCount())); };
+  }
+  static std::vector<std::string> All(const FileListBox& box) {
+    std::vector<std::string> names;
+    for (int i = 0; i < box.ListCount(); ++i) names.push_back(box.List(i));
+    return names;
+  }
+
+  TemporaryDrive drive;
+  FileListBox list{form, "Files", drive.DriveFiles()};
+};
+
+TEST_F(FileListBoxTest, ListsAFolderSortedWithCaseIgnored) {
+  list.SetPath("C:\\Photos");
+  EXPECT_THAT(All(list), ElementsAre("A.jpg", "a2.jpg", "b.JPG"));
+}
+
+TEST_F(FileListBoxTest, NamesThatDifferInCaseAloneBothStand) {
+  drive.Write("C:\\Photos\\a.jpg", "x");
+  list.SetPath("C:\\Photos");
+  EXPECT_THAT(All(list), ElementsAre("A.jpg", "a.jpg", "a2.jpg", "b.JPG"));
+}
+
+TEST_F(FileListBoxTest, PathChangeComesWithADifferentPathOnlyAndSeesItsFiles) {
+  list.SetPath("C:\\Photos");
+  list.SetPath("C:\\Photos\\");
+  list.SetPath("c:\\PHOTOS");
+  EXPECT_THAT(Heard(), ElementsAre("path C:\\Photos 3"));
+  list.SetPath("C:\\Empty");
+  EXPECT_THAT(Heard(), ElementsAre("path C:\\Empty 0"));
+}
+
+TEST_F(FileListBoxTest, FolderThatIsNotThereRaises76AndKeepsThePath) {
+  list.SetPath("C:\\Photos");
+  Heard();
+  EXPECT_EQ(ErrorOf([&] { list.SetPath("C:\\Missing"); }), error::PathNotFound);
+  EXPECT_EQ(list.Path(), "C:\\Photos");
+  EXPECT_EQ(list.ListCount(), 3);
+  EXPECT_THAT(Heard(), IsEmpty());
+}
+
+TEST_F(FileListBoxTest, RefreshSeesWhatHasChangedAndAFolderThatHasGone) {
+  list.SetPath("C:\\Photos");
+  drive.Write("C:\\Photos\\new.jpg", "x");
+  EXPECT_EQ(list.ListCount(), 3);
+  const unsigned generation = list.Generation();
+  list.Refresh();
+  EXPECT_EQ(list.ListCount(), 4);
+  EXPECT_NE(list.Generation(), generation);
+  drive.Remove("C:\\Photos");
+  list.Refresh();
+  EXPECT_EQ(list.ListCount(), 0);
+  EXPECT_EQ(list.Path(), "C:\\Photos");
+}
+
+TEST_F(FileListBoxTest, AnotherPatternListsAnew) {
+  list.SetPath("C:\\Photos");
+  list.SetPattern("*.txt;*.JPG");
+  EXPECT_EQ(list.ListCount(), 4);
+  EXPECT_THAT(Heard(), ElementsAre("path C:\\Photos 3"));
+}
+
+TEST_F(FileListBoxTest, SamePatternAndPathAreNotReadAgain) {
+  FaultyFiles counted(drive.DriveFiles());
+  FileListBox box(form, "Counted", counted);
+  box.SetPath("C:\\Photos");
+  const int calls = counted.Count(FileCall::Names);
+  box.SetPath("C:\\Photos");
+  box.SetPattern("");
+  EXPECT_EQ(counted.Count(FileCall::Names), calls);
+}
+
+TEST_F(FileListBoxTest, EntryOutsideTheListRaises9) {
+  list.SetPath("C:\\Photos");
+  EXPECT_EQ(ErrorOf([&] { list.List(3); }), error::BadSubscript);
+  EXPECT_EQ(ErrorOf([&] { list.List(-1); }), error::BadSubscript);
+}
+
+TEST_F(FileListBoxTest, RootIsReadAlthoughEveryListBeginsThere) {
+  drive.Write("C:\\root.txt", "x");
+  FileListBox box(form, "Root", drive.DriveFiles());
+  box.SetPath("C:\\");
+  EXPECT_THAT(All(box), ElementsAre("root.txt"));
+}
+
+TEST_F(FileListBoxTest, LoadedElementHasItsTemplatesFolderAndFiles) {
+  ControlArray<FileListBox> array(form, "Array", drive.DriveFiles());
+  array(0).SetPattern("*.jpg");
+  array(0).SetPath("C:\\Photos");
+  FileListBox& one = array.Load(1);
+  EXPECT_EQ(one.Path(), "C:\\Photos");
+  EXPECT_EQ(one.ListCount(), 3);
+  one.SetPath("C:\\Empty");
+  EXPECT_EQ(array(0).Path(), "C:\\Photos");
+}
+
+TEST_F(FileListBoxTest, HandlerMaySetAnotherPath) {
+  list.On().PathChange = [this](Control&) {
+    Log(list.Path());
+    list.SetPath("C:\\Empty");
+  };
+  list.SetPath("C:\\Photos");
+  EXPECT_THAT(Heard(), ElementsAre("C:\\Photos", "C:\\Empty"));
+}
+
+}  // namespace
+}  // namespace pixorra
