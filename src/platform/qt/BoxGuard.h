@@ -23,12 +23,25 @@ class BoxGuard {
   Toolkit& toolkit_;
 };
 
-// Shows a dialog until it is answered; false where it was put away in another way. The dialog must have been made with
-// new: it goes when its window goes, or with the pointer that was given.
-inline bool RunBox(QtBackend& backend, const QPointer<QDialog>& dialog) {
-  if (backend.GetToolkit().Ended()) return false;
-  const BoxGuard guard(backend);
-  return dialog->exec() == QDialog::Accepted && dialog != nullptr;
-}
+// A dialog that goes at the end of a call, unless its window has taken it along before.
+template <typename Dialog>
+class OwnedBox {
+ public:
+  explicit OwnedBox(Dialog* dialog) : dialog_(dialog) {}
+  ~OwnedBox() { delete dialog_.data(); }
+  OwnedBox(const OwnedBox&) = delete;
+  OwnedBox& operator=(const OwnedBox&) = delete;
+
+  Dialog* operator->() const { return dialog_.data(); }
+  // Shows it until it is answered. False where it was put away in another way; it may be gone then.
+  bool Run(QtBackend& backend) {
+    if (backend.GetToolkit().Ended()) return false;
+    const BoxGuard guard(backend);
+    return dialog_->exec() == QDialog::Accepted && dialog_ != nullptr;
+  }
+
+ private:
+  QPointer<Dialog> dialog_;
+};
 
 }  // namespace pixorra

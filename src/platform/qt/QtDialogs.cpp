@@ -29,24 +29,10 @@ QMessageBox::Icon ToQt(BoxIcon icon) {
   }
 }
 
-// Deletes a box at the end of a call, unless its window has taken it along.
-class OwnedBox {
- public:
-  explicit OwnedBox(QDialog* dialog) : dialog_(dialog) {}
-  ~OwnedBox() { delete dialog_.data(); }
-  OwnedBox(const OwnedBox&) = delete;
-  OwnedBox& operator=(const OwnedBox&) = delete;
-  const QPointer<QDialog>& Get() const { return dialog_; }
-
- private:
-  QPointer<QDialog> dialog_;
-};
-
 }  // namespace
 
 BoxAnswer QtDialogs::MsgBox(const std::string& text, BoxIcon icon, BoxButtons buttons, const std::string& title) {
-  auto* box = new QMessageBox(backend_.WindowForBoxes());
-  const OwnedBox owned(box);
+  OwnedBox box(new QMessageBox(backend_.WindowForBoxes()));
   box->setTextFormat(Qt::PlainText);
   box->setWindowTitle(ToQString(title));
   box->setText(ToLines(text));
@@ -55,27 +41,25 @@ BoxAnswer QtDialogs::MsgBox(const std::string& text, BoxIcon icon, BoxButtons bu
   box->setStandardButtons(asks ? QMessageBox::Yes | QMessageBox::No : QMessageBox::Ok);
   box->setDefaultButton(asks ? QMessageBox::Yes : QMessageBox::Ok);
   box->setEscapeButton(asks ? QMessageBox::No : QMessageBox::Ok);
-  if (backend_.GetToolkit().Ended()) return asks ? BoxAnswer::No : BoxAnswer::Ok;
-  const BoxGuard guard(backend_);
-  const int answer = box->exec();
+  int answer = QMessageBox::NoButton;
+  QObject::connect(box.operator->(), &QDialog::finished, [&answer](int result) { answer = result; });
+  box.Run(backend_);
   if (!asks) return BoxAnswer::Ok;
   return answer == QMessageBox::Yes ? BoxAnswer::Yes : BoxAnswer::No;
 }
 
 std::string QtDialogs::InputBox(const std::string& prompt, const std::string& title, const std::string& present) {
-  auto* box = new QInputDialog(backend_.WindowForBoxes());
-  const OwnedBox owned(box);
+  OwnedBox box(new QInputDialog(backend_.WindowForBoxes()));
   box->setWindowTitle(ToQString(title));
   box->setLabelText(ToLines(prompt).toHtmlEscaped().replace(QLatin1Char('\n'), QLatin1String("<br>")));
   box->setTextValue(ToQString(present));
-  return RunBox(backend_, owned.Get()) ? ToUtf8(box->textValue()) : std::string();
+  return box.Run(backend_) ? ToUtf8(box->textValue()) : std::string();
 }
 
 std::optional<Colour> QtDialogs::ChooseColour(Colour start) {
-  auto* box = new QColorDialog(backend_.WindowForBoxes());
-  const OwnedBox owned(box);
+  OwnedBox box(new QColorDialog(backend_.WindowForBoxes()));
   box->setCurrentColor(ToQColor(start, box->palette()));
-  if (!RunBox(backend_, owned.Get())) return std::nullopt;
+  if (!box.Run(backend_)) return std::nullopt;
   return ToColour(box->selectedColor());
 }
 

@@ -86,11 +86,10 @@ bool QtPrinting::IsReady(const std::string& name) {
 }
 
 bool QtPrinting::RunPrintDialog() {
-  const QPointer<QDialog> dialog = new QPrintDialog(&Device(), backend_.WindowForBoxes());
-  const bool accepted = RunBox(backend_, dialog);
-  delete dialog.data();
-  if (accepted) UseWholePaper();
-  return accepted;
+  OwnedBox dialog(new QPrintDialog(&Device(), backend_.WindowForBoxes()));
+  if (!dialog.Run(backend_)) return false;
+  UseWholePaper();
+  return true;
 }
 
 bool QtPrinting::ShowPrintSetup() {
@@ -104,11 +103,10 @@ bool QtPrinting::ShowPrintDialog() {
 bool QtPrinting::ShowProperties(const std::string& name) {
   if (!IsReady(name)) return false;
   SetCurrentPrinter(name);
-  const QPointer<QDialog> dialog = new QPageSetupDialog(&Device(), backend_.WindowForBoxes());
-  const bool accepted = RunBox(backend_, dialog);
-  delete dialog.data();
-  if (accepted) UseWholePaper();
-  return accepted;
+  OwnedBox dialog(new QPageSetupDialog(&Device(), backend_.WindowForBoxes()));
+  if (!dialog.Run(backend_)) return false;
+  UseWholePaper();
+  return true;
 }
 
 void QtPrinting::PrintToFile(const std::string& hostPath) {

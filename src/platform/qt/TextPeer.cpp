@@ -34,9 +34,11 @@ class LinePeer final : public PeerOf<QLineEdit, TextBox> {
   }
 
  private:
+  // Before the model has the text, places within it mean nothing.
   void Selected() {
-    // Before the model has the text, places within it mean nothing.
-    if (Mirroring() || ToUtf8(Widget().text()) != Model().Text()) return;
+    if (!Mirroring() && ToUtf8(Widget().text()) == Model().Text()) TellSelection();
+  }
+  void TellSelection() {
     const bool any = Widget().hasSelectedText();
     const int from = ToBytes(Widget().text(), any ? Widget().selectionStart() : Widget().cursorPosition());
     const int to = any ? ToBytes(Widget().text(), Widget().selectionEnd()) : from;
@@ -78,7 +80,9 @@ class TextPeer final : public PeerOf<QPlainTextEdit, TextBox> {
     return static_cast<int>(ToLines(Model().Text().substr(0, count)).size());
   }
   void Selected() {
-    if (Mirroring() || Typed() != Model().Text()) return;
+    if (!Mirroring() && Typed() == Model().Text()) TellSelection();
+  }
+  void TellSelection() {
     const QTextCursor cursor = Widget().textCursor();
     const int from = ToModel(cursor.selectionStart());
     Model().UserSelected(from, ToModel(cursor.selectionEnd()) - from);
