@@ -17,13 +17,14 @@ std::vector<KeyFile> Lists(const Environment& environment) {
   folders.insert(folders.end(), environment.ConfigDirs.begin(), environment.ConfigDirs.end());
   folders.push_back(environment.DataHome + "/applications");
   for (const std::string& data : environment.DataDirs) folders.push_back(data + "/applications");
+  std::vector<std::string> names;
+  for (const std::string& desktop : environment.Desktops) names.push_back(desktop + "-mimeapps.list");
+  names.emplace_back("mimeapps.list");
   std::vector<KeyFile> lists;
-  for (const std::string& folder : folders) {
-    std::vector<std::string> names;
-    for (const std::string& desktop : environment.Desktops) names.push_back(desktop + "-mimeapps.list");
-    names.emplace_back("mimeapps.list");
+  for (std::string folder : folders) {
+    folder += '/';
     for (const std::string& name : names)
-      if (const std::optional<std::string> text = ReadSmallFile(folder + '/' + name)) lists.emplace_back(*text);
+      if (const std::optional<std::string> text = ReadSmallFile(folder + name)) lists.emplace_back(*text);
   }
   return lists;
 }

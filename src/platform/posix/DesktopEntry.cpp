@@ -17,6 +17,13 @@ namespace {
 
 constexpr std::string_view group = "Desktop Entry";
 
+std::string InFolder(const std::string& folder, std::string_view name) {
+  std::string path = folder;
+  path += '/';
+  path += name;
+  return path;
+}
+
 std::vector<std::string> StarterFolders(const Environment& environment) {
   std::vector<std::string> folders{environment.DataHome + "/applications"};
   for (const std::string& data : environment.DataDirs) folders.push_back(data + "/applications");
@@ -107,8 +114,10 @@ std::optional<std::string> FindProgram(const std::string& name, const Environmen
   };
   if (name.starts_with('/')) return runs(name) ? std::optional(name) : std::nullopt;
   if (name.empty() || name.find('/') != std::string::npos) return std::nullopt;
-  for (const std::string& folder : environment.Path)
-    if (runs(folder + '/' + name)) return folder + '/' + name;
+  for (const std::string& folder : environment.Path) {
+    std::string path = InFolder(folder, name);
+    if (runs(path)) return path;
+  }
   return std::nullopt;
 }
 
@@ -140,7 +149,7 @@ std::optional<DesktopEntry> FindDesktopEntry(const std::string& id, const Enviro
   for (const std::string& folder : StarterFolders(environment)) {
     std::string name = id;
     for (;;) {
-      const std::string file = folder + '/' + name;
+      const std::string file = InFolder(folder, name);
       // An entry that is there but marked as deleted hides those of the folders behind.
       if (access(file.c_str(), F_OK) == 0) return ReadDesktopEntry(file, environment);
       // A dash may stand for the border of a folder.
@@ -161,7 +170,7 @@ std::optional<DesktopEntry> FindEntryOfProgram(const std::string& programName, c
     std::sort(names.begin(), names.end());
     for (const std::string& name : names) {
       if (!name.ends_with(".desktop")) continue;
-      std::optional<DesktopEntry> entry = ReadDesktopEntry(folder + '/' + name, environment);
+      std::optional<DesktopEntry> entry = ReadDesktopEntry(InFolder(folder, name), environment);
       if (!entry) continue;
       const std::string program = SplitCommandLine(entry->Exec)[0];
       if (program.substr(program.rfind('/') + 1) == programName) return entry;

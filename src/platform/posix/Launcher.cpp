@@ -15,6 +15,7 @@ int Launcher::Start(const std::vector<std::string>& arguments, const std::string
   if (arguments.empty()) return ENOENT;
   std::vector<std::string> texts = arguments;
   std::vector<char*> pointers;
+  pointers.reserve(texts.size() + 1);
   for (std::string& text : texts) pointers.push_back(text.data());
   pointers.push_back(nullptr);
 

@@ -76,7 +76,7 @@ bool IsUserMedium(const Mount& mount, std::string_view user) {
 }
 
 std::string MediumKey(const Mount& mount) {
-  const std::string place = "at:" + mount.Point;
+  std::string place = "at:" + mount.Point;
   struct stat source {};
   if (stat(mount.Source.c_str(), &source) != 0 || !S_ISBLK(source.st_mode)) return place;
   const std::unique_ptr<DIR, int (*)(DIR*)> identities(opendir(identitiesFolder), closedir);

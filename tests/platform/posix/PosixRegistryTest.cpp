@@ -75,8 +75,8 @@ TEST_F(OnPosixRegistry, TheFilesNameTheCompanionAndTheFolder) {
   EXPECT_EQ(menu.Value("Desktop Entry", "MimeType"), "inode/directory;");
   DesktopEntry entry;
   entry.Exec = menu.Value("Desktop Action play", "Exec");
-  EXPECT_THAT(ArgumentsFor(entry, "/home/my photos"),
-              ElementsAre(drive_.HostRoot() + "/win dows/Pixorra SlideShow.scr", "21/home/my photos"));
+  EXPECT_THAT(ArgumentsFor(entry, "/home/anna/my photos"),
+              ElementsAre(drive_.HostRoot() + "/win dows/Pixorra SlideShow.scr", "21/home/anna/my photos"));
   struct stat file {};
   ASSERT_EQ(stat(drive_.HostPath(serviceMenu).c_str(), &file), 0);
   EXPECT_NE(file.st_mode & S_IXUSR, 0U);
