@@ -15,6 +15,7 @@ void ConnectPreview(MainForm& main) {
     main.preview.PicPreviewSize.SetVisible(false);
     main.preview.PicPreviewSizeAutoClrTimer.SetEnabled(false);
   };
+  preview.AutoPicPreviewTimer.On().Timer = [&main](Control&) { AutoPicPreviewTimer_Timer(main); };
   main.menu.SelectedPhotoMenu.On().Click = [&main](Control&) { SelectedPhotoMenu_Click(main); };
 }
 

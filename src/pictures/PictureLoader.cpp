@@ -77,8 +77,8 @@ void AdjustScale(PicturesState& pictures, int decodedWidth) {
   }
 }
 
-// By way of a small JPEG file, decoded at a reduced size.
-void LoadReduced(MainForm& main, const std::string& path, Control& target, Steps& steps) {
+// By way of a small JPEG file, decoded at a reduced size. Messages on the way let events run, and the target may go.
+void LoadReduced(MainForm& main, const std::string& path, const Watch<Control>& target, Steps& steps) {
   PicturesState& pictures = main.pictures;
   Host& host = main.host;
   const std::string temporary = StripTrailingBackslash(host.places.TemporaryFolder()) + "\\$temp.tmp";
@@ -89,7 +89,10 @@ void LoadReduced(MainForm& main, const std::string& path, Control& target, Steps
   steps.Run([&] { decoded = LoadJPG(pictures.jpegBridge, *pictures.gLoaderDib, path, pictures.lDecodeScale); });
   // A photo that broke off half-way must not be passed on as if it were whole.
   if (decoded) steps.Run([&] { SaveJPG(pictures.jpegBridge, *pictures.gLoaderDib, temporary, TemporaryQuality); });
-  steps.Run([&] { SetPictureOf(target, host.pictures.Load(temporary)); });
+  steps.Run([&] {
+    const Picture reduced = host.pictures.Load(temporary);
+    if (target) SetPictureOf(*target.Get(), reduced);
+  });
   AdjustScale(pictures, pictures.gLoaderDib->dib_width());
 }
 
@@ -125,14 +128,13 @@ bool LoadPictureFile(MainForm& main, const std::string& path, Control& target, b
   const int format = PictureFileFormat(main.host.files, path);
   if (format == Unrecognised) return false;
 
-  // Messages on the way let events run, and the target may go.
   const Watch<Control> alive(target);
   Steps steps;
   steps.Run([&] { SetPictureOf(target, Picture()); });
   if (!bFastJpeg || format != JpegFile) {
     steps.Run([&] { SetPictureOf(target, main.host.pictures.Load(path)); });
   } else {
-    LoadReduced(main, path, target, steps);
+    LoadReduced(main, path, alive, steps);
   }
   if (steps.Number() == error::OutOfMemory) TellOutOfMemory(main);
   if (!alive) return false;

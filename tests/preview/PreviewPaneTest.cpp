@@ -1,0 +1,257 @@
+// The preview pane: its caption and how long it stays, its pointer and tool tips, and an edit outside that shows by
+// itself.
+#include <gtest/gtest.h>
+
+#include "core/Wiring.h"
+#include "pictures/Painting.h"
+#include "pictures/QuickThumbs.h"
+#include "preview/PreviewPane.h"
+#include "tests/support/TestPictures.h"
+#include "tests/support/headless/ProgramTest.h"
+
+namespace pixorra {
+namespace {
+
+constexpr const char* Photo = "C:\\Photos\\photo.bmp";
+constexpr const char* Broken = "C:\\Photos\\broken.bmp";
+
+class PreviewPaneTest : public ProgramTest {
+ protected:
+  PreviewPaneTest() {
+    drive.MakeFolder("C:\\Program");
+    drive.Write(Photo, BmpPhoto(640, 480));
+    drive.Write(Broken, "BM and nothing of a bitmap behind it");
+    main.Window.SetCaption("Pixorra v1.00");
+    ConnectPreview(main);
+    main.Window.Show();
+  }
+
+  int Beeps() { return run.platform.dialogs.Beeps(); }
+  // As a click on a thumbnail does it, with the photo in slot 1 of the film strip.
+  void SelectInStrip(const std::string& path) {
+    main.strip.SrcBackground.Load(1);
+    ImageBox& thumbnail = main.strip.SrcThumbnail.Load(1);
+    main.strip.SrcThumbName.Load(1);
+    thumbnail.SetStretch(true);
+    thumbnail.Move(0, 0, 80, 60);
+    thumbnail.SetTag(path);
+    bool bDragged = false;
+    PaintThumbnail(main, thumbnail, path, bDragged);
+    main.strip.SrcThumbFrame.SetTag("1");
+    main.strip.SrcThumbFrame.SetVisible(true);
+    PaintPicPreview(main, path);
+  }
+  // One tick of the timer that follows an outside edit.
+  void Tick() {
+    main.preview.AutoPicPreviewTimer.SetEnabled(true);
+    run.Wait(1);
+    main.preview.AutoPicPreviewTimer.SetEnabled(false);
+  }
+
+  ProgramRun& run = NewRun();
+  MainForm& main = run.main;
+  ImageBox& pane = main.preview.PicPreview;
+  Label& caption = main.preview.PicPreviewSize;
+  Timer& captionTimer = main.preview.PicPreviewSizeAutoClrTimer;
+};
+
+Colour At(const Picture& picture, int x, int y) {
+  const std::uint8_t* pixel = picture.Pixels().Row(y) + x * picture.Pixels().BytesPerPixel();
+  return static_cast<Colour>(pixel[0] << 16 | pixel[1] << 8 | pixel[2]);
+}
+
+TEST_F(PreviewPaneTest, ThePhotoIsSelectedAndItsCaptionTellsSizeAndName) {
+  PaintPicPreview(main, Photo);
+  EXPECT_EQ(caption.Caption(), " W640 x H480   photo.bmp ");
+  EXPECT_TRUE(caption.Visible());
+  EXPECT_TRUE(captionTimer.Enabled());
+  EXPECT_EQ(pane.Tag(), Photo);
+  EXPECT_EQ(caption.ToolTipText(), Photo);
+  EXPECT_EQ(pane.GetPicture().Width(), pane.Width());
+  EXPECT_EQ(pane.GetPicture().Height(), pane.Height());
+  EXPECT_EQ(Beeps(), 0);
+}
+
+TEST_F(PreviewPaneTest, APhotoThatCannotBeShownEmptiesPaneAndSelectionAndTheCaptionSaysSo) {
+  PaintPicPreview(main, Photo);
+  PaintPicPreview(main, Broken);
+  EXPECT_EQ(caption.Caption(), " Can't Preview - broken.bmp ");
+  EXPECT_TRUE(caption.Visible());
+  EXPECT_EQ(caption.ToolTipText(), Broken);
+  EXPECT_EQ(pane.Tag(), "");
+  EXPECT_TRUE(pane.GetPicture().IsNothing());
+  EXPECT_EQ(Beeps(), 1);
+  EXPECT_TRUE(main.strip.ThumbsTimer.Enabled());
+}
+
+TEST_F(PreviewPaneTest, TheToolTipNamesTheProgramThatEdits) {
+  run.platform.shell.RegisterProgram(".bmp", "C:\\bin\\paint", {" Brush ", "A brush for pictures"});
+  PaintPicPreview(main, Photo);
+  EXPECT_EQ(pane.ToolTipText(), "Double-Click to Edit with \"Brush\"");
+}
+
+TEST_F(PreviewPaneTest, AProgramWithoutAProductNameIsNamedByItsDescription) {
+  run.platform.shell.RegisterProgram(".bmp", "C:\\bin\\paint", {"  ", " A brush "});
+  PaintPicPreview(main, Photo);
+  EXPECT_EQ(pane.ToolTipText(), "Double-Click to Edit with \"A brush\"");
+}
+
+TEST_F(PreviewPaneTest, AFileWithNoRegisteredProgramGivesAnEmptyName) {
+  PaintPicPreview(main, Photo);
+  EXPECT_EQ(pane.ToolTipText(), "Double-Click to Edit with \"\"");
+  PaintPicPreview(main, "C:\\Photos\\missing.bmp");
+  EXPECT_EQ(pane.ToolTipText(), "Double-Click to Edit with \"\"");
+}
+
+TEST_F(PreviewPaneTest, BackgroundLoadingRestsDuringThePaint) {
+  main.strip.ThumbsTimer.SetEnabled(true);
+  run.files.FailNth(FileCall::OpenToRead, 2, error::OutOfMemory, "photo.bmp");
+  run.person.ExpectBox("Pixorra - Out of Memory", "", BoxAnswer::Ok,
+                       [&] { EXPECT_FALSE(main.strip.ThumbsTimer.Enabled()); });
+  PaintPicPreview(main, Photo);
+  EXPECT_TRUE(main.strip.ThumbsTimer.Enabled());
+  main.strip.ThumbsTimer.SetEnabled(false);
+}
+
+TEST_F(PreviewPaneTest, TheCaptionGoesAfterTwoSeconds) {
+  PaintPicPreview(main, Photo);
+  main.strip.ThumbsTimer.SetEnabled(false);
+  run.Wait(1.9);
+  EXPECT_TRUE(caption.Visible());
+  run.Wait(0.2);
+  EXPECT_FALSE(caption.Visible());
+  EXPECT_FALSE(captionTimer.Enabled());
+}
+
+TEST_F(PreviewPaneTest, ASecondPaintWithinTwoSecondsRestartsTheCaptionsTimer) {
+  PaintPicPreview(main, Photo);
+  main.strip.ThumbsTimer.SetEnabled(false);
+  run.Wait(1.5);
+  PaintPicPreview(main, Photo);
+  main.strip.ThumbsTimer.SetEnabled(false);
+  run.Wait(1.5);
+  EXPECT_TRUE(caption.Visible());
+  run.Wait(0.6);
+  EXPECT_FALSE(caption.Visible());
+}
+
+TEST_F(PreviewPaneTest, HoveringOverTheCaptionKeepsItUntilTheMouseMovesOverThePaneAgain) {
+  PaintPicPreview(main, Photo);
+  main.strip.ThumbsTimer.SetEnabled(false);
+  run.person.MoveTo(caption);
+  run.Wait(10);
+  EXPECT_TRUE(caption.Visible());
+  run.person.MoveTo(pane);
+  run.Wait(1.9);
+  EXPECT_TRUE(caption.Visible());
+  run.Wait(0.2);
+  EXPECT_FALSE(caption.Visible());
+}
+
+TEST_F(PreviewPaneTest, TheMouseOverThePaneBringsTheCaptionBack) {
+  PaintPicPreview(main, Photo);
+  main.strip.ThumbsTimer.SetEnabled(false);
+  run.Wait(3);
+  ASSERT_FALSE(caption.Visible());
+  run.person.MoveTo(pane);
+  EXPECT_TRUE(caption.Visible());
+}
+
+TEST_F(PreviewPaneTest, OverAnEmptyPaneThePointerSaysNotReadyAndNoCaptionShows) {
+  run.person.MoveTo(pane);
+  EXPECT_TRUE(pane.MouseIcon() == main.drop.NotReadyIcon);
+  EXPECT_EQ(pane.MousePointer(), pointer::Custom);
+  EXPECT_FALSE(caption.Visible());
+  PaintPicPreview(main, Photo);
+  main.strip.ThumbsTimer.SetEnabled(false);
+  run.person.MoveTo(pane);
+  EXPECT_TRUE(pane.MouseIcon() == main.desk.DestFolder(0).MouseIcon());
+}
+
+TEST_F(PreviewPaneTest, ResettingGoesBackToTheLogo) {
+  PaintPicPreview(main, Photo);
+  ResetPreview(main);
+  EXPECT_TRUE(pane.GetPicture() == main.preview.Logo);
+  EXPECT_EQ(pane.ToolTipText(), "Pixorra v1.00");
+  EXPECT_EQ(caption.ToolTipText(), "Pixorra v1.00");
+  EXPECT_EQ(pane.Tag(), "");
+  EXPECT_EQ(caption.Caption(), "");
+  EXPECT_FALSE(caption.Visible());
+  ResetPreview(main, ApplicationTitle);
+  EXPECT_EQ(pane.ToolTipText(), "Pixorra");
+}
+
+TEST_F(PreviewPaneTest, TheMenuNamesTheProgramThatEditsTheSelectedPhoto) {
+  run.platform.shell.RegisterProgram(".bmp", "C:\\bin\\paint", {"Brush", ""});
+  SelectedPhotoMenu_Click(main);
+  EXPECT_EQ(main.menu.SelectedEditMenuItem.Caption(), "&Edit");
+  PaintPicPreview(main, Photo);
+  SelectedPhotoMenu_Click(main);
+  EXPECT_EQ(main.menu.SelectedEditMenuItem.Caption(), "Edit with \"Brush\"");
+}
+
+TEST_F(PreviewPaneTest, AClickOnThePaneEndsAnOutsideEdit) {
+  main.preview.bPicEdited = true;
+  run.person.Click(pane);
+  EXPECT_FALSE(main.preview.bPicEdited);
+}
+
+TEST_F(PreviewPaneTest, WithoutAnOutsideEditNothingIsRepainted) {
+  SelectInStrip(Photo);
+  const Picture before = pane.GetPicture();
+  drive.Write(Photo, BmpOf(PlainBitmap(320, 240, 0x000000FF)));
+  Tick();
+  EXPECT_TRUE(pane.GetPicture() == before);
+}
+
+TEST_F(PreviewPaneTest, ASaveInTheEditorShowsByItselfInPaneAndThumbnail) {
+  SelectInStrip(Photo);
+  main.preview.bPicEdited = true;
+  drive.Write(Photo, BmpOf(PlainBitmap(320, 240, 0x000000FF)));
+  Tick();
+  EXPECT_EQ(caption.Caption(), " W320 x H240   photo.bmp ");
+  EXPECT_EQ(At(pane.GetPicture(), 10, 10), 0x000000FFU);
+  EXPECT_EQ(At(main.strip.SrcThumbnail(1).GetPicture(), 10, 10), 0x000000FFU);
+}
+
+TEST_F(PreviewPaneTest, AnEditedPhotoKeepsItsShadeAndItsNewCacheEntryTakesTheMark) {
+  SelectInStrip(Photo);
+  main.strip.SrcThumbName(1).SetTag("MARK");
+  main.preview.bPicEdited = true;
+  drive.Write(Photo, BmpOf(PlainBitmap(320, 240, 0x000000FF)));
+  Tick();
+  const Picture& thumbnail = main.strip.SrcThumbnail(1).GetPicture();
+  EXPECT_EQ(At(thumbnail, 10, 10), 0U);
+  EXPECT_EQ(At(thumbnail, 11, 11), 0x000000FFU);
+  bool bDragged = false;
+  ASSERT_TRUE(ReadQuickThumb(main, Photo, main.strip.SrcThumbnail(1), bDragged));
+  EXPECT_TRUE(bDragged);
+}
+
+TEST_F(PreviewPaneTest, TheSelectedCellOfTheOpenFolderFollowsAnEditToo) {
+  ImageBox& thumbnail = main.desk.DestThumbnail.Load(1);
+  thumbnail.SetStretch(true);
+  thumbnail.Move(0, 0, 80, 60);
+  main.desk.DestThumbFrame.SetTag("1");
+  main.desk.DestThumbFrame.SetVisible(true);
+  PaintPicPreview(main, Photo);
+  main.preview.bPicEdited = true;
+  drive.Write(Photo, BmpOf(PlainBitmap(320, 240, 0x000000FF)));
+  Tick();
+  EXPECT_EQ(At(thumbnail.GetPicture(), 10, 10), 0x000000FFU);
+}
+
+TEST_F(PreviewPaneTest, APhotoDeletedDuringAnOutsideEditIsDeselectedAndFurtherTicksDoNothing) {
+  SelectInStrip(Photo);
+  main.preview.bPicEdited = true;
+  drive.Remove(Photo);
+  Tick();
+  EXPECT_EQ(pane.Tag(), "");
+  EXPECT_EQ(Beeps(), 1);
+  Tick();
+  Tick();
+  EXPECT_EQ(Beeps(), 1);
+}
+
+}  // namespace
+}  // namespace pixorra
