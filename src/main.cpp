@@ -1,0 +1,38 @@
+// Picks the back ends, builds the Host, creates MainForm, runs the loop. Nothing else.
+#include <memory>
+
+#include "core/MainForm.h"
+#include "core/Startup.h"
+#include "platform/codecs/CodecPictures.h"
+#include "platform/codecs/TurboJpegCodec.h"
+#include "platform/posix/Environment.h"
+#include "platform/posix/MappingSource.h"
+#include "platform/posix/PosixClock.h"
+#include "platform/posix/PosixFiles.h"
+#include "platform/posix/PosixPlaces.h"
+#include "platform/posix/PosixRegistry.h"
+#include "platform/posix/PosixSettings.h"
+#include "platform/posix/PosixShell.h"
+#include "platform/qt/QtPlatform.h"
+
+int main(int argc, char** argv) {
+  using namespace pixorra;
+  QtPlatform qt(argc, argv);
+  const Environment environment = Environment::OfProcess();
+  const auto mapping = std::make_shared<MountedMapping>(environment);
+  PosixFiles files(mapping);
+  PosixPlaces places(environment, mapping);
+  PosixClock clock;
+  PosixShell shell(environment, mapping);
+  PosixRegistry registry(environment.DataHome, mapping);
+  PosixSettings settings(environment.ConfigHome + "/pixorra/settings");
+  CodecPictures pictures(files);
+  TurboJpegCodec jpeg(files);
+
+  Host host{qt.toolkit, files,       places,       clock, pictures, qt.artwork, jpeg,
+            qt.dialogs, qt.printing, qt.clipboard, shell, registry, settings};
+  MainForm main(host);
+  ConnectEvents(main);
+  StartUp(main);
+  return qt.Run();
+}
