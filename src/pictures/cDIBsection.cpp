@@ -81,7 +81,7 @@ DeviceContext::DeviceContext(const cDIBsection& surface) {
 
 std::int32_t cDIBsection::BytesPerScanLine() const {
   const BITMAPINFOHEADER& header = info_.bmiHeader;
-  return CLng(static_cast<double>(header.biBitCount / 8) * header.biWidth + 3) & ~3;
+  return CLng(static_cast<double>(dib_channels()) * header.biWidth + 3) & ~3;
 }
 
 bool cDIBsection::CreateDIB(Handle, std::int32_t lWidth, std::int32_t lHeight, std::int32_t lChannels, Handle& hDib) {

@@ -14,17 +14,10 @@ class Runs {
     while (y_ < height_ && codes_.size() - at_ >= 2) {
       const unsigned count = codes_[at_++];
       const unsigned value = codes_[at_++];
-      if (count > 0) {
+      if (count == 0) {
+        if (!Escape(value)) break;
+      } else {
         for (unsigned i = 0; i < count; ++i) Put(bits_ == 8 ? value : Nibble(value, i));
-      } else if (value == EndOfLine) {
-        x_ = 0;
-        ++y_;
-      } else if (value == EndOfBitmap) {
-        break;
-      } else if (value == Delta) {
-        if (!Skip()) break;
-      } else if (!Literal(value)) {
-        break;
       }
     }
     return any_;
@@ -42,6 +35,22 @@ class Runs {
     indexes_[static_cast<std::size_t>(y_) * static_cast<std::size_t>(width_) + static_cast<std::size_t>(x_++)] =
         static_cast<std::uint8_t>(index);
     any_ = true;
+  }
+
+  // False where the codes end.
+  bool Escape(unsigned value) {
+    switch (value) {
+      case EndOfLine:
+        x_ = 0;
+        ++y_;
+        return true;
+      case EndOfBitmap:
+        return false;
+      case Delta:
+        return Skip();
+      default:
+        return Literal(value);
+    }
   }
 
   bool Skip() {

@@ -29,7 +29,7 @@ struct GrowingBlock {
 };
 
 void BeginBlock(j_compress_ptr writer) {
-  GrowingBlock::Of(writer).Grow(writer, 64 * 1024);
+  GrowingBlock::Of(writer).Grow(writer, std::size_t{64} * 1024);
 }
 
 boolean EnlargeBlock(j_compress_ptr writer) {

@@ -18,7 +18,7 @@ inline constexpr std::int64_t BmpPixelsPerByte = 512;
 // False for sizes that `bytes` bytes of data cannot back. A picture of up to 16 megapixels is let through in any case,
 // so that a damaged or cut file still shows what it has; that much memory hurts nobody.
 inline bool IsBacked(std::int64_t width, std::int64_t height, std::size_t bytes, std::int64_t pixelsPerByte) {
-  constexpr std::int64_t Harmless = 16 * 1024 * 1024;
+  constexpr std::int64_t Harmless = std::int64_t{16} * 1024 * 1024;
   if (width < 1 || height < 1 || width > LongestSide || height > LongestSide) return false;
   const std::int64_t pixels = width * height;
   return pixels <= Harmless || pixels / pixelsPerByte <= static_cast<std::int64_t>(bytes);
