@@ -1,0 +1,146 @@
+// Copying a photo: its bytes, its date, and what is left when something fails.
+#include <gtest/gtest.h>
+
+#include "drop/FileTransfer.h"
+#include "platform/runtime/Errors.h"
+#include "tests/support/headless/ProgramTest.h"
+
+namespace pixorra {
+namespace {
+
+constexpr const char* Source = "C:\\Strip\\a.jpg";
+constexpr const char* Copy = "C:\\Folder\\b.jpg";
+constexpr CalendarTime Shot{2001, 5, 6, 13, 14, 15, 678};
+
+class FileTransferTest : public ProgramTest {
+ protected:
+  FileTransferTest() {
+    drive.Write(Source, Bytes);
+    drive.SetTime(Source, Shot);
+    drive.MakeFolder("C:\\Folder");
+  }
+  int ErrorOfCopy(const std::string& source = Source, const std::string& destination = Copy) {
+    return ErrorsIgnored([&] { CopyPhotoFile(main, source, destination); });
+  }
+
+  const std::string Bytes = std::string("photo\0bytes", 11) + std::string(70000, '\x7f');
+  ProgramRun& run = NewRun();
+  MainForm& main = run.main;
+};
+
+TEST_F(FileTransferTest, TheCopyHasTheSourcesBytes) {
+  CopyPhotoFile(main, Source, Copy);
+  EXPECT_EQ(drive.Read(Copy), Bytes);
+  EXPECT_EQ(drive.Read(Source), Bytes);
+}
+
+TEST_F(FileTransferTest, WithKeepDateAllTimesAreTheSourcesToTheSecondWithTheMillisecondsOfTheCopy) {
+  main.preferences.KeepDateCheckBox.SetValue(1);
+  run.platform.clock.SetNow({2020, 1, 1, 10, 20, 30, 321});
+  CopyPhotoFile(main, Source, Copy);
+  const CalendarTime wanted{2001, 5, 6, 13, 14, 15, 321};
+  EXPECT_EQ(drive.WriteTime(Copy), wanted);
+  EXPECT_EQ(drive.AccessTime(Copy), wanted);
+  EXPECT_EQ(drive.WriteTime(Source), Shot);
+}
+
+TEST_F(FileTransferTest, WithoutKeepDateTheCopyCarriesTheTimeOfCopying) {
+  main.preferences.KeepDateCheckBox.SetValue(0);
+  CopyPhotoFile(main, Source, Copy);
+  EXPECT_GE(drive.WriteTime(Copy).Year, 2024);
+}
+
+TEST_F(FileTransferTest, ASourceThatCannotBeWrittenKeepsNoDateAndIsCopiedAllTheSame) {
+  run.files.FailAlways(FileCall::LastWriteTime, error::PathAccess);
+  CopyPhotoFile(main, Source, Copy);
+  EXPECT_EQ(drive.Read(Copy), Bytes);
+  EXPECT_GE(drive.WriteTime(Copy).Year, 2024);
+}
+
+TEST_F(FileTransferTest, AnEmptySourceRaisesAndLeavesAnEmptyDestination) {
+  drive.Write(Source, "");
+  EXPECT_EQ(ErrorOfCopy(), error::BadSubscript);
+  EXPECT_EQ(drive.Read(Copy), "");
+}
+
+TEST_F(FileTransferTest, AMissingSourceRaisesAndLeavesAnEmptyDestination) {
+  EXPECT_EQ(ErrorOfCopy("C:\\Strip\\gone.jpg"), error::FileNotFound);
+  EXPECT_EQ(drive.Read(Copy), "");
+}
+
+TEST_F(FileTransferTest, AMissingFolderRaisesBeforeAnythingIsRead) {
+  EXPECT_EQ(ErrorOfCopy(Source, "C:\\Gone\\b.jpg"), error::PathNotFound);
+  EXPECT_EQ(run.files.Count(FileCall::OpenToRead), 0);
+}
+
+TEST_F(FileTransferTest, AFullDiskRaisesAndLeavesWhatFitted) {
+  run.files.FillDiskAfter(1000);
+  EXPECT_EQ(ErrorOfCopy(), error::DiskFull);
+  EXPECT_EQ(drive.Read(Copy), Bytes.substr(0, 1000));
+}
+
+TEST_F(FileTransferTest, ASourceThatCannotBeReadToItsEndRaises) {
+  run.files.FailNth(FileCall::Read, 1, error::DeviceIO, "a.jpg");
+  EXPECT_EQ(ErrorOfCopy(), error::DeviceIO);
+}
+
+TEST_F(FileTransferTest, WhatCannotBePutOnStableStorageIsAFailure) {
+  run.files.FailNth(FileCall::Flush, 1, error::DeviceIO);
+  EXPECT_EQ(ErrorOfCopy(), error::DeviceIO);
+  run.files.Heal();
+  run.files.FailNth(FileCall::FlushFolder, 1, error::DeviceIO);
+  EXPECT_EQ(ErrorOfCopy(Source, "C:\\Folder\\c.jpg"), error::DeviceIO);
+}
+
+TEST_F(FileTransferTest, TheFileIsFlushedOnceAndItsFolderAfterIt) {
+  const int flushes = run.files.Count(FileCall::Flush);
+  const int folders = run.files.Count(FileCall::FlushFolder);
+  run.files.FailNth(FileCall::Flush, 1, error::DeviceIO);
+  EXPECT_EQ(ErrorOfCopy(), error::DeviceIO);
+  EXPECT_EQ(run.files.Count(FileCall::FlushFolder), folders);
+  run.files.Heal();
+  CopyPhotoFile(main, Source, "C:\\Folder\\c.jpg");
+  EXPECT_EQ(run.files.Count(FileCall::Flush), flushes + 2);
+  EXPECT_EQ(run.files.Count(FileCall::FlushFolder), folders + 1);
+}
+
+TEST_F(FileTransferTest, OneReadAndOneWriteMakeACopy) {
+  const int reads = run.files.Count(FileCall::Read);
+  const int writes = run.files.Count(FileCall::Write);
+  CopyPhotoFile(main, Source, Copy);
+  EXPECT_EQ(run.files.Count(FileCall::Read), reads + 1);
+  EXPECT_EQ(run.files.Count(FileCall::Write), writes + 1);
+}
+
+TEST_F(FileTransferTest, NothingIsWrittenThroughALink) {
+  drive.Write("C:\\Elsewhere\\kept.jpg", "kept");
+  drive.MakeLink(Copy, drive.HostPath("C:\\Elsewhere\\kept.jpg"));
+  EXPECT_NE(ErrorOfCopy(), error::None);
+  EXPECT_EQ(drive.Read("C:\\Elsewhere\\kept.jpg"), "kept");
+  drive.MakeLink("C:\\Folder\\dangling.jpg", drive.HostPath("C:\\Elsewhere\\new.jpg"));
+  EXPECT_NE(ErrorOfCopy(Source, "C:\\Folder\\dangling.jpg"), error::None);
+  EXPECT_FALSE(drive.Exists("C:\\Elsewhere\\new.jpg"));
+}
+
+TEST_F(FileTransferTest, OneBufferServesCopiesOfAllSizes) {
+  const std::string small = "s";
+  const std::string large(3'000'000, 'L');
+  drive.Write("C:\\Strip\\small.jpg", small);
+  drive.Write("C:\\Strip\\large.jpg", large);
+  CopyPhotoFile(main, "C:\\Strip\\large.jpg", "C:\\Folder\\1.jpg");
+  CopyPhotoFile(main, Source, "C:\\Folder\\2.jpg");
+  CopyPhotoFile(main, "C:\\Strip\\small.jpg", "C:\\Folder\\3.jpg");
+  CopyPhotoFile(main, "C:\\Strip\\large.jpg", "C:\\Folder\\4.jpg");
+  EXPECT_EQ(drive.Read("C:\\Folder\\1.jpg"), large);
+  EXPECT_EQ(drive.Read("C:\\Folder\\2.jpg"), Bytes);
+  EXPECT_EQ(drive.Read("C:\\Folder\\3.jpg"), small);
+  EXPECT_EQ(drive.Read("C:\\Folder\\4.jpg"), large);
+}
+
+TEST_F(FileTransferTest, ACopyIntoTheRootOfADriveIsFlushedThereToo) {
+  CopyPhotoFile(main, Source, "C:\\root.jpg");
+  EXPECT_EQ(drive.Read("C:\\root.jpg"), Bytes);
+}
+
+}  // namespace
+}  // namespace pixorra
