@@ -150,6 +150,14 @@ bool RefuseSmallScreen(MainForm& main) {
   return true;
 }
 
+bool HasLastSize(const MainForm& main) {
+  const double width = main.Window.TwipsWidth();
+  const double height = main.Window.TwipsHeight();
+  // A saved state may bring a size of 0, which is what stands before the first layout.
+  if (width == 0 && height == 0) return false;
+  return width == main.core.LastWidth && height == main.core.LastHeight;
+}
+
 }  // namespace
 
 void Form_Resize(MainForm& main) {
@@ -159,7 +167,7 @@ void Form_Resize(MainForm& main) {
 void Window_Layout(MainForm& main) {
   Form& window = main.Window;
   if (window.WindowState() == windowstate::Minimised) return;
-  if (window.TwipsWidth() == main.core.LastWidth && window.TwipsHeight() == main.core.LastHeight) return;
+  if (HasLastSize(main)) return;
   window.SetVisible(false);
   const Screen screen = main.host.toolkit.GetScreen();
   if (window.WindowState() == windowstate::Normal) {
