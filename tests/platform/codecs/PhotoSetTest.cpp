@@ -83,7 +83,7 @@ std::vector<std::uint8_t> AsSummed(const Row& row, std::vector<std::uint8_t> rgb
 // Sums of large photos take too long under the sanitizers; they are decoded all the same.
 bool IsSummed(const Bitmap& bitmap) {
 #ifdef __SANITIZE_ADDRESS__
-  return bitmap.Width() * bitmap.Height() < 1'000'000;
+  return bitmap.Width() * bitmap.Height() < 250'000;
 #else
   return !bitmap.IsEmpty();
 #endif
