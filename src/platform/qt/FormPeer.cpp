@@ -28,8 +28,12 @@ Qt::WindowStates ToQt(int state) {
   return state == windowstate::Maximised ? Qt::WindowMaximized : Qt::WindowNoState;
 }
 
+// The model's frame stands around the window's inside by a fixed width, whatever frame is drawn: the place of the inside is
+// what both sides agree on, and it is known before the frame is.
+constexpr QPoint FrameCorner(4, 23);
+
 QPoint PlaceOf(const Form& form) {
-  return {CLng(form.TwipsLeft() / TwipsPerPixel), CLng(form.TwipsTop() / TwipsPerPixel)};
+  return QPoint(CLng(form.TwipsLeft() / TwipsPerPixel), CLng(form.TwipsTop() / TwipsPerPixel)) + FrameCorner;
 }
 
 }  // namespace
@@ -107,18 +111,23 @@ void FormPeer::ApplyOwner() {
   window_->windowHandle()->setTransientParent(above);
 }
 
+// What the model has from the window itself is not set again: the window may be on its way to another size.
 void FormPeer::ApplyPlace() {
-  if (window_->isVisible() && form_.WindowState() != windowstate::Normal) return;
   const QSize size(form_.ScaleWidth(), form_.ScaleHeight() + window_->MenuHeight());
-  if (form_.Sizable() || form_.WindowState() != windowstate::Normal) {
-    window_->setMinimumSize(0, 0);
-    window_->setMaximumSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
+  const bool fixed = !form_.Sizable() && form_.WindowState() == windowstate::Normal;
+  window_->setMinimumSize(fixed ? size : QSize(0, 0));
+  window_->setMaximumSize(fixed ? size : QSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX));
+  if (window_->isVisible() && form_.WindowState() != windowstate::Normal) return;
+  if (size != agreedSize_ || !window_->isVisible()) {
+    agreedSize_ = size;
     window_->resize(size);
-  } else {
-    window_->setFixedSize(size);
   }
-  const bool placed = window_->isVisible() && window_->pos() == PlaceOf(form_);
-  if (form_.HasPlace() && !placed) window_->move(PlaceOf(form_));
+  const QPoint place = PlaceOf(form_);
+  if (form_.HasPlace() && (place != agreedPlace_ || !window_->isVisible())) {
+    agreedPlace_ = place;
+    window_->setGeometry(QRect(place, size));
+  }
+  FrameChanged();
 }
 
 void FormPeer::ApplyVisible() {
@@ -164,18 +173,29 @@ void FormPeer::FrameChanged() {
 void FormPeer::ReportFrame() {
   if (placeChanged_ || !form_.Visible() || !window_->isVisible()) return;
   const int state = StateOf(*window_);
-  if (state == windowstate::Normal && window_->pos() != PlaceOf(form_)) {
-    form_.UserMoved(window_->x() * TwipsPerPixel, window_->y() * TwipsPerPixel);
+  const QPoint place = window_->geometry().topLeft();
+  if (state == windowstate::Normal && place != PlaceOf(form_)) {
+    agreedPlace_ = place;
+    const QPoint corner = place - FrameCorner;
+    form_.UserMoved(corner.x() * TwipsPerPixel, corner.y() * TwipsPerPixel);
   }
   const QSize client(window_->width(), window_->height() - window_->MenuHeight());
   double width = form_.TwipsWidth();
   double height = form_.TwipsHeight();
-  if (state != windowstate::Minimised && client != QSize(form_.ScaleWidth(), form_.ScaleHeight())) {
+  if (state != windowstate::Minimised && !IsAsWished(client)) {
     const int menu = form_.HasMenuBar() ? backend_.MenuBarHeight() : 0;
     width = (client.width() + Form::FrameWidth) * TwipsPerPixel;
     height = (client.height() + Form::FrameHeight + menu) * TwipsPerPixel;
+    agreedSize_ = window_->size();
   }
   form_.UserResized(width, height, state);
+}
+
+// At a broken scale factor a size in whole device pixels may miss by one: nobody has changed it then.
+bool FormPeer::IsAsWished(QSize client) const {
+  const double ratio = window_->devicePixelRatioF();
+  const int slack = ratio == qRound(ratio) ? 0 : 1;
+  return qAbs(client.width() - form_.ScaleWidth()) <= slack && qAbs(client.height() - form_.ScaleHeight()) <= slack;
 }
 
 void FormPeer::InputBlocked() {

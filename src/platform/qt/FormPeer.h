@@ -50,6 +50,7 @@ class FormPeer final : public Peer, public Pending {
   void ApplyVisible();
   void SyncMenus();
   void ReportFrame();
+  bool IsAsWished(QSize client) const;
   void FocusFirst();
 
   QtBackend& backend_;
@@ -57,6 +58,8 @@ class FormPeer final : public Peer, public Pending {
   QPointer<FormWindow> window_;
   QPointer<DragOverlay> drag_;
   QRegion outdated_;
+  QSize agreedSize_;  // of the window, known to both sides
+  QPoint agreedPlace_;
   Toolkit::PointerShown pointer_;
   QObject context_;
   bool menuChanged_ = true;
