@@ -49,9 +49,10 @@ void FitCanvasHeight(DesktopState& desk, int room) {
 // Past 16 bits the assignment fails and the former Max stands. A view that fits its window goes back to its start by
 // the first of the two.
 void FitScrollbar(DesktopState& desk) {
-  ErrorsIgnored(
-      [&] { desk.DestScrollbar.SetMax(BarMaxFor(desk.DestSlotCount, Columns(desk), desk.DestThumbsWindow.Height())); });
-  desk.DestScrollbar.Refresh();
+  ScrollBar& bar = desk.DestScrollbar;
+  ErrorsIgnored([&] { bar.SetMax(BarMaxFor(desk.DestSlotCount, Columns(desk), desk.DestThumbsWindow.Height())); });
+  if (bar.Max() < LeastBarMax) ErrorsIgnored([&] { bar.SetMax(LeastBarMax); });
+  bar.Refresh();
 }
 
 void PlaceCanvas(DesktopState& desk) {
