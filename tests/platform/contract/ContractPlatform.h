@@ -1,0 +1,79 @@
+// What a back end must offer to be held to the contract: its services, a person's hands, time, and a look at what it
+// shows. Each test program that builds these tests defines MakeContractPlatform for its own back end.
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "platform/controls/Geometry.h"
+#include "platform/services/Clipboard.h"
+#include "platform/services/Dialogs.h"
+#include "platform/services/Pictures.h"
+#include "platform/services/Printing.h"
+#include "platform/services/TextDrawing.h"
+
+namespace pixorra {
+
+class Control;
+class Form;
+class ItemList;
+class MenuItem;
+class ScrollBar;
+class Toolkit;
+
+// What a person sees of a form or a control with a widget of its own.
+struct Seen {
+  bool Visible = false;
+  bool Enabled = false;
+  Rect At;           // pixels of its form's client area; of a form, its client area from (0, 0)
+  std::string Text;  // caption, title or text, as it was set
+  int Value = 0;     // of a bar; 1 for a button that is set; the chosen entry of a list
+  int Count = 0;     // entries of a list
+};
+
+class ContractPlatform {
+ public:
+  virtual ~ContractPlatform() = default;
+
+  virtual Toolkit& GetToolkit() = 0;
+  virtual Dialogs& GetDialogs() = 0;
+  virtual Clipboard& GetClipboard() = 0;
+  virtual TextDrawing& GetText() = 0;
+  virtual Artwork& GetArtwork() = 0;
+  virtual Printing& GetPrinting() = 0;
+
+  // Handles everything that is pending, until windows stand as the model says.
+  virtual void Settle() = 0;
+  virtual Seen Look(Control& control) = 0;
+
+  // The mouse, by events at the back end's edge; pixels of the form's client area.
+  virtual void Press(Form& form, int x, int y, int button, int shift) = 0;
+  virtual void Move(Form& form, int x, int y) = 0;  // with the button held that was pressed, if one is
+  virtual void Release(Form& form, int x, int y, int button, int shift) = 0;
+  virtual void DoubleClick(Form& form, int x, int y) = 0;  // the whole of it, both clicks
+  // At a control's middle, with the left button, press and release; widgets of their own included.
+  virtual void Click(Control& control) = 0;
+  virtual void MoveBar(ScrollBar& bar, int value) = 0;  // as by its arrows
+  virtual void DragBar(ScrollBar& bar, int value) = 0;  // by its thumb, let go at the end
+  virtual void Choose(ItemList& list, int index) = 0;
+  // The keyboard, to the active window.
+  virtual void Type(const std::string& text) = 0;
+  virtual void Key(int keyCode, int shift) = 0;
+  virtual void ChooseMenu(MenuItem& item) = 0;
+  // The window's frame.
+  virtual void CloseWindow(Form& form) = 0;
+  virtual void ResizeWindow(Form& form, int clientWidth, int clientHeight) = 0;
+
+  // Runs once, inside the next wait or loop of events in which `when` holds.
+  virtual void Meanwhile(std::function<bool()> when, std::function<void()> act) = 0;
+  // The next box of the host gets this answer as soon as `when` holds (nothing: at once).
+  virtual void AnswerBox(BoxAnswer answer, std::function<bool()> when) = 0;
+  virtual void AnswerInput(const std::string& typed) = 0;  // empty: it is cancelled
+  // At the next pop-up menu; no item: it is closed.
+  virtual void AnswerPopup(MenuItem* item) = 0;
+};
+
+std::unique_ptr<ContractPlatform> MakeContractPlatform();
+
+}  // namespace pixorra

@@ -1,0 +1,127 @@
+// The headless back end held to the contract.
+#include <gtest/gtest.h>
+
+#include "platform/controls/Buttons.h"
+#include "platform/controls/Lists.h"
+#include "platform/controls/Menu.h"
+#include "platform/controls/ProgressBar.h"
+#include "platform/controls/ScrollBar.h"
+#include "platform/controls/TextBox.h"
+#include "platform/headless/HeadlessPlatform.h"
+#include "tests/platform/contract/ContractPlatform.h"
+
+namespace pixorra {
+namespace {
+
+void LookAtList(const ItemList& list, Seen& seen) {
+  seen.Value = list.ListIndex();
+  seen.Count = list.ListCount();
+}
+
+class HeadlessContract : public ContractPlatform {
+ public:
+  HeadlessContract() {
+    host_.surprises.OnSurprise = [](const std::string& text) { ADD_FAILURE() << text; };
+  }
+  ~HeadlessContract() override { host_.Finish(); }
+
+  Toolkit& GetToolkit() override { return host_.toolkit; }
+  Dialogs& GetDialogs() override { return host_.dialogs; }
+  Clipboard& GetClipboard() override { return host_.clipboard; }
+  TextDrawing& GetText() override { return host_.backend.Text(); }
+  Artwork& GetArtwork() override { return host_.artwork; }
+  Printing& GetPrinting() override { return host_.printing; }
+
+  void Settle() override { host_.toolkit.DoEvents(); }
+  // There are no widgets: what would be seen is what the model says.
+  Seen Look(Control& control) override {
+    Seen seen;
+    seen.Visible = control.IsShown();
+    seen.Enabled = control.Enabled();
+    seen.At = control.GetContainer() != nullptr ? control.FormRect() : Rect{0, 0, control.Width(), control.Height()};
+    switch (control.GetKind()) {
+      case Kind::Form:
+        seen.Text = static_cast<Form&>(control).Caption();
+        seen.Visible = seen.Visible && host_.backend.WindowOf(static_cast<Form&>(control)) != nullptr;
+        break;
+      case Kind::CommandButton:
+        seen.Text = static_cast<CommandButton&>(control).Caption();
+        break;
+      case Kind::CheckBox:
+        seen.Value = static_cast<CheckBox&>(control).Value();
+        break;
+      case Kind::OptionButton:
+        seen.Value = static_cast<OptionButton&>(control).Value() ? 1 : 0;
+        break;
+      case Kind::ScrollBar:
+        seen.Value = static_cast<ScrollBar&>(control).Value();
+        break;
+      case Kind::ProgressBar:
+        seen.Value = static_cast<ProgressBar&>(control).Value();
+        break;
+      case Kind::TextBox:
+        seen.Text = static_cast<TextBox&>(control).Text();
+        break;
+      case Kind::ComboBox:
+        seen.Text = static_cast<ComboBox&>(control).Text();
+        LookAtList(static_cast<ItemList&>(control), seen);
+        break;
+      case Kind::ListBox:
+        LookAtList(static_cast<ItemList&>(control), seen);
+        break;
+      default:
+        break;
+    }
+    return seen;
+  }
+
+  void Press(Form& form, int x, int y, int button, int shift) override {
+    host_.person.PressAt(form, x, y, button, shift);
+  }
+  void Move(Form& form, int x, int y) override { host_.person.MoveTo(form, x, y); }
+  void Release(Form&, int, int, int, int shift) override { host_.person.Release(shift); }
+  void DoubleClick(Form& form, int x, int y) override { host_.person.DoubleClickAt(form, x, y); }
+  void Click(Control& control) override {
+    const Rect at = control.FormRect();
+    host_.person.ClickAt(control.GetForm(), at.Left + at.Width / 2, at.Top + at.Height / 2);
+  }
+  void MoveBar(ScrollBar& bar, int value) override { host_.person.MoveBar(bar, value); }
+  void DragBar(ScrollBar& bar, int value) override { host_.person.DragBar(bar, value); }
+  void Choose(ItemList& list, int index) override { host_.person.Choose(list, index); }
+  void Type(const std::string& text) override { host_.person.Type(text); }
+  void Key(int keyCode, int shift) override { host_.person.Key(keyCode, shift); }
+  void ChooseMenu(MenuItem& item) override { host_.person.ChooseMenu(item); }
+  void CloseWindow(Form& form) override { form.UserClosed(); }
+  void ResizeWindow(Form& form, int clientWidth, int clientHeight) override {
+    host_.person.Resize(form, clientWidth, clientHeight);
+  }
+
+  void Meanwhile(std::function<bool()> when, std::function<void()> act) override {
+    host_.person.During(std::move(when), std::move(act));
+  }
+  void AnswerBox(BoxAnswer answer, std::function<bool()> when) override {
+    host_.person.ExpectBox("", "", answer, [this, ready = std::move(when)] {
+      for (int i = 0; ready && !ready(); ++i) {
+        ASSERT_LT(i, 1000) << "the box is never answered";
+        host_.person.Wait(0.01);
+      }
+    });
+  }
+  void AnswerInput(const std::string& typed) override { host_.person.ExpectInput("", "", typed); }
+  void AnswerPopup(MenuItem* item) override {
+    host_.script.Add(Script::Reaction{"pop-up menu", Script::Moment::Popup, {}, [this, item] {
+                                        if (item != nullptr) host_.person.ChooseFromPopup(*item);
+                                      }});
+  }
+
+ private:
+  HeadlessPlatform host_;
+};
+
+}  // namespace
+
+std::unique_ptr<ContractPlatform> MakeContractPlatform() {
+  return std::make_unique<HeadlessContract>();
+}
+
+}  // namespace pixorra
