@@ -1,0 +1,209 @@
+#!/usr/bin/env python3
+"""run, test, .ci/run and tools/install-packages, each in a checkout of nothing but scripts, with stand-ins for what they call."""
+
+import os
+import pty
+import shutil
+import subprocess
+import tempfile
+import unittest
+from pathlib import Path
+
+ROOT = Path(__file__).resolve().parents[2]
+NO_DISPLAY = "No display: neither DISPLAY nor WAYLAND_DISPLAY is set"
+
+
+class ScriptTest(unittest.TestCase):
+    """Every stand-in writes its name and arguments into a log, and does what the test gave it to do."""
+
+    def setUp(self):
+        folder = tempfile.TemporaryDirectory()
+        self.addCleanup(folder.cleanup)
+        self.root = Path(folder.name) / "checkout"
+        self.bin = Path(folder.name) / "bin"
+        self.bin.mkdir()
+        self.log = Path(folder.name) / "log"
+        self.log.touch()
+        for name in ("run", "test", ".ci/run", "tools/install-packages", "tools/packages.txt"):
+            (self.root / name).parent.mkdir(parents=True, exist_ok=True)
+            shutil.copy2(ROOT / name, self.root / name)
+        self.environment = {"PATH": f"{self.bin}:{os.environ['PATH']}", "LOG": str(self.log), "HOME": folder.name}
+
+    def stand_in(self, path, body=""):
+        path.parent.mkdir(parents=True, exist_ok=True)
+        path.write_text(f'#!/bin/bash\necho "{path.name} $*" >>"$LOG"\n{body}\n', encoding="utf-8")
+        path.chmod(0o755)
+
+    def call(self, *command, **environment):
+        return subprocess.run(command, cwd=self.root, env={**self.environment, **environment}, stdin=subprocess.DEVNULL,
+                              capture_output=True, text=True, check=False)
+
+    def calls(self, name):
+        return [line.split(" ", 1)[1] for line in self.log.read_text().splitlines() if line.startswith(name + " ")]
+
+
+class InstallPackages(ScriptTest):
+    def setUp(self):
+        super().setUp()
+        (self.root / "tools/packages.txt").write_text("# A list\n[build]\ng++\ncmake\n\n[test]\n# Two tools\nxdotool\nccache\n")
+        self.stand_in(self.bin / "apt-get")
+        self.stand_in(self.bin / "sudo", '"$@"')
+        self.stand_in(self.bin / "id", "echo 0")
+        self.have("g++", "cmake", "xdotool", "ccache")
+
+    def have(self, *packages):
+        names = "|".join(packages)
+        self.stand_in(self.bin / "dpkg-query", f'case "${{@: -1}}" in {names}) printf installed ;; *) exit 1 ;; esac')
+
+    def test_nothing_is_asked_of_apt_when_all_is_there(self):
+        done = self.call("tools/install-packages", "build", "test")
+        self.assertEqual((0, ""), (done.returncode, done.stdout))
+        self.assertEqual([], self.calls("apt-get"))
+
+    def test_what_is_missing_is_installed_after_one_update(self):
+        self.have("cmake", "ccache")
+        self.assertEqual(0, self.call("tools/install-packages", "build", "test").returncode)
+        update, install = self.calls("apt-get")
+        self.assertTrue(update.startswith("update"))
+        self.assertTrue(install.startswith("install") and install.endswith(" g++ xdotool"), install)
+        self.assertEqual([], self.calls("sudo"))
+
+    def test_only_the_sections_asked_for_count(self):
+        self.have("g++", "cmake")
+        self.call("tools/install-packages", "build")
+        self.assertEqual([], self.calls("apt-get"))
+
+    def test_who_is_not_root_installs_by_sudo(self):
+        self.have("cmake")
+        self.stand_in(self.bin / "id", "echo 1000")
+        self.assertEqual(0, self.call("tools/install-packages", "build").returncode)
+        self.assertEqual(2, len(self.calls("sudo")))
+
+    def test_an_installation_that_fails_fails_the_script(self):
+        self.have("cmake")
+        self.stand_in(self.bin / "apt-get", '[ "$1" = update ]')
+        self.assertNotEqual(0, self.call("tools/install-packages", "build").returncode)
+
+    def test_a_section_that_is_not_there_is_an_error(self):
+        done = self.call("tools/install-packages", "nothing")
+        self.assertEqual(2, done.returncode)
+        self.assertIn("no section [nothing]", done.stderr)
+
+
+class Built(ScriptTest):
+    """Stand-ins for everything that run and test call."""
+
+    def setUp(self):
+        super().setUp()
+        self.stand_in(self.root / "tools/install-packages")
+        self.stand_in(self.root / "tools/tidy")
+        self.stand_in(self.bin / "cmake", 'mkdir -p build && printf "" >>build/made')
+        self.stand_in(self.bin / "ctest", 'echo "100% tests passed, 0 tests failed out of 1"')
+        self.stand_in(self.bin / "xvfb-run", 'exec "${@: -1}"')
+        self.stand_in(self.root / "build/release/pixorra", 'echo "started on ${DISPLAY:-no display}"; exit 3')
+
+
+class Run(Built):
+    def test_it_builds_and_starts_the_program_with_no_arguments(self):
+        done = self.call("./run", DISPLAY=":7")
+        self.assertEqual(3, done.returncode)
+        self.assertIn("started on :7", done.stdout)
+        self.assertEqual([""], self.calls("pixorra"))
+        self.assertEqual(["build run"], self.calls("install-packages"))
+
+    def test_build_only_stops_before_starting(self):
+        done = self.call("./run", "--build-only")
+        self.assertEqual(0, done.returncode)
+        self.assertEqual([], self.calls("pixorra"))
+        self.assertTrue(os.access(self.root / "build/pixorra", os.X_OK))
+        self.assertEqual("", done.stderr)
+
+    def test_without_display_and_terminal_one_line_tells_and_1_is_the_end(self):
+        done = self.call("./run")
+        self.assertEqual(1, done.returncode)
+        self.assertTrue(done.stderr.startswith(NO_DISPLAY))
+        self.assertEqual(1, done.stderr.count("\n"))
+        self.assertEqual([], self.calls("pixorra"))
+
+    def test_a_wayland_display_is_a_display(self):
+        self.assertEqual(3, self.call("./run", WAYLAND_DISPLAY="wayland-0").returncode)
+
+    def test_virtual_starts_on_a_virtual_display_and_installs_it(self):
+        done = self.call("./run", "--virtual")
+        self.assertEqual(3, done.returncode)
+        self.assertEqual(["build run virtual"], self.calls("install-packages"))
+        self.assertEqual(1, len(self.calls("xvfb-run")))
+
+    def test_virtual_keeps_to_a_display_that_is_there(self):
+        self.call("./run", "--virtual", DISPLAY=":7")
+        self.assertEqual([], self.calls("xvfb-run"))
+
+    def answer_on_a_terminal(self, answer):
+        person, terminal = pty.openpty()
+        os.write(person, answer)
+        done = subprocess.run("./run", cwd=self.root, env=self.environment, stdin=terminal, stdout=terminal, stderr=terminal,
+                              check=False)
+        shown = os.read(person, 65536).decode()
+        os.close(terminal)
+        os.close(person)
+        self.assertIn(NO_DISPLAY, shown)
+        return done.returncode
+
+    def test_on_a_terminal_it_asks_and_takes_yes(self):
+        self.assertEqual(3, self.answer_on_a_terminal(b"y\n"))
+        self.assertEqual(1, len(self.calls("xvfb-run")))
+
+    def test_on_a_terminal_it_asks_and_takes_no_before_anything_is_built(self):
+        self.assertEqual(1, self.answer_on_a_terminal(b"\n"))
+        self.assertEqual([], self.calls("cmake"))
+
+    def test_a_build_that_fails_starts_nothing(self):
+        self.stand_in(self.bin / "cmake", '[ "$1" != --build ]')
+        self.assertNotEqual(0, self.call("./run", DISPLAY=":7").returncode)
+        self.assertEqual([], self.calls("pixorra"))
+
+    def test_an_unknown_option_is_refused(self):
+        done = self.call("./run", "--fast")
+        self.assertEqual(2, done.returncode)
+        self.assertEqual([], self.calls("cmake"))
+
+
+class Test(Built):
+    def built(self):
+        return [line.split()[2] for line in self.calls("cmake") if line.startswith("--build")]
+
+    def test_both_builds_are_tried_in_one_summary_that_comes_last(self):
+        done = self.call("./test")
+        self.assertEqual(0, done.returncode)
+        self.assertEqual(["asan", "release"], self.built())
+        self.assertEqual('subdirs("asan")\nsubdirs("release")\n', (self.root / "build/CTestTestfile.cmake").read_text())
+        self.assertTrue(done.stdout.endswith("100% tests passed, 0 tests failed out of 1\n"))
+
+    def test_quick_tries_the_release_alone(self):
+        self.call("./test", "--quick")
+        self.assertEqual(["release"], self.built())
+        self.assertEqual('subdirs("release")\n', (self.root / "build/CTestTestfile.cmake").read_text())
+
+    def test_other_options_go_to_ctest(self):
+        self.call("./test", "-R", "Undo.*", "--quick")
+        self.assertTrue(self.calls("ctest")[0].endswith(" -R Undo.*"))
+
+    def test_a_test_that_fails_fails_all(self):
+        self.stand_in(self.bin / "ctest", "exit 8")
+        self.assertEqual(8, self.call("./test").returncode)
+        self.assertNotEqual(0, self.call(".ci/run").returncode)
+
+    def test_a_build_that_fails_fails_all_and_tries_nothing(self):
+        self.stand_in(self.bin / "cmake", '[ "$1" != --build ]')
+        self.assertNotEqual(0, self.call("./test").returncode)
+        self.assertEqual([], self.calls("ctest"))
+
+    def test_ci_tries_everything_from_any_folder(self):
+        done = subprocess.run([str(self.root / ".ci/run")], cwd="/", env=self.environment, capture_output=True, text=True,
+                              check=False)
+        self.assertEqual(0, done.returncode, done.stderr)
+        self.assertEqual(["asan", "release"], self.built())
+
+
+if __name__ == "__main__":
+    unittest.main()
