@@ -98,6 +98,8 @@ void ShowNewArrival(MainForm& main, const Drop& drop) {
     bool bDragged = false;
     PaintThumbnail(main, preview, drop.Photo, bDragged);
   }
+  // The first photo of an empty folder that is open came by way of its view.
+  preview.SetVisible(true);
 }
 
 void ShowEndOfView(DesktopState& desk) {

@@ -76,7 +76,9 @@ std::string FindDuplicate(MainForm& main, std::string& newFile, int slot) {
   ContentComparison comparison(main.host.files, newFile);
   for (int i = 0; i < list.ListCount(); ++i) {
     std::string candidate = JoinPath(list.Path(), list.List(i));
-    if (candidate != newFile && comparison.SameContent(candidate)) return candidate;
+    if (candidate == newFile || !comparison.SameContent(candidate)) continue;
+    // A disk that ignores case may list the new file in another spelling: it is not its own duplicate.
+    if (!main.host.files.IsSameFile(candidate, newFile)) return candidate;
   }
   return {};
 }
