@@ -69,8 +69,9 @@ void Erase(TextBox& box, bool before) {
 }
 
 void TypeInto(Control& control, const std::string& character) {
-  if (control.GetKind() == Kind::TextBox) Insert(static_cast<TextBox&>(control), character);
-  if (control.GetKind() == Kind::ComboBox) {
+  const Kind kind = control.GetKind();
+  if (kind == Kind::TextBox) Insert(static_cast<TextBox&>(control), character);
+  if (kind == Kind::ComboBox) {
     auto& box = static_cast<ComboBox&>(control);
     box.UserTyped(box.Text() + character);
   }
@@ -78,11 +79,10 @@ void TypeInto(Control& control, const std::string& character) {
 
 void EditText(TextBox& box, int keyCode, int shift) {
   const int end = static_cast<int>(box.Text().size());
-  if (keyCode == key::Back) Erase(box, true);
-  if (keyCode == key::Delete) Erase(box, false);
   if (keyCode == key::Home) box.UserSelected(0, 0);
   if (keyCode == key::End) box.UserSelected(end, 0);
   if (keyCode == 'A' && shift == shift::Ctrl) box.UserSelected(0, end);
+  if (keyCode == key::Back || keyCode == key::Delete) Erase(box, keyCode == key::Back);
 }
 
 void MoveInBar(ScrollBar& bar, int keyCode) {
@@ -142,9 +142,13 @@ void Person::EditByKey(Control& control, int keyCode, int shift) {
   const Kind kind = control.GetKind();
   if (kind == Kind::TextBox) {
     auto& box = static_cast<TextBox&>(control);
-    if (keyCode == key::Space) Insert(box, " ");
-    if (keyCode == key::Return && box.MultiLine()) Insert(box, "\r\n");
-    EditText(box, keyCode, shift);
+    if (keyCode == key::Space) {
+      Insert(box, " ");
+    } else if (keyCode == key::Return) {
+      if (box.MultiLine()) Insert(box, "\r\n");
+    } else {
+      EditText(box, keyCode, shift);
+    }
   }
   if (kind == Kind::ScrollBar) MoveInBar(static_cast<ScrollBar&>(control), keyCode);
   if (kind == Kind::ListBox || kind == Kind::ComboBox) {

@@ -65,10 +65,12 @@ void Person::Release(int shift) {
   });
 }
 
+// The control may be gone when its handler has run.
 void Person::LetGoNative(Control& control) {
-  if (control.GetKind() == Kind::CommandButton) static_cast<CommandButton&>(control).UserClicked();
-  if (control.GetKind() == Kind::CheckBox) static_cast<CheckBox&>(control).UserClicked();
-  if (control.GetKind() == Kind::OptionButton) static_cast<OptionButton&>(control).UserClicked();
+  const Kind kind = control.GetKind();
+  if (kind == Kind::CommandButton) static_cast<CommandButton&>(control).UserClicked();
+  if (kind == Kind::CheckBox) static_cast<CheckBox&>(control).UserClicked();
+  if (kind == Kind::OptionButton) static_cast<OptionButton&>(control).UserClicked();
 }
 
 void Person::ClickAt(Form& form, int x, int y, int button, int shift) {
