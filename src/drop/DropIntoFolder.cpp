@@ -4,6 +4,7 @@
 #include "core/Routines.h"
 #include "desktop/FolderSlots.h"
 #include "desktop/OpenFolder.h"
+#include "drop/Duplicates.h"
 #include "drop/FileTransfer.h"
 #include "drop/Naming.h"
 #include "drop/RenameAskForm.h"
@@ -107,15 +108,28 @@ void ShowEndOfView(DesktopState& desk) {
   bar.SetValue(desk.DestSlotCount < 8 ? bar.Min() : bar.Max());
 }
 
+void RefreshLists(DesktopState& desk, int slot) {
+  ErrorsIgnored([&] {
+    desk.DestFolderFiles(slot).Refresh();
+    desk.DestFileList.Refresh();
+  });
+}
+
+void SettleDuplicate(MainForm& main, const Drop& drop, std::string newFile) {
+  const std::string equalFile = FindDuplicate(main, newFile, drop.Slot);
+  if (equalFile.empty()) return;
+  ResolveDuplicate(main, equalFile, newFile, drop.Slot);
+  if (StillStands(main, drop)) RefreshLists(main.desk, drop.Slot);
+}
+
 // Each step by itself: one that fails is passed over.
 void TellOfArrival(MainForm& main, const Drop& drop, const std::string& destination) {
   DesktopState& desk = main.desk;
   if (drop.Slot != TrashcanSlot) ErrorsIgnored([&] { ShowNewArrival(main, drop); });
   if (!StillStands(main, drop)) return;
-  ErrorsIgnored([&] {
-    desk.DestFolderFiles(drop.Slot).Refresh();
-    desk.DestFileList.Refresh();
-  });
+  RefreshLists(desk, drop.Slot);
+  ErrorsIgnored([&] { SettleDuplicate(main, drop, destination); });
+  if (!StillStands(main, drop)) return;
   ErrorsIgnored([&] { ShowFolderCount(main, drop.Slot); });
   if (drop.Slot == desk.OpenFolderIndex) ErrorsIgnored([&] { ShowEndOfView(desk); });
   ErrorsIgnored([&] { MarkDragged(main, *drop.Source.Get()); });

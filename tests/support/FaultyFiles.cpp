@@ -136,6 +136,10 @@ bool FaultyFiles::IsLink(const std::string& path) {
   return !IsAway(path) && inner_.IsLink(path);
 }
 
+bool FaultyFiles::IsSameFile(const std::string& a, const std::string& b) {
+  return !IsAway(a) && !IsAway(b) && inner_.IsSameFile(a, b);
+}
+
 std::int64_t FaultyFiles::Length(const std::string& path) {
   Check(FileCall::Length, path);
   return inner_.Length(path);

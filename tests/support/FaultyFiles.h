@@ -57,6 +57,7 @@ class FaultyFiles : public Files {
   void SetAttributes(const std::string& path, int attributes) override;
   bool NameTaken(const std::string& path) override;
   bool IsLink(const std::string& path) override;
+  bool IsSameFile(const std::string& a, const std::string& b) override;
   std::int64_t Length(const std::string& path) override;
   std::unique_ptr<File> Open(const std::string& path, OpenMode mode) override;
   void Delete(const std::string& path) override;

@@ -112,6 +112,17 @@ bool PosixFiles::IsLink(const std::string& path) {
   return link;
 }
 
+bool PosixFiles::IsSameFile(const std::string& a, const std::string& b) {
+  bool same = false;
+  static_cast<void>(ErrorsIgnored([&] {
+    struct stat first {};
+    struct stat second {};
+    same = stat(Find(a).Path.Text().c_str(), &first) == 0 && stat(Find(b).Path.Text().c_str(), &second) == 0 &&
+           first.st_dev == second.st_dev && first.st_ino == second.st_ino;
+  }));
+  return same;
+}
+
 std::int64_t PosixFiles::Length(const std::string& path) {
   const Located located = Find(path);
   MustExist(located);

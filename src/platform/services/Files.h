@@ -59,6 +59,8 @@ class Files {
   // The name is taken by anything at all, a link that leads nowhere included.
   virtual bool NameTaken(const std::string& path) = 0;
   virtual bool IsLink(const std::string& path) = 0;
+  // Both paths lead to one and the same file, by whatever names; false where either leads nowhere.
+  virtual bool IsSameFile(const std::string& a, const std::string& b) = 0;
 
   virtual std::int64_t Length(const std::string& path) = 0;
   virtual std::unique_ptr<File> Open(const std::string& path, OpenMode mode) = 0;
