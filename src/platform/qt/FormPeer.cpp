@@ -28,8 +28,8 @@ Qt::WindowStates ToQt(int state) {
   return state == windowstate::Maximised ? Qt::WindowMaximized : Qt::WindowNoState;
 }
 
-// The model's frame stands around the window's inside by a fixed width, whatever frame is drawn: the place of the inside is
-// what both sides agree on, and it is known before the frame is.
+// The model's frame stands around the window's inside by a fixed width, whatever frame is drawn: the place of the
+// inside is what both sides agree on, and it is known before the frame is.
 constexpr QPoint FrameCorner(4, 23);
 
 QPoint PlaceOf(const Form& form) {

@@ -16,12 +16,16 @@ class ListPeer final : public PeerOf<QListWidget, ListBox> {
  public:
   ListPeer(QtBackend& backend, ListBox& control) : PeerOf(backend, control, new QListWidget) {
     QObject::connect(&Widget(), &QListWidget::currentRowChanged, Context(), [this](int row) {
-      if (row < 0 || IsBehind()) return;
+      if (row < 0 || !Knows(row)) return;
       Act([this, row] { Model().UserChose(row); });
     });
   }
 
  private:
+  // The entry that a person sees there is the model's.
+  bool Knows(int row) const {
+    return row < Model().ListCount() && Widget().item(row)->text() == ToQString(Model().List(row));
+  }
   void Mirror() override {
     while (Widget().count() > Model().ListCount()) delete Widget().takeItem(Widget().count() - 1);
     for (int i = 0; i < Model().ListCount(); ++i) {
@@ -44,7 +48,7 @@ class ComboPeer final : public PeerOf<QComboBox, ComboBox> {
     Widget().setEditable(control.Editable());
     Widget().setInsertPolicy(QComboBox::NoInsert);
     QObject::connect(&Widget(), &QComboBox::activated, Context(), [this](int index) {
-      if (IsBehind()) return;
+      if (!Knows(index)) return;
       Act([this, index] { Model().UserChose(index); });
     });
     if (Widget().lineEdit() == nullptr) return;
@@ -54,6 +58,9 @@ class ComboPeer final : public PeerOf<QComboBox, ComboBox> {
   }
 
  private:
+  bool Knows(int index) const {
+    return index < Model().ListCount() && Widget().itemText(index) == ToQString(Model().List(index));
+  }
   void Mirror() override {
     while (Widget().count() > Model().ListCount()) Widget().removeItem(Widget().count() - 1);
     for (int i = 0; i < Model().ListCount(); ++i) {

@@ -93,7 +93,7 @@ void NativePeer::Update(Change change) {
       widget_->setFocus(Qt::OtherFocusReason);
       break;
     case Change::Refresh:
-      if (IsBehind()) Flush();
+      if (backend_.AtEndOfTurn().Holds(*this)) Flush();
       if (widget_->isVisible()) widget_->repaint();
       break;
     case Change::Look:
@@ -102,10 +102,6 @@ void NativePeer::Update(Change change) {
     default:
       backend_.AtEndOfTurn().Add(*this);
   }
-}
-
-bool NativePeer::IsBehind() const {
-  return backend_.AtEndOfTurn().Holds(*this);
 }
 
 void NativePeer::Flush() {

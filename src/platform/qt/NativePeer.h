@@ -37,8 +37,6 @@ class NativePeer : public Peer, public Pending {
   // Runs a person's act on the control. The peer may be gone afterwards.
   void Act(const std::function<void()>& act);
   bool Mirroring() const { return mirroring_; }
-  // The widget does not yet show what the model holds: indexes into it mean nothing.
-  bool IsBehind() const;
   // What connections of the widget's signals live as long as.
   QObject* Context();
   QtBackend& GetBackend() { return backend_; }

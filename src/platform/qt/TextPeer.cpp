@@ -24,25 +24,32 @@ int ToBytes(const QString& text, int units) {
   return static_cast<int>(text.left(units).toUtf8().size());
 }
 
+// A text as a person left it, then the selection in it, unless a handler of the first has made something else of it.
+void Tell(TextBox& box, const std::string& typed, int selStart, int selLength) {
+  const Watch<TextBox> watch(box);
+  box.UserTyped(typed);
+  if (watch && watch->Text() == typed) watch->UserSelected(selStart, selLength);
+}
+
 class LinePeer final : public PeerOf<QLineEdit, TextBox> {
  public:
   LinePeer(QtBackend& backend, TextBox& control) : PeerOf(backend, control, new QLineEdit) {
-    QObject::connect(&Widget(), &QLineEdit::textEdited, Context(),
-                     [this](const QString& text) { Act([this, typed = ToUtf8(text)] { Model().UserTyped(typed); }); });
+    QObject::connect(&Widget(), &QLineEdit::textEdited, Context(), [this](const QString& text) {
+      Act([this, typed = ToUtf8(text)] { Tell(Model(), typed, From(), To() - From()); });
+    });
     QObject::connect(&Widget(), &QLineEdit::selectionChanged, Context(), [this] { Selected(); });
     QObject::connect(&Widget(), &QLineEdit::cursorPositionChanged, Context(), [this] { Selected(); });
   }
 
  private:
+  int From() const {
+    const bool any = Widget().hasSelectedText();
+    return ToBytes(Widget().text(), any ? Widget().selectionStart() : Widget().cursorPosition());
+  }
+  int To() const { return Widget().hasSelectedText() ? ToBytes(Widget().text(), Widget().selectionEnd()) : From(); }
   // Before the model has the text, places within it mean nothing.
   void Selected() {
-    if (!Mirroring() && ToUtf8(Widget().text()) == Model().Text()) TellSelection();
-  }
-  void TellSelection() {
-    const bool any = Widget().hasSelectedText();
-    const int from = ToBytes(Widget().text(), any ? Widget().selectionStart() : Widget().cursorPosition());
-    const int to = any ? ToBytes(Widget().text(), Widget().selectionEnd()) : from;
-    Model().UserSelected(from, to - from);
+    if (!Mirroring() && ToUtf8(Widget().text()) == Model().Text()) Model().UserSelected(From(), To() - From());
   }
   void Mirror() override {
     const QString text = ToQString(Model().Text());
@@ -62,7 +69,7 @@ class TextPeer final : public PeerOf<QPlainTextEdit, TextBox> {
  public:
   TextPeer(QtBackend& backend, TextBox& control) : PeerOf(backend, control, new QPlainTextEdit) {
     QObject::connect(&Widget(), &QPlainTextEdit::textChanged, Context(),
-                     [this] { Act([this, typed = Typed()] { Model().UserTyped(typed); }); });
+                     [this] { Act([this] { Tell(Model(), Typed(), From(), To() - From()); }); });
     QObject::connect(&Widget(), &QPlainTextEdit::selectionChanged, Context(), [this] { Selected(); });
     QObject::connect(&Widget(), &QPlainTextEdit::cursorPositionChanged, Context(), [this] { Selected(); });
   }
@@ -79,13 +86,10 @@ class TextPeer final : public PeerOf<QPlainTextEdit, TextBox> {
     const auto count = static_cast<std::size_t>(std::clamp(bytes, 0, static_cast<int>(Model().Text().size())));
     return static_cast<int>(ToLines(Model().Text().substr(0, count)).size());
   }
+  int From() const { return ToModel(Widget().textCursor().selectionStart()); }
+  int To() const { return ToModel(Widget().textCursor().selectionEnd()); }
   void Selected() {
-    if (!Mirroring() && Typed() == Model().Text()) TellSelection();
-  }
-  void TellSelection() {
-    const QTextCursor cursor = Widget().textCursor();
-    const int from = ToModel(cursor.selectionStart());
-    Model().UserSelected(from, ToModel(cursor.selectionEnd()) - from);
+    if (!Mirroring() && Typed() == Model().Text()) Model().UserSelected(From(), To() - From());
   }
   void Mirror() override {
     if (Typed() != Model().Text() && Widget().toPlainText() != ToLines(Model().Text())) {

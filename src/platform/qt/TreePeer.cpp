@@ -22,7 +22,7 @@ class TreePeer final : public PeerOf<QTreeWidget, TreeView> {
     QObject::connect(&Widget(), &QTreeWidget::itemCollapsed, Context(),
                      [this](const QTreeWidgetItem* item) { Opened(*item, false); });
     QObject::connect(&Widget(), &QTreeWidget::currentItemChanged, Context(), [this](const QTreeWidgetItem* item) {
-      if (item == nullptr || IsBehind()) return;
+      if (item == nullptr) return;
       Act([this, key = KeyOf(*item)] {
         if (TreeView::Node* node = Model().Find(key)) Model().UserSelected(*node);
       });
@@ -33,7 +33,6 @@ class TreePeer final : public PeerOf<QTreeWidget, TreeView> {
   static std::string KeyOf(const QTreeWidgetItem& item) { return ToUtf8(item.data(0, KeyRole).toString()); }
 
   void Opened(const QTreeWidgetItem& item, bool expanded) {
-    if (IsBehind()) return;
     Act([this, expanded, key = KeyOf(item)] {
       if (TreeView::Node* node = Model().Find(key)) Model().UserExpanded(*node, expanded);
     });

@@ -1,0 +1,307 @@
+// What a form paints is read back from its client area.
+#include <QPaintEvent>
+#include <QPainter>
+#include <QPalette>
+
+#include "platform/controls/ControlArray.h"
+#include "platform/controls/ImageBox.h"
+#include "platform/controls/Label.h"
+#include "platform/controls/PictureBox.h"
+#include "platform/controls/Shape.h"
+#include "platform/qt/QtArtwork.h"
+#include "platform/runtime/Errors.h"
+#include "tests/platform/qt/QtTest.h"
+
+namespace pixorra {
+namespace {
+
+constexpr Colour Red = 0x0000FF;
+constexpr Colour Green = 0x00FF00;
+constexpr Colour Blue = 0xFF0000;
+
+Picture Plain(int width, int height, Colour colour, PixelFormat format = PixelFormat::Bgr24) {
+  Bitmap bitmap(width, height, format);
+  bitmap.Fill(colour);
+  return Picture(std::move(bitmap));
+}
+
+int CountOf(const QImage& image, const QRect& within, const QColor& colour) {
+  int count = 0;
+  for (int y = within.top(); y <= within.bottom(); ++y) {
+    for (int x = within.left(); x <= within.right(); ++x) count += image.pixelColor(x, y) == colour ? 1 : 0;
+  }
+  return count;
+}
+
+// Counts the paint events of a widget, and the pixels that they were about.
+class PaintCounter final : public QObject {
+ public:
+  explicit PaintCounter(QWidget& widget) { widget.installEventFilter(this); }
+  bool eventFilter(QObject*, QEvent* event) override {
+    if (event->type() != QEvent::Paint) return false;
+    ++Count;
+    Last = static_cast<QPaintEvent*>(event)->region().boundingRect();
+    return false;
+  }
+  int Count = 0;
+  QRect Last;
+};
+
+class PaintTest : public QtTest {
+ protected:
+  PaintTest() {
+    form.SetClientSize(200, 150);
+    form.SetBackColor(Blue);
+  }
+  Form form{toolkit, "PaintForm"};
+};
+
+TEST_F(PaintTest, TheGroundHasTheFormsColour) {
+  form.Show();
+  const QImage shot = Shot(form);
+  EXPECT_EQ(shot.size(), QSize(200, 150));
+  EXPECT_EQ(CountOf(shot, shot.rect(), Qt::blue), 200 * 150);
+}
+
+TEST_F(PaintTest, SystemColoursFollowThePalette) {
+  form.SetBackColor(ButtonFace);
+  form.Show();
+  EXPECT_EQ(Shot(form).pixel(5, 5), ClientOf(form).palette().color(QPalette::Window).rgb());
+}
+
+TEST_F(PaintTest, AnImageStandsAtItsOwnSizeWithoutStretch) {
+  ImageBox image(form, "Image");
+  image.Move(10, 20);
+  image.SetPicture(Plain(30, 15, Red));
+  form.Show();
+  const QImage shot = Shot(form);
+  EXPECT_EQ(CountOf(shot, shot.rect(), Qt::red), 30 * 15);
+  EXPECT_EQ(shot.pixelColor(10, 20), Qt::red);
+  EXPECT_EQ(shot.pixelColor(39, 34), Qt::red);
+}
+
+TEST_F(PaintTest, AStretchedImageFillsItsRectangle) {
+  ImageBox image(form, "Image");
+  image.SetStretch(true);
+  image.SetPicture(Plain(3, 5, Red, PixelFormat::Bgra32));
+  image.Move(10, 20, 40, 50);
+  form.Show();
+  EXPECT_EQ(CountOf(Shot(form), QRect(0, 0, 200, 150), Qt::red), 40 * 50);
+}
+
+TEST_F(PaintTest, APressedImageShowsItsPressedPictureOrASunkenEdge) {
+  ImageBox image(form, "Image");
+  image.SetPicture(Plain(20, 20, Red));
+  image.SetBorderStyle(1);
+  form.Show();
+  const QImage sunken = Shot(form);
+  EXPECT_EQ(sunken.pixel(0, 10), ClientOf(form).palette().color(QPalette::Dark).rgb());
+  EXPECT_EQ(sunken.pixelColor(10, 10), Qt::red);
+  image.SetPressedPicture(Plain(20, 20, Green));
+  image.SetBorderStyle(0);
+  EXPECT_EQ(Shot(form).pixelColor(10, 10), Qt::red);
+  image.SetBorderStyle(1);
+  const QImage pressed = Shot(form);
+  EXPECT_EQ(pressed.pixelColor(10, 10), Qt::green);
+  EXPECT_EQ(pressed.pixelColor(0, 10), Qt::green);
+}
+
+TEST_F(PaintTest, TheControlInFrontIsPaintedLast) {
+  ImageBox first(form, "First");
+  ImageBox second(form, "Second");
+  first.SetPicture(Plain(20, 20, Red));
+  second.SetPicture(Plain(20, 20, Green));
+  form.Show();
+  EXPECT_EQ(Shot(form).pixelColor(10, 10), Qt::green);
+  first.BringToFront();
+  EXPECT_EQ(Shot(form).pixelColor(10, 10), Qt::red);
+}
+
+TEST_F(PaintTest, WhatStandsOutOfItsContainerIsCutOff) {
+  PictureBox box(form, "Box");
+  box.Move(50, 50, 20, 20);
+  box.SetBackColor(Green);
+  ImageBox image(box, "Image");
+  image.SetPicture(Plain(40, 40, Red));
+  image.Move(10, 10);
+  form.Show();
+  const QImage shot = Shot(form);
+  EXPECT_EQ(CountOf(shot, shot.rect(), Qt::red), 10 * 10);
+  EXPECT_EQ(CountOf(shot, shot.rect(), Qt::green), 20 * 20 - 10 * 10);
+}
+
+TEST_F(PaintTest, ABoxShowsItsPictureAndThenItsDrawingOverIt) {
+  PictureBox box(form, "Box");
+  box.Move(0, 0, 40, 40);
+  box.SetBackColor(Green);
+  box.SetPicture(Plain(20, 20, Red));
+  form.Show();
+  EXPECT_EQ(Shot(form).pixelColor(10, 10), Qt::red);
+  EXPECT_EQ(Shot(form).pixelColor(30, 30), Qt::green);
+  box.Box(25, 25, 39, 39, Blue, true);
+  const QImage drawn = Shot(form);
+  EXPECT_EQ(drawn.pixelColor(10, 10), Qt::red);
+  EXPECT_EQ(drawn.pixelColor(22, 22), Qt::green);
+  EXPECT_EQ(drawn.pixelColor(30, 30), Qt::blue);
+}
+
+TEST_F(PaintTest, ALabelIsTransparentUnlessOpaque) {
+  Label label(form, "Label");
+  label.Move(0, 0, 100, 20);
+  label.SetBackColor(Green);
+  label.SetForeColor(Red);
+  form.Show();
+  EXPECT_EQ(Shot(form).pixelColor(90, 15), Qt::blue);
+  label.SetOpaque(true);
+  EXPECT_EQ(Shot(form).pixelColor(90, 15), Qt::green);
+}
+
+TEST_F(PaintTest, ALabelsAlignmentMovesItsText) {
+  Label label(form, "Label");
+  label.Move(0, 0, 200, 20);
+  label.SetForeColor(Red);
+  label.SetFont({"", 12, true});
+  label.SetCaption("II");
+  form.Show();
+  const QRect left(0, 0, 40, 20);
+  const QRect middle(80, 0, 40, 20);
+  const QRect right(160, 0, 40, 20);
+  const auto inked = [this](const QRect& within) {
+    return CountOf(Shot(form), within, Qt::blue) < within.width() * within.height();
+  };
+  EXPECT_TRUE(inked(left));
+  EXPECT_FALSE(inked(middle));
+  label.SetAlignment(Alignment::Center);
+  EXPECT_TRUE(inked(middle));
+  EXPECT_FALSE(inked(left));
+  label.SetAlignment(Alignment::Right);
+  EXPECT_TRUE(inked(right));
+  EXPECT_FALSE(inked(middle));
+}
+
+TEST_F(PaintTest, AnAmpersandInALabelStandsAsItIs) {
+  Label plain(form, "Plain");
+  Label with(form, "With");
+  plain.Move(0, 0, 200, 20);
+  with.Move(0, 40, 200, 20);
+  plain.SetCaption("ab");
+  with.SetCaption("a&b");
+  form.Show();
+  const QImage shot = Shot(form);
+  EXPECT_LT(CountOf(shot, QRect(0, 40, 200, 20), Qt::blue), CountOf(shot, QRect(0, 0, 200, 20), Qt::blue));
+}
+
+TEST_F(PaintTest, ACaptionThatShortensKeepsBothItsEnds) {
+  Label label(form, "Label");
+  label.Move(0, 0, 100, 20);
+  label.SetForeColor(Red);
+  label.SetShortensInMiddle(true);
+  label.SetCaption("WWWWWWWWWWWWWWWWWWWWWWWWWWWWW|");
+  form.Show();
+  // The last letter, a thin stroke, comes close to the right edge.
+  const QImage shot = Shot(form);
+  EXPECT_EQ(CountOf(shot, QRect(100, 0, 100, 20), Qt::blue), 100 * 20);
+  EXPECT_LT(CountOf(shot, QRect(80, 0, 20, 20), Qt::blue), 20 * 20);
+}
+
+TEST_F(PaintTest, AShapesBorderLiesOverItsEdge) {
+  Shape shape(form, "Shape");
+  shape.Move(50, 50, 40, 40);
+  shape.SetBorder(Red, 4);
+  shape.SetFill(Green);
+  form.Show();
+  const QImage shot = Shot(form);
+  EXPECT_EQ(shot.pixelColor(47, 70), Qt::blue);
+  EXPECT_EQ(shot.pixelColor(48, 70), Qt::red);
+  EXPECT_EQ(shot.pixelColor(51, 70), Qt::red);
+  EXPECT_EQ(shot.pixelColor(52, 70), Qt::green);
+  EXPECT_EQ(shot.pixelColor(91, 70), Qt::red);
+  EXPECT_EQ(shot.pixelColor(92, 70), Qt::blue);
+}
+
+TEST_F(PaintTest, HiddenControlsAreNotPainted) {
+  ImageBox image(form, "Image");
+  image.SetPicture(Plain(20, 20, Red));
+  form.Show();
+  EXPECT_EQ(Shot(form).pixelColor(10, 10), Qt::red);
+  image.SetVisible(false);
+  EXPECT_EQ(Shot(form).pixelColor(10, 10), Qt::blue);
+}
+
+TEST_F(PaintTest, MovingThirtyThousandLightControlsCostsOneRepaint) {
+  PictureBox strip(form, "Strip");
+  strip.Move(0, 0, 200, 100);
+  ControlArray<ImageBox> cells(strip, "Slot");
+  const Picture picture = Plain(10, 10, Red);
+  for (int i = 1; i <= 30000; ++i) {
+    ImageBox& slot = cells.Load(i);
+    slot.SetPicture(picture);
+    slot.Move(i * 12, 10);
+    slot.SetVisible(true);
+  }
+  form.Show();
+  Settle();
+  PaintCounter counter(ClientOf(form));
+  for (int i = 1; i <= 30000; ++i) cells(i).SetLeft(i * 12 - 240);
+  EXPECT_EQ(counter.Count, 0);
+  Settle();
+  EXPECT_EQ(counter.Count, 1);
+}
+
+TEST_F(PaintTest, OnlyWhatHasChangedIsRepainted) {
+  ImageBox image(form, "Image");
+  image.SetPicture(Plain(20, 20, Red));
+  image.Move(100, 100);
+  form.Show();
+  Settle();
+  PaintCounter counter(ClientOf(form));
+  image.SetBorderStyle(1);
+  Settle();
+  EXPECT_EQ(counter.Count, 1);
+  EXPECT_EQ(counter.Last, QRect(100, 100, 20, 20));
+}
+
+TEST_F(PaintTest, AChangeOutOfSightRepaintsNothing) {
+  ImageBox image(form, "Image");
+  image.SetPicture(Plain(20, 20, Red));
+  image.Move(300, 100);
+  form.Show();
+  Settle();
+  PaintCounter counter(ClientOf(form));
+  image.SetBorderStyle(1);
+  image.SetPicture(Plain(20, 20, Green));
+  Settle();
+  EXPECT_EQ(counter.Count, 0);
+}
+
+TEST_F(PaintTest, ArtIsDrawnAtTheSizeItIsShown) {
+  QtArtwork artwork(backend.Art());
+  ImageBox image(form, "Image");
+  image.SetStretch(true);
+  image.SetPicture(artwork.Drawing("ClosedFolder", 138, 95));
+  image.Move(0, 0, 69, 47);
+  form.Show();
+  const QImage wanted = backend.Art().Render("ClosedFolder", QSize(69, 47));
+  QImage expected(69, 47, QImage::Format_RGB32);
+  expected.fill(Qt::blue);
+  QPainter(&expected).drawImage(0, 0, wanted);
+  EXPECT_EQ(Shot(form).copy(0, 0, 69, 47), expected);
+}
+
+TEST_F(PaintTest, ADrawingHasTheSizeAskedForAndAnUnknownOneRaises) {
+  QtArtwork artwork(backend.Art());
+  const Picture drawing = artwork.Drawing("Logo", 120, 90);
+  EXPECT_EQ(drawing.Width(), 120);
+  EXPECT_EQ(drawing.Height(), 90);
+  EXPECT_EQ(drawing.ArtName(), "Logo");
+  EXPECT_EQ(drawing.Pixels().Format(), PixelFormat::Bgra32);
+  try {
+    artwork.Drawing("NoSuchDrawing", 10, 10);
+    FAIL();
+  } catch (const RuntimeError& e) {
+    EXPECT_EQ(e.Number(), error::FileNotFound);
+  }
+}
+
+}  // namespace
+}  // namespace pixorra

@@ -1,0 +1,100 @@
+#include "tests/platform/qt/QtTest.h"
+
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QTimer>
+
+#include "platform/qt/ClientArea.h"
+#include "platform/qt/FormPeer.h"
+
+namespace pixorra {
+
+namespace {
+
+// One application serves all tests of the program, as the toolkit below wants it.
+class ApplicationEnvironment final : public ::testing::Environment {
+ public:
+  void SetUp() override { application_ = std::make_unique<QApplication>(argc_, argv_); }
+  void TearDown() override { application_.reset(); }
+
+ private:
+  int argc_ = 1;
+  char name_[8] = "qt_test";
+  char* argv_[2] = {name_, nullptr};
+  std::unique_ptr<QApplication> application_;
+};
+
+[[maybe_unused]] const auto* const environment = ::testing::AddGlobalTestEnvironment(new ApplicationEnvironment);
+
+void SendMouse(QWidget& widget, QEvent::Type type, QPoint at, Qt::MouseButton button, Qt::MouseButtons held) {
+  QMouseEvent event(type, QPointF(at), QPointF(widget.mapToGlobal(at)), button, held, Qt::NoModifier);
+  QApplication::sendEvent(&widget, &event);
+}
+
+}  // namespace
+
+QtTest::QtTest() {
+  backend.Attach(toolkit);
+  backend.SetErrorHandler([](int number, const std::string& description) {
+    ADD_FAILURE() << "an error that nobody wanted: " << number << " " << description;
+  });
+}
+
+QtTest::~QtTest() {
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+
+void QtTest::Settle() {
+  for (int i = 0; i < 3; ++i) backend.ProcessEvents();
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+
+QWidget& QtTest::WindowOf(Form& form) {
+  return static_cast<FormPeer*>(form.GetPeer())->Window();
+}
+
+QWidget& QtTest::ClientOf(Form& form) {
+  return static_cast<FormPeer*>(form.GetPeer())->Client();
+}
+
+QImage QtTest::Shot(Form& form) {
+  Settle();
+  return ClientOf(form).grab().toImage().convertToFormat(QImage::Format_RGB32);
+}
+
+void QtTest::Press(QWidget& widget, QPoint at, Qt::MouseButton button) {
+  SendMouse(widget, QEvent::MouseButtonPress, at, button, button);
+}
+
+void QtTest::Move(QWidget& widget, QPoint at, Qt::MouseButtons held) {
+  SendMouse(widget, QEvent::MouseMove, at, Qt::NoButton, held);
+}
+
+void QtTest::Release(QWidget& widget, QPoint at, Qt::MouseButton button) {
+  SendMouse(widget, QEvent::MouseButtonRelease, at, button, Qt::NoButton);
+}
+
+void QtTest::Click(QWidget& widget, QPoint at, Qt::MouseButton button) {
+  Press(widget, at, button);
+  Release(widget, at, button);
+}
+
+void QtTest::Key(QWidget& widget, int key, const QString& text, Qt::KeyboardModifiers modifiers) {
+  QKeyEvent press(QEvent::KeyPress, key, modifiers, text);
+  QApplication::sendEvent(&widget, &press);
+  QKeyEvent release(QEvent::KeyRelease, key, modifiers, text);
+  QApplication::sendEvent(&widget, &release);
+}
+
+void QtTest::Type(QWidget& widget, const QString& text) {
+  for (const QChar character : text) {
+    const int code = character.toUpper().unicode();
+    Key(widget, code < 128 ? code : 0, QString(character));
+  }
+}
+
+void QtTest::Meanwhile(const std::function<void()>& act) {
+  QTimer::singleShot(0, act);
+}
+
+}  // namespace pixorra
