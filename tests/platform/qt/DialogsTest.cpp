@@ -1,0 +1,149 @@
+// The host's own boxes, and the clipboard.
+#include <QColorDialog>
+#include <QInputDialog>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPushButton>
+
+#include "platform/controls/ImageBox.h"
+#include "platform/controls/Timer.h"
+#include "platform/qt/QtClipboard.h"
+#include "platform/qt/QtDialogs.h"
+#include "tests/platform/qt/QtTest.h"
+
+namespace pixorra {
+namespace {
+
+class DialogsTest : public QtTest {
+ protected:
+  template <typename Box>
+  static Box& Up() {
+    auto* box = qobject_cast<Box*>(QApplication::activeModalWidget());
+    if (box == nullptr) throw std::runtime_error("no such box is up");
+    return *box;
+  }
+  QtDialogs dialogs{backend};
+  Form form{toolkit, "BoxForm"};
+};
+
+TEST_F(DialogsTest, ABoxShowsPlainLinesAndItsTitle) {
+  Meanwhile([] {
+    auto& box = Up<QMessageBox>();
+    EXPECT_EQ(box.text(), "<b>One</b> & two\nthree");
+    EXPECT_EQ(box.textFormat(), Qt::PlainText);
+    EXPECT_EQ(box.windowTitle(), "WARNING: Title");
+    EXPECT_EQ(box.icon(), QMessageBox::Warning);
+    EXPECT_EQ(box.standardButtons(), QMessageBox::Ok);
+    box.button(QMessageBox::Ok)->click();
+  });
+  const BoxAnswer answer =
+      dialogs.MsgBox("<b>One</b> & two\r\nthree", BoxIcon::Exclamation, BoxButtons::Ok, "WARNING: Title");
+  EXPECT_EQ(answer, BoxAnswer::Ok);
+}
+
+TEST_F(DialogsTest, AQuestionIsAnsweredByItsButtonsAndNoByAnyOtherWay) {
+  const auto ask = [this] { return dialogs.MsgBox("Really?", BoxIcon::Question, BoxButtons::YesNo, "Title"); };
+  Meanwhile([] {
+    EXPECT_EQ(Up<QMessageBox>().defaultButton(), Up<QMessageBox>().button(QMessageBox::Yes));
+    Up<QMessageBox>().button(QMessageBox::Yes)->click();
+  });
+  EXPECT_EQ(ask(), BoxAnswer::Yes);
+  Meanwhile([] { Up<QMessageBox>().button(QMessageBox::No)->click(); });
+  EXPECT_EQ(ask(), BoxAnswer::No);
+  Meanwhile([] { Up<QMessageBox>().close(); });
+  EXPECT_EQ(ask(), BoxAnswer::No);
+}
+
+TEST_F(DialogsTest, WhileABoxIsUpTimersRunAndNoFormTakesInput) {
+  form.Show();
+  Timer timer(form, "Timer", 10);
+  int ticks = 0;
+  timer.On().Timer = [&](Control&) {
+    EXPECT_FALSE(toolkit.TakesInput(form));
+    if (++ticks == 3) Up<QMessageBox>().accept();
+  };
+  timer.SetEnabled(true);
+  dialogs.MsgBox("Wait", BoxIcon::None, BoxButtons::Ok, "Title");
+  EXPECT_EQ(ticks, 3);
+  EXPECT_TRUE(toolkit.TakesInput(form));
+}
+
+TEST_F(DialogsTest, ABoxStandsAboveTheActiveForm) {
+  form.Show();
+  Meanwhile([this] {
+    EXPECT_EQ(Up<QMessageBox>().parentWidget(), &WindowOf(form));
+    Up<QMessageBox>().accept();
+  });
+  dialogs.MsgBox("Above", BoxIcon::None, BoxButtons::Ok, "Title");
+}
+
+TEST_F(DialogsTest, ABoxOutlivesTheFormThatItStandsAbove) {
+  form.Show();
+  Meanwhile([this] {
+    form.Unload();
+    Meanwhile([] {
+      if (QWidget* box = QApplication::activeModalWidget()) box->close();
+    });
+  });
+  EXPECT_EQ(dialogs.MsgBox("Gone", BoxIcon::None, BoxButtons::YesNo, "Title"), BoxAnswer::No);
+  EXPECT_TRUE(toolkit.TakesInput(form));
+}
+
+TEST_F(DialogsTest, TheEndOfTheProgramClosesABoxAndNoneComesUpAfterIt) {
+  Meanwhile([this] { toolkit.End(); });
+  EXPECT_EQ(dialogs.MsgBox("End", BoxIcon::None, BoxButtons::YesNo, "Title"), BoxAnswer::No);
+  EXPECT_EQ(dialogs.MsgBox("After", BoxIcon::None, BoxButtons::Ok, "Title"), BoxAnswer::Ok);
+  EXPECT_EQ(dialogs.InputBox("After", "Title", "x"), "");
+}
+
+TEST_F(DialogsTest, AnInputBoxGivesWhatIsTypedAndNothingOnCancel) {
+  Meanwhile([] {
+    auto& box = Up<QInputDialog>();
+    EXPECT_EQ(box.windowTitle(), "Title");
+    EXPECT_EQ(box.textValue(), QStringLiteral("h\u00e4"));
+    const auto labels = box.findChildren<QLabel*>();
+    ASSERT_FALSE(labels.isEmpty());
+    EXPECT_EQ(labels.first()->text(), "Name &lt;i&gt;<br>here");
+    box.setTextValue("typed");
+    box.accept();
+  });
+  EXPECT_EQ(dialogs.InputBox("Name <i>\r\nhere", "Title", "h\xC3\xA4"), "typed");
+  Meanwhile([] { Up<QInputDialog>().reject(); });
+  EXPECT_EQ(dialogs.InputBox("Name", "Title", "present"), "");
+}
+
+TEST_F(DialogsTest, AColourIsGivenAsTheProgramWritesIt) {
+  Meanwhile([] {
+    EXPECT_EQ(Up<QColorDialog>().currentColor(), QColor(1, 2, 3));
+    Up<QColorDialog>().setCurrentColor(QColor(0x11, 0x22, 0x33));
+    Up<QColorDialog>().accept();
+  });
+  EXPECT_EQ(dialogs.ChooseColour(0x030201), Colour{0x332211});
+  Meanwhile([] { Up<QColorDialog>().reject(); });
+  EXPECT_EQ(dialogs.ChooseColour(0), std::nullopt);
+}
+
+TEST_F(DialogsTest, TheClipboardTakesAndGivesPixels) {
+  QtClipboard clipboard;
+  clipboard.Clear();
+  EXPECT_FALSE(clipboard.HasBitmap());
+  EXPECT_TRUE(clipboard.GetBitmap().IsNothing());
+  Bitmap bitmap(3, 2, PixelFormat::Bgr24);
+  bitmap.Fill(0x102030);
+  bitmap.Row(1)[3] = 0xFF;
+  clipboard.SetBitmap(Picture(std::move(bitmap)));
+  ASSERT_TRUE(clipboard.HasBitmap());
+  const Picture back = clipboard.GetBitmap();
+  ASSERT_EQ(back.Width(), 3);
+  ASSERT_EQ(back.Height(), 2);
+  EXPECT_EQ(back.Pixels().Format(), PixelFormat::Bgr24);
+  EXPECT_EQ(back.Pixels().Row(0)[0], 0x10);
+  EXPECT_EQ(back.Pixels().Row(0)[2], 0x30);
+  EXPECT_EQ(back.Pixels().Row(1)[3], 0xFF);
+  clipboard.Clear();
+  EXPECT_FALSE(clipboard.HasBitmap());
+}
+
+}  // namespace
+}  // namespace pixorra
