@@ -201,6 +201,9 @@ TEST_P(FilesChanging, SettingAttributesLeavesWhatALinkLeadsToAlone) {
   drive_.MakeLink("C:\\p\\link", "target");
   TheFiles().SetAttributes("C:\\p\\link", attribute::Normal);
   EXPECT_EQ(TheFiles().Attributes("C:\\p\\target"), attribute::ReadOnly);
+  drive_.SetMode("C:\\p\\target", 0644);
+  TheFiles().SetAttributes("C:\\p\\link", attribute::ReadOnly);
+  EXPECT_EQ(TheFiles().Attributes("C:\\p\\target"), attribute::Normal);
 }
 
 TEST_P(FilesChanging, SettingAttributesOfWhatIsMissingRaises) {

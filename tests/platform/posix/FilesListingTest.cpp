@@ -1,4 +1,7 @@
 // Contract of Files: names in folders, attributes, and what is told of a path without opening it.
+#include <algorithm>
+
+#include "platform/runtime/Text.h"
 #include "tests/platform/posix/FilesContract.h"
 
 namespace pixorra {
@@ -187,6 +190,19 @@ TEST_P(FilesListing, AnExactMatchGoesBeforeAnotherCase) {
   EXPECT_EQ(ReadWhole("C:\\p\\a.jpg"), "lower");
   EXPECT_EQ(ReadWhole("C:\\P2\\X"), "upper folder");
   EXPECT_EQ(ReadWhole("C:\\p2\\X"), "lower folder");
+}
+
+TEST_P(FilesListing, OfSeveralOtherCasesTheFirstByNameIsTakenWhateverTheirOrderOnTheDisk) {
+  const std::vector<std::string> names = {"aB.jpg", "Ab.jpg", "AB.jpg", "ab.JPG", "aB.JPG"};
+  const std::string first = *std::min_element(names.begin(), names.end(), NameLess);
+  for (std::size_t turn = 0; turn < 8; ++turn) {
+    const std::string folder = "C:\\" + std::to_string(turn) + "\\";
+    for (std::size_t i = 0; i < names.size(); ++i) {
+      const std::string& name = names[(i + turn) % names.size()];
+      drive_.Write(folder + name, name);
+    }
+    EXPECT_EQ(ReadWhole(folder + "ab.jpg"), first);
+  }
 }
 
 TEST_P(FilesListing, DoubledAndFinalBackslashesCountForNothing) {

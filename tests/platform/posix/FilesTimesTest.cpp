@@ -74,6 +74,13 @@ TEST_P(FilesTimes, TheSameLocalTimeComesBackAllThroughTheYear) {
   }
 }
 
+TEST_P(FilesTimes, AChangeOfTheTimeZoneShowsAtOnce) {
+  const Zone berlin("Europe/Berlin");
+  ASSERT_TRUE(TheFiles().SetTimes("C:\\p\\a.jpg", {2023, 7, 1, 12, 0, 0, 0}));
+  const Zone newYork("America/New_York");
+  EXPECT_EQ(TheFiles().LastWriteTime("C:\\p\\a.jpg"), (CalendarTime{2023, 7, 1, 6, 0, 0, 0}));
+}
+
 TEST_P(FilesTimes, ATimeThatComesTwiceInAutumnShowsTheSame) {
   const Zone zone("Europe/Berlin");
   const CalendarTime time{2023, 10, 29, 2, 30, 0, 0};

@@ -1,12 +1,13 @@
 // What only real permissions, full disks and mounts can show.
-#include <algorithm>
-#include <array>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <sys/stat.h>
+#include <sys/inotify.h>
+#include <unistd.h>
+#include <vector>
 
 #include "platform/posix/PosixFiles.h"
 #include "platform/posix/SmallFiles.h"
+#include "platform/posix/UniqueFd.h"
 #include "platform/runtime/Errors.h"
 #include "tests/platform/posix/OrdinaryUser.h"
 #include "tests/platform/posix/PrivateMounts.h"
@@ -34,6 +35,17 @@ class OnARealDisk : public ::testing::Test {
   TemporaryDrive drive_;
   PosixFiles& files_ = drive_.DriveFiles();
 };
+
+TEST_F(OnARealDisk, WhatIsNoOrdinaryFileIsNotEvenTouched) {
+  drive_.MakeFifo("C:\\p\\fifo");
+  const UniqueFd watch(inotify_init1(IN_NONBLOCK | IN_CLOEXEC));
+  ASSERT_GE(inotify_add_watch(watch.Get(), drive_.HostPath("C:\\p\\fifo").c_str(), IN_OPEN), 0);
+  for (const OpenMode mode : {OpenMode::Read, OpenMode::ReadWrite, OpenMode::Replace})
+    EXPECT_EQ(NumberOfOpen("C:\\p\\fifo", mode), error::PathAccess);
+  EXPECT_EQ(files_.LastWriteTime("C:\\p\\fifo"), std::nullopt);
+  inotify_event opened{};
+  EXPECT_EQ(read(watch.Get(), &opened, sizeof(opened)), -1) << "somebody at the other end would have noticed";
+}
 
 TEST_F(OnARealDisk, AReadOnlyFileOpensForReadingOnlyAndHasNoTime) {
   drive_.Write("C:\\p\\a.jpg", "1");

@@ -12,6 +12,7 @@
 #include "platform/posix/PosixRegistry.h"
 #include "platform/posix/PosixSettings.h"
 #include "platform/runtime/Errors.h"
+#include "tests/platform/posix/OrdinaryUser.h"
 #include "tests/platform/posix/PrivateMounts.h"
 #include "tests/support/TemporaryDrive.h"
 
@@ -167,7 +168,20 @@ TEST_F(OnPosixSettings, AFullDiskRaisesAndKeepsTheOldSettings) {
   EXPECT_EQ(settings_.GetSetting("Pixorra", "ScreenSaver", "Duration", "x"), "7");
 }
 
-TEST_F(OnPosixSettings, WhatCannotBeReadIsNotReplaced) {
+TEST_F(OnPosixSettings, AFileThatCannotBeReadIsNotReplaced) {
+  drive_.Write("C:\\config\\pixorra\\settings", "kept");
+  drive_.SetMode("C:\\config\\pixorra\\settings", 0200);
+  {
+    const OrdinaryUser user(drive_.HostRoot());
+    if (!user.Binds()) GTEST_SKIP() << "permissions bind nobody here";
+    EXPECT_EQ(ErrorsIgnored([&] { settings_.SaveSetting("Pixorra", "ScreenSaver", "Duration", "7"); }),
+              error::PathAccess);
+  }
+  drive_.SetMode("C:\\config\\pixorra\\settings", 0600);
+  EXPECT_EQ(drive_.Read("C:\\config\\pixorra\\settings"), "kept");
+}
+
+TEST_F(OnPosixSettings, AFolderUnderItsNameStays) {
   drive_.MakeFolder("C:\\config\\pixorra\\settings");
   EXPECT_EQ(ErrorsIgnored([&] { settings_.SaveSetting("Pixorra", "ScreenSaver", "Duration", "7"); }),
             error::PathAccess);
