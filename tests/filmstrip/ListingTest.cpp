@@ -1,0 +1,187 @@
+// The strip's folder and its slots: captions, and how a slot comes up.
+#include <gtest/gtest.h>
+
+#include "core/Palette.h"
+#include "filmstrip/Listing.h"
+#include "filmstrip/Views.h"
+#include "tests/filmstrip/StripTest.h"
+
+namespace pixorra {
+namespace {
+
+using ListingTest = StripTest;
+
+// --- the folder's captions -------------------------------------------------------------------------------------------
+
+TEST_F(ListingTest, AFolderIsCalledByItsNameAndItsPathIsTheToolTip) {
+  WriteEmpty(3);
+  const FilmStripState& strip = StartedOnStrip().main.strip;
+  EXPECT_EQ(strip.SrcFolderPath.Caption(), "Strip");
+  EXPECT_EQ(strip.SrcFolderPath.ToolTipText(), "C:\\Strip");
+  EXPECT_EQ(strip.SrcPicsTotal.Caption(), "3 Total");
+  EXPECT_EQ(strip.SrcPicsCount.Caption(), "");
+}
+
+TEST_F(ListingTest, AFolderWithoutMatchingFilesCountsNone) {
+  drive.Write(PathOf("a.txt"), "");
+  ProgramRun& run = StartedOnStrip();
+  run.Wait(1);
+  EXPECT_EQ(run.main.strip.SrcPicsTotal.Caption(), "0 Total");
+  EXPECT_EQ(run.main.strip.SrcPicsCount.Caption(), "");
+  EXPECT_EQ(run.main.strip.SrcSlotCount, 0);
+}
+
+TEST_F(ListingTest, TheCamerasFolderIsCalledCameraPhotosEvenWhenItIsADrivesRoot) {
+  drive.Write("C:\\a.bmp", "");
+  ProgramRun& run = Started();
+  run.main.strip.CameraLocation = "C:\\";
+  SrcFileList_PathChange(run.main);
+  EXPECT_EQ(run.main.strip.SrcFolderPath.Caption(), "Camera Photos");
+  EXPECT_EQ(run.main.strip.SrcFolderPath.ToolTipText(), "C:\\");
+  run.main.strip.CameraLocation = "C:\\Other";
+  SrcFileList_PathChange(run.main);
+  EXPECT_EQ(run.main.strip.SrcFolderPath.Caption(), "C:\\");
+}
+
+TEST_F(ListingTest, ANewFolderShowsItsCaptionsAtOnceAndTheOldSlotsStay) {
+  WriteEmpty(2);
+  drive.Write("C:\\Next\\x.bmp", "");
+  ProgramRun& run = LoadedStrip();
+  run.main.strip.SrcFileList.SetPath("C:\\Next");
+  EXPECT_EQ(run.main.strip.SrcFolderPath.Caption(), "Next");
+  EXPECT_EQ(run.main.strip.SrcPicsTotal.Caption(), "1 Total");
+  EXPECT_EQ(run.main.strip.SrcPicsCount.Caption(), "");
+  EXPECT_EQ(run.main.strip.SrcSlotCount, 2);
+}
+
+TEST_F(ListingTest, TheFolderThatIsShownAlreadyRaisesNoEventAndReloadsNothing) {
+  WriteEmpty(2);
+  ProgramRun& run = LoadedStrip();
+  run.main.strip.SrcFolderPath.SetCaption("as it was");
+  run.main.strip.SrcFileList.SetPath("C:\\Strip");
+  run.main.strip.SrcFileList.SetPath("c:\\sTRIP\\");
+  run.Wait(1);
+  EXPECT_EQ(run.main.strip.SrcFolderPath.Caption(), "as it was");
+  EXPECT_EQ(run.main.strip.SrcSlotCount, 2);
+  EXPECT_EQ(run.main.strip.SrcPicsCount.Caption(), "2 pics");
+}
+
+TEST_F(ListingTest, PatternsAndNamesIgnoreCaseAndTheListIsSortedByName) {
+  for (const char* name : {"b.JPG", "A.bmp", "c.JpEg", "D.GIF", "e.png"}) drive.Write(PathOf(name), "");
+  EXPECT_EQ(SlotNames(LoadedStrip()), (std::vector<std::string>{"A.bmp", "b.JPG", "c.JpEg", "D.GIF"}));
+}
+
+// --- slots -----------------------------------------------------------------------------------------------------------
+
+TEST_F(ListingTest, ASlotIsATripleAtItsPlace) {
+  WriteEmpty(3);
+  ProgramRun& run = LoadedStrip();
+  const FilmStripState& strip = run.main.strip;
+  for (int i = 1; i <= 3; ++i) {
+    EXPECT_EQ(strip.SrcBackground(i).Bounds(), (Rect{97 * i, 0, 97, 105})) << i;
+    EXPECT_EQ(strip.SrcThumbnail(i).Bounds(), (Rect{97 * i + 10, 17, 80, 60})) << i;
+    EXPECT_EQ(strip.SrcThumbName(i).Left(), 97 * i + 10) << i;
+    EXPECT_EQ(strip.SrcThumbName(i).Top(), 78) << i;
+    EXPECT_TRUE(strip.SrcBackground(i).Visible());
+    EXPECT_TRUE(strip.SrcThumbnail(i).Visible());
+    EXPECT_TRUE(strip.SrcThumbName(i).Visible());
+    EXPECT_LT(strip.SrcBackground(i).ZOrder(), strip.SrcThumbnail(i).ZOrder()) << "the film lies below the photo";
+    EXPECT_LT(strip.SrcThumbnail(i).ZOrder(), strip.SrcThumbName(i).ZOrder());
+  }
+  EXPECT_EQ(OnScreen(run, 1), 0) << "the first photo stands at the window's left edge";
+}
+
+TEST_F(ListingTest, ASlotTellsItsPhoto) {
+  drive.Write(PathOf("IMG.001.jpg"), "");
+  ProgramRun& run = LoadedStrip();
+  const FilmStripState& strip = run.main.strip;
+  EXPECT_EQ(strip.SrcThumbnail(1).Tag(), "C:\\Strip\\IMG.001.jpg");
+  EXPECT_EQ(strip.SrcThumbnail(1).ToolTipText(), "Drag Photo into a folder");
+  EXPECT_EQ(strip.SrcThumbName(1).Caption(), "IMG");
+  EXPECT_EQ(strip.SrcThumbName(1).ToolTipText(), "IMG.001.jpg");
+  EXPECT_EQ(strip.SrcThumbName(1).Tag(), "");
+  EXPECT_EQ(strip.SrcThumbName(1).ForeColor(), palette::FilmText);
+}
+
+TEST_F(ListingTest, CanvasAndBarGrowWithTheSlots) {
+  WriteEmpty(12);
+  ProgramRun& run = StartedOnStrip();
+  FilmStripState& strip = run.main.strip;
+  // (count before - 488 pixels of window + 120) / 2, halves to the even neighbour, 50 at least.
+  const std::vector<int> maxima = {50, 50, 50, 50, 50, 58, 107, 156, 204, 252, 301, 350};
+  for (int i = 1; i <= 12; ++i) {
+    run.Wait(i == 1 ? ThumbsTick : 2 * ThumbsTick);
+    ASSERT_EQ(strip.SrcSlotCount, i);
+    EXPECT_EQ(strip.SrcShownCount, i);
+    EXPECT_EQ(strip.SrcScrollbar.Max(), maxima[static_cast<std::size_t>(i) - 1]) << i;
+    EXPECT_EQ(strip.SrcCanvas.Width(), 97 * i + 97 + 74) << i;
+    EXPECT_EQ(strip.SrcPicsCount.Caption(), std::to_string(i) + " pics");
+  }
+}
+
+TEST_F(ListingTest, APhotoThatCannotBeReadStillGetsASlotWithTheInvalidPicture) {
+  drive.Write(PathOf("a.jpg"), "no picture at all");
+  WritePhoto("b.bmp");
+  ProgramRun& run = LoadedStrip();
+  EXPECT_EQ(run.main.strip.SrcThumbnail(1).GetPicture(), run.main.pictures.InvalidPicture);
+  EXPECT_NE(run.main.strip.SrcThumbnail(2).GetPicture(), run.main.pictures.InvalidPicture);
+  EXPECT_EQ(run.main.strip.SrcThumbName(1).Caption(), "a");
+}
+
+TEST_F(ListingTest, AStripAfterALongerOneBeginsAtItsStart) {
+  WriteEmpty(60);
+  drive.Write("C:\\Next\\x.bmp", "");
+  ProgramRun& run = LoadedStrip();
+  run.person.MoveBar(run.main.strip.SrcScrollbar, 2500);
+  ASSERT_EQ(run.main.strip.SrcPageBase, 50);
+  run.main.strip.SrcFileList.SetPath("C:\\Next");
+  run.LoadAll();
+  run.Wait(1);
+  EXPECT_EQ(run.main.strip.SrcScrollbar.Value(), 0);
+  EXPECT_EQ(run.main.strip.SrcPageBase, 0);
+  EXPECT_EQ(OnScreen(run, 1), 0);
+}
+
+TEST_F(ListingTest, ABarThatMovesWhileASlotComesUpLeavesTheSlotShown) {
+  WriteEmpty(12);
+  ProgramRun& run = LoadedStrip();
+  // A wider window shortens the bar's range below its value.
+  run.person.MoveBar(run.main.strip.SrcScrollbar, 350);
+  run.main.strip.SrcThumbsWindow.SetWidth(900);
+  drive.Write(PathOf("later.bmp"), "");
+  run.main.strip.SrcFileList.Refresh();
+  run.LoadAll();
+  EXPECT_LT(run.main.strip.SrcScrollbar.Value(), 350);
+  EXPECT_EQ(run.main.strip.SrcShownCount, 13);
+  EXPECT_TRUE(run.main.strip.SrcThumbnail(13).Visible());
+  EXPECT_EQ(run.main.strip.SrcBackground(13).Left(), 13 * 97);
+}
+
+TEST_F(ListingTest, ADeadSlotKeepsItsNumberAndItsPhotoIsLookedForAgain) {
+  WriteEmpty(3);
+  ProgramRun& run = LoadedStrip();
+  SetSrcSlotPath(run.main.strip, 2, "");
+  drive.Write(PathOf("later.bmp"), "");
+  run.main.strip.SrcFileList.Refresh();
+  run.LoadAll();
+  EXPECT_EQ(run.main.strip.SrcSlotCount, 4);
+  EXPECT_EQ(run.main.strip.SrcThumbnail(2).Tag(), "");
+  EXPECT_EQ(run.main.strip.SrcThumbnail(4).Tag(), PathOf(NumberedName(2)));
+}
+
+TEST_F(ListingTest, MaxStaysWhereItPassesSixteenBitsAndSlotsComeUpAllTheSame) {
+  // (n * 97 - 488 + 120) / 2 is 32,747.5 for the 679 slots before the 680th, and for one more 32,796, past 16 bits.
+  WriteEmpty(690);
+  ProgramRun& run = StartedOnStrip();
+  run.main.Window.Hide();
+  run.LoadAll();
+  EXPECT_EQ(run.main.strip.SrcSlotCount, 690);
+  EXPECT_EQ(run.main.strip.SrcScrollbar.Max(), 32748);
+  EXPECT_TRUE(run.main.strip.SrcThumbnail(690).Visible());
+  EXPECT_EQ(run.main.strip.SrcPicsCount.Caption(), "690 pics");
+  ArrangeAll(run.main);
+  EXPECT_EQ(run.main.strip.SrcScrollbar.Max(), 32748);
+}
+
+}  // namespace
+}  // namespace pixorra
