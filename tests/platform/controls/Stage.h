@@ -39,4 +39,10 @@ class ModelTest : public HeadlessTest {
   Form form{toolkit, "MainForm"};
 };
 
+// The same with the form on show.
+class ShownModelTest : public ModelTest {
+ protected:
+  ShownModelTest() { form.Show(); }
+};
+
 }  // namespace pixorra
