@@ -32,9 +32,16 @@ class ButtonPeer final : public PeerOf<QPushButton, CommandButton> {
   }
 };
 
+// A click on any part of the control is one on its mark, as far as its caption may be from there.
+template <typename ButtonType>
+class WholeButton final : public ButtonType {
+ protected:
+  bool hitButton(const QPoint& at) const override { return this->rect().contains(at); }
+};
+
 class CheckPeer final : public PeerOf<QCheckBox, CheckBox> {
  public:
-  CheckPeer(QtBackend& backend, CheckBox& control) : PeerOf(backend, control, new QCheckBox) {
+  CheckPeer(QtBackend& backend, CheckBox& control) : PeerOf(backend, control, new WholeButton<QCheckBox>) {
     QObject::connect(&Widget(), &QCheckBox::clicked, Context(), [this] { Act([this] { Model().UserClicked(); }); });
   }
 
@@ -47,7 +54,7 @@ class CheckPeer final : public PeerOf<QCheckBox, CheckBox> {
 
 class OptionPeer final : public PeerOf<QRadioButton, OptionButton> {
  public:
-  OptionPeer(QtBackend& backend, OptionButton& control) : PeerOf(backend, control, new QRadioButton) {
+  OptionPeer(QtBackend& backend, OptionButton& control) : PeerOf(backend, control, new WholeButton<QRadioButton>) {
     // The model settles which one of a group is set.
     Widget().setAutoExclusive(false);
     QObject::connect(&Widget(), &QRadioButton::clicked, Context(), [this] { Act([this] { Model().UserClicked(); }); });

@@ -55,6 +55,8 @@ NativePeer::NativePeer(QtBackend& backend, Control& control, QWidget* widget)
     : backend_(backend), control_(control), widget_(widget), hook_(new Hook(*this)), z_(control.ZOrder()) {
   if (FormPeer* form = FormPeerOf(control)) widget->setParent(&form->Client());
   widget->setObjectName(ToQString(control.Name()));
+  // What a widget has no use for is not meant for the controls that lie behind it.
+  widget->setAttribute(Qt::WA_NoMousePropagation);
   widget->installEventFilter(hook_);
   ApplyPlace();
   ApplyLook();

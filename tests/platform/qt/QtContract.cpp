@@ -1,0 +1,162 @@
+// The back end with windows held to the contract.
+#include <QAbstractButton>
+#include <QAbstractSlider>
+#include <QComboBox>
+#include <QInputDialog>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QMessageBox>
+#include <QProgressBar>
+#include <gtest/gtest.h>
+
+#include "platform/controls/Form.h"
+#include "platform/controls/Toolkit.h"
+#include "platform/qt/QtArtwork.h"
+#include "platform/qt/QtBackend.h"
+#include "platform/qt/QtClipboard.h"
+#include "platform/qt/QtDialogs.h"
+#include "platform/qt/QtPrinting.h"
+#include "tests/platform/contract/ContractPlatform.h"
+#include "tests/support/qt/Hands.h"
+
+namespace pixorra {
+namespace {
+
+void LookAt(QWidget& widget, Seen& seen) {
+  if (auto* pushed = qobject_cast<QAbstractButton*>(&widget)) {
+    seen.Text = pushed->text().toStdString();
+    seen.Value = pushed->isChecked() ? 1 : 0;
+  } else if (auto* bar = qobject_cast<QAbstractSlider*>(&widget)) {
+    seen.Value = bar->value();
+  } else if (auto* progress = qobject_cast<QProgressBar*>(&widget)) {
+    seen.Value = progress->value();
+  } else if (auto* line = qobject_cast<QLineEdit*>(&widget)) {
+    seen.Text = line->text().toStdString();
+  } else if (auto* combo = qobject_cast<QComboBox*>(&widget)) {
+    seen.Text = combo->currentText().toStdString();
+    seen.Value = combo->currentIndex();
+    seen.Count = combo->count();
+  } else if (auto* list = qobject_cast<QListWidget*>(&widget)) {
+    seen.Value = list->currentRow();
+    seen.Count = list->count();
+  }
+}
+
+class QtContract final : public ContractPlatform {
+ public:
+  QtContract() {
+    backend_.Attach(toolkit_);
+    backend_.SetErrorHandler([](int number, const std::string& description) {
+      ADD_FAILURE() << "an error that nobody wanted: " << number << " " << description;
+    });
+  }
+  ~QtContract() override { QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); }
+
+  Toolkit& GetToolkit() override { return toolkit_; }
+  Dialogs& GetDialogs() override { return dialogs_; }
+  Clipboard& GetClipboard() override { return clipboard_; }
+  TextDrawing& GetText() override { return backend_.Text(); }
+  Artwork& GetArtwork() override { return artwork_; }
+  Printing& GetPrinting() override { return printing_; }
+
+  void Settle() override {
+    for (int i = 0; i < 3; ++i) backend_.ProcessEvents();
+  }
+  Seen Look(Control& control) override {
+    Seen seen;
+    if (control.GetKind() == Kind::Form) {
+      auto& form = static_cast<Form&>(control);
+      const QWidget* window = Hands::WindowOf(form);
+      if (window == nullptr) return seen;
+      seen.Visible = window->isVisible();
+      seen.Enabled = window->isEnabled();
+      seen.Text = window->windowTitle().toStdString();
+      seen.At = {0, 0, Hands::ClientOf(form)->width(), Hands::ClientOf(form)->height()};
+      return seen;
+    }
+    QWidget* widget = Hands::WidgetOf(control);
+    if (widget == nullptr) return seen;
+    seen.Visible = widget->isVisible();
+    seen.Enabled = widget->isEnabled();
+    seen.At = {widget->x(), widget->y(), widget->width(), widget->height()};
+    LookAt(*widget, seen);
+    return seen;
+  }
+
+  void Press(Form& form, int x, int y, int button, int shift) override { hands_.Press(form, {x, y}, button, shift); }
+  void Move(Form& form, int x, int y) override { hands_.Move(form, {x, y}); }
+  void Release(Form& form, int x, int y, int button, int shift) override {
+    hands_.Release(form, {x, y}, button, shift);
+  }
+  void DoubleClick(Form& form, int x, int y) override { hands_.DoubleClick(form, {x, y}); }
+  void Click(Control& control) override {
+    Form& form = control.GetForm();
+    const QPoint at = Hands::MiddleOf(control);
+    hands_.Press(form, at);
+    hands_.Release(form, at);
+    Settle();
+  }
+  void MoveBar(ScrollBar& bar, int value) override { Hands::MoveBar(bar, value); }
+  void DragBar(ScrollBar& bar, int value) override { Hands::DragBar(bar, value); }
+  void Choose(ItemList& list, int index) override {
+    hands_.Choose(list, index);
+    Settle();
+  }
+  void Type(const std::string& text) override {
+    Hands::Type(text);
+    Settle();
+  }
+  void Key(int keyCode, int shift) override {
+    Hands::Key(keyCode, shift);
+    Settle();
+  }
+  void ChooseMenu(MenuItem& item) override { hands_.ChooseMenu(item); }
+  void CloseWindow(Form& form) override { Hands::WindowOf(form)->close(); }
+  void ResizeWindow(Form& form, int clientWidth, int clientHeight) override {
+    QWidget* window = Hands::WindowOf(form);
+    window->resize(clientWidth, clientHeight + window->height() - Hands::ClientOf(form)->height());
+  }
+
+  void Meanwhile(std::function<bool()> when, std::function<void()> act) override {
+    Hands::Meanwhile(std::move(when), std::move(act));
+  }
+  void AnswerBox(BoxAnswer answer, std::function<bool()> when) override {
+    const auto up = [] { return qobject_cast<QMessageBox*>(QApplication::activeModalWidget()); };
+    Hands::Meanwhile([up, when = std::move(when)] { return up() != nullptr && (!when || when()); },
+                     [up, answer] {
+                       QMessageBox::StandardButton button = QMessageBox::Ok;
+                       if (answer == BoxAnswer::Yes) button = QMessageBox::Yes;
+                       if (answer == BoxAnswer::No) button = QMessageBox::No;
+                       up()->button(button)->click();
+                     });
+  }
+  void AnswerInput(const std::string& typed) override {
+    const auto up = [] { return qobject_cast<QInputDialog*>(QApplication::activeModalWidget()); };
+    Hands::Meanwhile([up] { return up() != nullptr; },
+                     [up, typed] {
+                       up()->setTextValue(QString::fromStdString(typed));
+                       up()->done(typed.empty() ? QDialog::Rejected : QDialog::Accepted);
+                     });
+  }
+  void AnswerPopup(MenuItem* item) override {
+    Hands::Meanwhile([] { return QApplication::activePopupWidget() != nullptr; },
+                     [this, item] { hands_.ChooseFromPopup(item); });
+  }
+
+ private:
+  QtBackend backend_;
+  Toolkit toolkit_{backend_};
+  QtDialogs dialogs_{backend_};
+  QtClipboard clipboard_;
+  QtArtwork artwork_{backend_.Art()};
+  QtPrinting printing_{backend_};
+  Hands hands_;
+};
+
+}  // namespace
+
+std::unique_ptr<ContractPlatform> MakeContractPlatform() {
+  return std::make_unique<QtContract>();
+}
+
+}  // namespace pixorra
