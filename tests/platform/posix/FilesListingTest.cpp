@@ -1,5 +1,6 @@
 // Contract of Files: names in folders, attributes, and what is told of a path without opening it.
 #include <algorithm>
+#include <filesystem>
 
 #include "platform/runtime/Text.h"
 #include "tests/platform/posix/FilesContract.h"
@@ -166,6 +167,21 @@ TEST_P(FilesListing, LinksThatGoRoundLeadNowhere) {
   EXPECT_EQ(TheFiles().Attributes("C:\\p\\one\\file"), std::nullopt);
   EXPECT_EQ(NumberOfOpen("C:\\p\\one", OpenMode::Read), error::PathAccess);
   EXPECT_EQ(NumberOfOpen("C:\\p\\one\\file", OpenMode::ReadWrite), error::PathAccess);
+}
+
+TEST_P(FilesListing, OneFileIsToldFromAnEqualOne) {
+  drive_.Write("C:\\p\\a.jpg", "1");
+  drive_.Write("C:\\p\\b.jpg", "1");
+  drive_.MakeLink("C:\\p\\link", "a.jpg");
+  drive_.MakeLink("C:\\p\\nowhere", "missing");
+  std::filesystem::create_hard_link(drive_.HostPath("C:\\p\\a.jpg"), drive_.HostPath("C:\\p\\hard"));
+  EXPECT_TRUE(TheFiles().IsSameFile("C:\\p\\a.jpg", "c:\\P\\A.JPG"));
+  EXPECT_TRUE(TheFiles().IsSameFile("C:\\p\\a.jpg", "C:\\p\\link"));
+  EXPECT_TRUE(TheFiles().IsSameFile("C:\\p\\hard", "C:\\p\\a.jpg"));
+  EXPECT_FALSE(TheFiles().IsSameFile("C:\\p\\a.jpg", "C:\\p\\b.jpg"));
+  EXPECT_FALSE(TheFiles().IsSameFile("C:\\p\\nowhere", "C:\\p\\nowhere"));
+  EXPECT_FALSE(TheFiles().IsSameFile("C:\\p\\missing", "C:\\p\\missing"));
+  EXPECT_FALSE(TheFiles().IsSameFile("", ""));
 }
 
 TEST_P(FilesListing, LookUpsIgnoreCaseComponentByComponent) {
