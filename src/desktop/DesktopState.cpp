@@ -51,6 +51,7 @@ void DesktopState::DefineDesktop(Host& host) {
   DestFolder(0).SetMouseIcon(Drawing(host, "HandPointer", 32, 32));
   DestPicsCount(0).SetForeColor(palette::CountText);
   DestPicsCount(0).SetAutoSize(true);
+  DestFolderName(0).SetAlignment(Alignment::Center);
   DestFolderName(0).SetAutoSize(true);
   DestFolderName(0).SetOpaque(true);
   DestFolderName(0).SetBackColor(palette::ClosedLabelBack);

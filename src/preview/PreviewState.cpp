@@ -13,6 +13,7 @@ PreviewState::PreviewState(Form& window, Host& host)
   PicPreview.SetStretch(true);
   Place(PicPreview, 120, 0, 3735, 2775);
   Place(PicPreviewSize, 1440, 2520, 1125, 195);
+  PicPreviewSize.SetAlignment(Alignment::Center);
   PicPreviewSize.SetAutoSize(true);
   PicPreviewSize.SetOpaque(true);
   PicPreviewSize.SetForeColor(0);

@@ -90,7 +90,11 @@ void Label::FitToCaption() {
     height += extent.Height;
     start = end + 1;
   }
-  Move(Left(), Top(), std::ceil(width), std::ceil(height));
+  width = std::ceil(width);
+  double left = Left();
+  if (alignment_ == Alignment::Center) left += (Width() - width) / 2;
+  if (alignment_ == Alignment::Right) left += Width() - width;
+  Move(left, Top(), width, std::ceil(height));
 }
 
 }  // namespace pixorra

@@ -30,7 +30,7 @@ class Label : public Control {
   void SetAlignment(Alignment alignment);
   const Font& GetFont() const;
   void SetFont(const Font& font);
-  // The control is as large as its caption; a change of caption keeps its left edge.
+  // The control is as large as its caption; a change of caption keeps the edge, or the middle, that the text is set to.
   bool AutoSize() const { return autoSize_; }
   void SetAutoSize(bool autoSize);
   bool WordWrap() const { return wordWrap_; }
