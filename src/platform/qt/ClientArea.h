@@ -12,6 +12,8 @@ class ClientArea final : public QWidget {
  public:
   ClientArea(FormPeer& peer, QWidget* window);
   void Detach() { peer_ = nullptr; }
+  // Null once the form has gone.
+  FormPeer* GetPeer() const { return peer_; }
 
  protected:
   bool event(QEvent* event) override;

@@ -1,5 +1,6 @@
 #include "platform/qt/QtBackend.h"
 
+#include <QAbstractEventDispatcher>
 #include <QApplication>
 #include <QCursor>
 #include <QDialog>
@@ -50,6 +51,23 @@ QtBackend::QtBackend() : menuBarHeight_(MeasureMenuBar()) {
   wake_.setSingleShot(true);
   wake_.setTimerType(Qt::PreciseTimer);
   QObject::connect(&wake_, &QTimer::timeout, &wake_, [this] { RunTimers(); });
+  QObject::connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock, &wake_,
+                   [this] { FollowActiveForm(); });
+}
+
+// A form that code has brought to the front, or that is left in front when another goes, is active on the screen too.
+// An application that its user has left for another one does not push itself forward.
+void QtBackend::FollowActiveForm() {
+  Form* active = toolkit_ != nullptr ? toolkit_->ActiveForm() : nullptr;
+  if (active == front_.Get()) return;
+  front_ = active != nullptr ? Watch<Form>(*active) : Watch<Form>();
+  if (active == nullptr || PeerOf(*active) == nullptr || QApplication::activePopupWidget() != nullptr) return;
+  FormWindow& window = PeerOf(*active)->Window();
+  const QWidget* modal = QApplication::activeModalWidget();
+  if (!window.isVisible() || window.isActiveWindow() || (modal != nullptr && modal != &window)) return;
+  if (QGuiApplication::applicationState() != Qt::ApplicationActive) return;
+  window.raise();
+  window.activateWindow();
 }
 
 void QtBackend::Run() {

@@ -8,6 +8,7 @@
 #include <string>
 
 #include "platform/controls/Backend.h"
+#include "platform/controls/Control.h"
 #include "platform/qt/ArtStore.h"
 #include "platform/qt/Pending.h"
 #include "platform/qt/QtText.h"
@@ -55,8 +56,10 @@ class QtBackend final : public Backend {
 
  private:
   void RunTimers();
+  void FollowActiveForm();
 
   Toolkit* toolkit_ = nullptr;
+  Watch<Form> front_;  // the active form that the windows were last arranged for
   ArtStore art_;
   QtText text_;
   PendingList pending_;

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QIcon>
 
+#include "platform/qt/Accessibility.h"
 #include "platform/qt/QtArtwork.h"
 #include "platform/qt/QtBackend.h"
 #include "platform/qt/QtClipboard.h"
@@ -33,6 +34,7 @@ QtPlatform::QtPlatform(int& argc, char** argv)
   // The name of the desktop entry, by which a desktop tells whose windows these are.
   QGuiApplication::setDesktopFileName(QStringLiteral("pixorra"));
   QGuiApplication::setWindowIcon(QIcon(QStringLiteral(":/icons/pixorra.svg")));
+  InstallAccessibility();
   parts_->backend.Attach(parts_->toolkit);
   parts_->backend.SetErrorHandler([this](int number, const std::string& description) {
     const std::string text = "Error " + std::to_string(number) + ": " + description;

@@ -24,18 +24,11 @@ int ToBytes(const QString& text, int units) {
   return static_cast<int>(text.left(units).toUtf8().size());
 }
 
-// A text as a person left it, then the selection in it, unless a handler of the first has made something else of it.
-void Tell(TextBox& box, const std::string& typed, int selStart, int selLength) {
-  const Watch<TextBox> watch(box);
-  box.UserTyped(typed);
-  if (watch && watch->Text() == typed) watch->UserSelected(selStart, selLength);
-}
-
 class LinePeer final : public PeerOf<QLineEdit, TextBox> {
  public:
   LinePeer(QtBackend& backend, TextBox& control) : PeerOf(backend, control, new QLineEdit) {
     QObject::connect(&Widget(), &QLineEdit::textEdited, Context(), [this](const QString& text) {
-      Act([this, typed = ToUtf8(text)] { Tell(Model(), typed, From(), To() - From()); });
+      Act([this, typed = ToUtf8(text)] { Model().UserTyped(typed, From()); });
     });
     QObject::connect(&Widget(), &QLineEdit::selectionChanged, Context(), [this] { Selected(); });
     QObject::connect(&Widget(), &QLineEdit::cursorPositionChanged, Context(), [this] { Selected(); });
@@ -69,7 +62,7 @@ class TextPeer final : public PeerOf<QPlainTextEdit, TextBox> {
  public:
   TextPeer(QtBackend& backend, TextBox& control) : PeerOf(backend, control, new QPlainTextEdit) {
     QObject::connect(&Widget(), &QPlainTextEdit::textChanged, Context(),
-                     [this] { Act([this] { Tell(Model(), Typed(), From(), To() - From()); }); });
+                     [this] { Act([this] { Model().UserTyped(Typed(), From()); }); });
     QObject::connect(&Widget(), &QPlainTextEdit::selectionChanged, Context(), [this] { Selected(); });
     QObject::connect(&Widget(), &QPlainTextEdit::cursorPositionChanged, Context(), [this] { Selected(); });
   }

@@ -193,6 +193,23 @@ TEST_F(WindowTest, StayingOnTopChangesInPlace) {
   EXPECT_EQ(counter.Hidden, 0);
 }
 
+TEST_F(WindowTest, AFormThatCodeBringsToTheFrontIsActiveOnTheScreen) {
+  Form other(toolkit, "OtherForm");
+  form.Show();
+  other.Show();
+  toolkit.WaitFor(0.05);
+  EXPECT_TRUE(WindowOf(other).isActiveWindow());
+  form.Show();
+  toolkit.WaitFor(0.05);
+  EXPECT_TRUE(WindowOf(form).isActiveWindow());
+  other.SetFocus();
+  toolkit.WaitFor(0.05);
+  EXPECT_TRUE(WindowOf(other).isActiveWindow());
+  other.Hide();
+  toolkit.WaitFor(0.05);
+  EXPECT_TRUE(WindowOf(form).isActiveWindow());
+}
+
 TEST_F(WindowTest, NestedModalFormsEndInTheirOrder) {
   Form outer(toolkit, "OuterForm");
   Form inner(toolkit, "InnerForm");

@@ -1,0 +1,95 @@
+#include "platform/qt/Accessibility.h"
+
+#include <QAccessibleWidget>
+#include <map>
+#include <vector>
+
+#include "platform/controls/Form.h"
+#include "platform/controls/Painting.h"
+#include "platform/controls/Toolkit.h"
+#include "platform/qt/ClientArea.h"
+#include "platform/qt/FormPeer.h"
+#include "platform/qt/LightAccessible.h"
+#include "platform/qt/QtBackend.h"
+
+namespace pixorra {
+
+namespace {
+
+// Widgets come first, then the light controls in the order in which they are painted.
+class ClientAccessible final : public QAccessibleWidget {
+ public:
+  explicit ClientAccessible(ClientArea& client) : QAccessibleWidget(&client, QAccessible::Client), client_(client) {}
+  ~ClientAccessible() override {
+    for (const auto& [control, id] : children_) QAccessible::deleteAccessibleInterface(id);
+  }
+
+  int childCount() const override { return Widgets() + static_cast<int>(Spoken().size()); }
+  QAccessibleInterface* child(int index) const override {
+    if (index < Widgets()) return QAccessibleWidget::child(index);
+    const std::vector<Control*> spoken = Spoken();
+    const auto at = static_cast<std::size_t>(index - Widgets());
+    return at < spoken.size() ? InterfaceOf(*spoken[at]) : nullptr;
+  }
+  int indexOfChild(const QAccessibleInterface* child) const override {
+    const auto* light = dynamic_cast<const LightAccessible*>(child);
+    if (light == nullptr) return QAccessibleWidget::indexOfChild(child);
+    const std::vector<Control*> spoken = Spoken();
+    for (std::size_t i = 0; i < spoken.size(); ++i) {
+      if (spoken[i] == light->GetControl()) return Widgets() + static_cast<int>(i);
+    }
+    return -1;
+  }
+  QAccessibleInterface* childAt(int x, int y) const override {
+    if (QAccessibleInterface* widget = QAccessibleWidget::childAt(x, y)) return widget;
+    if (client_.GetPeer() == nullptr) return nullptr;
+    const QPoint at = client_.mapFromGlobal(QPoint(x, y));
+    Form& form = client_.GetPeer()->GetForm();
+    Control* control = client_.GetPeer()->GetBackend().GetToolkit().ControlAt(form, at.x(), at.y());
+    return control != &form && !SpokenName(*control).isEmpty() ? InterfaceOf(*control) : nullptr;
+  }
+
+ private:
+  int Widgets() const { return QAccessibleWidget::childCount(); }
+
+  // Those out of sight are left out: there may be tens of thousands of them.
+  std::vector<Control*> Spoken() const {
+    std::vector<Control*> spoken;
+    if (client_.GetPeer() == nullptr) return spoken;
+    const Form& form = client_.GetPeer()->GetForm();
+    for (const PaintItem& item : ItemsToPaint(form, {0, 0, client_.width(), client_.height()})) {
+      if (item.Clip.IsEmpty() || item.Source->GetKind() == Kind::Shape) continue;
+      if (!SpokenName(*item.Source).isEmpty()) spoken.push_back(const_cast<Control*>(item.Source));
+    }
+    return spoken;
+  }
+
+  // Helpers keep what they were given: a control has one interface as long as it lives.
+  QAccessibleInterface* InterfaceOf(Control& control) const {
+    const auto known = children_.find(&control);
+    if (known != children_.end()) {
+      QAccessibleInterface* present = QAccessible::accessibleInterface(known->second);
+      if (present != nullptr && present->isValid()) return present;
+      QAccessible::deleteAccessibleInterface(known->second);
+    }
+    auto* made = new LightAccessible(client_, control);
+    children_[&control] = QAccessible::registerAccessibleInterface(made);
+    return made;
+  }
+
+  ClientArea& client_;
+  mutable std::map<const Control*, QAccessible::Id> children_;
+};
+
+QAccessibleInterface* MakeAccessible(const QString&, QObject* object) {
+  auto* client = dynamic_cast<ClientArea*>(object);
+  return client != nullptr ? new ClientAccessible(*client) : nullptr;
+}
+
+}  // namespace
+
+void InstallAccessibility() {
+  QAccessible::installFactory(MakeAccessible);
+}
+
+}  // namespace pixorra

@@ -1,0 +1,80 @@
+#include "platform/qt/LightAccessible.h"
+
+#include "platform/controls/Container.h"
+#include "platform/controls/Label.h"
+#include "platform/controls/Toolkit.h"
+#include "platform/qt/Convert.h"
+#include "platform/qt/FormPeer.h"
+#include "platform/qt/QtBackend.h"
+
+namespace pixorra {
+
+QString SpokenName(const Control& control) {
+  if (!control.AccessibleName().empty()) return ToQString(control.AccessibleName());
+  if (control.GetKind() == Kind::Label) {
+    const QString caption = ToQString(static_cast<const Label&>(control).Caption()).trimmed();
+    if (!caption.isEmpty()) return caption;
+  }
+  if (control.GetKind() == Kind::Frame) return ToQString(static_cast<const Frame&>(control).Caption());
+  return ToQString(control.ToolTipText());
+}
+
+QString LightAccessible::text(QAccessible::Text what) const {
+  if (!isValid()) return {};
+  if (what == QAccessible::Name) return SpokenName(*control_.Get());
+  if (what == QAccessible::Description) return ToQString(control_->ToolTipText());
+  return {};
+}
+
+QRect LightAccessible::rect() const {
+  if (!isValid()) return {};
+  const QRect shown = ToQRect(control_->ShownRect());
+  return {client_->mapToGlobal(shown.topLeft()), shown.size()};
+}
+
+bool LightAccessible::CanBePressed() const {
+  const Events& events = control_->On();
+  return control_->AutomaticDrag() || events.Click || events.MouseDown || events.DblClick;
+}
+
+QAccessible::Role LightAccessible::role() const {
+  if (!isValid()) return QAccessible::NoRole;
+  if (control_->GetKind() == Kind::Frame) return QAccessible::Grouping;
+  if (CanBePressed()) return QAccessible::Button;
+  return control_->GetKind() == Kind::Label ? QAccessible::StaticText : QAccessible::Graphic;
+}
+
+QAccessible::State LightAccessible::state() const {
+  QAccessible::State state;
+  if (!isValid()) {
+    state.invalid = true;
+    return state;
+  }
+  state.disabled = !control_->Enabled();
+  state.invisible = !control_->IsShown() || control_->ShownRect().IsEmpty();
+  return state;
+}
+
+void* LightAccessible::interface_cast(QAccessible::InterfaceType type) {
+  return type == QAccessible::ActionInterface ? static_cast<QAccessibleActionInterface*>(this) : nullptr;
+}
+
+QStringList LightAccessible::actionNames() const {
+  if (!isValid() || !control_->Enabled() || !CanBePressed()) return {};
+  return {pressAction()};
+}
+
+// As a hand would press it: in the middle of what can be seen of it.
+void LightAccessible::doAction(const QString& name) {
+  if (name != pressAction() || !isValid() || control_->ShownRect().IsEmpty()) return;
+  FormPeer* peer = FormPeerOf(*control_.Get());
+  if (peer == nullptr) return;
+  QtBackend& backend = peer->GetBackend();
+  const Rect at = control_->ShownRect();
+  backend.Guarded([&, form = Watch<Form>(control_->GetForm()), x = at.Left + at.Width / 2, y = at.Top + at.Height / 2] {
+    backend.GetToolkit().MousePressed(*form.Get(), x, y, button::Left, 0);
+    if (form) backend.GetToolkit().MouseReleased(*form.Get(), x, y, button::Left, 0);
+  });
+}
+
+}  // namespace pixorra

@@ -1,0 +1,105 @@
+// What a screen reader finds on a form.
+#include <QAccessible>
+#include <QStringList>
+
+#include "platform/controls/Buttons.h"
+#include "platform/controls/ControlArray.h"
+#include "platform/controls/ImageBox.h"
+#include "platform/controls/Label.h"
+#include "platform/controls/PictureBox.h"
+#include "platform/qt/Accessibility.h"
+#include "tests/platform/qt/QtTest.h"
+
+namespace pixorra {
+namespace {
+
+class AccessibilityTest : public QtTest {
+ protected:
+  AccessibilityTest() {
+    InstallAccessibility();
+    form.SetClientSize(400, 300);
+    image.Move(10, 10, 40, 40);
+    image.SetToolTipText("Open a folder");
+    image.On().Click = [this](Control&) { ++clicks; };
+    label.Move(10, 60, 100, 20);
+    label.SetCaption("Select a Film Strip");
+    silent.Move(200, 10, 40, 40);
+    form.Show();
+    Settle();
+  }
+  QAccessibleInterface& Client() { return *QAccessible::queryAccessibleInterface(&ClientOf(form)); }
+  QStringList Names() {
+    QStringList names;
+    for (int i = 0; i < Client().childCount(); ++i) names.append(Client().child(i)->text(QAccessible::Name));
+    return names;
+  }
+  QAccessibleInterface& Named(const QString& name) { return *Client().child(static_cast<int>(Names().indexOf(name))); }
+
+  Form form{toolkit, "SpokenForm"};
+  ImageBox image{form, "Image"};
+  Label label{form, "Label"};
+  ImageBox silent{form, "Silent"};
+  int clicks = 0;
+};
+
+TEST_F(AccessibilityTest, ControlsThatSaySomethingAreFoundByIt) {
+  EXPECT_EQ(Names(), QStringList({"Open a folder", "Select a Film Strip"}));
+  image.SetAccessibleName("Browse");
+  EXPECT_EQ(Names(), QStringList({"Browse", "Select a Film Strip"}));
+}
+
+TEST_F(AccessibilityTest, WidgetsStandBesideThem) {
+  CommandButton button(form, "Button");
+  button.SetCaption("Go");
+  form.Show();
+  Settle();
+  EXPECT_EQ(Names(), QStringList({"Go", "Open a folder", "Select a Film Strip"}));
+}
+
+TEST_F(AccessibilityTest, WhatCanBePressedIsAButtonAndPressed) {
+  QAccessibleInterface& button = Named("Open a folder");
+  EXPECT_EQ(button.role(), QAccessible::Button);
+  ASSERT_NE(button.actionInterface(), nullptr);
+  EXPECT_EQ(button.actionInterface()->actionNames(), QStringList(QAccessibleActionInterface::pressAction()));
+  button.actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+  EXPECT_EQ(clicks, 1);
+  EXPECT_EQ(Named("Select a Film Strip").role(), QAccessible::StaticText);
+  EXPECT_TRUE(Named("Select a Film Strip").actionInterface()->actionNames().isEmpty());
+}
+
+TEST_F(AccessibilityTest, PlacesAreOnTheScreen) {
+  QAccessibleInterface& button = Named("Open a folder");
+  const QPoint corner = ClientOf(form).mapToGlobal(QPoint(10, 10));
+  EXPECT_EQ(button.rect(), QRect(corner, QSize(40, 40)));
+  EXPECT_EQ(Client().childAt(corner.x() + 5, corner.y() + 5), &button);
+  EXPECT_EQ(button.parent(), &Client());
+  EXPECT_EQ(Client().indexOfChild(&button), 0);
+}
+
+TEST_F(AccessibilityTest, ThousandsOutOfSightAreNotListed) {
+  PictureBox strip(form, "Strip");
+  strip.Move(0, 100, 400, 100);
+  ControlArray<ImageBox> photos(strip, "Photo");
+  for (int i = 1; i <= 5000; ++i) {
+    ImageBox& photo = photos.Load(i);
+    photo.Move((i - 1) * 100, 0, 80, 60);
+    photo.SetToolTipText("Photo " + std::to_string(i));
+    photo.SetVisible(true);
+  }
+  EXPECT_EQ(Client().childCount(), 2 + 4);
+}
+
+TEST_F(AccessibilityTest, AControlThatHasGoneIsNoLongerValid) {
+  auto gone = std::make_unique<Label>(form, "Gone");
+  gone->SetCaption("Here for now");
+  gone->Move(10, 90, 100, 20);
+  QAccessibleInterface& spoken = Named("Here for now");
+  EXPECT_TRUE(spoken.isValid());
+  gone.reset();
+  EXPECT_FALSE(spoken.isValid());
+  EXPECT_TRUE(spoken.text(QAccessible::Name).isEmpty());
+  EXPECT_EQ(Names().size(), 2);
+}
+
+}  // namespace
+}  // namespace pixorra
