@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <cstring>
+#include <optional>
+#include <utility>
 #include <vector>
 
 #include "core/MainForm.h"
@@ -42,9 +44,10 @@ bool ContentComparison::SameContent(const std::string& candidate) {
   if (state.files.Length(candidate) != state.length) return false;
   const std::unique_ptr<File> other = state.files.Open(candidate, OpenMode::Read);
   if (state.start.empty()) {
-    state.start.resize(FirstBlock);
+    std::vector<std::uint8_t> start(FirstBlock);
+    start.resize(state.file->ReadAt(0, start.data(), FirstBlock));
+    state.start = std::move(start);  // only once it is read
     state.theirs.resize(LargestBlock);
-    state.start.resize(state.file->ReadAt(0, state.start.data(), FirstBlock));
   }
   std::size_t block = FirstBlock;
   for (std::int64_t at = 0; at < state.length;) {
@@ -101,7 +104,12 @@ void ResolveDuplicate(MainForm& main, const std::string& equalFile, const std::s
       break;
     }
   }
-  ErrorsIgnored([&] { main.host.files.Delete(goes); });
+  ErrorsIgnored([&] {
+    // A host may let go of a file that is write-protected; such a one stays.
+    const std::optional<int> attributes = main.host.files.Attributes(goes);
+    if (attributes && (*attributes & attribute::ReadOnly) != 0) return;
+    main.host.files.Delete(goes);
+  });
 }
 
 }  // namespace pixorra

@@ -51,9 +51,9 @@ class DropTest : public ProgramTest {
   std::string BytesIn(const std::string& folder, const std::string& name) const {
     return drive.Read(Folder(folder) + "\\" + name);
   }
-  // A control of a dialog by its name.
+  // A control of a dialog, or of a frame in one, by its name.
   template <typename Control>
-  static Control& Find(Form& form, const std::string& name) {
+  static Control& Find(Container& form, const std::string& name) {
     for (auto* control : form.Controls()) {
       if (control->Name() == name) return static_cast<Control&>(*control);
     }
