@@ -38,8 +38,10 @@ TEST_F(MainFormTest, ControlsStandAtTheirDefinedPlaces) {
   for (const auto& [control, place] : places) {
     EXPECT_EQ(control->Bounds(), place) << control->Name();
   }
-  EXPECT_EQ(main.preview.PicPreviewSize.Left(), 96);
-  EXPECT_EQ(main.preview.PicPreviewSize.Top(), 168);
+  // It sizes itself to its caption, around its middle.
+  const Label& caption = main.preview.PicPreviewSize;
+  EXPECT_NEAR(caption.Left() + caption.Width() / 2.0, (1440 + 1125 / 2.0) / 15, 0.5);
+  EXPECT_EQ(caption.Top(), 168);
 }
 
 TEST_F(MainFormTest, TheButtonsOfTheRowAreAllAlike) {

@@ -176,6 +176,36 @@ TEST_F(BackgroundLoadingTest, ThePausedStripStillClearsForANewFolder) {
   EXPECT_EQ(run.main.strip.SrcSlotCount, 0);
 }
 
+TEST_F(BackgroundLoadingTest, TheThousandthPhotoCostsTheDiskNoMoreThanTheTenth) {
+  WriteEmpty(1000);
+  ProgramRun& run = StartedOnStrip();
+  run.main.Window.Hide();
+  const auto callsOfOneSlot = [&run] {
+    const auto calls = [&run] {
+      int sum = 0;
+      for (const FileCall call :
+           {FileCall::Names, FileCall::Attributes, FileCall::NameTaken, FileCall::Length, FileCall::OpenToRead,
+            FileCall::OpenToWrite, FileCall::Read, FileCall::Write, FileCall::LastWriteTime, FileCall::FolderPath}) {
+        sum += run.files.Count(call);
+      }
+      return sum;
+    };
+    const int slots = run.main.strip.SrcSlotCount;
+    const int before = calls();
+    run.Wait(2 * ThumbsTick);
+    EXPECT_EQ(run.main.strip.SrcSlotCount, slots + 1);
+    return calls() - before;
+  };
+  const int listings = run.files.Count(FileCall::Names);
+  run.Wait(2 * ThumbsTick * 9);
+  const int tenth = callsOfOneSlot();
+  run.Wait(2 * ThumbsTick * 989);
+  const int thousandth = callsOfOneSlot();
+  EXPECT_EQ(thousandth, tenth);
+  EXPECT_EQ(run.main.strip.SrcSlotCount, 1000);
+  EXPECT_EQ(run.files.Count(FileCall::Names), listings) << "the folder is not read again";
+}
+
 TEST_F(BackgroundLoadingTest, ATickInsideATickDoesNothing) {
   WriteEmpty(4);
   ProgramRun& run = StartedOnStrip();
