@@ -52,7 +52,12 @@ bool IsEnabledOnForm(const Control& control) {
 }  // namespace
 
 NativePeer::NativePeer(QtBackend& backend, Control& control, QWidget* widget)
-    : backend_(backend), control_(control), widget_(widget), hook_(new Hook(*this)), z_(control.ZOrder()) {
+    : backend_(backend),
+      control_(control),
+      widget_(widget),
+      hook_(new Hook(*this)),
+      context_(std::make_unique<QObject>()),
+      z_(control.ZOrder()) {
   if (FormPeer* form = FormPeerOf(control)) widget->setParent(&form->Client());
   widget->setObjectName(ToQString(control.Name()));
   // What a widget has no use for is not meant for the controls that lie behind it.
@@ -66,16 +71,13 @@ NativePeer::NativePeer(QtBackend& backend, Control& control, QWidget* widget)
 
 NativePeer::~NativePeer() {
   backend_.AtEndOfTurn().Remove(*this);
+  // Before the widget is touched: leaving the focus makes it send signals.
+  context_.reset();
   hook_->Detach();
   if (widget_ == nullptr) return;
   widget_->clearFocus();
   widget_->hide();
-  widget_->disconnect(hook_);
   widget_->deleteLater();
-}
-
-QObject* NativePeer::Context() {
-  return hook_;
 }
 
 void NativePeer::AlsoFilter(QWidget& inner) {

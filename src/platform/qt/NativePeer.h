@@ -5,6 +5,7 @@
 #include <QPointer>
 #include <QWidget>
 #include <functional>
+#include <memory>
 
 #include "platform/controls/Control.h"
 #include "platform/qt/Pending.h"
@@ -38,7 +39,7 @@ class NativePeer : public Peer, public Pending {
   void Act(const std::function<void()>& act);
   bool Mirroring() const { return mirroring_; }
   // What connections of the widget's signals live as long as.
-  QObject* Context();
+  QObject* Context() { return context_.get(); }
   QtBackend& GetBackend() { return backend_; }
 
  private:
@@ -54,6 +55,7 @@ class NativePeer : public Peer, public Pending {
   Control& control_;
   QPointer<QWidget> widget_;
   Hook* hook_;
+  std::unique_ptr<QObject> context_;
   int z_;
   bool mirroring_ = false;
 };
