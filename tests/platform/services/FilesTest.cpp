@@ -18,6 +18,7 @@ class OneAnswer : public Files {
   void SetAttributes(const std::string&, int) override {}
   bool NameTaken(const std::string&) override { return attributes_.has_value(); }
   bool IsLink(const std::string&) override { return false; }
+  bool IsSameFile(const std::string&, const std::string&) override { return false; }
   std::int64_t Length(const std::string&) override { return 0; }
   std::unique_ptr<File> Open(const std::string&, OpenMode) override { return nullptr; }
   void Delete(const std::string&) override {}
