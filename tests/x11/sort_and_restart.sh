@@ -2,6 +2,7 @@
 # The main job with real events: a strip and two folders from the saved state, two photos dragged onto two folders, all that
 # remain onto one, the end, and a second start. What counts is read from the disk.
 source "$(dirname "${BASH_SOURCE[0]}")/support/steps.bash"
+source "$(dirname "${BASH_SOURCE[0]}")/support/strip.bash"
 
 photos="$(cd "$(dirname "${BASH_SOURCE[0]}")/../data/photos" && pwd)"
 card="$HOME/Card"
@@ -9,52 +10,13 @@ first="$HOME/Family"
 second="$HOME/Holiday"
 state="$HOME/.config/pixorra/Pixorra.sav"
 cache="$card/Thumbnails.tmp"
-record=14776
 mkdir -p "$card" "$first" "$second" "$(dirname "$state")"
-count=0
-for photo in "$photos"/*.JPG; do
-  count=$((count + 1))
-  cp "$photo" "$card/"
-  touch -d "2004-03-0$count 10:2$count:3$count" "$card/$(basename "$photo")"
-done
+fill_card
 
-backslash() { printf 'C:%s' "${1//\//\\}"; }
 printf '%s\r\n' '11730,9090,300,600,0' '"Pixorra - Kestrelia Corp"' 2 2 1 1 1 1 1 1 1 0 '""' \
   "\"$(backslash "$card")\"" "\"$(backslash "$first")\"" "\"$(backslash "$second")\"" \
   '""' '""' '""' '""' '""' '""' 0 >"$state"
 before="$(md5sum "$card"/*.JPG)"
-
-shot() {
-  if [ -n "${PIXORRA_SCREENSHOTS:-}" ]; then import -window root "$PIXORRA_SCREENSHOTS/$1.png"; fi
-}
-# drag X1 Y1 X2 Y2: pixels of the window.
-drag() {
-  xdotool mousemove --window "$window" --sync "$1" "$2" mousedown 1
-  for part in 1 2 3 4; do
-    xdotool mousemove --window "$window" --sync $(($1 + ($3 - $1) * part / 4)) $(($2 + ($4 - $2) * part / 4))
-  done
-  xdotool mouseup 1
-}
-# Each thumbnail after the first leaves an empty record between.
-cached() { [ "$(stat -c %s "$cache")" -eq $(((2 * count - 1) * record)) ]; }
-# marks: how many records of the cache carry the mark of a dragged photo.
-marks() {
-  local at found=0 size
-  size=$(stat -c %s "$cache")
-  for ((at = 14567; at < size; at += record)); do
-    if [ "$(od -An -tx1 -j "$at" -N 2 "$cache" | tr -d ' ')" = ffff ]; then found=$((found + 1)); fi
-  done
-  echo "$found"
-}
-has_marks() { [ "$(marks)" -eq "$1" ]; }
-
-# The strip has come to a stop: two pictures of it, a few of its steps apart, are the same.
-stands_still() {
-  local one
-  one=$(import -window "$window" -crop x140+260+20 png:- | identify -format '%#' png:-)
-  sleep 0.2
-  [ "$one" = "$(import -window "$window" -crop x140+260+20 png:- | identify -format '%#' png:-)" ]
-}
 
 start_program
 window=$(wait_for_window "^Pixorra v")
