@@ -4,6 +4,7 @@
 #include "core/MainForm.h"
 #include "core/Startup.h"
 #include "platform/codecs/CodecPictures.h"
+#include "platform/codecs/DecodeAhead.h"
 #include "platform/codecs/TurboJpegCodec.h"
 #include "platform/posix/Environment.h"
 #include "platform/posix/MappingSource.h"
@@ -27,10 +28,11 @@ int main(int argc, char** argv) {
   PosixRegistry registry(environment.DataHome, mapping);
   PosixSettings settings(environment.ConfigHome + "/pixorra/settings");
   CodecPictures pictures(files);
-  TurboJpegCodec jpeg(files);
+  DecodeAhead readAhead(files);
+  TurboJpegCodec jpeg(files, &readAhead);
 
   Host host{qt.toolkit, files,       places,       clock, pictures, qt.artwork, jpeg,
-            qt.dialogs, qt.printing, qt.clipboard, shell, registry, settings};
+            qt.dialogs, qt.printing, qt.clipboard, shell, registry, settings,   readAhead};
   MainForm main(host);
   ConnectEvents(main);
   StartUp(main);

@@ -12,6 +12,7 @@ class JpegCodec;
 class Pictures;
 class Places;
 class Printing;
+class ReadAhead;
 class Registry;
 class Settings;
 class Shell;
@@ -31,6 +32,7 @@ struct Host {
   Shell& shell;
   Registry& registry;
   Settings& settings;
+  ReadAhead& readAhead;
 };
 
 }  // namespace pixorra

@@ -92,12 +92,20 @@ void TakeFocusOff(ScrollBar& bar) {
   bar.SetEnabled(true);
 }
 
+LoadedPaths::PathOf CellPaths(DesktopState& desk) {
+  return [&desk](int cell) -> const std::string& { return desk.DestThumbnail(cell).Tag(); };
+}
+
 }  // namespace
 
 std::string NextDestThumbFile(MainForm& main) {
   DesktopState& desk = main.desk;
-  return desk.loadedPaths.FirstMissing(desk.DestFileList,
-                                       [&](int cell) -> const std::string& { return desk.DestThumbnail(cell).Tag(); });
+  return desk.loadedPaths.FirstMissing(desk.DestFileList, CellPaths(desk));
+}
+
+std::vector<std::string> NextDestThumbFiles(MainForm& main, int most) {
+  DesktopState& desk = main.desk;
+  return desk.loadedPaths.Missing(desk.DestFileList, CellPaths(desk), most);
 }
 
 void SetDestCellPath(DesktopState& desk, int index, const std::string& path) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 namespace pixorra {
 
@@ -10,6 +11,8 @@ struct MainForm;
 
 // The full path of the first photo of the open folder's list that has no cell; empty where all have one.
 std::string NextDestThumbFile(MainForm& main);
+// The first `most` of them.
+std::vector<std::string> NextDestThumbFiles(MainForm& main, int most);
 void AddDestThumbnail(MainForm& main, const std::string& path);
 void ClearDestThumbnails(MainForm& main);
 void Redisplay_DestThumbnails(MainForm& main);

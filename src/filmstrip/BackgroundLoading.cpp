@@ -1,12 +1,17 @@
 #include "filmstrip/BackgroundLoading.h"
 
+#include <functional>
+#include <vector>
+
 #include "core/Layout.h"
 #include "core/MainForm.h"
 #include "desktop/OpenFolderView.h"
 #include "filmstrip/Listing.h"
 #include "filmstrip/Views.h"
+#include "pictures/QuickThumbs.h"
 #include "platform/controls/Toolkit.h"
 #include "platform/runtime/Text.h"
+#include "platform/services/ReadAhead.h"
 
 namespace pixorra {
 
@@ -18,6 +23,23 @@ bool IsPaused(const FilmStripState& strip) {
   return EqualIgnoringCase(strip.ThumbsPaused, "True");
 }
 
+LoadedPaths::PathOf SlotPaths(FilmStripState& strip) {
+  return [&strip](int slot) -> const std::string& { return strip.SrcThumbnail(slot).Tag(); };
+}
+
+// False where the turn had better pass, as the photo is still being decoded. One whose thumbnail is in the cache does
+// not wait. `following` gives the first so many photos, `next` and those behind it.
+bool IsPrepared(MainForm& main, ReadAhead::Reader reader, const std::string& next,
+                const std::function<std::vector<std::string>(int)>& following) {
+  ReadAhead& ahead = main.host.readAhead;
+  const int depth = ahead.Depth();
+  if (depth == 0 || next.empty() || HasQuickThumb(main, next)) return true;
+  std::vector<std::string> paths = following(depth);
+  std::erase_if(paths, [&](const std::string& path) { return path != next && HasQuickThumb(main, path); });
+  ahead.Expect(reader, paths, main.pictures.lDecodeScale);
+  return ahead.IsReady(next, main.pictures.lDecodeScale);
+}
+
 void LoadOpenFolder(MainForm& main) {
   DesktopState& desk = main.desk;
   if (desk.DestFileList.Path() != desk.DestLoadedPath) {
@@ -25,9 +47,13 @@ void LoadOpenFolder(MainForm& main) {
     desk.DestLoadedPath = desk.DestFileList.Path();
   }
   const bool missing = desk.DestSlotCount < desk.DestFileList.ListCount();
-  if (desk.OpenFolderIndex != 0 && missing && !IsPaused(main.strip)) {
-    AddDestThumbnail(main, NextDestThumbFile(main));
+  if (desk.OpenFolderIndex == 0 || !missing || IsPaused(main.strip)) {
+    main.host.readAhead.Expect(ReadAhead::Reader::OpenFolder, {}, 0);
+    return;
   }
+  const std::string next = NextDestThumbFile(main);
+  const auto following = [&](int most) { return NextDestThumbFiles(main, most); };
+  if (IsPrepared(main, ReadAhead::Reader::OpenFolder, next, following)) AddDestThumbnail(main, next);
 }
 
 void LoadFilmStrip(MainForm& main) {
@@ -37,7 +63,13 @@ void LoadFilmStrip(MainForm& main) {
     strip.SrcLoadedPath = strip.SrcFileList.Path();
   }
   const bool missing = strip.SrcSlotCount < strip.SrcFileList.ListCount();
-  if (!strip.NoFilmStrip && missing && !IsPaused(strip)) AddSrcSlot(main, NextSrcPhoto(main));
+  if (strip.NoFilmStrip || !missing || IsPaused(strip)) {
+    main.host.readAhead.Expect(ReadAhead::Reader::FilmStrip, {}, 0);
+    return;
+  }
+  const std::string next = NextSrcPhoto(main);
+  const auto following = [&](int most) { return strip.loadedPaths.Missing(strip.SrcFileList, SlotPaths(strip), most); };
+  if (IsPrepared(main, ReadAhead::Reader::FilmStrip, next, following)) AddSrcSlot(main, next);
 }
 
 }  // namespace
@@ -67,8 +99,7 @@ void ThumbsTimer_Timer(MainForm& main) {
 
 std::string NextSrcPhoto(MainForm& main) {
   FilmStripState& strip = main.strip;
-  return strip.loadedPaths.FirstMissing(strip.SrcFileList,
-                                        [&](int slot) -> const std::string& { return strip.SrcThumbnail(slot).Tag(); });
+  return strip.loadedPaths.FirstMissing(strip.SrcFileList, SlotPaths(strip));
 }
 
 }  // namespace pixorra

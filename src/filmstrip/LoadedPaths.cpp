@@ -33,4 +33,15 @@ std::string LoadedPaths::FirstMissing(const FileListBox& list, const PathOf& pat
   return {};
 }
 
+std::vector<std::string> LoadedPaths::Missing(const FileListBox& list, const PathOf& pathOf, int most) {
+  std::vector<std::string> missing;
+  std::string path = FirstMissing(list, pathOf);
+  for (int i = cursor_ + 1; !path.empty(); ++i) {
+    if (!Has(path, pathOf)) missing.push_back(std::move(path));
+    if (std::ssize(missing) >= most || i >= list.ListCount()) break;
+    path = JoinPath(list.Path(), list.List(i));
+  }
+  return missing;
+}
+
 }  // namespace pixorra

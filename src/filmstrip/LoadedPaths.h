@@ -5,6 +5,7 @@
 #include <functional>
 #include <string>
 #include <unordered_map>
+#include <vector>
 
 #include "platform/controls/FileListBox.h"
 
@@ -22,6 +23,8 @@ class LoadedPaths {
   void StartOver() { cursor_ = 0; }
   // The first entry of the list without a place, as a full path; empty where all have one.
   std::string FirstMissing(const FileListBox& list, const PathOf& pathOf);
+  // The first `most` such entries, or as many as there are.
+  std::vector<std::string> Missing(const FileListBox& list, const PathOf& pathOf, int most);
 
  private:
   bool Has(const std::string& path, const PathOf& pathOf) const;

@@ -52,15 +52,15 @@ std::optional<Sought> Seek(MainForm& main, const std::string& path) {
   return Sought{CachePath(main, folder), MakeEntryKey(name, static_cast<std::int32_t>(length), date)};
 }
 
-// A cache file, open, made where it was missing, and the photo's record in it.
+// A cache file, open, made where it was missing if it may be written, and the photo's record in it.
 struct Entry {
   std::unique_ptr<File> Cache;
   std::int64_t Record = 0;  // 0: it has none
 };
 
-Entry FindEntry(MainForm& main, const Sought& sought) {
+Entry FindEntry(MainForm& main, const Sought& sought, OpenMode mode = OpenMode::ReadWrite) {
   Entry entry;
-  entry.Cache = main.host.files.Open(sought.Cache, OpenMode::ReadWrite);
+  entry.Cache = main.host.files.Open(sought.Cache, mode);
   entry.Record = main.pictures.quickThumbs.Find(main.host.files, sought.Cache, *entry.Cache, sought.Key);
   return entry;
 }
@@ -124,6 +124,16 @@ bool ReadQuickThumb(MainForm& main, const std::string& path, ImageBox& target, b
   bool hit = false;
   ErrorsIgnored([&] { hit = ReadEntry(main, path, target, bDragged); });
   return hit;
+}
+
+bool HasQuickThumb(MainForm& main, const std::string& path) {
+  bool has = false;
+  ErrorsIgnored([&] {
+    if (const std::optional<Sought> sought = Seek(main, path)) {
+      has = FindEntry(main, *sought, OpenMode::Read).Record != 0;
+    }
+  });
+  return has;
 }
 
 void AddQuickThumb(MainForm& main, const std::string& path, const Picture& picture) {

@@ -13,10 +13,6 @@ constexpr long MostMemory = 1024L * 1024 * 1024;
 // A picture of a few bytes may claim scan after scan over all its blocks; honest ones have a dozen.
 constexpr int MostScans = 500;
 
-void CountScans(j_common_ptr codec) {
-  if (reinterpret_cast<j_decompress_ptr>(codec)->input_scan_number > MostScans) GiveUp(codec, jpeg::BadData);
-}
-
 // Inks are stored inverted: 255 is no ink.
 std::uint8_t InkToLight(unsigned ink, unsigned black) {
   return static_cast<std::uint8_t>((ink * black * 2 + 255) / 510);
@@ -28,13 +24,19 @@ JpegReader::~JpegReader() {
   jpeg_destroy_decompress(&reader_);
 }
 
+void JpegReader::Watch(j_common_ptr codec) {
+  const std::atomic<bool>* const stop = reinterpret_cast<const Progress*>(codec->progress)->stop;
+  if (stop != nullptr && *stop) GiveUp(codec, jpeg::BadData);
+  if (reinterpret_cast<j_decompress_ptr>(codec)->input_scan_number > MostScans) GiveUp(codec, jpeg::BadData);
+}
+
 int JpegReader::Open() {
   errors_.Install(reinterpret_cast<j_common_ptr>(&reader_));
   const bool read = errors_.Run([this] {
     jpeg_create_decompress(&reader_);
     reader_.mem->max_memory_to_use = MostMemory;
-    progress_.progress_monitor = CountScans;
-    reader_.progress = &progress_;
+    progress_.monitor.progress_monitor = Watch;
+    reader_.progress = &progress_.monitor;
     jpeg_mem_src(&reader_, bytes_.data(), static_cast<unsigned long>(bytes_.size()));
     jpeg_read_header(&reader_, TRUE);
   });

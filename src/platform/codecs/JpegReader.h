@@ -1,6 +1,7 @@
 // One JPEG picture in memory, decoded whole or reduced straight into rows of the caller's.
 #pragma once
 
+#include <atomic>
 #include <cstddef>
 #include <cstdint>
 #include <span>
@@ -24,6 +25,9 @@ class JpegReader {
   int Height() const { return static_cast<int>(reader_.image_height); }
   int Channels() const { return reader_.num_components; }
 
+  // A read that runs when this becomes true gives up. It must outlive the reader.
+  void StopOn(const std::atomic<bool>& stop) { progress_.stop = &stop; }
+
   // The pixels are wanted at 1/denominator of the size; 1, 2, 4 or 8.
   int Reduce(int denominator);
   int ReducedWidth() const { return static_cast<int>(reader_.output_width); }
@@ -35,6 +39,13 @@ class JpegReader {
   int Read(std::uint8_t* topRow, std::ptrdiff_t step, int bytesPerPixel);
 
  private:
+  // `monitor` must come first, as the library hands that back.
+  struct Progress {
+    jpeg_progress_mgr monitor{};
+    const std::atomic<bool>* stop = nullptr;
+  };
+
+  static void Watch(j_common_ptr codec);
   bool EndsAfterHeader() const;
   bool ComesAsCmyk() const { return reader_.out_color_space == JCS_CMYK; }
   void ReadRows(std::uint8_t* topRow, std::ptrdiff_t step);
@@ -43,7 +54,7 @@ class JpegReader {
   std::span<const std::uint8_t> bytes_;
   JpegErrors errors_;
   jpeg_decompress_struct reader_{};
-  jpeg_progress_mgr progress_{};
+  Progress progress_;
 };
 
 }  // namespace pixorra

@@ -1,5 +1,6 @@
 #include "platform/codecs/TurboJpegCodec.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <new>
 #include <optional>
@@ -93,6 +94,18 @@ int ReadFrom(std::span<const std::uint8_t> bytes, JPEG_CORE_PROPERTIES& record, 
   return jpeg::Ok;
 }
 
+// False where the surface is not described as one that takes these rows.
+bool CopyRows(const ReducedRows& from, const JPEG_CORE_PROPERTIES& record) {
+  const std::optional<SurfaceRows> rows = RowsOf(record);
+  if (!rows || record.DIBChannels != 3 || record.DIBWidth != from.width) return false;
+  if (std::abs(std::int64_t{record.DIBHeight}) != from.height) return false;
+  const std::ptrdiff_t length = std::ptrdiff_t{from.width} * 3;
+  for (std::ptrdiff_t y = 0; y < from.height; ++y) {
+    std::copy_n(from.bytes.data() + y * length, length, rows->top + y * rows->step);
+  }
+  return true;
+}
+
 int StatusOfError(int number, int otherwise) {
   return number == error::OutOfMemory ? jpeg::OutOfMemory : otherwise;
 }
@@ -113,13 +126,21 @@ int TurboJpegCodec::ijlRead(JPEG_CORE_PROPERTIES& record, int mode) {
   if (!wanted) return jpeg::BadRecord;
   if (!wanted->fromFile) {
     if (record.JPGBytes == nullptr || record.JPGSizeBytes < 0) return jpeg::BadRecord;
-    return ReadFrom({record.JPGBytes, static_cast<std::size_t>(record.JPGSizeBytes)}, record, wanted->denominator);
+    return ReadBlock(record, wanted->denominator);
   }
   FileBytes file;
   if (const int number = ErrorsIgnored([&] { file.Read(files_, record.JPGFile); })) {
     return StatusOfError(number, jpeg::BadFile);
   }
   return ReadFrom(file.Bytes(), record, wanted->denominator);
+}
+
+int TurboJpegCodec::ReadBlock(JPEG_CORE_PROPERTIES& record, int denominator) {
+  const std::span<const std::uint8_t> bytes(record.JPGBytes, static_cast<std::size_t>(record.JPGSizeBytes));
+  if (ahead_ != nullptr && denominator != 0) {
+    if (const auto kept = ahead_->Take(bytes, denominator); kept && CopyRows(*kept, record)) return jpeg::Ok;
+  }
+  return ReadFrom(bytes, record, denominator);
 }
 
 int TurboJpegCodec::ijlWrite(JPEG_CORE_PROPERTIES& record, int mode) {

@@ -5,6 +5,7 @@
 #include <span>
 #include <string>
 
+#include "platform/codecs/DecodeAhead.h"
 #include "platform/services/Files.h"
 #include "platform/services/JpegCodec.h"
 
@@ -15,8 +16,9 @@ namespace pixorra {
 // blue, green, red and 255). Surfaces of 3 channels are written, no others.
 class TurboJpegCodec final : public JpegCodec {
  public:
-  // The files serve the modes that name a file.
-  explicit TurboJpegCodec(Files& files) : files_(files) {}
+  // The files serve the modes that name a file. What was decoded ahead, if anything, serves the reductions of a block
+  // of memory that holds the same file.
+  explicit TurboJpegCodec(Files& files, DecodeAhead* ahead = nullptr) : files_(files), ahead_(ahead) {}
 
   int ijlInit(JPEG_CORE_PROPERTIES& record) override;
   int ijlFree(JPEG_CORE_PROPERTIES& record) override;
@@ -25,7 +27,10 @@ class TurboJpegCodec final : public JpegCodec {
   std::string ijlErrorStr(int status) override;
 
  private:
+  int ReadBlock(JPEG_CORE_PROPERTIES& record, int denominator);
+
   Files& files_;
+  DecodeAhead* ahead_;
 };
 
 }  // namespace pixorra

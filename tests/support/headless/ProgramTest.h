@@ -9,18 +9,30 @@
 #include "core/MainForm.h"
 #include "core/Startup.h"
 #include "platform/codecs/CodecPictures.h"
+#include "platform/codecs/DecodeAhead.h"
 #include "platform/codecs/TurboJpegCodec.h"
-#include "platform/headless/HeadlessPlatform.h"
+#include "platform/services/ReadAhead.h"
 #include "tests/support/FaultyFiles.h"
 #include "tests/support/TemporaryDrive.h"
+
+// The stage on which the program is put: without windows, unless a test program says otherwise.
+#ifndef PIXORRA_STAGE
+#define PIXORRA_STAGE "tests/support/headless/Stage.h"
+#endif
+#include PIXORRA_STAGE
 
 namespace pixorra {
 
 // One run of the program. Folders of the program lie in "C:\Program" and "C:\Windows".
 class ProgramRun {
  public:
-  explicit ProgramRun(TemporaryDrive& drive)
-      : files(drive.DriveFiles()), jpeg(files), pictures(files), places(drive.DrivePlaces()) {
+  // Photos are decoded when they are wanted, where `ahead` is null.
+  explicit ProgramRun(TemporaryDrive& drive, DecodeAhead* ahead = nullptr)
+      : files(drive.DriveFiles()),
+        jpeg(files, ahead),
+        pictures(files),
+        places(drive.DrivePlaces()),
+        readAhead(ahead != nullptr ? static_cast<ReadAhead&>(*ahead) : noReadAhead) {
     platform.surprises.OnSurprise = [](const std::string& text) { ADD_FAILURE() << text; };
   }
   ~ProgramRun() { platform.Finish(); }
@@ -48,7 +60,9 @@ class ProgramRun {
   TurboJpegCodec jpeg;
   CodecPictures pictures;
   TestPlaces& places;
-  HeadlessPlatform platform;
+  NoReadAhead noReadAhead;
+  ReadAhead& readAhead;
+  StagePlatform platform;
   Host host{platform.toolkit,
             files,
             places,
@@ -61,7 +75,8 @@ class ProgramRun {
             platform.clipboard,
             platform.shell,
             platform.registry,
-            platform.settings};
+            platform.settings,
+            readAhead};
   MainForm main{host};
   Person& person = platform.person;
 };
@@ -71,7 +86,7 @@ class ProgramTest : public ::testing::Test {
   // Ends the run before, if there is one, and begins the next one; it is not started.
   ProgramRun& NewRun() {
     run_.reset();
-    run_ = std::make_unique<ProgramRun>(drive);
+    run_ = std::make_unique<ProgramRun>(drive, decodeAhead);
     return *run_;
   }
   ProgramRun& Started() {
@@ -109,6 +124,7 @@ class ProgramTest : public ::testing::Test {
   }
 
   TemporaryDrive drive;
+  DecodeAhead* decodeAhead = nullptr;  // for the runs that begin from here on
 
  private:
   std::unique_ptr<ProgramRun> run_;

@@ -1,0 +1,231 @@
+#include "platform/codecs/DecodeAhead.h"
+
+#include <algorithm>
+#include <array>
+#include <atomic>
+#include <cstring>
+#include <exception>
+#include <sys/resource.h>
+#include <system_error>
+#include <unistd.h>
+
+#include "platform/codecs/JpegReader.h"
+#include "platform/runtime/Errors.h"
+#include "platform/services/FileBytes.h"
+
+namespace pixorra {
+
+struct DecodeAhead::Job {
+  // Not: it stays with whoever wants it.
+  enum class State { Waiting, Running, Ready, Not };
+
+  std::string path;
+  int scale = 0;
+  std::int64_t length = 0;
+  State state = State::Not;
+  std::atomic<bool> dropped = false;
+  // The thread's own while it runs.
+  std::unique_ptr<File> file;
+  FileBytes bytes;
+  ReducedRows rows;
+};
+
+namespace {
+
+constexpr std::size_t MostThreads = 4;
+
+// Who waits for a photo must not wait for the ones after it too.
+void GiveWay() {
+  constexpr int Lower = 10;
+  setpriority(PRIO_PROCESS, static_cast<id_t>(gettid()), Lower);
+}
+
+bool IsJpeg(File& file) {
+  std::array<std::uint8_t, 2> start{};
+  return file.ReadAt(0, start.data(), start.size()) == start.size() && start[0] == 0xFF && start[1] == 0xD8;
+}
+
+bool Decode(std::span<const std::uint8_t> file, int scale, const std::atomic<bool>& stop, ReducedRows& rows) {
+  JpegReader reader(file);
+  if (reader.Open() != jpeg::Ok || (reader.Channels() != 1 && reader.Channels() != 3)) return false;
+  reader.StopOn(stop);
+  if (reader.Reduce(scale) != jpeg::Ok) return false;
+  const std::int64_t step = std::int64_t{reader.ReducedWidth()} * 3;
+  const std::int64_t size = step * reader.ReducedHeight();
+  if (size > DecodeAhead::MostRowBytes) return false;
+  rows.width = reader.ReducedWidth();
+  rows.height = reader.ReducedHeight();
+  rows.bytes.resize(static_cast<std::size_t>(size));
+  return reader.Read(rows.bytes.data(), static_cast<std::ptrdiff_t>(step), 3) == jpeg::Ok;
+}
+
+bool IsScale(int scale) {
+  return scale == 1 || scale == 2 || scale == 4 || scale == 8;
+}
+
+}  // namespace
+
+DecodeAhead::DecodeAhead(Files& files)
+    : files_(files), mostThreads_(std::clamp<std::size_t>(std::thread::hardware_concurrency(), 1, MostThreads)) {}
+
+DecodeAhead::~DecodeAhead() {
+  {
+    const std::lock_guard lock(mutex_);
+    ending_ = true;
+    for (const Jobs& jobs : expected_) {
+      for (const auto& job : jobs) job->dropped = true;
+    }
+  }
+  wake_.notify_all();
+  for (std::thread& thread : threads_) thread.join();
+}
+
+// One for each thread, and some for the time until the reader comes again.
+int DecodeAhead::Depth() const {
+  return noThreads_ ? 0 : static_cast<int>(mostThreads_) + 2;
+}
+
+void DecodeAhead::Expect(Reader reader, const std::vector<std::string>& paths, int scale) {
+  Jobs& own = expected_.at(static_cast<std::size_t>(reader));
+  if (own.empty() && (paths.empty() || noThreads_)) return;
+  const std::lock_guard lock(mutex_);
+  Jobs wanted;
+  if (IsScale(scale)) {
+    for (const std::string& path : paths) {
+      std::shared_ptr<Job> job = Find(path, scale);
+      wanted.push_back(job != nullptr ? std::move(job) : NewJob(path, scale));
+    }
+  }
+  own.swap(wanted);
+  // The first is wanted whatever it takes; the others only while there is room.
+  while (own.size() > 1 && FileBytesInHand() > MostFileBytes) {
+    wanted.push_back(std::move(own.back()));
+    own.pop_back();
+  }
+  // The other reader may want it still.
+  for (const auto& job : wanted) job->dropped = Find(job->path, job->scale) != job;
+  if (NextWaiting() == nullptr) return;
+  StartThreads();
+  wake_.notify_all();
+}
+
+bool DecodeAhead::IsReady(const std::string& path, int scale) {
+  if (noThreads_) return true;
+  const std::lock_guard lock(mutex_);
+  const std::shared_ptr<Job> job = Find(path, scale);
+  return job == nullptr || job->state == Job::State::Ready || job->state == Job::State::Not;
+}
+
+std::optional<ReducedRows> DecodeAhead::Take(std::span<const std::uint8_t> file, int denominator) {
+  const std::lock_guard lock(mutex_);
+  for (Jobs& jobs : expected_) {
+    const auto same = std::ranges::find_if(jobs, [&](const auto& job) {
+      return job->state == Job::State::Ready && job->scale == denominator && job->bytes.Size() == file.size() &&
+             std::memcmp(job->bytes.Data(), file.data(), file.size()) == 0;
+    });
+    if (same == jobs.end()) continue;
+    ReducedRows rows = std::move((*same)->rows);
+    (*same)->bytes = {};
+    (*same)->length = 0;
+    (*same)->state = Job::State::Not;  // where the other reader expects it too
+    jobs.erase(same);
+    return rows;
+  }
+  return std::nullopt;
+}
+
+void DecodeAhead::Settle() {
+  std::unique_lock lock(mutex_);
+  worked_.wait(lock, [this] { return noThreads_ || !IsBusy(); });
+}
+
+std::shared_ptr<DecodeAhead::Job> DecodeAhead::Find(const std::string& path, int scale) const {
+  for (const Jobs& jobs : expected_) {
+    for (const auto& job : jobs) {
+      if (job->scale == scale && job->path == path && !job->dropped) return job;
+    }
+  }
+  return nullptr;
+}
+
+// The file is opened here, as the path's way to the host is not for other threads; an open file may go to one.
+std::shared_ptr<DecodeAhead::Job> DecodeAhead::NewJob(const std::string& path, int scale) {
+  auto job = std::make_shared<Job>();
+  job->path = path;
+  job->scale = scale;
+  ErrorsIgnored([&] {
+    std::unique_ptr<File> file = files_.Open(path, OpenMode::Read);
+    const std::int64_t length = file->Length();
+    if (length < ShortestFile || length > LongestFile) return;
+    job->file = std::move(file);
+    job->length = length;
+    job->state = Job::State::Waiting;
+  });
+  return job;
+}
+
+// The first of each reader go before the second.
+std::shared_ptr<DecodeAhead::Job> DecodeAhead::NextWaiting() const {
+  for (std::size_t i = 0; i < std::max(expected_[0].size(), expected_[1].size()); ++i) {
+    for (const Jobs& jobs : expected_) {
+      if (i < jobs.size() && jobs[i]->state == Job::State::Waiting) return jobs[i];
+    }
+  }
+  return nullptr;
+}
+
+bool DecodeAhead::IsBusy() const {
+  return std::ranges::any_of(expected_, [](const Jobs& jobs) {
+    return std::ranges::any_of(
+        jobs, [](const auto& job) { return job->state == Job::State::Waiting || job->state == Job::State::Running; });
+  });
+}
+
+std::int64_t DecodeAhead::FileBytesInHand() const {
+  std::int64_t sum = 0;
+  for (const Jobs& jobs : expected_) {
+    for (const auto& job : jobs) sum += job->length;
+  }
+  return sum;
+}
+
+void DecodeAhead::StartThreads() {
+  try {
+    while (threads_.size() < mostThreads_) threads_.emplace_back([this] { Work(); });
+  } catch (const std::system_error&) {
+    noThreads_ = threads_.empty();
+  }
+}
+
+void DecodeAhead::Work() {
+  GiveWay();
+  std::unique_lock lock(mutex_);
+  for (;;) {
+    std::shared_ptr<Job> job;
+    wake_.wait(lock, [&] { return ending_ || (job = NextWaiting()) != nullptr; });
+    if (ending_) return;
+    job->state = Job::State::Running;
+    lock.unlock();
+    bool ready = false;
+    // Whatever is wrong shows again where the photo is wanted.
+    try {
+      if (IsJpeg(*job->file)) {
+        job->bytes.Read(*job->file);
+        ready = Decode(job->bytes.Bytes(), job->scale, job->dropped, job->rows);
+      }
+    } catch (const std::exception&) {
+      ready = false;
+    }
+    job->file.reset();
+    if (!ready) {
+      job->bytes = {};
+      job->rows = {};
+    }
+    lock.lock();
+    job->state = ready ? Job::State::Ready : Job::State::Not;
+    if (!ready) job->length = 0;
+    worked_.notify_all();
+  }
+}
+
+}  // namespace pixorra

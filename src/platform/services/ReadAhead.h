@@ -1,0 +1,32 @@
+// Photos that are wanted soon, got ready while the program is busy with others. It is a matter of time alone: whatever
+// was got ready, or was not, the pictures, the messages and their order are the same.
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace pixorra {
+
+class ReadAhead {
+ public:
+  // Who wants photos, one after another.
+  enum class Reader { FilmStrip, OpenFolder };
+
+  virtual ~ReadAhead() = default;
+  // How many photos ahead a reader may name; 0 where nothing is ever got ready.
+  virtual int Depth() const = 0;
+  // The photos that the reader wants next, in order, each at 1/scale of its size (1, 2, 4 or 8); they take the place of
+  // those that it named before. None lets go of all. Raises nothing.
+  virtual void Expect(Reader reader, const std::vector<std::string>& paths, int scale) = 0;
+  // False while an expected photo is still being got ready. True for all others, and for those that never will be.
+  virtual bool IsReady(const std::string& path, int scale) = 0;
+};
+
+class NoReadAhead final : public ReadAhead {
+ public:
+  int Depth() const override { return 0; }
+  void Expect(Reader, const std::vector<std::string>&, int) override {}
+  bool IsReady(const std::string&, int) override { return true; }
+};
+
+}  // namespace pixorra

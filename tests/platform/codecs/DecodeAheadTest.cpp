@@ -1,0 +1,226 @@
+// Photos decoded ahead: what they serve, what they leave alone, and what is let go.
+#include <cstdlib>
+#include <gtest/gtest.h>
+#include <vector>
+
+#include "platform/codecs/DecodeAhead.h"
+#include "platform/codecs/JpegStatus.h"
+#include "platform/codecs/TurboJpegCodec.h"
+#include "tests/support/FaultyFiles.h"
+#include "tests/support/TemporaryDrive.h"
+#include "tests/support/TestPictures.h"
+
+namespace pixorra {
+namespace {
+
+constexpr auto Strip = ReadAhead::Reader::FilmStrip;
+constexpr auto Folder = ReadAhead::Reader::OpenFolder;
+
+// Noise, as that makes long files of small pictures.
+std::string LongJpeg(unsigned seed, const JpegFile& file = {.quality = 100, .fullColour = true}) {
+  Bitmap bitmap(801, 602, PixelFormat::Bgr24);
+  for (int y = 0; y < bitmap.Height(); ++y) {
+    for (int i = 0; i < bitmap.Width() * 3; ++i) {
+      seed = seed * 1664525u + 1013904223u;
+      bitmap.Row(y)[i] = static_cast<std::uint8_t>(seed >> 24);
+    }
+  }
+  return JpegOf(bitmap, file);
+}
+
+struct Decoded {
+  int status = 0;
+  std::vector<std::uint8_t> bytes;
+  bool operator==(const Decoded&) const = default;
+};
+
+// The reduction of a block of memory, as the program asks for it: bottom-up, rows padded to 4 bytes.
+Decoded Read(TurboJpegCodec& codec, const std::string& jpeg, int scale, int mode) {
+  JPEG_CORE_PROPERTIES record;
+  codec.ijlInit(record);
+  record.JPGBytes = reinterpret_cast<const std::uint8_t*>(jpeg.data());
+  record.JPGSizeBytes = static_cast<std::int32_t>(jpeg.size());
+  Decoded decoded;
+  decoded.status = codec.ijlRead(record, ijl::BufferReadParams);
+  if (decoded.status != jpeg::Ok) return decoded;
+  const int width = (record.JPGWidth + scale - 1) / scale;
+  const int height = (record.JPGHeight + scale - 1) / scale;
+  const int step = (width * 3 + 3) / 4 * 4;
+  decoded.bytes.assign(static_cast<std::size_t>(step * height), 0xA5);
+  record.DIBBytes = decoded.bytes.data();
+  record.DIBWidth = width;
+  record.DIBHeight = -height;
+  record.DIBPadBytes = step - width * 3;
+  decoded.status = codec.ijlRead(record, mode);
+  return decoded;
+}
+
+class DecodeAheadTest : public ::testing::Test {
+ protected:
+  static std::span<const std::uint8_t> Bytes(const std::string& text) {
+    return {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()};
+  }
+  std::string Write(const std::string& name, const std::string& bytes) {
+    drive.Write("C:\\" + name, bytes);
+    return "C:\\" + name;
+  }
+  void Prepare(const std::vector<std::string>& paths, int scale) {
+    ahead.Expect(Strip, paths, scale);
+    ahead.Settle();
+  }
+
+  TemporaryDrive drive;
+  FaultyFiles files{drive.DriveFiles()};
+  DecodeAhead ahead{files};
+};
+
+TEST_F(DecodeAheadTest, NoThreadStartsBeforeAPhotoIsExpected) {
+  EXPECT_TRUE(ahead.IsReady("C:\\a.jpg", 8));
+  ahead.Expect(Strip, {}, 8);
+  ahead.Expect(Strip, {Write("small.jpg", JpegPhoto(64, 48)), "C:\\none.jpg"}, 8);
+  EXPECT_EQ(ahead.ThreadsStarted(), 0u);
+  ahead.Expect(Strip, {Write("a.jpg", LongJpeg(1))}, 8);
+  EXPECT_GE(ahead.ThreadsStarted(), 1u);
+  EXPECT_LE(ahead.ThreadsStarted(), std::max(1u, std::thread::hardware_concurrency()));
+}
+
+TEST_F(DecodeAheadTest, APreparedPhotoIsTheSameToTheLastByteAtEachScale) {
+  TurboJpegCodec plain(files);
+  TurboJpegCodec codec(files, &ahead);
+  const std::string jpeg = LongJpeg(1);
+  ASSERT_GE(jpeg.size(), static_cast<std::size_t>(DecodeAhead::ShortestFile));
+  const std::string path = Write("a.jpg", jpeg);
+  const std::vector<std::pair<int, int>> modes = {
+      {1, ijl::BufferReadWhole}, {2, ijl::BufferReadHalf}, {4, ijl::BufferReadQuarter}, {8, ijl::BufferReadEighth}};
+  for (const auto& [scale, mode] : modes) {
+    Prepare({path}, scale);
+    EXPECT_EQ(Read(codec, jpeg, scale, mode), Read(plain, jpeg, scale, mode)) << scale;
+    EXPECT_FALSE(ahead.Take(Bytes(jpeg), scale)) << "it was not what served";
+  }
+}
+
+TEST_F(DecodeAheadTest, AGreyPhotoIsPreparedInColour) {
+  TurboJpegCodec plain(files);
+  TurboJpegCodec codec(files, &ahead);
+  const std::string jpeg = LongJpeg(2, {.channels = 1, .quality = 100});
+  ASSERT_GE(jpeg.size(), static_cast<std::size_t>(DecodeAhead::ShortestFile));
+  Prepare({Write("grey.jpg", jpeg)}, 8);
+  EXPECT_EQ(Read(codec, jpeg, 8, ijl::BufferReadEighth), Read(plain, jpeg, 8, ijl::BufferReadEighth));
+  EXPECT_FALSE(ahead.Take(Bytes(jpeg), 8));
+}
+
+TEST_F(DecodeAheadTest, OnlyTheSameBytesAndScaleAreServedAndOnlyOnce) {
+  const std::string jpeg = LongJpeg(3);
+  Prepare({Write("a.jpg", jpeg)}, 8);
+  std::string other = jpeg;
+  other.back() = static_cast<char>(other.back() ^ 1);
+  EXPECT_FALSE(ahead.Take(Bytes(other), 8));
+  EXPECT_FALSE(ahead.Take(Bytes(jpeg).first(jpeg.size() - 1), 8));
+  EXPECT_FALSE(ahead.Take(Bytes(jpeg), 4));
+  const std::optional<ReducedRows> rows = ahead.Take(Bytes(jpeg), 8);
+  ASSERT_TRUE(rows);
+  EXPECT_EQ(rows->width, 101);
+  EXPECT_EQ(rows->height, 76);
+  EXPECT_FALSE(ahead.Take(Bytes(jpeg), 8));
+}
+
+TEST_F(DecodeAheadTest, AFileChangedAfterwardsIsDecodedAnew) {
+  TurboJpegCodec plain(files);
+  TurboJpegCodec codec(files, &ahead);
+  Prepare({Write("a.jpg", LongJpeg(4))}, 8);
+  const std::string changed = LongJpeg(5);
+  EXPECT_EQ(Read(codec, changed, 8, ijl::BufferReadEighth), Read(plain, changed, 8, ijl::BufferReadEighth));
+}
+
+TEST_F(DecodeAheadTest, AMisdescribedSurfaceIsStillRefused) {
+  TurboJpegCodec codec(files, &ahead);
+  const std::string jpeg = LongJpeg(6);
+  Prepare({Write("a.jpg", jpeg)}, 8);
+  JPEG_CORE_PROPERTIES record;
+  std::vector<std::uint8_t> bytes(100 * 76 * 3, 0xA5);
+  record.JPGBytes = Bytes(jpeg).data();
+  record.JPGSizeBytes = static_cast<std::int32_t>(jpeg.size());
+  record.DIBBytes = bytes.data();
+  record.DIBWidth = 100;
+  record.DIBHeight = 76;
+  EXPECT_EQ(codec.ijlRead(record, ijl::BufferReadEighth), jpeg::Mismatch);
+}
+
+TEST_F(DecodeAheadTest, WhatCannotBePreparedIsReadyAtOnceOrSoonAndServesNothing) {
+  std::string cut = LongJpeg(7);
+  cut.resize(cut.size() / 2);
+  std::string broken = LongJpeg(8);
+  broken.replace(2, 400000, 400000, 'x');
+  const std::vector<std::string> texts = {std::string(600000, 'x'), broken, JpegPhoto(64, 48)};
+  std::vector<std::string> paths = {"C:\\none.jpg", "C:\\"};
+  for (std::size_t i = 0; i < texts.size(); ++i) paths.push_back(Write(std::to_string(i) + ".jpg", texts[i]));
+  Prepare(paths, 8);
+  for (const std::string& path : paths) EXPECT_TRUE(ahead.IsReady(path, 8)) << path;
+  for (const std::string& text : texts) EXPECT_FALSE(ahead.Take(Bytes(text), 8));
+}
+
+TEST_F(DecodeAheadTest, InksAreLeftToTheDecodeThatRefusesThem) {
+  TurboJpegCodec codec(files, &ahead);
+  const std::string jpeg = LongJpeg(9, {.channels = 4, .quality = 100});
+  Prepare({Write("inks.jpg", jpeg)}, 8);
+  EXPECT_EQ(Read(codec, jpeg, 8, ijl::BufferReadEighth).status, jpeg::Mismatch);
+}
+
+TEST_F(DecodeAheadTest, WhatIsNoLongerExpectedIsLetGo) {
+  const std::string a = LongJpeg(10), b = LongJpeg(11);
+  const std::string pathA = Write("a.jpg", a), pathB = Write("b.jpg", b);
+  Prepare({pathA, pathB}, 8);
+  Prepare({pathB}, 8);
+  EXPECT_FALSE(ahead.Take(Bytes(a), 8));
+  EXPECT_TRUE(ahead.Take(Bytes(b), 8));
+}
+
+TEST_F(DecodeAheadTest, ReadersDoNotDisturbEachOther) {
+  const std::string a = LongJpeg(12);
+  const std::string path = Write("a.jpg", a);
+  ahead.Expect(Strip, {path}, 8);
+  ahead.Expect(Folder, {path}, 8);
+  ahead.Expect(Strip, {}, 8);
+  ahead.Settle();
+  EXPECT_TRUE(ahead.Take(Bytes(a), 8));
+  EXPECT_TRUE(ahead.IsReady(path, 8));
+}
+
+TEST_F(DecodeAheadTest, AnOutdatedScaleIsReplacedByTheOneExpectedNow) {
+  const std::string a = LongJpeg(13);
+  const std::string path = Write("a.jpg", a);
+  ahead.Expect(Strip, {path}, 4);
+  Prepare({path}, 8);
+  EXPECT_FALSE(ahead.Take(Bytes(a), 4));
+  EXPECT_TRUE(ahead.Take(Bytes(a), 8));
+  ahead.Expect(Strip, {path}, 3);
+  EXPECT_TRUE(ahead.IsReady(path, 3));
+}
+
+TEST_F(DecodeAheadTest, ItEndsInMidWork) {
+  std::vector<std::string> paths;
+  for (unsigned i = 0; i < 4; ++i) paths.push_back(Write(std::to_string(i) + ".jpg", LongJpeg(i)));
+  for (int round = 0; round < 20; ++round) {
+    DecodeAhead brief(files);
+    brief.Expect(Strip, paths, 1);
+    brief.Expect(Folder, {paths[round % 4]}, 8);
+  }
+}
+
+TEST_F(DecodeAheadTest, OfManyLongFilesOnlySomeAreHeld) {
+  std::vector<std::string> paths;
+  const std::string photo = LongJpeg(20);
+  std::string longFile = photo;
+  longFile.resize(20 * 1024 * 1024, 'x');  // what follows the picture is no matter
+  for (int i = 0; i < 4; ++i) paths.push_back(Write(std::to_string(i) + ".jpg", longFile));
+  Prepare(paths, 8);
+  int held = 0;
+  while (ahead.Take(Bytes(longFile), 8)) ++held;
+  EXPECT_EQ(held, 2);
+  longFile.resize(static_cast<std::size_t>(DecodeAhead::LongestFile) + 1, 'x');
+  Prepare({Write("longest.jpg", longFile)}, 8);
+  EXPECT_FALSE(ahead.Take(Bytes(longFile), 8));
+}
+
+}  // namespace
+}  // namespace pixorra
