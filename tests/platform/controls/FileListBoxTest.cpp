@@ -18,7 +18,7 @@ class FileListBoxTest : public ModelTest {
   FileListBoxTest() {
     drive.MakeFolder("C:\\Photos");
     drive.MakeFolder("C:\\Empty");
-    for (const char* name : {"b.JPG", "A.jpg", "c.txt", "a2.jpg"}) drive.Write(std::string("C:\\Photos\\") + name, "x");
+    for (const char* name : {"B.JPG", "a.jpg", "c.txt", "A2.jpg"}) drive.Write(std::string("C:\\Photos\\") + name, "x");
     list.SetPattern("*.jpg");
     list.On().PathChange = [this](Control&) { Log("path " + list.Path() + " " + std::to_string(list.ListCount())); };
   }
@@ -34,13 +34,13 @@ class FileListBoxTest : public ModelTest {
 
 TEST_F(FileListBoxTest, ListsAFolderSortedWithCaseIgnored) {
   list.SetPath("C:\\Photos");
-  EXPECT_THAT(All(list), ElementsAre("A.jpg", "a2.jpg", "b.JPG"));
+  EXPECT_THAT(All(list), ElementsAre("a.jpg", "A2.jpg", "B.JPG"));
 }
 
 TEST_F(FileListBoxTest, NamesThatDifferInCaseAloneBothStand) {
-  drive.Write("C:\\Photos\\a.jpg", "x");
+  drive.Write("C:\\Photos\\A.JPG", "x");
   list.SetPath("C:\\Photos");
-  EXPECT_THAT(All(list), ElementsAre("A.jpg", "a.jpg", "a2.jpg", "b.JPG"));
+  EXPECT_THAT(All(list), ElementsAre("A.JPG", "a.jpg", "A2.jpg", "B.JPG"));
 }
 
 TEST_F(FileListBoxTest, PathChangeComesWithADifferentPathOnlyAndSeesItsFiles) {

@@ -87,6 +87,17 @@ TEST_F(TimerTest, MissedTicksAreDropped) {
   EXPECT_THAT(Heard(), ElementsAre("tick 650", "tick 750"));
 }
 
+TEST_F(TimerTest, OfThoseThatAreLateTheOneDueFirstTicksFirst) {
+  Timer other(form, "Other", 60);
+  other.On().Timer = [this](Control&) { Log("other"); };
+  timer.On().Timer = [this](Control&) { Log("timer"); };
+  timer.SetEnabled(true);
+  other.SetEnabled(true);
+  platform.clock.AdvanceTo(0.11);
+  toolkit.DoEvents();
+  EXPECT_THAT(Heard(), ElementsAre("other", "timer"));
+}
+
 TEST_F(TimerTest, TickThatIsLateByLessThanAnIntervalKeepsTheBeat) {
   timer.SetEnabled(true);
   platform.clock.AdvanceTo(0.13);

@@ -184,6 +184,18 @@ TEST_F(PersonTest, PopupMenuGivesTheExpectedItemWhenItIsClosed) {
   EXPECT_THAT(heard, ElementsAre("open", "rename", "after"));
 }
 
+TEST_F(PersonTest, PopupMenuIsClosedByTheFirstChoice) {
+  KeepSurprises();
+  MenuItem popup(form, "FolderPopup", "Folder");
+  MenuItem rename(popup, "RenameItem", "Rename");
+  person.ExpectMenu(popup, [&] {
+    person.ChooseFromPopup(rename);
+    person.ChooseFromPopup(rename);
+  });
+  form.PopupMenu(popup);
+  EXPECT_THAT(Surprises(), ElementsAre("menu item RenameItem is in no menu that is up"));
+}
+
 TEST_F(PersonTest, PopupMenuThatNobodyExpectedIsASurprise) {
   KeepSurprises();
   MenuItem popup(form, "FolderPopup", "Folder");
