@@ -2,6 +2,7 @@
 #include "tests/support/FaultyFiles.h"
 
 #include <algorithm>
+#include <csignal>
 #include <cstddef>
 #include <utility>
 
@@ -30,6 +31,11 @@ class FaultyFile : public File {
     std::int64_t& room = files_.room_;
     const bool fits = room < 0 || count <= static_cast<std::size_t>(room);
     const std::size_t written = fits ? count : static_cast<std::size_t>(room);
+    files_.AboutToChange();
+    if (files_.writesToDeath_ > 0 && --files_.writesToDeath_ == 0) {
+      inner_->WriteAt(offset, from, written / 2);
+      std::raise(SIGKILL);
+    }
     inner_->WriteAt(offset, from, written);
     if (room >= 0) room -= static_cast<std::int64_t>(written);
     if (!fits) throw RuntimeError(error::DiskFull);
@@ -37,6 +43,7 @@ class FaultyFile : public File {
 
   void Flush() override {
     Check(FileCall::Flush);
+    files_.AboutToChange();
     inner_->Flush();
   }
 
@@ -56,6 +63,10 @@ class FaultyFile : public File {
 };
 
 FaultyFiles::FaultyFiles(Files& inner) : inner_(inner) {}
+
+void FaultyFiles::AboutToChange() {
+  if (changesToDeath_ > 0 && --changesToDeath_ == 0) std::raise(SIGKILL);
+}
 
 void FaultyFiles::FailNth(FileCall call, int n, int number, const std::string& where) {
   faults_.push_back({call, std::max(n, 1), false, number, where});
@@ -125,6 +136,7 @@ std::optional<int> FaultyFiles::Attributes(const std::string& path) {
 
 void FaultyFiles::SetAttributes(const std::string& path, int attributes) {
   Check(FileCall::SetAttributes, path);
+  AboutToChange();
   inner_.SetAttributes(path, attributes);
 }
 
@@ -147,32 +159,38 @@ std::int64_t FaultyFiles::Length(const std::string& path) {
 
 std::unique_ptr<File> FaultyFiles::Open(const std::string& path, OpenMode mode) {
   Check(mode == OpenMode::Read ? FileCall::OpenToRead : FileCall::OpenToWrite, path);
+  if (mode != OpenMode::Read) AboutToChange();
   return std::make_unique<FaultyFile>(*this, path, inner_.Open(path, mode));
 }
 
 void FaultyFiles::Delete(const std::string& path) {
   Check(FileCall::Delete, path);
+  AboutToChange();
   inner_.Delete(path);
 }
 
 void FaultyFiles::Rename(const std::string& from, const std::string& to) {
   Check(FileCall::Rename, from);
   if (IsAway(to)) throw RuntimeError(error::PathNotFound);
+  AboutToChange();
   inner_.Rename(from, to);
 }
 
 void FaultyFiles::MakeFolder(const std::string& path) {
   Check(FileCall::MakeFolder, path);
+  AboutToChange();
   inner_.MakeFolder(path);
 }
 
 void FaultyFiles::RemoveFolder(const std::string& path) {
   Check(FileCall::RemoveFolder, path);
+  AboutToChange();
   inner_.RemoveFolder(path);
 }
 
 void FaultyFiles::FlushFolder(const std::string& path) {
   Check(FileCall::FlushFolder, path);
+  AboutToChange();
   inner_.FlushFolder(path);
 }
 
@@ -182,7 +200,9 @@ std::optional<CalendarTime> FaultyFiles::LastWriteTime(const std::string& path) 
 }
 
 bool FaultyFiles::SetTimes(const std::string& path, const CalendarTime& time) {
-  return Strike(FileCall::SetTimes, path) == 0 && !IsAway(path) && inner_.SetTimes(path, time);
+  if (Strike(FileCall::SetTimes, path) != 0 || IsAway(path)) return false;
+  AboutToChange();
+  return inner_.SetTimes(path, time);
 }
 
 std::string FaultyFiles::FolderPath(const std::string& path) {

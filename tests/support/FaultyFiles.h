@@ -47,6 +47,11 @@ class FaultyFiles : public Files {
   void FillDiskAfter(std::int64_t bytes);
   // Nothing at this path or below it can be seen or made any more: 53 and 76. Open files there fail with 57.
   void TakeAway(const std::string& folder);
+  // The process is killed right before the n-th call from now on that changes the disk, opening to write and flushing
+  // included.
+  void DieBeforeChange(int n) { changesToDeath_ = n; }
+  // The process is killed when half of the n-th write's bytes are written.
+  void DieInWrite(int n) { writesToDeath_ = n; }
   // No fault is armed any more.
   void Heal();
   // So many calls were made since the start, failed ones included.
@@ -88,11 +93,15 @@ class FaultyFiles : public Files {
   // Raises what Strike tells; 53 for a path taken away, 76 for one whose folder is.
   void Check(FileCall call, const std::string& path);
   bool IsAway(const std::string& path) const;
+  // Every call that changes the disk comes by here first.
+  void AboutToChange();
 
   Files& inner_;
   std::vector<Fault> faults_;
   std::map<FileCall, int> counts_;
   std::vector<std::string> away_;
+  int changesToDeath_ = 0;  // 0 never
+  int writesToDeath_ = 0;
   std::int64_t room_ = -1;  // bytes that can still be written, below 0 any number
 };
 
