@@ -77,8 +77,7 @@ std::string ChooseDestination(MainForm& main, const Drop& drop, const std::strin
   destination = JoinPath(drop.Folder, name);
   while (files.NameTaken(destination)) {
     destination = RenameNewPhoto(main, destination);
-    if (destination.empty() || !StillStands(main, drop)) return {};
-    if (!main.host.toolkit.WaitFor(RenamePause) || !StillStands(main, drop)) return {};
+    if (destination.empty() || !main.host.toolkit.WaitFor(RenamePause) || !StillStands(main, drop)) return {};
   }
   return destination;
 }

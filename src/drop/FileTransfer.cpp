@@ -4,6 +4,7 @@
 
 #include "core/MainForm.h"
 #include "core/Routines.h"
+#include "drop/FileBuffer.h"
 #include "drop/FileDateTime.h"
 #include "platform/runtime/Errors.h"
 #include "platform/runtime/Numbers.h"
@@ -19,12 +20,13 @@ std::size_t SizeOfArrayFor(std::int64_t length) {
   return static_cast<std::size_t>(CLng(static_cast<double>(length)));
 }
 
-void CopyBytes(MainForm& main, const std::string& source, const std::string& destination) {
-  Files& files = main.host.files;
+}  // namespace
+
+void CopyFileBytes(Files& files, FileBuffer& buffer, const std::string& source, const std::string& destination) {
   // The destination is made first: a source that cannot be read leaves it empty.
   const std::unique_ptr<File> to = files.Open(destination, OpenMode::ReadWrite);
   const std::size_t length = SizeOfArrayFor(files.Length(source));
-  std::uint8_t* const bytes = main.drop.copyBuffer.Sized(length);
+  std::uint8_t* const bytes = buffer.Sized(length);
   std::unique_ptr<File> from = files.Open(source, OpenMode::Read);
   // A source that has become shorter meanwhile must not pass for a whole photo.
   if (from->ReadAt(0, bytes, length) != length) throw RuntimeError(error::PastEndOfFile);
@@ -33,11 +35,9 @@ void CopyBytes(MainForm& main, const std::string& source, const std::string& des
   from.reset();
 }
 
-}  // namespace
-
 void CopyPhotoFile(MainForm& main, const std::string& source, const std::string& destination) {
   Files& files = main.host.files;
-  CopyBytes(main, source, destination);
+  CopyFileBytes(files, main.drop.copyBuffer, source, destination);
   files.FlushFolder(ParentPathOf(destination));
   if (main.preferences.KeepDateCheckBox.Value() != 1) return;
   SetFileDate(files, main.host.clock, destination, GetFileDate(files, source));

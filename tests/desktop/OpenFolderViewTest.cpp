@@ -123,6 +123,7 @@ TEST_F(OpenFolderViewTest, AfterADeleteTheNextPhotoIsFoundWhereverItSorts) {
   Open("A", 3);
   drive.Remove(Folder("A") + "\\p001.bmp");
   DeleteDestThumbnail(main, 1);
+  EXPECT_EQ(NextDestThumbFile(main), "");
   AddPhoto(Folder("A"), 0);
   AddPhoto(Folder("A"), 9);
   desk.DestFileList.Refresh();

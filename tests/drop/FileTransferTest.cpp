@@ -1,6 +1,7 @@
 // Copying a photo: its bytes, its date, and what is left when something fails.
 #include <gtest/gtest.h>
 
+#include "drop/FileBuffer.h"
 #include "drop/FileTransfer.h"
 #include "platform/runtime/Errors.h"
 #include "tests/support/headless/ProgramTest.h"
@@ -140,6 +141,27 @@ TEST_F(FileTransferTest, OneBufferServesCopiesOfAllSizes) {
 TEST_F(FileTransferTest, ACopyIntoTheRootOfADriveIsFlushedThereToo) {
   CopyPhotoFile(main, Source, "C:\\root.jpg");
   EXPECT_EQ(drive.Read("C:\\root.jpg"), Bytes);
+}
+
+// Files of which one becomes shorter as soon as its length has been told.
+class ShrinkingFiles : public FaultyFiles {
+ public:
+  explicit ShrinkingFiles(TemporaryDrive& drive) : FaultyFiles(drive.DriveFiles()), drive_(drive) {}
+  std::int64_t Length(const std::string& path) override {
+    const std::int64_t length = FaultyFiles::Length(path);
+    drive_.Write(path, "short");
+    return length;
+  }
+
+ private:
+  TemporaryDrive& drive_;
+};
+
+TEST_F(FileTransferTest, ASourceThatBecomesShorterMeanwhileDoesNotPassForAWholePhoto) {
+  ShrinkingFiles files(drive);
+  FileBuffer buffer;
+  EXPECT_EQ(ErrorsIgnored([&] { CopyFileBytes(files, buffer, Source, Copy); }), error::PastEndOfFile);
+  EXPECT_EQ(drive.Read(Copy), "");
 }
 
 }  // namespace
