@@ -3,25 +3,13 @@
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
-#include <ctime>
 #include <thread>
 
 #include "bench/BenchRun.h"
+#include "bench/Timing.h"
 
 namespace pixorra {
 namespace {
-
-double Now(clockid_t clock) {
-  timespec time{};
-  clock_gettime(clock, &time);
-  return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) / 1e9;
-}
-
-double Median(std::vector<double> values) {
-  if (values.empty()) return 0;
-  std::sort(values.begin(), values.end());
-  return values[values.size() / 2];
-}
 
 void Load(const char* title, TemporaryDrive& drive, DecodeAhead* ahead) {
   BenchRun run(drive, ahead);
