@@ -32,7 +32,7 @@ std::string TemporaryFile(MainForm& main) {
 
 // `folder` has no trailing backslash. A camera's memory is never written to.
 std::string CachePath(MainForm& main, const std::string& folder) {
-  if (folder == main.strip.CameraLocation) return InProgramFolder(main, "\\CameraThumbs.tmp");
+  if (folder == StripTrailingBackslash(main.strip.CameraLocation)) return InProgramFolder(main, "\\CameraThumbs.tmp");
   return folder + "\\Thumbnails.tmp";
 }
 
