@@ -84,6 +84,7 @@ void AddSrcSlot(MainForm& main, const std::string& path) {
   ImageBox& thumbnail = strip.SrcThumbnail.Load(slot);
   strip.SrcBackground.Load(slot);
   Label& name = strip.SrcThumbName.Load(slot);
+  const int pageBase = strip.SrcPageBase;
   PlaceBackground(strip, slot, strip.SrcShownCount);
   bool bDragged = false;
   PaintThumbnail(main, thumbnail, path, bDragged);
@@ -92,6 +93,7 @@ void AddSrcSlot(MainForm& main, const std::string& path) {
   PlaceThumbnail(strip, slot);
   // The slot does not count yet: a bar that moves now arranges the others alone.
   FitSrcCanvas(strip, slot, strip.SrcShownCount);
+  if (pageBase != strip.SrcPageBase) PlaceSrcSlot(strip, slot, strip.SrcShownCount);
   strip.SrcSlotCount = slot;
   ++strip.SrcShownCount;
   SetSrcSlotPath(strip, slot, path);

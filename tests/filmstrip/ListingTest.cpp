@@ -142,19 +142,23 @@ TEST_F(ListingTest, AStripAfterALongerOneBeginsAtItsStart) {
   EXPECT_EQ(OnScreen(run, 1), 0);
 }
 
-TEST_F(ListingTest, ABarThatMovesWhileASlotComesUpLeavesTheSlotShown) {
-  WriteEmpty(12);
+TEST_F(ListingTest, APageThatTurnsWhileASlotComesUpLeavesTheSlotInItsPlace) {
+  WriteEmpty(56);
   ProgramRun& run = LoadedStrip();
-  // A wider window shortens the bar's range below its value.
-  run.person.MoveBar(run.main.strip.SrcScrollbar, 350);
-  run.main.strip.SrcThumbsWindow.SetWidth(900);
+  FilmStripState& strip = run.main.strip;
+  run.person.MoveBar(strip.SrcScrollbar, 2410);
+  ASSERT_EQ(strip.SrcPageBase, 50);
+  // A wider window shortens the bar's range below its value, and below the page.
+  strip.SrcThumbsWindow.SetWidth(900);
   drive.Write(PathOf("later.bmp"), "");
-  run.main.strip.SrcFileList.Refresh();
+  strip.SrcFileList.Refresh();
   run.LoadAll();
-  EXPECT_LT(run.main.strip.SrcScrollbar.Value(), 350);
-  EXPECT_EQ(run.main.strip.SrcShownCount, 13);
-  EXPECT_TRUE(run.main.strip.SrcThumbnail(13).Visible());
-  EXPECT_EQ(run.main.strip.SrcBackground(13).Left(), 13 * 97);
+  EXPECT_EQ(strip.SrcScrollbar.Value(), 2326);
+  EXPECT_EQ(strip.SrcPageBase, 0);
+  EXPECT_EQ(strip.SrcShownCount, 57);
+  EXPECT_TRUE(strip.SrcThumbnail(57).Visible());
+  EXPECT_EQ(OnScreen(run, 57), 56 * 97 - 2 * 2326);
+  EXPECT_EQ(strip.SrcThumbnail(57).Left(), strip.SrcBackground(57).Left() + 10);
 }
 
 TEST_F(ListingTest, ADeadSlotKeepsItsNumberAndItsPhotoIsLookedForAgain) {
