@@ -91,6 +91,7 @@ TEST_F(PaintingTest, ASixteenToNinePhotoHasButtonFaceBarsAboveAndBelow) {
   EXPECT_EQ(RowsOf(picture, Face), 14);
   EXPECT_EQ(RowsOf(picture, Red), 44);
   EXPECT_EQ(At(picture, 40, 6), Face);
+  EXPECT_EQ(At(picture, 40, 7), 0x006060E0U);
   EXPECT_EQ(At(picture, 40, 8), Red);
 }
 

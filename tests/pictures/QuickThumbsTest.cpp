@@ -45,6 +45,16 @@ class QuickThumbsTest : public ProgramTest {
   HandRecord HandMade(int number) {
     return {.Thumbnail = ThumbnailBytes(number), .Name = "IMG_1.JPG", .Length = 1234, .Date = NoonValue};
   }
+  // 400 photos, each with its number as thumbnail.
+  void WriteLargeCache() {
+    std::string bytes;
+    for (int i = 0; i < 400; ++i) {
+      HandRecord record = HandMade(i);
+      record.Name = "IMG_" + std::to_string(i) + ".JPG";
+      bytes += HandBytes(record);
+    }
+    drive.Write(Cache, bytes);
+  }
   std::size_t CacheSize() { return drive.Read(Cache).size(); }
 
   ProgramRun& run = NewRun();
@@ -369,13 +379,7 @@ TEST_F(QuickThumbsTest, AFileReplacedWithinTheSameMomentIsNotTakenForTheOldOne) 
 }
 
 TEST_F(QuickThumbsTest, ALookUpReadsOneRecordHoweverManyThereAre) {
-  std::string bytes;
-  for (int i = 0; i < 400; ++i) {
-    HandRecord record = HandMade(i);
-    record.Name = "IMG_" + std::to_string(i) + ".JPG";
-    bytes += HandBytes(record);
-  }
-  drive.Write(Cache, bytes);
+  WriteLargeCache();
   WritePhoto("C:\\Photos\\IMG_399.JPG", 1234);
   EXPECT_EQ(Read("C:\\Photos\\IMG_399.JPG"), 399);
   const int before = run.files.Count(FileCall::Read);
@@ -384,6 +388,20 @@ TEST_F(QuickThumbsTest, ALookUpReadsOneRecordHoweverManyThereAre) {
   EXPECT_EQ(Read("C:\\Photos\\IMG_399.JPG"), 399);
   EXPECT_TRUE(bDragged);
   EXPECT_LE(run.files.Count(FileCall::Read) - before, 12);
+}
+
+TEST_F(QuickThumbsTest, NewPhotosAreAddedWithoutReadingTheOldOnesAnew) {
+  WriteLargeCache();
+  EXPECT_EQ(Read(Photo), 1);
+  const int before = run.files.Count(FileCall::Read);
+  for (int i = 1; i <= 5; ++i) {
+    const std::string path = "C:\\Photos\\new" + std::to_string(i) + ".jpg";
+    WritePhoto(path, 10);
+    EXPECT_EQ(Read(path), -1);
+    Add(path, i);
+    EXPECT_EQ(Read(path), i);
+  }
+  EXPECT_LE(run.files.Count(FileCall::Read) - before, 30);
 }
 
 TEST_F(QuickThumbsTest, MoreFoldersThanAreRememberedAreAllFound) {
