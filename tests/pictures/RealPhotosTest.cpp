@@ -1,0 +1,80 @@
+// Real picture files, whole and broken, through the loader and the thumbnails' painting. They are where PIXORRA_PHOTOS
+// tells, else in "shared/photos" beside the source tree; without them there is nothing to try.
+#include <algorithm>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <gtest/gtest.h>
+#include <iterator>
+
+#include "pictures/Painting.h"
+#include "pictures/PictureLoader.h"
+#include "tests/support/headless/ProgramTest.h"
+
+namespace pixorra {
+namespace {
+
+namespace fs = std::filesystem;
+
+std::vector<fs::path> AllPhotos() {
+  const char* named = std::getenv("PIXORRA_PHOTOS");
+  const fs::path folder =
+      named != nullptr ? fs::path(named) : (fs::path(PIXORRA_TEST_DATA) / "../../../shared/photos").lexically_normal();
+  std::vector<fs::path> photos;
+  std::error_code none;
+  for (const auto& entry : fs::recursive_directory_iterator(folder, none)) {
+    const std::string kind = entry.path().extension();
+    if (entry.is_regular_file() && kind != ".tsv" && kind != ".md") photos.push_back(entry.path());
+  }
+  std::sort(photos.begin(), photos.end());
+  return photos;
+}
+
+using RealPhotosTest = ProgramTest;
+
+TEST_F(RealPhotosTest, EveryFileIsShownOrRefusedByBothRoutesAndNoneIsTouched) {
+  const std::vector<fs::path> photos = AllPhotos();
+  if (photos.empty()) GTEST_SKIP() << "no photos at hand";
+  ProgramRun& run = NewRun();
+  run.platform.surprises.OnSurprise = [](const std::string& text) {
+    EXPECT_TRUE(text.starts_with("unexpected box \"Intel(R) JPEG Library\"")) << text;
+  };
+  MainForm& main = run.main;
+  drive.MakeFolder("C:\\Program");
+  ImageBox& direct = main.strip.SrcThumbnail.Load(1);
+  ImageBox& fast = main.strip.SrcThumbnail.Load(2);
+  ImageBox& thumbnail = main.strip.SrcThumbnail.Load(3);
+  thumbnail.SetStretch(true);
+  thumbnail.Move(0, 0, 80, 60);
+  int shown = 0;
+  for (const fs::path& photo : photos) {
+    SCOPED_TRACE(photo.string());
+    std::ifstream in(photo, std::ios::binary);
+    const std::string bytes{std::istreambuf_iterator<char>(in), {}};
+    const std::string path = "C:\\Photos\\" + std::to_string(shown % 2) + photo.extension().string();
+    drive.Write(path, bytes);
+    const int format = PictureFileFormat(run.files, path);
+    direct.SetPicture(Picture());
+    fast.SetPicture(Picture());
+    const bool directly = LoadPictureFile(main, path, direct, false);
+    const bool quickly = LoadPictureFile(main, path, fast, true);
+    EXPECT_FALSE(format == 0 && (directly || quickly));
+    EXPECT_EQ(directly, !direct.GetPicture().IsNothing());
+    EXPECT_EQ(quickly, !fast.GetPicture().IsNothing());
+    // Only JPEG files have a road of their own.
+    EXPECT_TRUE(directly || !quickly || format == 3);
+    bool bDragged = true;
+    PaintThumbnail(main, thumbnail, path, bDragged);
+    EXPECT_FALSE(thumbnail.GetPicture().IsNothing());
+    // Thumbnails come by the fast route, which refuses pictures of four channels.
+    EXPECT_EQ(thumbnail.GetPicture() == main.pictures.InvalidPicture, !quickly);
+    EXPECT_EQ(bDragged, !quickly);
+    if (quickly) ++shown;
+    EXPECT_TRUE(drive.Read(path) == bytes);
+    drive.Remove("C:\\Photos");
+  }
+  EXPECT_GT(shown, static_cast<int>(photos.size()) / 3);
+}
+
+}  // namespace
+}  // namespace pixorra
