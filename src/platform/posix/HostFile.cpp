@@ -99,9 +99,9 @@ std::unique_ptr<File> MakeHostFile(UniqueFd fd) {
   return std::make_unique<HostFile>(std::move(fd));
 }
 
-std::unique_ptr<File> OpenHostFile(const std::string& path, OpenMode mode) {
+std::unique_ptr<File> OpenHostFile(const std::string& path, OpenMode mode, bool seenOrdinary) {
   const bool reading = mode == OpenMode::Read;
-  const int unfit = CheckOrdinary(path, reading);
+  const int unfit = seenOrdinary ? 0 : CheckOrdinary(path, reading);
   if (unfit != 0 && (reading || unfit != ENOENT)) RaiseHostError(unfit);
   UniqueFd fd = OpenWithFlags(path, reading ? O_RDONLY : O_RDWR | O_CREAT | O_NOFOLLOW);
   if (!fd) RaiseHostError(errno);

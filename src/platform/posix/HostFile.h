@@ -14,7 +14,8 @@ std::unique_ptr<File> MakeHostFile(UniqueFd fd);
 
 // Opens the ordinary file at a host path as `mode` tells. Nothing else is ever opened, so nothing waits and no device
 // stirs. Raises what the host's error stands for; 75 for what is no ordinary file and for a link in the writing modes.
-std::unique_ptr<File> OpenHostFile(const std::string& path, OpenMode mode);
+// `seenOrdinary`: the path itself has just been seen to be such a file, and need not be looked at again.
+std::unique_ptr<File> OpenHostFile(const std::string& path, OpenMode mode, bool seenOrdinary = false);
 
 // An existing ordinary file for reading and writing, for the sake of its times; no descriptor where it does not open.
 // With `throughLinks` a link to one counts too.

@@ -126,6 +126,7 @@ bool PosixFiles::IsSameFile(const std::string& a, const std::string& b) {
 std::int64_t PosixFiles::Length(const std::string& path) {
   const Located located = Find(path);
   MustExist(located);
+  if (S_ISREG(located.Entry.st_mode)) return located.Entry.st_size;
   struct stat entry {};
   if (stat(located.Path.Text().c_str(), &entry) != 0) RaiseFor(located.Path, errno);
   if (!S_ISREG(entry.st_mode)) throw RuntimeError(error::FileNotFound);
@@ -136,7 +137,8 @@ std::unique_ptr<File> PosixFiles::Open(const std::string& path, OpenMode mode) {
   const Located located = Find(path);
   MustNotBeRoot(located.Path);
   MustBeReachable(located);
-  return OpenHostFile(located.Path.Text(), mode);
+  const bool ordinary = located.Exists() && S_ISREG(located.Entry.st_mode);
+  return OpenHostFile(located.Path.Text(), mode, ordinary);
 }
 
 void PosixFiles::Delete(const std::string& path) {
