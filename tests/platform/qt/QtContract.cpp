@@ -17,7 +17,7 @@
 #include "platform/qt/QtDialogs.h"
 #include "platform/qt/QtPrinting.h"
 #include "tests/platform/contract/ContractPlatform.h"
-#include "tests/platform/qt/Hands.h"
+#include "tests/platform/qt/hands/Hands.h"
 
 namespace pixorra {
 namespace {

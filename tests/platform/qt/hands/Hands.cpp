@@ -1,4 +1,4 @@
-#include "tests/platform/qt/Hands.h"
+#include "tests/platform/qt/hands/Hands.h"
 
 #include <QAbstractItemView>
 #include <QAbstractSlider>

@@ -1,0 +1,47 @@
+// Everything that a program needs of its host, with real windows. What the desktop would do beside them (programs of
+// other makers, printers, keys of the system) is kept in memory, as on the headless stage.
+#pragma once
+
+#include "platform/controls/Toolkit.h"
+#include "platform/headless/HeadlessPrinting.h"
+#include "platform/headless/HeadlessRegistry.h"
+#include "platform/headless/HeadlessShell.h"
+#include "platform/headless/Script.h"
+#include "platform/headless/Surprises.h"
+#include "platform/posix/PosixClock.h"
+#include "platform/qt/QtArtwork.h"
+#include "platform/qt/QtBackend.h"
+#include "platform/qt/QtClipboard.h"
+#include "platform/qt/QtDialogs.h"
+#include "tests/support/qt/StagePerson.h"
+
+namespace pixorra {
+
+struct StagePlatform {
+  StagePlatform() {
+    backend.Attach(toolkit);
+    backend.SetErrorHandler([this](int number, const std::string& description) {
+      surprises.Report("an error that no handler wanted: " + std::to_string(number) + " " + description);
+    });
+  }
+  StagePlatform(const StagePlatform&) = delete;
+  StagePlatform& operator=(const StagePlatform&) = delete;
+
+  void Finish() { script.ReportUnmet(); }
+
+  Surprises surprises;
+  PosixClock clock;
+  Script script{surprises};
+  QtBackend backend;
+  Toolkit toolkit{backend};
+  QtDialogs dialogs{backend};
+  HeadlessPrinting printing{script, [] {}};
+  QtArtwork artwork{backend.Art()};
+  QtClipboard clipboard;
+  HeadlessShell shell;
+  HeadlessRegistry registry;
+  HeadlessSettings settings;
+  Person person{backend, script, surprises};
+};
+
+}  // namespace pixorra
