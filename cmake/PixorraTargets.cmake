@@ -30,6 +30,15 @@ if(PIXORRA_SANITIZE)
   target_compile_options(pixorra_flags INTERFACE -Wno-maybe-uninitialized)
 endif()
 
+option(PIXORRA_FUZZ "Targets for libFuzzer, with clang" OFF)
+if(PIXORRA_FUZZ)
+  if(NOT CMAKE_CXX_COMPILER_ID MATCHES "Clang")
+    message(FATAL_ERROR "PIXORRA_FUZZ needs clang")
+  endif()
+  add_compile_options(-fsanitize=fuzzer-no-link,address,undefined -fno-sanitize-recover=all -Wno-error)
+  add_link_options(-fsanitize=address,undefined)
+endif()
+
 # pixorra_sources(variable SUFFIXES suffix... DIRS folder...): the files of these folders, not of folders below them.
 function(pixorra_sources variable)
   cmake_parse_arguments(ARG "" "" "SUFFIXES;DIRS" ${ARGN})
