@@ -16,8 +16,8 @@ mkdir -p "$HOME/.config/pixorra"
 
 milliseconds() { echo $(($(date +%s%N) / 1000000)); }
 memory() { awk '/^Rss:/ { sum = $2 } END { printf "%.1f MiB", sum / 1024 }' "/proc/$program/smaps_rollup"; }
-shown() { xwininfo -root -tree | grep -q '"Pixorra - '; }
-page() { xwd -silent -root | cksum; }
+shown() { xwininfo -root -tree | grep -q '"Pixorra v'; }
+page() { import -silent -window root -depth 8 rgb:- | cksum; }
 
 begin=$(milliseconds)
 "$PIXORRA" &
