@@ -9,6 +9,8 @@
 #include "tests/fuzz/Entries.h"
 #include "tests/support/TestPictures.h"
 
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
+
 namespace pixorra {
 namespace {
 
@@ -91,6 +93,12 @@ TEST(FuzzReplay, Paths) {
          {"home\\anna\\Photos\\a.jpg", "..\\..\\etc\\passwd", "C:\\x:y\\z", "\\\\server\\share\\d",
           "a\xEF\x80\xBA\xFF\x80z", "\xEF\x81\x9C..\xEF\x81\x9C", "/home/anna", "."},
          5000);
+}
+
+TEST(FuzzReplay, ATargetTakesItsInputAndTellsSo) {
+  const std::string photo = JpegPhoto(8, 8);
+  EXPECT_EQ(LLVMFuzzerTestOneInput(reinterpret_cast<const std::uint8_t*>(photo.data()), photo.size()), 0);
+  EXPECT_EQ(LLVMFuzzerTestOneInput(nullptr, 0), 0);
 }
 
 }  // namespace

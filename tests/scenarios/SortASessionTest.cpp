@@ -126,7 +126,6 @@ TEST_F(SortASessionTest, DragMarkUnmarkShowWhatRemainsAndStartAgain) {
   run.person.DoubleClick(strip.SrcBackground(2));
   run.person.DoubleClick(strip.SrcThumbName(5));
   EXPECT_THAT(MarkedInCache(), ElementsAre(NameOf(1), NameOf(5)));
-
   run.person.Click(strip.RemainingOption);
   EXPECT_THAT(Shown(run), ElementsAre(2, 3, 4, 6));
   EXPECT_EQ(strip.SrcPicsCount.Caption(), "4 pics");
@@ -135,7 +134,6 @@ TEST_F(SortASessionTest, DragMarkUnmarkShowWhatRemainsAndStartAgain) {
   DragTo(run, strip.SrcThumbnail(3), 1);
   EXPECT_THAT(Shown(run), ElementsAre(2, 4, 6));
   EXPECT_THAT(In(Family), ElementsAre("Earlier.jpg", NameOf(1)));
-
   run.person.Click(strip.AutoScrollOption);
   EXPECT_EQ(Shown(run).size(), 6U);
   run.Wait(3);
