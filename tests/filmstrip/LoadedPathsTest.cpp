@@ -142,5 +142,21 @@ TEST_F(LoadedPathsTest, TheThousandthPhotoIsFoundInAsFewStepsAsTheFirst) {
   EXPECT_LE(looks, 1) << "a strip that is complete is not searched again";
 }
 
+TEST_F(LoadedPathsTest, TheMissingOnesComeInTheListsOrderAndNoMoreThanAskedFor) {
+  const auto missing = [this](int most) {
+    return paths.Missing(
+        list, [this](int place) -> const std::string& { return places[static_cast<std::size_t>(place)]; }, most);
+  };
+  EXPECT_TRUE(missing(3).empty());
+  WriteFiles({"a", "b", "c", "d", "e"});
+  Add("C:\\P\\a");
+  Add("C:\\P\\c");
+  EXPECT_EQ(missing(2), (std::vector<std::string>{"C:\\P\\b", "C:\\P\\d"}));
+  EXPECT_EQ(missing(9), (std::vector<std::string>{"C:\\P\\b", "C:\\P\\d", "C:\\P\\e"}));
+  EXPECT_EQ(Next(), "C:\\P\\b") << "asking passes nothing over";
+  AddAll();
+  EXPECT_TRUE(missing(3).empty());
+}
+
 }  // namespace
 }  // namespace pixorra
