@@ -40,8 +40,9 @@ bool FormWindow::event(QEvent* event) {
 }
 
 void FormWindow::closeEvent(QCloseEvent* event) {
-  event->ignore();
   if (peer_ != nullptr) peer_->PersonCloses();
+  // A form that has gone lets its window close, so that a session's end is not held up; any other keeps it.
+  event->setAccepted(peer_ == nullptr);
 }
 
 void FormWindow::resizeEvent(QResizeEvent*) {

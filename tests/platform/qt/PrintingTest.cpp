@@ -1,6 +1,8 @@
 // Documents printed to a PDF file, whose pages are read back: their number and size, and what stands on them where.
 #include <QFile>
+#include <QProcess>
 #include <QRegularExpression>
+#include <QStandardPaths>
 #include <QTemporaryDir>
 
 #include "platform/qt/Convert.h"
@@ -119,6 +121,47 @@ TEST_F(PrintingTest, PartOfAPictureIsStretchedAndABoxDrawn) {
   page.EndDoc();
   EXPECT_EQ(Pages().size(), 1U);
   EXPECT_TRUE(File().contains("/Subtype /Image"));
+}
+
+// A page of 72 dots to the inch: 20 twips a pixel, the printable area beginning 18 pixels from the edges.
+TEST_F(PrintingTest, WhatIsPrintedStandsWhereItShould) {
+  if (QStandardPaths::findExecutable("gs").isEmpty()) GTEST_SKIP() << "no program here renders pages";
+  Bitmap halves(20, 10, PixelFormat::Bgr24);
+  halves.Fill(0x0000FF);
+  for (int y = 0; y < 10; ++y) {
+    for (int x = 10; x < 20; ++x) halves.Row(y)[3 * x + 1] = 0xFF;
+  }
+  page.SetOrientation(2);
+  page.SetDrawWidth(static_cast<int>(110 / page.TwipsPerPixelX()));
+  page.SetFillStyle(1);
+  page.Box(2000, 1000, 6000, 4000, 0x00FF00);
+  page.PaintPicture(Picture(std::move(halves)), 8000, 1000, 4000, 3000, 150, 0, 150, 150);
+  page.SetFontName("Arial");
+  page.SetFontSize(20);
+  page.SetCurrentX(2000);
+  page.SetCurrentY(8000);
+  page.Print("HHHHHHHH");
+  page.EndDoc();
+  const QString image = folder.filePath("page.png");
+  ASSERT_EQ(QProcess::execute(
+                "gs", {"-q", "-dNOPAUSE", "-dBATCH", "-sDEVICE=png16m", "-r72", "-sOutputFile=" + image, Path()}),
+            0);
+  const QImage shown(image);
+  ASSERT_EQ(shown.size(), QSize(842, 595));
+  const auto at = [&](double x, double y) { return shown.pixelColor(18 + qRound(x / 20), 18 + qRound(y / 20)); };
+  EXPECT_EQ(at(2000, 2500), QColor(Qt::green));
+  EXPECT_EQ(at(6000, 2500), QColor(Qt::green));
+  EXPECT_EQ(at(4000, 4000), QColor(Qt::green));
+  EXPECT_EQ(at(4000, 2500), QColor(Qt::white)) << "a box is hollow";
+  EXPECT_EQ(at(1800, 2500), QColor(Qt::white));
+  EXPECT_EQ(at(7900, 2500), QColor(Qt::white));
+  EXPECT_NEAR(at(8200, 2500).green(), 255, 12) << "the picture's right half alone is printed";
+  EXPECT_NEAR(at(11800, 3800).red(), 255, 12);
+  EXPECT_EQ(at(12200, 2500), QColor(Qt::white));
+  int inked = 0;
+  for (double x = 2000; x < 4000; x += 20) inked += at(x, 8250).lightness() < 128 ? 1 : 0;
+  EXPECT_GT(inked, 10) << "the text's upper edge is where it was set";
+  for (double x = 2000; x < 4000; x += 20) EXPECT_EQ(at(x, 7900), QColor(Qt::white));
 }
 
 TEST_F(PrintingTest, NothingCannotBePainted) {

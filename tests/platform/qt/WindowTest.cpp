@@ -162,7 +162,7 @@ TEST_F(WindowTest, ClosingUnloadsTheForm) {
   Settle();
   bool unloaded = false;
   form.On().Unload = [&](Control&) { unloaded = true; };
-  WindowOf(form).close();
+  EXPECT_TRUE(WindowOf(form).close()) << "nothing may hold up the end of a session";
   EXPECT_TRUE(unloaded);
   EXPECT_FALSE(form.IsLoaded());
   EXPECT_EQ(form.GetPeer(), nullptr);
@@ -218,7 +218,7 @@ TEST_F(WindowTest, NestedModalFormsEndInTheirOrder) {
   Meanwhile([&] {
     EXPECT_TRUE(WindowOf(outer).isModal());
     EXPECT_FALSE(toolkit.TakesInput(form));
-    WindowOf(form).close();  // blocked: nothing happens
+    EXPECT_FALSE(WindowOf(form).close()) << "a modal form stands above it";
     EXPECT_TRUE(form.IsLoaded());
     Meanwhile([&] {
       EXPECT_TRUE(WindowOf(inner).isModal());
