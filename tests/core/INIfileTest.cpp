@@ -1,6 +1,7 @@
 // The saved state file against texts made by hand: written at the end of a run, read at the start of the next.
 #include <gtest/gtest.h>
 
+#include "core/INIfile.h"
 #include "desktop/FolderSlots.h"
 #include "desktop/OpenFolder.h"
 #include "tests/support/headless/ProgramTest.h"
@@ -344,6 +345,19 @@ TEST_F(INIfileTest, ThePreviousListHoldsAsManyEntriesAsItsCountTells) {
   for (const char* none : {"0", "-1", "32768", "4294967297", "many"}) {
     EXPECT_EQ(entriesWithCount(none), std::vector<std::string>()) << none;
   }
+}
+
+TEST_F(INIfileTest, EntriesThatAreReadTakeThePlaceOfThoseThatStoodThere) {
+  ProgramRun& run = Started();
+  run.main.strip.PreviousList.AddItem("C:\\old");
+  WriteSavedState(StateLines("", {}));
+  ReadSavedState(run.main);
+  EXPECT_EQ(PreviousEntries(run), std::vector<std::string>{"C:\\old"}) << "no entries: the list stays";
+  std::vector<std::string> lines = With(StateLines("", {}), 23, "1");
+  lines.push_back("\"C:\\new\"");
+  WriteSavedState(lines);
+  ReadSavedState(run.main);
+  EXPECT_EQ(PreviousEntries(run), std::vector<std::string>{"C:\\new"});
 }
 
 }  // namespace
