@@ -75,6 +75,13 @@ class ProgressPeer final : public PeerOf<QProgressBar, ProgressBar> {
   ProgressPeer(QtBackend& backend, ProgressBar& control) : PeerOf(backend, control, new QProgressBar) {
     Widget().setTextVisible(false);
   }
+  // Progress is of use while the work goes on: it is shown at once.
+  void Update(Change change) override {
+    NativePeer::Update(change);
+    if (change != Change::Refresh) return;
+    Flush();
+    if (Widget().isVisible()) Widget().repaint();
+  }
 
  private:
   void Mirror() override {

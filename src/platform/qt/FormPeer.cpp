@@ -1,5 +1,8 @@
 #include "platform/qt/FormPeer.h"
 
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QThread>
 #include <QWindow>
 
 #include "platform/qt/ClientArea.h"
@@ -17,6 +20,9 @@ namespace {
 
 // More pieces than this are repainted as the one rectangle around them.
 constexpr int MostPieces = 16;
+
+// How long a window may take to come to the screen where that is waited for, in milliseconds.
+constexpr int MostPatience = 300;
 
 int StateOf(const QWidget& window) {
   if (window.isMinimized()) return windowstate::Minimised;
@@ -53,9 +59,31 @@ FormPeer::~FormPeer() {
 }
 
 void FormPeer::Update(Change change) {
+  if (change == Change::Refresh && IsProgressWindow()) {
+    ShowNow();
+    return;
+  }
   if (change == Change::Menu) menuChanged_ = true;
   if (change == Change::Position || change == Change::State || change == Change::Visible) placeChanged_ = true;
   backend_.AtEndOfTurn().Add(*this);
+}
+
+// One that stands above another form without stopping it: it tells of work that lets no events run meanwhile.
+bool FormPeer::IsProgressWindow() const {
+  return form_.Owner() != nullptr && !form_.IsModal() && form_.Visible();
+}
+
+// Neither timers nor a person come in here: only what the window system needs to bring the window up.
+void FormPeer::ShowNow() {
+  const QPointer<FormWindow> window = window_;
+  backend_.AtEndOfTurn().RunAll();
+  QElapsedTimer waiting;
+  waiting.start();
+  while (window != nullptr && !window->windowHandle()->isExposed() && waiting.elapsed() < MostPatience) {
+    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents | QEventLoop::X11ExcludeTimers);
+    QThread::msleep(1);
+  }
+  if (window != nullptr) window->repaint();
 }
 
 void FormPeer::Invalidate(const Rect& rect) {

@@ -49,6 +49,8 @@ class FormPeer final : public Peer, public Pending {
   void ApplyPlace();
   void ApplyVisible();
   void SyncMenus();
+  bool IsProgressWindow() const;
+  void ShowNow();
   void ReportFrame();
   bool IsAsWished(QSize client) const;
   void FocusFirst();

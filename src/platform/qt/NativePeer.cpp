@@ -96,10 +96,6 @@ void NativePeer::Update(Change change) {
     case Change::Focus:
       widget_->setFocus(Qt::OtherFocusReason);
       break;
-    case Change::Refresh:
-      if (backend_.AtEndOfTurn().Holds(*this)) Flush();
-      if (widget_->isVisible()) widget_->repaint();
-      break;
     case Change::Look:
       ApplyLook();
       [[fallthrough]];

@@ -1,5 +1,4 @@
 // What a form paints is read back from its client area.
-#include <QPaintEvent>
 #include <QPainter>
 #include <QPalette>
 
@@ -32,20 +31,6 @@ int CountOf(const QImage& image, const QRect& within, const QColor& colour) {
   }
   return count;
 }
-
-// Counts the paint events of a widget, and the pixels that they were about.
-class PaintCounter final : public QObject {
- public:
-  explicit PaintCounter(QWidget& widget) { widget.installEventFilter(this); }
-  bool eventFilter(QObject*, QEvent* event) override {
-    if (event->type() != QEvent::Paint) return false;
-    ++Count;
-    Last = static_cast<QPaintEvent*>(event)->region().boundingRect();
-    return false;
-  }
-  int Count = 0;
-  QRect Last;
-};
 
 class PaintTest : public QtTest {
  protected:

@@ -4,6 +4,7 @@
 
 #include <QApplication>
 #include <QImage>
+#include <QPaintEvent>
 #include <QWidget>
 #include <functional>
 #include <gtest/gtest.h>
@@ -15,6 +16,20 @@
 #include "platform/qt/QtBackend.h"
 
 namespace pixorra {
+
+// Counts the paint events of a widget, and the pixels that they were about.
+class PaintCounter final : public QObject {
+ public:
+  explicit PaintCounter(QWidget& widget) { widget.installEventFilter(this); }
+  bool eventFilter(QObject*, QEvent* event) override {
+    if (event->type() != QEvent::Paint) return false;
+    ++Count;
+    Last = static_cast<QPaintEvent*>(event)->region().boundingRect();
+    return false;
+  }
+  int Count = 0;
+  QRect Last;
+};
 
 class QtTest : public ::testing::Test {
  protected:

@@ -1,7 +1,9 @@
 // A form's window: when it is seen, where it stands, and what a person does with its frame.
 #include <QWindow>
 
+#include "platform/controls/Label.h"
 #include "platform/controls/Menu.h"
+#include "platform/controls/Timer.h"
 #include "platform/runtime/Errors.h"
 #include "tests/platform/qt/QtTest.h"
 
@@ -178,6 +180,31 @@ TEST_F(WindowTest, AnOwnedFormStandsAboveItsOwner) {
   dialog.ShowOwned(&form);
   Settle();
   EXPECT_EQ(WindowOf(dialog).windowHandle()->transientParent(), WindowOf(form).windowHandle());
+}
+
+TEST_F(WindowTest, AProgressWindowShowsItsTextAtOnceAndLetsNothingIn) {
+  Form progress(toolkit, "ProgressForm");
+  progress.SetClientSize(100, 50);
+  Label text(progress, "Text");
+  text.Move(0, 0, 100, 50);
+  text.SetOpaque(true);
+  text.SetBackColor(0x0000FF);
+  Timer timer(form, "Timer", 1);
+  int ticks = 0;
+  timer.On().Timer = [&](Control&) { ++ticks; };
+  form.Show();
+  Settle();
+  timer.SetEnabled(true);
+  progress.ShowOwned(&form);
+  PaintCounter painted(ClientOf(progress));
+  text.Refresh();
+  EXPECT_TRUE(WindowOf(progress).isVisible());
+  EXPECT_GE(painted.Count, 1);
+  const int before = painted.Count;
+  text.SetBackColor(0x00FF00);
+  text.Refresh();
+  EXPECT_GT(painted.Count, before);
+  EXPECT_EQ(ticks, 0);
 }
 
 TEST_F(WindowTest, StayingOnTopChangesInPlace) {
