@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "core/Palette.h"
+#include "filmstrip/BackgroundLoading.h"
 #include "filmstrip/Listing.h"
 #include "filmstrip/Views.h"
 #include "tests/filmstrip/StripTest.h"
@@ -171,6 +172,18 @@ TEST_F(ListingTest, ADeadSlotKeepsItsNumberAndItsPhotoIsLookedForAgain) {
   EXPECT_EQ(run.main.strip.SrcSlotCount, 4);
   EXPECT_EQ(run.main.strip.SrcThumbnail(2).Tag(), "");
   EXPECT_EQ(run.main.strip.SrcThumbnail(4).Tag(), PathOf(NumberedName(2)));
+}
+
+TEST_F(ListingTest, APhotoWhoseSlotTakesAnotherPathIsMissingAtOnce) {
+  WriteEmpty(3);
+  ProgramRun& run = LoadedStrip();
+  EXPECT_EQ(NextSrcPhoto(run.main), "");
+  SetSrcSlotPath(run.main.strip, 2, PathOf("renamed.bmp"));
+  EXPECT_EQ(NextSrcPhoto(run.main), PathOf(NumberedName(2)));
+  SetSrcSlotPath(run.main.strip, 2, PathOf(NumberedName(2)));
+  EXPECT_EQ(NextSrcPhoto(run.main), "");
+  SetSrcSlotPath(run.main.strip, 1, "");
+  EXPECT_EQ(NextSrcPhoto(run.main), PathOf(NumberedName(1)));
 }
 
 TEST_F(ListingTest, MaxStaysWhereItPassesSixteenBitsAndSlotsComeUpAllTheSame) {
