@@ -132,6 +132,14 @@ TEST_F(OpenFolderViewTest, AfterADeleteTheNextPhotoIsFoundWhereverItSorts) {
   EXPECT_EQ(NextDestThumbFile(main), "");
 }
 
+TEST_F(OpenFolderViewTest, APhotoThatStaysWhenItsCellGoesGetsAnother) {
+  Open("A", 3);
+  DeleteDestThumbnail(main, 3);
+  EXPECT_EQ(NextDestThumbFile(main), Folder("A") + "\\p003.bmp");
+  run.LoadAll();
+  EXPECT_THAT(CellNames(), ElementsAre("p001", "p002", "p003"));
+}
+
 TEST_F(OpenFolderViewTest, AFileAddedByAnotherProgramComesIntoTheViewOnlyAfterARefresh) {
   Open("A", 2);
   AddPhoto(Folder("A"), 7);
