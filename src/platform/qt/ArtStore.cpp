@@ -66,7 +66,7 @@ QImage ArtStore::Reduce(const Picture& picture, QSize size) {
                             .arg(size.width())
                             .arg(size.height());
   if (const Reduced* known = reduced_.object(entry)) return known->Image;
-  const QImage image = SharedImage(picture.Pixels()).scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+  QImage image = SharedImage(picture.Pixels()).scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
   const qsizetype bytes = image.sizeInBytes() + SharedImage(picture.Pixels()).sizeInBytes();
   reduced_.insert(entry, new Reduced{picture, image}, Kilobytes(bytes));
   return image;

@@ -9,10 +9,10 @@ namespace pixorra {
 QImage DrawnAt(const Picture& picture, QSize deviceSize, ArtStore& art) {
   if (picture.IsNothing() || deviceSize.isEmpty()) return {};
   if (!picture.ArtName().empty()) {
-    const QImage drawing = art.Render(picture.ArtName(), deviceSize);
+    QImage drawing = art.Render(picture.ArtName(), deviceSize);
     if (!drawing.isNull()) return drawing;
   }
-  const QImage pixels = SharedImage(picture.Pixels());
+  QImage pixels = SharedImage(picture.Pixels());
   if (pixels.size() == deviceSize) return pixels;
   // Fewer pixels are averaged beforehand; where more are needed the painter itself blends well enough.
   if (pixels.width() < deviceSize.width() || pixels.height() < deviceSize.height()) return pixels;

@@ -49,7 +49,10 @@ FormPeer* FormPeerOf(Control& control) {
 }
 
 FormPeer::FormPeer(QtBackend& backend, Form& form)
-    : backend_(backend), form_(form), window_(new FormWindow(*this, backend.MenuBarHeight())) {
+    : backend_(backend),
+      form_(form),
+      window_(new FormWindow(*this, backend.MenuBarHeight())),
+      report_([this] { backend_.Guarded([this] { ReportFrame(); }); }) {
   backend_.AtEndOfTurn().Add(*this);
 }
 
@@ -182,19 +185,6 @@ void FormPeer::FocusFirst() {
   const Control* focus = backend_.GetToolkit().Focus();
   if (focus != nullptr && &focus->GetForm() == &form_) return;
   window_->setFocus();
-}
-
-void FormPeer::FrameChanged() {
-  if (reportPosted_) return;
-  reportPosted_ = true;
-  // State and size come in events of their own, in either order: both are settled a little later.
-  QMetaObject::invokeMethod(
-      &context_,
-      [this] {
-        reportPosted_ = false;
-        backend_.Guarded([this] { ReportFrame(); });
-      },
-      Qt::QueuedConnection);
 }
 
 // What the model knows already is an echo of its own wish; what it wishes anew goes before what a person did.

@@ -9,6 +9,7 @@
 #include "platform/controls/Toolkit.h"
 #include "platform/qt/FormWindow.h"
 #include "platform/qt/Pending.h"
+#include "platform/qt/PostedCall.h"
 
 class QKeyEvent;
 
@@ -37,7 +38,7 @@ class FormPeer final : public Peer, public Pending {
   void ShowPointer(const Toolkit::PointerShown& pointer);
 
   // What comes from the window.
-  void FrameChanged();
+  void FrameChanged() { report_.Post(); }
   void InputBlocked();
   void PersonActivates();
   void PersonCloses();
@@ -63,11 +64,11 @@ class FormPeer final : public Peer, public Pending {
   QSize agreedSize_;  // of the window, known to both sides
   QPoint agreedPlace_;
   Toolkit::PointerShown pointer_;
-  QObject context_;
+  // State and size come in events of their own, in either order: they are looked at when both are settled.
+  PostedCall report_;
   bool menuChanged_ = true;
   bool placeChanged_ = true;
   bool everShown_ = false;
-  bool reportPosted_ = false;
 };
 
 // The peer of the form that a control stands on; null where it has none.

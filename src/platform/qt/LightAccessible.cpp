@@ -12,7 +12,7 @@ namespace pixorra {
 QString SpokenName(const Control& control) {
   if (!control.AccessibleName().empty()) return ToQString(control.AccessibleName());
   if (control.GetKind() == Kind::Label) {
-    const QString caption = ToQString(static_cast<const Label&>(control).Caption()).trimmed();
+    QString caption = ToQString(static_cast<const Label&>(control).Caption()).trimmed();
     if (!caption.isEmpty()) return caption;
   }
   if (control.GetKind() == Kind::Frame) return ToQString(static_cast<const Frame&>(control).Caption());

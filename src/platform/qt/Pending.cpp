@@ -7,15 +7,7 @@ namespace pixorra {
 void PendingList::Add(Pending& pending) {
   if (Holds(pending)) return;
   waiting_.push_back(&pending);
-  if (posted_) return;
-  posted_ = true;
-  QMetaObject::invokeMethod(
-      &context_,
-      [this] {
-        posted_ = false;
-        RunAll();
-      },
-      Qt::QueuedConnection);
+  runAll_.Post();
 }
 
 void PendingList::Remove(Pending& pending) {

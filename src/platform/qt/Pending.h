@@ -1,8 +1,9 @@
 // What is put off until the turn ends, so that many changes of a control become one change of its widget.
 #pragma once
 
-#include <QObject>
 #include <deque>
+
+#include "platform/qt/PostedCall.h"
 
 namespace pixorra {
 
@@ -24,9 +25,8 @@ class PendingList {
   bool RunAll();
 
  private:
-  QObject context_;
   std::deque<Pending*> waiting_;
-  bool posted_ = false;
+  PostedCall runAll_{[this] { RunAll(); }};
 };
 
 }  // namespace pixorra

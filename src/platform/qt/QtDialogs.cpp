@@ -32,7 +32,8 @@ QMessageBox::Icon ToQt(BoxIcon icon) {
 }  // namespace
 
 BoxAnswer QtDialogs::MsgBox(const std::string& text, BoxIcon icon, BoxButtons buttons, const std::string& title) {
-  OwnedBox box(new QMessageBox(backend_.WindowForBoxes()));
+  auto* box = new QMessageBox(backend_.WindowForBoxes());
+  OwnedBox owned(box);
   box->setTextFormat(Qt::PlainText);
   box->setWindowTitle(ToQString(title));
   box->setText(ToLines(text));
@@ -42,24 +43,26 @@ BoxAnswer QtDialogs::MsgBox(const std::string& text, BoxIcon icon, BoxButtons bu
   box->setDefaultButton(asks ? QMessageBox::Yes : QMessageBox::Ok);
   box->setEscapeButton(asks ? QMessageBox::No : QMessageBox::Ok);
   int answer = QMessageBox::NoButton;
-  QObject::connect(box.operator->(), &QDialog::finished, [&answer](int result) { answer = result; });
-  box.Run(backend_);
+  QObject::connect(box, &QDialog::finished, [&answer](int result) { answer = result; });
+  owned.Run(backend_);
   if (!asks) return BoxAnswer::Ok;
   return answer == QMessageBox::Yes ? BoxAnswer::Yes : BoxAnswer::No;
 }
 
 std::string QtDialogs::InputBox(const std::string& prompt, const std::string& title, const std::string& present) {
-  OwnedBox box(new QInputDialog(backend_.WindowForBoxes()));
+  auto* box = new QInputDialog(backend_.WindowForBoxes());
+  OwnedBox owned(box);
   box->setWindowTitle(ToQString(title));
   box->setLabelText(ToLines(prompt).toHtmlEscaped().replace(QLatin1Char('\n'), QLatin1String("<br>")));
   box->setTextValue(ToQString(present));
-  return box.Run(backend_) ? ToUtf8(box->textValue()) : std::string();
+  return owned.Run(backend_) ? ToUtf8(box->textValue()) : std::string();
 }
 
 std::optional<Colour> QtDialogs::ChooseColour(Colour start) {
-  OwnedBox box(new QColorDialog(backend_.WindowForBoxes()));
+  auto* box = new QColorDialog(backend_.WindowForBoxes());
+  OwnedBox owned(box);
   box->setCurrentColor(ToQColor(start, box->palette()));
-  if (!box.Run(backend_)) return std::nullopt;
+  if (!owned.Run(backend_)) return std::nullopt;
   return ToColour(box->selectedColor());
 }
 

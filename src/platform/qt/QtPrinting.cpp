@@ -86,8 +86,8 @@ bool QtPrinting::IsReady(const std::string& name) {
 }
 
 bool QtPrinting::RunPrintDialog() {
-  OwnedBox dialog(new QPrintDialog(&Device(), backend_.WindowForBoxes()));
-  if (!dialog.Run(backend_)) return false;
+  OwnedBox owned(new QPrintDialog(&Device(), backend_.WindowForBoxes()));
+  if (!owned.Run(backend_)) return false;
   UseWholePaper();
   return true;
 }
@@ -103,8 +103,8 @@ bool QtPrinting::ShowPrintDialog() {
 bool QtPrinting::ShowProperties(const std::string& name) {
   if (!IsReady(name)) return false;
   SetCurrentPrinter(name);
-  OwnedBox dialog(new QPageSetupDialog(&Device(), backend_.WindowForBoxes()));
-  if (!dialog.Run(backend_)) return false;
+  OwnedBox owned(new QPageSetupDialog(&Device(), backend_.WindowForBoxes()));
+  if (!owned.Run(backend_)) return false;
   UseWholePaper();
   return true;
 }
