@@ -57,6 +57,7 @@ void ConnectSources(MainForm& main) {
   strip.AllButton.On().DragOver = [&main](Control&, Control& source, double, double, int state) {
     AllButton_DragOver(main, source, state);
   };
+  strip.AllButton.On().MouseMove = [&main](Control&, const MouseArgs&) { AllButton_MouseMove(main); };
 }
 
 }  // namespace

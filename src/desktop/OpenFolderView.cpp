@@ -69,7 +69,7 @@ void FollowSelection(MainForm& main) {
   int selected = 0;
   ErrorsIgnored([&] { selected = CLng(Val(desk.DestThumbFrame.Tag())); });
   if (!desk.DestThumbnail.IsLoaded(selected) || !desk.DestThumbnail(selected).Visible()) {
-    ResetPreview(main);
+    ResetPreview(main, ApplicationTitle);
     return;
   }
   const ImageBox& thumbnail = desk.DestThumbnail(selected);
@@ -168,7 +168,7 @@ void ClearDestThumbnails(MainForm& main) {
   desk.DestThumbName(0).SetVisible(false);
   const bool selected = desk.DestThumbFrame.Visible();
   desk.DestThumbFrame.SetVisible(false);
-  if (selected) ResetPreview(main);
+  if (selected) ResetPreview(main, ApplicationTitle);
   desk.DestSlotCount = 0;
   desk.DestCountLabel.SetCaption("");
   desk.DestCanvas.SetTop(0);

@@ -55,6 +55,7 @@ void ShowNewest(MainForm& main, int slot, const std::string& path) {
 void FillSlot(MainForm& main, int slot, const std::string& path) {
   DesktopState& desk = main.desk;
   FileListBox& list = desk.DestFolderFiles(slot);
+  list.SetPattern(main.core.PicturePattern);
   list.SetPath(path);
   list.Refresh();
   ++desk.FoldersShown;

@@ -81,4 +81,11 @@ void AllButton_DragOver(MainForm& main, Control& source, int state) {
   source.SetDragIcon(state == drag::Enter ? Picture() : main.drop.ReelDragIcon);
 }
 
+void AllButton_MouseMove(MainForm& main) {
+  FilmStripState& strip = main.strip;
+  const int count = strip.SrcFileList.ListCount();
+  const bool ready = count > 0 && count == strip.SrcSlotCount;
+  strip.AllButton.SetMouseIcon(ready ? strip.BrowseButton.MouseIcon() : main.drop.NotReadyIcon);
+}
+
 }  // namespace pixorra

@@ -13,5 +13,7 @@ void SrcThumbnail_DragOver(MainForm& main, int index, Control& source, int state
 // Let go over the strip, which is also what a click is.
 void SrcThumbnail_DragDrop(MainForm& main);
 void AllButton_DragOver(MainForm& main, Control& source, int state);
+// The pointer tells whether the whole strip can be dragged yet.
+void AllButton_MouseMove(MainForm& main);
 
 }  // namespace pixorra

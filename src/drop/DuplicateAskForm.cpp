@@ -137,8 +137,9 @@ std::string DeleteDuplicate(MainForm& main, const std::string& equalFile, const 
   form.PhotoDate1.SetCaption(DateText(main, equalFile));
   form.PhotoName2.SetCaption(ShownFileName(files, newFile));
   form.PhotoDate2.SetCaption(DateText(main, newFile));
+  const std::string parent = ParentPathOf(equalFile);
   form.Window.SetCaption("Duplicate Photo Found in [" +
-                         ShownFolderName(files, StripTrailingBackslash(ParentPathOf(equalFile))) + "]");
+                         ShownFolderName(files, IsRootPath(parent) ? parent : StripTrailingBackslash(parent)) + "]");
   form.Window.CentreOn(&main.Window);
   form.Window.ShowModal(&main.Window);
   main.host.toolkit.WaitUntil([&] { return form.reply != Waiting; });

@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "core/Routines.h"
+#include "platform/runtime/Errors.h"
 #include "platform/runtime/Format.h"
 #include "platform/runtime/Numbers.h"
 #include "platform/runtime/Text.h"
@@ -42,7 +43,11 @@ bool EndsWithIgnoringCase(std::string_view name, std::string_view end) {
 // The field between prefix and extension, as a whole number; 0 for a name of another form.
 int NumberIn(const std::string& name, const std::string& extension) {
   if (name.size() < Prefix.size() + extension.size() || !EndsWithIgnoringCase(name, extension)) return 0;
-  return CLng(Val(name.substr(Prefix.size(), name.size() - Prefix.size() - extension.size())));
+  // A field beyond 32 bits was not made here, and counts as none: one odd name must not stop every drop.
+  int number = 0;
+  ErrorsIgnored(
+      [&] { number = CLng(Val(name.substr(Prefix.size(), name.size() - Prefix.size() - extension.size()))); });
+  return number;
 }
 
 }  // namespace

@@ -72,6 +72,22 @@ void LoadFilmStrip(MainForm& main) {
   if (IsPrepared(main, ReadAhead::Reader::FilmStrip, next, following)) AddSrcSlot(main, next);
 }
 
+// Holds the guard for one turn. The turns go on also where a step of one raises; with the program's end they end.
+class Turn {
+ public:
+  explicit Turn(MainForm& main) : main_(main) { main_.strip.ThumbsTimerGuard = GuardHeld; }
+  ~Turn() {
+    if (main_.host.toolkit.Ended()) return;
+    main_.strip.ThumbsTimerGuard = 0;
+    main_.strip.ThumbsTimer.SetEnabled(true);
+  }
+  Turn(const Turn&) = delete;
+  Turn& operator=(const Turn&) = delete;
+
+ private:
+  MainForm& main_;
+};
+
 }  // namespace
 
 void ThumbsTimer_Timer(MainForm& main) {
@@ -82,7 +98,7 @@ void ThumbsTimer_Timer(MainForm& main) {
     strip.ThumbsTimer.SetEnabled(true);
     return;
   }
-  strip.ThumbsTimerGuard = GuardHeld;
+  const Turn turn(main);
   if (main.core.LayoutCountdown > 0 && --main.core.LayoutCountdown == 0) Window_Layout(main);
   // On a screen that is too small the layout has ended the program.
   if (main.host.toolkit.Ended()) return;
@@ -93,8 +109,6 @@ void ThumbsTimer_Timer(MainForm& main) {
     strip.ThumbsTimer.SetTag("*");
     LoadFilmStrip(main);
   }
-  strip.ThumbsTimerGuard = 0;
-  strip.ThumbsTimer.SetEnabled(true);
 }
 
 std::string NextSrcPhoto(MainForm& main) {

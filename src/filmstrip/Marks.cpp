@@ -53,7 +53,10 @@ void SrcBackground_DblClick(MainForm& main, int slot) {
     return;
   }
   bool bDragged = false;
+  const Watch<ImageBox> alive(thumbnail);
   PaintThumbnail(main, thumbnail, thumbnail.Tag(), bDragged);
+  // A long step may have let the strip be cleared.
+  if (!alive) return;
   name.SetTag("");
   name.SetForeColor(strip.SrcThumbName(0).ForeColor());
   SetQuickThumbMark(main, thumbnail.Tag(), "");

@@ -62,8 +62,10 @@ void RepaintDestThumbnail(MainForm& main) {
 
 }  // namespace
 
-void PaintPicPreview(MainForm& main, const std::string& path) {
+void PaintPicPreview(MainForm& main, const std::string& file) {
   PreviewState& preview = main.preview;
+  // Often the Tag of a thumbnail, which may go while a message on the way lets events run.
+  const std::string path = file;
   main.strip.ThumbsTimer.SetEnabled(false);
   const PaintedImage painted = PaintImage(main, path, preview.PicPreview, ButtonFace);
   const std::string name = ShownFileName(main.host.files, path);

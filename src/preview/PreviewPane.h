@@ -8,7 +8,7 @@ namespace pixorra {
 struct MainForm;
 
 // The photo becomes the selected one; one that cannot be shown leaves none selected.
-void PaintPicPreview(MainForm& main, const std::string& path);
+void PaintPicPreview(MainForm& main, const std::string& file);
 // Back to the logo: no photo is selected. The pane's tool tips become the window's caption, or the text given.
 void ResetPreview(MainForm& main);
 void ResetPreview(MainForm& main, const std::string& toolTip);

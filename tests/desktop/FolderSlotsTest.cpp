@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 
 #include "core/Palette.h"
+#include "core/Preferences.h"
 #include "desktop/FolderCommands.h"
 #include "tests/desktop/DesktopTest.h"
 
@@ -42,6 +43,15 @@ TEST_F(FolderSlotsTest, NameAndToolTipTellTheFolder) {
   const Label& name = desk.DestFolderName(1);
   const int centre = name.Left() + name.Width() / 2;
   EXPECT_NEAR(centre, desk.DestFolder(1).Left() - 15 + desk.DestFolder(0).Width() / 2 + 25, 1);
+}
+
+TEST_F(FolderSlotsTest, AFolderShownAfterATypeWasTakenOffIsListedWithoutThatType) {
+  const std::string folder = MakePhotos("Mixed", 2);
+  drive.Write(folder + "\\z.gif", "GIF89a");
+  main.preferences.GifCheckbox.SetValue(0);
+  ApplyPicturePattern(main);
+  Show(folder);
+  EXPECT_EQ(desk.DestPicsCount(1).Caption(), "2 pics");
 }
 
 TEST_F(FolderSlotsTest, TheCamerasFolderIsNamedForIt) {

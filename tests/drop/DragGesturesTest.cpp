@@ -25,6 +25,20 @@ TEST_F(DragGesturesTest, APressSelectsThePhotoAndAClickShowsIt) {
   EXPECT_FALSE(main.preview.bPicEdited);
 }
 
+TEST_F(DragGesturesTest, TheReelsPointerTellsWhetherTheStripCanBeDragged) {
+  person.MoveTo(strip.AllButton);
+  EXPECT_TRUE(strip.AllButton.MouseIcon() == main.drop.NotReadyIcon);
+  person.MoveTo(desk.DesktopImage);
+  LoadStrip({"a.bmp", "b.bmp"});
+  person.MoveTo(strip.AllButton);
+  EXPECT_TRUE(strip.AllButton.MouseIcon() == strip.BrowseButton.MouseIcon());
+  drive.Write(Photo("c.bmp"), "");
+  strip.SrcFileList.Refresh();
+  person.MoveTo(desk.DesktopImage);
+  person.MoveTo(strip.AllButton);
+  EXPECT_TRUE(strip.AllButton.MouseIcon() == main.drop.NotReadyIcon);
+}
+
 TEST_F(DragGesturesTest, WithAutoPreviewThePressShowsThePhotoAtOnce) {
   main.preferences.AutoPreviewCheckBox.SetValue(1);
   LoadStrip({"a.bmp"});

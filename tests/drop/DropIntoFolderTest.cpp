@@ -66,7 +66,7 @@ TEST_F(DropIntoFolderTest, ANumberThatNoGeneratedNameCanFollowEndsTheDropAndLeav
   main.preferences.RenameAlwaysOption.SetValue(true);
   LoadStrip({"a.bmp"});
   Show("F");
-  drive.Write(Folder("F") + "\\PXR99999999999.bmp", "x");
+  drive.Write(Folder("F") + "\\PXR2147483647.bmp", "x");
   int raised = 0;
   run.platform.backend.SetErrorHandler([&](const RuntimeError& failure) { raised = failure.Number(); });
   person.Drag(strip.SrcThumbnail(1), desk.DestFolder(1));

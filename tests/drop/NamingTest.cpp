@@ -72,16 +72,12 @@ TEST_F(NamingTest, PastFiveDigitsTheNumberSimplyGrows) {
   EXPECT_EQ(Generated("Photo.jpg"), In("PXR100000.jpg"));
 }
 
-TEST_F(NamingTest, ANumberThatLeaves32BitsRaisesOverflow) {
+TEST_F(NamingTest, ANumberThatLeaves32BitsCountsAsNone) {
   Has("PXR2147483648.jpg");
-  try {
-    Generated("Photo.jpg");
-    FAIL() << "no error";
-  } catch (const RuntimeError& e) {
-    EXPECT_EQ(e.Number(), error::Overflow);
-  }
-  // The next photo of another extension is not concerned.
-  EXPECT_EQ(Generated("Photo.gif"), In("PXR00001.gif"));
+  Has("PXR20240315123456.jpg");
+  EXPECT_EQ(Generated("Photo.jpg"), In("PXR00001.jpg"));
+  Has("PXR00007.jpg");
+  EXPECT_EQ(Generated("Photo.jpg"), In("PXR00008.jpg"));
 }
 
 TEST_F(NamingTest, TheHighestNumberOf32BitsHasNoNext) {
