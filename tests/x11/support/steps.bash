@@ -62,9 +62,16 @@ expect_exit() {
   [ "$code" -eq "$1" ] || fail "exit code $code instead of $1"
 }
 
-# close_window WINDOW: what a person does; the window manager takes the keys and asks the program.
+# close_window WINDOW: what a person does; the window manager takes the keys and asks the program. A person whose keys were
+# lost, because the window was not in front yet, presses them again.
 close_window() {
-  xdotool windowactivate --sync "$1" key --clearmodifiers alt+F4
+  window_gone() { ! xdotool getwindowname "$1"; }
+  local attempt
+  for attempt in 1 2 3; do
+    xdotool windowactivate --sync "$1" key --clearmodifiers alt+F4 || true
+    if within 6 window_gone "$1"; then return; fi
+  done
+  fail "the window does not close, asked $attempt times"
 }
 
 # colours_of WINDOW: how many colours a screenshot of the window shows. An empty window has one or two.
