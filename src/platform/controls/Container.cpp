@@ -37,6 +37,8 @@ void Container::BoundsChanged(const Rect& before) {
 void Container::VisibleChanged() {
   Control::VisibleChanged();
   TellPeersWithin(Change::Visible);
+  // What changed on a form while it was hidden was not noted piece by piece.
+  if (GetKind() == Kind::Form && Visible()) static_cast<Form*>(this)->InvalidateAll();
 }
 
 void Container::TellPeersWithin(Change change) {
