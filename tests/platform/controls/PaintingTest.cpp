@@ -196,5 +196,19 @@ TEST_F(ManyTest, TheyCanGoFromTheFirstOn) {
   EXPECT_EQ(toolkit.ControlAt(form, 10, 10), &canvas);
 }
 
+TEST(HiddenFormTest, WhatChangesWhileAFormIsHiddenIsPaintedWhenItIsShownAgain) {
+  HeadlessPlatform platform;
+  Form form(platform.toolkit, "MainForm");
+  form.SetClientSize(400, 300);
+  Label label(form, "Label");
+  label.Move(10, 10, 50, 20);
+  form.Show();
+  platform.backend.WindowOf(form)->TakeExposed();
+  form.SetVisible(false);
+  label.Move(200, 100, 50, 20);
+  form.SetVisible(true);
+  EXPECT_EQ(platform.backend.WindowOf(form)->TakeExposed().Area, (Rect{0, 0, 400, 300}));
+}
+
 }  // namespace
 }  // namespace pixorra
