@@ -200,5 +200,33 @@ TEST_F(DamagedStateTest, SizesBeyondAllReasonAreSurvived) {
   }
 }
 
+TEST_F(DamagedStateTest, TenThousandPreviousEntriesAreReadAndWrittenBack) {
+  std::vector<std::string> lines = StateLines("", {});
+  lines.back() = "10000";
+  for (int i = 1; i <= 10000; ++i) lines.push_back("\"C:\\Card\\" + std::to_string(i) + "\"");
+  WriteSavedState(lines);
+  ProgramRun& run = Started();
+  const ComboBox& previous = run.main.strip.PreviousList;
+  ASSERT_EQ(previous.ListCount(), 10000);
+  EXPECT_EQ(previous.List(0), "C:\\Card\\1");
+  EXPECT_EQ(previous.List(9999), "C:\\Card\\10000");
+  run.Close();
+  const std::string written = drive.Read(StateFile);
+  EXPECT_TRUE(written.find("\r\n10000\r\n\"C:\\Card\\1\"\r\n") != std::string::npos);
+  EXPECT_TRUE(written.ends_with("\"C:\\Card\\9999\"\r\n\"C:\\Card\\10000\"\r\n"));
+}
+
+TEST_F(DamagedStateTest, ACountOfPreviousEntriesThatTheFileDoesNotHaveEndsWithTheFile) {
+  for (const char* count : {"3", "32767"}) {
+    std::vector<std::string> lines = StateLines("", {});
+    lines.back() = count;
+    lines.emplace_back("\"C:\\Card\"");
+    WriteSavedState(lines);
+    const ComboBox& previous = Started().main.strip.PreviousList;
+    ASSERT_EQ(previous.ListCount(), 1) << count;
+    EXPECT_EQ(previous.List(0), "C:\\Card");
+  }
+}
+
 }  // namespace
 }  // namespace pixorra
