@@ -36,6 +36,7 @@ if(PIXORRA_FUZZ)
     message(FATAL_ERROR "PIXORRA_FUZZ needs clang")
   endif()
   add_compile_options(-fsanitize=fuzzer-no-link,address,undefined -fno-sanitize-recover=all -Wno-error)
+  add_compile_definitions(_GLIBCXX_ASSERTIONS)
   add_link_options(-fsanitize=address,undefined)
 endif()
 

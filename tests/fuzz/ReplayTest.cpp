@@ -1,4 +1,5 @@
 // The fuzz targets' entries with a few thousand mutations of good files, the same in every run.
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <functional>
@@ -54,8 +55,25 @@ std::string Mutated(std::mt19937& random, std::string text, const std::vector<st
   return text;
 }
 
-void Replay(const Entry& entry, const std::vector<std::string>& seeds, int rounds) {
+// The inputs that the fuzz targets begin with, and those that one of them failed on once. So many were there at least.
+std::vector<std::string> Kept(const std::string& target, std::size_t least) {
+  std::vector<std::filesystem::path> files;
+  for (const auto& entry : std::filesystem::directory_iterator(PIXORRA_TEST_DATA "/fuzz/" + target)) {
+    files.push_back(entry.path());
+  }
+  EXPECT_GE(files.size(), least);
+  std::sort(files.begin(), files.end());
+  std::vector<std::string> texts;
+  for (const std::filesystem::path& file : files) {
+    std::ifstream in(file, std::ios::binary);
+    texts.emplace_back(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
+  }
+  return texts;
+}
+
+void Replay(const Entry& entry, const std::vector<std::string>& kept, std::vector<std::string> seeds, int rounds) {
   std::mt19937 random(20040315);
+  seeds.insert(seeds.end(), kept.begin(), kept.end());
   Feed(entry, "");
   for (const std::string& seed : seeds) Feed(entry, seed);
   for (int round = 0; round < rounds; ++round) {
@@ -64,7 +82,7 @@ void Replay(const Entry& entry, const std::vector<std::string>& seeds, int round
 }
 
 TEST(FuzzReplay, SavedStates) {
-  Replay(fuzz::SavedState,
+  Replay(fuzz::SavedState, Kept("SavedState", 2),
          {"11730,9090,300,300,0\r\n\"Pixorra\"\r\n1\r\n2\r\n\"C:\\Card\"\r\n\"\"\r\n0\r\n", "-1.5,1E300,&H7F\n\"open",
           ",,,\"\"\"\""},
          5000);
@@ -74,7 +92,8 @@ TEST(FuzzReplay, CacheFiles) {
   std::string records(3 * 14776, '\0');
   records.replace(14455, 5, "a.jpg");
   records.replace(2 * 14776 + 14455, 5, "b.jpg");
-  Replay(fuzz::CacheFile, {records, records.substr(0, 14776 + 14500), std::string(14776, ' ')}, 1000);
+  Replay(fuzz::CacheFile, Kept("CacheFile", 2), {records, records.substr(0, 14776 + 14500), std::string(14776, ' ')},
+         1000);
 }
 
 TEST(FuzzReplay, Pictures) {
@@ -85,11 +104,11 @@ TEST(FuzzReplay, Pictures) {
                                     BmpPhoto(20, 15),
                                     GifPhoto(20, 15),
                                     GifPhoto(20, 15, {.transparent = 3, .interlaced = true})};
-  Replay(fuzz::PictureFile, seeds, 3000);
+  Replay(fuzz::PictureFile, Kept("PictureFile", 11), seeds, 3000);
 }
 
 TEST(FuzzReplay, Paths) {
-  Replay(fuzz::Path,
+  Replay(fuzz::Path, Kept("Path", 5),
          {"home\\anna\\Photos\\a.jpg", "..\\..\\etc\\passwd", "C:\\x:y\\z", "\\\\server\\share\\d",
           "a\xEF\x80\xBA\xFF\x80z", "\xEF\x81\x9C..\xEF\x81\x9C", "/home/anna", "."},
          5000);
