@@ -6,6 +6,7 @@
 #include <fstream>
 #include <gtest/gtest.h>
 #include <iterator>
+#include <vector>
 
 #include "pictures/Painting.h"
 #include "pictures/PictureLoader.h"
@@ -30,11 +31,24 @@ std::vector<fs::path> AllPhotos() {
   return photos;
 }
 
+// As many as manifest.tsv lists, a line each behind its first one; without a list, however many there are.
+std::size_t Listed(const std::vector<fs::path>& photos) {
+  std::error_code none;
+  for (fs::path folder = photos.front().parent_path(); folder != folder.root_path(); folder = folder.parent_path()) {
+    if (!fs::exists(folder / "manifest.tsv", none)) continue;
+    std::ifstream in(folder / "manifest.tsv");
+    const auto lines = std::count(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>(), '\n');
+    return static_cast<std::size_t>(lines) - 1;
+  }
+  return photos.size();
+}
+
 using RealPhotosTest = ProgramTest;
 
 TEST_F(RealPhotosTest, EveryFileIsShownOrRefusedByBothRoutesAndNoneIsTouched) {
   const std::vector<fs::path> photos = AllPhotos();
   if (photos.empty()) GTEST_SKIP() << "no photos at hand";
+  EXPECT_EQ(photos.size(), Listed(photos));
   ProgramRun& run = NewRun();
   run.platform.surprises.OnSurprise = [](const std::string& text) {
     EXPECT_TRUE(text.starts_with("unexpected box \"Intel(R) JPEG Library\"")) << text;
