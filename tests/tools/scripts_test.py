@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""run, test, .ci/run and tools/install-packages, each in a checkout of nothing but scripts, with stand-ins for what they call."""
+"""run, test, .ci/run, tools/install-packages and tools/fuzz, each in a checkout of nothing but scripts, with stand-ins for what they call."""
 
 import os
 import pty
@@ -24,7 +24,7 @@ class ScriptTest(unittest.TestCase):
         self.bin.mkdir()
         self.log = Path(folder.name) / "log"
         self.log.touch()
-        for name in ("run", "test", ".ci/run", "tools/install-packages", "tools/packages.txt"):
+        for name in ("run", "test", ".ci/run", "tools/install-packages", "tools/packages.txt", "tools/fuzz"):
             (self.root / name).parent.mkdir(parents=True, exist_ok=True)
             shutil.copy2(ROOT / name, self.root / name)
         self.environment = {"PATH": f"{self.bin}:{os.environ['PATH']}", "LOG": str(self.log), "HOME": folder.name}
@@ -203,6 +203,43 @@ class Test(Built):
                               check=False)
         self.assertEqual(0, done.returncode, done.stderr)
         self.assertEqual(["asan", "release"], self.built())
+
+
+class Fuzz(Built):
+    TARGETS = ("SavedState", "CacheFile", "PictureFile", "Path")
+
+    def setUp(self):
+        super().setUp()
+        for target in self.TARGETS:
+            self.stand_in(self.root / f"build/fuzz/tests/fuzz_{target}")
+
+    def ran(self):
+        return [target for target in self.TARGETS if self.calls("fuzz_" + target)]
+
+    def test_all_targets_run_for_a_minute_each(self):
+        done = self.call("tools/fuzz")
+        self.assertEqual(0, done.returncode, done.stderr)
+        self.assertEqual(list(self.TARGETS), self.ran())
+        self.assertIn("-max_total_time=60 ", self.calls("fuzz_Path")[0])
+        self.assertTrue(self.calls("fuzz_Path")[0].endswith(" build/fuzz/corpus/Path tests/data/fuzz/Path"))
+        self.assertTrue(done.stdout.endswith("failed: none\n"), done.stdout)
+        self.assertIn("fuzz", self.calls("install-packages")[0].split())
+
+    def test_seconds_and_targets_can_be_chosen(self):
+        self.call("tools/fuzz", "5", "Path", "CacheFile")
+        self.assertEqual(["CacheFile", "Path"], self.ran())
+        self.assertIn("-max_total_time=5 ", self.calls("fuzz_Path")[0])
+
+    def test_one_that_fails_is_told_with_its_input_and_the_others_run(self):
+        self.stand_in(self.root / "build/fuzz/tests/fuzz_CacheFile", "touch build/fuzz/CacheFile-crash-1; exit 77")
+        done = self.call("tools/fuzz")
+        self.assertEqual(1, done.returncode)
+        self.assertEqual(list(self.TARGETS), self.ran())
+        self.assertTrue(done.stdout.endswith("failed: CacheFile\n  build/fuzz/CacheFile-crash-1\n"), done.stdout)
+
+    def test_an_unknown_target_is_refused(self):
+        self.assertEqual(2, self.call("tools/fuzz", "Nothing").returncode)
+        self.assertEqual([], self.calls("cmake"))
 
 
 if __name__ == "__main__":
