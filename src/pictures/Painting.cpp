@@ -41,9 +41,9 @@ void ComposeThumbnail(Host& host, PictureBox& canvas, ImageBox& photo, int width
   canvas.Refresh();
 
   const std::string file = InProgramFolder(host, "\\$$T$T.$T$");
-  host.pictures.Save(canvas.Image(), file);
+  const Picture fittedPhoto = host.pictures.SaveAndLoad(canvas.Image(), file);
   photo.SetPicture(Picture());
-  photo.SetPicture(host.pictures.Load(file));
+  photo.SetPicture(fittedPhoto);
   photo.Refresh();
   host.files.Delete(file);
 }
@@ -59,9 +59,9 @@ void ReduceThumbnail(Host& host, Scratch<PictureBox>& canvas, const ImageBox& ph
   canvas->Refresh();
 
   const std::string file = InProgramFolder(host, "\\$W$$.$W$");
-  host.pictures.Save(canvas->Image(), file);
+  const Picture thumbnail = host.pictures.SaveAndLoad(canvas->Image(), file);
   target.SetPicture(Picture());
-  target.SetPicture(host.pictures.Load(file));
+  target.SetPicture(thumbnail);
   target.Refresh();
   host.files.Delete(file);
 }
@@ -91,8 +91,7 @@ void ComposeImage(Host& host, Scratch<PictureBox>& canvas, ImageBox& photo, Imag
   canvas->SetHeight(height);
   canvas->PaintPicture(photo.GetPicture(), 0, 0, width, height);
   const std::string file = InProgramFolder(host, "\\preview.tmp");
-  host.pictures.Save(canvas->Image(), file);
-  target.SetPicture(host.pictures.Load(file));
+  target.SetPicture(host.pictures.SaveAndLoad(canvas->Image(), file));
   painted.ok = true;
 }
 

@@ -25,7 +25,8 @@ std::string InProgramFolder(MainForm& main, const char* name) {
   return StripTrailingBackslash(main.host.places.ProgramFolder()) + name;
 }
 
-// The way between a record's bytes and a picture object.
+// Where a picture goes that does not fit a record. What fits goes between the record's bytes and a picture object
+// without a file: a strip of cached thumbnails is as quick as the disk.
 std::string TemporaryFile(MainForm& main) {
   return InProgramFolder(main, "\\$PXR$TMP.$$$");
 }
@@ -61,7 +62,7 @@ struct Entry {
 Entry FindEntry(MainForm& main, const Sought& sought, OpenMode mode = OpenMode::ReadWrite) {
   Entry entry;
   entry.Cache = main.host.files.Open(sought.Cache, mode);
-  entry.Record = main.pictures.quickThumbs.Find(main.host.files, sought.Cache, *entry.Cache, sought.Key);
+  entry.Record = main.pictures.quickThumbs.Find(sought.Cache, *entry.Cache, sought.Key);
   return entry;
 }
 
@@ -72,10 +73,7 @@ bool ReadEntry(MainForm& main, const std::string& path, ImageBox& target, bool& 
   if (entry.Record == 0) return false;
   std::vector<std::uint8_t> fields(FieldsBytes);
   entry.Cache->ReadAt(OffsetOf(entry.Record), fields.data(), fields.size());
-  const std::string temporary = TemporaryFile(main);
-  main.host.files.Open(temporary, OpenMode::Replace)->WriteAt(0, fields.data(), ThumbnailBytes);
-  target.SetPicture(main.host.pictures.Load(temporary));
-  main.host.files.Delete(temporary);
+  target.SetPicture(main.host.pictures.FromBytes({fields.data(), ThumbnailBytes}));
   bDragged = fields[MarkOffset] != 0 || fields[MarkOffset + 1] != 0;
   return true;
 }
@@ -85,12 +83,14 @@ bool ReadEntry(MainForm& main, const std::string& path, ImageBox& target, bool& 
 std::optional<std::vector<std::uint8_t>> BitmapRecord(MainForm& main, const Picture& picture) {
   Files& files = main.host.files;
   const std::string temporary = TemporaryFile(main);
-  main.host.pictures.Save(picture, temporary);
-  if (files.Length(temporary) != static_cast<std::int64_t>(BitmapBytes)) return std::nullopt;
-  std::vector<std::uint8_t> record(RecordBytes);
-  files.Open(temporary, OpenMode::Read)->ReadAt(0, record.data(), ThumbnailBytes);
-  files.Delete(temporary);
-  return record;
+  std::vector<std::uint8_t> file = main.host.pictures.BitmapFile(picture);
+  if (file.size() != BitmapBytes) {
+    files.Open(temporary, OpenMode::Replace)->WriteAt(0, file.data(), file.size());
+    return std::nullopt;
+  }
+  ErrorsIgnored([&] { files.Delete(temporary); });  // one that stayed behind before
+  file.resize(RecordBytes);
+  return file;
 }
 
 void AddEntry(MainForm& main, const std::string& path, const Picture& picture) {
@@ -104,7 +104,7 @@ void AddEntry(MainForm& main, const std::string& path, const Picture& picture) {
   const std::int64_t number = QuickThumbsIndex::NextRecord(entry.Cache->Length());
   if (OffsetOf(number) + RecordBytes > LongestFile) return;
   entry.Cache->WriteAt(OffsetOf(number), record->data(), record->size());
-  main.pictures.quickThumbs.Added(main.host.files, sought->Cache, *entry.Cache, sought->Key, number);
+  main.pictures.quickThumbs.Added(sought->Cache, *entry.Cache, sought->Key, number);
 }
 
 void MarkEntry(MainForm& main, const std::string& path, bool dragged) {
@@ -115,7 +115,7 @@ void MarkEntry(MainForm& main, const std::string& path, bool dragged) {
   const std::uint8_t half = dragged ? 0xFF : 0;
   const std::array<std::uint8_t, 2> mark{half, half};
   entry.Cache->WriteAt(OffsetOf(entry.Record) + static_cast<std::int64_t>(MarkOffset), mark.data(), mark.size());
-  main.pictures.quickThumbs.Marked(main.host.files, sought->Cache, *entry.Cache);
+  main.pictures.quickThumbs.Marked(sought->Cache, *entry.Cache);
 }
 
 }  // namespace

@@ -49,10 +49,10 @@ std::int64_t QuickThumbsIndex::NextRecord(std::int64_t fileLength) {
   return fileLength == 0 ? 1 : fileLength / RecordBytes + 2;
 }
 
-std::int64_t QuickThumbsIndex::Find(Files& files, const std::string& path, File& file, const EntryKey& key) {
+std::int64_t QuickThumbsIndex::Find(const std::string& path, File& file, const EntryKey& key) {
   const std::string wanted = Shortened(key);
   for (const bool again : {false, true}) {
-    const Remembered& remembered = Current(files, path, file);
+    const Remembered& remembered = Current(path, file);
     const auto found = remembered.Records.find(wanted);
     if (found == remembered.Records.end()) return 0;
     if (ReadKey(file, found->second) == key) return found->second;
@@ -62,42 +62,38 @@ std::int64_t QuickThumbsIndex::Find(Files& files, const std::string& path, File&
   return 0;
 }
 
-void QuickThumbsIndex::Added(Files& files, const std::string& path, File& file, const EntryKey& key,
-                             std::int64_t record) {
-  TakeStamp(files, path, file);
+void QuickThumbsIndex::Added(const std::string& path, File& file, const EntryKey& key, std::int64_t record) {
+  TakeStamp(path, file);
   if (!files_.empty() && files_.back().Path == path) files_.back().Records.emplace(Shortened(key), record);
 }
 
-void QuickThumbsIndex::Marked(Files& files, const std::string& path, File& file) {
-  TakeStamp(files, path, file);
+void QuickThumbsIndex::Marked(const std::string& path, File& file) {
+  TakeStamp(path, file);
 }
 
 void QuickThumbsIndex::Forget(const std::string& path) {
   std::erase_if(files_, [&](const Remembered& remembered) { return remembered.Path == path; });
 }
 
-QuickThumbsIndex::Remembered& QuickThumbsIndex::Current(Files& files, const std::string& path, File& file) {
-  const std::int64_t length = file.Length();
-  if (length > LongestFile) throw RuntimeError(error::Overflow);
+QuickThumbsIndex::Remembered& QuickThumbsIndex::Current(const std::string& path, File& file) {
   // Taken ahead of the reading, so that a change during it is seen the next time.
-  const std::optional<CalendarTime> time = files.LastWriteTime(path);
+  const FileStamp stamp = file.Stamp();
+  if (stamp.Length > LongestFile) throw RuntimeError(error::Overflow);
   const auto known = std::ranges::find(files_, path, &Remembered::Path);
-  if (known != files_.end() && time && known->Time == time && known->Length == length) {
+  if (known != files_.end() && known->Stamp == stamp) {
     std::rotate(known, known + 1, files_.end());
     return files_.back();
   }
   Forget(path);
-  Remembered anew{path, length, time, ReadRecords(file, length)};
+  Remembered anew{path, stamp, ReadRecords(file, stamp.Length)};
   if (files_.size() == MostFiles) files_.erase(files_.begin());
   return files_.emplace_back(std::move(anew));
 }
 
 // The file's length and time are the program's own doing; what is remembered of it holds on.
-void QuickThumbsIndex::TakeStamp(Files& files, const std::string& path, File& file) {
+void QuickThumbsIndex::TakeStamp(const std::string& path, File& file) {
   const auto known = std::ranges::find(files_, path, &Remembered::Path);
-  if (known == files_.end()) return;
-  known->Length = file.Length();
-  known->Time = files.LastWriteTime(path);
+  if (known != files_.end()) known->Stamp = file.Stamp();
 }
 
 }  // namespace pixorra

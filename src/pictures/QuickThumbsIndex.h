@@ -4,7 +4,6 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <optional>
 #include <string>
 #include <unordered_map>
 #include <vector>
@@ -21,11 +20,11 @@ class QuickThumbsIndex {
 
   // The number of the first record with the key, 0 where there is none. `file` is the open file at `path`; one that has
   // been changed by another hand is read anew. Raises what reading does, and error 6 for a file of 2 GiB or more.
-  std::int64_t Find(Files& files, const std::string& path, File& file, const quickthumbs::EntryKey& key);
+  std::int64_t Find(const std::string& path, File& file, const quickthumbs::EntryKey& key);
   // To be told of each change that the program itself makes: a record written at the end ...
-  void Added(Files& files, const std::string& path, File& file, const quickthumbs::EntryKey& key, std::int64_t record);
+  void Added(const std::string& path, File& file, const quickthumbs::EntryKey& key, std::int64_t record);
   // ... and one whose mark has been changed.
-  void Marked(Files& files, const std::string& path, File& file);
+  void Marked(const std::string& path, File& file);
   // The file is not what is remembered any more.
   void Forget(const std::string& path);
 
@@ -36,13 +35,12 @@ class QuickThumbsIndex {
  private:
   struct Remembered {
     std::string Path;
-    std::int64_t Length = 0;
-    std::optional<CalendarTime> Time;  // of the last write; without one nothing can be trusted
+    FileStamp Stamp;
     std::unordered_map<std::string, std::int64_t> Records;
   };
 
-  Remembered& Current(Files& files, const std::string& path, File& file);
-  void TakeStamp(Files& files, const std::string& path, File& file);
+  Remembered& Current(const std::string& path, File& file);
+  void TakeStamp(const std::string& path, File& file);
 
   std::vector<Remembered> files_;  // the one last used at the back
 };

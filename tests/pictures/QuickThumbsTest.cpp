@@ -319,7 +319,7 @@ TEST_F(QuickThumbsTest, AReadOnlyFolderIsAMissWithoutAMessage) {
 }
 
 TEST_F(QuickThumbsTest, AFullDiskWritesNoEntryAndTheNextTryFindsTheTruth) {
-  run.files.FillDiskAfter(14454 + 300);
+  run.files.FillDiskAfter(300);
   Add(Photo, 1);
   EXPECT_EQ(Read(Photo), -1);
   run.files.Heal();

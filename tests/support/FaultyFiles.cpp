@@ -21,6 +21,11 @@ class FaultyFile : public File {
     return inner_->Length();
   }
 
+  FileStamp Stamp() override {
+    MustBeThere();
+    return inner_->Stamp();
+  }
+
   std::size_t ReadAt(std::int64_t offset, void* into, std::size_t count) override {
     Check(FileCall::Read);
     return inner_->ReadAt(offset, into, count);

@@ -111,14 +111,15 @@ std::vector<std::uint8_t> EncodeBmp(const Bitmap& bitmap) {
   std::vector<std::uint8_t> file;
   file.reserve(54 + pixelBytes);
   PutBmpHeader(file, bitmap, static_cast<std::uint32_t>(pixelBytes));
-  file.resize(54 + pixelBytes);
-  std::uint8_t* to = file.data() + 54;
-  for (int y = bitmap.Height() - 1; y >= 0; --y, to += rowBytes) {
+  for (int y = bitmap.Height() - 1; y >= 0; --y) {
+    const std::uint8_t* row = bitmap.Row(y);
     if (bitmap.Format() == PixelFormat::Bgr24) {
-      std::copy_n(bitmap.Row(y), width * 3, to);
+      file.insert(file.end(), row, row + width * 3);
     } else {
-      PutOverWhite(bitmap.Row(y), to, bitmap.Width());
+      file.resize(file.size() + width * 3);
+      PutOverWhite(row, file.data() + file.size() - width * 3, bitmap.Width());
     }
+    file.resize(file.size() + rowBytes - width * 3);
   }
   return file;
 }
@@ -136,10 +137,25 @@ Picture CodecPictures::Load(const std::string& path) {
   });
 }
 
-void CodecPictures::Save(const Picture& picture, const std::string& path) {
+Picture CodecPictures::FromBytes(std::span<const std::uint8_t> file) {
+  return Picture(DecodePicture(file));
+}
+
+std::vector<std::uint8_t> CodecPictures::BitmapFile(const Picture& picture) {
   if (picture.IsNothing()) throw RuntimeError(error::BadPropertyValue);
-  const std::vector<std::uint8_t> file = EncodeBmp(picture.Pixels());
-  files_.Open(path, OpenMode::Replace)->WriteAt(0, file.data(), file.size());
+  return EncodeBmp(picture.Pixels());
+}
+
+void CodecPictures::Save(const Picture& picture, const std::string& path) {
+  const std::vector<std::uint8_t> bytes = BitmapFile(picture);
+  files_.Open(path, OpenMode::Replace)->WriteAt(0, bytes.data(), bytes.size());
+}
+
+Picture CodecPictures::SaveAndLoad(const Picture& picture, const std::string& path) {
+  Save(picture, path);
+  // A drawing's name does not go into a file, and neither does transparency.
+  const bool asItIs = picture.Pixels().Format() == PixelFormat::Bgr24 && picture.ArtName().empty();
+  return asItIs ? picture : FromBytes(BitmapFile(picture));
 }
 
 }  // namespace pixorra

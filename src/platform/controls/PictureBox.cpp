@@ -1,6 +1,7 @@
 #include "platform/controls/PictureBox.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "platform/controls/Toolkit.h"
 #include "platform/runtime/Errors.h"
@@ -64,18 +65,28 @@ void PictureBox::SetPicture(const Picture& picture) {
 }
 
 Picture PictureBox::Image() {
-  if (surface_.IsEmpty() && !picture_.IsNothing()) return picture_;
-  return Picture(MakeSurface().Clone());
+  if (!HasDrawing() && !picture_.IsNothing()) return picture_;
+  // Handed out as it is: a copy is made only for the drawing that may follow.
+  if (image_.IsNothing()) image_ = Picture(std::exchange(MakeSurface(), Bitmap()));
+  return image_;
 }
 
 void PictureBox::Cls() {
-  surface_ = Bitmap();
+  DropSurface();
   Drawn();
+}
+
+void PictureBox::DropSurface() {
+  surface_ = Bitmap();
+  image_ = Picture();
 }
 
 // The surface comes into being with the first drawing on it, of the size that the box then has.
 Bitmap& PictureBox::MakeSurface() {
-  if (surface_.IsEmpty()) {
+  if (!image_.IsNothing()) {
+    surface_ = image_.Pixels().Clone();
+    image_ = Picture();
+  } else if (surface_.IsEmpty()) {
     surface_ = Bitmap(std::max(1, Width()), std::max(1, Height()), PixelFormat::Bgr24);
     surface_.Fill(SolidColour(backColor_));
     if (!picture_.IsNothing()) {
@@ -99,7 +110,7 @@ void PictureBox::PSet(int x, int y, Colour colour) {
 }
 
 Colour PictureBox::Point(int x, int y) {
-  const Bitmap& surface = MakeSurface();
+  const Bitmap& surface = HasDrawing() ? Surface() : MakeSurface();
   if (x < 0 || y < 0 || x >= surface.Width() || y >= surface.Height()) return 0xFFFFFFFFU;
   const std::uint8_t* pixel = surface.Row(y) + x * surface.BytesPerPixel();
   return static_cast<Colour>(pixel[0]) << 16 | static_cast<Colour>(pixel[1]) << 8 | pixel[2];
@@ -135,7 +146,7 @@ void PictureBox::PrintAt(double x, double y, const std::string& text) {
 
 void PictureBox::BoundsChanged(const Rect& before) {
   Container::BoundsChanged(before);
-  if (before.Width != Width() || before.Height != Height()) surface_ = Bitmap();
+  if (before.Width != Width() || before.Height != Height()) DropSurface();
 }
 
 void PictureBox::Drawn() {

@@ -26,8 +26,8 @@ class PictureBox : public Container {
   // What the box shows. With a picture and nothing drawn on it, that picture, whole; otherwise the surface, of the
   // box's size.
   Picture Image();
-  bool HasDrawing() const { return !surface_.IsEmpty(); }
-  const Bitmap& Surface() const { return surface_; }
+  bool HasDrawing() const { return !surface_.IsEmpty() || !image_.IsNothing(); }
+  const Bitmap& Surface() const { return image_.IsNothing() ? surface_ : image_.Pixels(); }
 
   // Drawing; pixels of the box, the parts that lie outside are cut off.
   void Cls();
@@ -46,11 +46,13 @@ class PictureBox : public Container {
   void BoundsChanged(const Rect& before) override;
 
  private:
+  void DropSurface();
   Bitmap& MakeSurface();
   void Drawn();
 
   Picture picture_;
   Bitmap surface_;
+  Picture image_;  // the surface, from when it was asked for until it is drawn on again
   Font font_;
   Colour backColor_ = ButtonFace;
   Colour foreColor_ = 0;

@@ -27,6 +27,16 @@ class HostFile : public File {
     return entry.st_size;
   }
 
+  FileStamp Stamp() override {
+    struct stat entry {};
+    if (fstat(fd_.Get(), &entry) != 0) RaiseHostError(errno);
+    return {.Disk = entry.st_dev,
+            .Number = entry.st_ino,
+            .Length = entry.st_size,
+            .Seconds = entry.st_mtim.tv_sec,
+            .Nanoseconds = entry.st_mtim.tv_nsec};
+  }
+
   std::size_t ReadAt(std::int64_t offset, void* into, std::size_t count) override {
     CheckRange(offset, count);
     std::size_t done = 0;
@@ -106,9 +116,11 @@ std::unique_ptr<File> OpenHostFile(const std::string& path, OpenMode mode, bool 
   UniqueFd fd = OpenWithFlags(path, reading ? O_RDONLY : O_RDWR | O_CREAT | O_NOFOLLOW);
   if (!fd) RaiseHostError(errno);
   // Something else may have taken the name since the first look.
-  if (!IsOrdinary(fd)) throw RuntimeError(error::PathAccess);
-  // Emptied only now that it is known what was opened.
-  if (mode == OpenMode::Replace && ftruncate(fd.Get(), 0) != 0) RaiseHostError(errno);
+  struct stat entry {};
+  if (fstat(fd.Get(), &entry) != 0 || !S_ISREG(entry.st_mode)) throw RuntimeError(error::PathAccess);
+  // Emptied only now that it is known what was opened. A file that is empty is left alone: emptied, it would be put on
+  // the disk as soon as it is closed, which costs a temporary file far more than itself.
+  if (mode == OpenMode::Replace && entry.st_size != 0 && ftruncate(fd.Get(), 0) != 0) RaiseHostError(errno);
   return MakeHostFile(std::move(fd));
 }
 

@@ -20,11 +20,23 @@ inline constexpr int Directory = 16;
 inline constexpr int Archive = 32;
 }  // namespace attribute
 
+// Tells whether a file is still the one that was seen, unchanged: equal for as long as nobody writes it or puts another
+// in its place. A change within the same moment of the disk's clock that keeps the length may go unseen.
+struct FileStamp {
+  std::uint64_t Disk = 0;
+  std::uint64_t Number = 0;  // on its disk
+  std::int64_t Length = 0;
+  std::int64_t Seconds = 0;  // of the last write, with the nanoseconds below
+  std::int64_t Nanoseconds = 0;
+  bool operator==(const FileStamp&) const = default;
+};
+
 // An open file. Closing does not flush; Flush puts what was written on stable storage.
 class File {
  public:
   virtual ~File() = default;
   virtual std::int64_t Length() = 0;
+  virtual FileStamp Stamp() = 0;
   // Reads up to `count` bytes at `offset`; tells how many came, fewer only at the file's end. Raises error 57.
   virtual std::size_t ReadAt(std::int64_t offset, void* into, std::size_t count) = 0;
   // Writes all of it at `offset`, lengthening the file as needed. Raises error 61 (disk full), 57, 75.

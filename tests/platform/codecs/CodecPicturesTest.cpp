@@ -108,13 +108,33 @@ TEST_F(CodecPicturesTest, TransparentPixelsAreSavedOverWhite) {
   EXPECT_EQ(row, std::string("\xFF\xFF\xFF\x7F\xBF\xFF\0\0", 8));
 }
 
+TEST_F(CodecPicturesTest, WhatIsSavedAndLoadedAtOnceIsWhatTheFileHolds) {
+  Bitmap shaded(3, 2, PixelFormat::Bgra32);
+  for (int y = 0; y < 2; ++y) {
+    for (int i = 0; i < 12; ++i) shaded.Row(y)[i] = static_cast<std::uint8_t>(i % 4 == 3 ? 128 : 10 * i);
+  }
+  for (const Picture& picture :
+       {Picture(SmoothBitmap(81, 60)), Picture(std::move(shaded)), Picture(SmoothBitmap(5, 4), "Logo")}) {
+    const Picture loaded = pictures.SaveAndLoad(picture, "C:\\saved");
+    EXPECT_EQ(loaded.Pixels().Format(), PixelFormat::Bgr24);
+    EXPECT_EQ(loaded.ArtName(), "");
+    ExpectSamePixels(loaded.Pixels(), pictures.Load("C:\\saved").Pixels(), 0);
+    const std::vector<std::uint8_t> bytes = pictures.BitmapFile(picture);
+    EXPECT_EQ(drive.Read("C:\\saved"), std::string(bytes.begin(), bytes.end()));
+    ExpectSamePixels(pictures.FromBytes(bytes).Pixels(), loaded.Pixels(), 0);
+  }
+}
+
 TEST_F(CodecPicturesTest, SavingNothingIsError380AndFileErrorsTravel) {
   EXPECT_EQ(ErrorsIgnored([&] { pictures.Save(Picture(), "C:\\none"); }), error::BadPropertyValue);
+  EXPECT_EQ(ErrorsIgnored([&] { pictures.SaveAndLoad(Picture(), "C:\\none"); }), error::BadPropertyValue);
+  EXPECT_EQ(ErrorsIgnored([&] { pictures.BitmapFile(Picture()); }), error::BadPropertyValue);
   EXPECT_FALSE(drive.Exists("C:\\none"));
   FaultyFiles files(drive.DriveFiles());
   CodecPictures faulty(files);
   files.FillDiskAfter(1000);
   EXPECT_EQ(ErrorsIgnored([&] { faulty.Save(Picture(SmoothBitmap(80, 60)), "C:\\full"); }), error::DiskFull);
+  EXPECT_EQ(ErrorsIgnored([&] { faulty.SaveAndLoad(Picture(SmoothBitmap(8, 6)), "C:\\full"); }), error::DiskFull);
 }
 
 }  // namespace

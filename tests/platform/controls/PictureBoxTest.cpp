@@ -81,6 +81,25 @@ TEST_F(PictureBoxTest, PictureBoxGivesItsPictureWholeUntilItIsDrawnOn) {
   EXPECT_FALSE(box.HasDrawing());
 }
 
+TEST_F(PictureBoxTest, AnImageStaysAsItWasWhenTheBoxIsDrawnOnOrCleared) {
+  PictureBox box(form, "Box");
+  box.Move(0, 0, 20, 10);
+  box.PSet(1, 1, 0x000000FF);
+  const Picture first = box.Image();
+  EXPECT_EQ(box.Image(), first);
+  EXPECT_TRUE(box.HasDrawing());
+  EXPECT_EQ(box.Point(1, 1), 0x000000FFU);
+  box.PSet(2, 1, 0x0000FF00);
+  EXPECT_EQ(box.Point(1, 1), 0x000000FFU) << "what was drawn before is still there";
+  const Picture second = box.Image();
+  EXPECT_EQ(second.Pixels().Row(1)[2 * 3 + 1], 0xFF);
+  EXPECT_EQ(first.Pixels().Row(1)[2 * 3 + 1], 0xC0);
+  box.Cls();
+  EXPECT_FALSE(box.HasDrawing());
+  EXPECT_EQ(box.Point(2, 1), 0x00C0C0C0U);
+  EXPECT_EQ(second.Pixels().Row(1)[2 * 3 + 1], 0xFF);
+}
+
 TEST_F(PictureBoxTest, PaintingNothingRaises481) {
   PictureBox box(form, "Box");
   box.Move(0, 0, 20, 10);

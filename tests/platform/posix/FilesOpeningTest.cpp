@@ -24,6 +24,25 @@ TEST_P(FilesOpening, ReadsAtAnyPlaceAndTellsHowMuchCame) {
   EXPECT_EQ(file->ReadAt(5000, part.data(), part.size()), 0U);
 }
 
+TEST_P(FilesOpening, AStampChangesWithEveryChangeOfLengthAndTimeAndWithAnotherFileInItsPlace) {
+  drive_.Write("C:\\p\\a", "0123456789");
+  const auto stamp = [&] { return TheFiles().Open("C:\\p\\a", OpenMode::Read)->Stamp(); };
+  const FileStamp first = stamp();
+  EXPECT_EQ(first.Length, 10);
+  EXPECT_EQ(stamp(), first);
+  TheFiles().Open("C:\\p\\a", OpenMode::ReadWrite)->WriteAt(10, "a", 1);
+  const FileStamp longer = stamp();
+  EXPECT_NE(longer, first);
+  drive_.SetTime("C:\\p\\a", {.Year = 2004, .Month = 2, .Day = 3, .Hour = 4, .Minute = 5, .Second = 6});
+  const FileStamp dated = stamp();
+  EXPECT_NE(dated, longer);
+  drive_.Write("C:\\p\\b", "0123456789a");
+  drive_.SetTime("C:\\p\\b", {.Year = 2004, .Month = 2, .Day = 3, .Hour = 4, .Minute = 5, .Second = 6});
+  TheFiles().Delete("C:\\p\\a");
+  TheFiles().Rename("C:\\p\\b", "C:\\p\\a");
+  EXPECT_NE(stamp(), dated);
+}
+
 TEST_P(FilesOpening, APlaceBeforeTheStartRaises57) {
   drive_.Write("C:\\p\\a", "0123456789");
   const std::unique_ptr<File> file = TheFiles().Open("C:\\p\\a", OpenMode::ReadWrite);
