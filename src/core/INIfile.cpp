@@ -92,11 +92,12 @@ void ReadWindow(MainForm& main, SavedRecordReader& record) {
   const auto& [width, height, top, left, state] = values;
   Form& window = main.Window;
   const int windowState = state.value_or(window.WindowState());
+  // Not every compiler captures the names of a structured binding.
   if (windowState == windowstate::Normal) {
-    if (width) ErrorsIgnored([&] { window.SetTwipsWidth(*width); });
-    if (height) ErrorsIgnored([&] { window.SetTwipsHeight(*height); });
-    if (top) ErrorsIgnored([&] { window.SetTwipsTop(*top); });
-    if (left) ErrorsIgnored([&] { window.SetTwipsLeft(*left); });
+    if (width) ErrorsIgnored([&window, twips = *width] { window.SetTwipsWidth(twips); });
+    if (height) ErrorsIgnored([&window, twips = *height] { window.SetTwipsHeight(twips); });
+    if (top) ErrorsIgnored([&window, twips = *top] { window.SetTwipsTop(twips); });
+    if (left) ErrorsIgnored([&window, twips = *left] { window.SetTwipsLeft(twips); });
   }
   ErrorsIgnored([&] { window.SetWindowState(windowState); });
 }
