@@ -1,22 +1,54 @@
 #include "filmstrip/LoadedPaths.h"
 
+#include <algorithm>
+#include <utility>
+
 #include "core/Routines.h"
 
 namespace pixorra {
 
+namespace {
+
+std::uint32_t HashOf(const std::string& path) {
+  return static_cast<std::uint32_t>(std::hash<std::string>{}(path));
+}
+
+// Sizes of a table are powers of 2.
+std::size_t Within(std::size_t size, std::size_t index) {
+  return index & (size - 1);
+}
+
+}  // namespace
+
 void LoadedPaths::Clear() {
-  places_.clear();
+  table_.clear();
+  used_ = 0;
   cursor_ = 0;
 }
 
 void LoadedPaths::Add(const std::string& path, int place) {
-  places_.emplace(std::hash<std::string>{}(path), place);
+  constexpr std::size_t Smallest = 64;
+  if (2 * (used_ + 1) > table_.size()) {
+    const std::vector<Entry> old = std::exchange(table_, std::vector<Entry>(std::max(Smallest, 2 * table_.size())));
+    for (const Entry& entry : old) {
+      if (entry.Place != Free) Put(entry);
+    }
+  }
+  Put({.Hash = HashOf(path), .Place = place});
+  ++used_;
+}
+
+void LoadedPaths::Put(Entry entry) {
+  std::size_t at = Within(table_.size(), entry.Hash);
+  while (table_[at].Place != Free) at = Within(table_.size(), at + 1);
+  table_[at] = entry;
 }
 
 bool LoadedPaths::Has(const std::string& path, const PathOf& pathOf) const {
-  const auto [first, last] = places_.equal_range(std::hash<std::string>{}(path));
-  for (auto it = first; it != last; ++it) {
-    if (pathOf(it->second) == path) return true;
+  if (table_.empty()) return false;
+  const std::uint32_t hash = HashOf(path);
+  for (std::size_t at = Within(table_.size(), hash); table_[at].Place != Free; at = Within(table_.size(), at + 1)) {
+    if (table_[at].Hash == hash && pathOf(table_[at].Place) == path) return true;
   }
   return false;
 }

@@ -2,9 +2,10 @@
 // are. It answers as a plain search of all places for each entry would.
 #pragma once
 
+#include <cstddef>
+#include <cstdint>
 #include <functional>
 #include <string>
-#include <unordered_map>
 #include <vector>
 
 #include "platform/controls/FileListBox.h"
@@ -27,11 +28,21 @@ class LoadedPaths {
   std::vector<std::string> Missing(const FileListBox& list, const PathOf& pathOf, int most);
 
  private:
-  bool Has(const std::string& path, const PathOf& pathOf) const;
+  struct Entry {
+    std::uint32_t Hash = 0;  // of the path that the place took
+    std::int32_t Place = Free;
+  };
+  static constexpr std::int32_t Free = -1;
 
-  std::unordered_multimap<std::size_t, int> places_;  // by the path's hash
-  int cursor_ = 0;                                    // entries ahead of it have places
-  unsigned generation_ = 0;                           // of the list that the cursor belongs to
+  bool Has(const std::string& path, const PathOf& pathOf) const;
+  void Put(Entry entry);
+
+  // Looked up by hash, the next free element after a taken one; at least half of it is free. In one block, as the cost
+  // of a search is that of the memory it touches.
+  std::vector<Entry> table_;
+  std::size_t used_ = 0;
+  int cursor_ = 0;           // entries of the list ahead of it have places
+  unsigned generation_ = 0;  // of the list that the cursor belongs to
 };
 
 }  // namespace pixorra
