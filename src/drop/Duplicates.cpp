@@ -41,8 +41,8 @@ ContentComparison::~ContentComparison() = default;
 
 bool ContentComparison::SameContent(const std::string& candidate) {
   State& state = *state_;
-  if (state.files.Length(candidate) != state.length) return false;
-  const std::unique_ptr<File> other = state.files.Open(candidate, OpenMode::Read);
+  const std::unique_ptr<File> other = state.files.OpenOfLength(candidate, state.length);
+  if (other == nullptr) return false;
   if (state.start.empty()) {
     std::vector<std::uint8_t> start(FirstBlock);
     start.resize(state.file->ReadAt(0, start.data(), FirstBlock));

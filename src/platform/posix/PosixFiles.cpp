@@ -50,6 +50,16 @@ void MustNotBeRoot(const HostPath& path) {
   if (path.IsRoot()) throw RuntimeError(error::PathAccess);
 }
 
+// Of what a link leads to.
+std::int64_t LengthOf(const Located& located) {
+  MustExist(located);
+  if (S_ISREG(located.Entry.st_mode)) return located.Entry.st_size;
+  struct stat entry {};
+  if (stat(located.Path.Text().c_str(), &entry) != 0) RaiseFor(located.Path, errno);
+  if (!S_ISREG(entry.st_mode)) throw RuntimeError(error::FileNotFound);
+  return entry.st_size;
+}
+
 }  // namespace
 
 PosixFiles::PosixFiles(PathMapping mapping) : mapping_(std::make_shared<FixedMapping>(std::move(mapping))) {}
@@ -124,13 +134,13 @@ bool PosixFiles::IsSameFile(const std::string& a, const std::string& b) {
 }
 
 std::int64_t PosixFiles::Length(const std::string& path) {
+  return LengthOf(Find(path));
+}
+
+std::unique_ptr<File> PosixFiles::OpenOfLength(const std::string& path, std::int64_t length) {
   const Located located = Find(path);
-  MustExist(located);
-  if (S_ISREG(located.Entry.st_mode)) return located.Entry.st_size;
-  struct stat entry {};
-  if (stat(located.Path.Text().c_str(), &entry) != 0) RaiseFor(located.Path, errno);
-  if (!S_ISREG(entry.st_mode)) throw RuntimeError(error::FileNotFound);
-  return entry.st_size;
+  if (LengthOf(located) != length) return nullptr;
+  return OpenHostFile(located.Path.Text(), OpenMode::Read, S_ISREG(located.Entry.st_mode));
 }
 
 std::unique_ptr<File> PosixFiles::Open(const std::string& path, OpenMode mode) {

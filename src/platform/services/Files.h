@@ -76,6 +76,9 @@ class Files {
 
   virtual std::int64_t Length(const std::string& path) = 0;
   virtual std::unique_ptr<File> Open(const std::string& path, OpenMode mode) = 0;
+  // The file open for reading if it is of this length, else nothing. Raises as Length and Open do. A folder's files are
+  // looked through by it, so that a back end may look each up only once.
+  virtual std::unique_ptr<File> OpenOfLength(const std::string& path, std::int64_t length);
   // A file or a link itself; never a folder.
   virtual void Delete(const std::string& path) = 0;
   virtual void Rename(const std::string& from, const std::string& to) = 0;  // 58 where `to` is taken; never replaces

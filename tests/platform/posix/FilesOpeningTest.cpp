@@ -1,6 +1,7 @@
 // Contract of Files: opening, reading and writing.
 #include <algorithm>
 #include <array>
+#include <filesystem>
 #include <sys/stat.h>
 
 #include "tests/platform/posix/FilesContract.h"
@@ -22,6 +23,23 @@ TEST_P(FilesOpening, ReadsAtAnyPlaceAndTellsHowMuchCame) {
   EXPECT_EQ(std::string(part.data(), 2), "89");
   EXPECT_EQ(file->ReadAt(10, part.data(), part.size()), 0U);
   EXPECT_EQ(file->ReadAt(5000, part.data(), part.size()), 0U);
+}
+
+TEST_P(FilesOpening, OnlyAFileOfTheLengthOpensByItsLength) {
+  drive_.Write("C:\\p\\a", "0123456789");
+  std::filesystem::create_symlink("a", drive_.HostPath("C:\\p\\link"));
+  for (const std::string path : {"C:\\p\\a", "C:\\P\\A", "C:\\p\\link"}) {
+    const std::unique_ptr<File> file = TheFiles().OpenOfLength(path, 10);
+    ASSERT_NE(file, nullptr) << path;
+    char last = 0;
+    EXPECT_EQ(file->ReadAt(9, &last, 1), 1U);
+    EXPECT_EQ(last, '9');
+    EXPECT_EQ(TheFiles().OpenOfLength(path, 9), nullptr) << path;
+    EXPECT_EQ(TheFiles().OpenOfLength(path, 11), nullptr) << path;
+  }
+  EXPECT_EQ(ErrorsIgnored([&] { TheFiles().OpenOfLength("C:\\p\\b", 10); }), error::FileNotFound);
+  EXPECT_EQ(ErrorsIgnored([&] { TheFiles().OpenOfLength("C:\\q\\b", 10); }), error::PathNotFound);
+  EXPECT_EQ(ErrorsIgnored([&] { TheFiles().OpenOfLength("C:\\p", 10); }), error::FileNotFound);
 }
 
 TEST_P(FilesOpening, AStampChangesWithEveryChangeOfLengthAndTimeAndWithAnotherFileInItsPlace) {
