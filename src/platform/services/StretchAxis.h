@@ -52,9 +52,10 @@ struct BlendPoint {
 };
 
 struct BlendAxis {
+  int source = 0;
   std::vector<BlendPoint> points;
 
-  BlendAxis(int source, int target, int from, int to) {
+  BlendAxis(int sourcePixels, int target, int from, int to) : source(sourcePixels) {
     points.reserve(static_cast<std::size_t>(to - from));
     for (std::int64_t i = from; i < to; ++i) {
       const std::int64_t place = std::max<std::int64_t>(0, ((2 * i + 1) * source - target) * 128 / target);

@@ -115,6 +115,28 @@ TEST(Stretch, EnlargementBlendsNeighboursAndKeepsTheEdges) {
   for (int y = 0; y < 8; ++y) EXPECT_EQ(At(target, 3, y)[1], expected[static_cast<std::size_t>(y)]);
 }
 
+TEST(Stretch, EveryPixelOfAnEnlargementLiesBetweenItsNeighboursWhateverTheSizes) {
+  // The place of a target pixel's middle among the source's middles, in 256ths.
+  const auto place = [](int i, int from, int to) { return std::max(0, ((2 * i + 1) * from - to) * 128 / to); };
+  const auto blend = [](int a, int b, int part) { return (a * (256 - part) + b * part + 128) >> 8; };
+  for (int from = 1; from <= 12; ++from) {
+    for (const int to : {from, from + 1, 2 * from + 1, 5 * from + 3}) {
+      const Bitmap source = Noise(from, 1, PixelFormat::Bgr24, static_cast<unsigned>(from));
+      Bitmap target(to, 1, PixelFormat::Bgr24);
+      Stretch(source, target, 0, 0, to, 1);
+      for (int x = 0; x < to; ++x) {
+        const int at = place(x, from, to);
+        const int first = std::min(at >> 8, from - 1), second = std::min(first + 1, from - 1);
+        for (int c = 0; c < 3; ++c) {
+          const int a = source.Row(0)[first * 3 + c], b = source.Row(0)[second * 3 + c];
+          ASSERT_EQ(target.Row(0)[x * 3 + c], blend(a, b, first == second ? 0 : at & 255))
+              << from << ' ' << to << ' ' << x;
+        }
+      }
+    }
+  }
+}
+
 TEST(Stretch, EnlargedOneWayAndReducedTheOther) {
   Bitmap source = Filled(2, 4, PixelFormat::Bgr24, 0);
   for (int y = 0; y < 4; ++y) source.Row(y)[3] = y % 2 == 0 ? 100 : 200;  // the right column's blue averages 150
