@@ -1,4 +1,5 @@
 // Stretching: what each target pixel is made of, clipping, alpha.
+#include <algorithm>
 #include <array>
 #include <climits>
 #include <gtest/gtest.h>
@@ -119,18 +120,20 @@ TEST(Stretch, EveryPixelOfAnEnlargementLiesBetweenItsNeighboursWhateverTheSizes)
   // The place of a target pixel's middle among the source's middles, in 256ths.
   const auto place = [](int i, int from, int to) { return std::max(0, ((2 * i + 1) * from - to) * 128 / to); };
   const auto blend = [](int a, int b, int part) { return (a * (256 - part) + b * part + 128) >> 8; };
-  for (int from = 1; from <= 12; ++from) {
-    for (const int to : {from, from + 1, 2 * from + 1, 5 * from + 3}) {
-      const Bitmap source = Noise(from, 1, PixelFormat::Bgr24, static_cast<unsigned>(from));
-      Bitmap target(to, 1, PixelFormat::Bgr24);
-      Stretch(source, target, 0, 0, to, 1);
-      for (int x = 0; x < to; ++x) {
-        const int at = place(x, from, to);
-        const int first = std::min(at >> 8, from - 1), second = std::min(first + 1, from - 1);
-        for (int c = 0; c < 3; ++c) {
-          const int a = source.Row(0)[first * 3 + c], b = source.Row(0)[second * 3 + c];
-          ASSERT_EQ(target.Row(0)[x * 3 + c], blend(a, b, first == second ? 0 : at & 255))
-              << from << ' ' << to << ' ' << x;
+  for (const PixelFormat format : {PixelFormat::Bgr24, PixelFormat::Bgra32}) {
+    const int channels = format == PixelFormat::Bgr24 ? 3 : 4;
+    for (int from = 1; from <= 12; ++from) {
+      for (const int to : {from, from + 1, 2 * from + 1, 5 * from + 3}) {
+        const Bitmap source = Noise(from, 1, format, static_cast<unsigned>(from));
+        Bitmap target(to, 1, format);
+        std::fill_n(target.Row(0), to * channels, std::uint8_t{0});  // laid over nothing, it stays as it is
+        Stretch(source, target, 0, 0, to, 1);
+        for (int i = 0; i < to * channels; ++i) {
+          const int at = place(i / channels, from, to);
+          const int first = std::min(at >> 8, from - 1), second = std::min(first + 1, from - 1);
+          const int a = source.Row(0)[first * channels + i % channels];
+          const int b = source.Row(0)[second * channels + i % channels];
+          ASSERT_EQ(target.Row(0)[i], blend(a, b, first == second ? 0 : at & 255)) << from << ' ' << to << ' ' << i;
         }
       }
     }
