@@ -1,6 +1,8 @@
 #include "platform/qt/ArtStore.h"
 
 #include <QFile>
+#include <QGuiApplication>
+#include <QImageReader>
 #include <QPainter>
 #include <QSvgRenderer>
 
@@ -21,6 +23,15 @@ int Kilobytes(qsizetype bytes) {
   return 1 + static_cast<int>(bytes / 1024);
 }
 
+QString DrawingFile(const QString& name) {
+  return QLatin1String(":/art/") + name + QLatin1String(".svg");
+}
+
+// A scene too rich for a drawing ships as a photograph.
+QString PhotographFile(const QString& name) {
+  return QLatin1String(":/") + name + QLatin1String(".jpg");
+}
+
 }  // namespace
 
 ArtStore::ArtStore() : rendered_(CacheKilobytes), reduced_(CacheKilobytes) {
@@ -33,30 +44,41 @@ QSvgRenderer* ArtStore::Find(const QString& name) {
   const auto known = sources_.constFind(name);
   if (known != sources_.constEnd()) return known->get();
   std::shared_ptr<QSvgRenderer> source;
-  const QString file = QLatin1String(":/art/") + name + QLatin1String(".svg");
-  if (QFile::exists(file)) source = std::make_shared<QSvgRenderer>(file);
+  if (QFile::exists(DrawingFile(name))) source = std::make_shared<QSvgRenderer>(DrawingFile(name));
   if (source != nullptr && !source->isValid()) source.reset();
   sources_.insert(name, source);
   return source.get();
 }
 
-bool ArtStore::Has(const std::string& name) {
-  return Find(ToQString(name)) != nullptr;
+bool ArtStore::Has(const std::string& name) const {
+  return QFile::exists(DrawingFile(ToQString(name))) || QFile::exists(PhotographFile(ToQString(name)));
 }
 
-QImage ArtStore::Render(const std::string& name, QSize size) {
-  if (size.isEmpty()) return {};
-  const QString drawing = ToQString(name);
-  const QString entry = drawing + QStringLiteral(" %1 %2").arg(size.width()).arg(size.height());
-  if (const QImage* known = rendered_.object(entry)) return *known;
-  QSvgRenderer* source = Find(drawing);
-  if (source == nullptr) return {};
+QImage ArtStore::Draw(const QString& name, QSize size) {
+  QSvgRenderer* source = Find(name);
+  if (source == nullptr) {
+    // The decoder leaves out what would be scaled away.
+    QImageReader photograph(PhotographFile(name));
+    photograph.setScaledSize(size);
+    photograph.setQuality(95);  // of the scaling
+    return photograph.read();
+  }
   QImage image(size, QImage::Format_ARGB32_Premultiplied);
   image.fill(Qt::transparent);
   QPainter painter(&image);
   source->render(&painter, QRectF(QPointF(0, 0), QSizeF(size)));
-  painter.end();
-  rendered_.insert(entry, new QImage(image), Kilobytes(image.sizeInBytes()));
+  return image;
+}
+
+QImage ArtStore::Render(const std::string& name, QSize size) {
+  if (size.isEmpty()) return {};
+  QString drawing = ToQString(name);
+  const QString twin = drawing + QLatin1String("Dark");
+  if (IsDark(QGuiApplication::palette()) && QFile::exists(DrawingFile(twin))) drawing = twin;
+  const QString entry = drawing + QStringLiteral(" %1 %2").arg(size.width()).arg(size.height());
+  if (const QImage* known = rendered_.object(entry)) return *known;
+  QImage image = Draw(drawing, size);
+  if (!image.isNull()) rendered_.insert(entry, new QImage(image), Kilobytes(image.sizeInBytes()));
   return image;
 }
 

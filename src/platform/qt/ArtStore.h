@@ -23,8 +23,9 @@ class ArtStore {
   ArtStore(const ArtStore&) = delete;
   ArtStore& operator=(const ArtStore&) = delete;
 
-  bool Has(const std::string& name);
-  // Filled to that size in device pixels, premultiplied; null where there is no such drawing.
+  // Without reading it.
+  bool Has(const std::string& name) const;
+  // Filled to that size in device pixels; null where there is no such drawing. Some have a twin for dark desktops.
   QImage Render(const std::string& name, QSize size);
   // A picture's pixels averaged into fewer.
   QImage Reduce(const Picture& picture, QSize size);
@@ -36,6 +37,7 @@ class ArtStore {
     QImage Image;
   };
   QSvgRenderer* Find(const QString& name);
+  QImage Draw(const QString& name, QSize size);
 
   QHash<QString, std::shared_ptr<QSvgRenderer>> sources_;
   QCache<QString, QImage> rendered_;  // cost in kilobytes

@@ -35,6 +35,10 @@ Rect ToRect(const QRect& rect) {
   return {rect.left(), rect.top(), rect.width(), rect.height()};
 }
 
+bool IsDark(const QPalette& palette) {
+  return palette.color(QPalette::Window).lightness() < palette.color(QPalette::WindowText).lightness();
+}
+
 QColor ToQColor(Colour colour, const QPalette& palette) {
   switch (colour) {
     case ButtonFace:

@@ -27,6 +27,8 @@ QString ToToolTip(const std::string& text);
 QRect ToQRect(const Rect& rect);
 Rect ToRect(const QRect& rect);
 
+// A desktop of light letters on dark ground.
+bool IsDark(const QPalette& palette);
 // System colours follow the palette.
 QColor ToQColor(Colour colour, const QPalette& palette);
 Colour ToColour(const QColor& colour);

@@ -12,6 +12,19 @@
 
 namespace pixorra {
 
+namespace {
+
+// The sizes that task bars and title bars ask for; each is read when it is wanted.
+QIcon ProgramIcon() {
+  QIcon icon;
+  for (const int size : {16, 24, 32, 48, 64}) {
+    icon.addFile(QStringLiteral(":/icons/hicolor/%1x%1/apps/pixorra.png").arg(size), QSize(size, size));
+  }
+  return icon;
+}
+
+}  // namespace
+
 struct QtPlatform::Parts {
   Parts(int& argc, char** argv) : application(argc, argv) {}
 
@@ -33,7 +46,7 @@ QtPlatform::QtPlatform(int& argc, char** argv)
       clipboard(parts_->clipboard) {
   // The name of the desktop entry, by which a desktop tells whose windows these are.
   QGuiApplication::setDesktopFileName(QStringLiteral("pixorra"));
-  QGuiApplication::setWindowIcon(QIcon(QStringLiteral(":/icons/pixorra.svg")));
+  QGuiApplication::setWindowIcon(ProgramIcon());
   InstallAccessibility();
   parts_->backend.Attach(parts_->toolkit);
   parts_->backend.SetErrorHandler([this](int number, const std::string& description) {

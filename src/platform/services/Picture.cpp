@@ -67,7 +67,20 @@ void Bitmap::Fill(Colour colour) {
 }
 
 Picture::Picture(Bitmap pixels, std::string artName) {
-  if (!pixels.IsEmpty()) data_ = std::make_shared<const Data>(Data{std::move(pixels), std::move(artName)});
+  if (pixels.IsEmpty()) return;
+  const int width = pixels.Width();
+  const int height = pixels.Height();
+  data_ = std::make_shared<const Data>(Data{width, height, std::move(pixels), std::move(artName), nullptr});
+}
+
+Picture::Picture(int width, int height, std::string artName, std::function<Bitmap()> draw) {
+  if (width <= 0 || height <= 0) return;
+  data_ = std::make_shared<const Data>(Data{width, height, {}, std::move(artName), std::move(draw)});
+}
+
+const Bitmap& Picture::Pixels() const {
+  if (data_->pixels.IsEmpty()) data_->pixels = data_->draw();
+  return data_->pixels;
 }
 
 const std::string& Picture::ArtName() const {

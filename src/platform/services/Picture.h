@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 #include <utility>
@@ -52,21 +53,27 @@ class Picture {
  public:
   Picture() = default;                                        // nothing
   explicit Picture(Bitmap pixels, std::string artName = {});  // an empty bitmap makes nothing
+  // A drawing of that size whose pixels are made when they are first asked for, which may be never. What `draw` makes
+  // has that size.
+  Picture(int width, int height, std::string artName, std::function<Bitmap()> draw);
 
   bool IsNothing() const { return data_ == nullptr; }
   // The picture's own size in pixels; 0 for nothing.
-  int Width() const { return data_ ? data_->pixels.Width() : 0; }
-  int Height() const { return data_ ? data_->pixels.Height() : 0; }
-  // Not for nothing.
-  const Bitmap& Pixels() const { return data_->pixels; }
+  int Width() const { return data_ ? data_->width : 0; }
+  int Height() const { return data_ ? data_->height : 0; }
+  // Not for nothing. Raises error 7 where a drawing's pixels cannot be had.
+  const Bitmap& Pixels() const;
   // For a drawing of the program's own, its name, by which a back end can draw it sharper than its pixels are.
   const std::string& ArtName() const;
   bool operator==(const Picture& other) const { return data_ == other.data_; }
 
  private:
   struct Data {
-    Bitmap pixels;
+    int width;
+    int height;
+    mutable Bitmap pixels;
     std::string artName;
+    std::function<Bitmap()> draw;
   };
   std::shared_ptr<const Data> data_;
 };

@@ -132,5 +132,22 @@ TEST(Picture, CopiesShareThePixelsAndAreEqual) {
   EXPECT_FALSE(first == Picture(first.Pixels().Clone()));
 }
 
+TEST(Picture, ADrawingsPixelsAreMadeOnceAndNotBeforeTheyAreAskedFor) {
+  int made = 0;
+  const Picture drawing(3, 2, "Logo", [&made] {
+    ++made;
+    return Bitmap(3, 2, PixelFormat::Bgra32);
+  });
+  const Picture copy = drawing;
+  EXPECT_EQ(copy.Width(), 3);
+  EXPECT_EQ(copy.Height(), 2);
+  EXPECT_EQ(copy.ArtName(), "Logo");
+  EXPECT_EQ(made, 0);
+  EXPECT_EQ(drawing.Pixels().Width(), 3);
+  EXPECT_EQ(&copy.Pixels(), &drawing.Pixels());
+  EXPECT_EQ(made, 1);
+  EXPECT_TRUE(Picture(0, 2, "Logo", [] { return Bitmap(); }).IsNothing());
+}
+
 }  // namespace
 }  // namespace pixorra
