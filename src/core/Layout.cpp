@@ -49,6 +49,7 @@ void PlaceStripAcross(MainForm& main, double windowWidthByY) {
   Try([&] { strip.SrcFolderPath.SetLeft(window.Left() + (window.Width() - strip.SrcFolderPath.Width()) / 2.0); });
   Try([&] { strip.FilmStripModeFrame.SetLeft(Right(window) - strip.FilmStripModeFrame.Width()); });
   Label& size = main.preview.PicPreviewSize;
+  size.SetMaxWidth(preview.Width());
   Try([&] { size.SetLeft(preview.Left() + (preview.Width() - size.Width()) / 2.0); });
 }
 

@@ -1,5 +1,9 @@
 #include "core/MainForm.h"
 
+#include "core/Definition.h"
+#include "core/Palette.h"
+#include "platform/controls/Toolkit.h"
+
 namespace pixorra {
 
 MainForm::MainForm(Host& services)
@@ -13,6 +17,8 @@ MainForm::MainForm(Host& services)
       drop(services),
       pictures(Window, services),
       preferences(services.toolkit) {
+  host.toolkit.SetTones(palette::Tones);
+  host.toolkit.SetHand(Drawing(host, "HandPointer", 32, 32));
   Window.SetTwipsWidth(11730);
   Window.SetTwipsHeight(9090);
   Window.SetSizable(true);

@@ -131,6 +131,7 @@ void ConnectEvents(MainForm& main) {
   ConnectPreview(main);
   ConnectDesktop(main);
   ConnectDrop(main);
+  ConnectSpoken(main);
 }
 
 void StartUp(MainForm& main) {

@@ -9,5 +9,6 @@ void ConnectDesktop(MainForm& main);
 void ConnectDrop(MainForm& main);
 void ConnectFilmStrip(MainForm& main);
 void ConnectPreview(MainForm& main);
+void ConnectSpoken(MainForm& main);
 
 }  // namespace pixorra

@@ -47,27 +47,29 @@ void DesktopState::DefineDesktop(Host& host) {
   DesktopImage.SetPicture(Drawing(host, "Clouds", 1200, 900));
 
   DestFolder(0).SetPicture(ClosedFolder);
+  // Its icon is the pane's too, which changes it by hand.
   DestFolder(0).SetMousePointer(pointer::Custom);
   DestFolder(0).SetMouseIcon(Drawing(host, "HandPointer", 32, 32));
   DestPicsCount(0).SetForeColor(palette::CountText);
   DestPicsCount(0).SetAutoSize(true);
+  DestPicsCount(0).SetBackColor(palette::CountHalo);
   DestFolderName(0).SetAlignment(Alignment::Center);
   DestFolderName(0).SetAutoSize(true);
+  DestFolderName(0).SetShortensInMiddle(true);
   DestFolderName(0).SetOpaque(true);
+  DestFolderName(0).SetMousePointer(pointer::Hand);
   DestFolderName(0).SetBackColor(palette::ClosedLabelBack);
   DestFolderName(0).SetForeColor(palette::ClosedLabelText);
   DestFolderPreview(0).SetStretch(true);
   DestFolderPreview(0).Move(0, 0, 80, 60);
-  DestFolderPreview(0).SetMousePointer(pointer::Custom);
-  DestFolderPreview(0).SetMouseIcon(Drawing(host, "HandPointer", 32, 32));
+  DestFolderPreview(0).SetMousePointer(pointer::Hand);
 
   ShowFolder.SetPicture(Drawing(host, "ShowFolder", 70, 51));
   ShowFolder.SetToolTipText("Show a Folder");
   HideFolder.SetPicture(Drawing(host, "HideFolder", 70, 51));
   HideFolder.SetToolTipText("Hide the Open Folder");
   for (ImageBox* box : {&ShowFolder, &HideFolder}) {
-    box->SetMousePointer(pointer::Custom);
-    box->SetMouseIcon(Drawing(host, "HandPointer", 32, 32));
+    box->SetMousePointer(pointer::Hand);
   }
   FolderRenameBox.SetVisible(false);
   FolderRenameBox.Move(0, 0, 120, 22);
@@ -88,6 +90,7 @@ void DesktopState::DefineView(Host& host) {
   DestBackground(0).SetPicture(Drawing(host, "DestBackground", 97, 89));
   DestThumbnail(0).SetStretch(true);
   DestThumbnail(0).Move(0, 0, 80, 60);
+  DestThumbnail(0).SetMousePointer(pointer::Hand);
   DestThumbName(0).Move(0, 0, 80, 14);
   DestThumbName(0).SetForeColor(palette::PageText);
   DestThumbName(0).SetAlignment(Alignment::Center);

@@ -1,5 +1,7 @@
 #include "desktop/FolderGeometry.h"
 
+#include <algorithm>
+
 #include "platform/runtime/Numbers.h"
 
 namespace pixorra {
@@ -45,6 +47,12 @@ Spot FolderCountPlace(const FolderGrid& grid, int slot) {
 Spot FolderNamePlace(const FolderGrid& grid, int slot, int nameWidth) {
   const Spot origin = SlotOrigin(grid, slot);
   return {origin.Left + grid.FolderWidth / 2.0 - nameWidth / 2.0 + 25, origin.Top - 16};
+}
+
+// Wide names stay clear of their neighbours and within the Desktop: a name's middle is 94 pixels from its column's
+// left.
+int FolderNameWidth(const FolderGrid& grid) {
+  return std::max(0, std::min(ColumnStepOf(grid) - 8, 2 * 91));
 }
 
 Spot FolderPreviewPlace(const FolderGrid& grid, int slot, bool open) {

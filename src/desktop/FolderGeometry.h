@@ -26,6 +26,8 @@ Spot FolderIconPlace(const FolderGrid& grid, int slot);
 Spot FolderCountPlace(const FolderGrid& grid, int slot);
 // The name is centred, so its width, pixels, tells where it begins.
 Spot FolderNamePlace(const FolderGrid& grid, int slot, int nameWidth);
+// The width that a name must not pass.
+int FolderNameWidth(const FolderGrid& grid);
 Spot FolderPreviewPlace(const FolderGrid& grid, int slot, bool open);
 
 // The Trashcan, in the ninth place of the grid, and what stands around it.

@@ -41,6 +41,7 @@ void ArrangeSlot(MainForm& main, const FolderGrid& grid, int slot) {
   for (Control* control : controls) control->SetVisible(false);
   MoveTo(desk.DestFolder(slot), FolderIconPlace(grid, slot));
   MoveTo(desk.DestPicsCount(slot), FolderCountPlace(grid, slot));
+  desk.DestFolderName(slot).SetMaxWidth(FolderNameWidth(grid));
   MoveTo(desk.DestFolderName(slot), FolderNamePlace(grid, slot, desk.DestFolderName(slot).Width()));
   MoveTo(desk.DestFolderPreview(slot), FolderPreviewPlace(grid, slot, desk.OpenFolderIndex == slot));
   if (!shown) return;
@@ -94,6 +95,8 @@ void CreateFolderSlots(MainForm& main) {
   desk.DestFolder(TrashcanSlot).SetPicture(desk.TrashcanClosed);
   ShowFolderCount(main, TrashcanSlot);
   desk.DestFolder(TrashcanSlot).SetVisible(true);
+  // It stands on the Desktop's picture, whatever that is.
+  desk.DestPicsCount(TrashcanSlot).SetHalo(true);
   desk.DestPicsCount(TrashcanSlot).SetVisible(true);
   desk.DestFolder(TrashcanSlot).BringToFront();
   desk.DestPicsCount(TrashcanSlot).BringToFront();

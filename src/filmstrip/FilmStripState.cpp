@@ -57,6 +57,7 @@ void FilmStripState::DefineStrip(Host& host) {
   SrcThumbnail(0).Move(0, 0, 80, 60);
   SrcThumbnail(0).SetToolTipText("Drag Photo into a folder");
   SrcThumbnail(0).SetAutomaticDrag(true);
+  SrcThumbnail(0).SetMousePointer(pointer::Hand);
   SrcThumbName(0).Move(0, 0, 80, 14);
   SrcThumbName(0).SetForeColor(palette::FilmText);
   SrcThumbName(0).SetAlignment(Alignment::Center);
@@ -93,15 +94,16 @@ void FilmStripState::DefineButtons(Host& host) {
 
   Place(FilmStripModeFrame, 8760, 2175, 2655, 495);
   FilmStripModeFrame.SetCaption("Display Film Strip");
+  FilmStripModeFrame.SetColors(palette::BandText, palette::Band);
   AllOption.SetCaption("All");
   AllOption.SetToolTipText("Display ALL photos in Film Strip");
-  AllOption.Move(6, 14, 40, 17);
+  AllOption.Move(4, 14, 38, 17);
   RemainingOption.SetCaption("Remaining");
   RemainingOption.SetToolTipText("Display only photos that have NOT been dragged");
-  RemainingOption.Move(46, 14, 82, 17);
+  RemainingOption.Move(43, 14, 82, 17);
   AutoScrollOption.SetCaption("Auto");
   AutoScrollOption.SetToolTipText("Auto Scroll dragged photos");
-  AutoScrollOption.Move(127, 14, 48, 17);
+  AutoScrollOption.Move(126, 14, 50, 17);
   AutoScrollOption.SetValue(true);
 }
 

@@ -1,6 +1,7 @@
 #include "preview/PreviewState.h"
 
 #include "core/Definition.h"
+#include "core/Palette.h"
 
 namespace pixorra {
 
@@ -15,9 +16,10 @@ PreviewState::PreviewState(Form& window, Host& host)
   Place(PicPreviewSize, 1440, 2520, 1125, 195);
   PicPreviewSize.SetAlignment(Alignment::Center);
   PicPreviewSize.SetAutoSize(true);
+  PicPreviewSize.SetShortensInMiddle(true);
   PicPreviewSize.SetOpaque(true);
-  PicPreviewSize.SetForeColor(0);
-  PicPreviewSize.SetBackColor(0x00E1FFFF);
+  PicPreviewSize.SetForeColor(palette::CaptionText);
+  PicPreviewSize.SetBackColor(palette::CaptionBack);
   PicPreviewSize.SetVisible(false);
 }
 

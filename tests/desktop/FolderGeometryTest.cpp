@@ -109,5 +109,15 @@ TEST(FolderGeometryTest, TheBarsRangeEndsAtSixteenBits) {
   }
 }
 
+TEST(FolderGeometryTest, AWideNameStaysOnTheDesktopAndOffItsNeighbours) {
+  for (const int desktop : {534, 528, 800, 1500}) {
+    const FolderGrid grid{{8, 100, desktop, 400}, 138, 95};
+    const int width = FolderNameWidth(grid);
+    EXPECT_GE(FolderNamePlace(grid, 1, width).Left, 8) << desktop;
+    EXPECT_LE(FolderNamePlace(grid, 3, width).Left + width, 8 + desktop) << desktop;
+    EXPECT_GT(FolderNamePlace(grid, 2, width).Left, FolderNamePlace(grid, 1, width).Left + width) << desktop;
+  }
+}
+
 }  // namespace
 }  // namespace pixorra

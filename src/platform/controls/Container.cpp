@@ -83,4 +83,11 @@ void Frame::SetCaption(const std::string& caption) {
   Changed(Change::Text);
 }
 
+void Frame::SetColors(Colour fore, Colour back) {
+  foreColor_ = fore;
+  backColor_ = back;
+  Changed(Change::Look);
+  TellPeersWithin(Change::Look);
+}
+
 }  // namespace pixorra

@@ -56,9 +56,15 @@ class Frame : public Container {
 
   const std::string& Caption() const { return caption_; }
   void SetCaption(const std::string& caption);
+  // Of the frame, and of the buttons within it.
+  Colour ForeColor() const { return foreColor_; }
+  Colour BackColor() const { return backColor_; }
+  void SetColors(Colour fore, Colour back);
 
  private:
   std::string caption_;
+  Colour foreColor_ = ButtonText;
+  Colour backColor_ = ButtonFace;
 };
 
 }  // namespace pixorra

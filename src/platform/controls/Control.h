@@ -48,6 +48,7 @@ namespace pointer {
 inline constexpr int Default = 0;
 inline constexpr int Arrow = 1;
 inline constexpr int Hourglass = 11;
+inline constexpr int Hand = 98;    // the program's, from Toolkit::SetHand
 inline constexpr int Custom = 99;  // the MouseIcon
 }  // namespace pointer
 
@@ -66,6 +67,7 @@ class Control {
   Toolkit& GetToolkit() const;
   // The handlers; those of a control array serve all of its elements.
   Events& On() { return identity_->On; }
+  const Events& On() const { return identity_->On; }
 
   // Pixels within the container, whole ones: halves go to the even neighbour. Raises error 380 for a size below 0.
   int Left() const { return bounds_.Left; }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <functional>
+#include <string>
 #include <utility>
 
 namespace pixorra {
@@ -78,6 +79,10 @@ struct Events {
   // A handler that sets the code to 0 has used the key. KeyPress takes the character's code point.
   std::function<void(Control&, int&, int)> KeyDown;
   std::function<void(Control&, int&)> KeyPress;
+  // What a screen reader says of an element, in place of its AccessibleName and its ToolTipText: asked for when it is
+  // wanted, so that thousands of them cost nothing.
+  std::function<std::string(const Control&)> SpokenName;
+  std::function<std::string(const Control&)> SpokenDescription;
 };
 
 // Runs a copy of a handler, so that the handler may be replaced, or the control go, while it runs.

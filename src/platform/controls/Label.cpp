@@ -24,6 +24,8 @@ void Label::CopyFrom(const Label& source) {
   autoSize_ = source.autoSize_;
   wordWrap_ = source.wordWrap_;
   shortens_ = source.shortens_;
+  halo_ = source.halo_;
+  maxWidth_ = source.maxWidth_;
 }
 
 void Label::SetCaption(const std::string& caption) {
@@ -72,6 +74,16 @@ void Label::SetAutoSize(bool autoSize) {
   FitToCaption();
 }
 
+void Label::SetMaxWidth(int width) {
+  maxWidth_ = static_cast<std::uint16_t>(std::clamp(width, 0, 0xFFFF));
+  FitToCaption();
+}
+
+void Label::SetHalo(bool halo) {
+  halo_ = halo;
+  Changed(Change::Look);
+}
+
 void Label::SetWordWrap(bool wrap) {
   wordWrap_ = wrap;
   Changed(Change::Text);
@@ -91,6 +103,7 @@ void Label::FitToCaption() {
     start = end + 1;
   }
   width = std::ceil(width);
+  if (maxWidth_ > 0) width = std::min(width, static_cast<double>(maxWidth_));
   double left = Left();
   if (alignment_ == Alignment::Center) left += (Width() - width) / 2;
   if (alignment_ == Alignment::Right) left += Width() - width;

@@ -33,11 +33,17 @@ class Label : public Control {
   // The control is as large as its caption; a change of caption keeps the edge, or the middle, that the text is set to.
   bool AutoSize() const { return autoSize_; }
   void SetAutoSize(bool autoSize);
+  // Pixels that an AutoSize label does not grow beyond; 0 for no limit.
+  int MaxWidth() const { return maxWidth_; }
+  void SetMaxWidth(int width);
   bool WordWrap() const { return wordWrap_; }
   void SetWordWrap(bool wrap);
   // A caption too long for one line keeps both its ends, with dots between.
   bool ShortensInMiddle() const { return shortens_; }
   void SetShortensInMiddle(bool shortens) { shortens_ = shortens; }
+  // The letters have an edge in the background colour: they can be read on any picture.
+  bool HasHalo() const { return halo_; }
+  void SetHalo(bool halo);
 
  private:
   void FitToCaption();
@@ -51,6 +57,8 @@ class Label : public Control {
   bool autoSize_ = false;
   bool wordWrap_ = false;
   bool shortens_ = false;
+  bool halo_ = false;
+  std::uint16_t maxWidth_ = 0;
 };
 
 }  // namespace pixorra

@@ -127,6 +127,7 @@ Toolkit::PointerShown Toolkit::PointerFor(Form& form) {
   if (form.MousePointer() != pointer::Default) return {form.MousePointer(), form.MouseIcon()};
   const Control* control = hovered_.Get();
   if (control == nullptr || control->GetContainer() == nullptr || &control->GetForm() != &form) return {};
+  if (control->MousePointer() == pointer::Hand) return {pointer::Custom, hand_};
   return {control->MousePointer(), control->MouseIcon()};
 }
 

@@ -196,4 +196,11 @@ void Toolkit::RunDueTimers() {
   }
 }
 
+Colour Toolkit::PlainColour(Colour colour, bool dark) const {
+  if (!IsTone(colour)) return colour;
+  if (ToneEntry(colour) >= tones_.size()) return 0;
+  const Tone& tone = tones_[ToneEntry(colour)];
+  return dark ? tone.Dark : tone.Light;
+}
+
 }  // namespace pixorra

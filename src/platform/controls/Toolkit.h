@@ -4,11 +4,13 @@
 
 #include <functional>
 #include <optional>
+#include <span>
 #include <string>
 #include <vector>
 
 #include "platform/controls/Backend.h"
 #include "platform/controls/Control.h"
+#include "platform/controls/Tones.h"
 
 namespace pixorra {
 
@@ -79,6 +81,14 @@ class Toolkit {
   };
   PointerShown PointerFor(Form& form);
 
+  // --- the program's looks -------------------------------------------------------------------------------------------
+  // The table of the program's tones, which must live on.
+  void SetTones(std::span<const Tone> tones) { tones_ = tones; }
+  // The colour that a tone stands for; any other is itself.
+  Colour PlainColour(Colour colour, bool dark) const;
+  // The icon of pointer::Hand.
+  void SetHand(const Picture& icon) { hand_ = icon; }
+
   // --- timers; called by the back end
   // ----------------------------------------------------------------------------------
   void RunDueTimers();
@@ -122,6 +132,8 @@ class Toolkit {
   bool RunShortcut(Form& form, int keyCode, int shift);
 
   Backend& backend_;
+  std::span<const Tone> tones_;
+  Picture hand_;
   std::vector<Form*> forms_;
   std::vector<Form*> modal_;
   std::vector<Timer*> timers_;

@@ -10,6 +10,7 @@
 namespace pixorra {
 
 QString SpokenName(const Control& control) {
+  if (control.On().SpokenName) return ToQString(control.On().SpokenName(control));
   if (!control.AccessibleName().empty()) return ToQString(control.AccessibleName());
   if (control.GetKind() == Kind::Label) {
     QString caption = ToQString(static_cast<const Label&>(control).Caption()).trimmed();
@@ -22,7 +23,10 @@ QString SpokenName(const Control& control) {
 QString LightAccessible::text(QAccessible::Text what) const {
   if (!isValid()) return {};
   if (what == QAccessible::Name) return SpokenName(*control_.Get());
-  if (what == QAccessible::Description) return ToQString(control_->ToolTipText());
+  if (what == QAccessible::Description) {
+    const Events& events = control_->On();
+    return ToQString(events.SpokenDescription ? events.SpokenDescription(*control_.Get()) : control_->ToolTipText());
+  }
   return {};
 }
 
@@ -72,7 +76,12 @@ void LightAccessible::doAction(const QString& name) {
   QtBackend& backend = peer->GetBackend();
   const Rect at = control_->ShownRect();
   backend.Guarded([&, form = Watch<Form>(control_->GetForm()), x = at.Left + at.Width / 2, y = at.Top + at.Height / 2] {
-    backend.GetToolkit().MousePressed(*form.Get(), x, y, button::Left, 0);
+    const Events& events = control_->On();
+    if (events.DblClick && !events.Click && !events.MouseDown) {
+      backend.GetToolkit().MouseDoubleClicked(*form.Get(), x, y, button::Left, 0);
+    } else {
+      backend.GetToolkit().MousePressed(*form.Get(), x, y, button::Left, 0);
+    }
     if (form) backend.GetToolkit().MouseReleased(*form.Get(), x, y, button::Left, 0);
   });
 }

@@ -9,6 +9,7 @@
 #include "platform/controls/Painting.h"
 #include "platform/controls/PictureBox.h"
 #include "platform/controls/Shape.h"
+#include "platform/controls/Toolkit.h"
 #include "platform/qt/Convert.h"
 #include "platform/qt/Drawn.h"
 
@@ -27,9 +28,18 @@ Qt::Alignment ToQt(Alignment alignment) {
   }
 }
 
+// How much of a frame's line is of its text's colour.
+constexpr double FrameLine = 0.4;
+
+QColor Blend(const QColor& over, const QColor& ground, double share) {
+  const auto mix = [share](int a, int b) { return qRound(a * share + b * (1 - share)); };
+  return {mix(over.red(), ground.red()), mix(over.green(), ground.green()), mix(over.blue(), ground.blue())};
+}
+
 }  // namespace
 
 void LightPainter::PaintForm(const Form& form, const Rect& exposed) {
+  toolkit_ = &form.GetToolkit();
   Fill(ToQRect(exposed), form.BackColor());
   for (const PaintItem& item : ItemsToPaint(form, exposed)) {
     if (item.Clip.IsEmpty()) continue;
@@ -61,7 +71,11 @@ void LightPainter::Paint(const Control& control, const QRect& at) {
 }
 
 void LightPainter::Fill(const QRect& at, Colour colour) {
-  painter_.fillRect(at, ToQColor(colour, on_.palette()));
+  painter_.fillRect(at, Shown(colour));
+}
+
+QColor LightPainter::Shown(Colour colour) const {
+  return ToQColor(toolkit_->PlainColour(colour, IsDark(on_.palette())), on_.palette());
 }
 
 // One pixel, dark at the top and left as if sunk.
@@ -88,15 +102,25 @@ void LightPainter::PaintLabel(const Label& label, const QRect& at) {
   if (label.Opaque()) Fill(at, label.BackColor());
   if (label.Caption().empty()) return;
   painter_.setFont(ToQFont(label.GetFont()));
-  painter_.setPen(label.Enabled() ? ToQColor(label.ForeColor(), on_.palette())
-                                  : on_.palette().color(QPalette::Disabled, QPalette::WindowText));
   QString text = ToLines(label.Caption());
   if (label.ShortensInMiddle() && !label.WordWrap()) {
     text = painter_.fontMetrics().elidedText(text, Qt::ElideMiddle, at.width());
   }
   int flags = (ToQt(label.GetAlignment()) | Qt::AlignTop).toInt();
   if (label.WordWrap()) flags |= Qt::TextWordWrap;
+  if (label.HasHalo()) DrawHalo(at, flags, text, Shown(label.BackColor()));
+  painter_.setPen(label.Enabled() ? Shown(label.ForeColor())
+                                  : on_.palette().color(QPalette::Disabled, QPalette::WindowText));
   painter_.drawText(at, flags, text);
+}
+
+// The letters once in each direction, a pixel away.
+void LightPainter::DrawHalo(const QRect& at, int flags, const QString& text, const QColor& colour) {
+  painter_.setPen(colour);
+  for (const QPoint step : {QPoint(-1, 0), QPoint(1, 0), QPoint(0, -1), QPoint(0, 1), QPoint(-1, -1), QPoint(1, 1),
+                            QPoint(-1, 1), QPoint(1, -1)}) {
+    painter_.drawText(at.translated(step), flags, text);
+  }
 }
 
 void LightPainter::PaintShape(const Shape& shape, const QRect& at) {
@@ -109,7 +133,7 @@ void LightPainter::PaintShape(const Shape& shape, const QRect& at) {
   if (width <= 0) return;
   // Whole pixels: half of the width lies outside the rectangle, the odd one inside.
   const QRect outer = at.adjusted(-(width / 2), -(width / 2), width / 2, width / 2);
-  const QColor colour = ToQColor(shape.BorderColor(), on_.palette());
+  const QColor colour = Shown(shape.BorderColor());
   painter_.fillRect(outer.x(), outer.y(), outer.width(), width, colour);
   painter_.fillRect(outer.x(), outer.bottom() + 1 - width, outer.width(), width, colour);
   painter_.fillRect(outer.x(), outer.y(), width, outer.height(), colour);
@@ -118,22 +142,23 @@ void LightPainter::PaintShape(const Shape& shape, const QRect& at) {
 
 // A line around, broken by the caption.
 void LightPainter::PaintFrame(const Frame& frame, const QRect& at) {
-  Fill(at, ButtonFace);
-  const QPalette palette = on_.palette();
+  Fill(at, frame.BackColor());
   painter_.setFont(on_.font());
   const QString caption = ToQString(frame.Caption()).remove(QLatin1Char('&'));
   const QFontMetrics metrics = painter_.fontMetrics();
+  const QColor text =
+      frame.Enabled() ? Shown(frame.ForeColor()) : on_.palette().color(QPalette::Disabled, QPalette::WindowText);
   const int top = caption.isEmpty() ? at.y() : at.y() + metrics.height() / 2;
   const QRect line(at.x(), top, at.width(), at.bottom() + 1 - top);
-  const QColor colour = palette.color(QPalette::Mid);
+  const QColor colour = Blend(text, Shown(frame.BackColor()), FrameLine);
   painter_.fillRect(line.x(), line.y(), line.width(), 1, colour);
   painter_.fillRect(line.x(), line.bottom(), line.width(), 1, colour);
   painter_.fillRect(line.x(), line.y(), 1, line.height(), colour);
   painter_.fillRect(line.right(), line.y(), 1, line.height(), colour);
   if (caption.isEmpty()) return;
   const QRect gap(at.x() + 6, at.y(), metrics.horizontalAdvance(caption) + 6, metrics.height());
-  Fill(gap, ButtonFace);
-  painter_.setPen(palette.color(frame.Enabled() ? QPalette::Active : QPalette::Disabled, QPalette::WindowText));
+  Fill(gap, frame.BackColor());
+  painter_.setPen(text);
   painter_.drawText(gap, Qt::AlignCenter, caption);
 }
 

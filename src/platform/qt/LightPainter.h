@@ -1,7 +1,9 @@
 // Paints a form's ground and its light controls.
 #pragma once
 
+#include <QColor>
 #include <QRect>
+#include <QString>
 
 #include "platform/controls/Geometry.h"
 #include "platform/services/Picture.h"
@@ -19,6 +21,7 @@ class ImageBox;
 class Label;
 class PictureBox;
 class Shape;
+class Toolkit;
 
 class LightPainter {
  public:
@@ -35,12 +38,15 @@ class LightPainter {
   void PaintShape(const Shape& shape, const QRect& at);
   void PaintFrame(const Frame& frame, const QRect& at);
   void PaintPictureBox(const PictureBox& box, const QRect& at);
+  QColor Shown(Colour colour) const;
+  void DrawHalo(const QRect& at, int flags, const QString& text, const QColor& colour);
   void Fill(const QRect& at, Colour colour);
   void Edge(const QRect& at);
 
   QPainter& painter_;
   const QWidget& on_;
   ArtStore& art_;
+  const Toolkit* toolkit_ = nullptr;
 };
 
 }  // namespace pixorra

@@ -1,5 +1,6 @@
 #include "platform/qt/NativePeer.h"
 
+#include <QApplication>
 #include <QEnterEvent>
 #include <QFocusEvent>
 #include <QInputMethodEvent>
@@ -33,6 +34,10 @@ class NativePeer::Hook final : public QObject {
 };
 
 namespace {
+
+// How much lighter than its frame the ground of a mark is, in percent.
+constexpr int DarkField = 190;
+constexpr int LightField = 135;
 
 // The form's own visibility is its window's matter: its widgets stay as they are while it is hidden.
 bool IsVisibleOnForm(const Control& control) {
@@ -125,8 +130,38 @@ void NativePeer::ApplyVisible() {
   if (control_.HasFocus() && visible) widget_->setFocus(Qt::OtherFocusReason);
 }
 
+// Those in a coloured frame take its colours. On dark ground the field of a mark is lighter than the desktop has it, or
+// an empty one would not be seen. The rest of their look is the desktop's.
+void NativePeer::ApplyColours() {
+  const Container* outer = control_.GetContainer();
+  const bool framed = outer->GetKind() == Kind::Frame && static_cast<const Frame*>(outer)->BackColor() != ButtonFace;
+  const bool marked = control_.GetKind() == Kind::CheckBox || control_.GetKind() == Kind::OptionButton;
+  if (colouring_ || !(framed || marked)) return;
+  const QPalette desktop = QApplication::palette();
+  const bool dark = IsDark(desktop);
+  QColor ground = desktop.color(QPalette::Window);
+  QPalette own;
+  if (framed) {
+    const auto& frame = static_cast<const Frame&>(*outer);
+    const Toolkit& toolkit = backend_.GetToolkit();
+    ground = ToQColor(toolkit.PlainColour(frame.BackColor(), dark), desktop);
+    const QColor text = ToQColor(toolkit.PlainColour(frame.ForeColor(), dark), desktop);
+    for (const auto role : {QPalette::WindowText, QPalette::ButtonText, QPalette::Text}) {
+      own.setColor(QPalette::Active, role, text);
+      own.setColor(QPalette::Inactive, role, text);
+    }
+    own.setColor(QPalette::Window, ground);
+  }
+  if (marked && (dark || framed)) own.setColor(QPalette::Base, ground.lighter(dark ? DarkField : LightField));
+  colouring_ = true;
+  widget_->setPalette(own);
+  colouring_ = false;
+}
+
 void NativePeer::ApplyLook() {
+  ApplyColours();
   widget_->setToolTip(ToToolTip(control_.ToolTipText()));
+  widget_->setAccessibleDescription(ToQString(control_.ToolTipText()));
   if (!control_.AccessibleName().empty()) widget_->setAccessibleName(ToQString(control_.AccessibleName()));
   if (control_.ZOrder() == z_) return;
   if (control_.ZOrder() > z_) {
@@ -153,6 +188,10 @@ bool NativePeer::Filter(QObject& watched, QEvent& event) {
       const QString typed = static_cast<QInputMethodEvent&>(event).commitString();
       return !typed.isEmpty() && DeliverText(backend_, control_.GetForm(), typed);
     }
+    case QEvent::PaletteChange:
+    case QEvent::ApplicationPaletteChange:
+      ApplyColours();
+      return false;
     case QEvent::FocusIn:
       FocusTaken(static_cast<QFocusEvent&>(event).reason());
       return false;

@@ -50,6 +50,7 @@ class NativePeer : public Peer, public Pending {
   void ApplyPlace();
   void ApplyVisible();
   void ApplyLook();
+  void ApplyColours();
 
   QtBackend& backend_;
   Control& control_;
@@ -58,6 +59,7 @@ class NativePeer : public Peer, public Pending {
   std::unique_ptr<QObject> context_;
   int z_;
   bool mirroring_ = false;
+  bool colouring_ = false;
 };
 
 // The same for one kind of control and of widget.

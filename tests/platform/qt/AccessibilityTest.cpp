@@ -101,5 +101,26 @@ TEST_F(AccessibilityTest, AControlThatHasGoneIsNoLongerValid) {
   EXPECT_EQ(Names().size(), 2);
 }
 
+TEST_F(AccessibilityTest, WhatIsSaidIsAskedForWhenItIsWanted) {
+  std::string name = "IMG_0001.JPG, not dragged";
+  image.SetAccessibleName("Photo");
+  image.On().SpokenName = [&name](const Control&) { return name; };
+  image.On().SpokenDescription = [](const Control&) { return std::string("Double-Click to Discard Photo"); };
+  EXPECT_EQ(Named("IMG_0001.JPG, not dragged").text(QAccessible::Description), "Double-Click to Discard Photo");
+  name = "IMG_0001.JPG, dragged";
+  EXPECT_EQ(Names(), QStringList({"IMG_0001.JPG, dragged", "Select a Film Strip"}));
+  name.clear();
+  EXPECT_EQ(Names(), QStringList({"Select a Film Strip"}));
+}
+
+TEST_F(AccessibilityTest, WhatIsDoubleClickedByHandIsPressedHereToo) {
+  int second = 0;
+  label.On().DblClick = [&second](Control&) { ++second; };
+  QAccessibleInterface& spoken = Named("Select a Film Strip");
+  EXPECT_EQ(spoken.role(), QAccessible::Button);
+  spoken.actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+  EXPECT_EQ(second, 1);
+}
+
 }  // namespace
 }  // namespace pixorra

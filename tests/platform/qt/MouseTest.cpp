@@ -161,5 +161,14 @@ TEST_F(MouseTest, AClickOnALightControlLeavesTheFocusWhereItIs) {
   EXPECT_EQ(WindowOf(form).focusPolicy(), Qt::NoFocus);
 }
 
+TEST_F(MouseTest, TheProgramsHandStandsForAnIconOfItsOwn) {
+  QtArtwork artwork(backend.Art());
+  toolkit.SetHand(artwork.Drawing("HandPointer", 32, 32));
+  target.SetMousePointer(pointer::Hand);
+  Move(ClientOf(form), QPoint(110, 110));
+  EXPECT_EQ(WindowOf(form).cursor().shape(), Qt::BitmapCursor);
+  EXPECT_EQ(WindowOf(form).cursor().hotSpot(), QPoint(9, 2));
+}
+
 }  // namespace
 }  // namespace pixorra

@@ -288,5 +288,62 @@ TEST_F(PaintTest, ADrawingHasTheSizeAskedForAndAnUnknownOneRaises) {
   }
 }
 
+// Puts the desktop's colours back.
+class OnDarkDesktop {
+ public:
+  OnDarkDesktop() : before_(QApplication::palette()) { QApplication::setPalette(QPalette(QColor(0x35, 0x35, 0x35))); }
+  ~OnDarkDesktop() { QApplication::setPalette(before_); }
+
+ private:
+  QPalette before_;
+};
+
+TEST_F(PaintTest, TonesFollowTheDesktopAtOnce) {
+  static constexpr Tone tones[] = {{0x0000FF00, 0x000000FF}};
+  toolkit.SetTones(tones);
+  form.SetBackColor(ToneColour(0));
+  form.Show();
+  EXPECT_EQ(Shot(form).pixelColor(5, 5), QColor(Qt::green));
+  const OnDarkDesktop dark;
+  EXPECT_EQ(Shot(form).pixelColor(5, 5), QColor(Qt::red));
+}
+
+TEST_F(PaintTest, SomeDrawingsHaveATwinForDarkDesktops) {
+  const QSize size(60, 40);
+  const QImage light = backend.Art().Render("Logo", size);
+  const QImage folder = backend.Art().Render("ClosedFolder", size);
+  const OnDarkDesktop dark;
+  EXPECT_EQ(backend.Art().Render("Logo", size), backend.Art().Render("LogoDark", size));
+  EXPECT_NE(backend.Art().Render("Logo", size), light);
+  EXPECT_EQ(backend.Art().Render("ClosedFolder", size), folder);
+}
+
+TEST_F(PaintTest, APhotographIsDrawnAtTheSizeItIsShown) {
+  const QImage clouds = backend.Art().Render("Clouds", QSize(80, 60));
+  EXPECT_EQ(clouds.size(), QSize(80, 60));
+  // The sky is bluer above than below.
+  EXPECT_GT(clouds.pixelColor(40, 2).blue(), clouds.pixelColor(40, 2).red() + 60);
+}
+
+TEST_F(PaintTest, LettersWithAHaloHaveAnEdgeOfTheBackColour) {
+  Label label(form, "Label");
+  label.Move(10, 10, 60, 20);
+  label.SetCaption("Il");
+  label.SetForeColor(0);
+  label.SetBackColor(Green);
+  form.Show();
+  const auto greens = [this] {
+    const QImage shot = Shot(form);
+    int count = 0;
+    for (int y = 10; y < 30; ++y) {
+      for (int x = 10; x < 70; ++x) count += shot.pixelColor(x, y).green() > 200 ? 1 : 0;
+    }
+    return count;
+  };
+  EXPECT_EQ(greens(), 0);
+  label.SetHalo(true);
+  EXPECT_GT(greens(), 20);
+}
+
 }  // namespace
 }  // namespace pixorra
