@@ -1,0 +1,164 @@
+#include "tests/look/LookAt.h"
+
+#include <QAbstractButton>
+#include <QFontMetrics>
+#include <QPushButton>
+#include <algorithm>
+#include <cmath>
+
+#include "platform/controls/Label.h"
+#include "platform/controls/Toolkit.h"
+#include "platform/qt/ClientArea.h"
+#include "platform/qt/Convert.h"
+#include "platform/qt/FormPeer.h"
+
+namespace pixorra {
+
+namespace {
+
+constexpr double LeastContrast = 4.5;
+// Pixels of the ground that may be too near to the text's colour, in percent: edges of drawings.
+constexpr std::size_t Spared = 2;
+
+double Linear(double share) {
+  return share <= 0.04045 ? share / 12.92 : std::pow((share + 0.055) / 1.055, 2.4);
+}
+
+double Luminance(const QColor& colour) {
+  return 0.2126 * Linear(colour.redF()) + 0.7152 * Linear(colour.greenF()) + 0.0722 * Linear(colour.blueF());
+}
+
+double Contrast(double one, double other) {
+  return (std::max(one, other) + 0.05) / (std::min(one, other) + 0.05);
+}
+
+std::string Named(const Control& control, const QString& text) {
+  return control.Name() + "(" + std::to_string(control.Index()) + ") \"" + ToUtf8(text) + "\"";
+}
+
+// The largest line, and all lines.
+QSize SizeOf(const QString& text, const QFontMetrics& metrics) {
+  return metrics.size(0, text);
+}
+
+// Where they stand on the form.
+QRect LettersOf(const Label& label, QSize size, const QFontMetrics& metrics) {
+  const QRect whole = ToQRect(label.FormRect());
+  const int width = std::min(size.width(), whole.width());
+  int left = whole.left();
+  if (label.GetAlignment() == Alignment::Center) left += (whole.width() - width) / 2;
+  if (label.GetAlignment() == Alignment::Right) left += whole.width() - width;
+  const int blank = metrics.ascent() - metrics.boundingRect(QLatin1Char('d')).height();
+  return {left, whole.top() + blank, width, size.height() - blank};
+}
+
+}  // namespace
+
+LookAt::LookAt(Form& form) : form_(form), client_(static_cast<FormPeer*>(form.GetPeer())->Client()) {}
+
+std::vector<std::string> LookAt::Faults() {
+  Look(form_);
+  LookAtButtons();
+  return faults_;
+}
+
+QImage LookAt::Shot(const QRect& at) {
+  return client_.grab(at).toImage().convertToFormat(QImage::Format_RGB32);
+}
+
+void LookAt::Compare(const std::string& where, const QColor& text, const QImage& ground) {
+  ++texts_;
+  std::vector<double> contrasts;
+  for (int y = 0; y < ground.height(); ++y) {
+    for (int x = 0; x < ground.width(); ++x) {
+      contrasts.push_back(Contrast(Luminance(text), Luminance(ground.pixelColor(x, y))));
+    }
+  }
+  if (contrasts.empty()) return;
+  std::sort(contrasts.begin(), contrasts.end());
+  const double least = contrasts[contrasts.size() * Spared / 100];
+  if (least < LeastContrast) Fault(where, "a contrast of " + std::to_string(least));
+}
+
+void LookAt::Look(const Container& container) {
+  for (Control* control : container.Controls()) {
+    if (!control->IsShown() || control->ShownRect().IsEmpty()) continue;
+    if (control->GetKind() == Kind::Label) LookAtLabel(static_cast<Label&>(*control));
+    if (control->GetKind() == Kind::Frame) LookAtFrame(static_cast<const Frame&>(*control));
+    if (const Container* inner = AsContainer(*control)) Look(*inner);
+  }
+}
+
+void LookAt::LookAtLabel(Label& label) {
+  const QString text = ToLines(label.Caption());
+  // What scrolls is cut by the edge of its window as a matter of course.
+  if (text.trimmed().isEmpty() || (label.Index() != 0 && !(label.ShownRect() == label.FormRect()))) return;
+  const std::string where = Named(label, text);
+  const QFontMetrics metrics(ToQFont(label.GetFont()));
+  QSize size = SizeOf(text, metrics);
+  if (label.WordWrap()) size = metrics.boundingRect(QRect(0, 0, label.Width(), 9999), Qt::TextWordWrap, text).size();
+  const bool shortened = label.ShortensInMiddle() && size.width() > label.Width();
+  if (shortened && label.Width() < metrics.horizontalAdvance(QStringLiteral("MM...MM"))) Fault(where, "has no room");
+  if (!shortened && size.width() > label.Width()) Fault(where, "is too wide");
+  if (size.height() > label.Height()) Fault(where, "is too high");
+  // The letters alone: the rows above them and the label's empty sides may lie under an edge.
+  const QRect at = LettersOf(label, size, metrics);
+  if (!ToQRect(label.ShownRect()).contains(at)) Fault(where, "is cut off by what it lies on");
+  const QImage with = Shot(at);
+  const bool dark = IsDark(client_.palette());
+  const auto plain = [&](Colour colour) {
+    return ToQColor(form_.GetToolkit().PlainColour(colour, dark), client_.palette());
+  };
+  const std::string caption = label.Caption();
+  const bool sizes = label.AutoSize();
+  label.SetAutoSize(false);
+  label.SetCaption("");
+  QImage ground = Shot(at);
+  label.SetCaption(caption);
+  label.SetAutoSize(sizes);
+  if (with == ground) Fault(where, "is not to be seen");
+  if (label.HasHalo()) ground.fill(plain(label.BackColor()));
+  if (label.Enabled()) Compare(where, plain(label.ForeColor()), ground);
+}
+
+void LookAt::LookAtFrame(const Frame& frame) {
+  const QString text = ToQString(frame.Caption()).remove(QLatin1Char('&'));
+  if (text.isEmpty()) return;
+  const QSize size = SizeOf(text, QFontMetrics(client_.font()));
+  if (size.width() + 12 > frame.Width()) Fault(Named(frame, text), "is too wide");
+  for (const Control* inner : frame.Controls()) {
+    if (inner->Top() < size.height()) Fault(Named(*inner, text), "lies on its frame's caption");
+  }
+  const Rect at = frame.ShownRect();
+  const bool dark = IsDark(client_.palette());
+  const auto plain = [&](Colour colour) {
+    return ToQColor(form_.GetToolkit().PlainColour(colour, dark), client_.palette());
+  };
+  QImage ground = Shot(QRect(at.Left + 2, at.Top + size.height(), 3, 3));
+  Compare(Named(frame, text), plain(frame.ForeColor()), ground);
+}
+
+void LookAt::LookAtButtons() {
+  for (auto* button : client_.findChildren<QAbstractButton*>()) {
+    if (button->isVisibleTo(&client_) && !button->text().isEmpty()) LookAtButton(*button);
+  }
+}
+
+void LookAt::LookAtButton(QAbstractButton& button) {
+  const QString text = button.text();
+  const std::string where = ToUtf8(button.objectName()) + " \"" + ToUtf8(text) + "\"";
+  const bool push = qobject_cast<QPushButton*>(&button) != nullptr;
+  // What styles leave free around a text is not the text's.
+  const int needed = push ? button.fontMetrics().horizontalAdvance(QString(text).remove(QLatin1Char('&'))) + 12
+                          : button.sizeHint().width() - 4;
+  if (needed > button.width()) Fault(where, "is too wide by " + std::to_string(needed - button.width()));
+  if (button.fontMetrics().height() > button.height()) Fault(where, "is too high");
+  if (!button.isEnabled()) return;
+  button.setText({});
+  const QImage ground = Shot(QRect(button.pos() + QPoint(button.width() / 2, button.height() / 4),
+                                   QSize(button.width() / 3, button.height() / 2)));
+  button.setText(text);
+  Compare(where, button.palette().color(push ? QPalette::ButtonText : QPalette::WindowText), ground);
+}
+
+}  // namespace pixorra

@@ -1,0 +1,155 @@
+// The program's windows as a person sees them, on light and dark desktops and at all sizes: no text too pale, none cut.
+#include <QApplication>
+#include <gmock/gmock.h>
+#include <string>
+#include <vector>
+
+#include "desktop/FolderSlots.h"
+#include "desktop/OpenFolder.h"
+#include "drop/DuplicateAskForm.h"
+#include "drop/RenameAskForm.h"
+#include "filmstrip/Marks.h"
+#include "platform/qt/Convert.h"
+#include "preview/PreviewPane.h"
+#include "tests/look/LookAt.h"
+#include "tests/support/TestPictures.h"
+#include "tests/support/headless/ProgramTest.h"
+
+namespace pixorra {
+namespace {
+
+using ::testing::IsEmpty;
+
+constexpr const char* Card = "C:\\Card";
+constexpr const char* LongName = "An evening at the lake with all of the cousins and their dogs";
+
+QPalette LightDesktop() {
+  return QPalette(QColor(0xEF, 0xEF, 0xEF));
+}
+
+// The values that desktops of our day have for their dark looks.
+QPalette DarkDesktop() {
+  QPalette palette(QColor(0x35, 0x35, 0x35));
+  palette.setColor(QPalette::Window, QColor(0x35, 0x35, 0x35));
+  palette.setColor(QPalette::Base, QColor(0x2D, 0x2D, 0x2D));
+  for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
+    palette.setColor(QPalette::Active, role, QColor(0xEE, 0xEE, 0xEC));
+    palette.setColor(QPalette::Inactive, role, QColor(0xEE, 0xEE, 0xEC));
+  }
+  return palette;
+}
+
+struct Desktop {
+  const char* Name;
+  bool Dark;
+};
+
+struct WindowSize {
+  int Width;
+  int Height;
+};
+
+class LookTest : public ProgramTest, public ::testing::WithParamInterface<Desktop> {
+ protected:
+  LookTest() {
+    before_ = QApplication::palette();
+    QApplication::setPalette(GetParam().Dark ? DarkDesktop() : LightDesktop());
+    std::vector<std::string> folders;
+    for (const char* name : {"Family", "Grandma's 80th birthday party", LongName, "B", "School", "x", "Garden"}) {
+      folders.push_back(std::string("C:\\Home\\") + name);
+      drive.MakeFolder(folders.back());
+    }
+    // The one that is open, and its longest names.
+    folders.push_back(std::string("C:\\Home\\The open one, ") + LongName);
+    for (const char* name : {"a", "Photograph of everybody", "PXR00001"}) {
+      drive.Write(folders.back() + "\\" + name + ".jpg", JpegPhoto(320, 240));
+      drive.Write(std::string(Card) + "\\" + name + ".jpg", JpegPhoto(240, 320));
+    }
+    for (int i = 100; i < 118; ++i) {
+      drive.Write(std::string(Card) + "\\DSC0" + std::to_string(i) + ".JPG", JpegPhoto(320, 200 + i));
+    }
+    WriteSavedState(StateLines(Card, folders));
+  }
+  ~LookTest() override {
+    EndRun();
+    QApplication::setPalette(before_);
+  }
+
+  void Resize(ProgramRun& run, WindowSize size) {
+    run.main.Window.SetTwipsWidth(size.Width * TwipsPerPixel);
+    run.main.Window.SetTwipsHeight(size.Height * TwipsPerPixel);
+    run.Wait(0.5);
+  }
+
+ private:
+  QPalette before_;
+};
+
+TEST_P(LookTest, EveryTextOfTheMainWindowIsReadableAtEverySize) {
+  ProgramRun& run = Started();
+  run.LoadAll();
+  for (const int i : {1, 3, 4}) MarkDragged(run.main, run.main.strip.SrcThumbnail(i));
+  for (const WindowSize size :
+       {WindowSize{782, 606}, WindowSize{1024, 768}, WindowSize{1280, 960}, WindowSize{1920, 1080}}) {
+    SCOPED_TRACE(std::to_string(size.Width) + " x " + std::to_string(size.Height));
+    Resize(run, size);
+    PaintPicPreview(run.main, run.main.strip.SrcThumbnail(2).Tag());
+    LookAt look(run.main.Window);
+    EXPECT_THAT(look.Faults(), IsEmpty());
+    // Both kinds of names, eight folders with their counts, the strip's captions and its options.
+    EXPECT_GT(look.Texts(), 30);
+  }
+}
+
+TEST_P(LookTest, EveryTextOfTheEmptyProgramIsReadable) {
+  WriteSavedState(StateLines("", {}));
+  ProgramRun& run = Started();
+  run.Wait(0.3);
+  EXPECT_THAT(LookAt(run.main.Window).Faults(), IsEmpty());
+}
+
+TEST_P(LookTest, EveryTextOfTheDialogsIsReadable) {
+  ProgramRun& run = Started();
+  run.LoadAll();
+  int looks = 0;
+  const auto lookAt = [&looks](Form& form) {
+    LookAt look(form);
+    EXPECT_THAT(look.Faults(), IsEmpty()) << form.Name();
+    EXPECT_GT(look.Texts(), 5) << form.Name();
+    ++looks;
+  };
+  run.person.ExpectForm("RenameAskForm", [&](Person& hand, Form& form) {
+    lookAt(form);
+    hand.Key(key::Escape);
+  });
+  RenameNewPhoto(run.main, run.main.strip.SrcThumbnail(1).Tag());
+  run.person.ExpectForm("DuplicateAskForm", [&](Person& hand, Form& form) {
+    lookAt(form);
+    hand.Key(key::Escape);
+  });
+  const std::string photo = run.main.strip.SrcThumbnail(2).Tag();
+  DeleteDuplicate(run.main, photo, photo);
+  run.person.ExpectForm("PreferencesForm", [&](Person& hand, Form& form) {
+    lookAt(form);
+    hand.Close(form);
+  });
+  run.person.ChooseMenu(run.main.menu.PreferenceMenuItem);
+  run.Wait(0.2);
+  EXPECT_EQ(looks, 3);
+}
+
+TEST_P(LookTest, TheGroundsFollowTheDesktop) {
+  ProgramRun& run = Started();
+  run.LoadAll();
+  const bool dark = GetParam().Dark;
+  EXPECT_EQ(IsDark(QApplication::palette()), dark);
+  Toolkit& toolkit = run.platform.toolkit;
+  EXPECT_EQ(toolkit.PlainColour(run.main.strip.SrcBackShape.FillColor(), dark),
+            toolkit.PlainColour(run.main.strip.FilmStripModeFrame.BackColor(), dark));
+}
+
+INSTANTIATE_TEST_SUITE_P(Desktops, LookTest, ::testing::Values(Desktop{"Light", false}, Desktop{"Dark", true}),
+                         [](const auto& desktop) { return desktop.param.Name; });
+
+}  // namespace
+}  // namespace pixorra
