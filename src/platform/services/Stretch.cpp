@@ -90,7 +90,11 @@ class Stretcher {
     RowSums sums(static_cast<std::size_t>(source_.Width()) * Channels);
     int row = y_ + rows_.from;
     for (const AreaSpan& span : down.spans) {
-      Across(sums.Of(source_, down, span), down.total, line_.data());
+      if (down.total <= RowSums::MostNarrow) {
+        Across(sums.Narrow(source_, down, span), down.total, line_.data());
+      } else {
+        Across(sums.Wide(source_, down, span), down.total, line_.data());
+      }
       Put(line_.data(), row++);
     }
   }

@@ -52,12 +52,12 @@ void AverageAcross(const AreaAxis& axis, const Value* row, std::uint64_t rowTota
   }
 }
 
-template <int Channels>
-void BlendAcross(const BlendAxis& axis, const std::uint32_t* row, std::uint64_t rowTotal, Byte* out) {
+template <int Channels, typename Value>
+void BlendAcross(const BlendAxis& axis, const Value* row, std::uint64_t rowTotal, Byte* out) {
   const Mean mean(rowTotal * 256);
   for (const BlendPoint& point : axis.points) {
-    const std::uint32_t* a = row + std::ptrdiff_t{point.first} * Channels;
-    const std::uint32_t* b = row + std::ptrdiff_t{point.second} * Channels;
+    const Value* a = row + std::ptrdiff_t{point.first} * Channels;
+    const Value* b = row + std::ptrdiff_t{point.second} * Channels;
     for (int c = 0; c < Channels; ++c) {
       *out++ = mean(std::uint64_t{a[c]} * (256 - point.fraction) + std::uint64_t{b[c]} * point.fraction);
     }
@@ -127,37 +127,48 @@ inline void BlendRows(const Byte* a, const Byte* b, std::uint32_t fraction, Byte
   for (std::size_t i = 0; i < count; ++i) out[i] = static_cast<Byte>((a[i] * first + b[i] * second + 128) >> 8);
 }
 
-// Adds up rows of bytes, weighted. Whole rows are summed in 16 bits, as long as these hold them.
+// Adds up rows of bytes, weighted.
 class RowSums {
  public:
-  explicit RowSums(std::size_t count) : whole_(count), sums_(count) {}
+  explicit RowSums(std::size_t count) : narrow_(count), sums_(count) {}
 
-  const std::uint32_t* Of(const Bitmap& source, const AreaAxis& axis, const AreaSpan& span) {
+  // Weights that add up to no more than this leave every sum within 16 bits, where most ratios are, and the quicker.
+  static constexpr std::uint32_t MostNarrow = 257;
+  const std::uint16_t* Narrow(const Bitmap& source, const AreaAxis& axis, const AreaSpan& span) {
+    std::fill(narrow_.begin(), narrow_.end(), std::uint16_t{0});
+    for (int y = span.fullBegin; y < span.fullEnd; ++y) Add(narrow_, source.Row(y), axis.fullWeight);
+    AddParts(narrow_, source, span);
+    return narrow_.data();
+  }
+
+  // Whole rows are summed in 16 bits, as long as these hold them.
+  const std::uint32_t* Wide(const Bitmap& source, const AreaAxis& axis, const AreaSpan& span) {
     std::fill(sums_.begin(), sums_.end(), 0U);
-    constexpr int RowsThatFit = 257;
+    constexpr int RowsThatFit = MostNarrow;
     for (int begin = span.fullBegin; begin < span.fullEnd; begin += RowsThatFit) {
-      std::fill(whole_.begin(), whole_.end(), std::uint16_t{0});
-      for (int y = begin; y < std::min(span.fullEnd, begin + RowsThatFit); ++y) AddWhole(source.Row(y));
-      for (std::size_t i = 0; i < sums_.size(); ++i) sums_[i] += axis.fullWeight * whole_[i];
+      std::fill(narrow_.begin(), narrow_.end(), std::uint16_t{0});
+      for (int y = begin; y < std::min(span.fullEnd, begin + RowsThatFit); ++y) Add(narrow_, source.Row(y), 1);
+      for (std::size_t i = 0; i < sums_.size(); ++i) sums_[i] += axis.fullWeight * narrow_[i];
     }
-    if (span.headWeight != 0) AddPart(source.Row(span.fullBegin - 1), span.headWeight);
-    if (span.tailWeight != 0) AddPart(source.Row(span.fullEnd), span.tailWeight);
+    AddParts(sums_, source, span);
     return sums_.data();
   }
 
  private:
-  void AddWhole(const Byte* row) {
-    std::uint16_t* sums = whole_.data();
-    const std::size_t count = whole_.size();
-    for (std::size_t i = 0; i < count; ++i) sums[i] = static_cast<std::uint16_t>(sums[i] + row[i]);
+  template <typename Sum>
+  static void Add(std::vector<Sum>& to, const Byte* row, std::uint32_t weight) {
+    Sum* sums = to.data();
+    const std::size_t count = to.size();
+    const auto factor = static_cast<Sum>(weight);
+    for (std::size_t i = 0; i < count; ++i) sums[i] = static_cast<Sum>(sums[i] + row[i] * factor);
   }
-  void AddPart(const Byte* row, std::uint32_t weight) {
-    std::uint32_t* sums = sums_.data();
-    const std::size_t count = sums_.size();
-    for (std::size_t i = 0; i < count; ++i) sums[i] += row[i] * weight;
+  template <typename Sum>
+  static void AddParts(std::vector<Sum>& to, const Bitmap& source, const AreaSpan& span) {
+    if (span.headWeight != 0) Add(to, source.Row(span.fullBegin - 1), span.headWeight);
+    if (span.tailWeight != 0) Add(to, source.Row(span.fullEnd), span.tailWeight);
   }
 
-  std::vector<std::uint16_t> whole_;
+  std::vector<std::uint16_t> narrow_;
   std::vector<std::uint32_t> sums_;
 };
 
