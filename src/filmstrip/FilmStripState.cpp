@@ -50,6 +50,8 @@ void FilmStripState::DefineStrip(Host& host) {
   Place(SrcThumbsWindow, 4080, 240, 7335, 1630);
   SrcThumbsWindow.SetBackColor(palette::Film);
   SrcCanvas.SetBackColor(palette::Film);
+  for (PictureBox* box : {&SrcThumbsWindow, &SrcCanvas})
+    box->SetRowPicture(Drawing(host, "FilmLeader", SrcFrameWidth, 105));
   Place(SrcScrollbar, 4080, 1860, 7335, 255);
 
   SrcBackground(0).SetPicture(Drawing(host, "SrcBackground", SrcFrameWidth, 105));

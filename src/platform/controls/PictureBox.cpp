@@ -43,6 +43,7 @@ PictureBox::PictureBox(Container& container, std::shared_ptr<Identity> identity,
 void PictureBox::CopyFrom(const PictureBox& source) {
   Control::CopyFrom(source);
   picture_ = source.picture_;
+  rowPicture_ = source.rowPicture_;
   font_ = source.font_;
   backColor_ = source.backColor_;
   foreColor_ = source.foreColor_;
@@ -56,6 +57,11 @@ void PictureBox::SetBackColor(Colour colour) {
 
 void PictureBox::SetBorderStyle(int style) {
   borderStyle_ = style;
+  Changed(Change::Look);
+}
+
+void PictureBox::SetRowPicture(const Picture& picture) {
+  rowPicture_ = picture;
   Changed(Change::Look);
 }
 

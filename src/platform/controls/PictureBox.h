@@ -20,6 +20,10 @@ class PictureBox : public Container {
   int BorderStyle() const { return borderStyle_; }
   void SetBorderStyle(int style);
 
+  // One that stands side by side along the top, over the back colour and below all else.
+  const Picture& RowPicture() const { return rowPicture_; }
+  void SetRowPicture(const Picture& picture);
+
   // A picture lies at its own size at the top left, below what is drawn; setting one clears what was drawn.
   const Picture& GetPicture() const { return picture_; }
   void SetPicture(const Picture& picture);
@@ -51,6 +55,7 @@ class PictureBox : public Container {
   void Drawn();
 
   Picture picture_;
+  Picture rowPicture_;
   Bitmap surface_;
   Picture image_;  // the surface, from when it was asked for until it is drawn on again
   Font font_;

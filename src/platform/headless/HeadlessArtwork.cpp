@@ -22,6 +22,7 @@ const std::vector<std::string>& HeadlessArtwork::Names() {
       "DestBackground",
       "DestBackgroundDark",
       "DropIcon",
+      "FilmLeader",
       "HandPointer",
       "HideFolder",
       "InvalidPicture",

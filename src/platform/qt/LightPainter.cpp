@@ -162,8 +162,19 @@ void LightPainter::PaintFrame(const Frame& frame, const QRect& at) {
   painter_.drawText(gap, Qt::AlignCenter, caption);
 }
 
+// What is in sight of it: the row may be as long as a strip of thousands.
+void LightPainter::PaintRow(const Picture& picture, const QRect& at) {
+  const QRect seen = painter_.clipBoundingRect().toAlignedRect().intersected(at);
+  if (picture.IsNothing() || seen.isEmpty()) return;
+  const int width = picture.Width();
+  for (int x = at.x() + (seen.x() - at.x()) / width * width; x <= seen.right(); x += width) {
+    DrawPicture(painter_, QRect(x, at.y(), width, picture.Height()), picture, art_);
+  }
+}
+
 void LightPainter::PaintPictureBox(const PictureBox& box, const QRect& at) {
   Fill(at, box.BackColor());
+  PaintRow(box.RowPicture(), at);
   if (box.HasDrawing()) {
     const QImage surface = SharedImage(box.Surface());
     painter_.setRenderHint(QPainter::SmoothPixmapTransform, on_.devicePixelRatioF() != 1);

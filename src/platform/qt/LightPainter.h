@@ -37,6 +37,7 @@ class LightPainter {
   void PaintLabel(const Label& label, const QRect& at);
   void PaintShape(const Shape& shape, const QRect& at);
   void PaintFrame(const Frame& frame, const QRect& at);
+  void PaintRow(const Picture& picture, const QRect& at);
   void PaintPictureBox(const PictureBox& box, const QRect& at);
   QColor Shown(Colour colour) const;
   void DrawHalo(const QRect& at, int flags, const QString& text, const QColor& colour);

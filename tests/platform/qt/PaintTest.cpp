@@ -345,5 +345,24 @@ TEST_F(PaintTest, LettersWithAHaloHaveAnEdgeOfTheBackColour) {
   EXPECT_GT(greens(), 20);
 }
 
+TEST_F(PaintTest, ARowOfPicturesFillsTheBoxFromItsLeftToItsRight) {
+  PictureBox box(form, "Box");
+  box.Move(10, 10, 50, 30);
+  box.SetBackColor(0);
+  Bitmap half(20, 20, PixelFormat::Bgr24);
+  half.Fill(0);
+  for (int y = 0; y < 20; ++y) {
+    for (int x = 0; x < 10; ++x) half.Row(y)[3 * x + 1] = 255;
+  }
+  box.SetRowPicture(Picture(std::move(half)));
+  form.Show();
+  const QImage shot = Shot(form);
+  for (const int x : {10, 19, 30, 39, 50, 59}) EXPECT_EQ(shot.pixelColor(x, 20), QColor(Qt::green)) << x;
+  for (const int x : {20, 29, 40, 49}) EXPECT_EQ(shot.pixelColor(x, 20), QColor(Qt::black)) << x;
+  // One row of them, and none beside the box.
+  EXPECT_EQ(shot.pixelColor(15, 35), QColor(Qt::black));
+  EXPECT_NE(shot.pixelColor(60, 20), QColor(Qt::green));
+}
+
 }  // namespace
 }  // namespace pixorra
