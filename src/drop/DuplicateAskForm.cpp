@@ -97,6 +97,7 @@ DuplicateAskForm::DuplicateAskForm(Toolkit& toolkit)
   CaptionLabel.Move(Margin, Margin, width - 2 * Margin, 24);
   const int top = 2 * Margin + 24;
   PhotoPreview.SetStretch(true);
+  PhotoPreview.SetAccessibleName("The photo");
   PhotoPreview.Move(Margin, top, PreviewWidth, PreviewHeight);
   PhotoSize.SetAlignment(Alignment::Center);
   PhotoSize.SetShortensInMiddle(true);

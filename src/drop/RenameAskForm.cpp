@@ -98,9 +98,11 @@ void RenameAskForm::PlaceControls() {
 
   const int buttons = Wide - Margin - ButtonWidth;
   AlwaysName.Move(Margin, 176, BoxWidth - Margin, ButtonHeight);
+  AlwaysName.SetAccessibleName("Generated name");
   AlwaysNameButton.SetCaption("&Rename as");
   AlwaysNameButton.Move(buttons, 176, ButtonWidth, ButtonHeight);
   UniqueName.Move(Margin, 214, BoxWidth - Margin, ButtonHeight);
+  UniqueName.SetAccessibleName("Numbered name");
   UniqueNameButton.SetCaption("Rename &as");
   UniqueNameButton.Move(buttons, 214, ButtonWidth, ButtonHeight);
   HelpButton.SetCaption("&Help");
