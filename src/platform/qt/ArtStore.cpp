@@ -74,7 +74,7 @@ QImage ArtStore::Render(const std::string& name, QSize size) {
   if (size.isEmpty()) return {};
   QString drawing = ToQString(name);
   const QString twin = drawing + QLatin1String("Dark");
-  if (IsDark(QGuiApplication::palette()) && QFile::exists(DrawingFile(twin))) drawing = twin;
+  if (IsDark(QGuiApplication::palette()) && Find(twin) != nullptr) drawing = twin;
   const QString entry = drawing + QStringLiteral(" %1 %2").arg(size.width()).arg(size.height());
   if (const QImage* known = rendered_.object(entry)) return *known;
   QImage image = Draw(drawing, size);

@@ -1,5 +1,8 @@
 #include "platform/qt/LightAccessible.h"
 
+#include <QPoint>
+#include <optional>
+
 #include "platform/controls/Container.h"
 #include "platform/controls/Label.h"
 #include "platform/controls/Toolkit.h"
@@ -19,6 +22,26 @@ QString SpokenName(const Control& control) {
   if (control.GetKind() == Kind::Frame) return ToQString(static_cast<const Frame&>(control).Caption());
   return ToQString(control.ToolTipText());
 }
+
+namespace {
+
+// The middle of what can be seen of it or, where another control lies on that, a place beside the other one.
+std::optional<QPoint> PointOn(Toolkit& toolkit, Control& control) {
+  constexpr int Step = 4;
+  const Rect shown = control.ShownRect();
+  if (shown.IsEmpty()) return std::nullopt;
+  const auto reaches = [&](int x, int y) { return toolkit.ControlAt(control.GetForm(), x, y) == &control; };
+  const QPoint middle(shown.Left + shown.Width / 2, shown.Top + shown.Height / 2);
+  if (reaches(middle.x(), middle.y())) return middle;
+  for (int y = shown.Top; y < shown.Bottom(); y += Step) {
+    for (int x = shown.Left; x < shown.Right(); x += Step) {
+      if (reaches(x, y)) return QPoint(x, y);
+    }
+  }
+  return std::nullopt;
+}
+
+}  // namespace
 
 QString LightAccessible::text(QAccessible::Text what) const {
   if (!isValid()) return {};
@@ -68,14 +91,15 @@ QStringList LightAccessible::actionNames() const {
   return {pressAction()};
 }
 
-// As a hand would press it: in the middle of what can be seen of it.
+// As a hand would press it.
 void LightAccessible::doAction(const QString& name) {
-  if (name != pressAction() || !isValid() || control_->ShownRect().IsEmpty()) return;
+  if (name != pressAction() || !isValid()) return;
   FormPeer* peer = FormPeerOf(*control_.Get());
   if (peer == nullptr) return;
   QtBackend& backend = peer->GetBackend();
-  const Rect at = control_->ShownRect();
-  backend.Guarded([&, form = Watch<Form>(control_->GetForm()), x = at.Left + at.Width / 2, y = at.Top + at.Height / 2] {
+  const std::optional<QPoint> at = PointOn(backend.GetToolkit(), *control_.Get());
+  if (!at) return;
+  backend.Guarded([&, form = Watch<Form>(control_->GetForm()), x = at->x(), y = at->y()] {
     const Events& events = control_->On();
     if (events.DblClick && !events.Click && !events.MouseDown) {
       backend.GetToolkit().MouseDoubleClicked(*form.Get(), x, y, button::Left, 0);

@@ -61,7 +61,7 @@ class Picture {
   // The picture's own size in pixels; 0 for nothing.
   int Width() const { return data_ ? data_->width : 0; }
   int Height() const { return data_ ? data_->height : 0; }
-  // Not for nothing. Raises error 7 where a drawing's pixels cannot be had.
+  // Not for nothing. Empty where a drawing cannot be made; raises what making it does.
   const Bitmap& Pixels() const;
   // For a drawing of the program's own, its name, by which a back end can draw it sharper than its pixels are.
   const std::string& ArtName() const;

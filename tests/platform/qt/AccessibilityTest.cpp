@@ -122,5 +122,23 @@ TEST_F(AccessibilityTest, WhatIsDoubleClickedByHandIsPressedHereToo) {
   EXPECT_EQ(second, 1);
 }
 
+TEST_F(AccessibilityTest, WhatIsCoveredInItsMiddleIsPressedBesideThat) {
+  int frames = 0;
+  int photos = 0;
+  silent.SetAccessibleName("Frame");
+  silent.On().DblClick = [&frames](Control&) { ++frames; };
+  ImageBox photo(form, "Photo");
+  photo.Move(204, 14, 32, 32);
+  photo.On().DblClick = [&photos](Control&) { ++photos; };
+  Named("Frame").actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+  EXPECT_EQ(frames, 1);
+  EXPECT_EQ(photos, 0);
+  // Nothing of it is to be seen.
+  photo.Move(200, 10, 40, 40);
+  Named("Frame").actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+  EXPECT_EQ(frames, 1);
+  EXPECT_EQ(photos, 0);
+}
+
 }  // namespace
 }  // namespace pixorra

@@ -83,7 +83,7 @@ TEST(Stretch, ReductionByAnyRatioIsTheMeanOfWhatIsCovered) {
 }
 
 TEST(Stretch, ManyRowsToOneDoNotOverflow) {
-  for (const auto& [w, h] : {std::pair{3, 70000}, {70000, 3}, {1000, 999}}) {
+  for (const auto& [w, h] : {std::pair{3, 70000}, {70000, 3}, {1000, 999}, {257, 257}, {514, 514}, {516, 516}}) {
     const Bitmap source = Filled(w, h, PixelFormat::Bgr24, 0xFFFEFD);
     Bitmap target = Filled(2, 2, PixelFormat::Bgr24, 0);
     Stretch(source, target, 0, 0, 2, 2);
