@@ -94,9 +94,13 @@ KeyOf ToKey(int code, int shift) {
 
 QWidget* KeyReceiver() {
   if (QWidget* popup = QApplication::activePopupWidget()) return popup;
-  if (QWidget* focus = QApplication::focusWidget()) return focus;
-  if (QWidget* modal = QApplication::activeModalWidget()) return modal;
-  return QApplication::activeWindow();
+  QWidget* focus = QApplication::focusWidget();
+  QWidget* modal = QApplication::activeModalWidget();
+  // A window that waits for another one gets no keys, also while the other one is not active yet.
+  if (modal != nullptr && (focus == nullptr || focus->window() != modal)) {
+    return modal->focusWidget() != nullptr ? modal->focusWidget() : modal;
+  }
+  return focus != nullptr ? focus : QApplication::activeWindow();
 }
 
 void SendKey(int qtKey, const QString& text, Qt::KeyboardModifiers modifiers) {
