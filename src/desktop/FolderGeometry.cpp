@@ -52,7 +52,7 @@ Spot FolderNamePlace(const FolderGrid& grid, int slot, int nameWidth) {
 // Wide names stay clear of their neighbours and within the Desktop: a name's middle is 94 pixels from its column's
 // left.
 int FolderNameWidth(const FolderGrid& grid) {
-  return std::max(0, std::min(ColumnStepOf(grid) - 8, 2 * 91));
+  return std::max(1, std::min(ColumnStepOf(grid) - 8, 2 * 91));
 }
 
 Spot FolderPreviewPlace(const FolderGrid& grid, int slot, bool open) {

@@ -94,7 +94,8 @@ Bitmap& PictureBox::MakeSurface() {
     image_ = Picture();
   } else if (surface_.IsEmpty()) {
     surface_ = Bitmap(std::max(1, Width()), std::max(1, Height()), PixelFormat::Bgr24);
-    surface_.Fill(SolidColour(backColor_));
+    // What is drawn stays as it is when the desktop turns dark.
+    surface_.Fill(SolidColour(GetToolkit().PlainColour(backColor_, false)));
     if (!picture_.IsNothing()) {
       Stretch(picture_.Pixels(), surface_, 0, 0, picture_.Width(), picture_.Height());
     }
@@ -146,7 +147,7 @@ double PictureBox::TextHeight(const std::string& text) const {
 }
 
 void PictureBox::PrintAt(double x, double y, const std::string& text) {
-  GetToolkit().Text().Draw(MakeSurface(), font_, x, y, text, SolidColour(foreColor_));
+  GetToolkit().Text().Draw(MakeSurface(), font_, x, y, text, SolidColour(GetToolkit().PlainColour(foreColor_, false)));
   Drawn();
 }
 

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
@@ -75,6 +76,8 @@ std::uint64_t Spread(const Byte* pixel) {
 // The channels of two pixels side by side, four each, which the compiler blends at once.
 using Bytes8 = std::uint8_t __attribute__((vector_size(8)));
 using Words8 = std::uint16_t __attribute__((vector_size(16)));
+
+static_assert(std::endian::native == std::endian::little, "the first pixel is in the lower half");
 
 inline Words8 PixelPair(const Byte* first, const Byte* second) {
   std::uint32_t a = 0, b = 0;

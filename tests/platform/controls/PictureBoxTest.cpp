@@ -1,4 +1,5 @@
 // Pictures, labels, and what is drawn on boxes.
+#include <array>
 #include <gtest/gtest.h>
 
 #include "platform/controls/ImageBox.h"
@@ -98,6 +99,16 @@ TEST_F(PictureBoxTest, AnImageStaysAsItWasWhenTheBoxIsDrawnOnOrCleared) {
   EXPECT_FALSE(box.HasDrawing());
   EXPECT_EQ(box.Point(2, 1), 0x00C0C0C0U);
   EXPECT_EQ(second.Pixels().Row(1)[2 * 3 + 1], 0xFF);
+}
+
+TEST_F(PictureBoxTest, WhatIsDrawnOnAColourOfTheProgramsOwnHasItsLightValue) {
+  static constexpr std::array<Tone, 2> Tones{{{0x00000001, 0x00000002}, {0x00A0B0C0, 0x00102030}}};
+  toolkit.SetTones(Tones);
+  PictureBox box(form, "Box");
+  box.Move(0, 0, 20, 10);
+  box.SetBackColor(ToneColour(1));
+  box.PSet(0, 0, 0);
+  EXPECT_EQ(box.Point(1, 1), 0x00A0B0C0U);
 }
 
 TEST_F(PictureBoxTest, PaintingNothingRaises481) {
