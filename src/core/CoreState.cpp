@@ -9,6 +9,7 @@ CoreState::CoreState(Form& window)
       SystemResourceStatusTimer(window, "SystemResourceStatusTimer", 300) {
   CompanyNameLabel.SetCaption("Pixorra - Kestrelia Corp");
   CompanyNameLabel.SetForeColor(palette::CompanyText);
+  CompanyNameLabel.SetShrinks(true);
   CompanyNameLabel.SetShortensInMiddle(true);
   CompanyNameLabel.SetAlignment(Alignment::Center);
   CompanyNameLabel.SetVisible(false);

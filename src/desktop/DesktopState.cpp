@@ -82,6 +82,7 @@ void DesktopState::DefineView(Host& host) {
   DestContentsLabel.SetVisible(false);
   Place(DestCountLabel, 11040, 2835, 495, 255);
   DestCountLabel.SetAlignment(Alignment::Center);
+  DestCountLabel.SetShrinks(true);  // five figures are wider than its box
   Place(DestThumbsWindow, 8190, 3075, 2970, 5220);
   DestThumbsWindow.SetBackColor(palette::Page);
   DestCanvas.SetBackColor(palette::Page);

@@ -94,7 +94,8 @@ void LookAt::LookAtLabel(Label& label) {
   // What scrolls is cut by the edge of its window as a matter of course.
   if (text.trimmed().isEmpty() || (label.Index() != 0 && !(label.ShownRect() == label.FormRect()))) return;
   const std::string where = Named(label, text);
-  const QFontMetrics metrics(ToQFont(label.GetFont()));
+  const QFontMetrics metrics(label.Shrinks() ? FittedFont(label.GetFont(), text, label.Width())
+                                             : ToQFont(label.GetFont()));
   QSize size = SizeOf(text, metrics);
   if (label.WordWrap()) size = metrics.boundingRect(QRect(0, 0, label.Width(), 9999), Qt::TextWordWrap, text).size();
   const bool shortened = label.ShortensInMiddle() && size.width() > label.Width();

@@ -89,11 +89,13 @@ TEST_P(LookTest, EveryTextOfTheMainWindowIsReadableAtEverySize) {
   ProgramRun& run = Started();
   run.LoadAll();
   for (const int i : {1, 3, 4}) MarkDragged(run.main, run.main.strip.SrcThumbnail(i));
-  for (const WindowSize size :
-       {WindowSize{782, 606}, WindowSize{1024, 768}, WindowSize{1280, 960}, WindowSize{1920, 1080}}) {
+  for (const WindowSize size : {WindowSize{782, 606}, WindowSize{1024, 768}, WindowSize{1280, 960},
+                                WindowSize{1920, 1080}, WindowSize{880, 790}}) {
     SCOPED_TRACE(std::to_string(size.Width) + " x " + std::to_string(size.Height));
     Resize(run, size);
     PaintPicPreview(run.main, run.main.strip.SrcThumbnail(2).Tag());
+    // More photos than the folder has: its figures need all of their room.
+    run.main.desk.DestCountLabel.SetCaption("32767");
     LookAt look(run.main.Window);
     EXPECT_THAT(look.Faults(), IsEmpty());
     // Both kinds of names, eight folders with their counts, the strip's captions and its options.

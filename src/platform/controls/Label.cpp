@@ -24,6 +24,7 @@ void Label::CopyFrom(const Label& source) {
   autoSize_ = source.autoSize_;
   wordWrap_ = source.wordWrap_;
   shortens_ = source.shortens_;
+  shrinks_ = source.shrinks_;
   halo_ = source.halo_;
   maxWidth_ = source.maxWidth_;
 }

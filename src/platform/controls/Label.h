@@ -41,6 +41,9 @@ class Label : public Control {
   // A caption too long for one line keeps both its ends, with dots between.
   bool ShortensInMiddle() const { return shortens_; }
   void SetShortensInMiddle(bool shortens) { shortens_ = shortens; }
+  // A caption too long for one line is shown in smaller letters, down to half of the font's size.
+  bool Shrinks() const { return shrinks_; }
+  void SetShrinks(bool shrinks) { shrinks_ = shrinks; }
   // The letters have an edge in the background colour: they can be read on any picture.
   bool HasHalo() const { return halo_; }
   void SetHalo(bool halo);
@@ -57,6 +60,7 @@ class Label : public Control {
   bool autoSize_ = false;
   bool wordWrap_ = false;
   bool shortens_ = false;
+  bool shrinks_ = false;
   bool halo_ = false;
   std::uint16_t maxWidth_ = 0;
 };

@@ -1,5 +1,6 @@
 #include "platform/qt/Convert.h"
 
+#include <QFontMetrics>
 #include <QKeyEvent>
 #include <algorithm>
 #include <cstring>
@@ -63,6 +64,17 @@ QFont ToQFont(const Font& font) {
   if (!font.Name.empty()) result.setFamily(ToQString(font.Name));
   result.setPixelSize(std::max(1, qRound(font.Size * 96 / 72)));
   result.setBold(font.Bold);
+  return result;
+}
+
+QFont FittedFont(const Font& font, const QString& text, int width) {
+  QFont result = ToQFont(font);
+  const int whole = result.pixelSize();
+  // Letters are set on whole pixels: a line is not quite as long as its size tells.
+  for (int size = whole; size >= std::max(1, whole / 2); --size) {
+    result.setPixelSize(size);
+    if (QFontMetrics(result).horizontalAdvance(text) + size / 2 <= width) break;
+  }
   return result;
 }
 

@@ -34,6 +34,8 @@ QColor ToQColor(Colour colour, const QPalette& palette);
 Colour ToColour(const QColor& colour);
 // Sized in pixels, 96 to the inch: places on forms are pixels too.
 QFont ToQFont(const Font& font);
+// The same, or smaller where one line of text needs more than width pixels and a little air; not under half the size.
+QFont FittedFont(const Font& font, const QString& text, int width);
 
 // The bitmap's own pixels, not copied: it must outlive the image.
 QImage SharedImage(const Bitmap& bitmap);

@@ -98,11 +98,18 @@ void LightPainter::PaintImage(const ImageBox& image, const QRect& at) {
   if (pressed && !hasPressed) Edge(at);
 }
 
-void LightPainter::PaintLabel(const Label& label, const QRect& at) {
-  if (label.Opaque()) Fill(at, label.BackColor());
+void LightPainter::PaintLabel(const Label& label, const QRect& room) {
+  if (label.Opaque()) Fill(room, label.BackColor());
   if (label.Caption().empty()) return;
-  painter_.setFont(ToQFont(label.GetFont()));
   QString text = ToLines(label.Caption());
+  painter_.setFont(ToQFont(label.GetFont()));
+  QRect at = room;
+  if (label.Shrinks() && !label.WordWrap()) {
+    // Smaller letters stand in the middle of the line that they would have had.
+    const int line = painter_.fontMetrics().height();
+    painter_.setFont(FittedFont(label.GetFont(), text, at.width()));
+    at.translate(0, (line - painter_.fontMetrics().height()) / 2);
+  }
   if (label.ShortensInMiddle() && !label.WordWrap()) {
     text = painter_.fontMetrics().elidedText(text, Qt::ElideMiddle, at.width());
   }

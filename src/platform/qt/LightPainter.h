@@ -34,7 +34,7 @@ class LightPainter {
  private:
   void Paint(const Control& control, const QRect& at);
   void PaintImage(const ImageBox& image, const QRect& at);
-  void PaintLabel(const Label& label, const QRect& at);
+  void PaintLabel(const Label& label, const QRect& room);
   void PaintShape(const Shape& shape, const QRect& at);
   void PaintFrame(const Frame& frame, const QRect& at);
   void PaintRow(const Picture& picture, const QRect& at);

@@ -189,6 +189,28 @@ TEST_F(PaintTest, ACaptionThatShortensKeepsBothItsEnds) {
   EXPECT_LT(CountOf(shot, QRect(80, 0, 20, 20), Qt::blue), 20 * 20);
 }
 
+TEST_F(PaintTest, ACaptionThatShrinksIsShownWhole) {
+  Label label(form, "Label");
+  label.Move(50, 40, 100, 60);
+  label.SetForeColor(Red);
+  label.SetAlignment(Alignment::Center);
+  label.SetFont({"", 30, false});
+  label.SetCaption("WWWWW");
+  form.Show();
+  // Too wide: the letters are cut at both edges.
+  EXPECT_LT(CountOf(Shot(form), QRect(50, 40, 2, 60), Qt::blue), 2 * 60);
+  EXPECT_LT(CountOf(Shot(form), QRect(148, 40, 2, 60), Qt::blue), 2 * 60);
+  label.SetShrinks(true);
+  Settle();
+  label.SetCaption("MMMMM");
+  Settle();
+  const QImage shot = Shot(form);
+  EXPECT_EQ(CountOf(shot, QRect(50, 40, 2, 60), Qt::blue), 2 * 60);
+  EXPECT_EQ(CountOf(shot, QRect(148, 40, 2, 60), Qt::blue), 2 * 60);
+  EXPECT_LT(CountOf(shot, QRect(50, 40, 25, 60), Qt::blue), 25 * 60);
+  EXPECT_LT(CountOf(shot, QRect(125, 40, 25, 60), Qt::blue), 25 * 60);
+}
+
 TEST_F(PaintTest, AShapesBorderLiesOverItsEdge) {
   Shape shape(form, "Shape");
   shape.Move(50, 50, 40, 40);
