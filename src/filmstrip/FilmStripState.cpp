@@ -99,13 +99,13 @@ void FilmStripState::DefineButtons(Host& host) {
   FilmStripModeFrame.SetColors(palette::BandText, palette::Band);
   AllOption.SetCaption("All");
   AllOption.SetToolTipText("Display ALL photos in Film Strip");
-  AllOption.Move(4, 14, 38, 17);
+  AllOption.Move(4, 14, 36, 17);
   RemainingOption.SetCaption("Remaining");
   RemainingOption.SetToolTipText("Display only photos that have NOT been dragged");
-  RemainingOption.Move(43, 14, 82, 17);
+  RemainingOption.Move(44, 14, 80, 17);
   AutoScrollOption.SetCaption("Auto");
   AutoScrollOption.SetToolTipText("Auto Scroll dragged photos");
-  AutoScrollOption.Move(126, 14, 50, 17);
+  AutoScrollOption.Move(128, 14, 48, 17);
   AutoScrollOption.SetValue(true);
 }
 

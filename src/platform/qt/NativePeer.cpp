@@ -35,8 +35,7 @@ class NativePeer::Hook final : public QObject {
 
 namespace {
 
-// How much lighter than its frame the ground of a mark is, in percent.
-constexpr int DarkField = 190;
+// How much lighter than its frame the field of a mark is, in percent.
 constexpr int LightField = 135;
 
 // The form's own visibility is its window's matter: its widgets stay as they are while it is hidden.
@@ -130,8 +129,8 @@ void NativePeer::ApplyVisible() {
   if (control_.HasFocus() && visible) widget_->setFocus(Qt::OtherFocusReason);
 }
 
-// Those in a coloured frame take its colours. On dark ground the field of a mark is lighter than the desktop has it, or
-// an empty one would not be seen. The rest of their look is the desktop's.
+// Those in a coloured frame take its colours. On dark ground a mark stands dark on a field as light as the text: a
+// light one on a dark field has the look of one that is switched off. The rest of their look is the desktop's.
 void NativePeer::ApplyColours() {
   const Container* outer = control_.GetContainer();
   const bool framed = outer->GetKind() == Kind::Frame && static_cast<const Frame*>(outer)->BackColor() != ButtonFace;
@@ -140,19 +139,25 @@ void NativePeer::ApplyColours() {
   const QPalette desktop = QApplication::palette();
   const bool dark = IsDark(desktop);
   QColor ground = desktop.color(QPalette::Window);
+  QColor text = desktop.color(QPalette::WindowText);
   QPalette own;
   if (framed) {
     const auto& frame = static_cast<const Frame&>(*outer);
     const Toolkit& toolkit = backend_.GetToolkit();
     ground = ToQColor(toolkit.PlainColour(frame.BackColor(), dark), desktop);
-    const QColor text = ToQColor(toolkit.PlainColour(frame.ForeColor(), dark), desktop);
+    text = ToQColor(toolkit.PlainColour(frame.ForeColor(), dark), desktop);
     for (const auto role : {QPalette::WindowText, QPalette::ButtonText, QPalette::Text}) {
       own.setColor(QPalette::Active, role, text);
       own.setColor(QPalette::Inactive, role, text);
     }
     own.setColor(QPalette::Window, ground);
   }
-  if (marked && (dark || framed)) own.setColor(QPalette::Base, ground.lighter(dark ? DarkField : LightField));
+  if (marked && dark) {
+    own.setColor(QPalette::Base, text);
+    own.setColor(QPalette::Text, ground);
+  } else if (marked && framed) {
+    own.setColor(QPalette::Base, ground.lighter(LightField));
+  }
   colouring_ = true;
   widget_->setPalette(own);
   colouring_ = false;

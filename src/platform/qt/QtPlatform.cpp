@@ -4,6 +4,7 @@
 #include <QIcon>
 
 #include "platform/qt/Accessibility.h"
+#include "platform/qt/LookStyle.h"
 #include "platform/qt/QtArtwork.h"
 #include "platform/qt/QtBackend.h"
 #include "platform/qt/QtClipboard.h"
@@ -26,7 +27,7 @@ QIcon ProgramIcon() {
 }  // namespace
 
 struct QtPlatform::Parts {
-  Parts(int& argc, char** argv) : application(argc, argv) {}
+  Parts(int& argc, char** argv) : application(argc, argv) { InstallLook(); }
 
   QApplication application;
   QtBackend backend;

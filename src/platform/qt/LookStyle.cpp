@@ -1,0 +1,79 @@
+#include "platform/qt/LookStyle.h"
+
+#include <QApplication>
+#include <QPainter>
+#include <QProxyStyle>
+#include <QStyleOptionSlider>
+
+namespace pixorra {
+
+namespace {
+
+// How much of a part is of the text's colour, the rest being the ground's: 3 : 1 against the ground, and more.
+constexpr double Edge = 0.45;
+constexpr double Thumb = 0.45;
+constexpr double ThumbUnderPointer = 0.55;
+constexpr double ThumbHeld = 0.65;
+// Pixels between a mark and its caption: less than between two options of a row.
+constexpr int CaptionGap = 4;
+
+QColor Mixed(const QPalette& palette, double share) {
+  const QColor over = palette.color(QPalette::WindowText);
+  const QColor ground = palette.color(QPalette::Window);
+  const auto mix = [share](int a, int b) { return qRound(a * share + b * (1 - share)); };
+  return {mix(over.red(), ground.red()), mix(over.green(), ground.green()), mix(over.blue(), ground.blue())};
+}
+
+class LookStyle final : public QProxyStyle {
+ public:
+  using QProxyStyle::QProxyStyle;
+
+  void drawComplexControl(ComplexControl control, const QStyleOptionComplex* option, QPainter* painter,
+                          const QWidget* widget) const override {
+    QProxyStyle::drawComplexControl(control, option, painter, widget);
+    const auto* bar = qstyleoption_cast<const QStyleOptionSlider*>(option);
+    if (control == CC_ScrollBar && bar != nullptr) DrawThumb(*bar, *painter, widget);
+  }
+
+  void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                     const QWidget* widget) const override {
+    QProxyStyle::drawPrimitive(element, option, painter, widget);
+    // One with the focus has the colour of that around it already.
+    if (element != PE_FrameLineEdit || (option->state & State_HasFocus) != 0) return;
+    painter->save();
+    painter->setRenderHint(QPainter::Antialiasing);
+    painter->setPen(Mixed(option->palette, Edge));
+    painter->drawRoundedRect(QRectF(option->rect).adjusted(0.5, 0.5, -0.5, -0.5), 2, 2);
+    painter->restore();
+  }
+
+  int pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const override {
+    if (metric == PM_RadioButtonLabelSpacing || metric == PM_CheckBoxLabelSpacing) return CaptionGap;
+    return QProxyStyle::pixelMetric(metric, option, widget);
+  }
+
+ private:
+  void DrawThumb(const QStyleOptionSlider& bar, QPainter& painter, const QWidget* widget) const {
+    if ((bar.subControls & SC_ScrollBarSlider) == 0 || (bar.state & State_Enabled) == 0) return;
+    const QRect thumb = subControlRect(CC_ScrollBar, &bar, SC_ScrollBarSlider, widget);
+    double share = Thumb;
+    if ((bar.activeSubControls & SC_ScrollBarSlider) != 0) {
+      if ((bar.state & State_MouseOver) != 0) share = ThumbUnderPointer;
+      if ((bar.state & State_Sunken) != 0) share = ThumbHeld;
+    }
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(Mixed(bar.palette, share));
+    painter.drawRoundedRect(QRectF(thumb).adjusted(2, 2, -2, -2), 3, 3);
+    painter.restore();
+  }
+};
+
+}  // namespace
+
+void InstallLook() {
+  if (QApplication::style()->name() == QLatin1String("fusion")) QApplication::setStyle(new LookStyle);
+}
+
+}  // namespace pixorra

@@ -1,0 +1,9 @@
+// Where the plain style of widgets is hard to see: thumbs of scroll bars, edges of text boxes, captions beside marks.
+#pragma once
+
+namespace pixorra {
+
+// Once, before the first widget. A desktop that brings a style of its own keeps it as it is.
+void InstallLook();
+
+}  // namespace pixorra

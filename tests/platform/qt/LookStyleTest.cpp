@@ -1,0 +1,78 @@
+// What the plain style leaves hard to see stands out, on light and on dark desktops.
+#include <QCheckBox>
+#include <QLineEdit>
+#include <QRadioButton>
+#include <QScrollBar>
+#include <QStyleFactory>
+#include <QStyleOptionSlider>
+#include <algorithm>
+#include <cmath>
+
+#include "platform/qt/LookStyle.h"
+#include "tests/platform/qt/QtTest.h"
+
+namespace pixorra {
+namespace {
+
+double Luminance(const QColor& colour) {
+  const auto linear = [](double share) {
+    return share <= 0.04045 ? share / 12.92 : std::pow((share + 0.055) / 1.055, 2.4);
+  };
+  return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) + 0.0722 * linear(colour.blueF());
+}
+
+double Contrast(const QColor& one, const QColor& other) {
+  const double a = Luminance(one);
+  const double b = Luminance(other);
+  return (std::max(a, b) + 0.05) / (std::min(a, b) + 0.05);
+}
+
+class LookStyleTest : public ::testing::TestWithParam<int> {
+ protected:
+  LookStyleTest() : before_(QApplication::palette()) {
+    QApplication::setStyle(QStyleFactory::create(QStringLiteral("fusion")));
+    InstallLook();
+    QApplication::setPalette(QPalette(QColor(GetParam(), GetParam(), GetParam())));
+  }
+  ~LookStyleTest() override {
+    QApplication::setStyle(QStyleFactory::create(QStringLiteral("fusion")));
+    QApplication::setPalette(before_);
+  }
+
+ private:
+  QPalette before_;
+};
+
+TEST_P(LookStyleTest, TheThumbOfAScrollBarStandsOut) {
+  QScrollBar bar(Qt::Horizontal);
+  bar.setRange(0, 100);
+  bar.resize(300, 17);
+  QStyleOptionSlider option;
+  option.initFrom(&bar);
+  option.orientation = Qt::Horizontal;
+  option.maximum = 100;
+  option.pageStep = bar.pageStep();
+  option.subControls = QStyle::SC_All;
+  const QRect thumb = bar.style()->subControlRect(QStyle::CC_ScrollBar, &option, QStyle::SC_ScrollBarSlider, &bar);
+  const QImage shot = bar.grab().toImage();
+  EXPECT_GE(Contrast(shot.pixelColor(thumb.center()), shot.pixelColor(250, 8)), 2.9);
+}
+
+TEST_P(LookStyleTest, TheEdgeOfATextBoxStandsOut) {
+  QLineEdit box;
+  box.resize(100, 28);
+  const QImage shot = box.grab().toImage();
+  EXPECT_GE(Contrast(shot.pixelColor(50, 0), box.palette().color(QPalette::Base)), 2.9);
+}
+
+TEST_P(LookStyleTest, ACaptionStandsNearItsMark) {
+  const QRadioButton option(QStringLiteral("All"));
+  const QCheckBox box(QStringLiteral("All"));
+  EXPECT_EQ(option.style()->pixelMetric(QStyle::PM_RadioButtonLabelSpacing, nullptr, &option), 4);
+  EXPECT_EQ(box.style()->pixelMetric(QStyle::PM_CheckBoxLabelSpacing, nullptr, &box), 4);
+}
+
+INSTANTIATE_TEST_SUITE_P(Desktops, LookStyleTest, ::testing::Values(0xEF, 0x35));
+
+}  // namespace
+}  // namespace pixorra
