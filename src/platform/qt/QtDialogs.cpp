@@ -2,6 +2,8 @@
 
 #include <QApplication>
 #include <QColorDialog>
+#include <QFontMetrics>
+#include <QGridLayout>
 #include <QInputDialog>
 #include <QMessageBox>
 #include <QPushButton>
@@ -29,6 +31,19 @@ QMessageBox::Icon ToQt(BoxIcon icon) {
   }
 }
 
+// Pixels beside a title for the icon, the buttons and the edges of a window's frame.
+constexpr int FrameParts = 140;
+
+// A box is as wide as its text, and frames cut off what they have no room for.
+void MakeRoomForTitle(QMessageBox& box) {
+  auto* grid = qobject_cast<QGridLayout*>(box.layout());
+  if (grid == nullptr) return;
+  QFont font = QApplication::font();
+  font.setBold(true);
+  const int width = QFontMetrics(font).horizontalAdvance(box.windowTitle()) + FrameParts;
+  grid->addItem(new QSpacerItem(width, 0), grid->rowCount(), 0, 1, grid->columnCount());
+}
+
 }  // namespace
 
 BoxAnswer QtDialogs::MsgBox(const std::string& text, BoxIcon icon, BoxButtons buttons, const std::string& title) {
@@ -42,6 +57,7 @@ BoxAnswer QtDialogs::MsgBox(const std::string& text, BoxIcon icon, BoxButtons bu
   box->setStandardButtons(asks ? QMessageBox::Yes | QMessageBox::No : QMessageBox::Ok);
   box->setDefaultButton(asks ? QMessageBox::Yes : QMessageBox::Ok);
   box->setEscapeButton(asks ? QMessageBox::No : QMessageBox::Ok);
+  MakeRoomForTitle(*box);
   int answer = QMessageBox::NoButton;
   QObject::connect(box, &QDialog::finished, [&answer](int result) { answer = result; });
   owned.Run(backend_);
