@@ -62,8 +62,9 @@ void DuplicateAskForm::PlaceSide(Frame& frame, const char* caption, int top, Lab
 }
 
 void DuplicateAskForm::PlaceButtons(int top, int width) {
-  const int step = 128;
-  int left = width - Margin - 4 * step + Margin;
+  // From the photo's edge to that of the frames.
+  const int step = (width - Margin) / 4;
+  int left = Margin;
   for (CommandButton* each : {&DeleteOriginalButton, &DeleteDuplicateButton, &IgnoreButton, &HelpButton}) {
     each->Move(left, top, step - Margin, 28);
     left += step;

@@ -157,12 +157,18 @@ std::string RenameAskForm::Ask(const std::string& path) {
   AlwaysName.SetText(WithoutEnd(always, extension.size()));
   UniqueName.SetText(WithoutEnd(unique, extension.size()));
   window_.CentreOn(&main_.Window);
+  // What is typed takes the place of the first name offered.
+  Control* const focus = main_.host.toolkit.Focus();
+  const Watch<Control> before = focus != nullptr ? Watch<Control>(*focus) : Watch<Control>();
+  AlwaysName.SetFocus();
+  AlwaysName.Select(0, static_cast<int>(AlwaysName.Text().size()));
   window_.ShowModal(&main_.Window);
   // An empty box closes the dialog all the same and leaves nothing that could end this wait but the program's end.
   main_.host.toolkit.WaitUntil([&] { return !reply_.empty(); });
   std::string chosen;
   if (!reply_.empty() && UCase(reply_) != "CANCEL") chosen = JoinPath(folder, reply_ + extension);
   window_.Unload();
+  if (before) before->SetFocus();
   return chosen;
 }
 
