@@ -9,7 +9,7 @@ namespace pixorra::palette {
 
 // What follows the desktop, light or dark; the names below tell the entries.
 inline constexpr std::array<Tone, 6> Tones = {{
-    {0x00A6B1B9, 0x002F363D},
+    {0x00ABC1CD, 0x002F363D},
     {0x0019212B, 0x00CFDFE9},
     {0x001F3449, 0x0090BCDC},
     {0x00D6E8F1, 0x0022272D},
@@ -42,7 +42,7 @@ inline constexpr Colour OpenLabelText = 0x00000000;
 inline constexpr Colour CountText = 0x00000000;
 inline constexpr Colour CountHalo = 0x00F0FAFF;
 // The caption over the preview.
-inline constexpr Colour CaptionBack = 0x00E1FFFF;
+inline constexpr Colour CaptionBack = 0x00BDEAFB;
 inline constexpr Colour CaptionText = 0x00000000;
 
 }  // namespace pixorra::palette
