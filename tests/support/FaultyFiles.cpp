@@ -74,10 +74,12 @@ void FaultyFiles::AboutToChange() {
 }
 
 void FaultyFiles::FailNth(FileCall call, int n, int number, const std::string& where) {
+  const std::lock_guard lock(mutex_);
   faults_.push_back({call, std::max(n, 1), false, number, where});
 }
 
 void FaultyFiles::FailAlways(FileCall call, int number, const std::string& where) {
+  const std::lock_guard lock(mutex_);
   faults_.push_back({call, 0, true, number, where});
 }
 
@@ -86,21 +88,25 @@ void FaultyFiles::FillDiskAfter(std::int64_t bytes) {
 }
 
 void FaultyFiles::TakeAway(const std::string& folder) {
+  const std::lock_guard lock(mutex_);
   away_.push_back(folder.ends_with('\\') ? folder.substr(0, folder.size() - 1) : folder);
 }
 
 void FaultyFiles::Heal() {
+  const std::lock_guard lock(mutex_);
   faults_.clear();
   away_.clear();
   room_ = -1;
 }
 
 int FaultyFiles::Count(FileCall call) const {
+  const std::lock_guard lock(mutex_);
   const auto found = counts_.find(call);
   return found == counts_.end() ? 0 : found->second;
 }
 
 int FaultyFiles::Strike(FileCall call, const std::string& path) {
+  const std::lock_guard lock(mutex_);
   ++counts_[call];
   int number = 0;
   for (Fault& fault : faults_) {
@@ -120,6 +126,7 @@ void FaultyFiles::Check(FileCall call, const std::string& path) {
 }
 
 bool FaultyFiles::IsAway(const std::string& path) const {
+  const std::lock_guard lock(mutex_);
   return std::any_of(away_.begin(), away_.end(), [&path](const std::string& folder) {
     const bool longer = path.size() > folder.size() && path[folder.size()] == '\\';
     return (longer || path.size() == folder.size()) && EqualIgnoringCase(path.substr(0, folder.size()), folder);

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <map>
 #include <memory>
+#include <mutex>
 #include <string>
 #include <vector>
 
@@ -97,6 +98,8 @@ class FaultyFiles : public Files {
   void AboutToChange();
 
   Files& inner_;
+  // Open files may be read by other threads; nothing else is asked for there.
+  mutable std::mutex mutex_;  // of the next three
   std::vector<Fault> faults_;
   std::map<FileCall, int> counts_;
   std::vector<std::string> away_;
