@@ -38,13 +38,17 @@ class LookStyle final : public QProxyStyle {
   void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                      const QWidget* widget) const override {
     QProxyStyle::drawPrimitive(element, option, painter, widget);
+    if (element == PE_PanelMenu) DrawEdge(*option, *painter);
     // One with the focus has the colour of that around it already.
     if (element != PE_FrameLineEdit || (option->state & State_HasFocus) != 0) return;
-    painter->save();
-    painter->setRenderHint(QPainter::Antialiasing);
-    painter->setPen(Mixed(option->palette, Edge));
-    painter->drawRoundedRect(QRectF(option->rect).adjusted(0.5, 0.5, -0.5, -0.5), 2, 2);
-    painter->restore();
+    DrawRoundEdge(*option, *painter);
+  }
+
+  // A shadow behind pale letters makes them hard to read.
+  int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                QStyleHintReturn* more) const override {
+    if (hint == SH_EtchDisabledText) return 0;
+    return QProxyStyle::styleHint(hint, option, widget, more);
   }
 
   int pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const override {
@@ -53,6 +57,21 @@ class LookStyle final : public QProxyStyle {
   }
 
  private:
+  static void DrawEdge(const QStyleOption& option, QPainter& painter) {
+    painter.save();
+    painter.setPen(Mixed(option.palette, Edge));
+    painter.drawRect(option.rect.adjusted(0, 0, -1, -1));
+    painter.restore();
+  }
+
+  static void DrawRoundEdge(const QStyleOption& option, QPainter& painter) {
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Mixed(option.palette, Edge));
+    painter.drawRoundedRect(QRectF(option.rect).adjusted(0.5, 0.5, -0.5, -0.5), 2, 2);
+    painter.restore();
+  }
+
   void DrawThumb(const QStyleOptionSlider& bar, QPainter& painter, const QWidget* widget) const {
     if ((bar.subControls & SC_ScrollBarSlider) == 0 || (bar.state & State_Enabled) == 0) return;
     const QRect thumb = subControlRect(CC_ScrollBar, &bar, SC_ScrollBarSlider, widget);

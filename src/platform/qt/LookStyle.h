@@ -1,4 +1,5 @@
-// Where the plain style of widgets is hard to see: thumbs of scroll bars, edges of text boxes, captions beside marks.
+// Where the plain style of widgets is hard to see: thumbs of scroll bars, edges of text boxes and menus, captions
+// beside marks.
 #pragma once
 
 namespace pixorra {
