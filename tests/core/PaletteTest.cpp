@@ -1,27 +1,11 @@
 // Whether what is written in the program's colours can be read, on light desktops and dark ones.
-#include <cmath>
 #include <gtest/gtest.h>
 
 #include "core/Palette.h"
+#include "tests/support/Contrast.h"
 
 namespace pixorra {
 namespace {
-
-// Relative luminance, and the ratio of two, as the guidelines for accessible web content reckon them.
-double Linear(Colour channel) {
-  const double share = static_cast<double>(channel & 0xFFU) / 255;
-  return share <= 0.04045 ? share / 12.92 : std::pow((share + 0.055) / 1.055, 2.4);
-}
-
-double Luminance(Colour colour) {
-  return 0.2126 * Linear(colour) + 0.7152 * Linear(colour >> 8U) + 0.0722 * Linear(colour >> 16U);
-}
-
-double Contrast(Colour one, Colour other) {
-  const double a = Luminance(one) + 0.05;
-  const double b = Luminance(other) + 0.05;
-  return a > b ? a / b : b / a;
-}
 
 Colour Plain(Colour colour, bool dark) {
   if (!IsTone(colour)) return colour;
@@ -52,7 +36,7 @@ TEST(Palette, EveryTextStandsOutFromItsGround) {
   EXPECT_NEAR(Contrast(0x00767676, 0x00FFFFFF), 4.54, 0.01);
   for (const Pair& pair : Pairs) {
     for (const bool dark : {false, true}) {
-      EXPECT_GE(Contrast(Plain(pair.Text, dark), Plain(pair.Ground, dark)), 4.5)
+      EXPECT_GE(Contrast(Plain(pair.Text, dark), Plain(pair.Ground, dark)), LeastContrast)
           << pair.Name << (dark ? ", dark" : ", light");
     }
   }

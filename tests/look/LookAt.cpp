@@ -4,33 +4,20 @@
 #include <QFontMetrics>
 #include <QPushButton>
 #include <algorithm>
-#include <cmath>
 
 #include "platform/controls/Label.h"
 #include "platform/controls/Toolkit.h"
 #include "platform/qt/ClientArea.h"
 #include "platform/qt/Convert.h"
 #include "platform/qt/FormPeer.h"
+#include "tests/support/Contrast.h"
 
 namespace pixorra {
 
 namespace {
 
-constexpr double LeastContrast = 4.5;
 // Pixels of the ground that may be too near to the text's colour, in percent: edges of drawings.
 constexpr std::size_t Spared = 2;
-
-double Linear(double share) {
-  return share <= 0.04045 ? share / 12.92 : std::pow((share + 0.055) / 1.055, 2.4);
-}
-
-double Luminance(const QColor& colour) {
-  return 0.2126 * Linear(colour.redF()) + 0.7152 * Linear(colour.greenF()) + 0.0722 * Linear(colour.blueF());
-}
-
-double Contrast(double one, double other) {
-  return (std::max(one, other) + 0.05) / (std::min(one, other) + 0.05);
-}
 
 std::string Named(const Control& control, const QString& text) {
   return control.Name() + "(" + std::to_string(control.Index()) + ") \"" + ToUtf8(text) + "\"";
@@ -71,7 +58,7 @@ void LookAt::Compare(const std::string& where, const QColor& text, const QImage&
   std::vector<double> contrasts;
   for (int y = 0; y < ground.height(); ++y) {
     for (int x = 0; x < ground.width(); ++x) {
-      contrasts.push_back(Contrast(Luminance(text), Luminance(ground.pixelColor(x, y))));
+      contrasts.push_back(Contrast(ToColour(text), ToColour(ground.pixelColor(x, y))));
     }
   }
   if (contrasts.empty()) return;
@@ -92,7 +79,8 @@ void LookAt::Look(const Container& container) {
 void LookAt::LookAtLabel(Label& label) {
   const QString text = ToLines(label.Caption());
   // What scrolls is cut by the edge of its window as a matter of course.
-  if (text.trimmed().isEmpty() || (label.Index() != 0 && !(label.ShownRect() == label.FormRect()))) return;
+  const bool scrolls = label.GetContainer() != &form_;
+  if (text.trimmed().isEmpty() || (scrolls && !(label.ShownRect() == label.FormRect()))) return;
   const std::string where = Named(label, text);
   const QFontMetrics metrics(label.Shrinks() ? FittedFont(label.GetFont(), text, label.Width())
                                              : ToQFont(label.GetFont()));

@@ -1,6 +1,7 @@
 // The program's windows as a person sees them, on light and dark desktops and at all sizes: no text too pale, none cut.
 #include <QApplication>
 #include <gmock/gmock.h>
+#include <ostream>
 #include <string>
 #include <vector>
 
@@ -43,6 +44,10 @@ struct Desktop {
   const char* Name;
   bool Dark;
 };
+
+void PrintTo(const Desktop& desktop, std::ostream* out) {
+  *out << desktop.Name;
+}
 
 struct WindowSize {
   int Width;
