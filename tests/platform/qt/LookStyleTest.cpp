@@ -5,26 +5,17 @@
 #include <QScrollBar>
 #include <QStyleFactory>
 #include <QStyleOptionSlider>
-#include <algorithm>
-#include <cmath>
 
+#include "platform/qt/Convert.h"
 #include "platform/qt/LookStyle.h"
 #include "tests/platform/qt/QtTest.h"
+#include "tests/support/Contrast.h"
 
 namespace pixorra {
 namespace {
 
-double Luminance(const QColor& colour) {
-  const auto linear = [](double share) {
-    return share <= 0.04045 ? share / 12.92 : std::pow((share + 0.055) / 1.055, 2.4);
-  };
-  return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) + 0.0722 * linear(colour.blueF());
-}
-
 double Contrast(const QColor& one, const QColor& other) {
-  const double a = Luminance(one);
-  const double b = Luminance(other);
-  return (std::max(a, b) + 0.05) / (std::min(a, b) + 0.05);
+  return Contrast(ToColour(one), ToColour(other));
 }
 
 class LookStyleTest : public ::testing::TestWithParam<int> {
