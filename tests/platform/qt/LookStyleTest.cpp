@@ -15,7 +15,7 @@ namespace pixorra {
 namespace {
 
 double Contrast(const QColor& one, const QColor& other) {
-  return Contrast(ToColour(one), ToColour(other));
+  return pixorra::Contrast(ToColour(one), ToColour(other));
 }
 
 class LookStyleTest : public ::testing::TestWithParam<int> {
