@@ -1,7 +1,6 @@
-// Real picture files, whole and broken, through the loader and the thumbnails' painting. They are where PIXORRA_PHOTOS
-// tells, else in "shared/photos" beside the source tree; without them there is nothing to try.
+// Real picture files, whole and broken, through the loader and the thumbnails' painting. Without them there is
+// nothing to try.
 #include <algorithm>
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <gtest/gtest.h>
@@ -10,7 +9,8 @@
 
 #include "pictures/Painting.h"
 #include "pictures/PictureLoader.h"
-#include "tests/support/headless/ProgramTest.h"
+#include "tests/pictures/RealPhotosRun.h"
+#include "tests/support/RealPhotos.h"
 
 namespace pixorra {
 namespace {
@@ -18,12 +18,9 @@ namespace {
 namespace fs = std::filesystem;
 
 std::vector<fs::path> AllPhotos() {
-  const char* named = std::getenv("PIXORRA_PHOTOS");
-  const fs::path folder =
-      named != nullptr ? fs::path(named) : (fs::path(PIXORRA_TEST_DATA) / "../../../shared/photos").lexically_normal();
   std::vector<fs::path> photos;
   std::error_code none;
-  for (const auto& entry : fs::recursive_directory_iterator(folder, none)) {
+  for (const auto& entry : fs::recursive_directory_iterator(PhotosFolder(), none)) {
     const std::string kind = entry.path().extension();
     if (entry.is_regular_file() && kind != ".tsv" && kind != ".md") photos.push_back(entry.path());
   }
@@ -43,23 +40,12 @@ std::size_t Listed(const std::vector<fs::path>& photos) {
   return photos.size();
 }
 
-using RealPhotosTest = ProgramTest;
+using RealPhotosTest = RealPhotosRun;
 
 TEST_F(RealPhotosTest, EveryFileIsShownOrRefusedByBothRoutesAndNoneIsTouched) {
   const std::vector<fs::path> photos = AllPhotos();
   if (photos.empty()) GTEST_SKIP() << "no photos at hand";
   EXPECT_EQ(photos.size(), Listed(photos));
-  ProgramRun& run = NewRun();
-  run.platform.surprises.OnSurprise = [](const std::string& text) {
-    EXPECT_TRUE(text.starts_with("unexpected box \"Intel(R) JPEG Library\"")) << text;
-  };
-  MainForm& main = run.main;
-  drive.MakeFolder("C:\\Program");
-  ImageBox& direct = main.strip.SrcThumbnail.Load(1);
-  ImageBox& fast = main.strip.SrcThumbnail.Load(2);
-  ImageBox& thumbnail = main.strip.SrcThumbnail.Load(3);
-  thumbnail.SetStretch(true);
-  thumbnail.Move(0, 0, 80, 60);
   int shown = 0;
   for (const fs::path& photo : photos) {
     SCOPED_TRACE(photo.string());

@@ -1,9 +1,8 @@
 // What real picture files show on their way through the program: the direct route the decoder's own pixels, the fast
-// route and the thumbnail the same photo, smaller. They are where PIXORRA_PHOTOS tells, else in "shared/photos" beside
-// the source tree; without them there is nothing to try. The decoder's pixels are held against known sums elsewhere.
+// route and the thumbnail the same photo, smaller. Without them there is nothing to try. The decoder's
+// pixels are held against known sums elsewhere.
 #include <algorithm>
 #include <cmath>
-#include <cstdlib>
 #include <cstring>
 #include <filesystem>
 #include <fstream>
@@ -14,18 +13,13 @@
 #include "pictures/Fit.h"
 #include "pictures/Painting.h"
 #include "pictures/PictureLoader.h"
-#include "tests/support/headless/ProgramTest.h"
+#include "tests/pictures/RealPhotosRun.h"
+#include "tests/support/RealPhotos.h"
 
 namespace pixorra {
 namespace {
 
 namespace fs = std::filesystem;
-
-fs::path PhotosFolder() {
-  const char* named = std::getenv("PIXORRA_PHOTOS");
-  return named != nullptr ? fs::path(named)
-                          : (fs::path(PIXORRA_TEST_DATA) / "../../../shared/photos").lexically_normal();
-}
 
 // The files that a decoder must show, by expected.tsv.
 std::vector<fs::path> ShownPhotos() {
@@ -94,22 +88,11 @@ double Distance(const Bitmap& small, const FittedRect& where, const Bitmap& larg
 // Levels of 255. Small ones are coarse: a reduced JPEG of a few blocks is compressed once more.
 constexpr double Most = 14;
 
-using RealPixelsTest = ProgramTest;
+using RealPixelsTest = RealPhotosRun;
 
 TEST_F(RealPixelsTest, TheRoutesAndTheThumbnailShowWhatTheDecoderShows) {
   const std::vector<fs::path> photos = ShownPhotos();
   if (photos.empty()) GTEST_SKIP() << "no photos at hand";
-  ProgramRun& run = NewRun();
-  run.platform.surprises.OnSurprise = [](const std::string& text) {
-    EXPECT_TRUE(text.starts_with("unexpected box \"Intel(R) JPEG Library\"")) << text;
-  };
-  MainForm& main = run.main;
-  drive.MakeFolder("C:\\Program");
-  ImageBox& direct = main.strip.SrcThumbnail.Load(1);
-  ImageBox& fast = main.strip.SrcThumbnail.Load(2);
-  ImageBox& thumbnail = main.strip.SrcThumbnail.Load(3);
-  thumbnail.SetStretch(true);
-  thumbnail.Move(0, 0, 80, 60);
   int directly = 0;
   int small = 0;
   for (const fs::path& photo : photos) {

@@ -1,8 +1,6 @@
-// Real picture files of cameras and of other decoders' test sets, where they are at hand: the folder that
-// PIXORRA_PHOTOS names, else "shared/photos" beside the source tree. expected.tsv there tells what each shows;
-// manifest.tsv lists all.
+// Real picture files of cameras and of other decoders' test sets, where they are at hand. Their expected.tsv tells what
+// each shows; manifest.tsv lists all.
 #include <algorithm>
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <gtest/gtest.h>
@@ -16,19 +14,13 @@
 #include "platform/codecs/CodecPictures.h"
 #include "platform/runtime/Errors.h"
 #include "tests/platform/codecs/Sha256.h"
+#include "tests/support/RealPhotos.h"
 
 namespace pixorra {
 namespace {
 
 namespace fs = std::filesystem;
 using Row = std::map<std::string, std::string>;
-
-fs::path PhotosFolder() {
-  const char* named = std::getenv("PIXORRA_PHOTOS");
-  // Normalized by name, as the folder it starts from need not exist.
-  return named != nullptr ? fs::path(named)
-                          : (fs::path(PIXORRA_TEST_DATA) / "../../../shared/photos").lexically_normal();
-}
 
 std::vector<std::string> Cells(const std::string& line) {
   std::vector<std::string> cells;
