@@ -1,5 +1,5 @@
-// Where real camera files are, for tests that try them: in the folder that PIXORRA_PHOTOS names, else in "shared/photos"
-// beside the source tree. It may be absent.
+// Where real camera files are, for tests that try them: in the folder that PIXORRA_PHOTOS names, else in
+// "shared/photos" beside the source tree. It may be absent.
 #pragma once
 
 #include <filesystem>
