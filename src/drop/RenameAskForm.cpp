@@ -168,7 +168,8 @@ std::string RenameAskForm::Ask(const std::string& path) {
   std::string chosen;
   if (!reply_.empty() && UCase(reply_) != "CANCEL") chosen = JoinPath(folder, reply_ + extension);
   window_.Unload();
-  if (before) before->SetFocus();
+  // What let events run may have hidden it.
+  if (before && before->Enabled() && before->IsShown()) before->SetFocus();
   return chosen;
 }
 

@@ -51,6 +51,29 @@ TEST_F(RenameAskFormTest, EachButtonTakesTheTextOfItsBox) {
   EXPECT_EQ(RenameNewPhoto(main, Taken), "C:\\Home\\F\\Summer.bmp");
 }
 
+TEST_F(RenameAskFormTest, WhatIsTypedReplacesTheFirstNameAndTheFocusGoesBackAfterwards) {
+  main.desk.FolderRenameBox.SetVisible(true);
+  main.desk.FolderRenameBox.SetFocus();
+  person.ExpectForm("RenameAskForm", [](Person& hand, Form& form) {
+    hand.Type("Lake");
+    EXPECT_EQ(Find<TextBox>(form, "AlwaysName").Text(), "Lake");
+    hand.Click(Find<CommandButton>(form, "AlwaysNameButton"));
+  });
+  EXPECT_EQ(RenameNewPhoto(main, Taken), "C:\\Home\\F\\Lake.bmp");
+  EXPECT_TRUE(main.desk.FolderRenameBox.HasFocus());
+}
+
+TEST_F(RenameAskFormTest, AControlThatIsHiddenMeanwhileDoesNotGetTheFocusBack) {
+  main.desk.FolderRenameBox.SetVisible(true);
+  main.desk.FolderRenameBox.SetFocus();
+  person.ExpectForm("RenameAskForm", [&](Person& hand, Form& form) {
+    main.desk.FolderRenameBox.SetVisible(false);
+    hand.Click(Find<CommandButton>(form, "CancelButton"));
+  });
+  EXPECT_EQ(RenameNewPhoto(main, Taken), "");
+  EXPECT_FALSE(main.desk.FolderRenameBox.HasFocus());
+}
+
 TEST_F(RenameAskFormTest, CancelEscapeAndTheFrameGiveNoName) {
   PressButton("CancelButton");
   EXPECT_EQ(RenameNewPhoto(main, Taken), "");
