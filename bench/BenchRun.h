@@ -9,13 +9,13 @@
 #include <string>
 #include <vector>
 
-#include "core/MainForm.h"
-#include "core/Startup.h"
+#include "app/Startup.h"
 #include "platform/codecs/CodecPictures.h"
 #include "platform/codecs/DecodeAhead.h"
 #include "platform/codecs/TurboJpegCodec.h"
 #include "platform/headless/HeadlessPlatform.h"
 #include "tests/support/TemporaryDrive.h"
+#include "window/MainForm.h"
 
 namespace pixorra {
 

@@ -10,6 +10,7 @@
 #include "bench/Timing.h"
 #include "drop/Duplicates.h"
 #include "drop/FileTransfer.h"
+#include "window/DesktopState.h"
 
 namespace pixorra {
 namespace {

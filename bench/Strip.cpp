@@ -4,11 +4,12 @@
 #include <cstdio>
 #include <cstdlib>
 
+#include "app/BackgroundLoading.h"
 #include "bench/BenchRun.h"
 #include "bench/Timing.h"
-#include "filmstrip/BackgroundLoading.h"
 #include "filmstrip/Listing.h"
 #include "filmstrip/Views.h"
+#include "window/FilmStripState.h"
 
 int main(int argc, char** argv) {
   using namespace pixorra;

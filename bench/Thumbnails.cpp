@@ -8,12 +8,14 @@
 #include <jpeglib.h>
 #include <png.h>
 
+#include "base/FileDateTime.h"
+#include "base/QuickThumbsRecord.h"
 #include "bench/BenchRun.h"
-#include "drop/FileDateTime.h"
 #include "pictures/Painting.h"
 #include "pictures/QuickThumbs.h"
-#include "pictures/QuickThumbsRecord.h"
 #include "tests/support/TestPictures.h"
+#include "window/FilmStripState.h"
+#include "window/PicturesState.h"
 
 namespace pixorra {
 namespace {

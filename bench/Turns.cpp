@@ -7,6 +7,7 @@
 
 #include "bench/BenchRun.h"
 #include "bench/Timing.h"
+#include "window/FilmStripState.h"
 
 namespace pixorra {
 namespace {

@@ -55,18 +55,15 @@ function(pixorra_sources variable)
   set(${variable} ${sources} PARENT_SCOPE)
 endfunction()
 
-# pixorra_library(name DIRS folder... LINKS target... PRIVATE_LINKS target...): the sources of these folders as one static
-# library. What it links is what it may include. A folder of headers alone makes an interface library.
+# pixorra_library(name DIRS folder... EXCEPT file... LINKS target... PRIVATE_LINKS target...): the sources of these folders as
+# one static library. What it links is what it may call.
 function(pixorra_library name)
-  cmake_parse_arguments(ARG "" "" "DIRS;LINKS;PRIVATE_LINKS" ${ARGN})
+  cmake_parse_arguments(ARG "" "" "DIRS;EXCEPT;LINKS;PRIVATE_LINKS" ${ARGN})
   pixorra_sources(compiled SUFFIXES .cpp DIRS ${ARG_DIRS})
-  if(compiled)
-    add_library(${name} STATIC ${compiled})
-    target_link_libraries(${name} PUBLIC ${ARG_LINKS} PRIVATE pixorra_flags ${ARG_PRIVATE_LINKS})
-    target_include_directories(${name} PUBLIC "${PROJECT_SOURCE_DIR}/src")
-  else()
-    add_library(${name} INTERFACE)
-    target_link_libraries(${name} INTERFACE ${ARG_LINKS})
-    target_include_directories(${name} INTERFACE "${PROJECT_SOURCE_DIR}/src")
-  endif()
+  foreach(file IN LISTS ARG_EXCEPT)
+    list(REMOVE_ITEM compiled "${CMAKE_CURRENT_SOURCE_DIR}/${file}")
+  endforeach()
+  add_library(${name} STATIC ${compiled})
+  target_link_libraries(${name} PUBLIC ${ARG_LINKS} PRIVATE pixorra_flags ${ARG_PRIVATE_LINKS})
+  target_include_directories(${name} PUBLIC "${PROJECT_SOURCE_DIR}/src")
 endfunction()

@@ -1,10 +1,13 @@
 #include "desktop/FolderCommands.h"
 
-#include "core/MainForm.h"
 #include "desktop/FolderSlots.h"
 #include "desktop/OpenFolder.h"
 #include "filmstrip/Listing.h"
 #include "platform/services/Dialogs.h"
+#include "window/DesktopState.h"
+#include "window/FilmStripState.h"
+#include "window/MainForm.h"
+#include "window/MenuBar.h"
 
 namespace pixorra {
 

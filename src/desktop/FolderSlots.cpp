@@ -1,11 +1,12 @@
 #include "desktop/FolderSlots.h"
 
-#include "core/MainForm.h"
-#include "core/Routines.h"
+#include "base/Routines.h"
 #include "desktop/FolderGeometry.h"
 #include "platform/runtime/Errors.h"
 #include "platform/services/Files.h"
 #include "platform/services/Places.h"
+#include "window/DesktopState.h"
+#include "window/MainForm.h"
 
 namespace pixorra {
 

@@ -1,13 +1,15 @@
 #include "desktop/OpenFolder.h"
 
-#include "core/MainForm.h"
-#include "core/Palette.h"
+#include "base/Palette.h"
 #include "desktop/FolderGeometry.h"
 #include "desktop/FolderSlots.h"
 #include "pictures/QuickThumbs.h"
 #include "platform/runtime/Errors.h"
 #include "platform/services/Dialogs.h"
 #include "platform/services/Files.h"
+#include "window/CoreState.h"
+#include "window/DesktopState.h"
+#include "window/MainForm.h"
 
 namespace pixorra {
 

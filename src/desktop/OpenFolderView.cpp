@@ -2,14 +2,18 @@
 
 #include <algorithm>
 
-#include "core/MainForm.h"
-#include "core/ShownNames.h"
+#include "base/ShownNames.h"
 #include "desktop/FolderGeometry.h"
 #include "desktop/FolderSlots.h"
 #include "pictures/Painting.h"
 #include "platform/runtime/Errors.h"
 #include "platform/runtime/Numbers.h"
 #include "preview/PreviewPane.h"
+#include "window/CoreState.h"
+#include "window/DesktopState.h"
+#include "window/FilmStripState.h"
+#include "window/MainForm.h"
+#include "window/PreviewState.h"
 
 namespace pixorra {
 

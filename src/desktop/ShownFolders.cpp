@@ -1,13 +1,16 @@
 // Folders coming onto the Desktop, and leaving it.
-#include "core/MainForm.h"
-#include "core/Routines.h"
-#include "core/ShownNames.h"
+#include "base/Routines.h"
+#include "base/ShownNames.h"
 #include "desktop/FolderSlots.h"
 #include "desktop/OpenFolder.h"
 #include "pictures/Painting.h"
 #include "platform/runtime/Errors.h"
 #include "platform/services/Dialogs.h"
 #include "platform/services/Files.h"
+#include "window/CoreState.h"
+#include "window/DesktopState.h"
+#include "window/FilmStripState.h"
+#include "window/MainForm.h"
 
 namespace pixorra {
 

@@ -1,11 +1,16 @@
 #include "drop/DragGestures.h"
 
-#include "core/MainForm.h"
 #include "platform/runtime/Errors.h"
 #include "platform/runtime/Numbers.h"
 #include "platform/runtime/Text.h"
 #include "platform/services/Dialogs.h"
 #include "preview/PreviewPane.h"
+#include "window/DesktopState.h"
+#include "window/DropState.h"
+#include "window/FilmStripState.h"
+#include "window/MainForm.h"
+#include "window/PreferencesForm.h"
+#include "window/PreviewState.h"
 
 namespace pixorra {
 

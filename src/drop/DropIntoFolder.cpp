@@ -1,7 +1,6 @@
 #include "drop/DropIntoFolder.h"
 
-#include "core/MainForm.h"
-#include "core/Routines.h"
+#include "base/Routines.h"
 #include "desktop/FolderSlots.h"
 #include "desktop/OpenFolder.h"
 #include "drop/Duplicates.h"
@@ -16,6 +15,11 @@
 #include "platform/runtime/Text.h"
 #include "platform/services/Dialogs.h"
 #include "platform/services/Files.h"
+#include "window/DesktopState.h"
+#include "window/DropState.h"
+#include "window/FilmStripState.h"
+#include "window/MainForm.h"
+#include "window/PreferencesForm.h"
 
 namespace pixorra {
 

@@ -2,15 +2,19 @@
 
 #include <cstdint>
 
-#include "core/MainForm.h"
-#include "core/Routines.h"
-#include "core/ShownNames.h"
-#include "drop/FileDateTime.h"
+#include "base/FileDateTime.h"
+#include "base/Routines.h"
+#include "base/ShownNames.h"
 #include "pictures/Painting.h"
+#include "platform/controls/Buttons.h"
+#include "platform/controls/Form.h"
+#include "platform/controls/ImageBox.h"
+#include "platform/controls/Label.h"
 #include "platform/controls/Toolkit.h"
 #include "platform/runtime/Errors.h"
 #include "platform/runtime/Format.h"
 #include "platform/runtime/Numbers.h"
+#include "window/MainForm.h"
 
 namespace pixorra {
 

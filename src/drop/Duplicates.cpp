@@ -6,12 +6,15 @@
 #include <utility>
 #include <vector>
 
-#include "core/MainForm.h"
-#include "core/Routines.h"
+#include "base/Routines.h"
 #include "desktop/OpenFolderView.h"
 #include "drop/DuplicateAskForm.h"
 #include "platform/runtime/Errors.h"
 #include "platform/runtime/Text.h"
+#include "window/DesktopState.h"
+#include "window/MainForm.h"
+#include "window/PicturesState.h"
+#include "window/PreferencesForm.h"
 
 namespace pixorra {
 

@@ -2,13 +2,15 @@
 
 #include <cstddef>
 
-#include "core/MainForm.h"
-#include "core/Routines.h"
-#include "drop/FileBuffer.h"
-#include "drop/FileDateTime.h"
+#include "base/FileBuffer.h"
+#include "base/FileDateTime.h"
+#include "base/Routines.h"
 #include "platform/runtime/Errors.h"
 #include "platform/runtime/Numbers.h"
 #include "platform/services/Files.h"
+#include "window/DropState.h"
+#include "window/MainForm.h"
+#include "window/PreferencesForm.h"
 
 namespace pixorra {
 

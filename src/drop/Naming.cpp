@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <string_view>
 
-#include "core/Routines.h"
+#include "base/Routines.h"
 #include "platform/runtime/Errors.h"
 #include "platform/runtime/Format.h"
 #include "platform/runtime/Numbers.h"

@@ -2,16 +2,18 @@
 
 #include <string_view>
 
-#include "core/MainForm.h"
-#include "core/Routines.h"
-#include "core/ShownNames.h"
+#include "base/Routines.h"
+#include "base/ShownNames.h"
 #include "drop/Naming.h"
 #include "platform/controls/Buttons.h"
+#include "platform/controls/Form.h"
+#include "platform/controls/Label.h"
 #include "platform/controls/TextBox.h"
 #include "platform/controls/Toolkit.h"
 #include "platform/runtime/Text.h"
 #include "platform/services/Dialogs.h"
 #include "platform/services/Files.h"
+#include "window/MainForm.h"
 
 namespace pixorra {
 

@@ -1,11 +1,12 @@
 #include "filmstrip/Listing.h"
 
-#include "core/MainForm.h"
-#include "core/ShownNames.h"
+#include "base/ShownNames.h"
 #include "filmstrip/Marks.h"
 #include "pictures/Painting.h"
 #include "platform/runtime/Errors.h"
 #include "platform/runtime/Numbers.h"
+#include "window/FilmStripState.h"
+#include "window/MainForm.h"
 
 namespace pixorra {
 

@@ -1,33 +1,18 @@
 #include "filmstrip/Marks.h"
 
-#include "core/MainForm.h"
-#include "core/Palette.h"
+#include "base/Palette.h"
 #include "filmstrip/Views.h"
+#include "pictures/DotScreen.h"
 #include "pictures/Painting.h"
 #include "pictures/QuickThumbs.h"
+#include "window/FilmStripState.h"
+#include "window/MainForm.h"
 
 namespace pixorra {
 
-void DotScreen(Bitmap& picture) {
-  const int bytes = picture.BytesPerPixel();
-  for (int y = 0; y < picture.Height(); ++y) {
-    std::uint8_t* row = picture.Row(y);
-    for (int x = 0; x < picture.Width(); ++x) {
-      if (x % 2 == 1 && y % 2 == 1) continue;
-      std::uint8_t* pixel = row + x * bytes;
-      pixel[0] = pixel[1] = pixel[2] = 0;
-      if (bytes == 4) pixel[3] = 255;
-    }
-  }
-}
-
 void MarkDragged(MainForm& main, ImageBox& thumbnail) {
   FilmStripState& strip = main.strip;
-  if (!thumbnail.GetPicture().IsNothing()) {
-    Bitmap shaded = thumbnail.GetPicture().Pixels().Clone();
-    DotScreen(shaded);
-    thumbnail.SetPicture(Picture(std::move(shaded)));
-  }
+  ShadeThumbnail(thumbnail);
   Label& name = strip.SrcThumbName(thumbnail.Index());
   name.SetTag("MARK");
   name.SetForeColor(palette::DraggedText);

@@ -5,14 +5,11 @@
 
 namespace pixorra {
 
-class Bitmap;
 class ImageBox;
 struct MainForm;
 
 // Marks the slot that the thumbnail belongs to.
 void MarkDragged(MainForm& main, ImageBox& thumbnail);
-// Shades a picture by the dot screen: one pixel in four stays, those with both coordinates odd.
-void DotScreen(Bitmap& picture);
 // How many slots are marked.
 int CheckDraggedPhotos(MainForm& main);
 // A double click on a slot marks it, or recovers it.

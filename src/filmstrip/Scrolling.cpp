@@ -1,9 +1,11 @@
 #include "filmstrip/Scrolling.h"
 
-#include "core/MainForm.h"
 #include "filmstrip/Views.h"
 #include "platform/runtime/Errors.h"
 #include "platform/runtime/Numbers.h"
+#include "window/DesktopState.h"
+#include "window/FilmStripState.h"
+#include "window/MainForm.h"
 
 namespace pixorra {
 

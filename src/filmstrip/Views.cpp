@@ -1,10 +1,11 @@
 #include "filmstrip/Views.h"
 
-#include "core/MainForm.h"
 #include "filmstrip/Listing.h"
 #include "platform/runtime/Errors.h"
 #include "platform/runtime/Numbers.h"
 #include "preview/PreviewPane.h"
+#include "window/FilmStripState.h"
+#include "window/MainForm.h"
 
 namespace pixorra {
 

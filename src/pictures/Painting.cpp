@@ -1,7 +1,6 @@
 #include "pictures/Painting.h"
 
-#include "core/MainForm.h"
-#include "core/Routines.h"
+#include "base/Routines.h"
 #include "pictures/Fit.h"
 #include "pictures/PictureLoader.h"
 #include "pictures/QuickThumbs.h"
@@ -12,6 +11,8 @@
 #include "platform/services/Files.h"
 #include "platform/services/Pictures.h"
 #include "platform/services/Places.h"
+#include "window/MainForm.h"
+#include "window/PicturesState.h"
 
 namespace pixorra {
 

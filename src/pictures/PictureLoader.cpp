@@ -5,13 +5,14 @@
 #include <memory>
 #include <string_view>
 
-#include "core/MainForm.h"
-#include "core/Routines.h"
-#include "pictures/mIntelJpgHelper.h"
+#include "base/Routines.h"
+#include "base/mIntelJpgHelper.h"
 #include "platform/runtime/Errors.h"
 #include "platform/services/Dialogs.h"
 #include "platform/services/Pictures.h"
 #include "platform/services/Places.h"
+#include "window/MainForm.h"
+#include "window/PicturesState.h"
 
 namespace pixorra {
 

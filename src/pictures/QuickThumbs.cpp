@@ -6,14 +6,16 @@
 #include <optional>
 #include <vector>
 
-#include "core/MainForm.h"
-#include "core/Routines.h"
-#include "drop/FileDateTime.h"
-#include "pictures/QuickThumbsRecord.h"
+#include "base/FileDateTime.h"
+#include "base/QuickThumbsRecord.h"
+#include "base/Routines.h"
 #include "platform/runtime/Errors.h"
 #include "platform/services/Files.h"
 #include "platform/services/Pictures.h"
 #include "platform/services/Places.h"
+#include "window/FilmStripState.h"
+#include "window/MainForm.h"
+#include "window/PicturesState.h"
 
 namespace pixorra {
 

@@ -3,7 +3,7 @@
 
 #include <algorithm>
 
-#include "pictures/PicturesState.h"
+#include "window/PicturesState.h"
 
 namespace pixorra {
 

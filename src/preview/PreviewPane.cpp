@@ -1,8 +1,7 @@
 #include "preview/PreviewPane.h"
 
-#include "core/MainForm.h"
-#include "core/ShownNames.h"
-#include "filmstrip/Marks.h"
+#include "base/ShownNames.h"
+#include "pictures/DotScreen.h"
 #include "pictures/Painting.h"
 #include "pictures/QuickThumbs.h"
 #include "platform/runtime/Errors.h"
@@ -10,6 +9,12 @@
 #include "platform/runtime/Text.h"
 #include "platform/services/Files.h"
 #include "platform/services/Shell.h"
+#include "window/DesktopState.h"
+#include "window/DropState.h"
+#include "window/FilmStripState.h"
+#include "window/MainForm.h"
+#include "window/MenuBar.h"
+#include "window/PreviewState.h"
 
 namespace pixorra {
 
@@ -45,11 +50,7 @@ void RepaintSrcThumbnail(MainForm& main) {
   PaintThumbnail(main, thumbnail, main.preview.PicPreview.Tag(), bDragged);
   if (!alive) return;
   const std::string mark = strip.SrcThumbName(i).Tag();
-  if (!mark.empty() && !thumbnail.GetPicture().IsNothing()) {
-    Bitmap shaded = thumbnail.GetPicture().Pixels().Clone();
-    DotScreen(shaded);
-    thumbnail.SetPicture(Picture(std::move(shaded)));
-  }
+  if (!mark.empty()) ShadeThumbnail(thumbnail);
   // A changed photo has a new entry, which takes over the mark.
   SetQuickThumbMark(main, thumbnail.Tag(), mark);
 }

@@ -10,6 +10,7 @@
 #include "desktop/OpenFolderView.h"
 #include "tests/support/TestPictures.h"
 #include "tests/support/headless/ProgramTest.h"
+#include "window/DesktopState.h"
 
 namespace pixorra {
 

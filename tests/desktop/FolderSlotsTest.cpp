@@ -1,10 +1,14 @@
 // Folders on the Desktop: shown, counted, taken off, clicked, and the Trashcan among them.
 #include <gmock/gmock.h>
 
-#include "core/Palette.h"
-#include "core/Preferences.h"
+#include "app/Preferences.h"
+#include "base/Palette.h"
 #include "desktop/FolderCommands.h"
 #include "tests/desktop/DesktopTest.h"
+#include "window/DesktopState.h"
+#include "window/FilmStripState.h"
+#include "window/MenuBar.h"
+#include "window/PreferencesForm.h"
 
 namespace pixorra {
 namespace {

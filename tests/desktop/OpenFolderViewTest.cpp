@@ -2,6 +2,10 @@
 #include <gmock/gmock.h>
 
 #include "tests/desktop/DesktopTest.h"
+#include "window/FilmStripState.h"
+#include "window/MenuBar.h"
+#include "window/PicturesState.h"
+#include "window/PreviewState.h"
 
 namespace pixorra {
 namespace {

@@ -4,6 +4,8 @@
 #include <map>
 
 #include "tests/drop/DropTest.h"
+#include "window/FilmStripState.h"
+#include "window/PicturesState.h"
 
 namespace pixorra {
 namespace {

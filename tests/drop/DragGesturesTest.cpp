@@ -3,6 +3,9 @@
 
 #include "drop/DragGestures.h"
 #include "tests/drop/DropTest.h"
+#include "window/DropState.h"
+#include "window/PreferencesForm.h"
+#include "window/PreviewState.h"
 
 namespace pixorra {
 namespace {

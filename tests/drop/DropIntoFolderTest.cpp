@@ -3,6 +3,8 @@
 
 #include "drop/DropIntoFolder.h"
 #include "tests/drop/DropTest.h"
+#include "window/DropState.h"
+#include "window/PreferencesForm.h"
 
 namespace pixorra {
 namespace {

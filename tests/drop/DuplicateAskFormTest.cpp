@@ -4,6 +4,7 @@
 #include "drop/DuplicateAskForm.h"
 #include "platform/controls/Buttons.h"
 #include "tests/drop/DropTest.h"
+#include "window/PreferencesForm.h"
 
 namespace pixorra {
 namespace {

@@ -3,6 +3,9 @@
 
 #include "drop/Duplicates.h"
 #include "tests/drop/DropTest.h"
+#include "window/DesktopState.h"
+#include "window/DropState.h"
+#include "window/PreferencesForm.h"
 
 namespace pixorra {
 namespace {

@@ -1,10 +1,11 @@
 // Copying a photo: its bytes, its date, and what is left when something fails.
 #include <gtest/gtest.h>
 
-#include "drop/FileBuffer.h"
+#include "base/FileBuffer.h"
 #include "drop/FileTransfer.h"
 #include "platform/runtime/Errors.h"
 #include "tests/support/headless/ProgramTest.h"
+#include "window/PreferencesForm.h"
 
 namespace pixorra {
 namespace {

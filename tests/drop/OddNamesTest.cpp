@@ -8,6 +8,9 @@
 #include <set>
 
 #include "tests/drop/DropTest.h"
+#include "window/DesktopState.h"
+#include "window/FilmStripState.h"
+#include "window/PicturesState.h"
 
 namespace pixorra {
 namespace {

@@ -8,6 +8,10 @@
 #include "tests/drop/DropTest.h"
 #include "tests/platform/posix/OrdinaryUser.h"
 #include "tests/platform/posix/PrivateMounts.h"
+#include "window/DropState.h"
+#include "window/FilmStripState.h"
+#include "window/PicturesState.h"
+#include "window/PreferencesForm.h"
 
 namespace pixorra {
 namespace {

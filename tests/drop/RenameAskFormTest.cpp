@@ -5,6 +5,9 @@
 #include "platform/controls/Buttons.h"
 #include "platform/controls/TextBox.h"
 #include "tests/drop/DropTest.h"
+#include "window/DesktopState.h"
+#include "window/DropState.h"
+#include "window/PreferencesForm.h"
 
 namespace pixorra {
 namespace {

@@ -4,6 +4,7 @@
 #include "filmstrip/Marks.h"
 #include "filmstrip/Scrolling.h"
 #include "tests/filmstrip/StripTest.h"
+#include "window/FilmStripState.h"
 
 namespace pixorra {
 namespace {

@@ -1,11 +1,13 @@
 // The strip's folder and its slots: captions, and how a slot comes up.
 #include <gtest/gtest.h>
 
-#include "core/Palette.h"
-#include "filmstrip/BackgroundLoading.h"
+#include "app/BackgroundLoading.h"
+#include "base/Palette.h"
 #include "filmstrip/Listing.h"
 #include "filmstrip/Views.h"
 #include "tests/filmstrip/StripTest.h"
+#include "window/FilmStripState.h"
+#include "window/PicturesState.h"
 
 namespace pixorra {
 namespace {

@@ -1,9 +1,11 @@
 // Marks of dragged photos: the dot screen, the double click, and what outlives the run.
 #include <gtest/gtest.h>
 
-#include "core/Palette.h"
+#include "base/Palette.h"
 #include "filmstrip/Marks.h"
 #include "tests/filmstrip/StripTest.h"
+#include "window/FilmStripState.h"
+#include "window/PicturesState.h"
 
 namespace pixorra {
 namespace {
@@ -46,28 +48,6 @@ class MarksTest : public StripTest {
     }
   }
 };
-
-TEST_F(MarksTest, TheDotScreenKeepsOnePixelInFourTheLastRowAndColumnIncluded) {
-  for (const auto& [width, height] : std::vector<std::pair<int, int>>{{1, 1}, {2, 2}, {5, 4}, {4, 5}}) {
-    Bitmap bitmap = PlainBitmap(width, height, 0x00FFFFFF);
-    DotScreen(bitmap);
-    for (int y = 0; y < height; ++y) {
-      for (int x = 0; x < width; ++x) {
-        EXPECT_EQ(PixelOf(bitmap, x, y), x % 2 == 1 && y % 2 == 1 ? 0xFFFFFF : 0) << x << "," << y;
-      }
-    }
-  }
-}
-
-TEST_F(MarksTest, TheDotScreensBlackIsOpaque) {
-  Bitmap bitmap(3, 3, PixelFormat::Bgra32);
-  for (int y = 0; y < 3; ++y) std::fill(bitmap.Row(y), bitmap.Row(y) + 12, std::uint8_t{100});
-  DotScreen(bitmap);
-  EXPECT_EQ(bitmap.Row(0)[3], 255);
-  EXPECT_EQ(bitmap.Row(0)[0], 0);
-  EXPECT_EQ(bitmap.Row(1)[4], 100);
-  EXPECT_EQ(bitmap.Row(1)[7], 100);
-}
 
 TEST_F(MarksTest, ADoubleClickOnTheFilmMarksAndASecondRecovers) {
   WritePhoto("a.bmp", 0x000000FF);

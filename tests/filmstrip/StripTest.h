@@ -6,6 +6,8 @@
 
 #include "tests/support/TestPictures.h"
 #include "tests/support/headless/ProgramTest.h"
+#include "window/FilmStripState.h"
+#include "window/PreviewState.h"
 
 namespace pixorra {
 

@@ -5,6 +5,8 @@
 #include "filmstrip/Marks.h"
 #include "filmstrip/Views.h"
 #include "tests/filmstrip/StripTest.h"
+#include "window/FilmStripState.h"
+#include "window/PreviewState.h"
 
 namespace pixorra {
 namespace {

@@ -7,8 +7,8 @@
 #include <string>
 #include <vector>
 
-#include "core/SavedRecords.h"
-#include "pictures/QuickThumbsIndex.h"
+#include "base/QuickThumbsIndex.h"
+#include "base/SavedRecords.h"
 #include "platform/codecs/CodecPictures.h"
 #include "platform/codecs/JpegReader.h"
 #include "platform/posix/PathMapping.h"

@@ -11,6 +11,9 @@
 
 #include "tests/support/TestPictures.h"
 #include "tests/support/headless/ProgramTest.h"
+#include "window/DesktopState.h"
+#include "window/FilmStripState.h"
+#include "window/PicturesState.h"
 
 namespace pixorra {
 namespace {

@@ -15,6 +15,9 @@
 #include "tests/look/LookAt.h"
 #include "tests/support/TestPictures.h"
 #include "tests/support/headless/ProgramTest.h"
+#include "window/DesktopState.h"
+#include "window/FilmStripState.h"
+#include "window/MenuBar.h"
 
 namespace pixorra {
 namespace {

@@ -3,6 +3,8 @@
 
 #include "pictures/QuickThumbs.h"
 #include "tests/support/headless/ProgramTest.h"
+#include "window/DesktopState.h"
+#include "window/FilmStripState.h"
 
 namespace pixorra {
 namespace {

@@ -5,6 +5,9 @@
 #include "pictures/QuickThumbs.h"
 #include "tests/support/TestPictures.h"
 #include "tests/support/headless/ProgramTest.h"
+#include "window/FilmStripState.h"
+#include "window/PicturesState.h"
+#include "window/PreviewState.h"
 
 namespace pixorra {
 namespace {

@@ -5,6 +5,7 @@
 #include "pictures/Scratch.h"
 #include "tests/support/TestPictures.h"
 #include "tests/support/headless/ProgramTest.h"
+#include "window/PicturesState.h"
 
 namespace pixorra {
 namespace {

@@ -8,6 +8,7 @@
 #include "tests/pictures/HandRecord.h"
 #include "tests/support/TestPictures.h"
 #include "tests/support/headless/ProgramTest.h"
+#include "window/FilmStripState.h"
 
 namespace pixorra {
 namespace {

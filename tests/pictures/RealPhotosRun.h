@@ -2,6 +2,7 @@
 #pragma once
 
 #include "tests/support/headless/ProgramTest.h"
+#include "window/FilmStripState.h"
 
 namespace pixorra {
 

@@ -11,6 +11,7 @@
 #include "pictures/PictureLoader.h"
 #include "tests/pictures/RealPhotosRun.h"
 #include "tests/support/RealPhotos.h"
+#include "window/PicturesState.h"
 
 namespace pixorra {
 namespace {

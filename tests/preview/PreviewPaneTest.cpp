@@ -2,12 +2,18 @@
 // itself.
 #include <gtest/gtest.h>
 
-#include "core/Wiring.h"
+#include "app/Wiring.h"
 #include "pictures/Painting.h"
 #include "pictures/QuickThumbs.h"
 #include "preview/PreviewPane.h"
 #include "tests/support/TestPictures.h"
 #include "tests/support/headless/ProgramTest.h"
+#include "window/CoreState.h"
+#include "window/DesktopState.h"
+#include "window/DropState.h"
+#include "window/FilmStripState.h"
+#include "window/MenuBar.h"
+#include "window/PreviewState.h"
 
 namespace pixorra {
 namespace {

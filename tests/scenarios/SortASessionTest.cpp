@@ -9,6 +9,8 @@
 #include "desktop/FolderSlots.h"
 #include "tests/support/TestPictures.h"
 #include "tests/support/headless/ProgramTest.h"
+#include "window/DesktopState.h"
+#include "window/FilmStripState.h"
 
 namespace pixorra {
 namespace {

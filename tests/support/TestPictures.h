@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/services/Picture.h"
+#include "platform/pixels/Picture.h"
 
 namespace pixorra {
 

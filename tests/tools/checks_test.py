@@ -9,11 +9,19 @@ from pathlib import Path
 
 CHECKS = Path(__file__).resolve().parents[2] / "tools" / "checks"
 LAYERS = """
-platform/services -> platform/runtime
-program -> platform/runtime platform/services
-main.cpp -> program platform/* : it starts the program
-shared */*State.h core/MainForm.h
-drop -> filmstrip
+[ground]
+platform/runtime: : numbers
+platform/services: platform/runtime : speak of numbers
+[back ends]
+platform/qt: [ground] : shows windows
+[shared]
+window: [ground] : the window as data
+[subjects]
+filmstrip: [ground] [shared] : the strip
+drop: [ground] [shared] filmstrip : a drop marks a photo
+[app]
+app: [ground] [shared] [subjects] : connects events
+app/main.cpp: [back ends] : starts the program
 """
 
 
@@ -52,49 +60,67 @@ class Layers(CheckTest):
         super().setUp()
         self.write("src/platform/runtime/Numbers.h", "#include <string>\n")
         self.write("src/platform/services/Files.h", '#include "platform/runtime/Numbers.h"\n')
-        self.write("src/platform/qt/QtFiles.h", "")
-        self.write("src/core/MainForm.h", '#include "filmstrip/FilmStripState.h"\n')
-        self.write("src/filmstrip/FilmStripState.h", '#include "platform/services/Files.h"\n')
+        self.write("src/platform/qt/QtFiles.h", '#include "platform/services/Files.h"\n')
+        self.write("src/window/MainForm.h", '#include "window/FilmStripState.h"\n')
+        self.write("src/window/FilmStripState.h", '#include "platform/services/Files.h"\n')
         self.write("src/filmstrip/Marks.h", "")
+        self.write("src/filmstrip/Marks.cpp", '#include "window/MainForm.h"\n#include "platform/services/Files.h"\n')
         self.write("src/drop/Drop.h", "")
-        self.write("src/drop/Drop.cpp", '#include "drop/Drop.h"\n#include "core/MainForm.h"\n#include "filmstrip/Marks.h"\n')
-        self.write("src/main.cpp", '#include "core/MainForm.h"\n#include "platform/qt/QtFiles.h"\n')
+        self.write("src/drop/Drop.cpp", '#include "drop/Drop.h"\n#include "window/MainForm.h"\n#include "filmstrip/Marks.h"\n')
+        self.write("src/app/main.cpp", '#include "window/MainForm.h"\n#include "platform/qt/QtFiles.h"\n')
 
-    def test_includes_that_keep_to_the_floors_pass(self):
-        self.assert_passes("layers")
+    def test_includes_that_keep_to_the_order_pass_and_the_graph_is_printed(self):
+        output = self.assert_passes("layers")
+        self.assertIn("drop -> window 1, filmstrip 1\n", output)
+        self.assertIn("none upwards, no pair both ways", output)
 
-    def test_including_what_stands_above_fails(self):
+    def test_including_what_lies_above_fails(self):
         self.write("src/platform/runtime/Bad.cpp", '#include "platform/services/Files.h"\n')
         self.assert_fails("layers", "src/platform/runtime/Bad.cpp:1: platform/runtime may not include")
 
-    def test_a_pair_that_is_not_listed_fails(self):
-        self.write("src/filmstrip/Marks.cpp", '\n#include "drop/Drop.h"\n')
-        self.assert_fails("layers", "src/filmstrip/Marks.cpp:2: filmstrip may not include \"drop/Drop.h\"")
+    def test_including_a_subject_above_fails(self):
+        self.write("src/filmstrip/Bad.cpp", '\n#include "drop/Drop.h"\n')
+        self.assert_fails("layers", "src/filmstrip/Bad.cpp:2: filmstrip may not include \"drop/Drop.h\"")
 
     def test_a_program_folder_that_includes_a_back_end_fails(self):
         self.write("src/drop/Bad.cpp", '#include "platform/qt/QtFiles.h"\n')
         self.assert_fails("layers", "drop may not include")
 
+    def test_a_back_end_is_for_the_one_file_that_is_named(self):
+        self.write("src/app/Bad.cpp", '#include "platform/qt/QtFiles.h"\n')
+        self.assert_fails("layers", "src/app/Bad.cpp:1: app may not include")
+
     def test_a_header_that_includes_the_main_form_fails(self):
-        self.write("src/drop/Bad.h", '#include "core/MainForm.h"\n')
+        self.write("src/drop/Bad.h", '#include "window/MainForm.h"\n')
         self.assert_fails("layers", "by a forward declaration")
 
-    def test_a_pair_that_goes_both_ways_needs_a_reason_on_both_lines(self):
-        self.write("tools/layers.txt", LAYERS + "filmstrip -> drop : a mark undoes a drop\n")
-        output = self.assert_fails("layers", "drop -> filmstrip goes both ways and has no reason")
-        self.assertIn("1 problem.", output)
+    def test_a_line_that_names_what_stands_on_no_earlier_line_fails(self):
+        self.write("tools/layers.txt", LAYERS.replace("filmstrip: [ground]", "filmstrip: drop [ground]"))
+        self.assert_fails("layers", "filmstrip names drop, which stands on no earlier line")
+
+    def test_a_section_that_is_not_known_fails(self):
+        self.write("tools/layers.txt", LAYERS.replace("filmstrip: [ground]", "filmstrip: [cellar]"))
+        self.assert_fails("layers", "filmstrip names [cellar], which stands on no earlier line")
+
+    def test_a_line_without_a_reason_fails(self):
+        self.write("tools/layers.txt", LAYERS.replace(" : the strip", ""))
+        self.assert_fails("layers", "filmstrip gives no reason")
 
     def test_an_include_that_is_not_by_path_from_src_fails(self):
         self.write("src/drop/Bad.cpp", '#include "Drop.h"\n')
         self.assert_fails("layers", "is no file below src/")
 
     def test_a_stale_pair_is_reported_and_passes(self):
-        self.write("tools/layers.txt", LAYERS + "drop -> preview\n")
-        self.assertIn("stale: nothing in drop includes preview", self.assert_passes("layers"))
+        self.write("src/drop/Drop.cpp", '#include "window/MainForm.h"\n')
+        self.assertIn("stale: nothing in drop includes filmstrip", self.assert_passes("layers"))
 
-    def test_a_folder_that_no_floor_has_fails(self):
+    def test_a_folder_that_the_list_does_not_name_fails(self):
         self.write("src/misc/Things.cpp", "")
-        self.assert_fails("layers", "src/misc: a folder that no floor has")
+        self.assert_fails("layers", "src/misc: tools/layers.txt does not name this folder")
+
+    def test_a_folder_that_is_not_there_fails(self):
+        self.write("tools/layers.txt", LAYERS + "printing: [ground] : prints\n")
+        self.assert_fails("layers", "there is no src/printing")
 
     def test_an_include_inside_a_comment_counts_for_nothing(self):
         self.write("src/drop/Good.cpp", '/*\n#include "platform/qt/QtFiles.h"\n*/\n// #include "platform/qt/QtFiles.h"\n')
@@ -147,46 +173,46 @@ class Sizes(CheckTest):
         return head + " {\n" + "  Step();\n" * (lines - 2) + "}\n"
 
     def test_a_file_at_its_limit_passes_and_one_line_more_fails(self):
-        self.write("src/core/A.cpp", "\n" * 500)
-        self.write("src/core/A.h", "\n" * 250)
+        self.write("src/app/A.cpp", "\n" * 500)
+        self.write("src/app/A.h", "\n" * 250)
         self.assert_passes("sizes")
-        self.write("src/core/A.cpp", "\n" * 501)
-        self.assert_fails("sizes", "src/core/A.cpp:1: 501 lines; 500 is the limit")
+        self.write("src/app/A.cpp", "\n" * 501)
+        self.assert_fails("sizes", "src/app/A.cpp:1: 501 lines; 500 is the limit")
 
     def test_a_header_over_its_limit_fails(self):
-        self.write("src/core/A.h", "\n" * 251)
-        self.assert_fails("sizes", "src/core/A.h:1: 251 lines; 250 is the limit")
+        self.write("src/app/A.h", "\n" * 251)
+        self.assert_fails("sizes", "src/app/A.h:1: 251 lines; 250 is the limit")
 
     def test_a_function_over_60_lines_is_told_and_over_80_fails(self):
-        self.write("src/core/A.cpp", "namespace pixorra {\n" + self.function("void Start(int a)", 60) + "}\n")
+        self.write("src/app/A.cpp", "namespace pixorra {\n" + self.function("void Start(int a)", 60) + "}\n")
         self.assertNotIn("long:", self.assert_passes("sizes"))
-        self.write("src/core/A.cpp", "namespace pixorra {\n" + self.function("void Start(int a)", 61) + "}\n")
-        self.assertIn("src/core/A.cpp:2: long: Start has 61 lines", self.assert_passes("sizes"))
-        self.write("src/core/A.cpp", "namespace pixorra {\n\n" + self.function("void Start(int a)", 81) + "}\n")
-        self.assert_fails("sizes", "src/core/A.cpp:3: Start has 81 lines; 80 is the limit")
+        self.write("src/app/A.cpp", "namespace pixorra {\n" + self.function("void Start(int a)", 61) + "}\n")
+        self.assertIn("src/app/A.cpp:2: long: Start has 61 lines", self.assert_passes("sizes"))
+        self.write("src/app/A.cpp", "namespace pixorra {\n\n" + self.function("void Start(int a)", 81) + "}\n")
+        self.assert_fails("sizes", "src/app/A.cpp:3: Start has 81 lines; 80 is the limit")
 
     def test_every_shape_of_a_function_is_found(self):
         for head in ("TEST(A, B)", "Form::Form(int a) : Left(a), Top{a}", "bool A::operator==(const A& b) const",
                      "void F(int a = 3) noexcept", "template <class T>\nT* Find(std::function<void(int)> f)",
                      "static struct Size Measure(const std::string& text)", "auto F() -> std::vector<int>"):
             with self.subTest(head):
-                self.write("src/core/A.cpp", self.function(head, 85))
+                self.write("src/app/A.cpp", self.function(head, 85))
                 self.assert_fails("sizes", "80 is the limit")
 
     def test_functions_inside_a_class_are_found_and_the_class_is_none(self):
-        self.write("src/core/A.h", "class A final : public B {\n public:\n" + self.function("  void F()", 40) * 3 + "};\n")
+        self.write("src/app/A.h", "class A final : public B {\n public:\n" + self.function("  void F()", 40) * 3 + "};\n")
         self.assertNotIn("long:", self.assert_passes("sizes"))
-        self.write("src/core/A.h", "class A {\n public:\n" + self.function("  void F()", 90) + "};\n")
-        self.assert_fails("sizes", "src/core/A.h:3: F has 90 lines")
+        self.write("src/app/A.h", "class A {\n public:\n" + self.function("  void F()", 90) + "};\n")
+        self.assert_fails("sizes", "src/app/A.h:3: F has 90 lines")
 
     def test_tables_are_no_functions(self):
-        self.write("src/core/A.cpp", "const std::array<Row, 3> rows = {\n" + "  Row{1, F(2)},\n" * 100 + "};\n")
+        self.write("src/app/A.cpp", "const std::array<Row, 3> rows = {\n" + "  Row{1, F(2)},\n" * 100 + "};\n")
         self.assert_passes("sizes")
 
     def test_braces_in_texts_and_comments_count_for_nothing(self):
         body = "  // {{{\n  Say(\"{\"); Say('{'); Say(R\"x({)x\");\n  /* { */ int a = 1'000;\n"
-        self.write("src/core/A.cpp", "void F() {\n" + body + "}\n" + self.function("void G()", 85))
-        self.assert_fails("sizes", "src/core/A.cpp:6: G has 85 lines")
+        self.write("src/app/A.cpp", "void F() {\n" + body + "}\n" + self.function("void G()", 85))
+        self.assert_fails("sizes", "src/app/A.cpp:6: G has 85 lines")
 
 
 class Words(CheckTest):
@@ -204,7 +230,7 @@ class Words(CheckTest):
     def test_documents_that_are_elsewhere_fail(self):
         # Written in pieces, as this file is checked too.
         for line in ("// see spec" ".md", "// as the " "specification says", "// Part" " 4.2", "// Parts" " 10.1 and others"):
-            self.assert_line_fails("src/core/A.cpp", line)
+            self.assert_line_fails("src/app/A.cpp", line)
 
     def test_a_phrase_over_two_lines_fails(self):
         self.assert_line_fails("docs/a.md", "as the\n" "specification says")
@@ -233,16 +259,16 @@ class Words(CheckTest):
 
 class Orphans(CheckTest):
     def test_a_file_that_no_target_builds_fails(self):
-        self.write("src/core/A.cpp", "")
-        self.write("tests/core/ATest.cpp", "")
-        entry = '{{"directory": "{0}", "file": "{0}/src/core/A.cpp", "command": ""}}'.format(self.root)
+        self.write("src/app/A.cpp", "")
+        self.write("tests/app/ATest.cpp", "")
+        entry = '{{"directory": "{0}", "file": "{0}/src/app/A.cpp", "command": ""}}'.format(self.root)
         self.write("build/compile_commands.json", f"[{entry}]")
-        output = self.assert_fails("orphans", "tests/core/ATest.cpp:1: no target builds", "--build", str(self.root / "build"))
-        self.assertNotIn("src/core/A.cpp", output)
+        output = self.assert_fails("orphans", "tests/app/ATest.cpp:1: no target builds", "--build", str(self.root / "build"))
+        self.assertNotIn("src/app/A.cpp", output)
 
     def test_files_that_are_all_built_pass(self):
-        self.write("src/core/A.cpp", "")
-        self.write("build/compile_commands.json", '[{"directory": "%s/build", "file": "../src/core/A.cpp"}]' % self.root)
+        self.write("src/app/A.cpp", "")
+        self.write("build/compile_commands.json", '[{"directory": "%s/build", "file": "../src/app/A.cpp"}]' % self.root)
         self.assert_passes("orphans", "--build", str(self.root / "build"))
 
 
@@ -252,13 +278,13 @@ class Format(CheckTest):
         self.write(".clang-format", "BasedOnStyle: Google\n")
 
     def test_badly_set_code_fails_and_is_put_right(self):
-        self.write("src/core/A.cpp", "int  a ;\n")
+        self.write("src/app/A.cpp", "int  a ;\n")
         done = subprocess.run([sys.executable, "-B", str(CHECKS / "format.py"), "--root", str(self.root)],
                               capture_output=True, text=True, check=False)
         self.assertEqual(1, done.returncode)
         self.assertIn("clang-formatted", done.stderr)
         self.assert_passes("format", "--fix", "yes")
-        self.assertEqual("int a;\n", (self.root / "src/core/A.cpp").read_text())
+        self.assertEqual("int a;\n", (self.root / "src/app/A.cpp").read_text())
         self.assert_passes("format")
 
 

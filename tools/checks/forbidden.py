@@ -6,8 +6,6 @@ import re
 
 import sources
 
-CHECKED = sources.FLOOR_FOLDERS + sources.PROGRAM_FOLDERS
-
 PURE_HEADERS = set("""
     algorithm any array bit bitset cassert cctype cfloat charconv climits cmath compare concepts cstddef cstdint cstdio cstdlib
     cstring deque exception functional initializer_list iomanip ios iosfwd istream iterator limits list map memory
@@ -74,8 +72,10 @@ def check_file(name, text):
 
 def main():
     root = sources.parse_arguments(__doc__).root
+    src = root / "src"
     files = [path for path in sources.code_files(root, ["src"])
-             if path.parent.relative_to(root / "src").as_posix() in CHECKED]
+             if path.parent.relative_to(src).as_posix() not in sources.BACK_ENDS
+             and path.relative_to(src).as_posix() not in sources.BACK_END_FILES]
     problems = [problem for path in files
                 for problem in check_file(path.relative_to(root).as_posix(), sources.read(path))]
     sources.report(problems, f"{len(files)} files leave the host to the services.")

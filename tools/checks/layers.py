@@ -1,121 +1,118 @@
 #!/usr/bin/env python3
-"""Checks every #include of src/ against tools/layers.txt: a file includes only what stands below it, or beside it by a
-listed pair. Pairs that no include needs any more are reported."""
+"""Checks every #include of src/ against tools/layers.txt: a file includes only what its folder's line names, and a line names
+only what stands on an earlier one. Prints the graph of the includes that there are."""
 
 import re
 from collections import defaultdict
-from fnmatch import fnmatchcase
 
 import sources
 
-HEADER_BY_FORWARD_DECLARATION = "core/MainForm.h"
-RULE = re.compile(r"^(\S+)\s*->\s*(.+?)(?:\s+:\s+(\S.*))?$")
+HEADER_BY_FORWARD_DECLARATION = "window/MainForm.h"
+SECTION = re.compile(r"^\[([^\]]+)\]$")
+RULE = re.compile(r"^([\w./]+):((?:\s+(?:[\w/]+|\[[^\]]+\]))*)(?:\s+:\s+(\S.*))?$")
+WORD = re.compile(r"\[[^\]]+\]|\S+")
 
 
-class Rules:
-    """tools/layers.txt: lines 'shared PATTERN...' and 'FROM -> TO... : reason'."""
+class Layers:
+    """tools/layers.txt: folders from the ground up, each with what it may include and why."""
 
     def __init__(self, text):
-        self.shared = []
-        self.rules = []  # (from, to, reason, line)
+        self.allowed = {}  # folder or file -> folders
+        self.sections = {}  # name in brackets -> folders
+        self.named = []  # (line number, folder, target as written, folders)
         self.problems = []
+        section = None
         for number, line in enumerate(text.splitlines(), 1):
             line = line.split("#", 1)[0].strip()
             if not line:
                 continue
             rule = RULE.match(line)
-            if line.startswith("shared "):
-                self.shared += line.split()[1:]
+            if SECTION.match(line):
+                section = line
+                self.sections[section] = []
             elif rule:
-                self.rules += [(rule[1], target, rule[3], number) for target in rule[2].split()]
+                self.add(number, section, rule[1], WORD.findall(rule[2]), rule[3])
             else:
-                self.problems.append(f"tools/layers.txt:{number}: not a rule: {line}")
-        self.used = set()
-        self.check_reasons()
+                self.problems.append(f"tools/layers.txt:{number}: not a line of the list: {line}")
 
-    def check_reasons(self):
-        pairs = {(a, b) for a, b, _, _ in self.rules}
-        for source, target, reason, number in self.rules:
-            if reason:
+    def add(self, number, section, folder, targets, reason):
+        if not reason:
+            self.problems.append(f"tools/layers.txt:{number}: {folder} gives no reason")
+        known = self.allowed.setdefault(folder, set())
+        for target in targets:
+            folders = self.sections.get(target) if target.startswith("[") else [target]
+            if folders is None or any(f not in self.allowed or f == folder for f in folders):
+                self.problems.append(f"tools/layers.txt:{number}: {folder} names {target}, which stands on no earlier line")
                 continue
-            if (target, source) in pairs:
-                self.problems.append(f"tools/layers.txt:{number}: {source} -> {target} goes both ways and has no reason")
-            elif is_file_pattern(source) or is_file_pattern(target):
-                self.problems.append(f"tools/layers.txt:{number}: {source} -> {target} is about single files and has no reason")
+            known.update(folders)
+            self.named.append((number, folder, target, folders))
+        if section and not folder.endswith(".cpp"):
+            self.sections[section].append(folder)
 
-    def is_shared(self, name):
-        return any(fnmatchcase(name, pattern) for pattern in self.shared)
+    def allows(self, name, target):
+        return any(folder_of(target) in self.allowed.get(key, ()) for key in (folder_of(name), name))
 
-    def allows(self, source, target):
-        allowed = False
-        for rule in self.rules:
-            if stands_for(rule[0], source) and stands_for(rule[1], target):
-                self.used.add(rule)
-                allowed = True
-        return allowed
-
-    def stale(self):
-        return [f"tools/layers.txt:{number}: stale: nothing in {source} includes {target}"
-                for rule in self.rules if rule not in self.used for source, target, _, number in [rule]]
+    def stale(self, graph):
+        used = defaultdict(set)
+        for (name, target) in graph:
+            used[folder_of(name)].add(folder_of(target))
+            used[name].add(folder_of(target))
+        return [f"tools/layers.txt:{number}: stale: nothing in {folder} includes {target}"
+                for number, folder, target, folders in self.named if not used[folder] & set(folders)]
 
 
 def folder_of(name):
     return name.rpartition("/")[0]
 
 
-def is_file_pattern(text):
-    return "*" in text or text.endswith((".h", ".cpp"))
-
-
-def stands_for(side, name):
-    """A side of a rule is a folder, 'program' for all program folders, or a pattern of file names."""
-    if side == "program":
-        return folder_of(name) in sources.PROGRAM_FOLDERS
-    return fnmatchcase(name, side) if is_file_pattern(side) else folder_of(name) == side
-
-
-def check_file(name, text, src, rules):
+def check_file(name, text, src, layers, graph):
     problems = []
     for line, quoted, target in sources.includes(text):
         where = f"src/{name}:{line}"
         if not quoted:
             if (src / target).is_file():
                 problems.append(f"{where}: <{target}> is the project's own; include it with quotes")
-            continue
-        if not (src / target).is_file():
+        elif not (src / target).is_file():
             problems.append(f"{where}: \"{target}\" is no file below src/; headers are included by their path from there")
-            continue
-        if name.endswith(".h") and target == HEADER_BY_FORWARD_DECLARATION and folder_of(name) in sources.PROGRAM_FOLDERS:
+        elif name.endswith(".h") and target == HEADER_BY_FORWARD_DECLARATION:
             problems.append(f"{where}: a header names MainForm by a forward declaration, not by {target}")
-        elif folder_of(name) == folder_of(target):
-            continue
-        elif folder_of(name) in sources.PROGRAM_FOLDERS and rules.is_shared(target):
-            continue
-        elif not rules.allows(name, target):
-            problems.append(f"{where}: {folder_of(name) or name} may not include \"{target}\" (tools/layers.txt has no such pair)")
+        elif folder_of(name) != folder_of(target):
+            graph.append((name, target))
+            if not layers.allows(name, target):
+                problems.append(f"{where}: {folder_of(name)} may not include \"{target}\" (tools/layers.txt)")
     return problems
 
 
 def check_tree(root):
     src = root / "src"
-    rules = Rules(sources.read(root / "tools" / "layers.txt"))
-    problems = list(rules.problems)
-    known = set(sources.FLOOR_FOLDERS + sources.BACK_ENDS + sources.PROGRAM_FOLDERS) | {""}
-    counts = defaultdict(int)
+    layers = Layers(sources.read(root / "tools" / "layers.txt"))
+    problems = list(layers.problems)
+    graph, folders = [], set()
     for path in sources.code_files(root, ["src"]):
         name = path.relative_to(src).as_posix()
-        counts[folder_of(name)] += 1
-        problems += check_file(name, sources.read(path), src, rules)
-    problems += [f"src/{folder}: a folder that no floor has" for folder in sorted(set(counts) - known)]
-    return problems, rules.stale(), sum(counts.values())
+        folders.add(folder_of(name))
+        problems += check_file(name, sources.read(path), src, layers, graph)
+    problems += [f"src/{folder}: tools/layers.txt does not name this folder" for folder in sorted(folders - set(layers.allowed))]
+    problems += [f"tools/layers.txt: there is no src/{key}" for key in layers.allowed if not (src / key).exists()]
+    return problems, layers, graph
+
+
+def print_graph(layers, graph):
+    edges = defaultdict(lambda: defaultdict(int))
+    for name, target in graph:
+        edges[folder_of(name)][folder_of(target)] += 1
+    for folder in layers.allowed:
+        if folder in edges:
+            print(f"{folder} -> " + ", ".join(f"{to} {edges[folder][to]}" for to in layers.allowed if to in edges[folder]))
 
 
 def main():
     root = sources.parse_arguments(__doc__).root
-    problems, stale, count = check_tree(root)
-    for line in stale:
+    problems, layers, graph = check_tree(root)
+    print_graph(layers, graph)
+    for line in layers.stale(graph):
         print(line)
-    sources.report(problems, f"The includes of {count} files keep to the floors.")
+    sources.report(problems, f"{len(graph)} includes from folder to folder, none upwards, no pair both ways.")
 
 
 if __name__ == "__main__":

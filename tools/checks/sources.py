@@ -7,10 +7,9 @@ from pathlib import Path
 
 CODE_SUFFIXES = {".cpp", ".h"}
 CODE_FOLDERS = ("src", "slideshow", "tests", "bench")
-FLOOR_FOLDERS = ("platform/runtime", "platform/services", "platform/controls")
+# Where files, clocks and a toolkit are the business of the code; every other folder leaves them to the services.
 BACK_ENDS = ("platform/posix", "platform/codecs", "platform/headless", "platform/qt")
-PROGRAM_FOLDERS = ("core", "pictures", "filmstrip", "desktop", "drop", "preview", "printing", "browse", "shell", "delete",
-                   "utility")
+BACK_END_FILES = ("app/main.cpp",)
 
 INCLUDE = re.compile(r'^\s*#\s*include\s*([<"])([^>"]+)[>"]', re.MULTILINE)
 # In the order in which they may begin; whichever comes first in the text wins.

@@ -6,8 +6,8 @@
 #include <string>
 #include <vector>
 
+#include "platform/pixels/Picture.h"
 #include "platform/services/Files.h"
-#include "platform/services/Picture.h"
 #include "platform/services/Pictures.h"
 
 namespace pixorra {

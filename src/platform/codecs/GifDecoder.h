@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <span>
 
-#include "platform/services/Picture.h"
+#include "platform/pixels/Picture.h"
 
 namespace pixorra {
 

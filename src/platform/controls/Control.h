@@ -9,7 +9,7 @@
 #include "platform/controls/Events.h"
 #include "platform/controls/Geometry.h"
 #include "platform/controls/Peer.h"
-#include "platform/services/Picture.h"
+#include "platform/pixels/Picture.h"
 
 namespace pixorra {
 

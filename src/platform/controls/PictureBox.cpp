@@ -4,9 +4,9 @@
 #include <utility>
 
 #include "platform/controls/Toolkit.h"
+#include "platform/pixels/Stretch.h"
 #include "platform/runtime/Errors.h"
 #include "platform/runtime/Numbers.h"
-#include "platform/services/Stretch.h"
 
 namespace pixorra {
 

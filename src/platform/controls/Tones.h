@@ -1,7 +1,7 @@
 // Colours of a program's own that have two values: one on a light desktop, one on a dark one.
 #pragma once
 
-#include "platform/services/Picture.h"
+#include "platform/pixels/Picture.h"
 
 namespace pixorra {
 

@@ -10,7 +10,7 @@
 #include <memory>
 #include <string>
 
-#include "platform/services/Picture.h"
+#include "platform/pixels/Picture.h"
 
 class QSvgRenderer;
 

@@ -10,7 +10,7 @@
 #include <string>
 
 #include "platform/controls/Geometry.h"
-#include "platform/services/Picture.h"
+#include "platform/pixels/Picture.h"
 #include "platform/services/TextDrawing.h"
 
 class QKeyEvent;

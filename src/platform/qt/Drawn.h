@@ -6,8 +6,8 @@
 #include <QPixmap>
 #include <QRect>
 
+#include "platform/pixels/Picture.h"
 #include "platform/qt/ArtStore.h"
-#include "platform/services/Picture.h"
 
 class QPainter;
 

@@ -6,7 +6,7 @@
 #include <QString>
 
 #include "platform/controls/Geometry.h"
-#include "platform/services/Picture.h"
+#include "platform/pixels/Picture.h"
 
 class QPainter;
 class QWidget;

@@ -1,7 +1,7 @@
 // The system clipboard, in bitmap format.
 #pragma once
 
-#include "platform/services/Picture.h"
+#include "platform/pixels/Picture.h"
 
 namespace pixorra {
 

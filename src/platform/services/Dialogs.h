@@ -5,7 +5,7 @@
 #include <optional>
 #include <string>
 
-#include "platform/services/Picture.h"
+#include "platform/pixels/Picture.h"
 
 namespace pixorra {
 

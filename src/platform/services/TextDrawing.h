@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "platform/services/Picture.h"
+#include "platform/pixels/Picture.h"
 
 namespace pixorra {
 

@@ -6,20 +6,22 @@
 #include <string>
 #include <vector>
 
-#include "core/MainForm.h"
-#include "core/Startup.h"
+#include "app/Startup.h"
 #include "platform/codecs/CodecPictures.h"
 #include "platform/codecs/DecodeAhead.h"
 #include "platform/codecs/TurboJpegCodec.h"
 #include "platform/services/ReadAhead.h"
 #include "tests/support/FaultyFiles.h"
 #include "tests/support/TemporaryDrive.h"
+#include "window/MainForm.h"
 
 // The stage on which the program is put: without windows, unless a test program says otherwise.
 #ifndef PIXORRA_STAGE
 #define PIXORRA_STAGE "tests/support/headless/Stage.h"
 #endif
 #include PIXORRA_STAGE
+#include "window/DesktopState.h"
+#include "window/FilmStripState.h"
 
 namespace pixorra {
 

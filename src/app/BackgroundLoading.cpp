@@ -1,0 +1,123 @@
+#include "app/BackgroundLoading.h"
+
+#include <functional>
+#include <vector>
+
+#include "app/Layout.h"
+#include "desktop/OpenFolderView.h"
+#include "filmstrip/Listing.h"
+#include "filmstrip/Views.h"
+#include "pictures/QuickThumbs.h"
+#include "platform/controls/Toolkit.h"
+#include "platform/runtime/Text.h"
+#include "platform/services/ReadAhead.h"
+#include "window/CoreState.h"
+#include "window/DesktopState.h"
+#include "window/FilmStripState.h"
+#include "window/MainForm.h"
+#include "window/PicturesState.h"
+
+namespace pixorra {
+
+namespace {
+
+constexpr int GuardHeld = 12345;
+
+bool IsPaused(const FilmStripState& strip) {
+  return EqualIgnoringCase(strip.ThumbsPaused, "True");
+}
+
+LoadedPaths::PathOf SlotPaths(FilmStripState& strip) {
+  return [&strip](int slot) -> const std::string& { return strip.SrcThumbnail(slot).Tag(); };
+}
+
+// False where the turn had better pass, as the photo is still being decoded. One whose thumbnail is in the cache does
+// not wait. `following` gives the first so many photos, `next` and those behind it.
+bool IsPrepared(MainForm& main, ReadAhead::Reader reader, const std::string& next,
+                const std::function<std::vector<std::string>(int)>& following) {
+  ReadAhead& ahead = main.host.readAhead;
+  const int depth = ahead.Depth();
+  if (depth == 0 || next.empty() || HasQuickThumb(main, next)) return true;
+  std::vector<std::string> paths = following(depth);
+  std::erase_if(paths, [&](const std::string& path) { return path != next && HasQuickThumb(main, path); });
+  ahead.Expect(reader, paths, main.pictures.lDecodeScale);
+  return ahead.IsReady(next, main.pictures.lDecodeScale);
+}
+
+void LoadOpenFolder(MainForm& main) {
+  DesktopState& desk = main.desk;
+  if (desk.DestFileList.Path() != desk.DestLoadedPath) {
+    ClearDestThumbnails(main);
+    desk.DestLoadedPath = desk.DestFileList.Path();
+  }
+  const bool missing = desk.DestSlotCount < desk.DestFileList.ListCount();
+  if (desk.OpenFolderIndex == 0 || !missing || IsPaused(main.strip)) {
+    main.host.readAhead.Expect(ReadAhead::Reader::OpenFolder, {}, 0);
+    return;
+  }
+  const std::string next = NextDestThumbFile(main);
+  const auto following = [&](int most) { return NextDestThumbFiles(main, most); };
+  if (IsPrepared(main, ReadAhead::Reader::OpenFolder, next, following)) AddDestThumbnail(main, next);
+}
+
+void LoadFilmStrip(MainForm& main) {
+  FilmStripState& strip = main.strip;
+  if (strip.SrcFileList.Path() != strip.SrcLoadedPath) {
+    ClearFilmStrip(main);
+    strip.SrcLoadedPath = strip.SrcFileList.Path();
+  }
+  const bool missing = strip.SrcSlotCount < strip.SrcFileList.ListCount();
+  if (strip.NoFilmStrip || !missing || IsPaused(strip)) {
+    main.host.readAhead.Expect(ReadAhead::Reader::FilmStrip, {}, 0);
+    return;
+  }
+  const std::string next = NextSrcPhoto(main);
+  const auto following = [&](int most) { return strip.loadedPaths.Missing(strip.SrcFileList, SlotPaths(strip), most); };
+  if (IsPrepared(main, ReadAhead::Reader::FilmStrip, next, following)) AddSrcSlot(main, next);
+}
+
+// Holds the guard for one turn. The turns go on also where a step of one raises; with the program's end they end.
+class Turn {
+ public:
+  explicit Turn(MainForm& main) : main_(main) { main_.strip.ThumbsTimerGuard = GuardHeld; }
+  ~Turn() {
+    if (main_.host.toolkit.Ended()) return;
+    main_.strip.ThumbsTimerGuard = 0;
+    main_.strip.ThumbsTimer.SetEnabled(true);
+  }
+  Turn(const Turn&) = delete;
+  Turn& operator=(const Turn&) = delete;
+
+ private:
+  MainForm& main_;
+};
+
+}  // namespace
+
+void ThumbsTimer_Timer(MainForm& main) {
+  FilmStripState& strip = main.strip;
+  strip.ThumbsTimer.SetEnabled(false);
+  // A long step has let the loop run while a run of this handler is still on its way.
+  if (strip.ThumbsTimerGuard == GuardHeld) {
+    strip.ThumbsTimer.SetEnabled(true);
+    return;
+  }
+  const Turn turn(main);
+  if (main.core.LayoutCountdown > 0 && --main.core.LayoutCountdown == 0) Window_Layout(main);
+  // On a screen that is too small the layout has ended the program.
+  if (main.host.toolkit.Ended()) return;
+  if (!strip.ThumbsTimer.Tag().empty()) {
+    strip.ThumbsTimer.SetTag("");
+    LoadOpenFolder(main);
+  } else {
+    strip.ThumbsTimer.SetTag("*");
+    LoadFilmStrip(main);
+  }
+}
+
+std::string NextSrcPhoto(MainForm& main) {
+  FilmStripState& strip = main.strip;
+  return strip.loadedPaths.FirstMissing(strip.SrcFileList, SlotPaths(strip));
+}
+
+}  // namespace pixorra

@@ -1,0 +1,162 @@
+#include "app/INIfile.h"
+
+#include <array>
+
+#include "base/Routines.h"
+#include "base/SavedRecords.h"
+#include "desktop/FolderSlots.h"
+#include "desktop/OpenFolder.h"
+#include "filmstrip/Listing.h"
+#include "platform/controls/Toolkit.h"
+#include "platform/runtime/Errors.h"
+#include "platform/runtime/Numbers.h"
+#include "window/CoreState.h"
+#include "window/DesktopState.h"
+#include "window/FilmStripState.h"
+#include "window/MainForm.h"
+#include "window/PreferencesForm.h"
+
+namespace pixorra {
+
+namespace {
+
+std::string SavedStateFile(MainForm& main) {
+  return WindowsFolderPath(main.host.places) + "Pixorra.sav";
+}
+
+// In the file's order, for reading and for writing.
+std::array<CheckBox*, 8> StoredBoxes(PreferencesForm& preferences) {
+  return {&preferences.RememberFilmStripCheckbox,
+          &preferences.RememberFoldersCheckbox,
+          &preferences.EmptyTrashcanCheckbox,
+          &preferences.JpegCheckbox,
+          &preferences.BitmapCheckbox,
+          &preferences.GifCheckbox,
+          &preferences.KeepDateCheckBox,
+          &preferences.AutoPreviewCheckBox};
+}
+
+// The number, from 1, of the option that is set; 0 where none is.
+using Options = std::array<OptionButton*, 3>;
+int ChosenOption(const Options& options) {
+  for (std::size_t i = 0; i < options.size(); ++i) {
+    if (options[i]->Value()) return static_cast<int>(i) + 1;
+  }
+  return 0;
+}
+
+Options RenameOptions(PreferencesForm& preferences) {
+  return {&preferences.RenameAlwaysOption, &preferences.RenameExistsOption, &preferences.RenameAskOption};
+}
+
+Options DuplicateOptions(PreferencesForm& preferences) {
+  return {&preferences.DuplicatesAutoOption, &preferences.DuplicatesAskOption, &preferences.DuplicatesAllowOption};
+}
+
+std::string Compose(MainForm& main) {
+  SavedRecordWriter record;
+  const Form& window = main.Window;
+  record.Numbers({window.TwipsWidth(), window.TwipsHeight(), window.TwipsTop(), window.TwipsLeft(),
+                  static_cast<double>(window.WindowState())});
+  record.Text(main.core.CompanyNameLabel.Caption());
+  // An option group with none set writes no line, as nothing tells its number.
+  for (const int chosen :
+       {ChosenOption(RenameOptions(main.preferences)), ChosenOption(DuplicateOptions(main.preferences))}) {
+    if (chosen != 0) record.Number(chosen);
+  }
+  for (const CheckBox* box : StoredBoxes(main.preferences)) record.Number(box->Value());
+  record.Text(main.strip.CameraLocation);
+  record.Text(main.strip.NoFilmStrip ? std::string() : main.strip.SrcFileList.Path());
+  for (int i = 1; i <= FolderSlots; ++i) {
+    const bool shown = main.desk.DestFolder(i).Visible();
+    record.Text(shown ? main.desk.DestFolderFiles(i).Path() : std::string());
+  }
+  const ComboBox& previous = main.strip.PreviousList;
+  record.Number(previous.ListCount());
+  for (int i = 0; i < previous.ListCount(); ++i) record.Text(previous.List(i));
+  return record.Bytes();
+}
+
+}  // namespace
+
+void WriteSavedState(MainForm& main) {
+  const std::unique_ptr<File> file = main.host.files.Open(SavedStateFile(main), OpenMode::Replace);
+  ErrorsIgnored([&] {
+    const std::string bytes = Compose(main);
+    file->WriteAt(0, bytes.data(), bytes.size());
+    file->Flush();
+  });
+}
+
+namespace {
+
+void ReadWindow(MainForm& main, SavedRecordReader& record) {
+  std::array<std::optional<int>, 5> values;
+  for (auto& value : values) value = record.Number();
+  const auto& [width, height, top, left, state] = values;
+  Form& window = main.Window;
+  const int windowState = state.value_or(window.WindowState());
+  // Not every compiler captures the names of a structured binding.
+  if (windowState == windowstate::Normal) {
+    if (width) ErrorsIgnored([&window, twips = *width] { window.SetTwipsWidth(twips); });
+    if (height) ErrorsIgnored([&window, twips = *height] { window.SetTwipsHeight(twips); });
+    if (top) ErrorsIgnored([&window, twips = *top] { window.SetTwipsTop(twips); });
+    if (left) ErrorsIgnored([&window, twips = *left] { window.SetTwipsLeft(twips); });
+  }
+  ErrorsIgnored([&] { window.SetWindowState(windowState); });
+}
+
+void ReadOption(const Options& options, SavedRecordReader& record) {
+  const std::optional<int> chosen = record.ShortNumber();
+  if (chosen && *chosen >= 1 && *chosen <= 3) options[static_cast<std::size_t>(*chosen - 1)]->SetValue(true);
+}
+
+void ReadFilmStrip(MainForm& main, SavedRecordReader& record) {
+  const std::optional<std::string> folder = record.Text();
+  FilmStripState& strip = main.strip;
+  if (!folder || folder->empty() || main.preferences.RememberFilmStripCheckbox.Value() != 1) return;
+  const int failure = ErrorsIgnored([&] { strip.SrcFileList.SetPath(*folder); });
+  if (failure != error::None) return;
+  strip.NoFilmStrip = false;
+  SrcFileList_PathChange(main);
+}
+
+void ReadFolders(MainForm& main, SavedRecordReader& record) {
+  for (int i = 1; i <= FolderSlots; ++i) {
+    const std::optional<std::string> folder = record.Text();
+    if (!folder || folder->empty() || main.preferences.RememberFoldersCheckbox.Value() != 1) continue;
+    ErrorsIgnored([&] { Display_a_New_Folder(main, *folder); });
+  }
+  ErrorsIgnored([&] { Select_a_Folder(main, main.desk.FoldersShown); });
+}
+
+void ReadPreviousList(MainForm& main, SavedRecordReader& record) {
+  const std::optional<int> count = record.ShortNumber();
+  if (!count || *count < 1) return;
+  main.strip.PreviousList.Clear();
+  for (int i = 0; i < *count && !record.AtEnd(); ++i) {
+    if (const std::optional<std::string> folder = record.Text()) main.strip.PreviousList.AddItem(*folder);
+  }
+}
+
+}  // namespace
+
+void ReadSavedState(MainForm& main) {
+  std::string bytes;
+  const int failure = ErrorsIgnored([&] { bytes = ReadWhole(main.host.files, SavedStateFile(main)); });
+  if (failure != error::None) return;
+  SavedRecordReader record(bytes);
+  ReadWindow(main, record);
+  if (const auto company = record.Text()) main.core.CompanyNameLabel.SetCaption(*company);
+  ReadOption(RenameOptions(main.preferences), record);
+  ReadOption(DuplicateOptions(main.preferences), record);
+  for (CheckBox* box : StoredBoxes(main.preferences)) {
+    if (const auto value = record.ShortNumber()) ErrorsIgnored([&] { box->SetValue(*value); });
+  }
+  if (const auto camera = record.Text()) main.strip.CameraLocation = *camera;
+  ReadFilmStrip(main, record);
+  ReadFolders(main, record);
+  ReadPreviousList(main, record);
+}
+
+}  // namespace pixorra

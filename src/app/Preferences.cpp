@@ -1,0 +1,65 @@
+#include "app/Preferences.h"
+
+#include "base/Routines.h"
+#include "desktop/FolderSlots.h"
+#include "pictures/Painting.h"
+#include "platform/services/Registry.h"
+#include "window/CoreState.h"
+#include "window/DesktopState.h"
+#include "window/FilmStripState.h"
+#include "window/MainForm.h"
+#include "window/PreferencesForm.h"
+
+namespace pixorra {
+
+namespace {
+
+constexpr const char* FolderVerbKey = "Folder\\Shell\\SlideShow by Pixorra";
+
+void ApplyToSlot(MainForm& main, int slot) {
+  DesktopState& desk = main.desk;
+  FileListBox& list = desk.DestFolderFiles(slot);
+  list.SetPattern(main.core.PicturePattern);
+  list.Refresh();
+  if (slot != TrashcanSlot) {
+    ImageBox& preview = desk.DestFolderPreview(slot);
+    if (list.ListCount() == 0) {
+      preview.SetPicture(desk.DestFolderPreview(0).GetPicture());
+      preview.SetVisible(false);
+    } else {
+      bool bDragged = false;
+      PaintThumbnail(main, preview, JoinPath(list.Path(), list.List(list.ListCount() - 1)), bDragged);
+      preview.SetVisible(true);
+    }
+  }
+  ShowFolderCount(main, slot);
+}
+
+}  // namespace
+
+void PreferenceMenuItem_Click(MainForm& main) {
+  const bool verb = main.host.registry.KeyExists(registry::ClassesRoot, FolderVerbKey);
+  main.preferences.AddFolderShortcutCheckbox.SetValue(verb ? 1 : 0);
+  main.preferences.Window.CentreOn(&main.Window);
+  main.preferences.Window.ShowModal(&main.Window);
+  ApplyPicturePattern(main);
+}
+
+void ApplyPicturePattern(MainForm& main) {
+  const PreferencesForm& preferences = main.preferences;
+  std::string pattern;
+  const auto append = [&](const CheckBox& box, const char* types) {
+    if (box.Value() == 1) pattern += (pattern.empty() ? "" : ";") + std::string(types);
+  };
+  append(preferences.JpegCheckbox, "*.jpg;*.jpeg");
+  append(preferences.BitmapCheckbox, "*.bmp");
+  append(preferences.GifCheckbox, "*.gif");
+  if (pattern == main.core.PicturePattern) return;
+  main.core.PicturePattern = pattern;
+  main.strip.SrcFileList.SetPattern(pattern);
+  main.desk.DestFileList.SetPattern(pattern);
+  for (int i = 1; i <= main.desk.FoldersShown; ++i) ApplyToSlot(main, i);
+  ApplyToSlot(main, TrashcanSlot);
+}
+
+}  // namespace pixorra

@@ -1,0 +1,37 @@
+#include "app/Shutdown.h"
+
+#include "app/INIfile.h"
+#include "desktop/FolderSlots.h"
+#include "desktop/OpenFolderView.h"
+#include "filmstrip/Views.h"
+#include "pictures/QuickThumbs.h"
+#include "platform/controls/Toolkit.h"
+#include "platform/runtime/Errors.h"
+#include "platform/services/Dialogs.h"
+#include "window/CoreState.h"
+#include "window/FilmStripState.h"
+#include "window/MainForm.h"
+#include "window/PreferencesForm.h"
+
+namespace pixorra {
+
+void Form_QueryUnload(MainForm& main) {
+  // A state that cannot be saved is told and must not keep the window open.
+  try {
+    WriteSavedState(main);
+  } catch (const RuntimeError& failure) {
+    main.host.dialogs.MsgBox(std::to_string(failure.Number()) + "  " + failure.Description(), BoxIcon::Critical,
+                             BoxButtons::Ok, ApplicationTitle);
+  }
+}
+
+void Form_Unload(MainForm& main) {
+  main.preferences.Window.Unload();
+  DeleteQuickThumbs(main, main.strip.CameraLocation);
+  ClearFilmStrip(main);
+  ClearDestThumbnails(main);
+  DestroyFolderSlots(main);
+  main.host.toolkit.End();
+}
+
+}  // namespace pixorra

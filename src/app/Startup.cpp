@@ -1,0 +1,152 @@
+#include "app/Startup.h"
+
+#include "app/INIfile.h"
+#include "app/Layout.h"
+#include "app/Preferences.h"
+#include "app/Shutdown.h"
+#include "app/Wiring.h"
+#include "base/Routines.h"
+#include "desktop/FolderSlots.h"
+#include "desktop/OpenFolderView.h"
+#include "filmstrip/Listing.h"
+#include "pictures/PictureLoader.h"
+#include "platform/runtime/Errors.h"
+#include "platform/services/Places.h"
+#include "platform/services/Printing.h"
+#include "preview/PreviewPane.h"
+#include "window/CoreState.h"
+#include "window/DesktopState.h"
+#include "window/DropState.h"
+#include "window/FilmStripState.h"
+#include "window/MainForm.h"
+#include "window/MenuBar.h"
+#include "window/PreferencesForm.h"
+#include "window/PreviewState.h"
+
+namespace pixorra {
+
+namespace {
+
+void ClearFields(MainForm& main) {
+  main.drop.DropAllRunning = false;
+  main.drop.DropAllAbort = false;
+  main.strip.ThumbsPaused = "False";
+  main.core.PicturePattern = "*.jpeg;*.jpg;*.bmp;*.gif";
+  main.strip.SrcFileList.SetPattern(main.core.PicturePattern);
+  main.desk.DestFileList.SetPattern(main.core.PicturePattern);
+  main.desk.DestFolderFiles(0).SetPattern(main.core.PicturePattern);
+  main.desk.DestCountLabel.SetCaption("");
+  main.strip.SrcSlotCount = 0;
+  main.desk.DestSlotCount = 0;
+  main.strip.SrcLoadedPath.clear();
+  main.desk.DestLoadedPath.clear();
+  main.strip.NoFilmStrip = true;
+  main.strip.CameraLocation.clear();
+  // The root of the current drive, so that no photo folder is held.
+  main.strip.SrcFileList.SetPath(main.strip.SrcFileList.Path().substr(0, 3));
+  ShowNoFilmStrip(main);
+}
+
+void SetGeometry(MainForm& main) {
+  FilmStripState& strip = main.strip;
+  DesktopState& desk = main.desk;
+  desk.FoldersShown = 0;
+  desk.OpenFolderIndex = 0;
+  desk.DestColumns = 2;
+  strip.SrcPageBase = 0;
+  desk.DestPageBase = 0;
+  for (ScrollBar* bar : {&strip.SrcScrollbar, &desk.DestScrollbar}) {
+    bar->SetLargeChange(1);
+    bar->SetMax(50);
+  }
+  strip.SrcCanvas.Move(-97, 0, strip.SrcThumbsWindow.Width(), strip.SrcThumbsWindow.Height());
+  desk.DestCanvas.Move(0, -89, desk.DestThumbsWindow.Width(), desk.DestThumbsWindow.Height());
+  strip.SrcThumbnail(0).Move(0, 0, 80, 60);
+  desk.DestThumbnail(0).Move(0, 0, 80, 60);
+  strip.SrcThumbFrame.Move(0, 0, strip.SrcThumbnail(0).Width(), strip.SrcThumbnail(0).Height());
+  desk.DestThumbFrame.Move(0, 0, desk.DestThumbnail(0).Width(), desk.DestThumbnail(0).Height());
+}
+
+void ClearUndoAndPreview(MainForm& main) {
+  main.drop.LastDropSrcIndex = 0;
+  main.drop.LastDropFolder = 0;
+  main.drop.LastDropFile.clear();
+  ResetPreview(main);
+  main.desk.PopupFolderIndex = 0;
+}
+
+void LoadBackground(MainForm& main) {
+  // The loader empties its target first; a file that cannot be shown must leave the Desktop as it is.
+  const Picture before = main.desk.DesktopImage.GetPicture();
+  bool loaded = false;
+  ErrorsIgnored([&] {
+    const std::string file = JoinPath(main.host.places.ProgramFolder(), "Background.pic");
+    loaded = LoadPictureFile(main, file, main.desk.DesktopImage, false);
+  });
+  if (!loaded) main.desk.DesktopImage.SetPicture(before);
+}
+
+void StartTimers(MainForm& main) {
+  main.preview.AutoPicPreviewTimer.SetEnabled(true);
+  main.core.SystemResourceStatusTimer.SetEnabled(true);
+  main.strip.ThumbsTimer.SetEnabled(true);
+  main.strip.AutoScrollPending = false;
+  main.strip.AutoScrollTimer.SetEnabled(true);
+}
+
+void TakeFocusOff(ScrollBar& bar) {
+  bar.SetEnabled(false);
+  bar.SetEnabled(true);
+}
+
+void Form_Load(MainForm& main) {
+  main.Window.SetCaption(std::string(ApplicationTitle) + " v" + std::to_string(VersionMajor) + "." +
+                         std::to_string(VersionMinor) + std::to_string(VersionRevision));
+  ErrorsIgnored([&] {
+    main.host.printing.SetTrackDefault(true);
+    main.core.DefaultPrinterName = main.host.printing.CurrentPrinterName();
+  });
+  ClearFields(main);
+  SetGeometry(main);
+  CreateFolderSlots(main);
+  ClearDestThumbnails(main);
+  ClearUndoAndPreview(main);
+  ReadSavedState(main);
+  ApplyPicturePattern(main);
+  LoadBackground(main);
+  TakeFocusOff(main.strip.SrcScrollbar);
+  TakeFocusOff(main.desk.DestScrollbar);
+  StartTimers(main);
+  main.core.LayoutCountdown = 1;
+}
+
+}  // namespace
+
+void ConnectEvents(MainForm& main) {
+  Events& window = main.Window.On();
+  window.Load = [&main](Control&) { Form_Load(main); };
+  window.Resize = [&main](Control&) { Form_Resize(main); };
+  window.QueryUnload = [&main](Control&) { Form_QueryUnload(main); };
+  window.Unload = [&main](Control&) { Form_Unload(main); };
+  window.KeyPress = [&main](Control&, int& code) {
+    if (code == key::Escape) main.drop.DropAllAbort = true;
+  };
+  main.menu.ExitMenuItem.On().Click = [&main](Control&) { main.Window.Unload(); };
+  main.menu.PreferenceMenuItem.On().Click = [&main](Control&) { PreferenceMenuItem_Click(main); };
+  main.preferences.CloseButton.On().Click = [&main](Control&) { main.preferences.Window.Hide(); };
+  ConnectFilmStrip(main);
+  ConnectPreview(main);
+  ConnectDesktop(main);
+  ConnectDrop(main);
+  ConnectSpoken(main);
+}
+
+void StartUp(MainForm& main) {
+  main.preferences.Window.Load();
+  main.Window.Load();
+  if (!main.Window.IsLoaded()) return;
+  main.Window.Show();
+  Window_Layout(main);
+}
+
+}  // namespace pixorra

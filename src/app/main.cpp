@@ -1,0 +1,40 @@
+// Picks the back ends, builds the Host, creates MainForm, runs the loop. Nothing else.
+#include <memory>
+
+#include "app/Startup.h"
+#include "platform/codecs/CodecPictures.h"
+#include "platform/codecs/DecodeAhead.h"
+#include "platform/codecs/TurboJpegCodec.h"
+#include "platform/posix/Environment.h"
+#include "platform/posix/MappingSource.h"
+#include "platform/posix/PosixClock.h"
+#include "platform/posix/PosixFiles.h"
+#include "platform/posix/PosixPlaces.h"
+#include "platform/posix/PosixRegistry.h"
+#include "platform/posix/PosixSettings.h"
+#include "platform/posix/PosixShell.h"
+#include "platform/qt/QtPlatform.h"
+#include "window/MainForm.h"
+
+int main(int argc, char** argv) {
+  using namespace pixorra;
+  QtPlatform qt(argc, argv);
+  const Environment environment = Environment::OfProcess();
+  const auto mapping = std::make_shared<MountedMapping>(environment);
+  PosixFiles files(mapping);
+  PosixPlaces places(environment, mapping);
+  PosixClock clock;
+  PosixShell shell(environment, mapping);
+  PosixRegistry registry(environment.DataHome, mapping);
+  PosixSettings settings(environment.ConfigHome + "/pixorra/settings");
+  CodecPictures pictures(files);
+  DecodeAhead readAhead(files);
+  TurboJpegCodec jpeg(files, &readAhead);
+
+  Host host{qt.toolkit, files,       places,       clock, pictures, qt.artwork, jpeg,
+            qt.dialogs, qt.printing, qt.clipboard, shell, registry, settings,   readAhead};
+  MainForm main(host);
+  ConnectEvents(main);
+  StartUp(main);
+  return qt.Run();
+}

@@ -1,0 +1,36 @@
+#include "base/ShownNames.h"
+
+#include "base/Routines.h"
+#include "platform/services/Files.h"
+
+namespace pixorra {
+
+namespace {
+
+// What stands behind the last separator of the host's spelling; where that is the program's own, its rules hold.
+std::string LastPart(const std::string& shown, const std::string& path, const std::string& own) {
+  if (shown == path) return own;
+  const std::size_t slash = shown.find_last_of('/');
+  return slash == std::string::npos ? shown : shown.substr(slash + 1);
+}
+
+}  // namespace
+
+std::string ShownFolderName(Files& files, const std::string& path) {
+  const std::string own = FolderDisplayName(path);
+  if (own.empty()) return own;
+  const std::string shown = files.ShownPath(path);
+  return own == path ? shown : LastPart(shown, path, own);
+}
+
+std::string ShownFileName(Files& files, const std::string& path) {
+  const std::string own = FileNameOf(path);
+  return own.empty() ? own : LastPart(files.ShownPath(path), path, own);
+}
+
+std::string ShownBaseName(Files& files, const std::string& path) {
+  const std::string name = ShownFileName(files, path);
+  return name.substr(0, name.find('.'));
+}
+
+}  // namespace pixorra

@@ -1,0 +1,91 @@
+// Pixel blocks and picture objects.
+#include "platform/pixels/Picture.h"
+
+#include <cstring>
+#include <limits>
+#include <new>
+
+#include "platform/runtime/Errors.h"
+
+namespace pixorra {
+
+namespace {
+
+constexpr std::int64_t LargestSize = std::numeric_limits<std::int32_t>::max();
+
+// A colour of the system as the plain colour that it stands for.
+Colour PlainColour(Colour colour) {
+  switch (colour) {
+    case ButtonFace:
+      return 0x00C0C0C0U;
+    case WindowBackground:
+      return 0x00FFFFFFU;
+    case ButtonText:
+      return 0;
+    default:
+      return colour & 0x00FFFFFFU;
+  }
+}
+
+}  // namespace
+
+Bitmap::Bitmap(int width, int height, PixelFormat format) : format_(format) {
+  if (width <= 0 || height <= 0) return;
+  const std::int64_t stride = (std::int64_t{width} * BytesPerPixel() + 3) / 4 * 4;
+  if (stride > LargestSize / height) throw RuntimeError(error::Overflow);
+  try {
+    bytes_ = std::make_unique_for_overwrite<std::uint8_t[]>(static_cast<std::size_t>(stride * height));
+  } catch (const std::bad_alloc&) {
+    throw RuntimeError(error::OutOfMemory);
+  }
+  width_ = width;
+  height_ = height;
+  stride_ = static_cast<std::size_t>(stride);
+}
+
+Bitmap Bitmap::Clone() const {
+  Bitmap copy(width_, height_, format_);
+  if (!IsEmpty()) std::memcpy(copy.bytes_.get(), bytes_.get(), stride_ * static_cast<std::size_t>(height_));
+  return copy;
+}
+
+void Bitmap::Fill(Colour colour) {
+  if (IsEmpty()) return;
+  const Colour plain = PlainColour(colour);
+  const auto step = static_cast<std::size_t>(BytesPerPixel());
+  const auto end = step * static_cast<std::size_t>(width_);
+  std::uint8_t* first = Row(0);
+  for (std::size_t at = 0; at < end; at += step) {
+    first[at] = static_cast<std::uint8_t>(plain >> 16U);
+    first[at + 1] = static_cast<std::uint8_t>(plain >> 8U);
+    first[at + 2] = static_cast<std::uint8_t>(plain);
+    if (format_ == PixelFormat::Bgra32) first[at + 3] = 0xFF;
+  }
+  // The padding goes along, so that a file written from whole rows never carries old memory.
+  std::memset(first + end, 0, stride_ - end);
+  for (int y = 1; y < height_; ++y) std::memcpy(Row(y), first, stride_);
+}
+
+Picture::Picture(Bitmap pixels, std::string artName) {
+  if (pixels.IsEmpty()) return;
+  const int width = pixels.Width();
+  const int height = pixels.Height();
+  data_ = std::make_shared<const Data>(Data{width, height, std::move(pixels), std::move(artName), nullptr});
+}
+
+Picture::Picture(int width, int height, std::string artName, std::function<Bitmap()> draw) {
+  if (width <= 0 || height <= 0) return;
+  data_ = std::make_shared<const Data>(Data{width, height, {}, std::move(artName), std::move(draw)});
+}
+
+const Bitmap& Picture::Pixels() const {
+  if (data_->pixels.IsEmpty()) data_->pixels = data_->draw();
+  return data_->pixels;
+}
+
+const std::string& Picture::ArtName() const {
+  static const std::string None;
+  return data_ ? data_->artName : None;
+}
+
+}  // namespace pixorra

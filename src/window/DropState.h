@@ -1,0 +1,31 @@
+// Drops: the run of a whole film strip, the memory of the last drop, and the icons of a drag.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "base/FileBuffer.h"
+#include "platform/pixels/Picture.h"
+
+namespace pixorra {
+
+struct Host;
+
+struct DropState {
+  explicit DropState(Host& host);
+
+  bool DropAllRunning = false;
+  bool DropAllAbort = false;
+  std::int16_t LastDropSrcIndex = 0;  // -1 after a paste
+  std::int16_t LastDropFolder = 0;    // 0 none
+  std::string LastDropFile;
+
+  Picture DropIcon;
+  Picture ReelDragIcon;
+  Picture NotReadyIcon;
+
+  FileBuffer copyBuffer;        // shared by all copies
+  bool dragQuestionUp = false;  // a box that a drag of AllButton has brought up stands
+};
+
+}  // namespace pixorra

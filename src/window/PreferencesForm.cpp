@@ -1,0 +1,97 @@
+#include "window/PreferencesForm.h"
+
+namespace pixorra {
+
+namespace {
+
+constexpr int Margin = 12;
+constexpr int Wide = 380;
+constexpr int Row = 22;
+constexpr int FirstRow = 20;
+
+void PlaceGroup(Frame& frame, const char* caption, int left, int top, int width, int rows) {
+  frame.SetCaption(caption);
+  frame.Move(left, top, width, FirstRow + rows * Row + 6);
+}
+
+void PlaceRow(Button& button, const char* caption, int row) {
+  button.SetCaption(caption);
+  button.Move(Margin, FirstRow + row * Row, button.GetContainer()->Width() - 2 * Margin, Row);
+}
+
+}  // namespace
+
+PreferencesForm::PreferencesForm(Toolkit& toolkit)
+    : Window(toolkit, "PreferencesForm"),
+      RenameFrame(Window, "RenameFrame"),
+      RenameAlwaysOption(RenameFrame, "RenameAlwaysOption"),
+      RenameExistsOption(RenameFrame, "RenameExistsOption"),
+      RenameAskOption(RenameFrame, "RenameAskOption"),
+      DuplicateFrame(Window, "DuplicateFrame"),
+      DuplicatesAutoOption(DuplicateFrame, "DuplicatesAutoOption"),
+      DuplicatesAskOption(DuplicateFrame, "DuplicatesAskOption"),
+      DuplicatesAllowOption(DuplicateFrame, "DuplicatesAllowOption"),
+      ExitFrame(Window, "ExitFrame"),
+      RememberFilmStripCheckbox(ExitFrame, "RememberFilmStripCheckbox"),
+      RememberFoldersCheckbox(ExitFrame, "RememberFoldersCheckbox"),
+      EmptyTrashcanCheckbox(ExitFrame, "EmptyTrashcanCheckbox"),
+      MoreFrame(Window, "MoreFrame"),
+      KeepDateCheckBox(MoreFrame, "KeepDateCheckBox"),
+      AutoPreviewCheckBox(MoreFrame, "AutoPreviewCheckBox"),
+      AddFolderShortcutCheckbox(MoreFrame, "AddFolderShortcutCheckbox"),
+      TypesFrame(Window, "TypesFrame"),
+      JpegCheckbox(TypesFrame, "JpegCheckbox"),
+      BitmapCheckbox(TypesFrame, "BitmapCheckbox"),
+      GifCheckbox(TypesFrame, "GifCheckbox"),
+      CloseButton(Window, "CloseButton"),
+      HelpButton(Window, "HelpButton") {
+  Window.SetCaption(" Pixorra - Preferences");
+  const int half = (2 * Wide - 100) / 2;
+  PlaceGroup(RenameFrame, "Rename dragged photo", Margin, Margin, half, 3);
+  PlaceRow(RenameAlwaysOption, "Always [eg. PXR00001)", 0);
+  PlaceRow(RenameExistsOption, "Auto, if name exists   [eg. OriginalName2]", 1);
+  PlaceRow(RenameAskOption, "Ask before renaming", 2);
+  const int second = Margin + half + Margin;
+  PlaceGroup(DuplicateFrame, "Duplicate Photos", second, Margin, half, 3);
+  PlaceRow(DuplicatesAutoOption, "Auto Resolve", 0);
+  PlaceRow(DuplicatesAskOption, "Ask when dropped into a folder", 1);
+  PlaceRow(DuplicatesAllowOption, "Allow duplicates", 2);
+  const int below = RenameFrame.Bounds().Bottom() + Margin;
+  PlaceGroup(ExitFrame, "On Program Exit", Margin, below, half, 3);
+  PlaceRow(RememberFilmStripCheckbox, "Remember Film Strip", 0);
+  PlaceRow(RememberFoldersCheckbox, "Remember Folders", 1);
+  PlaceRow(EmptyTrashcanCheckbox, "Empty Trashcan", 2);
+  PlaceGroup(TypesFrame, "Types of Picture Files", second, below, half, 3);
+  PlaceRow(JpegCheckbox, "Jpeg", 0);
+  PlaceRow(BitmapCheckbox, "Bitmap", 1);
+  PlaceRow(GifCheckbox, "GIF", 2);
+  const int last = ExitFrame.Bounds().Bottom() + Margin;
+  PlaceGroup(MoreFrame, "More Things", Margin, last, 2 * half + Margin, 3);
+  PlaceRow(KeepDateCheckBox, "Keep original date of dragged photo", 0);
+  PlaceRow(AutoPreviewCheckBox, "Auto Preview Film Strip photo on Click", 1);
+  PlaceRow(AddFolderShortcutCheckbox, "Add 'SlideShow' shortcut to Window's Folder Pop-up Menu", 2);
+  const int buttons = MoreFrame.Bounds().Bottom() + Margin;
+  const int width = second + half + Margin;
+  HelpButton.SetCaption("&Help");
+  HelpButton.SetEnabled(false);  // waits for its page
+  HelpButton.Move(width - Margin - 96, buttons, 96, 28);
+  CloseButton.SetCaption("&Close");
+  CloseButton.Move(HelpButton.Left() - Margin - 96, buttons, 96, 28);
+  CloseButton.SetDefault(true);
+  CloseButton.SetCancel(true);
+  Window.SetClientSize(width, buttons + 28 + Margin);
+  Default_Settings();
+}
+
+void PreferencesForm::Default_Settings() {
+  RenameAlwaysOption.SetValue(true);
+  DuplicatesAskOption.SetValue(true);
+  for (CheckBox* box : {&RememberFilmStripCheckbox, &RememberFoldersCheckbox, &EmptyTrashcanCheckbox, &KeepDateCheckBox,
+                        &JpegCheckbox, &BitmapCheckbox, &GifCheckbox}) {
+    box->SetValue(1);
+  }
+  AutoPreviewCheckBox.SetValue(0);
+  AddFolderShortcutCheckbox.SetValue(0);
+}
+
+}  // namespace pixorra

@@ -1,0 +1,26 @@
+#include "window/PreviewState.h"
+
+#include "base/Definition.h"
+#include "base/Palette.h"
+
+namespace pixorra {
+
+PreviewState::PreviewState(Form& window, Host& host)
+    : Logo(Drawing(host, "Logo", 249, 185)),
+      PicPreview(window, "PicPreview"),
+      PicPreviewSize(window, "PicPreviewSize"),
+      AutoPicPreviewTimer(window, "AutoPicPreviewTimer", 1000),
+      PicPreviewSizeAutoClrTimer(window, "PicPreviewSizeAutoClrTimer", 2000) {
+  PicPreview.SetStretch(true);
+  Place(PicPreview, 120, 0, 3735, 2775);
+  Place(PicPreviewSize, 1440, 2520, 1125, 195);
+  PicPreviewSize.SetAlignment(Alignment::Center);
+  PicPreviewSize.SetAutoSize(true);
+  PicPreviewSize.SetShortensInMiddle(true);
+  PicPreviewSize.SetOpaque(true);
+  PicPreviewSize.SetForeColor(palette::CaptionText);
+  PicPreviewSize.SetBackColor(palette::CaptionBack);
+  PicPreviewSize.SetVisible(false);
+}
+
+}  // namespace pixorra
