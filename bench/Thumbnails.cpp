@@ -45,13 +45,13 @@ void Fresh(benchmark::State& state, const std::string& folder) {
   const std::vector<std::string> paths = PhotosOf(run);
   bool dragged = false;
   for (int i = 0; i < 3; ++i) PaintThumbnail(run.main, target, paths.at(0), dragged);  // the reduction settles
-  DeleteQuickThumbs(run.main, "C:\\Strip");
+  QuickThumbsOf(run.main).DeleteQuickThumbs("C:\\Strip");
   std::size_t next = 0;
   for (auto _ : state) {
     PaintThumbnail(run.main, target, paths[next], dragged);
     if (++next < paths.size()) continue;
     next = 0;
-    DeleteQuickThumbs(run.main, "C:\\Strip");
+    QuickThumbsOf(run.main).DeleteQuickThumbs("C:\\Strip");
   }
   state.counters["scale"] = run.main.pictures.lDecodeScale;
 }
@@ -127,7 +127,7 @@ void Cached(benchmark::State& state) {
   run.Start();
   ImageBox& target = Target(run);
   bool dragged = false;
-  if (!ReadQuickThumb(run.main, paths[0], target, dragged)) state.SkipWithError("not in the cache");
+  if (!QuickThumbsOf(run.main).ReadQuickThumb(paths[0], target, dragged)) state.SkipWithError("not in the cache");
   std::size_t next = 0;
   for (auto _ : state) {
     PaintThumbnail(run.main, target, paths[next], dragged);

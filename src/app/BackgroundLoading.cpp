@@ -37,9 +37,10 @@ bool IsPrepared(MainForm& main, ReadAhead::Reader reader, const std::string& nex
                 const std::function<std::vector<std::string>(int)>& following) {
   ReadAhead& ahead = main.host.readAhead;
   const int depth = ahead.Depth();
-  if (depth == 0 || next.empty() || HasQuickThumb(main, next)) return true;
+  if (depth == 0 || next.empty() || QuickThumbsOf(main).HasQuickThumb(next)) return true;
   std::vector<std::string> paths = following(depth);
-  std::erase_if(paths, [&](const std::string& path) { return path != next && HasQuickThumb(main, path); });
+  std::erase_if(paths,
+                [&](const std::string& path) { return path != next && QuickThumbsOf(main).HasQuickThumb(path); });
   ahead.Expect(reader, paths, main.pictures.lDecodeScale);
   return ahead.IsReady(next, main.pictures.lDecodeScale);
 }

@@ -27,7 +27,7 @@ void Form_QueryUnload(MainForm& main) {
 
 void Form_Unload(MainForm& main) {
   main.preferences.Window.Unload();
-  DeleteQuickThumbs(main, main.strip.CameraLocation);
+  QuickThumbsOf(main).DeleteQuickThumbs(main.strip.CameraLocation);
   ClearFilmStrip(main);
   ClearDestThumbnails(main);
   DestroyFolderSlots(main);

@@ -94,7 +94,7 @@ void RefreshFolder(MainForm& main, int slot) {
   desk.DestFileList.Refresh();
   desk.DestFolderFiles(slot).Refresh();
   ShowFolderCount(main, slot);
-  DeleteQuickThumbs(main, desk.DestFileList.Path());
+  QuickThumbsOf(main).DeleteQuickThumbs(desk.DestFileList.Path());
   desk.DestLoadedPath.clear();
 }
 

@@ -16,7 +16,7 @@ void MarkDragged(MainForm& main, ImageBox& thumbnail) {
   Label& name = strip.SrcThumbName(thumbnail.Index());
   name.SetTag("MARK");
   name.SetForeColor(palette::DraggedText);
-  SetQuickThumbMark(main, thumbnail.Tag(), "MARK");
+  QuickThumbsOf(main).SetQuickThumbMark(thumbnail.Tag(), "MARK");
   if (strip.AutoScrollOption.Value()) strip.AutoScrollPending = true;
   if (strip.RemainingOption.Value()) ArrangeRemaining(main);
 }
@@ -44,7 +44,7 @@ void SrcBackground_DblClick(MainForm& main, int slot) {
   if (!alive) return;
   name.SetTag("");
   name.SetForeColor(strip.SrcThumbName(0).ForeColor());
-  SetQuickThumbMark(main, thumbnail.Tag(), "");
+  QuickThumbsOf(main).SetQuickThumbMark(thumbnail.Tag(), "");
 }
 
 void SrcBackground_MouseMove(MainForm& main, int slot) {

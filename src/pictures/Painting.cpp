@@ -107,7 +107,7 @@ void PaintThumbnail(MainForm& main, ImageBox& target, const std::string& path, b
   target.Refresh();
   // A message while the photo is loaded lets events run, and the slot may go.
   const Watch<ImageBox> alive(target);
-  if (!ReadQuickThumb(main, path, target, bDragged)) {
+  if (!QuickThumbsOf(main).ReadQuickThumb(path, target, bDragged)) {
     const bool loaded = LoadPictureFile(main, path, *photo, true);
     if (!alive) return;
     if (loaded) {
@@ -115,7 +115,7 @@ void PaintThumbnail(MainForm& main, ImageBox& target, const std::string& path, b
       ErrorsIgnored([&] {
         ComposeThumbnail(main.host, *canvas, *photo, width, height);
         ReduceThumbnail(main.host, canvas, *photo, target);
-        AddQuickThumb(main, path, target.GetPicture());
+        QuickThumbsOf(main).AddQuickThumb(path, target.GetPicture());
         bDragged = false;
       });
     } else {

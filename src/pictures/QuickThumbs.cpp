@@ -23,137 +23,140 @@ using namespace quickthumbs;
 
 namespace {
 
-std::string InProgramFolder(MainForm& main, const char* name) {
-  return StripTrailingBackslash(main.host.places.ProgramFolder()) + name;
+std::string InProgramFolder(Places& places, const char* name) {
+  return StripTrailingBackslash(places.ProgramFolder()) + name;
 }
 
-// Where a picture goes that does not fit a record. What fits goes between the record's bytes and a picture object
-// without a file: a strip of cached thumbnails is as quick as the disk.
-std::string TemporaryFile(MainForm& main) {
-  return InProgramFolder(main, "\\$PXR$TMP.$$$");
+// Where a picture is written that does not fit a record. What fits is passed between the record's bytes and a picture
+// object without a file: a strip of cached thumbnails is as quick as the disk.
+std::string TemporaryFile(Places& places) {
+  return InProgramFolder(places, "\\$PXR$TMP.$$$");
 }
 
-// `folder` has no trailing backslash. A camera's memory is never written to.
-std::string CachePath(MainForm& main, const std::string& folder) {
-  if (folder == StripTrailingBackslash(main.strip.CameraLocation)) return InProgramFolder(main, "\\CameraThumbs.tmp");
-  return folder + "\\Thumbnails.tmp";
-}
+}  // namespace
 
-struct Sought {
+struct QuickThumbs::Sought {
   std::string Cache;
   EntryKey Key;
 };
 
-// Nothing for a path without folder or name. Raises for a photo that is not there, or of 2 GiB and more.
-std::optional<Sought> Seek(MainForm& main, const std::string& path) {
-  const std::string folder = StripTrailingBackslash(ParentPathOf(path));
-  const std::string name = FileNameOf(path);
-  if (folder.empty() || name.empty()) return std::nullopt;
-  const std::int64_t length = main.host.files.Length(path);
-  if (length > INT32_MAX) throw RuntimeError(error::Overflow);
-  const DateValue date = GetFileDate(main.host.files, path);
-  return Sought{CachePath(main, folder), MakeEntryKey(name, static_cast<std::int32_t>(length), date)};
-}
-
-// A cache file, open, made where it was missing if it may be written, and the photo's record in it.
-struct Entry {
+// The cache file, open, made where it was missing if it may be written, and the photo's record in it.
+struct QuickThumbs::Entry {
   std::unique_ptr<File> Cache;
   std::int64_t Record = 0;  // 0: it has none
 };
 
-Entry FindEntry(MainForm& main, const Sought& sought, OpenMode mode = OpenMode::ReadWrite) {
+// `folder` has no trailing backslash. A camera's memory is never written to.
+std::string QuickThumbs::CachePath(const std::string& folder) const {
+  if (folder == StripTrailingBackslash(cameraLocation_)) return InProgramFolder(places_, "\\CameraThumbs.tmp");
+  return folder + "\\Thumbnails.tmp";
+}
+
+// Nothing for a path without folder or name. Raises for a photo that is not there, or of 2 GiB and more.
+std::optional<QuickThumbs::Sought> QuickThumbs::Seek(const std::string& path) const {
+  const std::string folder = StripTrailingBackslash(ParentPathOf(path));
+  const std::string name = FileNameOf(path);
+  if (folder.empty() || name.empty()) return std::nullopt;
+  const std::int64_t length = files_.Length(path);
+  if (length > INT32_MAX) throw RuntimeError(error::Overflow);
+  const DateValue date = GetFileDate(files_, path);
+  return Sought{CachePath(folder), MakeEntryKey(name, static_cast<std::int32_t>(length), date)};
+}
+
+QuickThumbs::Entry QuickThumbs::FindEntry(const Sought& sought, OpenMode mode) const {
   Entry entry;
-  entry.Cache = main.host.files.Open(sought.Cache, mode);
-  entry.Record = main.pictures.quickThumbs.Find(sought.Cache, *entry.Cache, sought.Key);
+  entry.Cache = files_.Open(sought.Cache, mode);
+  entry.Record = index_.Find(sought.Cache, *entry.Cache, sought.Key);
   return entry;
 }
 
-bool ReadEntry(MainForm& main, const std::string& path, ImageBox& target, bool& bDragged) {
-  const std::optional<Sought> sought = Seek(main, path);
+bool QuickThumbs::ReadEntry(const std::string& path, ImageBox& target, bool& bDragged) const {
+  const std::optional<Sought> sought = Seek(path);
   if (!sought) return false;
-  const Entry entry = FindEntry(main, *sought);
+  const Entry entry = FindEntry(*sought);
   if (entry.Record == 0) return false;
   std::vector<std::uint8_t> fields(FieldsBytes);
   entry.Cache->ReadAt(OffsetOf(entry.Record), fields.data(), fields.size());
-  target.SetPicture(main.host.pictures.FromBytes({fields.data(), ThumbnailBytes}));
+  target.SetPicture(pictures_.FromBytes({fields.data(), ThumbnailBytes}));
   bDragged = fields[MarkOffset] != 0 || fields[MarkOffset + 1] != 0;
   return true;
 }
 
 // The thumbnail as a bitmap file, at the start of a record otherwise empty. Nothing for a picture that does not make
-// exactly such a file, which then stays behind.
-std::optional<std::vector<std::uint8_t>> BitmapRecord(MainForm& main, const Picture& picture) {
-  Files& files = main.host.files;
-  const std::string temporary = TemporaryFile(main);
-  std::vector<std::uint8_t> file = main.host.pictures.BitmapFile(picture);
+// exactly such a file, which is then left behind.
+std::optional<std::vector<std::uint8_t>> QuickThumbs::BitmapRecord(const Picture& picture) const {
+  const std::string temporary = TemporaryFile(places_);
+  std::vector<std::uint8_t> file = pictures_.BitmapFile(picture);
   if (file.size() != BitmapBytes) {
-    files.Open(temporary, OpenMode::Replace)->WriteAt(0, file.data(), file.size());
+    files_.Open(temporary, OpenMode::Replace)->WriteAt(0, file.data(), file.size());
     return std::nullopt;
   }
-  ErrorsIgnored([&] { files.Delete(temporary); });  // one that stayed behind before
+  ErrorsIgnored([&] { files_.Delete(temporary); });  // one that was left behind before
   file.resize(RecordBytes);
   return file;
 }
 
-void AddEntry(MainForm& main, const std::string& path, const Picture& picture) {
-  const std::optional<Sought> sought = Seek(main, path);
+void QuickThumbs::AddEntry(const std::string& path, const Picture& picture) const {
+  const std::optional<Sought> sought = Seek(path);
   if (!sought) return;
-  const Entry entry = FindEntry(main, *sought);
+  const Entry entry = FindEntry(*sought);
   if (entry.Record != 0) return;
-  std::optional<std::vector<std::uint8_t>> record = BitmapRecord(main, picture);
+  std::optional<std::vector<std::uint8_t>> record = BitmapRecord(picture);
   if (!record) return;
   std::ranges::copy(sought->Key, record->begin() + KeyOffset);
   const std::int64_t number = QuickThumbsIndex::NextRecord(entry.Cache->Length());
   if (OffsetOf(number) + RecordBytes > LongestFile) return;
   entry.Cache->WriteAt(OffsetOf(number), record->data(), record->size());
-  main.pictures.quickThumbs.Added(sought->Cache, *entry.Cache, sought->Key, number);
+  index_.Added(sought->Cache, *entry.Cache, sought->Key, number);
 }
 
-void MarkEntry(MainForm& main, const std::string& path, bool dragged) {
-  const std::optional<Sought> sought = Seek(main, path);
+void QuickThumbs::MarkEntry(const std::string& path, bool dragged) const {
+  const std::optional<Sought> sought = Seek(path);
   if (!sought) return;
-  const Entry entry = FindEntry(main, *sought);
+  const Entry entry = FindEntry(*sought);
   if (entry.Record == 0) return;
   const std::uint8_t half = dragged ? 0xFF : 0;
   const std::array<std::uint8_t, 2> mark{half, half};
   entry.Cache->WriteAt(OffsetOf(entry.Record) + static_cast<std::int64_t>(MarkOffset), mark.data(), mark.size());
-  main.pictures.quickThumbs.Marked(sought->Cache, *entry.Cache);
+  index_.Marked(sought->Cache, *entry.Cache);
 }
 
-}  // namespace
-
-bool ReadQuickThumb(MainForm& main, const std::string& path, ImageBox& target, bool& bDragged) {
+bool QuickThumbs::ReadQuickThumb(const std::string& path, ImageBox& target, bool& bDragged) const {
   bool hit = false;
-  ErrorsIgnored([&] { hit = ReadEntry(main, path, target, bDragged); });
+  ErrorsIgnored([&] { hit = ReadEntry(path, target, bDragged); });
   return hit;
 }
 
-bool HasQuickThumb(MainForm& main, const std::string& path) {
+bool QuickThumbs::HasQuickThumb(const std::string& path) const {
   bool has = false;
   ErrorsIgnored([&] {
-    if (const std::optional<Sought> sought = Seek(main, path)) {
-      has = FindEntry(main, *sought, OpenMode::Read).Record != 0;
+    if (const std::optional<Sought> sought = Seek(path)) {
+      has = FindEntry(*sought, OpenMode::Read).Record != 0;
     }
   });
   return has;
 }
 
-void AddQuickThumb(MainForm& main, const std::string& path, const Picture& picture) {
-  ErrorsIgnored([&] { AddEntry(main, path, picture); });
+void QuickThumbs::AddQuickThumb(const std::string& path, const Picture& picture) const {
+  ErrorsIgnored([&] { AddEntry(path, picture); });
 }
 
-void SetQuickThumbMark(MainForm& main, const std::string& path, const std::string& text) {
-  ErrorsIgnored([&] { MarkEntry(main, path, !text.empty()); });
+void QuickThumbs::SetQuickThumbMark(const std::string& path, const std::string& text) const {
+  ErrorsIgnored([&] { MarkEntry(path, !text.empty()); });
 }
 
-void DeleteQuickThumbs(MainForm& main, const std::string& folder) {
+void QuickThumbs::DeleteQuickThumbs(const std::string& folder) const {
   const std::string stripped = StripTrailingBackslash(folder);
   if (stripped.empty()) return;
   ErrorsIgnored([&] {
-    const std::string cache = CachePath(main, stripped);
-    main.pictures.quickThumbs.Forget(cache);
-    main.host.files.Delete(cache);
+    const std::string cache = CachePath(stripped);
+    index_.Forget(cache);
+    files_.Delete(cache);
   });
+}
+
+QuickThumbs QuickThumbsOf(MainForm& main) {
+  return {main.host.files, main.host.places, main.host.pictures, main.pictures.quickThumbs, main.strip.CameraLocation};
 }
 
 }  // namespace pixorra

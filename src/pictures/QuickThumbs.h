@@ -1,22 +1,65 @@
 // Thumbnails kept on disk beside the photos, with their dragged marks.
 #pragma once
 
+#include <cstdint>
+#include <optional>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "platform/controls/ImageBox.h"
+#include "platform/services/Files.h"
 
 namespace pixorra {
 
+class Pictures;
+class Places;
+class QuickThumbsIndex;
 struct MainForm;
 
-// True when the cache holds the photo's thumbnail; it is then in the target, and its mark in `bDragged`.
-bool ReadQuickThumb(MainForm& main, const std::string& path, ImageBox& target, bool& bDragged);
-// Whether it would, told without a trace: not even a cache file comes into being.
-bool HasQuickThumb(MainForm& main, const std::string& path);
-void AddQuickThumb(MainForm& main, const std::string& path, const Picture& picture);
-// An empty text clears the mark, any other sets it; without an entry nothing changes.
-void SetQuickThumbMark(MainForm& main, const std::string& path, const std::string& text);
-// Deletes the folder's cache file.
-void DeleteQuickThumbs(MainForm& main, const std::string& folder);
+// The cache of a folder's photos is one file in it; the camera's is kept in the program's folder. No function raises:
+// what cannot be cached is a miss.
+class QuickThumbs {
+ public:
+  // What is passed must live on, but for the path of the camera's folder; empty: there is none.
+  QuickThumbs(Files& files, Places& places, Pictures& pictures, QuickThumbsIndex& index, std::string cameraLocation)
+      : files_(files),
+        places_(places),
+        pictures_(pictures),
+        index_(index),
+        cameraLocation_(std::move(cameraLocation)) {}
+
+  // True when the cache holds the photo's thumbnail; it is then in the target, and its mark in `bDragged`. Makes a
+  // cache file, still empty, where there is none.
+  bool ReadQuickThumb(const std::string& path, ImageBox& target, bool& bDragged) const;
+  // Whether it would, without a trace: not even a cache file is made.
+  bool HasQuickThumb(const std::string& path) const;
+  void AddQuickThumb(const std::string& path, const Picture& picture) const;
+  // An empty text clears the mark, any other sets it; without an entry nothing changes.
+  void SetQuickThumbMark(const std::string& path, const std::string& text) const;
+  // Deletes the folder's cache file.
+  void DeleteQuickThumbs(const std::string& folder) const;
+
+ private:
+  struct Sought;
+  struct Entry;
+
+  std::string CachePath(const std::string& folder) const;
+  std::optional<Sought> Seek(const std::string& path) const;
+  Entry FindEntry(const Sought& sought, OpenMode mode = OpenMode::ReadWrite) const;
+  bool ReadEntry(const std::string& path, ImageBox& target, bool& bDragged) const;
+  std::optional<std::vector<std::uint8_t>> BitmapRecord(const Picture& picture) const;
+  void AddEntry(const std::string& path, const Picture& picture) const;
+  void MarkEntry(const std::string& path, bool dragged) const;
+
+  Files& files_;
+  Places& places_;
+  Pictures& pictures_;
+  QuickThumbsIndex& index_;
+  std::string cameraLocation_;
+};
+
+// Those of the program, for the camera's present folder.
+QuickThumbs QuickThumbsOf(MainForm& main);
 
 }  // namespace pixorra

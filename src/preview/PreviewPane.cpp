@@ -52,7 +52,7 @@ void RepaintSrcThumbnail(MainForm& main) {
   const std::string mark = strip.SrcThumbName(i).Tag();
   if (!mark.empty()) ShadeThumbnail(thumbnail);
   // A changed photo has a new entry, which takes over the mark.
-  SetQuickThumbMark(main, thumbnail.Tag(), mark);
+  QuickThumbsOf(main).SetQuickThumbMark(thumbnail.Tag(), mark);
 }
 
 void RepaintDestThumbnail(MainForm& main) {

@@ -18,10 +18,10 @@ TEST_F(CameraCacheTest, CameraThatIsARootKeepsItsCacheInTheProgramsFolder) {
   run.main.strip.CameraLocation = "C:\\";
   ImageBox& target = run.main.desk.DestFolderPreview(1);
   bool bDragged = false;
-  EXPECT_FALSE(ReadQuickThumb(run.main, "C:\\photo.jpg", target, bDragged));
+  EXPECT_FALSE(QuickThumbsOf(run.main).ReadQuickThumb("C:\\photo.jpg", target, bDragged));
   EXPECT_TRUE(drive.Exists("C:\\Program\\CameraThumbs.tmp"));
   EXPECT_FALSE(drive.Exists("C:\\Thumbnails.tmp"));
-  DeleteQuickThumbs(run.main, run.main.strip.CameraLocation);
+  QuickThumbsOf(run.main).DeleteQuickThumbs(run.main.strip.CameraLocation);
   EXPECT_FALSE(drive.Exists("C:\\Program\\CameraThumbs.tmp"));
 }
 

@@ -131,7 +131,7 @@ TEST_F(PaintingTest, AFreshThumbnailIsNotDraggedAndACachedOneTellsItsStoredMark)
   bDragged = true;
   PaintThumbnail(main, thumbnail, Photo, bDragged);
   EXPECT_FALSE(bDragged);
-  SetQuickThumbMark(main, Photo, "MARK");
+  QuickThumbsOf(main).SetQuickThumbMark(Photo, "MARK");
   ImageBox& second = Image(80, 60);
   PaintThumbnail(main, second, Photo, bDragged);
   EXPECT_TRUE(bDragged);

@@ -4,11 +4,15 @@
 #include <filesystem>
 #include <gtest/gtest.h>
 
+#include "base/QuickThumbsIndex.h"
 #include "pictures/QuickThumbs.h"
+#include "platform/codecs/CodecPictures.h"
+#include "platform/controls/Form.h"
 #include "tests/pictures/HandRecord.h"
+#include "tests/support/FaultyFiles.h"
+#include "tests/support/TemporaryDrive.h"
 #include "tests/support/TestPictures.h"
-#include "tests/support/headless/ProgramTest.h"
-#include "window/FilmStripState.h"
+#include "tests/support/headless/HeadlessTest.h"
 
 namespace pixorra {
 namespace {
@@ -20,7 +24,7 @@ constexpr const char* Temporary = "C:\\Program\\$PXR$TMP.$$$";
 constexpr CalendarTime Noon{2004, 6, 15, 12, 0, 0, 0};
 constexpr double NoonValue = 38153.5;  // of that moment, days since 30 December 1899
 
-class QuickThumbsTest : public ProgramTest {
+class QuickThumbsTest : public HeadlessTest {
  protected:
   QuickThumbsTest() {
     drive.MakeFolder("C:\\Program");
@@ -35,11 +39,12 @@ class QuickThumbsTest : public ProgramTest {
   // Each number makes a thumbnail of its own.
   static Picture Thumbnail(int number) { return Picture(PlainBitmap(80, 60, static_cast<Colour>(number))); }
   static std::string ThumbnailBytes(int number) { return BmpOf(PlainBitmap(80, 60, static_cast<Colour>(number))); }
-  void Add(const std::string& path, int number) { AddQuickThumb(main, path, Thumbnail(number)); }
+  void Add(const std::string& path, int number) { quickThumbs.AddQuickThumb(path, Thumbnail(number)); }
   // The number of the thumbnail that the cache holds, -1 on a miss. The mark is in bDragged.
-  int Read(const std::string& path) {
+  int Read(const std::string& path) { return Read(quickThumbs, path); }
+  int Read(const QuickThumbs& cache, const std::string& path) {
     target.SetPicture(Picture());
-    if (!ReadQuickThumb(main, path, target, bDragged)) return -1;
+    if (!cache.ReadQuickThumb(path, target, bDragged)) return -1;
     const std::uint8_t* pixel = target.GetPicture().Pixels().Row(30);
     return pixel[0] << 16 | pixel[1] << 8 | pixel[2];
   }
@@ -58,9 +63,15 @@ class QuickThumbsTest : public ProgramTest {
   }
   std::size_t CacheSize() { return drive.Read(Cache).size(); }
 
-  ProgramRun& run = NewRun();
-  MainForm& main = run.main;
-  ImageBox& target = main.strip.SrcThumbnail.Load(1);
+  QuickThumbs WithCameraAt(const std::string& folder) { return {files, drive.DrivePlaces(), pictures, index, folder}; }
+
+  TemporaryDrive drive;
+  FaultyFiles files{drive.DriveFiles()};
+  CodecPictures pictures{files};
+  QuickThumbsIndex index;
+  QuickThumbs quickThumbs = WithCameraAt("");
+  Form window{toolkit, "Window"};
+  ImageBox target{window, "Target"};
   bool bDragged = false;
 };
 
@@ -103,11 +114,11 @@ TEST_F(QuickThumbsTest, AMarkChangesItsTwoBytesAndNothingElse) {
   record.Rest = std::string(207, 'r');
   const std::string before = std::string(14776, 'j') + HandBytes(record);
   drive.Write(Cache, before);
-  SetQuickThumbMark(main, Photo, "MARK");
+  quickThumbs.SetQuickThumbMark(Photo, "MARK");
   std::string marked = before;
   marked.replace(14776 + 14567, 2, "\xFF\xFF");
   EXPECT_TRUE(drive.Read(Cache) == marked);
-  SetQuickThumbMark(main, Photo, "");
+  quickThumbs.SetQuickThumbMark(Photo, "");
   EXPECT_TRUE(drive.Read(Cache) == before);
 }
 
@@ -116,7 +127,7 @@ TEST_F(QuickThumbsTest, AnyTextSetsTheMarkAndItIsReadBack) {
   bDragged = true;
   EXPECT_EQ(Read(Photo), 1);
   EXPECT_FALSE(bDragged);
-  SetQuickThumbMark(main, Photo, " ");
+  quickThumbs.SetQuickThumbMark(Photo, " ");
   EXPECT_EQ(Read(Photo), 1);
   EXPECT_TRUE(bDragged);
 }
@@ -195,14 +206,14 @@ TEST_F(QuickThumbsTest, ALongNameIsCutBetweenCharacters) {
 TEST_F(QuickThumbsTest, OfTwoEntriesForOnePhotoTheFirstIsTaken) {
   drive.Write(Cache, HandBytes(HandMade(3)) + HandBytes(HandMade(4)));
   EXPECT_EQ(Read(Photo), 3);
-  SetQuickThumbMark(main, Photo, "MARK");
+  quickThumbs.SetQuickThumbMark(Photo, "MARK");
   HandRecord marked = HandMade(3);
   marked.Mark = -1;
   EXPECT_TRUE(drive.Read(Cache) == HandBytes(marked) + HandBytes(HandMade(4)));
 }
 
 TEST_F(QuickThumbsTest, AMarkSetWhileNoEntryExistsIsLost) {
-  SetQuickThumbMark(main, Photo, "MARK");
+  quickThumbs.SetQuickThumbMark(Photo, "MARK");
   EXPECT_EQ(CacheSize(), 0U);
   Add(Photo, 1);
   EXPECT_EQ(Read(Photo), 1);
@@ -217,19 +228,18 @@ TEST_F(QuickThumbsTest, ALookUpMakesAnEmptyCacheFile) {
 }
 
 TEST_F(QuickThumbsTest, TheCamerasCacheLiesInTheProgramsFolderAndEndsWithIt) {
-  main.strip.CameraLocation = "C:\\Photos";
-  Add(Photo, 1);
+  const QuickThumbs ofCamera = WithCameraAt("C:\\Photos");
+  ofCamera.AddQuickThumb(Photo, Thumbnail(1));
   EXPECT_FALSE(drive.Exists(Cache));
   EXPECT_TRUE(drive.Read(CameraCache) == HandBytes(HandMade(1)));
-  EXPECT_EQ(Read(Photo), 1);
-  DeleteQuickThumbs(main, main.strip.CameraLocation);
+  EXPECT_EQ(Read(ofCamera, Photo), 1);
+  ofCamera.DeleteQuickThumbs("C:\\Photos");
   EXPECT_FALSE(drive.Exists(CameraCache));
-  EXPECT_EQ(Read(Photo), -1);
+  EXPECT_EQ(Read(ofCamera, Photo), -1);
 }
 
 TEST_F(QuickThumbsTest, TheCamerasFolderIsComparedCaseIncluded) {
-  main.strip.CameraLocation = "C:\\photos";
-  Add(Photo, 1);
+  WithCameraAt("C:\\photos").AddQuickThumb(Photo, Thumbnail(1));
   EXPECT_TRUE(drive.Exists(Cache));
   EXPECT_FALSE(drive.Exists(CameraCache));
 }
@@ -243,21 +253,21 @@ TEST_F(QuickThumbsTest, PhotosInADrivesRootHaveTheirCacheThere) {
 
 TEST_F(QuickThumbsTest, ARenamedFolderTakesItsCacheAlong) {
   Add(Photo, 1);
-  run.files.Rename("C:\\Photos", "C:\\Summer");
+  files.Rename("C:\\Photos", "C:\\Summer");
   EXPECT_EQ(Read("C:\\Summer\\IMG_1.JPG"), 1);
 }
 
 TEST_F(QuickThumbsTest, DeletingTakesTheCacheFileAloneWithOrWithoutABackslash) {
   Add(Photo, 1);
-  DeleteQuickThumbs(main, "C:\\Photos\\");
+  quickThumbs.DeleteQuickThumbs("C:\\Photos\\");
   EXPECT_FALSE(drive.Exists(Cache));
   EXPECT_TRUE(drive.Exists(Photo));
   Add(Photo, 2);
   EXPECT_EQ(Read(Photo), 2);
-  DeleteQuickThumbs(main, "C:\\Photos");
+  quickThumbs.DeleteQuickThumbs("C:\\Photos");
   EXPECT_FALSE(drive.Exists(Cache));
-  DeleteQuickThumbs(main, "C:\\Photos");
-  DeleteQuickThumbs(main, "C:\\Nowhere");
+  quickThumbs.DeleteQuickThumbs("C:\\Photos");
+  quickThumbs.DeleteQuickThumbs("C:\\Nowhere");
 }
 
 TEST_F(QuickThumbsTest, AnEmptyPathTouchesNoFile) {
@@ -265,19 +275,19 @@ TEST_F(QuickThumbsTest, AnEmptyPathTouchesNoFile) {
   for (const std::string path : {"", "\\", "photo.jpg", "C:\\Photos\\missing.jpg"}) {
     EXPECT_EQ(Read(path), -1);
     Add(path, 1);
-    SetQuickThumbMark(main, path, "MARK");
+    quickThumbs.SetQuickThumbMark(path, "MARK");
   }
-  DeleteQuickThumbs(main, "");
-  DeleteQuickThumbs(main, "\\");
+  quickThumbs.DeleteQuickThumbs("");
+  quickThumbs.DeleteQuickThumbs("\\");
   EXPECT_EQ(drive.Read("C:\\Thumbnails.tmp"), "mine");
   EXPECT_FALSE(drive.Exists(Cache));
-  EXPECT_EQ(run.files.Count(FileCall::OpenToWrite), 0);
+  EXPECT_EQ(files.Count(FileCall::OpenToWrite), 0);
 }
 
 // --- what cannot be cached -------------------------------------------------------------------------------------------
 
 TEST_F(QuickThumbsTest, APictureOfAnotherSizeIsNotCachedAndItsFileStaysBehind) {
-  AddQuickThumb(main, Photo, Picture(PlainBitmap(81, 60, 0)));
+  quickThumbs.AddQuickThumb(Photo, Picture(PlainBitmap(81, 60, 0)));
   EXPECT_EQ(CacheSize(), 0U);
   EXPECT_TRUE(drive.Exists(Temporary));
   Add(Photo, 1);
@@ -286,7 +296,7 @@ TEST_F(QuickThumbsTest, APictureOfAnotherSizeIsNotCachedAndItsFileStaysBehind) {
 }
 
 TEST_F(QuickThumbsTest, NothingForAPictureIsNotCached) {
-  AddQuickThumb(main, Photo, Picture());
+  quickThumbs.AddQuickThumb(Photo, Picture());
   EXPECT_EQ(CacheSize(), 0U);
 }
 
@@ -312,18 +322,18 @@ TEST_F(QuickThumbsTest, ACacheFileOf2GiBIsAMissAndDoesNotGrow) {
 }
 
 TEST_F(QuickThumbsTest, AReadOnlyFolderIsAMissWithoutAMessage) {
-  run.files.FailAlways(FileCall::OpenToWrite, error::PathAccess, "Thumbnails.tmp");
+  files.FailAlways(FileCall::OpenToWrite, error::PathAccess, "Thumbnails.tmp");
   Add(Photo, 1);
   EXPECT_EQ(Read(Photo), -1);
-  SetQuickThumbMark(main, Photo, "MARK");
+  quickThumbs.SetQuickThumbMark(Photo, "MARK");
   EXPECT_FALSE(drive.Exists(Cache));
 }
 
 TEST_F(QuickThumbsTest, AFullDiskWritesNoEntryAndTheNextTryFindsTheTruth) {
-  run.files.FillDiskAfter(300);
+  files.FillDiskAfter(300);
   Add(Photo, 1);
   EXPECT_EQ(Read(Photo), -1);
-  run.files.Heal();
+  files.Heal();
   Add(Photo, 2);
   EXPECT_EQ(Read(Photo), 2);
 }
@@ -334,7 +344,7 @@ TEST_F(QuickThumbsTest, ADamagedThumbnailIsAMissAndLeavesTheTargetAsItWas) {
   drive.Write(Cache, HandBytes(record));
   target.SetPicture(Thumbnail(77));
   bDragged = true;
-  EXPECT_FALSE(ReadQuickThumb(main, Photo, target, bDragged));
+  EXPECT_FALSE(quickThumbs.ReadQuickThumb(Photo, target, bDragged));
   EXPECT_EQ(target.GetPicture().Pixels().Row(0)[2], 77);
   EXPECT_TRUE(bDragged);
 }
@@ -343,13 +353,13 @@ TEST_F(QuickThumbsTest, ALinkOrAFolderOfTheCachesNameIsNotTouched) {
   drive.Write("C:\\else.tmp", HandBytes(HandMade(1)));
   drive.MakeLink(Cache, drive.HostPath("C:\\else.tmp"));
   EXPECT_EQ(Read(Photo), -1);
-  SetQuickThumbMark(main, Photo, "MARK");
+  quickThumbs.SetQuickThumbMark(Photo, "MARK");
   Add(Photo, 2);
   EXPECT_TRUE(drive.Read("C:\\else.tmp") == HandBytes(HandMade(1)));
   drive.Remove(Cache);
   drive.MakeFolder(Cache);
   EXPECT_EQ(Read(Photo), -1);
-  DeleteQuickThumbs(main, "C:\\Photos");
+  quickThumbs.DeleteQuickThumbs("C:\\Photos");
   EXPECT_TRUE(drive.Exists(Cache));
 }
 
@@ -383,18 +393,18 @@ TEST_F(QuickThumbsTest, ALookUpReadsOneRecordHoweverManyThereAre) {
   WriteLargeCache();
   WritePhoto("C:\\Photos\\IMG_399.JPG", 1234);
   EXPECT_EQ(Read("C:\\Photos\\IMG_399.JPG"), 399);
-  const int before = run.files.Count(FileCall::Read);
+  const int before = files.Count(FileCall::Read);
   EXPECT_EQ(Read(Photo), 1);
-  SetQuickThumbMark(main, "C:\\Photos\\IMG_399.JPG", "MARK");
+  quickThumbs.SetQuickThumbMark("C:\\Photos\\IMG_399.JPG", "MARK");
   EXPECT_EQ(Read("C:\\Photos\\IMG_399.JPG"), 399);
   EXPECT_TRUE(bDragged);
-  EXPECT_LE(run.files.Count(FileCall::Read) - before, 12);
+  EXPECT_LE(files.Count(FileCall::Read) - before, 12);
 }
 
 TEST_F(QuickThumbsTest, NewPhotosAreAddedWithoutReadingTheOldOnesAnew) {
   WriteLargeCache();
   EXPECT_EQ(Read(Photo), 1);
-  const int before = run.files.Count(FileCall::Read);
+  const int before = files.Count(FileCall::Read);
   for (int i = 1; i <= 5; ++i) {
     const std::string path = "C:\\Photos\\new" + std::to_string(i) + ".jpg";
     WritePhoto(path, 10);
@@ -402,7 +412,7 @@ TEST_F(QuickThumbsTest, NewPhotosAreAddedWithoutReadingTheOldOnesAnew) {
     Add(path, i);
     EXPECT_EQ(Read(path), i);
   }
-  EXPECT_LE(run.files.Count(FileCall::Read) - before, 30);
+  EXPECT_LE(files.Count(FileCall::Read) - before, 30);
 }
 
 TEST_F(QuickThumbsTest, MoreFoldersThanAreRememberedAreAllFound) {
@@ -419,11 +429,12 @@ TEST_F(QuickThumbsTest, MoreFoldersThanAreRememberedAreAllFound) {
 }
 
 TEST_F(QuickThumbsTest, TwoProgramsOnOneFolderSeeEachOthersEntries) {
-  ProgramRun second(drive);
+  QuickThumbsIndex ofSecond;
+  const QuickThumbs second(files, drive.DrivePlaces(), pictures, ofSecond, "");
   WritePhoto("C:\\Photos\\b.jpg", 20);
   Add(Photo, 1);
   EXPECT_EQ(Read("C:\\Photos\\b.jpg"), -1);
-  AddQuickThumb(second.main, "C:\\Photos\\b.jpg", Thumbnail(2));
+  second.AddQuickThumb("C:\\Photos\\b.jpg", Thumbnail(2));
   EXPECT_EQ(Read("C:\\Photos\\b.jpg"), 2);
   EXPECT_EQ(CacheSize(), 3U * 14776);
 }

@@ -230,7 +230,7 @@ TEST_F(PreviewPaneTest, AnEditedPhotoKeepsItsShadeAndItsNewCacheEntryTakesTheMar
   EXPECT_EQ(At(thumbnail, 10, 10), 0U);
   EXPECT_EQ(At(thumbnail, 11, 11), 0x000000FFU);
   bool bDragged = false;
-  ASSERT_TRUE(ReadQuickThumb(main, Photo, main.strip.SrcThumbnail(1), bDragged));
+  ASSERT_TRUE(QuickThumbsOf(main).ReadQuickThumb(Photo, main.strip.SrcThumbnail(1), bDragged));
   EXPECT_TRUE(bDragged);
 }
 
