@@ -28,7 +28,7 @@ int MeasureDuplicates(const std::string& probe, const std::string& folder) {
   for (int i = 0; i < 11; ++i) {
     std::string path = "C:\\Probe\\new.jpg";
     const double before = Now(CLOCK_MONOTONIC);
-    own.push_back(CpuOf([&] { found = FindDuplicate(run.main, path, 1); }));
+    own.push_back(CpuOf([&] { found = FindDuplicate(run.main.host.files, run.main.desk.DestFolderFiles(1), path); }));
     wall.push_back((Now(CLOCK_MONOTONIC) - before) * 1e3);
   }
   std::printf("duplicates in %s: CPU %.1f ms, wall %.1f ms; found \"%s\" among %d\n", folder.c_str(), Median(own),

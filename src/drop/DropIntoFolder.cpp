@@ -119,7 +119,8 @@ void RefreshLists(DesktopState& desk, int slot) {
 }
 
 void SettleDuplicate(MainForm& main, const Drop& drop, std::string newFile) {
-  const std::string equalFile = FindDuplicate(main, newFile, drop.Slot);
+  if (main.preferences.DuplicatesAllowOption.Value()) return;
+  const std::string equalFile = FindDuplicate(main.host.files, main.desk.DestFolderFiles(drop.Slot), newFile);
   if (equalFile.empty()) return;
   ResolveDuplicate(main, equalFile, newFile, drop.Slot);
   if (StillStands(main, drop)) RefreshLists(main.desk, drop.Slot);

@@ -9,6 +9,7 @@
 #include "base/Routines.h"
 #include "desktop/OpenFolderView.h"
 #include "drop/DuplicateAskForm.h"
+#include "platform/controls/FileListBox.h"
 #include "platform/runtime/Errors.h"
 #include "platform/runtime/Text.h"
 #include "window/DesktopState.h"
@@ -73,18 +74,16 @@ bool ContentComparison::SameContent(const std::string& candidate) {
   return true;
 }
 
-std::string FindDuplicate(MainForm& main, std::string& newFile, int slot) {
-  if (main.preferences.DuplicatesAllowOption.Value() || slot == 0) return {};
+std::string FindDuplicate(Files& files, const FileListBox& list, std::string& newFile) {
   newFile = Trim(newFile);
   if (newFile.empty()) return {};
-  const FileListBox& list = main.desk.DestFolderFiles(slot);
   if (list.ListCount() == 0) return {};
-  ContentComparison comparison(main.host.files, newFile);
+  ContentComparison comparison(files, newFile);
   for (int i = 0; i < list.ListCount(); ++i) {
     std::string candidate = JoinPath(list.Path(), list.List(i));
     if (candidate == newFile || !comparison.SameContent(candidate)) continue;
     // A disk that ignores case may list the new file in another spelling: it is not its own duplicate.
-    if (!main.host.files.IsSameFile(candidate, newFile)) return candidate;
+    if (!files.IsSameFile(candidate, newFile)) return candidate;
   }
   return {};
 }

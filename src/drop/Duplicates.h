@@ -6,6 +6,7 @@
 
 namespace pixorra {
 
+class FileListBox;
 class Files;
 struct MainForm;
 
@@ -23,9 +24,9 @@ class ContentComparison {
   std::unique_ptr<State> state_;
 };
 
-// The first file of the slot's list, in its order, that equals the new file; empty where there is none, or where no
-// test is wanted. `newFile` is trimmed. Raises what files raise.
-std::string FindDuplicate(MainForm& main, std::string& newFile, int slot);
+// The first file of the list, in its order, that equals the new file, as a full path; empty where there is none, and
+// for an empty path. `newFile` is trimmed. Raises what files raise.
+std::string FindDuplicate(Files& files, const FileListBox& list, std::string& newFile);
 // Deletes one of the two, or none, by the policy.
 void ResolveDuplicate(MainForm& main, const std::string& equalFile, const std::string& newFile, int slot);
 
