@@ -32,7 +32,7 @@ int main(int argc, char** argv) {
   std::vector<double> find, add;
   while (strip.SrcSlotCount < strip.SrcFileList.ListCount()) {
     std::string next;
-    find.push_back(CpuOf([&] { next = NextSrcPhoto(run.main); }) * 1e3);
+    find.push_back(CpuOf([&] { next = NextSrcPhoto(run.main.strip); }) * 1e3);
     add.push_back(CpuOf([&] { AddSrcSlot(run.main, next); }) * 1e3);
     const int slots = strip.SrcSlotCount;
     if (slots != 100 && slots != 1000 && slots != 10000 && slots != count) continue;

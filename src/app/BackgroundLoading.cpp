@@ -56,8 +56,8 @@ void LoadOpenFolder(MainForm& main) {
     main.host.readAhead.Expect(ReadAhead::Reader::OpenFolder, {}, 0);
     return;
   }
-  const std::string next = NextDestThumbFile(main);
-  const auto following = [&](int most) { return NextDestThumbFiles(main, most); };
+  const std::string next = NextDestThumbFile(desk);
+  const auto following = [&](int most) { return NextDestThumbFiles(desk, most); };
   if (IsPrepared(main, ReadAhead::Reader::OpenFolder, next, following)) AddDestThumbnail(main, next);
 }
 
@@ -72,7 +72,7 @@ void LoadFilmStrip(MainForm& main) {
     main.host.readAhead.Expect(ReadAhead::Reader::FilmStrip, {}, 0);
     return;
   }
-  const std::string next = NextSrcPhoto(main);
+  const std::string next = NextSrcPhoto(strip);
   const auto following = [&](int most) { return strip.loadedPaths.Missing(strip.SrcFileList, SlotPaths(strip), most); };
   if (IsPrepared(main, ReadAhead::Reader::FilmStrip, next, following)) AddSrcSlot(main, next);
 }
@@ -116,8 +116,7 @@ void ThumbsTimer_Timer(MainForm& main) {
   }
 }
 
-std::string NextSrcPhoto(MainForm& main) {
-  FilmStripState& strip = main.strip;
+std::string NextSrcPhoto(FilmStripState& strip) {
   return strip.loadedPaths.FirstMissing(strip.SrcFileList, SlotPaths(strip));
 }
 

@@ -5,10 +5,11 @@
 
 namespace pixorra {
 
+struct FilmStripState;
 struct MainForm;
 
 void ThumbsTimer_Timer(MainForm& main);
 // The full path of the first photo of the list that has no slot; empty where all have one.
-std::string NextSrcPhoto(MainForm& main);
+std::string NextSrcPhoto(FilmStripState& strip);
 
 }  // namespace pixorra

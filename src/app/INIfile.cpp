@@ -4,8 +4,8 @@
 
 #include "base/Routines.h"
 #include "base/SavedRecords.h"
-#include "desktop/FolderSlots.h"
 #include "desktop/OpenFolder.h"
+#include "desktop/ShownFolders.h"
 #include "filmstrip/Listing.h"
 #include "platform/controls/Toolkit.h"
 #include "platform/runtime/Errors.h"

@@ -192,7 +192,7 @@ void Window_Layout(MainForm& main) {
   PlaceOpenFolderAcross(main, width);
   PlaceHeights(main);
   PlaceStripFromBelow(main);
-  Try([&] { ArrangeFolderSlots(main); });
+  Try([&] { ArrangeFolderSlots(main.desk); });
   Try([&] { Redisplay_DestThumbnails(main); });
   main.core.LastWidth = RoundHalfEven(window.TwipsWidth());
   main.core.LastHeight = RoundHalfEven(window.TwipsHeight());

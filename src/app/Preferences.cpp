@@ -32,7 +32,7 @@ void ApplyToSlot(MainForm& main, int slot) {
       preview.SetVisible(true);
     }
   }
-  ShowFolderCount(main, slot);
+  ShowFolderCount(main.desk, slot);
 }
 
 }  // namespace

@@ -30,7 +30,7 @@ void Form_Unload(MainForm& main) {
   QuickThumbsOf(main).DeleteQuickThumbs(main.strip.CameraLocation);
   ClearFilmStrip(main);
   ClearDestThumbnails(main);
-  DestroyFolderSlots(main);
+  DestroyFolderSlots(main.desk);
   main.host.toolkit.End();
 }
 

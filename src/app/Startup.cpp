@@ -44,7 +44,7 @@ void ClearFields(MainForm& main) {
   main.strip.CameraLocation.clear();
   // The root of the current drive, so that no photo folder is held.
   main.strip.SrcFileList.SetPath(main.strip.SrcFileList.Path().substr(0, 3));
-  ShowNoFilmStrip(main);
+  ShowNoFilmStrip(main.strip);
 }
 
 void SetGeometry(MainForm& main) {
@@ -108,7 +108,7 @@ void Form_Load(MainForm& main) {
   });
   ClearFields(main);
   SetGeometry(main);
-  CreateFolderSlots(main);
+  CreateFolderSlots(main.desk, main.host);
   ClearDestThumbnails(main);
   ClearUndoAndPreview(main);
   ReadSavedState(main);

@@ -1,7 +1,7 @@
 #include "desktop/FolderCommands.h"
 
-#include "desktop/FolderSlots.h"
 #include "desktop/OpenFolder.h"
+#include "desktop/ShownFolders.h"
 #include "filmstrip/Listing.h"
 #include "platform/services/Dialogs.h"
 #include "window/DesktopState.h"
@@ -16,7 +16,7 @@ namespace {
 void BlankFilmStrip(MainForm& main) {
   main.strip.SrcLoadedPath.clear();
   main.strip.NoFilmStrip = true;
-  ShowNoFilmStrip(main);
+  ShowNoFilmStrip(main.strip);
 }
 
 bool ShowsTrashcan(const MainForm& main) {

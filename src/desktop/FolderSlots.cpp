@@ -1,12 +1,12 @@
 #include "desktop/FolderSlots.h"
 
+#include "base/Host.h"
 #include "base/Routines.h"
 #include "desktop/FolderGeometry.h"
 #include "platform/runtime/Errors.h"
 #include "platform/services/Files.h"
 #include "platform/services/Places.h"
 #include "window/DesktopState.h"
-#include "window/MainForm.h"
 
 namespace pixorra {
 
@@ -17,16 +17,15 @@ void MoveTo(Control& control, const Spot& place) {
 }
 
 // The Trashcan is always this one folder, with no setting to move it.
-void FindTrashcan(MainForm& main) {
-  FileListBox& list = main.desk.DestFolderFiles(TrashcanSlot);
-  const std::string path = StripTrailingBackslash(main.host.places.ProgramFolder()) + "\\Trashcan";
+void FindTrashcan(DesktopState& desk, Host& host) {
+  FileListBox& list = desk.DestFolderFiles(TrashcanSlot);
+  const std::string path = StripTrailingBackslash(host.places.ProgramFolder()) + "\\Trashcan";
   if (ErrorsIgnored([&] { list.SetPath(path); }) == error::None) return;
-  ErrorsIgnored([&] { main.host.files.MakeFolder(path); });
+  ErrorsIgnored([&] { host.files.MakeFolder(path); });
   ErrorsIgnored([&] { list.SetPath(path); });
 }
 
-void ArrangeTrashcan(MainForm& main, const FolderGrid& grid) {
-  DesktopState& desk = main.desk;
+void ArrangeTrashcan(DesktopState& desk, const FolderGrid& grid) {
   const TrashcanPlaces places = PlacesAtTrashcan(grid, desk.TrashcanClosed.Height());
   MoveTo(desk.DestFolder(TrashcanSlot), places.Icon);
   MoveTo(desk.DestPicsCount(TrashcanSlot), places.Count);
@@ -34,8 +33,7 @@ void ArrangeTrashcan(MainForm& main, const FolderGrid& grid) {
   MoveTo(desk.HideFolder, places.Hide);
 }
 
-void ArrangeSlot(MainForm& main, const FolderGrid& grid, int slot) {
-  DesktopState& desk = main.desk;
+void ArrangeSlot(DesktopState& desk, const FolderGrid& grid, int slot) {
   const bool shown = desk.DestFolder(slot).Visible();
   Control* const controls[] = {&desk.DestFolder(slot), &desk.DestPicsCount(slot), &desk.DestFolderName(slot),
                                &desk.DestFolderPreview(slot)};
@@ -52,35 +50,26 @@ void ArrangeSlot(MainForm& main, const FolderGrid& grid, int slot) {
 
 }  // namespace
 
-FolderGrid PresentGrid(const MainForm& main) {
-  const ImageBox& pattern = main.desk.DestFolder(0);
-  return {main.desk.DesktopImage.Bounds(), pattern.Width(), pattern.Height()};
+FolderGrid PresentGrid(const DesktopState& desk) {
+  const ImageBox& pattern = desk.DestFolder(0);
+  return {desk.DesktopImage.Bounds(), pattern.Width(), pattern.Height()};
 }
 
-int ColumnStep(const MainForm& main) {
-  return ColumnStepOf(PresentGrid(main));
+bool IsSlotInUse(const DesktopState& desk, int slot) {
+  return slot >= 1 && desk.DestFolder.IsLoaded(slot) && desk.DestFolder(slot).Visible();
 }
 
-int RowStep(const MainForm& main) {
-  return RowStepOf(PresentGrid(main));
+void ShowFolderCount(DesktopState& desk, int slot) {
+  desk.DestPicsCount(slot).SetCaption(CountCaption(desk.DestFolderFiles(slot).ListCount()));
 }
 
-bool IsSlotInUse(const MainForm& main, int slot) {
-  return slot >= 1 && main.desk.DestFolder.IsLoaded(slot) && main.desk.DestFolder(slot).Visible();
-}
-
-void ShowFolderCount(MainForm& main, int slot) {
-  main.desk.DestPicsCount(slot).SetCaption(CountCaption(main.desk.DestFolderFiles(slot).ListCount()));
-}
-
-void ShowFolderName(MainForm& main, int slot, const std::string& caption) {
-  Label& name = main.desk.DestFolderName(slot);
+void ShowFolderName(DesktopState& desk, int slot, const std::string& caption) {
+  Label& name = desk.DestFolderName(slot);
   name.SetCaption(caption);
-  MoveTo(name, FolderNamePlace(PresentGrid(main), slot, name.Width()));
+  MoveTo(name, FolderNamePlace(PresentGrid(desk), slot, name.Width()));
 }
 
-void CreateFolderSlots(MainForm& main) {
-  DesktopState& desk = main.desk;
+void CreateFolderSlots(DesktopState& desk, Host& host) {
   for (int i = 1; i <= FolderSlots; ++i) {
     desk.DestFolder.Load(i);
     desk.DestPicsCount.Load(i);
@@ -92,9 +81,9 @@ void CreateFolderSlots(MainForm& main) {
   desk.DestPicsCount.Load(TrashcanSlot);
   desk.DestFolderFiles.Load(TrashcanSlot);
   desk.DestFolderName.Load(TrashcanSlot);
-  FindTrashcan(main);
+  FindTrashcan(desk, host);
   desk.DestFolder(TrashcanSlot).SetPicture(desk.TrashcanClosed);
-  ShowFolderCount(main, TrashcanSlot);
+  ShowFolderCount(desk, TrashcanSlot);
   desk.DestFolder(TrashcanSlot).SetVisible(true);
   // It stands on the Desktop's picture, whatever that is.
   desk.DestPicsCount(TrashcanSlot).SetHalo(true);
@@ -103,11 +92,10 @@ void CreateFolderSlots(MainForm& main) {
   desk.DestPicsCount(TrashcanSlot).BringToFront();
   desk.DestFolder(TrashcanSlot).SetToolTipText("Trashcan");
   desk.DestFolderName(TrashcanSlot).SetCaption("Trashcan");
-  ArrangeFolderSlots(main);
+  ArrangeFolderSlots(desk);
 }
 
-void DestroyFolderSlots(MainForm& main) {
-  DesktopState& desk = main.desk;
+void DestroyFolderSlots(DesktopState& desk) {
   for (int i = 1; i <= TrashcanSlot; ++i) {
     desk.DestFolder.Unload(i);
     desk.DestPicsCount.Unload(i);
@@ -117,10 +105,10 @@ void DestroyFolderSlots(MainForm& main) {
   }
 }
 
-void ArrangeFolderSlots(MainForm& main) {
-  const FolderGrid grid = PresentGrid(main);
-  for (int i = 1; i <= FolderSlots; ++i) ArrangeSlot(main, grid, i);
-  ArrangeTrashcan(main, grid);
+void ArrangeFolderSlots(DesktopState& desk) {
+  const FolderGrid grid = PresentGrid(desk);
+  for (int i = 1; i <= FolderSlots; ++i) ArrangeSlot(desk, grid, i);
+  ArrangeTrashcan(desk, grid);
 }
 
 }  // namespace pixorra

@@ -3,6 +3,7 @@
 #include "base/Palette.h"
 #include "desktop/FolderGeometry.h"
 #include "desktop/FolderSlots.h"
+#include "desktop/ShownFolders.h"
 #include "pictures/QuickThumbs.h"
 #include "platform/runtime/Errors.h"
 #include "platform/services/Dialogs.h"
@@ -15,44 +16,47 @@ namespace pixorra {
 
 namespace {
 
+enum class Look { Closed, Open };
+enum class Seen { No, Yes };
+
 // Icon and preview are hidden while the picture changes, and the preview moves with the folder's front.
-void ShowFolderState(MainForm& main, int slot, bool open, bool visible) {
-  DesktopState& desk = main.desk;
+void ShowFolderState(DesktopState& desk, int slot, Look look, Seen seen) {
+  const bool open = look == Look::Open;
   ImageBox& icon = desk.DestFolder(slot);
   ImageBox& preview = desk.DestFolderPreview(slot);
   icon.SetVisible(false);
   preview.SetVisible(false);
   icon.SetPicture(open ? desk.OpenFolder : desk.ClosedFolder);
-  const Spot place = FolderPreviewPlace(PresentGrid(main), slot, open);
+  const Spot place = FolderPreviewPlace(PresentGrid(desk), slot, open);
   preview.Move(place.Left, place.Top);
   desk.DestFolderName(slot).SetBackColor(open ? palette::OpenLabelBack : palette::ClosedLabelBack);
   desk.DestFolderName(slot).SetForeColor(open ? palette::OpenLabelText : palette::ClosedLabelText);
-  if (!visible) return;
+  if (seen == Seen::No) return;
   icon.SetVisible(true);
   if (desk.DestFolderFiles(slot).ListCount() != 0) preview.SetVisible(true);
 }
 
-void ShowTrashcanState(MainForm& main, bool open) {
-  ImageBox& icon = main.desk.DestFolder(TrashcanSlot);
+void ShowTrashcanState(DesktopState& desk, Look look) {
+  ImageBox& icon = desk.DestFolder(TrashcanSlot);
   icon.SetVisible(false);
-  icon.SetPicture(open ? main.desk.TrashcanOpen : main.desk.TrashcanClosed);
+  icon.SetPicture(look == Look::Open ? desk.TrashcanOpen : desk.TrashcanClosed);
   icon.SetVisible(true);
 }
 
-void CloseSlot(MainForm& main, int slot) {
-  if (slot == 0 || !main.desk.DestFolder.IsLoaded(slot)) return;
+void CloseSlot(DesktopState& desk, int slot) {
+  if (slot == 0 || !desk.DestFolder.IsLoaded(slot)) return;
   if (slot == TrashcanSlot) {
-    ShowTrashcanState(main, false);
+    ShowTrashcanState(desk, Look::Closed);
   } else {
-    ShowFolderState(main, slot, false, main.desk.DestFolder(slot).Visible());
+    ShowFolderState(desk, slot, Look::Closed, desk.DestFolder(slot).Visible() ? Seen::Yes : Seen::No);
   }
 }
 
-void OpenNone(MainForm& main) {
-  main.desk.OpenFolderIndex = 0;
-  main.desk.DestLoadedPath.clear();
-  main.desk.DestContentsLabel.SetCaption("");
-  main.desk.DestContentsLabel.SetToolTipText("");
+void OpenNone(DesktopState& desk) {
+  desk.OpenFolderIndex = 0;
+  desk.DestLoadedPath.clear();
+  desk.DestContentsLabel.SetCaption("");
+  desk.DestContentsLabel.SetToolTipText("");
 }
 
 }  // namespace
@@ -60,15 +64,15 @@ void OpenNone(MainForm& main) {
 void Select_a_Folder(MainForm& main, int slot) {
   DesktopState& desk = main.desk;
   main.core.SystemResourceStatusTimer.SetEnabled(true);
-  CloseSlot(main, desk.OpenFolderIndex);
-  if (!IsSlotInUse(main, slot)) {
-    OpenNone(main);
+  CloseSlot(desk, desk.OpenFolderIndex);
+  if (!IsSlotInUse(desk, slot)) {
+    OpenNone(desk);
     return;
   }
   if (slot == TrashcanSlot) {
-    ShowTrashcanState(main, true);
+    ShowTrashcanState(desk, Look::Open);
   } else {
-    ShowFolderState(main, slot, true, true);
+    ShowFolderState(desk, slot, Look::Open, Seen::Yes);
   }
   desk.DestContentsLabel.SetCaption(desk.DestFolderName(slot).Caption());
   desk.DestContentsLabel.SetToolTipText(desk.DestFolderName(slot).ToolTipText());
@@ -86,14 +90,14 @@ void Select_a_Folder(MainForm& main, int slot) {
 }
 
 void RefreshFolder(MainForm& main, int slot) {
-  if (!IsSlotInUse(main, slot)) return;
-  Select_a_Folder(main, slot);
   DesktopState& desk = main.desk;
+  if (!IsSlotInUse(desk, slot)) return;
+  Select_a_Folder(main, slot);
   // Where the folder has gone, another one may be open now.
   if (desk.OpenFolderIndex != slot) return;
   desk.DestFileList.Refresh();
   desk.DestFolderFiles(slot).Refresh();
-  ShowFolderCount(main, slot);
+  ShowFolderCount(desk, slot);
   QuickThumbsOf(main).DeleteQuickThumbs(desk.DestFileList.Path());
   desk.DestLoadedPath.clear();
 }

@@ -102,13 +102,11 @@ LoadedPaths::PathOf CellPaths(DesktopState& desk) {
 
 }  // namespace
 
-std::string NextDestThumbFile(MainForm& main) {
-  DesktopState& desk = main.desk;
+std::string NextDestThumbFile(DesktopState& desk) {
   return desk.loadedPaths.FirstMissing(desk.DestFileList, CellPaths(desk));
 }
 
-std::vector<std::string> NextDestThumbFiles(MainForm& main, int most) {
-  DesktopState& desk = main.desk;
+std::vector<std::string> NextDestThumbFiles(DesktopState& desk, int most) {
   return desk.loadedPaths.Missing(desk.DestFileList, CellPaths(desk), most);
 }
 
@@ -182,8 +180,7 @@ void ClearDestThumbnails(MainForm& main) {
   TakeFocusOff(desk.DestScrollbar);
 }
 
-void DeleteDestThumbnail(MainForm& main, int index) {
-  DesktopState& desk = main.desk;
+void DeleteDestThumbnail(DesktopState& desk, int index) {
   if (index < 1 || index > desk.DestSlotCount) return;
   // Pictures and texts move up from cell to cell; the controls stay where they are.
   for (int k = index; k < desk.DestSlotCount; ++k) {
@@ -206,7 +203,7 @@ void DeleteDestThumbnail(MainForm& main, int index) {
   if (desk.OpenFolderIndex == 0) return;
   desk.DestFileList.Refresh();
   desk.DestFolderFiles(desk.OpenFolderIndex).Refresh();
-  ShowFolderCount(main, desk.OpenFolderIndex);
+  ShowFolderCount(desk, desk.OpenFolderIndex);
 }
 
 void DestScrollbar_Change(MainForm& main) {

@@ -10,14 +10,14 @@ struct DesktopState;
 struct MainForm;
 
 // The full path of the first photo of the open folder's list that has no cell; empty where all have one.
-std::string NextDestThumbFile(MainForm& main);
+std::string NextDestThumbFile(DesktopState& desk);
 // The first `most` of them.
-std::vector<std::string> NextDestThumbFiles(MainForm& main, int most);
+std::vector<std::string> NextDestThumbFiles(DesktopState& desk, int most);
 void AddDestThumbnail(MainForm& main, const std::string& path);
 void ClearDestThumbnails(MainForm& main);
 void Redisplay_DestThumbnails(MainForm& main);
 // The cells behind it move up; 0 does nothing.
-void DeleteDestThumbnail(MainForm& main, int index);
+void DeleteDestThumbnail(DesktopState& desk, int index);
 // A cell's photo has another path now. The only way to set a cell's Tag.
 void SetDestCellPath(DesktopState& desk, int index, const std::string& path);
 void DestScrollbar_Change(MainForm& main);

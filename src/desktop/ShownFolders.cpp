@@ -1,4 +1,5 @@
-// Folders coming onto the Desktop, and leaving it.
+#include "desktop/ShownFolders.h"
+
 #include "base/Routines.h"
 #include "base/ShownNames.h"
 #include "desktop/FolderSlots.h"
@@ -25,17 +26,16 @@ void Warn(MainForm& main, const std::string& title, const std::string& text) {
 }
 
 // Looks no further than the first FoldersShown slots: with a gap in the slots, a folder beyond it is not noticed.
-int SlotShowing(const MainForm& main, const std::string& path) {
-  const DesktopState& desk = main.desk;
+int SlotShowing(const DesktopState& desk, const std::string& path) {
   for (int i = 1; i <= desk.FoldersShown; ++i) {
     if (desk.DestFolderFiles(i).Path() == path && desk.DestFolder(i).Visible()) return i;
   }
   return 0;
 }
 
-int FirstFreeSlot(const MainForm& main) {
+int FirstFreeSlot(const DesktopState& desk) {
   for (int i = 1; i <= FolderSlots; ++i) {
-    if (!main.desk.DestFolder(i).Visible()) return i;
+    if (!desk.DestFolder(i).Visible()) return i;
   }
   return 0;
 }
@@ -52,7 +52,7 @@ void ShowNewest(MainForm& main, int slot, const std::string& path) {
     preview.SetPicture(Picture());
     preview.SetVisible(false);
   }
-  ShowFolderCount(main, slot);
+  ShowFolderCount(desk, slot);
 }
 
 void FillSlot(MainForm& main, int slot, const std::string& path) {
@@ -67,7 +67,7 @@ void FillSlot(MainForm& main, int slot, const std::string& path) {
   desk.DestFolderName(slot).BringToFront();
   desk.DestFolderPreview(slot).BringToFront();
   const bool camera = path == main.strip.CameraLocation;
-  ShowFolderName(main, slot, camera ? " Camera Photos " : " " + ShownFolderName(main.host.files, path) + " ");
+  ShowFolderName(desk, slot, camera ? " Camera Photos " : " " + ShownFolderName(main.host.files, path) + " ");
   desk.DestFolderName(slot).SetToolTipText(main.host.files.ShownPath(path));
   desk.DestFolder(slot).SetVisible(true);
   desk.DestPicsCount(slot).SetVisible(true);
@@ -87,7 +87,7 @@ int Display_a_New_Folder(MainForm& main, const std::string& path) {
              "It may have been located on a removeable media such\nas a CD-ROM or your digital camera.");
     return 0;
   }
-  if (const int shown = SlotShowing(main, path)) {
+  if (const int shown = SlotShowing(desk, path)) {
     main.host.dialogs.MsgBox(files.ShownPath(path) + "\n\nDestination Folder is already Shown.", BoxIcon::Information,
                              BoxButtons::Ok, "Show a Folder - " + ShownFolderName(files, path));
     return shown;
@@ -97,7 +97,7 @@ int Display_a_New_Folder(MainForm& main, const std::string& path) {
          "You already have ALL 8 folders on your desktop.\nPlease close one before trying again.");
     return 0;
   }
-  const int slot = FirstFreeSlot(main);
+  const int slot = FirstFreeSlot(desk);
   if (ErrorsIgnored([&] { FillSlot(main, slot, path); }) != error::None) {
     Warn(main, std::string(ApplicationTitle) + " - Cannot Display Folder",
          "?? Folder not found\n\n" + files.ShownPath(path));
@@ -124,7 +124,7 @@ void Remove_Open_Folder(MainForm& main) {
   --desk.FoldersShown;
   Select_a_Folder(main, 0);
   for (int i = FolderSlots; i >= 1; --i) {
-    if (IsSlotInUse(main, i)) {
+    if (IsSlotInUse(desk, i)) {
       Select_a_Folder(main, i);
       return;
     }

@@ -3,6 +3,7 @@
 #include "base/Routines.h"
 #include "desktop/FolderSlots.h"
 #include "desktop/OpenFolder.h"
+#include "desktop/ShownFolders.h"
 #include "drop/Duplicates.h"
 #include "drop/FileTransfer.h"
 #include "drop/Naming.h"
@@ -60,7 +61,7 @@ class WhileDropping {
 
 bool StillStands(const MainForm& main, const Drop& drop) {
   return !main.host.toolkit.Ended() && drop.Source && drop.Source->Tag() == drop.Photo &&
-         IsSlotInUse(main, drop.Slot) && main.desk.DestFolderFiles(drop.Slot).Path() == drop.Folder;
+         IsSlotInUse(main.desk, drop.Slot) && main.desk.DestFolderFiles(drop.Slot).Path() == drop.Folder;
 }
 
 void TakeVanishedFolderOff(MainForm& main, const Drop& drop, int openBefore) {
@@ -134,7 +135,7 @@ void TellOfArrival(MainForm& main, const Drop& drop, const std::string& destinat
   RefreshLists(desk, drop.Slot);
   ErrorsIgnored([&] { SettleDuplicate(main, drop, destination); });
   if (!StillStands(main, drop)) return;
-  ErrorsIgnored([&] { ShowFolderCount(main, drop.Slot); });
+  ErrorsIgnored([&] { ShowFolderCount(main.desk, drop.Slot); });
   if (drop.Slot == desk.OpenFolderIndex) ErrorsIgnored([&] { ShowEndOfView(desk); });
   ErrorsIgnored([&] { MarkDragged(main, *drop.Source.Get()); });
   if (!drop.Source) return;
@@ -155,7 +156,7 @@ class Run {
 
   bool GoesOn() const {
     return !main_.drop.DropAllAbort && !main_.host.toolkit.Ended() && first_ &&
-           main_.strip.SrcFileList.Path() == strip_ && IsSlotInUse(main_, slot_) &&
+           main_.strip.SrcFileList.Path() == strip_ && IsSlotInUse(main_.desk, slot_) &&
            main_.desk.DestFolderFiles(slot_).Path() == folder_;
   }
 
@@ -206,7 +207,7 @@ void DropOnFolder(MainForm& main, int slot, Control& source) {
 }
 
 void CopyDraggedPhoto(MainForm& main, int slot, ImageBox& source) {
-  if (!IsSlotInUse(main, slot) || source.Tag().empty()) return;
+  if (!IsSlotInUse(main.desk, slot) || source.Tag().empty()) return;
   const Drop drop{slot, main.desk.DestFolderFiles(slot).Path(), source.Tag(), Watch<ImageBox>(source)};
   const std::string name = FileNameOf(drop.Photo);
   const int openBefore = main.desk.OpenFolderIndex;

@@ -102,7 +102,7 @@ void ResolveDuplicate(MainForm& main, const std::string& equalFile, const std::s
       if (desk.DestThumbnail(i).Tag() != goes) continue;
       // Blank first, so that no stale picture stands while the folder is read again.
       desk.DestThumbnail(i).SetPicture(main.pictures.InvalidPicture);
-      DeleteDestThumbnail(main, i);
+      DeleteDestThumbnail(desk, i);
       break;
     }
   }

@@ -20,11 +20,11 @@ void SrcFileList_PathChange(MainForm& main) {
   strip.SrcPicsTotal.SetCaption(TrimmedStr(strip.SrcFileList.ListCount()) + " Total");
 }
 
-void ShowNoFilmStrip(MainForm& main) {
-  main.strip.SrcFolderPath.SetCaption("Select a Film Strip");
-  main.strip.SrcFolderPath.SetToolTipText("");
-  main.strip.SrcPicsCount.SetCaption("");
-  main.strip.SrcPicsTotal.SetCaption("");
+void ShowNoFilmStrip(FilmStripState& strip) {
+  strip.SrcFolderPath.SetCaption("Select a Film Strip");
+  strip.SrcFolderPath.SetToolTipText("");
+  strip.SrcPicsCount.SetCaption("");
+  strip.SrcPicsTotal.SetCaption("");
 }
 
 void SetSrcSlotPath(FilmStripState& strip, int slot, const std::string& path) {

@@ -11,7 +11,7 @@ struct MainForm;
 // The captions of the folder; the slots follow by the background loading.
 void SrcFileList_PathChange(MainForm& main);
 // No film strip is chosen: the captions say so.
-void ShowNoFilmStrip(MainForm& main);
+void ShowNoFilmStrip(FilmStripState& strip);
 // Makes the next slot, for the photo at the full path.
 void AddSrcSlot(MainForm& main, const std::string& path);
 

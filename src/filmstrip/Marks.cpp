@@ -21,10 +21,10 @@ void MarkDragged(MainForm& main, ImageBox& thumbnail) {
   if (strip.RemainingOption.Value()) ArrangeRemaining(main);
 }
 
-int CheckDraggedPhotos(MainForm& main) {
+int CheckDraggedPhotos(const FilmStripState& strip) {
   int count = 0;
-  for (int i = 1; i <= main.strip.SrcSlotCount; ++i) {
-    if (!main.strip.SrcThumbName(i).Tag().empty()) ++count;
+  for (int i = 1; i <= strip.SrcSlotCount; ++i) {
+    if (!strip.SrcThumbName(i).Tag().empty()) ++count;
   }
   return count;
 }

@@ -6,12 +6,13 @@
 namespace pixorra {
 
 class ImageBox;
+struct FilmStripState;
 struct MainForm;
 
 // Marks the slot that the thumbnail belongs to.
 void MarkDragged(MainForm& main, ImageBox& thumbnail);
 // How many slots are marked.
-int CheckDraggedPhotos(MainForm& main);
+int CheckDraggedPhotos(const FilmStripState& strip);
 // A double click on a slot marks it, or recovers it.
 void SrcBackground_DblClick(MainForm& main, int slot);
 // The tool tip tells which of the two a double click would do.

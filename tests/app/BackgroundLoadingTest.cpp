@@ -137,11 +137,11 @@ TEST_F(BackgroundLoadingTest, AFileRemovedInMidLoadStopsTheLoadByTheCounts) {
   run.main.strip.SrcFileList.Refresh();
   run.Wait(1);
   EXPECT_EQ(run.main.strip.SrcSlotCount, 3) << "as many slots as files, and one photo is still missing";
-  EXPECT_EQ(NextSrcPhoto(run.main), PathOf(NumberedName(4)));
+  EXPECT_EQ(NextSrcPhoto(run.main.strip), PathOf(NumberedName(4)));
 }
 
 TEST_F(BackgroundLoadingTest, TheNextPhotoOfAnEmptyListIsNone) {
-  EXPECT_EQ(NextSrcPhoto(StartedOnStrip().main), "");
+  EXPECT_EQ(NextSrcPhoto(StartedOnStrip().main.strip), "");
 }
 
 TEST_F(BackgroundLoadingTest, AFolderPathThatEndsInABackslashGetsNoSecondOne) {

@@ -2,8 +2,8 @@
 #include <gtest/gtest.h>
 
 #include "app/INIfile.h"
-#include "desktop/FolderSlots.h"
 #include "desktop/OpenFolder.h"
+#include "desktop/ShownFolders.h"
 #include "tests/support/headless/ProgramTest.h"
 #include "window/CoreState.h"
 #include "window/DesktopState.h"

@@ -5,9 +5,9 @@
 #include <string>
 #include <vector>
 
-#include "desktop/FolderSlots.h"
 #include "desktop/OpenFolder.h"
 #include "desktop/OpenFolderView.h"
+#include "desktop/ShownFolders.h"
 #include "tests/support/TestPictures.h"
 #include "tests/support/headless/ProgramTest.h"
 #include "window/DesktopState.h"

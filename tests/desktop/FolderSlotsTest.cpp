@@ -4,6 +4,7 @@
 #include "app/Preferences.h"
 #include "base/Palette.h"
 #include "desktop/FolderCommands.h"
+#include "desktop/FolderSlots.h"
 #include "tests/desktop/DesktopTest.h"
 #include "window/DesktopState.h"
 #include "window/FilmStripState.h"
@@ -181,7 +182,7 @@ TEST_F(FolderSlotsTest, ANewFolderStandsInFrontOfTheOthers) {
 
 TEST_F(FolderSlotsTest, TheLayoutShowsThePreviewOfAnEmptyFolderToo) {
   Show(MakePhotos("Empty", 0));
-  ArrangeFolderSlots(main);
+  ArrangeFolderSlots(main.desk);
   EXPECT_TRUE(desk.DestFolderPreview(1).Visible());
   EXPECT_FALSE(desk.DestFolder(2).Visible());
 }

@@ -100,7 +100,7 @@ TEST_F(OpenFolderViewTest, ADeleteInTheMiddleMovesTheLaterThumbnailsUpWithNoFile
   drive.Remove(Folder("A") + "\\p002.bmp");
   desk.DestThumbName(3).SetTag("MARK");
   const int reads = run.files.Count(FileCall::OpenToRead);
-  DeleteDestThumbnail(main, 2);
+  DeleteDestThumbnail(desk, 2);
   EXPECT_EQ(run.files.Count(FileCall::OpenToRead), reads);
   EXPECT_THAT(CellNames(), ElementsAre("p001", "p003", "p004"));
   EXPECT_TRUE(desk.DestThumbnail(2).GetPicture() == third);
@@ -115,31 +115,31 @@ TEST_F(OpenFolderViewTest, ADeleteInTheMiddleMovesTheLaterThumbnailsUpWithNoFile
 TEST_F(OpenFolderViewTest, DeletingTheLastThumbnailLeavesTheFolderEmpty) {
   Open("A", 1);
   drive.Remove(Folder("A") + "\\p001.bmp");
-  DeleteDestThumbnail(main, 1);
+  DeleteDestThumbnail(desk, 1);
   EXPECT_EQ(desk.DestSlotCount, 0);
   EXPECT_EQ(desk.DestPicsCount(1).Caption(), " Empty");
-  DeleteDestThumbnail(main, 1);
-  DeleteDestThumbnail(main, 0);
+  DeleteDestThumbnail(desk, 1);
+  DeleteDestThumbnail(desk, 0);
   EXPECT_EQ(desk.DestSlotCount, 0);
 }
 
 TEST_F(OpenFolderViewTest, AfterADeleteTheNextPhotoIsFoundWhereverItSorts) {
   Open("A", 3);
   drive.Remove(Folder("A") + "\\p001.bmp");
-  DeleteDestThumbnail(main, 1);
-  EXPECT_EQ(NextDestThumbFile(main), "");
+  DeleteDestThumbnail(desk, 1);
+  EXPECT_EQ(NextDestThumbFile(desk), "");
   AddPhoto(Folder("A"), 0);
   AddPhoto(Folder("A"), 9);
   desk.DestFileList.Refresh();
   run.LoadAll();
   EXPECT_THAT(CellNames(), ElementsAre("p002", "p003", "p000", "p009"));
-  EXPECT_EQ(NextDestThumbFile(main), "");
+  EXPECT_EQ(NextDestThumbFile(desk), "");
 }
 
 TEST_F(OpenFolderViewTest, APhotoThatStaysWhenItsCellGoesGetsAnother) {
   Open("A", 3);
-  DeleteDestThumbnail(main, 3);
-  EXPECT_EQ(NextDestThumbFile(main), Folder("A") + "\\p003.bmp");
+  DeleteDestThumbnail(desk, 3);
+  EXPECT_EQ(NextDestThumbFile(desk), Folder("A") + "\\p003.bmp");
   run.LoadAll();
   EXPECT_THAT(CellNames(), ElementsAre("p001", "p002", "p003"));
 }
@@ -272,7 +272,7 @@ TEST_F(OpenFolderViewTest, TheFrameFollowsItsCellWhenTheGridIsArrangedAnew) {
 TEST_F(OpenFolderViewTest, ASelectionWhoseCellHasGoneIsReset) {
   Open("A", 2);
   person.Click(desk.DestThumbnail(2));
-  DeleteDestThumbnail(main, 2);
+  DeleteDestThumbnail(desk, 2);
   Redisplay_DestThumbnails(main);
   EXPECT_FALSE(desk.DestThumbFrame.Visible());
   EXPECT_EQ(main.preview.PicPreview.Tag(), "");

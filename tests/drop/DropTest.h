@@ -6,8 +6,8 @@
 #include <string>
 #include <vector>
 
-#include "desktop/FolderSlots.h"
 #include "desktop/OpenFolder.h"
+#include "desktop/ShownFolders.h"
 #include "drop/DropIntoFolder.h"
 #include "tests/support/TestPictures.h"
 #include "tests/support/headless/ProgramTest.h"

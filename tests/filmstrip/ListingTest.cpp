@@ -179,13 +179,13 @@ TEST_F(ListingTest, ADeadSlotKeepsItsNumberAndItsPhotoIsLookedForAgain) {
 TEST_F(ListingTest, APhotoWhoseSlotTakesAnotherPathIsMissingAtOnce) {
   WriteEmpty(3);
   ProgramRun& run = LoadedStrip();
-  EXPECT_EQ(NextSrcPhoto(run.main), "");
+  EXPECT_EQ(NextSrcPhoto(run.main.strip), "");
   SetSrcSlotPath(run.main.strip, 2, PathOf("renamed.bmp"));
-  EXPECT_EQ(NextSrcPhoto(run.main), PathOf(NumberedName(2)));
+  EXPECT_EQ(NextSrcPhoto(run.main.strip), PathOf(NumberedName(2)));
   SetSrcSlotPath(run.main.strip, 2, PathOf(NumberedName(2)));
-  EXPECT_EQ(NextSrcPhoto(run.main), "");
+  EXPECT_EQ(NextSrcPhoto(run.main.strip), "");
   SetSrcSlotPath(run.main.strip, 1, "");
-  EXPECT_EQ(NextSrcPhoto(run.main), PathOf(NumberedName(1)));
+  EXPECT_EQ(NextSrcPhoto(run.main.strip), PathOf(NumberedName(1)));
 }
 
 TEST_F(ListingTest, MaxStaysWhereItPassesSixteenBitsAndSlotsComeUpAllTheSame) {

@@ -159,10 +159,10 @@ TEST_F(MarksTest, TheFilmsToolTipTellsWhatADoubleClickWouldDo) {
 TEST_F(MarksTest, MarksAreCounted) {
   WriteEmpty(4);
   ProgramRun& run = LoadedStrip();
-  EXPECT_EQ(CheckDraggedPhotos(run.main), 0);
+  EXPECT_EQ(CheckDraggedPhotos(run.main.strip), 0);
   MarkDragged(run.main, run.main.strip.SrcThumbnail(1));
   MarkDragged(run.main, run.main.strip.SrcThumbnail(4));
-  EXPECT_EQ(CheckDraggedPhotos(run.main), 2);
+  EXPECT_EQ(CheckDraggedPhotos(run.main.strip), 2);
 }
 
 }  // namespace

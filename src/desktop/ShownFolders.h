@@ -1,0 +1,16 @@
+// Folders that come onto the Desktop, and leave it.
+#pragma once
+
+#include <string>
+
+namespace pixorra {
+
+struct MainForm;
+
+// Puts a folder on the Desktop and returns its slot; the slot that shows it already, after a message; 0, after a
+// message, where there is no such folder or no free slot.
+int Display_a_New_Folder(MainForm& main, const std::string& path);
+// Takes the open folder off the Desktop. No file is touched.
+void Remove_Open_Folder(MainForm& main);
+
+}  // namespace pixorra
