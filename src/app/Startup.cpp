@@ -31,7 +31,7 @@ void ClearFields(MainForm& main) {
   main.drop.DropAllRunning = false;
   main.drop.DropAllAbort = false;
   main.strip.ThumbsPaused = "False";
-  main.core.PicturePattern = "*.jpeg;*.jpg;*.bmp;*.gif";
+  main.core.PicturePattern = AllPictures;
   main.strip.SrcFileList.SetPattern(main.core.PicturePattern);
   main.desk.DestFileList.SetPattern(main.core.PicturePattern);
   main.desk.DestFolderFiles(0).SetPattern(main.core.PicturePattern);
@@ -57,12 +57,12 @@ void SetGeometry(MainForm& main) {
   desk.DestPageBase = 0;
   for (ScrollBar* bar : {&strip.SrcScrollbar, &desk.DestScrollbar}) {
     bar->SetLargeChange(1);
-    bar->SetMax(50);
+    bar->SetMax(LeastBarMax);
   }
-  strip.SrcCanvas.Move(-97, 0, strip.SrcThumbsWindow.Width(), strip.SrcThumbsWindow.Height());
-  desk.DestCanvas.Move(0, -89, desk.DestThumbsWindow.Width(), desk.DestThumbsWindow.Height());
-  strip.SrcThumbnail(0).Move(0, 0, 80, 60);
-  desk.DestThumbnail(0).Move(0, 0, 80, 60);
+  strip.SrcCanvas.Move(-SrcFrameWidth, 0, strip.SrcThumbsWindow.Width(), strip.SrcThumbsWindow.Height());
+  desk.DestCanvas.Move(0, -CellHeight, desk.DestThumbsWindow.Width(), desk.DestThumbsWindow.Height());
+  strip.SrcThumbnail(0).Move(0, 0, ThumbnailWidth, ThumbnailHeight);
+  desk.DestThumbnail(0).Move(0, 0, ThumbnailWidth, ThumbnailHeight);
   strip.SrcThumbFrame.Move(0, 0, strip.SrcThumbnail(0).Width(), strip.SrcThumbnail(0).Height());
   desk.DestThumbFrame.Move(0, 0, desk.DestThumbnail(0).Width(), desk.DestThumbnail(0).Height());
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/controls/Geometry.h"
+#include "window/ThumbnailGeometry.h"
 
 namespace pixorra {
 
@@ -39,11 +40,8 @@ struct TrashcanPlaces {
 };
 TrashcanPlaces PlacesAtTrashcan(const FolderGrid& grid, int trashcanHeight);
 
-// The open folder's grid: cells of 97 by 89, `columns` in a row, placed relative to a page of 50 rows so that the
-// canvas stays short however many photos there are.
-inline constexpr int CellWidth = 97;
-inline constexpr int CellHeight = 89;
-inline constexpr int RowsPerPage = 50;
+// The open folder's grid: `columns` cells in a row, placed relative to a page of 50 rows so that the canvas stays short
+// however many photos there are.
 
 // Of the background of a cell, from 1, on the canvas; `pageBase` cells lie before the canvas's origin.
 Spot CellPlace(int cell, int pageBase, int columns);
@@ -51,7 +49,6 @@ Spot CellPlace(int cell, int pageBase, int columns);
 int PageBaseFor(int barValue, int columns);
 // The canvas's top for the bar's value: it makes up for the page, so that nothing jumps when it turns.
 double CanvasTopFor(int barValue, int pageBase, int columns);
-inline constexpr int LeastBarMax = 50;
 // The bar's Max for so many cells in a window of that height, before LeastBarMax is minded. Raises error 6 past 16
 // bits.
 int BarMaxFor(int cells, int columns, int windowHeight);

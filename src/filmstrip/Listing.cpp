@@ -70,7 +70,7 @@ void FitSrcCanvas(FilmStripState& strip, int lastSlot, int shown) {
   const double max = (shown * static_cast<double>(SrcFrameWidth) - strip.SrcThumbsWindow.ScaleWidth() + 120) / 2;
   ErrorsIgnored([&] { strip.SrcScrollbar.SetMax(max); });
   ErrorsIgnored([&] {
-    if (strip.SrcScrollbar.Max() < LeastSrcMax) strip.SrcScrollbar.SetMax(LeastSrcMax);
+    if (strip.SrcScrollbar.Max() < LeastBarMax) strip.SrcScrollbar.SetMax(LeastBarMax);
   });
   strip.SrcScrollbar.Refresh();
 }

@@ -11,6 +11,8 @@ namespace pixorra {
 
 namespace {
 
+constexpr double PageWidth = SrcFramesPerPage * SrcFrameWidth;
+
 // The bar counts in units of 2 pixels, and slots are placed relative to a page of 50 frames: both keep long strips
 // within 16 bits. The canvas's place makes up for the page exactly, so that nothing jumps when it turns.
 void ScrollStrip(MainForm& main) {
@@ -23,7 +25,7 @@ void ScrollStrip(MainForm& main) {
     strip.SrcPageBase = base;
     Redisplay_FilmStrip(main);
   }
-  strip.SrcCanvas.SetLeft(-2.0 * value + page * 4850.0 - 97);
+  strip.SrcCanvas.SetLeft(-2.0 * value + page * PageWidth - SrcFrameWidth);
 }
 
 }  // namespace

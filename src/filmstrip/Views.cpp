@@ -119,7 +119,7 @@ void ClearFilmStrip(MainForm& main) {
   strip.SrcThumbFrame.SetVisible(false);
   strip.SrcCanvas.Refresh();
   strip.SrcScrollbar.SetLargeChange(1);
-  strip.SrcScrollbar.SetMax(LeastSrcMax);
+  strip.SrcScrollbar.SetMax(LeastBarMax);
   strip.SrcScrollbar.SetEnabled(false);
   strip.SrcScrollbar.SetEnabled(true);
 }

@@ -4,9 +4,11 @@
 
 namespace pixorra {
 
-CoreState::CoreState(Form& window)
-    : CompanyNameLabel(window, "CompanyNameLabel"),
-      SystemResourceStatusTimer(window, "SystemResourceStatusTimer", 300) {
+const int VersionMajor = PIXORRA_VERSION_MAJOR;
+const int VersionMinor = PIXORRA_VERSION_MINOR;
+const int VersionRevision = PIXORRA_VERSION_REVISION;
+
+CoreState::CoreState(Form& window) : window_(window) {
   CompanyNameLabel.SetCaption("Pixorra - Kestrelia Corp");
   CompanyNameLabel.SetForeColor(palette::CompanyText);
   CompanyNameLabel.SetShrinks(true);

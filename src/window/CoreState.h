@@ -10,22 +10,30 @@
 namespace pixorra {
 
 inline constexpr const char* ApplicationTitle = "Pixorra";
-inline constexpr int VersionMajor = 1;
-inline constexpr int VersionMinor = 0;
-inline constexpr int VersionRevision = 0;
+// The version that the build is given; see CMakeLists.txt.
+extern const int VersionMajor;
+extern const int VersionMinor;
+extern const int VersionRevision;
+
+// The files of every type that can be shown.
+inline constexpr const char* AllPictures = "*.jpeg;*.jpg;*.bmp;*.gif";
 
 struct CoreState {
+ private:
+  Form& window_;  // ahead of the controls, which lie on it
+
+ public:
   explicit CoreState(Form& window);
 
-  std::string PicturePattern = "*.jpeg;*.jpg;*.bmp;*.gif";
+  std::string PicturePattern = AllPictures;
   std::string DefaultPrinterName;
   int LayoutCountdown = 1;  // ticks of ThumbsTimer until Window_Layout runs
   // The window's size at the last layout, twips.
   double LastWidth = 0;
   double LastHeight = 0;
 
-  Label CompanyNameLabel;
-  Timer SystemResourceStatusTimer;
+  Label CompanyNameLabel{window_, "CompanyNameLabel"};
+  Timer SystemResourceStatusTimer{window_, "SystemResourceStatusTimer", 300};
 };
 
 }  // namespace pixorra

@@ -5,30 +5,7 @@
 
 namespace pixorra {
 
-DesktopState::DesktopState(Form& window, Host& host)
-    : DestBackShape1(window, "DestBackShape1"),
-      DestBackShape2(window, "DestBackShape2"),
-      DestBackShape3(window, "DestBackShape3"),
-      DestBackShape4(window, "DestBackShape4"),
-      DesktopImage(window, "DesktopImage"),
-      DestFolder(window, "DestFolder"),
-      DestPicsCount(window, "DestPicsCount"),
-      DestFolderName(window, "DestFolderName"),
-      DestFolderPreview(window, "DestFolderPreview"),
-      DestFolderFiles(window, "DestFolderFiles", host.files),
-      ShowFolder(window, "ShowFolder"),
-      HideFolder(window, "HideFolder"),
-      DestFileList(window, "DestFileList", host.files),
-      DestContentsLabel(window, "DestContentsLabel"),
-      DestCountLabel(window, "DestCountLabel"),
-      DestThumbsWindow(window, "DestThumbsWindow"),
-      DestCanvas(DestThumbsWindow, "DestCanvas"),
-      DestBackground(DestCanvas, "DestBackground"),
-      DestThumbnail(DestCanvas, "DestThumbnail"),
-      DestThumbName(DestCanvas, "DestThumbName"),
-      DestThumbFrame(DestCanvas, "DestThumbFrame"),
-      DestScrollbar(window, "DestScrollbar", Orientation::Vertical),
-      FolderRenameBox(window, "FolderRenameBox") {
+DesktopState::DesktopState(Form& window, Host& host) : window_(window), host_(host) {
   DefineDesktop(host);
   DefineView(host);
 }
@@ -61,7 +38,7 @@ void DesktopState::DefineDesktop(Host& host) {
   DestFolderName(0).SetBackColor(palette::ClosedLabelBack);
   DestFolderName(0).SetForeColor(palette::ClosedLabelText);
   DestFolderPreview(0).SetStretch(true);
-  DestFolderPreview(0).Move(0, 0, 80, 60);
+  DestFolderPreview(0).Move(0, 0, ThumbnailWidth, ThumbnailHeight);
   DestFolderPreview(0).SetMousePointer(pointer::Hand);
 
   ShowFolder.SetPicture(Drawing(host, "ShowFolder", 70, 51));
@@ -88,11 +65,11 @@ void DesktopState::DefineView(Host& host) {
   DestCanvas.SetBackColor(palette::Page);
   Place(DestScrollbar, 11160, 3075, 255, 5220);
 
-  DestBackground(0).SetPicture(Drawing(host, "DestBackground", 97, 89));
+  DestBackground(0).SetPicture(Drawing(host, "DestBackground", CellWidth, CellHeight));
   DestThumbnail(0).SetStretch(true);
-  DestThumbnail(0).Move(0, 0, 80, 60);
+  DestThumbnail(0).Move(0, 0, ThumbnailWidth, ThumbnailHeight);
   DestThumbnail(0).SetMousePointer(pointer::Hand);
-  DestThumbName(0).Move(0, 0, 80, 14);
+  DestThumbName(0).Move(0, 0, ThumbnailWidth, ThumbNameHeight);
   DestThumbName(0).SetForeColor(palette::PageText);
   DestThumbName(0).SetAlignment(Alignment::Center);
   DestThumbName(0).SetShortensInMiddle(true);

@@ -3,6 +3,7 @@
 
 #include <string>
 
+#include "base/Host.h"
 #include "base/LoadedPaths.h"
 #include "platform/controls/ControlArray.h"
 #include "platform/controls/FileListBox.h"
@@ -13,15 +14,19 @@
 #include "platform/controls/ScrollBar.h"
 #include "platform/controls/Shape.h"
 #include "platform/controls/TextBox.h"
+#include "window/ThumbnailGeometry.h"
 
 namespace pixorra {
-
-struct Host;
 
 inline constexpr int FolderSlots = 8;
 inline constexpr int TrashcanSlot = 9;
 
 struct DesktopState {
+ private:
+  Form& window_;  // ahead of the controls, which lie on it
+  Host& host_;
+
+ public:
   DesktopState(Form& window, Host& host);
 
   // --- counters ----------------------------------------------------------------------------------------------------
@@ -41,31 +46,31 @@ struct DesktopState {
   Picture TrashcanOpen;
 
   // --- controls, back to front -------------------------------------------------------------------------------------
-  Shape DestBackShape1;  // frame the Desktop
-  Shape DestBackShape2;
-  Shape DestBackShape3;
-  Shape DestBackShape4;
-  ImageBox DesktopImage;
+  Shape DestBackShape1{window_, "DestBackShape1"};  // frame the Desktop
+  Shape DestBackShape2{window_, "DestBackShape2"};
+  Shape DestBackShape3{window_, "DestBackShape3"};
+  Shape DestBackShape4{window_, "DestBackShape4"};
+  ImageBox DesktopImage{window_, "DesktopImage"};
   // A folder slot is one index in these five; the Trashcan, slot 9, has no preview.
-  ControlArray<ImageBox> DestFolder;
-  ControlArray<Label> DestPicsCount;
-  ControlArray<Label> DestFolderName;
-  ControlArray<ImageBox> DestFolderPreview;
-  ControlArray<FileListBox> DestFolderFiles;
-  ImageBox ShowFolder;
-  ImageBox HideFolder;
-  FileListBox DestFileList;  // the open folder's photos
-  Label DestContentsLabel;
-  Label DestCountLabel;
-  PictureBox DestThumbsWindow;
-  PictureBox DestCanvas;
+  ControlArray<ImageBox> DestFolder{window_, "DestFolder"};
+  ControlArray<Label> DestPicsCount{window_, "DestPicsCount"};
+  ControlArray<Label> DestFolderName{window_, "DestFolderName"};
+  ControlArray<ImageBox> DestFolderPreview{window_, "DestFolderPreview"};
+  ControlArray<FileListBox> DestFolderFiles{window_, "DestFolderFiles", host_.files};
+  ImageBox ShowFolder{window_, "ShowFolder"};
+  ImageBox HideFolder{window_, "HideFolder"};
+  FileListBox DestFileList{window_, "DestFileList", host_.files};  // the open folder's photos
+  Label DestContentsLabel{window_, "DestContentsLabel"};
+  Label DestCountLabel{window_, "DestCountLabel"};
+  PictureBox DestThumbsWindow{window_, "DestThumbsWindow"};
+  PictureBox DestCanvas{DestThumbsWindow, "DestCanvas"};
   // A cell is one index in these three.
-  ControlArray<ImageBox> DestBackground;
-  ControlArray<ImageBox> DestThumbnail;
-  ControlArray<Label> DestThumbName;
-  Shape DestThumbFrame;
-  ScrollBar DestScrollbar;
-  TextBox FolderRenameBox;  // its Tag holds the slot being renamed
+  ControlArray<ImageBox> DestBackground{DestCanvas, "DestBackground"};
+  ControlArray<ImageBox> DestThumbnail{DestCanvas, "DestThumbnail"};
+  ControlArray<Label> DestThumbName{DestCanvas, "DestThumbName"};
+  Shape DestThumbFrame{DestCanvas, "DestThumbFrame"};
+  ScrollBar DestScrollbar{window_, "DestScrollbar", Orientation::Vertical};
+  TextBox FolderRenameBox{window_, "FolderRenameBox"};  // its Tag holds the slot being renamed
 
  private:
   void DefineDesktop(Host& host);

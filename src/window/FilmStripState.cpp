@@ -5,33 +5,7 @@
 
 namespace pixorra {
 
-FilmStripState::FilmStripState(Form& window, Host& host)
-    : SrcFileList(window, "SrcFileList", host.files),
-      SrcBackShape(window, "SrcBackShape"),
-      SrcPicsTotal(window, "SrcPicsTotal"),
-      SrcFolderPath(window, "SrcFolderPath"),
-      SrcPicsCount(window, "SrcPicsCount"),
-      SrcThumbsWindow(window, "SrcThumbsWindow"),
-      SrcCanvas(SrcThumbsWindow, "SrcCanvas"),
-      SrcBackground(SrcCanvas, "SrcBackground"),
-      SrcThumbnail(SrcCanvas, "SrcThumbnail"),
-      SrcThumbName(SrcCanvas, "SrcThumbName"),
-      SrcThumbFrame(SrcCanvas, "SrcThumbFrame"),
-      SrcScrollbar(window, "SrcScrollbar", Orientation::Horizontal),
-      CameraButton(window, "CameraButton"),
-      BrowseButton(window, "BrowseButton"),
-      SwapButton(window, "SwapButton"),
-      DeleteButton(window, "DeleteButton"),
-      UndoButton(window, "UndoButton"),
-      AllButton(window, "AllButton"),
-      PrintButton(window, "PrintButton"),
-      FilmStripModeFrame(window, "FilmStripModeFrame"),
-      AllOption(FilmStripModeFrame, "AllOption"),
-      RemainingOption(FilmStripModeFrame, "RemainingOption"),
-      AutoScrollOption(FilmStripModeFrame, "AutoScrollOption"),
-      PreviousList(window, "PreviousList"),
-      ThumbsTimer(window, "ThumbsTimer", 20),
-      AutoScrollTimer(window, "AutoScrollTimer", 50) {
+FilmStripState::FilmStripState(Form& window, Host& host) : window_(window), host_(host) {
   DefineStrip(host);
   DefineButtons(host);
   PreviousList.SetVisible(false);
@@ -51,16 +25,16 @@ void FilmStripState::DefineStrip(Host& host) {
   SrcThumbsWindow.SetBackColor(palette::Film);
   SrcCanvas.SetBackColor(palette::Film);
   for (PictureBox* box : {&SrcThumbsWindow, &SrcCanvas})
-    box->SetRowPicture(Drawing(host, "FilmLeader", SrcFrameWidth, 105));
+    box->SetRowPicture(Drawing(host, "FilmLeader", SrcFrameWidth, SrcFrameHeight));
   Place(SrcScrollbar, 4080, 1860, 7335, 255);
 
-  SrcBackground(0).SetPicture(Drawing(host, "SrcBackground", SrcFrameWidth, 105));
+  SrcBackground(0).SetPicture(Drawing(host, "SrcBackground", SrcFrameWidth, SrcFrameHeight));
   SrcThumbnail(0).SetStretch(true);
-  SrcThumbnail(0).Move(0, 0, 80, 60);
+  SrcThumbnail(0).Move(0, 0, ThumbnailWidth, ThumbnailHeight);
   SrcThumbnail(0).SetToolTipText("Drag Photo into a folder");
   SrcThumbnail(0).SetAutomaticDrag(true);
   SrcThumbnail(0).SetMousePointer(pointer::Hand);
-  SrcThumbName(0).Move(0, 0, 80, 14);
+  SrcThumbName(0).Move(0, 0, ThumbnailWidth, ThumbNameHeight);
   SrcThumbName(0).SetForeColor(palette::FilmText);
   SrcThumbName(0).SetAlignment(Alignment::Center);
   SrcThumbName(0).SetShortensInMiddle(true);

@@ -3,6 +3,7 @@
 
 #include <string>
 
+#include "base/Host.h"
 #include "base/LoadedPaths.h"
 #include "platform/controls/Buttons.h"
 #include "platform/controls/ControlArray.h"
@@ -15,18 +16,16 @@
 #include "platform/controls/ScrollBar.h"
 #include "platform/controls/Shape.h"
 #include "platform/controls/Timer.h"
+#include "window/ThumbnailGeometry.h"
 
 namespace pixorra {
 
-struct Host;
-
-// A film frame's width, and how many frames make a page of the strip.
-inline constexpr int SrcFrameWidth = 97;
-inline constexpr int SrcFramesPerPage = 50;
-// The bar's Max at least, in its units of 2 pixels.
-inline constexpr int LeastSrcMax = 50;
-
 struct FilmStripState {
+ private:
+  Form& window_;  // ahead of the controls, which lie on it
+  Host& host_;
+
+ public:
   FilmStripState(Form& window, Host& host);
 
   // --- counters and choices --------------------------------------------------------------------------------------
@@ -42,33 +41,33 @@ struct FilmStripState {
   LoadedPaths loadedPaths;
 
   // --- controls, back to front -------------------------------------------------------------------------------------
-  FileListBox SrcFileList;
-  Shape SrcBackShape;  // the band behind the strip
-  Label SrcPicsTotal;
-  Label SrcFolderPath;
-  Label SrcPicsCount;
-  PictureBox SrcThumbsWindow;  // clips the strip
-  PictureBox SrcCanvas;        // carries the slots; moved to scroll
+  FileListBox SrcFileList{window_, "SrcFileList", host_.files};
+  Shape SrcBackShape{window_, "SrcBackShape"};  // the band behind the strip
+  Label SrcPicsTotal{window_, "SrcPicsTotal"};
+  Label SrcFolderPath{window_, "SrcFolderPath"};
+  Label SrcPicsCount{window_, "SrcPicsCount"};
+  PictureBox SrcThumbsWindow{window_, "SrcThumbsWindow"};  // clips the strip
+  PictureBox SrcCanvas{SrcThumbsWindow, "SrcCanvas"};      // carries the slots; moved to scroll
   // A slot is one index in these three.
-  ControlArray<ImageBox> SrcBackground;
-  ControlArray<ImageBox> SrcThumbnail;
-  ControlArray<Label> SrcThumbName;
-  Shape SrcThumbFrame;  // around the selected thumbnail; its Tag holds the slot number
-  ScrollBar SrcScrollbar;
-  ImageBox CameraButton;
-  ImageBox BrowseButton;
-  ImageBox SwapButton;
-  ImageBox DeleteButton;
-  ImageBox UndoButton;
-  ImageBox AllButton;
-  ImageBox PrintButton;
-  Frame FilmStripModeFrame;
-  OptionButton AllOption;
-  OptionButton RemainingOption;
-  OptionButton AutoScrollOption;
-  ComboBox PreviousList;  // hidden; the folders last used, most recent first
-  Timer ThumbsTimer;
-  Timer AutoScrollTimer;
+  ControlArray<ImageBox> SrcBackground{SrcCanvas, "SrcBackground"};
+  ControlArray<ImageBox> SrcThumbnail{SrcCanvas, "SrcThumbnail"};
+  ControlArray<Label> SrcThumbName{SrcCanvas, "SrcThumbName"};
+  Shape SrcThumbFrame{SrcCanvas, "SrcThumbFrame"};  // around the selected thumbnail; its Tag holds the slot number
+  ScrollBar SrcScrollbar{window_, "SrcScrollbar", Orientation::Horizontal};
+  ImageBox CameraButton{window_, "CameraButton"};
+  ImageBox BrowseButton{window_, "BrowseButton"};
+  ImageBox SwapButton{window_, "SwapButton"};
+  ImageBox DeleteButton{window_, "DeleteButton"};
+  ImageBox UndoButton{window_, "UndoButton"};
+  ImageBox AllButton{window_, "AllButton"};
+  ImageBox PrintButton{window_, "PrintButton"};
+  Frame FilmStripModeFrame{window_, "FilmStripModeFrame"};
+  OptionButton AllOption{FilmStripModeFrame, "AllOption"};
+  OptionButton RemainingOption{FilmStripModeFrame, "RemainingOption"};
+  OptionButton AutoScrollOption{FilmStripModeFrame, "AutoScrollOption"};
+  ComboBox PreviousList{window_, "PreviousList"};  // hidden; the folders last used, most recent first
+  Timer ThumbsTimer{window_, "ThumbsTimer", 20};
+  Timer AutoScrollTimer{window_, "AutoScrollTimer", 50};
 
  private:
   void DefineStrip(Host& host);

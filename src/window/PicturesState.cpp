@@ -2,13 +2,13 @@
 
 #include "base/Definition.h"
 #include "base/Host.h"
+#include "window/ThumbnailGeometry.h"
 
 namespace pixorra {
 
 PicturesState::PicturesState(Form& window, Host& host)
-    : TempImage(window, "TempImage"),
-      TempPic(window, "TempPic"),
-      InvalidPicture(Drawing(host, "InvalidPicture", 80, 60)),
+    : window_(window),
+      InvalidPicture(Drawing(host, "InvalidPicture", ThumbnailWidth, ThumbnailHeight)),
       jpegBridge{host.jpeg, host.files, host.dialogs} {}
 
 }  // namespace pixorra

@@ -16,11 +16,15 @@ namespace pixorra {
 struct Host;
 
 struct PicturesState {
+ private:
+  Form& window_;  // ahead of the controls, which lie on it
+
+ public:
   PicturesState(Form& window, Host& host);
 
   // Scratch elements: a routine makes its own at the highest index plus 1, and gives it back.
-  ControlArray<ImageBox> TempImage;
-  ControlArray<PictureBox> TempPic;
+  ControlArray<ImageBox> TempImage{window_, "TempImage"};
+  ControlArray<PictureBox> TempPic{window_, "TempPic"};
   Picture InvalidPicture;  // in place of a photo that cannot be shown
 
   int lDecodeScale = 4;  // the JPEG reduction for the next fast decode: 1, 2, 4 or 8

@@ -21,30 +21,7 @@ void PlaceRow(Button& button, const char* caption, int row) {
 
 }  // namespace
 
-PreferencesForm::PreferencesForm(Toolkit& toolkit)
-    : Window(toolkit, "PreferencesForm"),
-      RenameFrame(Window, "RenameFrame"),
-      RenameAlwaysOption(RenameFrame, "RenameAlwaysOption"),
-      RenameExistsOption(RenameFrame, "RenameExistsOption"),
-      RenameAskOption(RenameFrame, "RenameAskOption"),
-      DuplicateFrame(Window, "DuplicateFrame"),
-      DuplicatesAutoOption(DuplicateFrame, "DuplicatesAutoOption"),
-      DuplicatesAskOption(DuplicateFrame, "DuplicatesAskOption"),
-      DuplicatesAllowOption(DuplicateFrame, "DuplicatesAllowOption"),
-      ExitFrame(Window, "ExitFrame"),
-      RememberFilmStripCheckbox(ExitFrame, "RememberFilmStripCheckbox"),
-      RememberFoldersCheckbox(ExitFrame, "RememberFoldersCheckbox"),
-      EmptyTrashcanCheckbox(ExitFrame, "EmptyTrashcanCheckbox"),
-      MoreFrame(Window, "MoreFrame"),
-      KeepDateCheckBox(MoreFrame, "KeepDateCheckBox"),
-      AutoPreviewCheckBox(MoreFrame, "AutoPreviewCheckBox"),
-      AddFolderShortcutCheckbox(MoreFrame, "AddFolderShortcutCheckbox"),
-      TypesFrame(Window, "TypesFrame"),
-      JpegCheckbox(TypesFrame, "JpegCheckbox"),
-      BitmapCheckbox(TypesFrame, "BitmapCheckbox"),
-      GifCheckbox(TypesFrame, "GifCheckbox"),
-      CloseButton(Window, "CloseButton"),
-      HelpButton(Window, "HelpButton") {
+PreferencesForm::PreferencesForm(Toolkit& toolkit) : Window(toolkit, "PreferencesForm") {
   Window.SetCaption(" Pixorra - Preferences");
   const int half = (2 * Wide - 100) / 2;
   PlaceGroup(RenameFrame, "Rename dragged photo", Margin, Margin, half, 3);

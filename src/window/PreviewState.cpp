@@ -5,12 +5,7 @@
 
 namespace pixorra {
 
-PreviewState::PreviewState(Form& window, Host& host)
-    : Logo(Drawing(host, "Logo", 249, 185)),
-      PicPreview(window, "PicPreview"),
-      PicPreviewSize(window, "PicPreviewSize"),
-      AutoPicPreviewTimer(window, "AutoPicPreviewTimer", 1000),
-      PicPreviewSizeAutoClrTimer(window, "PicPreviewSizeAutoClrTimer", 2000) {
+PreviewState::PreviewState(Form& window, Host& host) : window_(window), Logo(Drawing(host, "Logo", 249, 185)) {
   PicPreview.SetStretch(true);
   Place(PicPreview, 120, 0, 3735, 2775);
   Place(PicPreviewSize, 1440, 2520, 1125, 195);

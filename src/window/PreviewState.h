@@ -13,6 +13,10 @@ namespace pixorra {
 struct Host;
 
 struct PreviewState {
+ private:
+  Form& window_;  // ahead of the controls, which lie on it
+
+ public:
   PreviewState(Form& window, Host& host);
 
   bool bPicEdited = false;  // an outside editor has been started since the last click
@@ -20,10 +24,10 @@ struct PreviewState {
   bool bPreviewNoButtons = false;
 
   Picture Logo;
-  ImageBox PicPreview;   // its Tag is the selected photo's path
-  Label PicPreviewSize;  // its caption, shown for a while
-  Timer AutoPicPreviewTimer;
-  Timer PicPreviewSizeAutoClrTimer;
+  ImageBox PicPreview{window_, "PicPreview"};       // its Tag is the selected photo's path
+  Label PicPreviewSize{window_, "PicPreviewSize"};  // its caption, shown for a while
+  Timer AutoPicPreviewTimer{window_, "AutoPicPreviewTimer", 1000};
+  Timer PicPreviewSizeAutoClrTimer{window_, "PicPreviewSizeAutoClrTimer", 2000};
 };
 
 }  // namespace pixorra
