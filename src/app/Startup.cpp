@@ -124,16 +124,16 @@ void Form_Load(MainForm& main) {
 
 void ConnectEvents(MainForm& main) {
   Events& window = main.Window.On();
-  window.Load = [&main](Control&) { Form_Load(main); };
-  window.Resize = [&main](Control&) { Form_Resize(main); };
-  window.QueryUnload = [&main](Control&) { Form_QueryUnload(main); };
-  window.Unload = [&main](Control&) { Form_Unload(main); };
-  window.KeyPress = [&main](Control&, int& code) {
+  Connect(window.Load, [&main](Control&) { Form_Load(main); });
+  Connect(window.Resize, [&main](Control&) { Form_Resize(main); });
+  Connect(window.QueryUnload, [&main](Control&) { Form_QueryUnload(main); });
+  Connect(window.Unload, [&main](Control&) { Form_Unload(main); });
+  Connect(window.KeyPress, [&main](Control&, int& code) {
     if (code == key::Escape) main.drop.DropAllAbort = true;
-  };
-  main.menu.ExitMenuItem.On().Click = [&main](Control&) { main.Window.Unload(); };
-  main.menu.PreferenceMenuItem.On().Click = [&main](Control&) { PreferenceMenuItem_Click(main); };
-  main.preferences.CloseButton.On().Click = [&main](Control&) { main.preferences.Window.Hide(); };
+  });
+  Connect(main.menu.ExitMenuItem, [&main] { main.Window.Unload(); });
+  Connect(main.menu.PreferenceMenuItem, [&main] { PreferenceMenuItem_Click(main); });
+  Connect(main.preferences.CloseButton.On().Click, [&main](Control&) { main.preferences.Window.Hide(); });
   ConnectFilmStrip(main);
   ConnectPreview(main);
   ConnectDesktop(main);

@@ -12,34 +12,35 @@ namespace pixorra {
 
 namespace {
 
-// The slot that a control stands for in a drop; 0: none.
+// The slot that a control is a target of drops for; 0: none.
 using SlotOf = std::function<int(const Control&)>;
 
-void ConnectTarget(MainForm& main, Events& on, const SlotOf& slotOf) {
-  on.DragOver = [&main, slotOf](Control& target, Control& source, double, double, int state) {
-    if (slotOf(target) != 0) DragOverFolder(main, source, state);
-  };
-  on.DragDrop = [&main, slotOf](Control& target, Control& source, double, double) {
+// What a drop on it does first, with the slot.
+using BeforeDrop = std::function<void(int)>;
+
+void ConnectTarget(MainForm& main, Events& on, const SlotOf& slotOf, const BeforeDrop& beforeDrop = {}) {
+  Connect(on.DragOver, [&main, slotOf](Control& target, const DragArgs& drag) {
+    if (slotOf(target) != 0) DragOverFolder(main, drag.Source, drag.State);
+  });
+  Connect(on.DragDrop, [&main, slotOf, beforeDrop](Control& target, const DragArgs& drag) {
     const int slot = slotOf(target);
-    if (slot != 0) DropOnFolder(main, slot, source);
-  };
+    if (slot == 0) return;
+    if (beforeDrop) beforeDrop(slot);
+    DropOnFolder(main, slot, drag.Source);
+  });
 }
 
 void ConnectFolderTargets(MainForm& main) {
   DesktopState& desk = main.desk;
   ConnectTarget(main, desk.DestFolderPreview.On(), [](const Control& preview) { return preview.Index(); });
-  // A folder that shows its preview is no target beside it.
+  // A folder that shows its preview is no target beside it; one that does not shows it from its first photo on.
   const SlotOf slotOfIcon = [&desk](const Control& icon) {
     const int slot = icon.Index();
     return slot == TrashcanSlot || !desk.DestFolderPreview(slot).Visible() ? slot : 0;
   };
-  ConnectTarget(main, desk.DestFolder.On(), slotOfIcon);
-  desk.DestFolder.On().DragDrop = [&main, slotOfIcon](Control& target, Control& source, double, double) {
-    const int slot = slotOfIcon(target);
-    if (slot == 0) return;
-    if (slot != TrashcanSlot) main.desk.DestFolderPreview(slot).SetVisible(true);
-    DropOnFolder(main, slot, source);
-  };
+  ConnectTarget(main, desk.DestFolder.On(), slotOfIcon, [&desk](int slot) {
+    if (slot != TrashcanSlot) desk.DestFolderPreview(slot).SetVisible(true);
+  });
 }
 
 void ConnectViewTargets(MainForm& main) {
@@ -52,14 +53,13 @@ void ConnectViewTargets(MainForm& main) {
 
 void ConnectSources(MainForm& main) {
   FilmStripState& strip = main.strip;
-  strip.SrcThumbnail.On().DragOver = [&main](Control& target, Control& source, double, double, int state) {
-    SrcThumbnail_DragOver(main, target.Index(), source, state);
-  };
-  strip.SrcThumbnail.On().DragDrop = [&main](Control&, Control&, double, double) { SrcThumbnail_DragDrop(main); };
-  strip.AllButton.On().DragOver = [&main](Control&, Control& source, double, double, int state) {
-    AllButton_DragOver(main, source, state);
-  };
-  strip.AllButton.On().MouseMove = [&main](Control&, const MouseArgs&) { AllButton_MouseMove(main); };
+  Connect(strip.SrcThumbnail.On().DragOver, [&main](Control& target, const DragArgs& drag) {
+    SrcThumbnail_DragOver(main, target.Index(), drag.Source, drag.State);
+  });
+  Connect(strip.SrcThumbnail.On().DragDrop, [&main](Control&, const DragArgs&) { SrcThumbnail_DragDrop(main); });
+  Connect(strip.AllButton.On().DragOver,
+          [&main](Control&, const DragArgs& drag) { AllButton_DragOver(main, drag.Source, drag.State); });
+  Connect(strip.AllButton.On().MouseMove, [&main](Control&, const MouseArgs&) { AllButton_MouseMove(main); });
 }
 
 }  // namespace

@@ -13,31 +13,31 @@ namespace {
 
 // A picture button looks pressed from a left press until it is let go.
 void ConnectPressedLook(ImageBox& box) {
-  box.On().MouseDown = [](Control& control, const MouseArgs& mouse) {
+  Connect(box.On().MouseDown, [](Control& control, const MouseArgs& mouse) {
     if (mouse.Button == button::Left) static_cast<ImageBox&>(control).SetBorderStyle(1);
-  };
-  box.On().MouseUp = [](Control& control, const MouseArgs&) { static_cast<ImageBox&>(control).SetBorderStyle(0); };
+  });
+  Connect(box.On().MouseUp,
+          [](Control& control, const MouseArgs&) { static_cast<ImageBox&>(control).SetBorderStyle(0); });
 }
 
 }  // namespace
 
 void ConnectFilmStrip(MainForm& main) {
   FilmStripState& strip = main.strip;
-  strip.SrcFileList.On().PathChange = [&main](Control&) { SrcFileList_PathChange(main); };
-  strip.ThumbsTimer.On().Timer = [&main](Control&) { ThumbsTimer_Timer(main); };
-  strip.AutoScrollTimer.On().Timer = [&main](Control&) { AutoScrollStep(main); };
-  strip.SrcScrollbar.On().Change = [&main](Control&) { SrcScrollbar_Change(main); };
-  strip.SrcScrollbar.On().Scroll = [&main](Control&) { SrcScrollbar_Scroll(main); };
+  Connect(strip.SrcFileList.On().PathChange, [&main](Control&) { SrcFileList_PathChange(main); });
+  Connect(strip.ThumbsTimer.On().Timer, [&main](Control&) { ThumbsTimer_Timer(main); });
+  Connect(strip.AutoScrollTimer.On().Timer, [&main](Control&) { AutoScrollStep(main); });
+  Connect(strip.SrcScrollbar.On().Change, [&main](Control&) { SrcScrollbar_Change(main); });
+  Connect(strip.SrcScrollbar.On().Scroll, [&main](Control&) { SrcScrollbar_Scroll(main); });
   // The arrow keys are the selection's, not the bar's.
-  strip.SrcScrollbar.On().KeyDown = [](Control&, int& code, int) { code = 0; };
-  strip.AllOption.On().Click = [&main](Control&) { AllOption_Click(main); };
-  strip.RemainingOption.On().Click = [&main](Control&) { RemainingOption_Click(main); };
-  strip.AutoScrollOption.On().Click = [&main](Control&) { AutoScrollOption_Click(main); };
-  strip.SrcBackground.On().DblClick = [&main](Control& slot) { SrcBackground_DblClick(main, slot.Index()); };
-  strip.SrcThumbName.On().DblClick = [&main](Control& slot) { SrcBackground_DblClick(main, slot.Index()); };
-  strip.SrcBackground.On().MouseMove = [&main](Control& slot, const MouseArgs&) {
-    SrcBackground_MouseMove(main, slot.Index());
-  };
+  Connect(strip.SrcScrollbar.On().KeyDown, [](Control&, int& code, int) { code = 0; });
+  Connect(strip.AllOption.On().Click, [&main](Control&) { AllOption_Click(main); });
+  Connect(strip.RemainingOption.On().Click, [&main](Control&) { RemainingOption_Click(main); });
+  Connect(strip.AutoScrollOption.On().Click, [&main](Control&) { AutoScrollOption_Click(main); });
+  Connect(strip.SrcBackground.On().DblClick, [&main](Control& slot) { SrcBackground_DblClick(main, slot.Index()); });
+  Connect(strip.SrcThumbName.On().DblClick, [&main](Control& slot) { SrcBackground_DblClick(main, slot.Index()); });
+  Connect(strip.SrcBackground.On().MouseMove,
+          [&main](Control& slot, const MouseArgs&) { SrcBackground_MouseMove(main, slot.Index()); });
   for (ImageBox* box : {&strip.CameraButton, &strip.BrowseButton, &strip.SwapButton, &strip.DeleteButton,
                         &strip.UndoButton, &strip.PrintButton}) {
     ConnectPressedLook(*box);

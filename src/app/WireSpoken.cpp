@@ -23,49 +23,49 @@ std::string Nothing(const Control&) {
 void SpeakStrip(MainForm& main) {
   FilmStripState& strip = main.strip;
   const auto marked = [&strip](const Control& of) { return !strip.SrcThumbName(of.Index()).Tag().empty(); };
-  strip.SrcThumbnail.On().SpokenName = [&main, marked](const Control& photo) {
+  Connect(strip.SrcThumbnail.On().SpokenName, [&main, marked](const Control& photo) {
     const std::string name = NameOfPhoto(main, photo.Tag());
     return name.empty() ? name : name + (marked(photo) ? ", dragged" : ", not dragged");
-  };
-  strip.SrcBackground.On().SpokenName = [&main](const Control& frame) {
+  });
+  Connect(strip.SrcBackground.On().SpokenName, [&main](const Control& frame) {
     const std::string name = NameOfPhoto(main, main.strip.SrcThumbnail(frame.Index()).Tag());
     return name.empty() ? name : "Frame of " + name;
-  };
-  strip.SrcBackground.On().SpokenDescription = [marked](const Control& frame) {
+  });
+  Connect(strip.SrcBackground.On().SpokenDescription, [marked](const Control& frame) {
     return std::string(marked(frame) ? "Double-Click to Recover Photo" : "Double-Click to Discard Photo");
-  };
-  strip.SrcThumbName.On().SpokenName = Nothing;
+  });
+  Connect(strip.SrcThumbName.On().SpokenName, Nothing);
   strip.SrcScrollbar.SetAccessibleName("Film Strip");
 }
 
 void SpeakFolders(MainForm& main) {
   DesktopState& desk = main.desk;
-  desk.DestFolder.On().SpokenName = [&desk](const Control& folder) {
+  Connect(desk.DestFolder.On().SpokenName, [&desk](const Control& folder) {
     const int slot = folder.Index();
     const bool open = slot == desk.OpenFolderIndex;
     return Trim(desk.DestFolderName(slot).Caption()) + ", " + Trim(desk.DestPicsCount(slot).Caption()) +
            (open ? ", open" : ", closed");
-  };
-  desk.DestFolder.On().SpokenDescription = [&desk](const Control& folder) {
-    return desk.DestFolderName(folder.Index()).ToolTipText();
-  };
-  desk.DestFolderPreview.On().SpokenName = [&desk](const Control& preview) {
+  });
+  Connect(desk.DestFolder.On().SpokenDescription,
+          [&desk](const Control& folder) { return desk.DestFolderName(folder.Index()).ToolTipText(); });
+  Connect(desk.DestFolderPreview.On().SpokenName, [&desk](const Control& preview) {
     return "Newest photo in " + Trim(desk.DestFolderName(preview.Index()).Caption());
-  };
-  desk.DestFolderName.On().SpokenName = Nothing;
-  desk.DestPicsCount.On().SpokenName = Nothing;
+  });
+  Connect(desk.DestFolderName.On().SpokenName, Nothing);
+  Connect(desk.DestPicsCount.On().SpokenName, Nothing);
   desk.DesktopImage.SetAccessibleName("Desktop");
-  desk.DesktopImage.On().SpokenDescription = [&desk](const Control&) { return desk.ShowFolder.ToolTipText(); };
+  Connect(desk.DesktopImage.On().SpokenDescription, [&desk](const Control&) { return desk.ShowFolder.ToolTipText(); });
   desk.FolderRenameBox.SetAccessibleName("New name of the folder");
 }
 
 void SpeakPhotos(MainForm& main) {
-  main.desk.DestThumbnail.On().SpokenName = [&main](const Control& photo) { return NameOfPhoto(main, photo.Tag()); };
-  main.desk.DestThumbName.On().SpokenName = Nothing;
+  Connect(main.desk.DestThumbnail.On().SpokenName,
+          [&main](const Control& photo) { return NameOfPhoto(main, photo.Tag()); });
+  Connect(main.desk.DestThumbName.On().SpokenName, Nothing);
   main.desk.DestScrollbar.SetAccessibleName("Open Folder");
-  main.preview.PicPreview.On().SpokenName = [&main](const Control& pane) {
+  Connect(main.preview.PicPreview.On().SpokenName, [&main](const Control& pane) {
     return pane.Tag().empty() ? std::string("Preview, empty") : "Preview of " + NameOfPhoto(main, pane.Tag());
-  };
+  });
 }
 
 }  // namespace

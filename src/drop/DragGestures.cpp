@@ -37,13 +37,13 @@ BoxAnswer AskInDrag(MainForm& main, const std::string& text, BoxIcon icon, BoxBu
 
 }  // namespace
 
-void DragOverFolder(MainForm& main, Control& source, int state) {
-  if (state == drag::Enter) source.SetDragIcon(main.drop.DropIcon);
-  if (state == drag::Leave) source.SetDragIcon(IsAllButton(source) ? main.drop.ReelDragIcon : Picture());
+void DragOverFolder(MainForm& main, Control& source, DragState state) {
+  if (state == DragState::Enter) source.SetDragIcon(main.drop.DropIcon);
+  if (state == DragState::Leave) source.SetDragIcon(IsAllButton(source) ? main.drop.ReelDragIcon : Picture());
 }
 
-void SrcThumbnail_DragOver(MainForm& main, int index, Control& source, int state) {
-  if (source.Name() != "SrcThumbnail" || source.Index() != index || state != drag::Enter) return;
+void SrcThumbnail_DragOver(MainForm& main, int index, Control& source, DragState state) {
+  if (source.Name() != "SrcThumbnail" || source.Index() != index || state != DragState::Enter) return;
   source.SetDragIcon(Picture());
   if (index <= 0) return;
   FilmStripState& strip = main.strip;
@@ -66,10 +66,10 @@ void SrcThumbnail_DragDrop(MainForm& main) {
   main.preview.bPicEdited = false;
 }
 
-void AllButton_DragOver(MainForm& main, Control& source, int state) {
+void AllButton_DragOver(MainForm& main, Control& source, DragState state) {
   if (main.drop.dragQuestionUp) return;
   main.preview.bPicEdited = false;
-  if (!IsAllButton(source) || state == drag::Over) return;
+  if (!IsAllButton(source) || state == DragState::Over) return;
   if (main.drop.DropAllRunning) {
     const BoxAnswer answer = AskInDrag(main, "Do you want to STOP this process?", BoxIcon::Question, BoxButtons::YesNo,
                                        "Dragging ALL remaining Photos");
@@ -83,7 +83,7 @@ void AllButton_DragOver(MainForm& main, Control& source, int state) {
               BoxIcon::Exclamation, BoxButtons::Ok, "WARNING: Can't Drag Film Strip yet.");
     return;
   }
-  source.SetDragIcon(state == drag::Enter ? Picture() : main.drop.ReelDragIcon);
+  source.SetDragIcon(state == DragState::Enter ? Picture() : main.drop.ReelDragIcon);
 }
 
 void AllButton_MouseMove(MainForm& main) {

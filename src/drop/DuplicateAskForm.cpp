@@ -112,13 +112,13 @@ DuplicateAskForm::DuplicateAskForm(Toolkit& toolkit)
   const int buttons = top + PreviewHeight + 22 + Margin;
   PlaceButtons(buttons, width);
   Window.SetClientSize(width, buttons + 28 + Margin);
-  DeleteOriginalButton.On().Click = [this](Control&) { Reply(DeleteOriginal); };
-  DeleteDuplicateButton.On().Click = [this](Control&) { Reply(DeleteTheDuplicate); };
-  IgnoreButton.On().Click = [this](Control&) { Reply(Ignore); };
+  Connect(DeleteOriginalButton.On().Click, [this](Control&) { Reply(DeleteOriginal); });
+  Connect(DeleteDuplicateButton.On().Click, [this](Control&) { Reply(DeleteTheDuplicate); });
+  Connect(IgnoreButton.On().Click, [this](Control&) { Reply(Ignore); });
   // Closing the window decides nothing: both files stay.
-  Window.On().Unload = [this](Control&) {
+  Connect(Window.On().Unload, [this](Control&) {
     if (reply == Waiting) reply = Ignore;
-  };
+  });
 }
 
 void DuplicateAskForm::Reply(std::int16_t answer) {

@@ -118,33 +118,33 @@ void RenameAskForm::PlaceControls() {
 
 // Return takes the name that is being edited.
 void RenameAskForm::ConnectName(TextBox& box, CommandButton& button) {
-  box.On().KeyPress = [this](Control&, int& character) {
+  Connect(box.On().KeyPress, [this](Control&, int& character) {
     if (!IsRefused(character)) return;
     character = 0;
     main_.host.dialogs.Beep();
-  };
-  box.On().GotFocus = [this, &button](Control&) {
+  });
+  Connect(box.On().GotFocus, [this, &button](Control&) {
     AlwaysNameButton.SetDefault(&button == &AlwaysNameButton);
     UniqueNameButton.SetDefault(&button == &UniqueNameButton);
-  };
-  button.On().Click = [this, &box](Control&) {
+  });
+  Connect(button.On().Click, [this, &box](Control&) {
     reply_ = box.Text();
     window_.Hide();
-  };
+  });
 }
 
 void RenameAskForm::ConnectControls() {
   ConnectName(AlwaysName, AlwaysNameButton);
   ConnectName(UniqueName, UniqueNameButton);
   AlwaysNameButton.SetDefault(true);
-  CancelButton.On().Click = [this](Control&) {
+  Connect(CancelButton.On().Click, [this](Control&) {
     reply_ = "CANCEL";
     window_.Hide();
-  };
+  });
   // Closed by its frame: as good as Cancel.
-  window_.On().QueryUnload = [this](Control&) {
+  Connect(window_.On().QueryUnload, [this](Control&) {
     if (window_.Visible()) reply_ = "CANCEL";
-  };
+  });
 }
 
 std::string RenameAskForm::Ask(const std::string& path) {
@@ -160,8 +160,6 @@ std::string RenameAskForm::Ask(const std::string& path) {
   UniqueName.SetText(WithoutEnd(unique, extension.size()));
   window_.CentreOn(&main_.Window);
   // What is typed takes the place of the first name offered.
-  Control* const focus = main_.host.toolkit.Focus();
-  const Watch<Control> before = focus != nullptr ? Watch<Control>(*focus) : Watch<Control>();
   AlwaysName.SetFocus();
   AlwaysName.Select(0, static_cast<int>(AlwaysName.Text().size()));
   window_.ShowModal(&main_.Window);
@@ -170,8 +168,6 @@ std::string RenameAskForm::Ask(const std::string& path) {
   std::string chosen;
   if (!reply_.empty() && UCase(reply_) != "CANCEL") chosen = JoinPath(folder, reply_ + extension);
   window_.Unload();
-  // What let events run may have hidden it.
-  if (before && before->Enabled() && before->IsShown()) before->SetFocus();
   return chosen;
 }
 

@@ -1,13 +1,16 @@
 // The menu bar and the pop-up menus of the main window, with their shortcuts.
 #pragma once
 
+#include <functional>
+
 #include "platform/controls/Form.h"
 #include "platform/controls/Menu.h"
 
 namespace pixorra {
 
+// Every item is disabled until it is connected.
 class MenuBar {
-  Form& window_;  // ahead of the items, which stand on it
+  Form& window_;  // ahead of the items, whose constructors use it
 
  public:
   explicit MenuBar(Form& window);
@@ -132,5 +135,8 @@ class MenuBar {
   MenuItem ProofsOpenFolderPrintPopupMenuItem{OpenFolderPrintPopupMenuItem, "ProofsOpenFolderPrintPopupMenuItem",
                                               "as Proof Sheets"};
 };
+
+// Gives an item its operation, and enables it; gives a menu what runs when it is about to open.
+void Connect(MenuItem& item, const std::function<void()>& operation);
 
 }  // namespace pixorra

@@ -1,5 +1,7 @@
 // The start-up: what stands when the window is on the screen, and what the order of its steps brings about.
-#include <gtest/gtest.h>
+#include <functional>
+#include <gmock/gmock.h>
+#include <vector>
 
 #include "platform/runtime/Numbers.h"
 #include "tests/support/TestPictures.h"
@@ -8,11 +10,14 @@
 #include "window/DesktopState.h"
 #include "window/DropState.h"
 #include "window/FilmStripState.h"
+#include "window/MenuBar.h"
 #include "window/PreferencesForm.h"
 #include "window/PreviewState.h"
 
 namespace pixorra {
 namespace {
+
+using ::testing::ElementsAre;
 
 using StartupTest = ProgramTest;
 
@@ -50,6 +55,19 @@ TEST_F(StartupTest, WithNoSavedStateThePreferencesAreTheFactorys) {
   EXPECT_EQ(preferences.RememberFoldersCheckbox.Value(), 1);
   EXPECT_EQ(preferences.EmptyTrashcanCheckbox.Value(), 1);
   EXPECT_EQ(preferences.AutoPreviewCheckBox.Value(), 0);
+}
+
+TEST_F(StartupTest, OfTheMenusOnlyWhatCanBeDoneCanBeChosen) {
+  const MainForm& main = Started().main;
+  std::vector<std::string> enabled;
+  const std::function<void(const MenuItem&)> collect = [&](const MenuItem& item) {
+    if (item.Items().empty() && !item.IsSeparator() && item.Enabled()) enabled.push_back(item.Name());
+    for (const MenuItem* below : item.Items()) collect(*below);
+  };
+  for (const MenuItem* menu : main.Window.Menus()) collect(*menu);
+  EXPECT_THAT(enabled, ElementsAre("HideFolderMenuItem", "PreferenceMenuItem", "ExitMenuItem",
+                                   "RefreshOpenFolderMenuItem", "OpenFolderPopupItem", "RefreshFolderPopupItem",
+                                   "HideFolderPopupItem", "OpenTrashcanPopupItem", "RefreshTrashcanPopupItem"));
 }
 
 TEST_F(StartupTest, TheWindowIsCaptionedWithTitleAndVersion) {

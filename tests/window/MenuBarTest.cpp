@@ -194,5 +194,28 @@ TEST_F(MenuBarTest, TheSlideShowStartsAtMediumWithTitleAndCounter) {
   EXPECT_TRUE(menu.SlideShowTitleCounterMenuItem.Checked());
 }
 
+void CollectItems(const MenuItem& item, std::vector<const MenuItem*>& items) {
+  if (item.Items().empty() && !item.IsSeparator()) items.push_back(&item);
+  for (const MenuItem* below : item.Items()) CollectItems(*below, items);
+}
+
+TEST_F(MenuBarTest, AnItemCanBeChosenOnceItIsConnected) {
+  std::vector<const MenuItem*> items;
+  for (const MenuItem* top : form.Menus()) CollectItems(*top, items);
+  EXPECT_EQ(items.size(), 63U);
+  for (const MenuItem* item : items) EXPECT_FALSE(item->Enabled()) << item->Name();
+  int runs = 0;
+  Connect(menu.AboutMenuItem, [&runs] { ++runs; });
+  EXPECT_TRUE(menu.AboutMenuItem.CanBeChosen());
+  menu.AboutMenuItem.UserClicked();
+  EXPECT_EQ(runs, 1);
+}
+
+TEST_F(MenuBarTest, MenusAndSeparatorsAreEnabledFromTheStart) {
+  for (const MenuItem* top : form.Menus()) EXPECT_TRUE(top->Enabled()) << top->Name();
+  EXPECT_TRUE(menu.DropMenu.Enabled());
+  EXPECT_TRUE(menu.Separator1.Enabled());
+}
+
 }  // namespace
 }  // namespace pixorra

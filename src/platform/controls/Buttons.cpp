@@ -21,6 +21,24 @@ void Button::SetCaption(const std::string& caption) {
 CommandButton::CommandButton(Container& container, const std::string& name)
     : Button(&container, Kind::CommandButton, Named(name), 0) {}
 
+void CommandButton::SetDefault(bool isDefault) {
+  if (isDefault == default_) return;
+  default_ = isDefault;
+  Changed(Change::Look);
+}
+
+void CommandButton::SetCancel(bool isCancel) {
+  if (isCancel == cancel_) return;
+  cancel_ = isCancel;
+  Changed(Change::Look);
+}
+
+void CommandButton::SetBold(bool bold) {
+  if (bold == bold_) return;
+  bold_ = bold;
+  Changed(Change::Look);
+}
+
 void CommandButton::UserClicked() {
   if (Enabled() && IsShown()) Raise(On().Click, static_cast<Control&>(*this));
 }

@@ -26,11 +26,11 @@ class CommandButton : public Button {
 
   // Return presses the default button of a form, Escape its cancel button, wherever the focus is.
   bool IsDefault() const { return default_; }
-  void SetDefault(bool isDefault) { default_ = isDefault; }
+  void SetDefault(bool isDefault);
   bool IsCancel() const { return cancel_; }
-  void SetCancel(bool isCancel) { cancel_ = isCancel; }
+  void SetCancel(bool isCancel);
   bool Bold() const { return bold_; }
-  void SetBold(bool bold) { bold_ = bold; }
+  void SetBold(bool bold);
 
   void UserClicked();
 

@@ -1,5 +1,7 @@
 #include "platform/controls/Container.h"
 
+#include <cassert>
+
 #include "platform/controls/Form.h"
 
 namespace pixorra {
@@ -22,6 +24,7 @@ void Container::CountNatives(int change) {
 
 void Container::Remove(Control& control) {
   const auto slot = static_cast<std::size_t>(control.slot_);
+  assert(slot < controls_.size() && controls_[slot] == &control);
   controls_[slot] = controls_.back();
   controls_[slot]->slot_ = control.slot_;
   controls_.pop_back();
@@ -68,9 +71,7 @@ void Container::DropPeersWithin() {
 }
 
 Container* AsContainer(Control& control) {
-  const Kind kind = control.GetKind();
-  const bool holds = kind == Kind::Form || kind == Kind::PictureBox || kind == Kind::Frame;
-  return holds ? static_cast<Container*>(&control) : nullptr;
+  return TraitsOf(control.GetKind()).HoldsOthers ? static_cast<Container*>(&control) : nullptr;
 }
 
 const Container* AsContainer(const Control& control) {

@@ -1,8 +1,9 @@
 #include "platform/controls/Control.h"
 
+#include <cassert>
+
 #include "platform/controls/Container.h"
 #include "platform/controls/Form.h"
-#include "platform/controls/Shape.h"
 #include "platform/controls/Toolkit.h"
 #include "platform/runtime/Errors.h"
 #include "platform/runtime/Numbers.h"
@@ -26,6 +27,7 @@ Control::~Control() {
 Form& Control::GetForm() {
   Control* control = this;
   while (control->container_ != nullptr) control = control->container_;
+  assert(control->kind_ == Kind::Form);
   return static_cast<Form&>(*control);
 }
 
@@ -74,7 +76,7 @@ void Control::SetVisible(bool visible) {
   visible_ = visible;
   VisibleChanged();
   // Last: a handler that hears of it may let the control go.
-  if (!visible) GetToolkit().FocusLeaves(*this);
+  if (!visible) GetToolkit().GetWindows().FocusLeaves(*this);
 }
 
 void Control::VisibleChanged() {
@@ -85,7 +87,7 @@ void Control::SetEnabled(bool enabled) {
   if (enabled == enabled_) return;
   enabled_ = enabled;
   EnabledChanged();
-  if (!enabled) GetToolkit().FocusLeaves(*this);
+  if (!enabled) GetToolkit().GetWindows().FocusLeaves(*this);
 }
 
 void Control::EnabledChanged() {
@@ -191,21 +193,8 @@ Rect Control::FormRect() const {
 }
 
 bool Control::IsNative() const {
-  switch (kind_) {
-    case Kind::CommandButton:
-    case Kind::CheckBox:
-    case Kind::OptionButton:
-    case Kind::ScrollBar:
-    case Kind::TextBox:
-    case Kind::ListBox:
-    case Kind::ComboBox:
-    case Kind::ProgressBar:
-    case Kind::TreeView:
-    case Kind::Form:
-      return true;
-    default:
-      return false;
-  }
+  const ShownAs shown = TraitsOf(kind_).Shown;
+  return shown == ShownAs::Window || shown == ShownAs::Widget;
 }
 
 void Control::MakePeer() {
@@ -235,8 +224,7 @@ void Control::Changed(Change change) {
 
 void Control::Invalidate() const {
   if (container_ == nullptr || !IsShown()) return;
-  Rect rect = ShownRect();
-  if (kind_ == Kind::Shape) rect = rect.Grown(Shape::BorderReach);
+  const Rect rect = ShownRect().Grown(TraitsOf(kind_).Reach);
   if (!rect.IsEmpty()) GetForm().InvalidateRect(rect);
 }
 

@@ -2,12 +2,14 @@
 // set is a value here first, then the peer hears of it, then a copy of the event's handler runs.
 #pragma once
 
+#include <cassert>
 #include <cstdint>
 #include <memory>
 #include <string>
 
 #include "platform/controls/Events.h"
 #include "platform/controls/Geometry.h"
+#include "platform/controls/Kinds.h"
 #include "platform/controls/Peer.h"
 #include "platform/pixels/Picture.h"
 
@@ -16,27 +18,6 @@ namespace pixorra {
 class Container;
 class Form;
 class Toolkit;
-
-enum class Kind : std::uint8_t {
-  Form,
-  PictureBox,
-  Frame,  // containers
-  ImageBox,
-  Label,
-  Shape,  // light: painted by their form
-  CommandButton,
-  CheckBox,
-  OptionButton,
-  ScrollBar,
-  TextBox,
-  ListBox,
-  ComboBox,
-  ProgressBar,
-  TreeView,
-  FileListBox,
-  Timer,
-  MenuItem,  // not seen, or seen in a menu only
-};
 
 // What all elements of a control array have in common.
 struct Identity {
@@ -176,18 +157,24 @@ class Control {
   std::uint8_t mousePointer_ = 0;
 };
 
-// Holds on to a control weakly: empty once it has gone.
+// Refers to a control that may be destroyed meanwhile: empty from then on.
 template <typename T>
 class Watch {
  public:
   Watch() = default;
   explicit Watch(T& control) : life_(static_cast<Control&>(control).Life()) {}
+  // Empty from the start for a null pointer.
+  static Watch Of(T* control) { return control != nullptr ? Watch(*control) : Watch(); }
   T* Get() const {
     const auto life = life_.lock();
     return life ? static_cast<T*>(*life) : nullptr;
   }
   explicit operator bool() const { return Get() != nullptr; }
-  T* operator->() const { return Get(); }
+  T* operator->() const {
+    T* const control = Get();
+    assert(control != nullptr);
+    return control;
+  }
 
  private:
   std::weak_ptr<Control*> life_;

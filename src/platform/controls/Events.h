@@ -1,7 +1,10 @@
 // The events of controls, and what comes with each.
 #pragma once
 
+#include <cstdint>
 #include <functional>
+#include <source_location>
+#include <stdexcept>
 #include <string>
 #include <utility>
 
@@ -41,19 +44,23 @@ inline constexpr int Delete = 46;
 inline constexpr int F1 = 112;  // to F12, 123; letters and digits are their capitals' codes
 }  // namespace key
 
-// The state of a drag over a target.
-namespace drag {
-inline constexpr int Enter = 0;
-inline constexpr int Leave = 1;
-inline constexpr int Over = 2;
-}  // namespace drag
-
 // What a mouse event carries: the button, or for a move the sum of those held; keys held; pixels within the control.
 struct MouseArgs {
   int Button = 0;
   int Shift = 0;
   double X = 0;
   double Y = 0;
+};
+
+enum class DragState : std::uint8_t { Enter, Leave, Over };
+
+// What a drag over a control, or a drop on it, carries: the control that is dragged; pixels within the target; a drop's
+// state is Over.
+struct DragArgs {
+  Control& Source;
+  double X = 0;
+  double Y = 0;
+  DragState State = DragState::Over;
 };
 
 // One set of handlers serves a control, or all elements of a control array; the element tells its Index.
@@ -73,9 +80,8 @@ struct Events {
   std::function<void(Control&, const MouseArgs&)> MouseDown;
   std::function<void(Control&, const MouseArgs&)> MouseMove;
   std::function<void(Control&, const MouseArgs&)> MouseUp;
-  // The target, the source of the drag, pixels within the target, and for DragOver the state (drag::Enter ...).
-  std::function<void(Control&, Control&, double, double, int)> DragOver;
-  std::function<void(Control&, Control&, double, double)> DragDrop;
+  std::function<void(Control&, const DragArgs&)> DragOver;  // to the target, as DragDrop
+  std::function<void(Control&, const DragArgs&)> DragDrop;
   // A handler that sets the code to 0 has used the key. KeyPress takes the character's code point.
   std::function<void(Control&, int&, int)> KeyDown;
   std::function<void(Control&, int&)> KeyPress;
@@ -84,6 +90,18 @@ struct Events {
   std::function<std::string(const Control&)> SpokenName;
   std::function<std::string(const Control&)> SpokenDescription;
 };
+
+// Gives an event its handler. An event has one: raises std::logic_error, which names the place, where it has one
+// already.
+template <typename Signature, typename Handler>
+void Connect(std::function<Signature>& slot, Handler&& handler,
+             const std::source_location& where = std::source_location::current()) {
+  if (slot) {
+    throw std::logic_error(std::string(where.file_name()) + ":" + std::to_string(where.line()) +
+                           ": this event has a handler already");
+  }
+  slot = std::forward<Handler>(handler);
+}
 
 // Runs a copy of a handler, so that the handler may be replaced, or the control go, while it runs.
 template <typename Signature, typename... Args>

@@ -12,14 +12,14 @@ namespace pixorra {
 Form::Form(Toolkit& toolkit, const std::string& name)
     : Container(nullptr, Kind::Form, std::make_shared<Identity>(Identity{name, {}}), 0), toolkit_(toolkit) {
   SetVisible(false);
-  toolkit_.AddForm(*this);
+  toolkit_.GetWindows().Add(*this);
   Resized();
 }
 
 Form::~Form() {
   DropPeersWithin();
   DropPeer();
-  toolkit_.RemoveForm(*this);
+  toolkit_.GetWindows().Remove(*this);
 }
 
 void Form::SetCaption(const std::string& caption) {
@@ -31,6 +31,12 @@ void Form::SetCaption(const std::string& caption) {
 void Form::SetBackColor(Colour colour) {
   backColor_ = colour;
   InvalidateAll();
+}
+
+void Form::SetSizable(bool sizable) {
+  if (sizable == sizable_) return;
+  sizable_ = sizable;
+  Changed(Change::State);
 }
 
 void Form::SetTwipsLeft(double twips) {
@@ -94,6 +100,7 @@ int Form::ScaleHeight() const {
 void Form::Load() {
   if (loaded_) return;
   loaded_ = true;
+  toolkit_.GetTimers().FormLoaded(*this);
   Raise(On().Load, static_cast<Control&>(*this));
 }
 
@@ -107,12 +114,20 @@ void Form::Show() {
 }
 
 void Form::ShowOwned(Form* owner) {
-  owner_ = owner != nullptr ? Watch<Form>(*owner) : Watch<Form>();
+  owner_ = Watch<Form>::Of(owner);
   Show();
 }
 
 void Form::ShowModal(Form* owner) {
-  owner_ = owner != nullptr ? Watch<Form>(*owner) : Watch<Form>();
+  Toolkit& toolkit = toolkit_;
+  const Watch<Control> before = toolkit.GetWindows().FocusBefore(*this);
+  RunModal(owner);
+  // The form may have been destroyed, and what ran meanwhile may have hidden or disabled the control.
+  if (before && before->Enabled() && before->IsShown()) before->SetFocus();
+}
+
+void Form::RunModal(Form* owner) {
+  owner_ = Watch<Form>::Of(owner);
   modal_ = true;
   // Also when loading it, or a handler that runs meanwhile, raises.
   struct Modal {
@@ -120,7 +135,7 @@ void Form::ShowModal(Form* owner) {
     ~Modal() {
       if (!form) return;
       form->modal_ = false;
-      form->toolkit_.PopModal(*form.Get());
+      form->toolkit_.GetWindows().PopModal(*form.Get());
       form->Changed(Change::State);
     }
   } const modal{Watch<Form>(*this)};
@@ -132,8 +147,8 @@ void Form::ShowModal(Form* owner) {
 // A modal form that is hidden lets the others go at once, not when its ShowModal comes to return.
 void Form::Hide() {
   SetVisible(false);
-  toolkit_.PopModal(*this);
-  toolkit_.Deactivate(*this);
+  toolkit_.GetWindows().PopModal(*this);
+  toolkit_.GetWindows().Deactivate(*this);
 }
 
 void Form::SetStaysOnTop(bool onTop) {
@@ -156,6 +171,7 @@ void Form::Unload() {
   Raise(On().Unload, static_cast<Control&>(*this));
   if (!unloading.form) return;
   loaded_ = false;
+  toolkit_.GetTimers().Changed();
   Hide();
   DropPeersWithin();
   DropPeer();

@@ -36,7 +36,7 @@ class Form : public Container {
   void SetBackColor(Colour colour);
   // Its user may change its size, and make it large and small.
   bool Sizable() const { return sizable_; }
-  void SetSizable(bool sizable) { sizable_ = sizable; }
+  void SetSizable(bool sizable);
 
   // Outer size and place, twips; code that sets a size raises Resize when it differs.
   double TwipsLeft() const { return left_; }
@@ -65,7 +65,8 @@ class Form : public Container {
   bool IsLoaded() const { return loaded_; }
   void Show();
   // Shows it and returns when it has been hidden or unloaded, or the program has ended. Other forms take no input
-  // meanwhile.
+  // meanwhile. The control of another form that had the focus has it again afterwards, if it is still shown and
+  // enabled.
   void ShowModal(Form* owner);
   // Shows it above its owner, and returns at once.
   void ShowOwned(Form* owner);
@@ -99,6 +100,7 @@ class Form : public Container {
   void InvalidateAll() const;
 
  private:
+  void RunModal(Form* owner);
   void Resized();
 
   Toolkit& toolkit_;

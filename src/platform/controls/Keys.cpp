@@ -57,7 +57,7 @@ bool PressButton(const Form& form, Control* focus, int keyCode) {
 }  // namespace
 
 bool Toolkit::RunShortcut(Form& form, int keyCode, int shift) {
-  const Control* focus = focus_.Get();
+  const Control* focus = Focus();
   const bool typing = focus != nullptr && focus->GetKind() == Kind::TextBox && &focus->GetForm() == &form;
   if (keyCode == 0 || (typing && EditsText(keyCode, shift))) return false;
   for (MenuItem* menu : form.Menus()) {
@@ -69,7 +69,7 @@ bool Toolkit::RunShortcut(Form& form, int keyCode, int shift) {
   return false;
 }
 
-// A form that a handler has closed hears no more of the key.
+// A form that a handler has closed gets no more of the key.
 bool Toolkit::KeyPressed(Form& form, int keyCode, int shift) {
   if (!TakesInput(form)) return true;
   const Watch<Form> watch(form);
@@ -80,7 +80,7 @@ bool Toolkit::KeyPressed(Form& form, int keyCode, int shift) {
     if (used(code)) return true;
   }
   if (RunShortcut(form, code, shift)) return true;
-  const Watch<Control> focus = FocusWithin(form);
+  const Watch<Control> focus = windows_.FocusWithin(form);
   if (focus) {
     Raise(focus->On().KeyDown, *focus.Get(), code, shift);
   } else if (!form.KeyPreview()) {
@@ -98,17 +98,13 @@ bool Toolkit::CharacterTyped(Form& form, int codePoint) {
     Raise(form.On().KeyPress, static_cast<Control&>(form), code);
     if (used(code)) return true;
   }
-  const Watch<Control> focus = FocusWithin(form);
+  const Watch<Control> focus = windows_.FocusWithin(form);
   if (focus) {
     Raise(focus->On().KeyPress, *focus.Get(), code);
   } else if (!form.KeyPreview()) {
     Raise(form.On().KeyPress, static_cast<Control&>(form), code);
   }
   return used(code);
-}
-
-Watch<Control> Toolkit::FocusWithin(const Form& form) const {
-  return focus_ && &focus_->GetForm() == &form ? focus_ : Watch<Control>();
 }
 
 }  // namespace pixorra

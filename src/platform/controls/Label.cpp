@@ -90,6 +90,18 @@ void Label::SetWordWrap(bool wrap) {
   Changed(Change::Text);
 }
 
+void Label::SetShortensInMiddle(bool shortens) {
+  if (shortens == shortens_) return;
+  shortens_ = shortens;
+  Changed(Change::Text);
+}
+
+void Label::SetShrinks(bool shrinks) {
+  if (shrinks == shrinks_) return;
+  shrinks_ = shrinks;
+  Changed(Change::Text);
+}
+
 void Label::FitToCaption() {
   if (!autoSize_) return;
   double width = 0;

@@ -40,10 +40,10 @@ class Label : public Control {
   void SetWordWrap(bool wrap);
   // A caption too long for one line keeps both its ends, with dots between.
   bool ShortensInMiddle() const { return shortens_; }
-  void SetShortensInMiddle(bool shortens) { shortens_ = shortens; }
+  void SetShortensInMiddle(bool shortens);
   // A caption too long for one line is shown in smaller letters, down to half of the font's size.
   bool Shrinks() const { return shrinks_; }
-  void SetShrinks(bool shrinks) { shrinks_ = shrinks; }
+  void SetShrinks(bool shrinks);
   // The letters have an edge in the background colour: they can be read on any picture.
   bool HasHalo() const { return halo_; }
   void SetHalo(bool halo);

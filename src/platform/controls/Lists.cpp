@@ -74,6 +74,12 @@ void ComboBox::SetText(const std::string& text) {
   Changed(Change::Text);
 }
 
+void ComboBox::SetEditable(bool editable) {
+  if (editable == editable_) return;
+  editable_ = editable;
+  Changed(Change::Look);
+}
+
 void ComboBox::UserTyped(const std::string& text) {
   if (!editable_ || text == text_) return;
   text_ = text;

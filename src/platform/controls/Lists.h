@@ -54,7 +54,7 @@ class ComboBox : public ItemList {
   const std::string& Text() const { return text_; }
   void SetText(const std::string& text);
   bool Editable() const { return editable_; }
-  void SetEditable(bool editable) { editable_ = editable; }
+  void SetEditable(bool editable);
   void UserTyped(const std::string& text);
 
  protected:

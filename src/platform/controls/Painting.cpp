@@ -3,37 +3,27 @@
 #include <algorithm>
 
 #include "platform/controls/Form.h"
-#include "platform/controls/Shape.h"
 
 namespace pixorra {
 
 namespace {
 
 bool IsPainted(const Control& control) {
-  switch (control.GetKind()) {
-    case Kind::PictureBox:
-    case Kind::Frame:
-    case Kind::ImageBox:
-    case Kind::Label:
-    case Kind::Shape:
-      return control.Visible();
-    default:
-      return false;
-  }
+  return TraitsOf(control.GetKind()).Shown == ShownAs::Light && control.Visible();
 }
 
 void Collect(const Container& container, int originX, int originY, const Rect& exposed, std::vector<PaintItem>& items) {
   std::vector<const Control*> seen;
   for (const Control* control : container.Controls()) {
     if (!IsPainted(*control)) continue;
-    Rect at = control->Bounds().Moved(originX, originY);
-    if (control->GetKind() == Kind::Shape) at = at.Grown(Shape::BorderReach);
+    const Rect at = control->Bounds().Moved(originX, originY).Grown(TraitsOf(control->GetKind()).Reach);
     if (!at.Intersected(exposed).IsEmpty()) seen.push_back(control);
   }
   std::sort(seen.begin(), seen.end(), [](const Control* a, const Control* b) { return a->ZOrder() < b->ZOrder(); });
   for (const Control* control : seen) {
     const Rect at = control->Bounds().Moved(originX, originY);
-    const Rect clip = control->GetKind() == Kind::Shape ? exposed : at.Intersected(exposed);
+    // What is painted beyond its bounds is cut by the exposed part only.
+    const Rect clip = TraitsOf(control->GetKind()).Reach > 0 ? exposed : at.Intersected(exposed);
     items.push_back({control, at, clip});
     if (const Container* inner = AsContainer(*control)) Collect(*inner, at.Left, at.Top, clip, items);
   }

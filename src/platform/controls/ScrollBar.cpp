@@ -11,6 +11,12 @@ ScrollBar::ScrollBar(Container& container, const std::string& name, Orientation 
     : Control(&container, Kind::ScrollBar, std::make_shared<Identity>(Identity{name, {}}), 0),
       orientation_(orientation) {}
 
+void ScrollBar::SetSlider(bool slider) {
+  if (slider == slider_) return;
+  slider_ = slider;
+  Changed(Change::Look);
+}
+
 void ScrollBar::SetMin(double min) {
   SetRange(CInt(min), max_);
 }
@@ -30,12 +36,14 @@ void ScrollBar::SetRange(int min, int max) {
   if (self && value_ != before) Raise(On().Change, static_cast<Control&>(*this));
 }
 
+// True: the value is another one than before, and the bar has not been destroyed while its peer heard of it.
 bool ScrollBar::Take(int value) {
   if (value < std::min(min_, max_) || value > std::max(min_, max_)) throw RuntimeError(error::BadPropertyValue);
   if (value == value_) return false;
   value_ = static_cast<std::int16_t>(value);
+  const Watch<ScrollBar> self(*this);
   Changed(Change::Value);
-  return true;
+  return static_cast<bool>(self);
 }
 
 void ScrollBar::SetValue(double value) {

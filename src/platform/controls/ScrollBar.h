@@ -17,7 +17,7 @@ class ScrollBar : public Control {
   Orientation GetOrientation() const { return orientation_; }
   // Shown as a slider with a handle of fixed size.
   bool IsSlider() const { return slider_; }
-  void SetSlider(bool slider) { slider_ = slider; }
+  void SetSlider(bool slider);
 
   int Min() const { return min_; }
   int Max() const { return max_; }

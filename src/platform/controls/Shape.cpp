@@ -17,9 +17,4 @@ void Shape::SetFill(Colour colour) {
   Changed(Change::Look);
 }
 
-void Shape::SetFillPicture(const Picture& picture) {
-  fillPicture_ = picture;
-  Changed(Change::Look);
-}
-
 }  // namespace pixorra

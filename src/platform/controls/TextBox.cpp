@@ -24,6 +24,18 @@ void TextBox::Select(int start, int length) {
   Changed(Change::Text);
 }
 
+void TextBox::SetMultiLine(bool multiLine) {
+  if (multiLine == multiLine_) return;
+  multiLine_ = multiLine;
+  Changed(Change::Look);
+}
+
+void TextBox::SetLocked(bool locked) {
+  if (locked == locked_) return;
+  locked_ = locked;
+  Changed(Change::Look);
+}
+
 void TextBox::UserTyped(const std::string& text, int cursor) {
   if (locked_ || !Enabled() || text == text_) return;
   text_ = text;

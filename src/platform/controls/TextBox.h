@@ -19,9 +19,9 @@ class TextBox : public Control {
   int SelLength() const { return selLength_; }
   void Select(int start, int length);
   bool MultiLine() const { return multiLine_; }
-  void SetMultiLine(bool multiLine) { multiLine_ = multiLine; }
+  void SetMultiLine(bool multiLine);
   bool Locked() const { return locked_; }  // a person can read but not change it
-  void SetLocked(bool locked) { locked_ = locked; }
+  void SetLocked(bool locked);
 
   // The text as a person has left it, and the byte where the cursor stands then (below 0: where it was); and the
   // selection within it.

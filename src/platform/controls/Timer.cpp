@@ -1,6 +1,6 @@
 #include "platform/controls/Timer.h"
 
-#include "platform/controls/Container.h"
+#include "platform/controls/Form.h"
 #include "platform/controls/Toolkit.h"
 
 namespace pixorra {
@@ -8,16 +8,20 @@ namespace pixorra {
 Timer::Timer(Container& container, const std::string& name, int interval)
     : Control(&container, Kind::Timer, std::make_shared<Identity>(Identity{name, {}}), 0), interval_(interval) {
   SetEnabled(false);
-  GetToolkit().AddTimer(*this);
+  GetToolkit().GetTimers().Add(*this);
 }
 
 Timer::~Timer() {
-  if (GetContainer() != nullptr) GetToolkit().RemoveTimer(*this);
+  if (GetContainer() != nullptr) GetToolkit().GetTimers().Remove(*this);
 }
 
 void Timer::SetInterval(int milliseconds) {
   interval_ = milliseconds;
   Restart();
+}
+
+bool Timer::Runs() const {
+  return Enabled() && interval_ > 0 && !ticking_ && GetForm().IsLoaded();
 }
 
 void Timer::EnabledChanged() {
@@ -26,13 +30,13 @@ void Timer::EnabledChanged() {
 
 void Timer::Restart() {
   deadline_ = GetToolkit().Seconds() + interval_ / 1000.0;
-  GetToolkit().TimerChanged();
+  GetToolkit().GetTimers().Changed();
 }
 
 void Timer::Tick(double now) {
   const double interval = interval_ / 1000.0;
   deadline_ += interval;
-  if (deadline_ <= now + Toolkit::SameMoment) deadline_ = now + interval;
+  if (deadline_ <= now + Timers::SameMoment) deadline_ = now + interval;
   // The handler may raise, and the timer may go in it.
   struct Ticking {
     Watch<Timer> timer;

@@ -1,5 +1,5 @@
-// A timer: raises Timer each time its interval has passed while it is enabled. Enabling one that was disabled starts
-// its interval.
+// A timer: raises Timer each time its interval has passed while it is enabled and its form is loaded. Enabling one that
+// was disabled starts its interval, and so does loading its form.
 #pragma once
 
 #include <string>
@@ -17,16 +17,15 @@ class Timer : public Control {
   int Interval() const { return interval_; }
   void SetInterval(int milliseconds);  // starts the interval anew
   // For the toolkit: it can tick, and when, by the back end's clock.
-  bool Runs() const { return Enabled() && interval_ > 0 && !ticking_; }
+  bool Runs() const;
   double Deadline() const { return deadline_; }
   void Tick(double now);
+  void Restart();
 
  protected:
   void EnabledChanged() override;
 
  private:
-  void Restart();
-
   int interval_;
   double deadline_ = 0;
   bool ticking_ = false;

@@ -1,5 +1,7 @@
-// One program's forms, focus, timers, drags and waits. Back ends, and tests, deliver raw input here; what it means is
-// settled here and nowhere else.
+// One program's front to its controls. Back ends, and tests, deliver raw input here; what it means is settled here and
+// nowhere else. The parts: Toolkit.cpp has the waits and what controls report, Mouse.cpp presses and clicks, Keys.cpp
+// the keyboard; Windows.cpp forms, modal nesting and the focus, Drags.cpp a drag under way, Timers.cpp timers,
+// Looks.cpp tones and pointers.
 #pragma once
 
 #include <functional>
@@ -10,23 +12,20 @@
 
 #include "platform/controls/Backend.h"
 #include "platform/controls/Control.h"
-#include "platform/controls/Tones.h"
+#include "platform/controls/Drags.h"
+#include "platform/controls/Looks.h"
+#include "platform/controls/Timers.h"
+#include "platform/controls/Windows.h"
 
 namespace pixorra {
 
-class Timer;
-
 class Toolkit {
  public:
-  // What lies this close together, in seconds, is the same moment: clocks and sums of intervals differ in their last
-  // digits.
-  static constexpr double SameMoment = 1e-6;
-
-  explicit Toolkit(Backend& backend) : backend_(backend) {}
+  explicit Toolkit(Backend& backend) : backend_(backend), drags_(backend), timers_(backend) {}
   Toolkit(const Toolkit&) = delete;
   Toolkit& operator=(const Toolkit&) = delete;
 
-  // --- waiting -----------------------------------------------------------------------------------------------------
+  // --- waiting
   // Lets pending events run.
   void DoEvents();
   // Lets events run, asleep between them, until `done` holds. False: the program ended first.
@@ -37,17 +36,19 @@ class Toolkit {
   void End();
   bool Ended() const { return ended_; }
 
-  // --- forms -------------------------------------------------------------------------------------------------------
-  const std::vector<Form*>& Forms() const { return forms_; }  // the one in front last
-  Form* ActiveForm() const;
-  // No modal form or box stands above it.
-  bool TakesInput(const Form& form) const;
+  // --- forms
+  const std::vector<Form*>& Forms() const { return windows_.Forms(); }  // the one in front last
+  Form* ActiveForm() const { return windows_.Active(); }
+  void Activate(Form& form) { windows_.Activate(form); }
+  // No modal form or box is above it.
+  bool TakesInput(const Form& form) const { return !ended_ && windows_.TakesInput(form); }
   // A box of the host is up: no form takes input until it is closed.
   void PushBox();
-  void PopBox() { --boxes_; }
+  void PopBox() { windows_.PopBox(); }
+  Control* Focus() const { return windows_.Focus(); }
+  void SetFocus(Control* control) { windows_.SetFocus(control); }
 
   // --- what a person does; pixels of the form's client area; results tell whether it was used
-  // -------------------------
   void MousePressed(Form& form, int x, int y, int button, int shift);
   void MouseDoubleClicked(Form& form, int x, int y, int button, int shift);  // in place of the second press
   void MouseMoved(Form& form, int x, int y, int buttons, int shift);
@@ -64,15 +65,9 @@ class Toolkit {
   // The control in front there, as it would get a press; the form itself where there is no other.
   Control* ControlAt(Form& form, int x, int y);
 
-  // --- drags ---------------------------------------------------------------------------------------------------------
-  struct DragShown {
-    Control* Source = nullptr;  // null: no drag runs
-    Form* Over = nullptr;       // the form that has the mouse
-    Rect Outline;               // where the outline stands, in pixels of that form
-    int X = 0;
-    int Y = 0;
-  };
-  DragShown Drag() const;
+  // --- drags and pointers
+  using DragShown = Drags::Shown;
+  DragShown Drag() const { return drags_.Look(); }
   void CancelDrag();
   // The pointer to show over a form: an hourglass, an icon of a control, or the default.
   struct PointerShown {
@@ -81,76 +76,50 @@ class Toolkit {
   };
   PointerShown PointerFor(Form& form);
 
-  // --- the program's looks -------------------------------------------------------------------------------------------
+  // --- the program's looks
   // The table of the program's tones, which must live on.
-  void SetTones(std::span<const Tone> tones) { tones_ = tones; }
+  void SetTones(std::span<const Tone> tones) { looks_.SetTones(tones); }
   // The colour that a tone stands for; any other is itself.
-  Colour PlainColour(Colour colour, bool dark) const;
+  Colour PlainColour(Colour colour, bool dark) const { return looks_.PlainColour(colour, dark); }
   // The icon of pointer::Hand.
-  void SetHand(const Picture& icon) { hand_ = icon; }
+  void SetHand(const Picture& icon) { looks_.SetHand(icon); }
 
   // --- timers; called by the back end
-  // ----------------------------------------------------------------------------------
-  void RunDueTimers();
-  std::optional<double> NextDeadline() const;
+  void RunDueTimers() { timers_.RunDue(); }
+  std::optional<double> NextDeadline() const { return timers_.NextDeadline(); }
 
   // --- services of the back end
-  // ---------------------------------------------------------------------------------------
   Screen GetScreen() { return backend_.GetScreen(); }
   int MenuBarHeight() { return backend_.MenuBarHeight(); }
   TextDrawing& Text() { return backend_.Text(); }
   double Seconds() { return backend_.Seconds(); }
   std::unique_ptr<Peer> NewPeer(Control& control) { return backend_.MakePeer(control); }
 
-  // --- what controls tell --------------------------------------------------------------------------------------------
-  void AddForm(Form& form);
-  void RemoveForm(Form& form);
-  void Activate(Form& form);
-  void Deactivate(Form& form);
+  // --- for controls: what they report
+  Windows& GetWindows() { return windows_; }
+  Timers& GetTimers() { return timers_; }
   void PushModal(Form& form);
-  void PopModal(Form& form);
   void PopupMenu(Form& form, MenuItem& menu);
-  Control* Focus() const { return focus_.Get(); }
-  void SetFocus(Control* control);
-  void FocusLeaves(const Control& control);  // it, or what it holds, is hidden or disabled
-  void Forget(Control& control);             // it is about to go
+  void Forget(Control& control);  // it is about to be destroyed
   void PointerChanged(Control& control);
-  void DragIconChanged(Control& control);
-  void TimerChanged();
-  void AddTimer(Timer& timer);
-  void RemoveTimer(Timer& timer);
+  void DragIconChanged(Control& control) { drags_.IconChanged(control); }
 
  private:
-  void Press(Form& form, int x, int y, int button, int shift, bool second);
-  void BeginDrag(Form& form, Control& source, int x, int y);
-  void MoveDrag(Form& form, int x, int y);
-  void EndDrag(Form& form, int x, int y);
+  enum class PressKind : std::uint8_t { Single, Double };
+  void Press(Form& form, int x, int y, int button, int shift, PressKind kind);
   void ReleaseCapture();
-  void Arrange(Form& front);
   void Hover(Form& form, Control* control);
-  Watch<Control> FocusWithin(const Form& form) const;
   bool RunShortcut(Form& form, int keyCode, int shift);
 
   Backend& backend_;
-  std::span<const Tone> tones_;
-  Picture hand_;
-  std::vector<Form*> forms_;
-  std::vector<Form*> modal_;
-  std::vector<Timer*> timers_;
-  Watch<Form> active_;
-  Watch<Control> focus_;
+  Windows windows_;
+  Drags drags_;
+  Timers timers_;
+  Looks looks_;
   Watch<Control> pressed_;
   Watch<Control> hovered_;
-  Watch<Control> dragSource_;
-  Watch<Control> dragTarget_;
-  Watch<Form> dragForm_;
   int pressedButton_ = 0;
   bool secondPress_ = false;
-  int dragX_ = 0;
-  int dragY_ = 0;
-  int grabX_ = 0;  // where on the source it was taken
-  int grabY_ = 0;
-  int boxes_ = 0;
   bool ended_ = false;
 };
 

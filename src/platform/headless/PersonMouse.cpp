@@ -13,11 +13,11 @@ constexpr int DragSteps = 5;
 
 // Widgets of their own take the mouse themselves; the form never hears of it.
 bool IsWidget(const Control& control) {
-  return control.IsNative() && control.GetKind() != Kind::Form;
+  return TraitsOf(control.GetKind()).Shown == ShownAs::Widget;
 }
 
 bool TakesFocus(const Control& control) {
-  return IsWidget(control) && control.GetKind() != Kind::ProgressBar;
+  return TraitsOf(control.GetKind()).TakesFocus;
 }
 
 }  // namespace

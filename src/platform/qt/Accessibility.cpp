@@ -58,7 +58,7 @@ class ClientAccessible final : public QAccessibleWidget {
     if (client_.GetPeer() == nullptr) return spoken;
     const Form& form = client_.GetPeer()->GetForm();
     for (const PaintItem& item : ItemsToPaint(form, {0, 0, client_.width(), client_.height()})) {
-      if (item.Clip.IsEmpty() || item.Source->GetKind() == Kind::Shape) continue;
+      if (item.Clip.IsEmpty() || TraitsOf(item.Source->GetKind()).Spoken == SpokenAs::Nothing) continue;
       if (!SpokenName(*item.Source).isEmpty()) spoken.push_back(const_cast<Control*>(item.Source));
     }
     return spoken;

@@ -66,9 +66,10 @@ bool LightAccessible::CanBePressed() const {
 
 QAccessible::Role LightAccessible::role() const {
   if (!isValid()) return QAccessible::NoRole;
-  if (control_->GetKind() == Kind::Frame) return QAccessible::Grouping;
+  const SpokenAs spoken = TraitsOf(control_->GetKind()).Spoken;
+  if (spoken == SpokenAs::Group) return QAccessible::Grouping;
   if (CanBePressed()) return QAccessible::Button;
-  return control_->GetKind() == Kind::Label ? QAccessible::StaticText : QAccessible::Graphic;
+  return spoken == SpokenAs::Text ? QAccessible::StaticText : QAccessible::Graphic;
 }
 
 QAccessible::State LightAccessible::state() const {

@@ -131,11 +131,7 @@ void LightPainter::DrawHalo(const QRect& at, int flags, const QString& text, con
 }
 
 void LightPainter::PaintShape(const Shape& shape, const QRect& at) {
-  if (!shape.FillPicture().IsNothing()) {
-    DrawPicture(painter_, at, shape.FillPicture(), art_);
-  } else if (shape.Filled()) {
-    Fill(at, shape.FillColor());
-  }
+  if (shape.Filled()) Fill(at, shape.FillColor());
   const int width = shape.BorderWidth();
   if (width <= 0) return;
   // Whole pixels: half of the width lies outside the rectangle, the odd one inside.

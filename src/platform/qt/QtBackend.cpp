@@ -60,7 +60,7 @@ QtBackend::QtBackend() : menuBarHeight_(MeasureMenuBar()) {
 void QtBackend::FollowActiveForm() {
   Form* active = toolkit_ != nullptr ? toolkit_->ActiveForm() : nullptr;
   if (active == front_.Get()) return;
-  front_ = active != nullptr ? Watch<Form>(*active) : Watch<Form>();
+  front_ = Watch<Form>::Of(active);
   if (active == nullptr || PeerOf(*active) == nullptr || QApplication::activePopupWidget() != nullptr) return;
   FormWindow& window = PeerOf(*active)->Window();
   const QWidget* modal = QApplication::activeModalWidget();

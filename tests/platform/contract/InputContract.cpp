@@ -68,12 +68,12 @@ TEST_F(MouseContract, DragEntersLeavesAndDrops) {
   ImageBox target(form, "Target");
   target.Move(10, 220, 60, 60);
   for (Control* control : {static_cast<Control*>(&image), static_cast<Control*>(&target)}) {
-    control->On().DragOver = [this](Control& over, Control&, double, double, int state) {
-      if (state != drag::Over) Log(over.Name() + " " + std::to_string(state));
+    control->On().DragOver = [this](Control& over, const DragArgs& drag) {
+      if (drag.State != DragState::Over) Log(over.Name() + (drag.State == DragState::Enter ? " entered" : " left"));
     };
-    control->On().DragDrop = [this](Control& over, Control& source, double x, double y) {
-      Log(source.Name() + " on " + over.Name() + " " + std::to_string(static_cast<int>(x)) + "," +
-          std::to_string(static_cast<int>(y)));
+    control->On().DragDrop = [this](Control& over, const DragArgs& drag) {
+      Log(drag.Source.Name() + " on " + over.Name() + " " + std::to_string(static_cast<int>(drag.X)) + "," +
+          std::to_string(static_cast<int>(drag.Y)));
     };
   }
   platform->Settle();
@@ -82,13 +82,13 @@ TEST_F(MouseContract, DragEntersLeavesAndDrops) {
   platform->Move(form, 90, 200);
   platform->Move(form, 30, 230);
   platform->Release(form, 30, 230, button::Left, 0);
-  EXPECT_THAT(Heard(), ElementsAre("Image 0", "Image 1", "Target 0", "Image on Target 20,10"));
+  EXPECT_THAT(Heard(), ElementsAre("Image entered", "Image left", "Target entered", "Image on Target 20,10"));
   EXPECT_EQ(toolkit.Drag().Source, nullptr);
 }
 
 TEST_F(MouseContract, DropMayAskAndTheMouseIsFreeThen) {
   image.SetAutomaticDrag(true);
-  image.On().DragDrop = [this](Control&, Control&, double, double) {
+  image.On().DragDrop = [this](Control&, const DragArgs&) {
     const BoxAnswer answer = platform->GetDialogs().MsgBox("Sure?", BoxIcon::Question, BoxButtons::YesNo, "Contract");
     Log(answer == BoxAnswer::Yes ? "yes" : "no");
   };

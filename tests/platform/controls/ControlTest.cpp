@@ -271,5 +271,10 @@ TEST_F(FocusTest, FormThatTakesItComesToTheFrontAndLeavesItToItsControl) {
   EXPECT_TRUE(first.HasFocus());
 }
 
+TEST_F(ControlTest, AWatchOfNoControlIsEmpty) {
+  EXPECT_FALSE(Watch<Control>::Of(nullptr));
+  EXPECT_EQ(Watch<Form>::Of(&form).Get(), &form);
+}
+
 }  // namespace
 }  // namespace pixorra

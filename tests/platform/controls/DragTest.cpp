@@ -20,14 +20,15 @@ class DragTest : public ModelTest {
     folder.Move(200, 100, 100, 100);
     for (Control* control : {static_cast<Control*>(&photo), static_cast<Control*>(&folder)}) {
       Listen(*control);
-      control->On().DragOver = [this](Control& target, Control& source, double, double, int state) {
+      control->On().DragOver = [this](Control& target, const DragArgs& drag) {
         const char* const names[] = {"enters", "leaves", "over"};
-        Log(source.Name() + " " + names[state] + " " + target.Name());
+        Log(drag.Source.Name() + " " + names[static_cast<int>(drag.State)] + " " + target.Name());
       };
-      control->On().DragDrop = [this](Control& target, Control& source, double x, double y) {
+      control->On().DragDrop = [this](Control& target, const DragArgs& drag) {
         EXPECT_EQ(toolkit.Drag().Source, nullptr);
-        Log(source.Name() + " dropped on " + target.Name() + " " + std::to_string(static_cast<int>(x)) + "," +
-            std::to_string(static_cast<int>(y)));
+        EXPECT_EQ(drag.State, DragState::Over);
+        Log(drag.Source.Name() + " dropped on " + target.Name() + " " + std::to_string(static_cast<int>(drag.X)) + "," +
+            std::to_string(static_cast<int>(drag.Y)));
       };
     }
     form.Show();
@@ -81,8 +82,9 @@ TEST_F(DragTest, LeavingTheFormLeavesTheTarget) {
 }
 
 TEST_F(DragTest, FormItselfIsATargetToo) {
-  form.On().DragDrop = [&](Control& target, Control&, double x, double y) {
-    Log(target.Name() + " " + std::to_string(static_cast<int>(x)) + "," + std::to_string(static_cast<int>(y)));
+  form.On().DragDrop = [&](Control& target, const DragArgs& drag) {
+    Log(target.Name() + " " + std::to_string(static_cast<int>(drag.X)) + "," +
+        std::to_string(static_cast<int>(drag.Y)));
   };
   person.PressAt(form, 10, 10);
   person.MoveTo(form, 150, 20);
@@ -98,8 +100,8 @@ TEST_F(DragTest, OutlineFollowsThePointerWhereItWasTaken) {
 }
 
 TEST_F(DragTest, DragIconMayChangeInTheMiddle) {
-  folder.On().DragOver = [&](Control&, Control& source, double, double, int state) {
-    source.SetDragIcon(state == drag::Leave ? Picture() : platform.artwork.Drawing("DropIcon", 32, 32));
+  folder.On().DragOver = [&](Control&, const DragArgs& drag) {
+    drag.Source.SetDragIcon(drag.State == DragState::Leave ? Picture() : platform.artwork.Drawing("DropIcon", 32, 32));
   };
   person.PressAt(form, 10, 10);
   person.MoveTo(form, 210, 110);
@@ -127,7 +129,7 @@ TEST_F(DragTest, SourceMayGoWhileItIsDragged) {
 TEST_F(DragTest, TargetMayGoWhenItIsEntered) {
   auto gone = std::make_unique<ImageBox>(form, "Gone");
   gone->Move(100, 0, 50, 50);
-  gone->On().DragOver = [&](Control&, Control&, double, double, int) { gone.reset(); };
+  gone->On().DragOver = [&](Control&, const DragArgs&) { gone.reset(); };
   person.PressAt(form, 10, 10);
   person.MoveTo(form, 110, 10);
   person.MoveTo(form, 210, 110);
@@ -139,14 +141,14 @@ TEST_F(DragTest, HandlerThatRaisesOnTheLastMoveStillEndsTheDrag) {
   KeepSurprises();
   person.PressAt(form, 10, 10);
   person.MoveTo(form, 210, 110);
-  folder.On().DragOver = [](Control&, Control&, double, double, int) { throw RuntimeError(error::Overflow); };
+  folder.On().DragOver = [](Control&, const DragArgs&) { throw RuntimeError(error::Overflow); };
   person.Release();
   EXPECT_EQ(toolkit.Drag().Source, nullptr);
 }
 
 TEST_F(DragTest, DropMayAskAQuestionWithTheMouseFree) {
   person.ExpectBox("Copy", "sure?", BoxAnswer::Yes);
-  folder.On().DragDrop = [&](Control&, Control&, double, double) {
+  folder.On().DragDrop = [&](Control&, const DragArgs&) {
     EXPECT_EQ(platform.dialogs.MsgBox("Are you sure?", BoxIcon::Question, BoxButtons::YesNo, "Copy"), BoxAnswer::Yes);
     Log("copied");
   };

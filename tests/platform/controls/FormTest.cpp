@@ -4,6 +4,7 @@
 #include "platform/controls/Buttons.h"
 #include "platform/controls/Form.h"
 #include "platform/controls/Menu.h"
+#include "platform/controls/TextBox.h"
 #include "platform/controls/Toolkit.h"
 #include "tests/platform/controls/Stage.h"
 #include "tests/platform/runtime/RaisesError.h"
@@ -279,6 +280,78 @@ TEST_F(FormTest, EveryWaitEndsWithTheProgram) {
 TEST_F(FormTest, WaitWhoseEndHasComeLooksNoFurther) {
   EXPECT_TRUE(toolkit.WaitUntil([] { return true; }));
   EXPECT_EQ(toolkit.Seconds(), 0);
+}
+
+TEST_F(FormTest, AfterAModalFormTheControlThatHadTheFocusHasItAgain) {
+  form.Show();
+  TextBox name(form, "Name");
+  Listen(name);
+  name.SetFocus();
+  Form ask(toolkit, "AskForm");
+  TextBox answer(ask, "Answer");
+  person.ExpectForm("AskForm", [&](Person&, Form&) {
+    answer.SetFocus();
+    ask.Hide();
+  });
+  ask.ShowModal(&form);
+  EXPECT_THAT(Heard(), ElementsAre("Name GotFocus", "Name LostFocus", "Name GotFocus"));
+  EXPECT_EQ(toolkit.Focus(), &name);
+}
+
+TEST_F(FormTest, TheFocusReturnsAlsoWhereTheModalFormTookItBeforeItWasShown) {
+  form.Show();
+  TextBox name(form, "Name");
+  name.SetFocus();
+  Form ask(toolkit, "AskForm");
+  TextBox answer(ask, "Answer");
+  answer.SetFocus();
+  person.ExpectForm("AskForm", [&](Person&, Form&) {
+    EXPECT_EQ(toolkit.Focus(), &answer);
+    ask.Unload();
+  });
+  ask.ShowModal(&form);
+  EXPECT_EQ(toolkit.Focus(), &name);
+}
+
+TEST_F(FormTest, TheFocusReturnsFormByFormWhereModalFormsNest) {
+  form.Show();
+  TextBox name(form, "Name");
+  name.SetFocus();
+  Form outer(toolkit, "Outer");
+  TextBox middle(outer, "Middle");
+  Form inner(toolkit, "Inner");
+  person.ExpectForm("Outer", [&](Person&, Form&) {
+    middle.SetFocus();
+    inner.ShowModal(&outer);
+    EXPECT_EQ(toolkit.Focus(), &middle);
+    outer.Hide();
+  });
+  person.ExpectForm("Inner", [&](Person&, Form&) { inner.Hide(); });
+  outer.ShowModal(&form);
+  EXPECT_EQ(toolkit.Focus(), &name);
+}
+
+TEST_F(FormTest, TheFocusReturnsOnlyToAControlThatCanStillBeSeenAndUsed) {
+  form.Show();
+  auto name = std::make_unique<TextBox>(form, "Name");
+  Form ask(toolkit, "AskForm");
+  TextBox answer(ask, "Answer");
+  const auto focusAfter = [&](const std::function<void()>& meanwhile) {
+    name->SetFocus();
+    person.ExpectForm("AskForm", [&](Person&, Form&) {
+      answer.SetFocus();
+      meanwhile();
+      ask.Hide();
+    });
+    ask.ShowModal(&form);
+    return toolkit.Focus();
+  };
+  EXPECT_EQ(focusAfter([] {}), name.get());
+  EXPECT_EQ(focusAfter([&] { name->SetVisible(false); }), nullptr);
+  name->SetVisible(true);
+  EXPECT_EQ(focusAfter([&] { name->SetEnabled(false); }), nullptr);
+  name->SetEnabled(true);
+  EXPECT_EQ(focusAfter([&] { name.reset(); }), nullptr);
 }
 
 // --- menus ---------------------------------------------------------------------------------------------------------

@@ -15,6 +15,7 @@ using ::testing::IsEmpty;
 class TimerTest : public ModelTest {
  protected:
   TimerTest() {
+    form.Load();
     timer.On().Timer = [this](Control&) { LogTick("tick"); };
   }
   // With the moment, in milliseconds.
@@ -29,6 +30,39 @@ TEST_F(TimerTest, IsDisabledAtFirstAndTicksOnceAnInterval) {
   timer.SetEnabled(true);
   person.Wait(0.3);
   EXPECT_THAT(Heard(), ElementsAre("tick 600", "tick 700", "tick 800"));
+}
+
+TEST_F(TimerTest, OneOnAFormThatIsNotLoadedDoesNotTick) {
+  timer.SetEnabled(true);
+  person.Wait(0.15);
+  form.Unload();
+  EXPECT_EQ(platform.backend.AskedWake(), std::nullopt);
+  person.Wait(0.5);
+  EXPECT_THAT(Heard(), ElementsAre("tick 100"));
+}
+
+TEST_F(TimerTest, OneOnAFormThatIsLoadedAgainBeginsANewInterval) {
+  timer.SetEnabled(true);
+  form.Unload();
+  person.Wait(0.45);
+  form.Load();
+  person.Wait(0.2);
+  EXPECT_THAT(Heard(), ElementsAre("tick 550", "tick 650"));
+  form.Unload();
+  timer.SetEnabled(false);
+  form.Load();
+  person.Wait(0.2);
+  EXPECT_THAT(Heard(), IsEmpty());
+}
+
+TEST_F(TimerTest, OneThatUnloadsItsOwnFormTicksNoMore) {
+  timer.On().Timer = [this](Control&) {
+    LogTick("tick");
+    form.Unload();
+  };
+  timer.SetEnabled(true);
+  person.Wait(0.5);
+  EXPECT_THAT(Heard(), ElementsAre("tick 100"));
 }
 
 TEST_F(TimerTest, IntervalOfNothingNeverTicks) {

@@ -16,6 +16,8 @@ using ::testing::SizeIs;
 
 class HeadlessBackendTest : public HeadlessTest {
  protected:
+  HeadlessBackendTest() { form.Load(); }
+
   Form form{toolkit, "MainForm"};
 };
 

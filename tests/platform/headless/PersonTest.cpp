@@ -85,18 +85,18 @@ TEST_F(PersonTest, DragGoesInSeveralMovesAndDrops) {
   ImageBox folder(form, "Folder");
   folder.Move(200, 100, 80, 80);
   picture.SetAutomaticDrag(true);
-  std::vector<int> states;
-  folder.On().DragOver = [&](Control&, Control&, double, double, int state) { states.push_back(state); };
+  std::vector<DragState> states;
+  folder.On().DragOver = [&](Control&, const DragArgs& drag) { states.push_back(drag.State); };
   int drops = 0;
-  folder.On().DragDrop = [&](Control&, Control& source, double x, double y) {
-    EXPECT_EQ(&source, &picture);
-    EXPECT_EQ(x, 40);
-    EXPECT_EQ(y, 40);
+  folder.On().DragDrop = [&](Control&, const DragArgs& drag) {
+    EXPECT_EQ(&drag.Source, &picture);
+    EXPECT_EQ(drag.X, 40);
+    EXPECT_EQ(drag.Y, 40);
     ++drops;
   };
   person.Drag(picture, folder);
   EXPECT_EQ(drops, 1);
-  EXPECT_THAT(states, ElementsAre(drag::Enter, drag::Over));
+  EXPECT_THAT(states, ElementsAre(DragState::Enter, DragState::Over));
 }
 
 TEST_F(PersonTest, TypesIntoTheFocusedBoxAndEditsIt) {

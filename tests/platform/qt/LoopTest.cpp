@@ -16,6 +16,8 @@ double ProcessorSeconds() {
 
 class LoopTest : public QtTest {
  protected:
+  LoopTest() { form.Load(); }
+
   Form form{toolkit, "LoopForm"};
 };
 

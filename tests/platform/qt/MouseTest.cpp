@@ -96,8 +96,8 @@ TEST_F(MouseTest, TheDragIconIsCentredAtThePointer) {
 TEST_F(MouseTest, ADropIsToldWhenTheOverlayIsGone) {
   source.SetAutomaticDrag(true);
   bool dropped = false;
-  target.On().DragDrop = [&](Control&, Control& from, double, double) {
-    dropped = &from == &source;
+  target.On().DragDrop = [&](Control&, const DragArgs& drag) {
+    dropped = &drag.Source == &source;
     EXPECT_EQ(toolkit.Drag().Source, nullptr);
     EXPECT_TRUE(Overlay() == nullptr || !Overlay()->isVisible());
   };
