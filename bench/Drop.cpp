@@ -48,7 +48,7 @@ int MeasureCopy(const std::string& photo) {
   std::vector<double> own, wall, other;
   for (int i = 0; i < 21; ++i) {
     const double before = Now(CLOCK_MONOTONIC);
-    own.push_back(CpuOf([&] { CopyPhotoFile(run.main, "C:\\From\\a.jpg", "C:\\To\\b.jpg"); }));
+    own.push_back(CpuOf([&] { CopyPhotoFile(run.main, "C:\\From\\a.jpg", "C:\\To\\b.jpg", OpenMode::ReadWrite); }));
     wall.push_back((Now(CLOCK_MONOTONIC) - before) * 1e3);
     std::filesystem::remove(to);
     const double beforeOther = Now(CLOCK_MONOTONIC);

@@ -79,13 +79,25 @@ std::string Compose(MainForm& main) {
 
 }  // namespace
 
+// Written beside the file and put in its place when it is on the disk: one of the two is whole at any time.
 void WriteSavedState(MainForm& main) {
-  const std::unique_ptr<File> file = main.host.files.Open(SavedStateFile(main), OpenMode::Replace);
-  ErrorsIgnored([&] {
+  Files& files = main.host.files;
+  const std::string path = SavedStateFile(main);
+  const std::string beside = path + ".new";
+  // A file that may not be written stays as it is, though its folder would let another one take its place.
+  if (files.NameTaken(path)) files.Open(path, OpenMode::ReadWrite);
+  std::unique_ptr<File> file = files.Open(beside, OpenMode::Replace);
+  const int failure = ErrorsIgnored([&] {
     const std::string bytes = Compose(main);
     file->WriteAt(0, bytes.data(), bytes.size());
     file->Flush();
+    file.reset();
+    files.RenameOver(beside, path);
+    files.FlushFolder(ParentPathOf(path));
   });
+  if (failure == error::None) return;
+  file.reset();
+  ErrorsIgnored([&] { files.Delete(beside); });
 }
 
 namespace {

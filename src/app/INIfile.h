@@ -8,7 +8,7 @@ struct MainForm;
 // A missing or damaged file leaves what it does not tell as it is. Shows the messages of the folders it cannot bring
 // back.
 void ReadSavedState(MainForm& main);
-// Replaces the file. Raises where it cannot be opened; a later failure leaves it cut short.
+// Replaces the file as a whole. Raises where it cannot be opened for writing; a later failure leaves the one before.
 void WriteSavedState(MainForm& main);
 
 }  // namespace pixorra

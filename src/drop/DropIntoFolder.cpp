@@ -28,6 +28,8 @@ namespace {
 
 // Seconds between an answer of the rename dialog and the next look at the name.
 constexpr double RenamePause = 0.3;
+// A folder that takes none of so many names, though they looked free, takes none.
+constexpr int MostNames = 100;
 
 // What a drop is about. Dialogs and waits let the loop run, and anything may have changed when they end.
 struct Drop {
@@ -216,9 +218,15 @@ void CopyDraggedPhoto(MainForm& main, int slot, ImageBox& source) {
     TakeVanishedFolderOff(main, drop, openBefore);
     return;
   }
-  const std::string destination = ChooseDestination(main, drop, name);
-  if (main.preferences.RenameAskOption.Value() && destination.empty()) return;
-  if (ErrorsIgnored([&] { CopyPhotoFile(main, drop.Photo, destination); }) != error::None) {
+  std::string destination;
+  int failure = error::FileExists;
+  // A name that someone else takes between the look and the copy is left to them, and the next one is chosen.
+  for (int tries = 0; failure == error::FileExists && tries < MostNames; ++tries) {
+    destination = ChooseDestination(main, drop, name);
+    if (main.preferences.RenameAskOption.Value() && destination.empty()) return;
+    failure = ErrorsIgnored([&] { CopyPhotoFile(main, drop.Photo, destination, OpenMode::CreateNew); });
+  }
+  if (failure != error::None) {
     ShowCopyFailure(main, drop);
     return;
   }

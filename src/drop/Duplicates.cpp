@@ -82,11 +82,33 @@ std::string FindDuplicate(Files& files, const FileListBox& list, std::string& ne
   for (int i = 0; i < list.ListCount(); ++i) {
     std::string candidate = JoinPath(list.Path(), list.List(i));
     if (candidate == newFile || !comparison.SameContent(candidate)) continue;
-    // A disk that ignores case may list the new file in another spelling: it is not its own duplicate.
-    if (!files.IsSameFile(candidate, newFile)) return candidate;
+    // A link is no copy. A hard link, and another spelling on a disk that ignores case, is the new file itself.
+    if (!files.IsLink(candidate) && !files.IsSameFile(candidate, newFile)) return candidate;
   }
   return {};
 }
+
+namespace {
+
+// The file is on stable storage with its name. A file that the disk refuses must not be the only one left.
+bool IsDurable(Files& files, const std::string& path) {
+  return ErrorsIgnored([&] {
+           files.Open(path, OpenMode::Read)->Flush();
+           files.FlushFolder(ParentPathOf(path));
+         }) == error::None;
+}
+
+// While a dialog was up either file may have gone, or become another.
+bool AreStillEqual(Files& files, const std::string& equalFile, const std::string& newFile) {
+  bool equal = false;
+  ErrorsIgnored([&] {
+    equal = ContentComparison(files, newFile).SameContent(equalFile) && !files.IsLink(equalFile) &&
+            !files.IsSameFile(equalFile, newFile);
+  });
+  return equal;
+}
+
+}  // namespace
 
 void ResolveDuplicate(MainForm& main, const std::string& equalFile, const std::string& newFile, int slot) {
   if (equalFile.empty() || newFile.empty()) return;
@@ -94,8 +116,11 @@ void ResolveDuplicate(MainForm& main, const std::string& equalFile, const std::s
   if (preferences.DuplicatesAllowOption.Value()) return;
   std::string goes;
   if (preferences.DuplicatesAutoOption.Value()) goes = newFile;
-  if (preferences.DuplicatesAskOption.Value()) goes = DeleteDuplicate(main, equalFile, newFile);
-  if (goes.empty()) return;
+  if (preferences.DuplicatesAskOption.Value()) {
+    goes = DeleteDuplicate(main, equalFile, newFile);
+    if (goes.empty() || !AreStillEqual(main.host.files, equalFile, newFile)) return;
+  }
+  if (goes.empty() || !IsDurable(main.host.files, goes == newFile ? equalFile : newFile)) return;
   DesktopState& desk = main.desk;
   if (slot == desk.OpenFolderIndex) {
     for (int i = 1; i <= desk.DestSlotCount; ++i) {

@@ -1,19 +1,25 @@
 // Copying one photo, byte by byte, with its date.
 #pragma once
 
+#include <memory>
 #include <string>
+
+#include "platform/services/Files.h"
 
 namespace pixorra {
 
 class FileBuffer;
-class Files;
 struct MainForm;
 
-// The source as a whole, then its date when that is to be kept. What is copied is on stable storage when this returns.
-// Raises what files raise, and error 9 for an empty source; the destination may then stand there, cut short.
-void CopyPhotoFile(MainForm& main, const std::string& source, const std::string& destination);
+// The source as a whole, and its date when that is to be kept. What is copied is on stable storage when this returns.
+// With OpenMode::CreateNew it raises FileExists where the name is taken by then; with OpenMode::ReadWrite it writes
+// over what is there. Raises what files raise, BadSubscript for an empty source, and DeviceIO or PastEndOfFile for one
+// that changes meanwhile. The destination may then be there, cut short; one that was written whole but could not be
+// flushed is emptied.
+void CopyPhotoFile(MainForm& main, const std::string& source, const std::string& destination, OpenMode mode);
 
-// The bytes alone, through the buffer; the file is flushed, its folder is not.
-void CopyFileBytes(Files& files, FileBuffer& buffer, const std::string& source, const std::string& destination);
+// The bytes alone, through the buffer. Gives the copy, still open and not flushed.
+std::unique_ptr<File> CopyFileBytes(Files& files, FileBuffer& buffer, const std::string& source,
+                                    const std::string& destination, OpenMode mode);
 
 }  // namespace pixorra

@@ -15,6 +15,8 @@ namespace pixorra {
 namespace {
 
 constexpr std::string_view Prefix = "PXR";
+// So many names in a row that are all taken: the folder cannot be looked into, where a look that fails counts as taken.
+constexpr int MostTaken = 100000;
 
 bool IsDigit(char c) {
   return c >= '0' && c <= '9';
@@ -67,11 +69,12 @@ std::string MakeUniqueName(Files& files, const std::string& folder, const std::s
   const std::size_t start = StartOfTrailingDigits(base);
   const std::string stem = base.substr(0, start);
   std::string digits = base.substr(start);
-  do {
+  for (int tries = 0; tries < MostTaken; ++tries) {
     digits = NextNumber(digits);
     path = JoinPath(folder, stem + digits + extension);
-  } while (files.NameTaken(path));
-  return path;
+    if (!files.NameTaken(path)) return path;
+  }
+  throw RuntimeError(error::PathAccess);
 }
 
 std::string MakeGeneratedName(Files& files, const std::string& folder, const std::string& name) {
@@ -81,13 +84,13 @@ std::string MakeGeneratedName(Files& files, const std::string& folder, const std
   for (const std::string& found : files.Names(folder, std::string(Prefix) + "*", attribute::Normal)) {
     number = std::max(number, NumberIn(found, extension));
   }
-  std::string path;
-  do {
+  // Folders and links that lead nowhere are not listed, and have names all the same.
+  for (int tries = 0; tries < MostTaken; ++tries) {
     number = CLng(number + 1.0);
-    path = JoinPath(folder, std::string(Prefix) + FormatNumber(number, "00000") + extension);
-    // Folders and links that lead nowhere are not listed, and have names all the same.
-  } while (files.NameTaken(path));
-  return path;
+    std::string path = JoinPath(folder, std::string(Prefix) + FormatNumber(number, "00000") + extension);
+    if (!files.NameTaken(path)) return path;
+  }
+  throw RuntimeError(error::PathAccess);
 }
 
 }  // namespace pixorra

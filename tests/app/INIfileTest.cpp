@@ -182,12 +182,27 @@ TEST_F(INIfileTest, TextsAreUtf8) {
   EXPECT_EQ(LinesAfter(run), lines);
 }
 
-TEST_F(INIfileTest, ADiskThatFillsLeavesTheFileCutShortAndTheWindowClosesWithoutAWord) {
+TEST_F(INIfileTest, ADiskThatFillsLeavesTheStateBeforeAndTheWindowClosesWithoutAWord) {
   ProgramRun& run = StartedFrom(StateLines("C:\\Strip", {}));
+  const std::string before = drive.Read(StateFile);
+  run.main.core.CompanyNameLabel.SetCaption("Changed");
   run.files.FillDiskAfter(20);
   run.Close();
   EXPECT_FALSE(run.main.Window.IsLoaded());
-  EXPECT_EQ(drive.Read(StateFile), "11730,9090,300,300,0");
+  EXPECT_EQ(drive.Read(StateFile), before);
+  EXPECT_FALSE(drive.Exists(std::string(StateFile) + ".new"));
+}
+
+TEST_F(INIfileTest, AStateThatCannotBePutInPlaceLeavesTheOneBefore) {
+  for (const FileCall call : {FileCall::Flush, FileCall::Rename}) {
+    ProgramRun& run = StartedFrom(StateLines("C:\\Strip", {}));
+    const std::string before = drive.Read(StateFile);
+    run.main.core.CompanyNameLabel.SetCaption("Changed");
+    run.files.FailNth(call, 1, error::DeviceIO);
+    run.Close();
+    EXPECT_EQ(drive.Read(StateFile), before);
+    EXPECT_FALSE(drive.Exists(std::string(StateFile) + ".new"));
+  }
 }
 
 // --- reading ---------------------------------------------------------------------------------------------------------

@@ -80,6 +80,38 @@ TEST_F(DropIntoFolderTest, ANumberThatNoGeneratedNameCanFollowEndsTheDropAndLeav
   EXPECT_FALSE(main.drop.DropAllRunning);
 }
 
+TEST_F(DropIntoFolderTest, ADropWhoseNameIsTakenAfterAllChoosesAgain) {
+  LoadStrip({"a.bmp"});
+  Show("F");
+  run.files.FailNth(FileCall::OpenToWrite, 1, error::FileExists, "F\\a.bmp");
+  person.Drag(strip.SrcThumbnail(1), desk.DestFolder(1));
+  EXPECT_EQ(BytesIn("F", "a.bmp"), drive.Read(Photo("a.bmp")));
+  EXPECT_TRUE(IsMarked(1));
+}
+
+TEST_F(DropIntoFolderTest, AFolderThatTakesNoNameAtAllIsACopyFailure) {
+  LoadStrip({"a.bmp"});
+  Show("F");
+  run.files.FailAlways(FileCall::OpenToWrite, error::FileExists, "F\\a.bmp");
+  person.ExpectBox(CopyFailed,
+                   "C:\\Home\\F\n\nThis folder cannot be written to.\nIt maybe on a CD-ROM, or your\n"
+                   "disk drive maybe full.");
+  person.Drag(strip.SrcThumbnail(1), desk.DestFolder(1));
+  EXPECT_FALSE(IsMarked(1));
+}
+
+TEST_F(DropIntoFolderTest, InAFolderThatCannotBeLookedIntoNoNameIsFree) {
+  LoadStrip({"a.bmp"});
+  Show("F");
+  int raised = 0;
+  run.platform.backend.SetErrorHandler([&](const RuntimeError& failure) { raised = failure.Number(); });
+  run.files.FailAlways(FileCall::NameTaken, error::DeviceIO);
+  person.Drag(strip.SrcThumbnail(1), desk.DestFolder(1));
+  EXPECT_EQ(raised, error::PathAccess);
+  EXPECT_FALSE(IsMarked(1));
+  EXPECT_FALSE(Has("F", "a.bmp"));
+}
+
 TEST_F(DropIntoFolderTest, ADropOnTheTrashcanIsACopyLikeAnyOther) {
   LoadStrip({"a.bmp"});
   person.Drag(strip.SrcThumbnail(1), desk.DestFolder(9));

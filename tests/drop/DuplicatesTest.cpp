@@ -301,6 +301,70 @@ TEST_F(DuplicatesTest, AWriteProtectedOriginalIsNotDeletedAndTheCountTellsTheTru
   EXPECT_THAT(ViewNames(), ::testing::UnorderedElementsAre("a", "old", "other"));
 }
 
+TEST_F(DuplicatesTest, ACopyThatTheDiskRefusedNeverBecomesTheOriginal) {
+  main.preferences.DuplicatesAutoOption.SetValue(true);
+  LoadStrip({"a.bmp"});
+  Show("F");
+  run.files.FailNth(FileCall::Flush, 1, error::DeviceIO, "F\\a.bmp");
+  person.ExpectBox("Pixorra - Unable to Drop Photo",
+                   "C:\\Home\\F\n\nThis folder cannot be written to.\nIt maybe on a CD-ROM, "
+                   "or your\ndisk drive maybe full.");
+  person.Drag(strip.SrcThumbnail(1), desk.DestFolder(1));
+  EXPECT_FALSE(IsMarked(1));
+  EXPECT_EQ(drive.Read(new_), "");
+  person.Drag(strip.SrcThumbnail(1), desk.DestFolderPreview(1));
+  EXPECT_TRUE(IsMarked(1));
+  EXPECT_EQ(drive.Read(main.drop.LastDropFile), drive.Read(Photo("a.bmp")));
+}
+
+TEST_F(DuplicatesTest, BesideAnEqualFileThatCannotBeFlushedTheNewOneStays) {
+  main.preferences.DuplicatesAutoOption.SetValue(true);
+  Prepare();
+  run.files.FailAlways(FileCall::Flush, error::DeviceIO, "F\\old.bmp");
+  Drop();
+  EXPECT_EQ(drive.Read(new_), drive.Read(Photo("a.bmp")));
+  EXPECT_TRUE(IsMarked(1));
+}
+
+TEST_F(DuplicatesTest, BesideAnEqualFileWhoseFolderCannotBeFlushedTheNewOneStays) {
+  main.preferences.DuplicatesAutoOption.SetValue(true);
+  Prepare();
+  run.files.FailNth(FileCall::FlushFolder, 2, error::DeviceIO);  // the first one is the copy's own
+  Drop();
+  EXPECT_EQ(drive.Read(new_), drive.Read(Photo("a.bmp")));
+}
+
+TEST_F(DuplicatesTest, ALinkToAnEqualFileIsNoCopy) {
+  main.preferences.DuplicatesAutoOption.SetValue(true);
+  LoadStrip({"a.bmp"});
+  drive.MakeFolder(Folder("F"));
+  drive.MakeLink(old_, drive.HostPath(Photo("a.bmp")));
+  Show("F");
+  Drop();
+  EXPECT_EQ(drive.Read(new_), drive.Read(Photo("a.bmp")));
+  EXPECT_EQ(FindIn(1, new_), "");
+}
+
+TEST_F(DuplicatesTest, TheNewFileStaysWhereItsEqualGoesWhileTheQuestionIsUp) {
+  Prepare();
+  person.ExpectForm("DuplicateAskForm", [this](Person& hand, Form& form) {
+    drive.DriveFiles().Delete(old_);
+    hand.Click(Find<CommandButton>(form, "DeleteDuplicateButton"));
+  });
+  Drop();
+  EXPECT_EQ(drive.Read(new_), drive.Read(Photo("a.bmp")));
+}
+
+TEST_F(DuplicatesTest, TheOriginalStaysWhereItBecomesAnotherPhotoWhileTheQuestionIsUp) {
+  Prepare();
+  person.ExpectForm("DuplicateAskForm", [this](Person& hand, Form& form) {
+    drive.Write(old_, "another photo");
+    hand.Click(Find<CommandButton>(form, "DeleteOriginalButton"));
+  });
+  Drop();
+  EXPECT_EQ(drive.Read(old_), "another photo");
+}
+
 TEST_F(DuplicatesTest, ADeletionThatFailsIsNotTold) {
   main.preferences.DuplicatesAutoOption.SetValue(true);
   Prepare();

@@ -1,5 +1,6 @@
 // Copying a photo: its bytes, its date, and what is left when something fails.
 #include <gtest/gtest.h>
+#include <utility>
 
 #include "base/FileBuffer.h"
 #include "drop/FileTransfer.h"
@@ -22,7 +23,7 @@ class FileTransferTest : public ProgramTest {
     drive.MakeFolder("C:\\Folder");
   }
   int ErrorOfCopy(const std::string& source = Source, const std::string& destination = Copy) {
-    return ErrorsIgnored([&] { CopyPhotoFile(main, source, destination); });
+    return ErrorsIgnored([&] { CopyPhotoFile(main, source, destination, OpenMode::ReadWrite); });
   }
 
   const std::string Bytes = std::string("photo\0bytes", 11) + std::string(70000, '\x7f');
@@ -31,7 +32,7 @@ class FileTransferTest : public ProgramTest {
 };
 
 TEST_F(FileTransferTest, TheCopyHasTheSourcesBytes) {
-  CopyPhotoFile(main, Source, Copy);
+  CopyPhotoFile(main, Source, Copy, OpenMode::ReadWrite);
   EXPECT_EQ(drive.Read(Copy), Bytes);
   EXPECT_EQ(drive.Read(Source), Bytes);
 }
@@ -39,7 +40,7 @@ TEST_F(FileTransferTest, TheCopyHasTheSourcesBytes) {
 TEST_F(FileTransferTest, WithKeepDateAllTimesAreTheSourcesToTheSecondWithTheMillisecondsOfTheCopy) {
   main.preferences.KeepDateCheckBox.SetValue(1);
   run.platform.clock.SetNow({2020, 1, 1, 10, 20, 30, 321});
-  CopyPhotoFile(main, Source, Copy);
+  CopyPhotoFile(main, Source, Copy, OpenMode::ReadWrite);
   const CalendarTime wanted{2001, 5, 6, 13, 14, 15, 321};
   EXPECT_EQ(drive.WriteTime(Copy), wanted);
   EXPECT_EQ(drive.AccessTime(Copy), wanted);
@@ -48,13 +49,13 @@ TEST_F(FileTransferTest, WithKeepDateAllTimesAreTheSourcesToTheSecondWithTheMill
 
 TEST_F(FileTransferTest, WithoutKeepDateTheCopyCarriesTheTimeOfCopying) {
   main.preferences.KeepDateCheckBox.SetValue(0);
-  CopyPhotoFile(main, Source, Copy);
+  CopyPhotoFile(main, Source, Copy, OpenMode::ReadWrite);
   EXPECT_GE(drive.WriteTime(Copy).Year, 2024);
 }
 
 TEST_F(FileTransferTest, ASourceThatCannotBeWrittenKeepsNoDateAndIsCopiedAllTheSame) {
   run.files.FailAlways(FileCall::LastWriteTime, error::PathAccess);
-  CopyPhotoFile(main, Source, Copy);
+  CopyPhotoFile(main, Source, Copy, OpenMode::ReadWrite);
   EXPECT_EQ(drive.Read(Copy), Bytes);
   EXPECT_GE(drive.WriteTime(Copy).Year, 2024);
 }
@@ -94,6 +95,30 @@ TEST_F(FileTransferTest, WhatCannotBePutOnStableStorageIsAFailure) {
   EXPECT_EQ(ErrorOfCopy(Source, "C:\\Folder\\c.jpg"), error::DeviceIO);
 }
 
+TEST_F(FileTransferTest, ACopyThatCouldNotBeFlushedIsEmptied) {
+  run.files.FailNth(FileCall::Flush, 1, error::DeviceIO);
+  EXPECT_EQ(ErrorOfCopy(), error::DeviceIO);
+  EXPECT_EQ(drive.Read(Copy), "");
+  run.files.Heal();
+  run.files.FailNth(FileCall::FlushFolder, 1, error::DeviceIO);
+  EXPECT_EQ(ErrorOfCopy(Source, "C:\\Folder\\c.jpg"), error::DeviceIO);
+  EXPECT_EQ(drive.Read("C:\\Folder\\c.jpg"), "");
+}
+
+TEST_F(FileTransferTest, TheDateIsSetAheadOfTheFlush) {
+  main.preferences.KeepDateCheckBox.SetValue(1);
+  run.files.FailNth(FileCall::FlushFolder, 1, error::DeviceIO);
+  const int times = run.files.Count(FileCall::SetTimes);
+  EXPECT_EQ(ErrorOfCopy(), error::DeviceIO);
+  EXPECT_EQ(run.files.Count(FileCall::SetTimes), times + 1);
+}
+
+TEST_F(FileTransferTest, ANameThatIsTakenIsNotWrittenOver) {
+  drive.Write(Copy, "kept");
+  EXPECT_EQ(ErrorsIgnored([&] { CopyPhotoFile(main, Source, Copy, OpenMode::CreateNew); }), error::FileExists);
+  EXPECT_EQ(drive.Read(Copy), "kept");
+}
+
 TEST_F(FileTransferTest, TheFileIsFlushedOnceAndItsFolderAfterIt) {
   const int flushes = run.files.Count(FileCall::Flush);
   const int folders = run.files.Count(FileCall::FlushFolder);
@@ -101,15 +126,16 @@ TEST_F(FileTransferTest, TheFileIsFlushedOnceAndItsFolderAfterIt) {
   EXPECT_EQ(ErrorOfCopy(), error::DeviceIO);
   EXPECT_EQ(run.files.Count(FileCall::FlushFolder), folders);
   run.files.Heal();
-  CopyPhotoFile(main, Source, "C:\\Folder\\c.jpg");
-  EXPECT_EQ(run.files.Count(FileCall::Flush), flushes + 2);
+  CopyPhotoFile(main, Source, "C:\\Folder\\c.jpg", OpenMode::ReadWrite);
+  // The one that failed, the one of the emptied file, and the one of the copy that went well.
+  EXPECT_EQ(run.files.Count(FileCall::Flush), flushes + 3);
   EXPECT_EQ(run.files.Count(FileCall::FlushFolder), folders + 1);
 }
 
 TEST_F(FileTransferTest, OneReadAndOneWriteMakeACopy) {
   const int reads = run.files.Count(FileCall::Read);
   const int writes = run.files.Count(FileCall::Write);
-  CopyPhotoFile(main, Source, Copy);
+  CopyPhotoFile(main, Source, Copy, OpenMode::ReadWrite);
   EXPECT_EQ(run.files.Count(FileCall::Read), reads + 1);
   EXPECT_EQ(run.files.Count(FileCall::Write), writes + 1);
 }
@@ -129,10 +155,10 @@ TEST_F(FileTransferTest, OneBufferServesCopiesOfAllSizes) {
   const std::string large(3'000'000, 'L');
   drive.Write("C:\\Strip\\small.jpg", small);
   drive.Write("C:\\Strip\\large.jpg", large);
-  CopyPhotoFile(main, "C:\\Strip\\large.jpg", "C:\\Folder\\1.jpg");
-  CopyPhotoFile(main, Source, "C:\\Folder\\2.jpg");
-  CopyPhotoFile(main, "C:\\Strip\\small.jpg", "C:\\Folder\\3.jpg");
-  CopyPhotoFile(main, "C:\\Strip\\large.jpg", "C:\\Folder\\4.jpg");
+  CopyPhotoFile(main, "C:\\Strip\\large.jpg", "C:\\Folder\\1.jpg", OpenMode::ReadWrite);
+  CopyPhotoFile(main, Source, "C:\\Folder\\2.jpg", OpenMode::ReadWrite);
+  CopyPhotoFile(main, "C:\\Strip\\small.jpg", "C:\\Folder\\3.jpg", OpenMode::ReadWrite);
+  CopyPhotoFile(main, "C:\\Strip\\large.jpg", "C:\\Folder\\4.jpg", OpenMode::ReadWrite);
   EXPECT_EQ(drive.Read("C:\\Folder\\1.jpg"), large);
   EXPECT_EQ(drive.Read("C:\\Folder\\2.jpg"), Bytes);
   EXPECT_EQ(drive.Read("C:\\Folder\\3.jpg"), small);
@@ -140,7 +166,7 @@ TEST_F(FileTransferTest, OneBufferServesCopiesOfAllSizes) {
 }
 
 TEST_F(FileTransferTest, ACopyIntoTheRootOfADriveIsFlushedThereToo) {
-  CopyPhotoFile(main, Source, "C:\\root.jpg");
+  CopyPhotoFile(main, Source, "C:\\root.jpg", OpenMode::ReadWrite);
   EXPECT_EQ(drive.Read("C:\\root.jpg"), Bytes);
 }
 
@@ -158,10 +184,60 @@ class ShrinkingFiles : public FaultyFiles {
   TemporaryDrive& drive_;
 };
 
+// Files of which one is changed as soon as its length has been told.
+class ChangingFiles : public FaultyFiles {
+ public:
+  ChangingFiles(TemporaryDrive& drive, std::string bytes)
+      : FaultyFiles(drive.DriveFiles()), drive_(drive), bytes_(std::move(bytes)) {}
+  std::unique_ptr<File> Open(const std::string& path, OpenMode mode) override {
+    std::unique_ptr<File> file = FaultyFiles::Open(path, mode);
+    if (mode == OpenMode::Read) return std::make_unique<ChangingFile>(*this, std::move(file), path);
+    return file;
+  }
+
+ private:
+  // The change comes after the first look at the file, and ahead of the reading.
+  class ChangingFile : public File {
+   public:
+    ChangingFile(ChangingFiles& files, std::unique_ptr<File> inner, std::string path)
+        : files_(files), inner_(std::move(inner)), path_(std::move(path)) {}
+    std::int64_t Length() override { return inner_->Length(); }
+    FileStamp Stamp() override { return inner_->Stamp(); }
+    std::size_t ReadAt(std::int64_t offset, void* into, std::size_t count) override {
+      files_.drive_.Write(path_, files_.bytes_);
+      files_.drive_.SetTime(path_, {2010, 1, 2, 3, 4, 5, 6});
+      return inner_->ReadAt(offset, into, count);
+    }
+    void WriteAt(std::int64_t, const void*, std::size_t) override {}
+    void Flush() override {}
+    void Empty() override {}
+
+   private:
+    ChangingFiles& files_;
+    std::unique_ptr<File> inner_;
+    std::string path_;
+  };
+
+  TemporaryDrive& drive_;
+  std::string bytes_;
+};
+
+TEST_F(FileTransferTest, ASourceThatGrowsOrIsWrittenToMeanwhileDoesNotPassForAWholePhoto) {
+  FileBuffer buffer;
+  for (const auto& [bytes, number] : std::vector<std::pair<std::string, int>>{
+           {Bytes + "more", error::PastEndOfFile}, {std::string(Bytes.size(), 'x'), error::DeviceIO}}) {
+    drive.Write(Source, Bytes);
+    ChangingFiles files(drive, bytes);
+    EXPECT_EQ(ErrorsIgnored([&] { CopyFileBytes(files, buffer, Source, Copy, OpenMode::ReadWrite); }), number);
+    EXPECT_EQ(drive.Read(Copy), "");
+  }
+}
+
 TEST_F(FileTransferTest, ASourceThatBecomesShorterMeanwhileDoesNotPassForAWholePhoto) {
   ShrinkingFiles files(drive);
   FileBuffer buffer;
-  EXPECT_EQ(ErrorsIgnored([&] { CopyFileBytes(files, buffer, Source, Copy); }), error::PastEndOfFile);
+  EXPECT_EQ(ErrorsIgnored([&] { CopyFileBytes(files, buffer, Source, Copy, OpenMode::ReadWrite); }),
+            error::PastEndOfFile);
   EXPECT_EQ(drive.Read(Copy), "");
 }
 

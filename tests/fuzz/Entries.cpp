@@ -42,6 +42,7 @@ class MemoryFile : public File {
   }
   void WriteAt(std::int64_t, const void*, std::size_t) override { throw RuntimeError(error::PathAccess); }
   void Flush() override {}
+  void Empty() override { throw RuntimeError(error::PathAccess); }
 
  private:
   Bytes bytes_;

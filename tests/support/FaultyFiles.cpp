@@ -52,6 +52,12 @@ class FaultyFile : public File {
     inner_->Flush();
   }
 
+  void Empty() override {
+    Check(FileCall::Empty);
+    files_.AboutToChange();
+    inner_->Empty();
+  }
+
  private:
   void MustBeThere() const {
     if (files_.IsAway(path_)) throw RuntimeError(error::DeviceIO);
@@ -153,7 +159,7 @@ void FaultyFiles::SetAttributes(const std::string& path, int attributes) {
 }
 
 bool FaultyFiles::NameTaken(const std::string& path) {
-  return Strike(FileCall::NameTaken, path) == 0 && !IsAway(path) && inner_.NameTaken(path);
+  return Strike(FileCall::NameTaken, path) != 0 || (!IsAway(path) && inner_.NameTaken(path));
 }
 
 bool FaultyFiles::IsLink(const std::string& path) {
@@ -186,6 +192,13 @@ void FaultyFiles::Rename(const std::string& from, const std::string& to) {
   if (IsAway(to)) throw RuntimeError(error::PathNotFound);
   AboutToChange();
   inner_.Rename(from, to);
+}
+
+void FaultyFiles::RenameOver(const std::string& from, const std::string& to) {
+  Check(FileCall::Rename, from);
+  if (IsAway(to)) throw RuntimeError(error::PathNotFound);
+  AboutToChange();
+  inner_.RenameOver(from, to);
 }
 
 void FaultyFiles::MakeFolder(const std::string& path) {

@@ -12,8 +12,8 @@
 
 namespace pixorra {
 
-// What can fail. Names, Attributes, NameTaken, LastWriteTime and SetTimes fail by answering as for nothing there; the
-// others raise.
+// What can fail. Names, Attributes, LastWriteTime and SetTimes fail by answering as for nothing there, NameTaken by
+// answering that it is; the others raise.
 enum class FileCall {
   Names,
   Attributes,
@@ -25,6 +25,7 @@ enum class FileCall {
   Read,
   Write,
   Flush,
+  Empty,
   Delete,
   Rename,
   MakeFolder,
@@ -68,6 +69,7 @@ class FaultyFiles : public Files {
   std::unique_ptr<File> Open(const std::string& path, OpenMode mode) override;
   void Delete(const std::string& path) override;
   void Rename(const std::string& from, const std::string& to) override;
+  void RenameOver(const std::string& from, const std::string& to) override;
   void MakeFolder(const std::string& path) override;
   void RemoveFolder(const std::string& path) override;
   void FlushFolder(const std::string& path) override;

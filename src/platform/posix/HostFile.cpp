@@ -69,6 +69,12 @@ class HostFile : public File {
       if (errno != EINTR) RaiseWriteError(errno);
   }
 
+  void Empty() override {
+    // EINVAL is what a descriptor says that was opened for reading.
+    while (ftruncate(fd_.Get(), 0) != 0)
+      if (errno != EINTR) RaiseWriteError(errno == EINVAL ? EBADF : errno);
+  }
+
  private:
   static void CheckRange(std::int64_t offset, std::size_t count) {
     constexpr std::int64_t longest = std::numeric_limits<std::int64_t>::max();
@@ -111,9 +117,10 @@ std::unique_ptr<File> MakeHostFile(UniqueFd fd) {
 
 std::unique_ptr<File> OpenHostFile(const std::string& path, OpenMode mode, bool seenOrdinary) {
   const bool reading = mode == OpenMode::Read;
-  const int unfit = seenOrdinary ? 0 : CheckOrdinary(path, reading);
+  const bool making = mode == OpenMode::CreateNew;
+  const int unfit = seenOrdinary || making ? 0 : CheckOrdinary(path, reading);
   if (unfit != 0 && (reading || unfit != ENOENT)) RaiseHostError(unfit);
-  UniqueFd fd = OpenWithFlags(path, reading ? O_RDONLY : O_RDWR | O_CREAT | O_NOFOLLOW);
+  UniqueFd fd = OpenWithFlags(path, reading ? O_RDONLY : O_RDWR | O_CREAT | (making ? O_EXCL : O_NOFOLLOW));
   if (!fd) RaiseHostError(errno);
   // Something else may have taken the name since the first look.
   struct stat entry {};

@@ -3,6 +3,7 @@
 
 #include <array>
 #include <cerrno>
+#include <cstdio>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -108,8 +109,12 @@ void PosixFiles::SetAttributes(const std::string& path, int attributes) {
 }
 
 bool PosixFiles::NameTaken(const std::string& path) {
+  // What cannot be a name here is surely no name of anything.
   bool taken = false;
-  static_cast<void>(ErrorsIgnored([&] { taken = Find(path).Exists(); }));
+  static_cast<void>(ErrorsIgnored([&] {
+    const int failure = Find(path).Failure;
+    taken = failure != ENOENT && failure != ENOTDIR && failure != ENAMETOOLONG;
+  }));
   return taken;
 }
 
@@ -147,14 +152,19 @@ std::unique_ptr<File> PosixFiles::Open(const std::string& path, OpenMode mode) {
   const Located located = Find(path);
   MustNotBeRoot(located.Path);
   MustBeReachable(located);
+  // Also a name of another case is taken.
+  if (mode == OpenMode::CreateNew && located.Exists()) throw RuntimeError(error::FileExists);
   const bool ordinary = located.Exists() && S_ISREG(located.Entry.st_mode);
   return OpenHostFile(located.Path.Text(), mode, ordinary);
 }
 
 void PosixFiles::Delete(const std::string& path) {
-  const Located located = Find(path);
+  const HostPath asked = mapping_->Current().ToHost(path);
+  const Located located = Locate(asked);
   MustExist(located);
   MustNotBeRoot(located.Path);
+  // A file of another case is another file, unless the disk itself finds it by this name.
+  if (located.Path.Names.back() != asked.Names.back()) throw RuntimeError(error::FileNotFound);
   // unlink itself refuses folders.
   if (unlink(located.Path.Text().c_str()) != 0) RaiseFor(located.Path, errno);
 }
@@ -176,6 +186,16 @@ void PosixFiles::Rename(const std::string& from, const std::string& to) {
   }
   const int failure = RenameKeeping(source.Path.Text(), targetPath);
   if (failure != 0) RaiseFor(source.Path, failure);
+}
+
+void PosixFiles::RenameOver(const std::string& from, const std::string& to) {
+  const Located source = Find(from);
+  const Located target = Find(to);
+  MustExist(source);
+  MustBeReachable(target);
+  if (!S_ISREG(source.Entry.st_mode) || (target.Exists() && !S_ISREG(target.Entry.st_mode)))
+    throw RuntimeError(error::PathAccess);
+  if (rename(source.Path.Text().c_str(), target.Path.Text().c_str()) != 0) RaiseFor(source.Path, errno);
 }
 
 void PosixFiles::MakeFolder(const std::string& path) {

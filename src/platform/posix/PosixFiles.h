@@ -26,6 +26,7 @@ class PosixFiles : public Files {
   std::unique_ptr<File> OpenOfLength(const std::string& path, std::int64_t length) override;
   void Delete(const std::string& path) override;
   void Rename(const std::string& from, const std::string& to) override;
+  void RenameOver(const std::string& from, const std::string& to) override;
   void MakeFolder(const std::string& path) override;
   void RemoveFolder(const std::string& path) override;
   void FlushFolder(const std::string& path) override;

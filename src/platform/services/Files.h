@@ -43,12 +43,15 @@ class File {
   virtual void WriteAt(std::int64_t offset, const void* from, std::size_t count) = 0;
   // Raises as WriteAt does.
   virtual void Flush() = 0;
+  // Cuts it to length 0. Raises as WriteAt does.
+  virtual void Empty() = 0;
 };
 
 enum class OpenMode {
   Read,       // must exist; only ordinary files open (nothing blocks on a FIFO)
   ReadWrite,  // made when missing, never shortened; not through a symbolic link
   Replace,    // made when missing, else emptied; for files that are the program's own
+  CreateNew,  // made, and nobody else made it: raises FileExists where the name is taken by anything at all
 };
 
 // Look-ups ignore case and keep the case that the disk has; an exact match goes before another one.
@@ -68,7 +71,8 @@ class Files {
   virtual void SetAttributes(const std::string& path, int attributes) = 0;
   bool FileExists(const std::string& path);    // an ordinary file, or a link to one
   bool FolderExists(const std::string& path);  // a folder, or a link to one
-  // The name is taken by anything at all, a link that leads nowhere included.
+  // The name is taken by anything at all, a link that leads nowhere included. False only where there is surely no such
+  // name: a look that fails for any other reason counts as taken.
   virtual bool NameTaken(const std::string& path) = 0;
   virtual bool IsLink(const std::string& path) = 0;
   // Both paths lead to one and the same file, by whatever names; false where either leads nowhere.
@@ -79,9 +83,12 @@ class Files {
   // The file open for reading if it is of this length, else nothing. Raises as Length and Open do. A folder's files are
   // looked through by it, so that a back end may look each up only once.
   virtual std::unique_ptr<File> OpenOfLength(const std::string& path, std::int64_t length);
-  // A file or a link itself; never a folder.
+  // A file or a link itself; never a folder. Its name must be spelled as on the disk, unless the disk ignores case.
   virtual void Delete(const std::string& path) = 0;
   virtual void Rename(const std::string& from, const std::string& to) = 0;  // 58 where `to` is taken; never replaces
+  // Puts `from` in the place of the file `to` in one step: whoever opens `to` finds the old file or the new one, whole.
+  // For files that are the program's own.
+  virtual void RenameOver(const std::string& from, const std::string& to) = 0;
   virtual void MakeFolder(const std::string& path) = 0;
   virtual void RemoveFolder(const std::string& path) = 0;  // only an empty one, never through a link
   // The folder's entries are on stable storage when this returns.

@@ -23,9 +23,11 @@ class FilesChanging : public FilesContract {
 };
 PIXORRA_ON_ALL_FILES(FilesChanging);
 
-TEST_P(FilesChanging, DeleteTakesAFileOfAnotherCase) {
+TEST_P(FilesChanging, DeleteLeavesAFileOfAnotherCaseWhereTheDiskTellsThemApart) {
   drive_.Write("C:\\p\\a.jpg", "1");
-  TheFiles().Delete("C:\\P\\A.JPG");
+  EXPECT_EQ(NumberOfDelete("C:\\p\\A.JPG"), error::FileNotFound);
+  EXPECT_EQ(drive_.Read("C:\\p\\a.jpg"), "1");
+  TheFiles().Delete("C:\\P\\a.jpg");
   EXPECT_FALSE(drive_.Exists("C:\\p\\a.jpg"));
 }
 
@@ -97,6 +99,27 @@ TEST_P(FilesChanging, RenameNeverReplaces) {
   EXPECT_EQ(drive_.Read("C:\\p\\a"), "a");
   EXPECT_EQ(drive_.Read("C:\\p\\b"), "b");
   EXPECT_EQ(drive_.Read("C:\\p\\Other"), "o");
+}
+
+TEST_P(FilesChanging, RenameOverPutsAFileInTheOthersPlace) {
+  drive_.Write("C:\\p\\new", "new");
+  drive_.Write("C:\\p\\old", "old");
+  TheFiles().RenameOver("C:\\p\\new", "C:\\p\\old");
+  EXPECT_EQ(drive_.Read("C:\\p\\old"), "new");
+  EXPECT_FALSE(drive_.Exists("C:\\p\\new"));
+  TheFiles().RenameOver("C:\\p\\old", "C:\\p\\free");
+  EXPECT_EQ(drive_.Read("C:\\p\\free"), "new");
+}
+
+TEST_P(FilesChanging, RenameOverTakesThePlaceOfNoFolderAndNoLink) {
+  drive_.Write("C:\\p\\new", "new");
+  drive_.MakeFolder("C:\\p\\folder");
+  drive_.Write("C:\\p\\target", "target");
+  drive_.MakeLink("C:\\p\\link", "target");
+  for (const char* to : {"C:\\p\\folder", "C:\\p\\link"})
+    EXPECT_EQ(ErrorsIgnored([&] { TheFiles().RenameOver("C:\\p\\new", to); }), error::PathAccess) << to;
+  EXPECT_EQ(ErrorsIgnored([&] { TheFiles().RenameOver("C:\\p\\gone", "C:\\p\\x"); }), error::FileNotFound);
+  EXPECT_EQ(drive_.Read("C:\\p\\new"), "new");
 }
 
 TEST_P(FilesChanging, RenameChangesTheCaseOfAName) {

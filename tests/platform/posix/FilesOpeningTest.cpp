@@ -124,6 +124,30 @@ TEST_P(FilesOpening, ReplaceEmptiesAnOrdinaryFileAndMakesAMissingOne) {
   EXPECT_EQ(drive_.Read("C:\\p\\b"), "y");
 }
 
+TEST_P(FilesOpening, CreateNewMakesAFileOnlyWhereNothingHasTheName) {
+  TheFiles().Open("C:\\new.jpg", OpenMode::CreateNew)->WriteAt(0, "1", 1);
+  EXPECT_EQ(ReadWhole("C:\\new.jpg"), "1");
+  EXPECT_EQ(NumberOfOpen("C:\\new.jpg", OpenMode::CreateNew), error::FileExists);
+  EXPECT_EQ(NumberOfOpen("C:\\NEW.jpg", OpenMode::CreateNew), error::FileExists);
+  EXPECT_EQ(ReadWhole("C:\\new.jpg"), "1");
+  drive_.MakeFolder("C:\\folder");
+  EXPECT_EQ(NumberOfOpen("C:\\folder", OpenMode::CreateNew), error::FileExists);
+  drive_.MakeLink("C:\\nowhere", "missing");
+  EXPECT_EQ(NumberOfOpen("C:\\nowhere", OpenMode::CreateNew), error::FileExists);
+  EXPECT_FALSE(drive_.Exists("C:\\missing"));
+  EXPECT_EQ(NumberOfOpen("C:\\gone\\new.jpg", OpenMode::CreateNew), error::PathNotFound);
+}
+
+TEST_P(FilesOpening, AnOpenFileIsEmptiedAndMayBeWrittenAgain) {
+  drive_.Write("C:\\a", "before");
+  const std::unique_ptr<File> file = TheFiles().Open("C:\\a", OpenMode::ReadWrite);
+  file->Empty();
+  EXPECT_EQ(drive_.Read("C:\\a"), "");
+  file->WriteAt(0, "after", 5);
+  EXPECT_EQ(drive_.Read("C:\\a"), "after");
+  EXPECT_EQ(ErrorsIgnored([&] { TheFiles().Open("C:\\a", OpenMode::Read)->Empty(); }), error::PathAccess);
+}
+
 TEST_P(FilesOpening, WritingWithoutAFolderRaises76) {
   EXPECT_EQ(NumberOfOpen("C:\\q\\a", OpenMode::ReadWrite), error::PathNotFound);
   EXPECT_EQ(NumberOfOpen("C:\\q\\a", OpenMode::Replace), error::PathNotFound);

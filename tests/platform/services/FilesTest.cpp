@@ -23,6 +23,7 @@ class OneAnswer : public Files {
   std::unique_ptr<File> Open(const std::string&, OpenMode) override { return nullptr; }
   void Delete(const std::string&) override {}
   void Rename(const std::string&, const std::string&) override {}
+  void RenameOver(const std::string&, const std::string&) override {}
   void MakeFolder(const std::string&) override {}
   void RemoveFolder(const std::string&) override {}
   void FlushFolder(const std::string&) override {}
