@@ -47,7 +47,7 @@ bool IsJpeg(File& file) {
 
 bool Decode(std::span<const std::uint8_t> file, int scale, const std::atomic<bool>& stop, ReducedRows& rows) {
   JpegReader reader(file);
-  if (reader.Open() != jpeg::Ok || (reader.Channels() != 1 && reader.Channels() != 3)) return false;
+  if (reader.Open() != jpeg::Ok) return false;
   reader.StopOn(stop);
   if (reader.Reduce(scale) != jpeg::Ok) return false;
   const std::int64_t step = std::int64_t{reader.ReducedWidth()} * 3;

@@ -45,6 +45,7 @@ int JpegReader::Open() {
   if (reader_.data_precision != 8) return jpeg::Unsupported;
   if (Channels() != 1 && Channels() != 3 && Channels() != 4) return jpeg::Ok;
   reader_.out_color_space = Channels() == 4 ? JCS_CMYK : JCS_EXT_BGR;
+  orientation_ = OrientationOf(bytes_);
   return jpeg::Ok;
 }
 
@@ -64,14 +65,20 @@ int JpegReader::Read(std::uint8_t* topRow, std::ptrdiff_t step, int bytesPerPixe
   if (EndsAfterHeader()) return jpeg::NoPicture;
   const bool read = errors_.Run([=, this] {
     jpeg_start_decompress(&reader_);
+    const TurnedPlaces places = PlacesFor(orientation_, static_cast<int>(reader_.output_width),
+                                          static_cast<int>(reader_.output_height), topRow, step, bytesPerPixel);
     if (ComesAsCmyk()) {
-      ReadCmykRows(topRow, step, bytesPerPixel);
-    } else {
+      ReadCmykRows(places, bytesPerPixel);
+    } else if (orientation_ == 1) {
       ReadRows(topRow, step);
+    } else {
+      ReadTurnedRows(places);
     }
     jpeg_finish_decompress(&reader_);
   });
-  if (!read) return errors_.status;
+  // What came ahead of the damage shows, as that of a file that ends early does.
+  const bool stopped = progress_.stop != nullptr && *progress_.stop;
+  if (!read && (stopped || errors_.status != jpeg::BadData || reader_.output_scanline == 0)) return errors_.status;
   return errors_.cutBeforeFirstRow ? jpeg::NoPicture : jpeg::Ok;
 }
 
@@ -86,14 +93,31 @@ void JpegReader::ReadRows(std::uint8_t* topRow, std::ptrdiff_t step) {
   }
 }
 
-void JpegReader::ReadCmykRows(std::uint8_t* topRow, std::ptrdiff_t step, int bytesPerPixel) {
+// Some rows at a time, and of these column by column: in a picture that lies on its side they are neighbours there.
+void JpegReader::ReadTurnedRows(const TurnedPlaces& places) {
+  constexpr unsigned MostRows = 16;
+  JSAMPARRAY rows = (*reader_.mem->alloc_sarray)(reinterpret_cast<j_common_ptr>(&reader_), JPOOL_IMAGE,
+                                                 reader_.output_width * 3, MostRows);
+  while (reader_.output_scanline < reader_.output_height) {
+    std::uint8_t* to = places.first + static_cast<std::ptrdiff_t>(reader_.output_scanline) * places.down;
+    unsigned count = 0;
+    while (count < MostRows && reader_.output_scanline < reader_.output_height)
+      count += jpeg_read_scanlines(&reader_, rows + count, MostRows - count);
+    for (unsigned x = 0; x < reader_.output_width; ++x, to += places.across) {
+      for (unsigned y = 0; y < count; ++y)
+        std::copy_n(rows[y] + std::ptrdiff_t{x} * 3, 3, to + static_cast<std::ptrdiff_t>(y) * places.down);
+    }
+  }
+}
+
+void JpegReader::ReadCmykRows(const TurnedPlaces& places, int bytesPerPixel) {
   JSAMPARRAY inks =
       (*reader_.mem->alloc_sarray)(reinterpret_cast<j_common_ptr>(&reader_), JPOOL_IMAGE, reader_.output_width * 4, 1);
   while (reader_.output_scanline < reader_.output_height) {
-    std::uint8_t* to = topRow + static_cast<std::ptrdiff_t>(reader_.output_scanline) * step;
+    std::uint8_t* to = places.first + static_cast<std::ptrdiff_t>(reader_.output_scanline) * places.down;
     jpeg_read_scanlines(&reader_, inks, 1);
     const std::uint8_t* from = inks[0];
-    for (unsigned x = 0; x < reader_.output_width; ++x, from += 4, to += bytesPerPixel) {
+    for (unsigned x = 0; x < reader_.output_width; ++x, from += 4, to += places.across) {
       to[0] = InkToLight(from[2], from[3]);
       to[1] = InkToLight(from[1], from[3]);
       to[2] = InkToLight(from[0], from[3]);

@@ -1,4 +1,5 @@
-// One JPEG picture in memory, decoded whole or reduced straight into rows of the caller's.
+// One JPEG picture in memory, decoded whole or reduced straight into rows of the caller's, and turned upright as its
+// Exif data says. All sizes are those of the upright picture.
 #pragma once
 
 #include <atomic>
@@ -7,6 +8,7 @@
 #include <span>
 
 #include "platform/codecs/JpegErrors.h"
+#include "platform/codecs/Orientation.h"
 
 namespace pixorra {
 
@@ -21,8 +23,9 @@ class JpegReader {
   // Reads the header. A status, as the others; nothing else may be asked before it succeeded. Sizes that the bytes
   // cannot back are refused here.
   int Open();
-  int Width() const { return static_cast<int>(reader_.image_width); }
-  int Height() const { return static_cast<int>(reader_.image_height); }
+  int Width() const { return static_cast<int>(IsOnItsSide() ? reader_.image_height : reader_.image_width); }
+  int Height() const { return static_cast<int>(IsOnItsSide() ? reader_.image_width : reader_.image_height); }
+  // In the file: 1 grey, 3 colours, 4 inks.
   int Channels() const { return reader_.num_components; }
 
   // A read that runs when this becomes true gives up. It must outlive the reader.
@@ -30,12 +33,13 @@ class JpegReader {
 
   // The pixels are wanted at 1/denominator of the size; 1, 2, 4 or 8.
   int Reduce(int denominator);
-  int ReducedWidth() const { return static_cast<int>(reader_.output_width); }
-  int ReducedHeight() const { return static_cast<int>(reader_.output_height); }
+  int ReducedWidth() const { return static_cast<int>(IsOnItsSide() ? reader_.output_height : reader_.output_width); }
+  int ReducedHeight() const { return static_cast<int>(IsOnItsSide() ? reader_.output_width : reader_.output_height); }
 
   // Decodes into ReducedHeight() rows, the top one at `topRow` and each next one `step` bytes further (or back). A row
   // takes ReducedWidth() times `bytesPerPixel` bytes and nothing is written beyond: 3 for blue, green, red; 4, for
-  // pictures of four channels only, adds a byte of 255. Once only.
+  // pictures of four channels only, adds a byte of 255. Damage after the first rows leaves the rest as it was. Once
+  // only.
   int Read(std::uint8_t* topRow, std::ptrdiff_t step, int bytesPerPixel);
 
  private:
@@ -48,10 +52,13 @@ class JpegReader {
   static void Watch(j_common_ptr codec);
   bool EndsAfterHeader() const;
   bool ComesAsCmyk() const { return reader_.out_color_space == JCS_CMYK; }
+  bool IsOnItsSide() const { return LiesOnItsSide(orientation_); }
   void ReadRows(std::uint8_t* topRow, std::ptrdiff_t step);
-  void ReadCmykRows(std::uint8_t* topRow, std::ptrdiff_t step, int bytesPerPixel);
+  void ReadTurnedRows(const TurnedPlaces& places);
+  void ReadCmykRows(const TurnedPlaces& places, int bytesPerPixel);
 
   std::span<const std::uint8_t> bytes_;
+  int orientation_ = 1;
   JpegErrors errors_;
   jpeg_decompress_struct reader_{};
   Progress progress_;

@@ -79,7 +79,7 @@ int ReadPixels(JpegReader& reader, const JPEG_CORE_PROPERTIES& record, int denom
   if (const int status = reader.Reduce(denominator); status != jpeg::Ok) return status;
   const std::int64_t height = std::abs(std::int64_t{record.DIBHeight});
   if (reader.ReducedWidth() != record.DIBWidth || reader.ReducedHeight() != height) return jpeg::Mismatch;
-  if ((reader.Channels() == 4) != (record.DIBChannels == 4)) return jpeg::Mismatch;
+  if (record.DIBChannels == 4 && reader.Channels() != 4) return jpeg::Mismatch;
   return reader.Read(rows->top, rows->step, record.DIBChannels);
 }
 
@@ -89,8 +89,9 @@ int ReadFrom(std::span<const std::uint8_t> bytes, JPEG_CORE_PROPERTIES& record, 
   if (denominator != 0) return ReadPixels(reader, record, denominator);
   record.JPGWidth = reader.Width();
   record.JPGHeight = reader.Height();
-  record.JPGChannels = reader.Channels();
-  record.JPGColor = ColourOf(reader.Channels(), record.JPGColor);
+  // Inks come as colours, so that such a picture goes where any other does.
+  record.JPGChannels = reader.Channels() == 4 ? 3 : reader.Channels();
+  record.JPGColor = ColourOf(record.JPGChannels, record.JPGColor);
   return jpeg::Ok;
 }
 

@@ -42,12 +42,11 @@ TEST_F(CodecPicturesTest, TheThreeKindsAreToldByTheirFirstBytes) {
   EXPECT_EQ(LoadOf(GifPhoto(12, 5)).Width(), 12);
 }
 
-TEST_F(CodecPicturesTest, NothingRotatesAPhoto) {
+TEST_F(CodecPicturesTest, APhotoComesUpright) {
   for (int orientation = 1; orientation <= 8; ++orientation) {
     const Picture picture = LoadOf(JpegPhoto(40, 30, {.exif = true, .exifOrientation = orientation}));
-    EXPECT_EQ(picture.Width(), 40);
-    EXPECT_EQ(picture.Height(), 30);
-    ExpectSamePixels(picture.Pixels(), LoadOf(JpegPhoto(40, 30)).Pixels(), 0);
+    EXPECT_EQ(picture.Width(), orientation < 5 ? 40 : 30) << orientation;
+    EXPECT_EQ(picture.Height(), orientation < 5 ? 30 : 40) << orientation;
   }
 }
 

@@ -159,11 +159,18 @@ TEST_F(DecodeAheadTest, WhatCannotBePreparedIsReadyAtOnceOrSoonAndServesNothing)
   for (const std::string& text : texts) EXPECT_FALSE(ahead.Take(Bytes(text), 8));
 }
 
-TEST_F(DecodeAheadTest, InksAreLeftToTheDecodeThatRefusesThem) {
+TEST_F(DecodeAheadTest, InksAndPhotosOnTheirSideComeAsTheDecodeItselfWouldGiveThem) {
   TurboJpegCodec codec(files, &ahead);
-  const std::string jpeg = LongJpeg(9, {.channels = 4, .quality = 100});
-  Prepare({Write("inks.jpg", jpeg)}, 8);
-  EXPECT_EQ(Read(codec, jpeg, 8, ijl::BufferReadEighth).status, jpeg::Mismatch);
+  TurboJpegCodec plain(files);
+  for (const JpegFile& file : {JpegFile{.channels = 4, .quality = 100},
+                               JpegFile{.quality = 100, .fullColour = true, .exif = true, .exifOrientation = 6}}) {
+    const std::string jpeg = LongJpeg(9, file);
+    Prepare({Write("turned.jpg", jpeg)}, 8);
+    const Decoded ready = Read(codec, jpeg, 8, ijl::BufferReadEighth);
+    EXPECT_EQ(ready.status, jpeg::Ok);
+    EXPECT_EQ(ready, Read(plain, jpeg, 8, ijl::BufferReadEighth));
+    EXPECT_FALSE(ahead.Take(Bytes(jpeg), 8)) << "it was not what served";
+  }
 }
 
 TEST_F(DecodeAheadTest, WhatIsNoLongerExpectedIsLetGo) {

@@ -89,7 +89,7 @@ TEST_F(TurboJpegCodecTest, HeaderTellsSizeAndChannels) {
   EXPECT_EQ(colour.JPGChannels, 3);
   EXPECT_EQ(colour.JPGColor, ijl::YCbCr);
   EXPECT_EQ(HeaderOf(JpegPhoto(8, 8, {.channels = 1})).JPGChannels, 1);
-  EXPECT_EQ(HeaderOf(JpegPhoto(8, 8, {.channels = 4})).JPGChannels, 4);
+  EXPECT_EQ(HeaderOf(JpegPhoto(8, 8, {.channels = 4})).JPGChannels, 3);
   EXPECT_EQ(HeaderOf(JpegPhoto(8, 8, {.progressive = true})).JPGChannels, 3);
 }
 
@@ -154,11 +154,24 @@ TEST_F(TurboJpegCodecTest, GreyComesAsThreeEqualChannels) {
   EXPECT_GT(seen.size(), 3U);
 }
 
-TEST_F(TurboJpegCodecTest, FourChannelsDescribedAsThreeAreRefusedUntouched) {
+TEST_F(TurboJpegCodecTest, FourChannelsDescribedAsThreeComeAsThree) {
+  const Bitmap photo = SmoothBitmap(16, 16);
   Surface surface(16, 16, 3, 16);
-  const int status = ReadInto(surface, JpegPhoto(16, 16, {.channels = 4}), ijl::BufferReadWhole);
-  EXPECT_EQ(status, jpeg::Mismatch);
-  EXPECT_TRUE(surface.IsUntouched());
+  ASSERT_EQ(ReadInto(surface, JpegOf(photo, {.channels = 4, .quality = 100}), ijl::BufferReadWhole), ijl::Ok);
+  for (int y = 0; y < 16; ++y) {
+    for (int x = 0; x < 16 * 3; ++x) ASSERT_NEAR(surface.Row(15 - y)[x], photo.Row(y)[x], 4);
+  }
+  EXPECT_TRUE(surface.MarksAreWhole());
+}
+
+TEST_F(TurboJpegCodecTest, DamageAfterTheFirstRowsLeavesWhatCame) {
+  const Bitmap photo = SmoothBitmap(200, 200);
+  std::string jpeg = JpegOf(photo, {.quality = 95});
+  // A marker that no scan may hold, in the middle of the data.
+  jpeg.replace(jpeg.size() / 2, 4, std::string("\xFF\xC0\x00\x02", 4));
+  Surface surface(200, 200, 3, 0);
+  ASSERT_EQ(ReadInto(surface, jpeg, ijl::BufferReadWhole), ijl::Ok);
+  EXPECT_NEAR(surface.Row(199)[0], photo.Row(0)[0], 40);
 }
 
 TEST_F(TurboJpegCodecTest, FourChannelsDescribedTrulyComeAsBlueGreenRed) {
