@@ -13,13 +13,24 @@
 #include "platform/posix/PosixRegistry.h"
 #include "platform/posix/PosixSettings.h"
 #include "platform/posix/PosixShell.h"
+#include "platform/posix/RunningInstance.h"
 #include "platform/qt/QtPlatform.h"
 #include "window/MainForm.h"
 
 int main(int argc, char** argv) {
   using namespace pixorra;
-  QtPlatform qt(argc, argv);
   const Environment environment = Environment::OfProcess();
+  // Two programs would write one saved state, and each would lose what the other kept.
+  const RunningInstance instance(environment.ConfigHome + "/pixorra");
+  if (!instance.IsFirst()) {
+    constexpr double Patience = 10;  // seconds; a long copy takes the first program's time
+    instance.CallFirst(Patience);
+    return 0;
+  }
+  QtPlatform qt(argc, argv);
+  qt.OnReadable(instance.Calls(), [&] {
+    if (instance.TakeCalls()) qt.ComeToFront();
+  });
   const auto mapping = std::make_shared<MountedMapping>(environment);
   PosixFiles files(mapping);
   PosixPlaces places(environment, mapping);

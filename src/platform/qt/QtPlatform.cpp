@@ -2,6 +2,9 @@
 
 #include <QApplication>
 #include <QIcon>
+#include <QSocketNotifier>
+#include <QWidget>
+#include <utility>
 
 #include "platform/qt/Accessibility.h"
 #include "platform/qt/LookStyle.h"
@@ -61,6 +64,27 @@ QtPlatform::~QtPlatform() = default;
 int QtPlatform::Run() {
   parts_->backend.Run();
   return 0;
+}
+
+void QtPlatform::OnReadable(int descriptor, std::function<void()> function) {
+  if (descriptor < 0) return;
+  auto* const notifier = new QSocketNotifier(descriptor, QSocketNotifier::Read, &parts_->application);
+  QObject::connect(notifier, &QSocketNotifier::activated, notifier, [run = std::move(function)] { run(); });
+}
+
+void QtPlatform::ComeToFront() {
+  QWidget* last = nullptr;
+  for (QWidget* const window : QApplication::topLevelWidgets()) {
+    const bool shown = window->isVisible() && window->windowType() != Qt::ToolTip && window->windowType() != Qt::Popup;
+    if (!shown) continue;
+    if (window->isMinimized()) window->setWindowState(window->windowState() & ~Qt::WindowMinimized);
+    if (last == nullptr || window->isModal()) last = window;
+  }
+  QWidget* const modal = QApplication::activeModalWidget();
+  QWidget* const front = modal != nullptr ? modal : last;
+  if (front == nullptr) return;
+  front->raise();
+  front->activateWindow();
 }
 
 void QtPlatform::PrintToFile(const std::string& hostPath) {

@@ -2,6 +2,7 @@
 // it. No header of the toolkit below is needed to use it.
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string>
 
@@ -34,6 +35,11 @@ class QtPlatform {
   // Handles events until the program ends; gives the exit code. An error that no handler wanted is shown in a box, and
   // the program goes on.
   int Run();
+  // Runs the function in the loop whenever the host's descriptor can be read; it must then read it. A descriptor below
+  // 0 never can.
+  void OnReadable(int descriptor, std::function<void()> function);
+  // Shows the windows in front of those of other programs, as their user does by the task bar.
+  void ComeToFront();
   // Documents become a PDF file of the host.
   void PrintToFile(const std::string& hostPath);
 };

@@ -1,0 +1,105 @@
+#include "platform/posix/RunningInstance.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <cstring>
+#include <ctime>
+#include <fcntl.h>
+#include <poll.h>
+#include <sys/file.h>
+#include <sys/socket.h>
+#include <sys/stat.h>
+#include <sys/un.h>
+#include <unistd.h>
+
+#include "platform/posix/SmallFiles.h"
+
+namespace pixorra {
+
+namespace {
+
+constexpr const char* LockName = "lock";
+constexpr const char* SocketName = "running";
+constexpr mode_t OwnersOnly = 0600;
+constexpr int MostWaiting = 8;
+// Between two tries to reach a first start that is not ready yet, milliseconds.
+constexpr int Pause = 20;
+
+double Now() {
+  timespec now{};
+  clock_gettime(CLOCK_MONOTONIC, &now);
+  return static_cast<double>(now.tv_sec) + static_cast<double>(now.tv_nsec) * 1e-9;
+}
+
+// By the folder's descriptor, as an address has room for about a hundred bytes of path only.
+sockaddr_un AddressIn(const UniqueFd& folder) {
+  sockaddr_un address{};
+  address.sun_family = AF_UNIX;
+  const std::string path = "/proc/self/fd/" + std::to_string(folder.Get()) + '/' + SocketName;
+  std::copy_n(path.c_str(), std::min(path.size(), sizeof address.sun_path - 1), address.sun_path);
+  return address;
+}
+
+UniqueFd NewSocket(int flags) {
+  return UniqueFd(socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | flags, 0));
+}
+
+UniqueFd Listen(const UniqueFd& folder) {
+  // What a start before this one has left: nobody listens there, as the lock was free.
+  unlinkat(folder.Get(), SocketName, 0);
+  UniqueFd calls = NewSocket(SOCK_NONBLOCK);
+  const sockaddr_un address = AddressIn(folder);
+  if (!calls || bind(calls.Get(), reinterpret_cast<const sockaddr*>(&address), sizeof address) != 0) return {};
+  fchmodat(folder.Get(), SocketName, OwnersOnly, 0);
+  if (listen(calls.Get(), MostWaiting) != 0) return {};
+  return calls;
+}
+
+// The first start closes the connection when it has taken the call.
+bool WaitForEnd(const UniqueFd& call, double until) {
+  pollfd wait{call.Get(), POLLIN, 0};
+  const int milliseconds = std::max(0, static_cast<int>((until - Now()) * 1000));
+  return poll(&wait, 1, milliseconds) > 0;
+}
+
+}  // namespace
+
+RunningInstance::RunningInstance(const std::string& hostFolder) {
+  static_cast<void>(MakeFolders(hostFolder));
+  folder_ = UniqueFd(open(hostFolder.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC));
+  if (!folder_) return;
+  lock_ = UniqueFd(openat(folder_.Get(), LockName, O_RDWR | O_CREAT | O_NOFOLLOW | O_CLOEXEC, OwnersOnly));
+  if (!lock_) return;
+  while (flock(lock_.Get(), LOCK_EX | LOCK_NB) != 0) {
+    if (errno == EINTR) continue;
+    first_ = errno != EWOULDBLOCK;
+    break;
+  }
+  if (first_) calls_ = Listen(folder_);
+}
+
+bool RunningInstance::CallFirst(double seconds) const {
+  const double until = Now() + seconds;
+  const sockaddr_un address = AddressIn(folder_);
+  do {
+    const UniqueFd call = NewSocket(0);
+    if (call && connect(call.Get(), reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0)
+      return WaitForEnd(call, until);
+    poll(nullptr, 0, Pause);
+  } while (Now() < until);
+  return false;
+}
+
+bool RunningInstance::TakeCalls() const {
+  bool any = false;
+  for (;;) {
+    const UniqueFd call(accept4(calls_.Get(), nullptr, nullptr, SOCK_CLOEXEC));
+    if (call) {
+      any = true;
+    } else if (errno != EINTR && errno != ECONNABORTED) {
+      return any;
+    }
+  }
+}
+
+}  // namespace pixorra
