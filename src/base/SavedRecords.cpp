@@ -1,5 +1,7 @@
 #include "base/SavedRecords.h"
 
+#include <algorithm>
+
 #include "platform/runtime/Errors.h"
 #include "platform/runtime/Numbers.h"
 #include "platform/runtime/Text.h"
@@ -11,6 +13,13 @@ namespace {
 
 bool IsLineEnd(char c) {
   return c == '\r' || c == '\n';
+}
+// A whole number or one with a fraction, as TrimmedStr writes them, and nothing beside it.
+bool IsNumber(std::string_view text) {
+  if (text.starts_with('-')) text.remove_prefix(1);
+  return text.find_first_of("0123456789") != std::string_view::npos &&
+         text.find_first_not_of("0123456789.") == std::string_view::npos &&
+         std::count(text.begin(), text.end(), '.') <= 1;
 }
 bool EndsValue(char c) {
   return c == ',' || IsLineEnd(c);
@@ -69,7 +78,7 @@ std::optional<std::string> SavedRecordReader::Next() {
 
 std::optional<int> SavedRecordReader::Number() {
   const std::optional<std::string> value = Next();
-  if (!value || value->find_first_of("0123456789") == std::string::npos) return std::nullopt;
+  if (!value || !IsNumber(*value)) return std::nullopt;
   std::optional<int> number;
   ErrorsIgnored([&] { number = CLng(Val(*value)); });
   return number;

@@ -1,5 +1,6 @@
 // The saved state file against texts made by hand: written at the end of a run, read at the start of the next.
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 #include "app/INIfile.h"
 #include "desktop/OpenFolder.h"
@@ -143,6 +144,19 @@ TEST_F(INIfileTest, AMaximisedWindowStoresItsMaximisedSize) {
   run.person.MoveWindow(run.main.Window, 300, 150);
   run.person.Maximise(run.main.Window);
   EXPECT_EQ(LinesAfter(run)[0], "19200,15360,0,0,2");
+}
+
+TEST_F(INIfileTest, AFolderWithADoubleQuoteInItsNameComesBack) {
+  drive.MakeFolder("C:\\Home");
+  ASSERT_EQ(mkdir((drive.HostPath("C:\\Home") + "/the \"best\" of").c_str(), 0777), 0);
+  ProgramRun& run = Started();
+  const std::vector<std::string> names = run.files.Names("C:\\Home", "*", attribute::Directory);
+  ASSERT_EQ(names.size(), 1U);
+  Display_a_New_Folder(run.main, "C:\\Home\\" + names[0]);
+  run.Close();
+  ProgramRun& next = Started();
+  EXPECT_TRUE(next.main.desk.DestFolder(1).Visible());
+  EXPECT_EQ(next.main.desk.DestFolderFiles(1).Path(), "C:\\Home\\" + names[0]);
 }
 
 TEST_F(INIfileTest, AFolderSlotWritesItsOwnLineAndAnEmptyOneAnEmptyText) {

@@ -89,7 +89,8 @@ TEST(SavedRecordReader, RoundsNumbersToWholeOnesWithHalvesToTheEvenNeighbour) {
 }
 
 TEST(SavedRecordReader, ATextThatIsNoNumberIsNothingAndReadingGoesOn) {
-  for (const std::string bad : {"", "abc", "-", "\"\"", "#TRUE#", "\xff\xfe", "4294967296", "-2147483649", "1E400"}) {
+  for (const std::string bad : {"", "abc", "-", "yes5", "5abc", "1 2", "1.2.3", "\"\"", "#TRUE#", "\xff\xfe",
+                                "4294967296", "-2147483649", "1E400"}) {
     const std::string bytes = bad + "\r\n8\r\n";
     SavedRecordReader record(bytes);
     EXPECT_EQ(record.Number(), std::nullopt) << bad;

@@ -9,16 +9,21 @@ namespace pixorra {
 
 namespace {
 
-constexpr char32_t backslashCharacter = 0xF05C;
-constexpr char32_t colonCharacter = 0xF03A;
+// A character that the program's spelling has no room for becomes the private-use one this far above it.
+constexpr char32_t moved = 0xF000;
+constexpr std::string_view withoutRoom = "\\:\"";
 constexpr char32_t byteBase = 0xF700;
+
+bool StandsForCharacter(char32_t code) {
+  return code > moved && code < moved + 0x80 && withoutRoom.find(static_cast<char>(code - moved)) != std::string::npos;
+}
 
 bool StandsForByte(char32_t code) {
   return code >= byteBase + 0x80 && code <= byteBase + 0xFF;
 }
 
 bool Reserved(char32_t code) {
-  return code == backslashCharacter || code == colonCharacter || StandsForByte(code);
+  return StandsForCharacter(code) || StandsForByte(code);
 }
 
 bool HoldsByteCharacter(std::string_view name) {
@@ -35,10 +40,8 @@ std::string Decoded(std::string_view name) {
   host.reserve(name.size());
   for (std::size_t at = 0; at < name.size();) {
     const Utf8Character character = CharacterAt(name, at);
-    if (character.Code == backslashCharacter) {
-      host += '\\';
-    } else if (character.Code == colonCharacter) {
-      host += ':';
+    if (StandsForCharacter(character.Code)) {
+      host += static_cast<char>(character.Code - moved);
     } else if (StandsForByte(character.Code)) {
       host += static_cast<char>(static_cast<unsigned char>(character.Code - byteBase));
     } else {
@@ -59,10 +62,8 @@ std::string NameFromHost(std::string_view hostName) {
     if (character.Code >= StrayByte || Reserved(character.Code)) {
       for (const char byte : hostName.substr(at, character.Bytes))
         AppendCharacter(name, byteBase + static_cast<unsigned char>(byte));
-    } else if (hostName[at] == '\\') {
-      AppendCharacter(name, backslashCharacter);
-    } else if (hostName[at] == ':') {
-      AppendCharacter(name, colonCharacter);
+    } else if (withoutRoom.find(hostName[at]) != std::string::npos) {
+      AppendCharacter(name, moved + static_cast<unsigned char>(hostName[at]));
     } else {
       name += hostName.substr(at, character.Bytes);
     }
@@ -75,7 +76,8 @@ std::optional<std::string> NameToHost(std::string_view name) {
   std::string host = Decoded(name);
   if (host.empty() || host == "." || host == "..") return std::nullopt;
   if (host.find('/') != std::string::npos || host.find('\0') != std::string::npos) return std::nullopt;
-  // One spelling only: a backslash, a colon or a stray byte in `name` would come back as another character.
+  // One spelling only: a backslash, a colon, a double quote or a stray byte in `name` would come back as another
+  // character.
   if (NameFromHost(host) != name) return std::nullopt;
   return host;
 }

@@ -22,7 +22,7 @@ int NumberOf(const PathMapping& mapping, const std::string& path) {
 
 TEST(HostNames, PlainNamesAreTheSameInBothSpellings) {
   for (const char* name :
-       {"a.jpg", "two words", "\xC3\xA4\xE6\x97\xA5\xF0\x9F\x98\x80", ".hidden", "...", "a\nb", "*?|<>\""}) {
+       {"a.jpg", "two words", "\xC3\xA4\xE6\x97\xA5\xF0\x9F\x98\x80", ".hidden", "...", "a\nb", "*?|<>"}) {
     EXPECT_EQ(NameFromHost(name), name);
     EXPECT_EQ(NameToHost(name), name);
   }
@@ -35,6 +35,9 @@ TEST(HostNames, WhatABackslashPathHasNoRoomForBecomesPrivateUseCharacters) {
   EXPECT_EQ(NameFromHost("a:b"),
             "a\xEF\x80\xBA"
             "b");
+  EXPECT_EQ(NameFromHost("a\"b"),
+            "a\xEF\x80\xA2"
+            "b");
   EXPECT_EQ(NameFromHost("\xE4.jpg"), "\xEF\x9F\xA4.jpg");
   EXPECT_EQ(NameFromHost("\xEF\x81\x9C"), "\xEF\x9F\xAF\xEF\x9E\x81\xEF\x9E\x9C");
 }
@@ -42,7 +45,7 @@ TEST(HostNames, WhatABackslashPathHasNoRoomForBecomesPrivateUseCharacters) {
 TEST(HostNames, WhatNoHostFolderHoldsIsNoName) {
   for (const std::string& name :
        {std::string(), std::string("."), std::string(".."), std::string("a/b"), std::string("/"),
-        std::string("a\0b", 3), std::string("a\\b"), std::string("a:b"), std::string("\xE4"),
+        std::string("a\0b", 3), std::string("a\\b"), std::string("a:b"), std::string("a\"b"), std::string("\xE4"),
         // The spelling of bytes that together are a character.
         std::string("\xEF\x9F\x83\xEF\x9E\xA4")})
     EXPECT_EQ(NameToHost(name), std::nullopt) << name;
@@ -54,7 +57,7 @@ TEST(HostNames, EveryHostNameComesBackFromItsSpelling) {
     const std::string host = random.HostName();
     const std::string name = NameFromHost(host);
     ASSERT_TRUE(IsValidUtf8(name));
-    ASSERT_EQ(name.find_first_of("\\:/"), std::string::npos) << ::testing::PrintToString(host);
+    ASSERT_EQ(name.find_first_of("\\:/\""), std::string::npos) << ::testing::PrintToString(host);
     ASSERT_EQ(NameToHost(name), host) << ::testing::PrintToString(host);
   }
 }
