@@ -1,4 +1,12 @@
 // A file's date as a date value, in local time, to the second.
+//
+// Deliberate: only a file that may be written has a date; any other has 1 January 1601, though its time could be read.
+// Three things rely on that one answer:
+// - a photo's record in a cache file is found by name, length and date (pictures/QuickThumbs.cpp). Cache files hold
+//   records of photos on locked cards under 1601, and would miss them all by their true dates;
+// - SetFileDate does nothing for that date, so the copy of a photo on a locked card keeps the moment of its copying
+//   (drop/FileTransfer.cpp);
+// - the question about a duplicate shows it (drop/DuplicateAskForm.cpp).
 #pragma once
 
 #include <string>
@@ -10,10 +18,10 @@ namespace pixorra {
 class Clock;
 class Files;
 
-// The last-write time. Opens the file for writing to read it: one that does not open so gives the first moment that a
-// file time can tell, 1 January 1601.
+// The last-write time; 1 January 1601 where the file does not open for reading and writing. Raises nothing.
 DateValue GetFileDate(Files& files, const std::string& path);
-// Sets all times of the file to the date; the milliseconds are those of now. Where it cannot be done nothing happens.
+// Sets all times of the file to the date; the milliseconds are those of now. Does nothing for 1 January 1601 and where
+// the times cannot be set. Raises nothing.
 void SetFileDate(Files& files, Clock& clock, const std::string& path, DateValue date);
 
 }  // namespace pixorra

@@ -14,7 +14,7 @@ struct Command {
   std::vector<std::string> Arguments;
 };
 
-// The program is what stands in double quotes at the start; else the longest start, up to a blank or the end, that
+// The program is the text in double quotes at the start; else the longest start, up to a blank or the end, that
 // `isProgram` takes; else the text up to the first ".scr" or ".exe" that a blank or the end follows; else the first
 // word.
 Command SplitCommand(std::string_view text, const std::function<bool(const std::string&)>& isProgram);

@@ -5,7 +5,7 @@
 
 namespace pixorra {
 
-// ENOENT is a missing file here (53); callers that know the folder to be missing say 76 themselves.
+// ENOENT is FileNotFound; callers that know the folder to be missing raise PathNotFound themselves.
 int ErrorNumberOf(int hostError);
 [[noreturn]] void RaiseHostError(int hostError);
 

@@ -12,8 +12,9 @@ namespace pixorra {
 // An open file around a descriptor.
 std::unique_ptr<File> MakeHostFile(UniqueFd fd);
 
-// Opens the ordinary file at a host path as `mode` tells. Nothing else is ever opened, so nothing waits and no device
-// stirs. Raises what the host's error stands for; 75 for what is no ordinary file and for a link in the writing modes.
+// Opens the ordinary file at a host path in this mode. Nothing else is ever opened, so nothing waits and no device
+// starts. Raises the host's error by HostErrors.h; PathAccess for what is no ordinary file and for a link in the modes
+// that write.
 // `seenOrdinary`: the path itself has just been seen to be such a file, and need not be looked at again.
 std::unique_ptr<File> OpenHostFile(const std::string& path, OpenMode mode, bool seenOrdinary = false);
 

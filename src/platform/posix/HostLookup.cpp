@@ -44,7 +44,7 @@ std::optional<std::string> OtherCase(const std::string& folder, const std::strin
                    [&](const std::string& name, ino_t) { return EqualIgnoringCase(NameFromHost(name), spelled); });
 }
 
-// Mounts of one share differ in more than case: fields may be added, and stand in another order.
+// Mounts of one share differ in more than case: fields may be added, and be in another order.
 std::optional<std::string> OtherMount(const std::string& folder, const std::string& wanted) {
   const std::optional<Share> share = ShareOfMount(wanted);
   if (!share) return std::nullopt;

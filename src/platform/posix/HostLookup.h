@@ -1,4 +1,4 @@
-// Finds what a path names on a disk that tells upper case from lower case, ignoring case as the program does.
+// Finds what a path names on a disk where letter case counts, ignoring case as the program does.
 #pragma once
 
 #include <cstddef>
@@ -19,7 +19,7 @@ struct Located {
   bool Exists() const { return Failure == 0; }
 };
 
-// A name spelled exactly goes before one that differs in case, and of several of those the first by NameLess is taken.
+// A name spelled exactly is preferred to one that differs in case; of several of those the first by NameLess is taken.
 // A path whose exact spelling is there costs one look, and no folder is read.
 Located Locate(HostPath path);
 

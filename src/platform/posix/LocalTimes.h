@@ -10,8 +10,8 @@ namespace pixorra {
 
 // Milliseconds are cut, not rounded. Nothing for a year outside 1 to 9999.
 std::optional<CalendarTime> LocalTimeOf(const timespec& moment);
-// A time that the clocks skip in spring becomes one that they show; of one that comes twice in autumn either is taken.
-// Nothing for fields outside their ranges.
+// A time that the clocks skip in spring becomes one that they show; of one that they show twice in autumn either is
+// taken. Nothing for fields outside their ranges.
 std::optional<timespec> MomentOf(const CalendarTime& time);
 
 }  // namespace pixorra

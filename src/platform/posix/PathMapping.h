@@ -4,7 +4,7 @@
 //   D:\DCIM                  a volume with a letter of its own, mounted somewhere
 //   \\server\share\dir       a share that the desktop's virtual file system has mounted in its folder of mounts
 //
-// Names in between are spelled as HostNames.h tells, so no name leads out of the folder that it stands in.
+// Names in between are spelled by the rules of HostNames.h, so no name leads out of its folder.
 #pragma once
 
 #include <cstddef>
@@ -43,8 +43,8 @@ class PathMapping {
   const std::vector<Volume>& Volumes() const { return volumes_; }
   bool IsVolumeRoot(std::string_view hostPath) const;
 
-  // "C:" counts as "C:\"; doubled and final backslashes count for nothing. Raises 52 for a path without a drive or with
-  // a name that no host folder can hold, 76 for a drive that there is none of and for a server without a share.
+  // "C:" counts as "C:\"; doubled and final backslashes are ignored. Raises BadFileName for a path without a drive or
+  // with a name that no host folder can hold, PathNotFound for a missing drive and for a server without a share.
   HostPath ToHost(std::string_view path) const;
   // Of an absolute host path, by the volume that lies nearest to it; "." and ".." are taken out by text. Nothing where
   // no volume holds it. A root is "C:\" or "\\server\share"; other paths have no final backslash.

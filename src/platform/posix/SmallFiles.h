@@ -10,7 +10,7 @@ namespace pixorra {
 // Nothing where the path is no ordinary file that can be read, and for one above 16 MiB.
 std::optional<std::string> ReadSmallFile(const std::string& path);
 // All or nothing: through a new file beside it that is flushed and takes its name; a link is kept and what it leads to
-// replaced. A new file is for its owner alone. Raises what the host's error stands for.
+// replaced. A new file is for its owner alone. Raises the host's error by HostErrors.h.
 void WriteSmallFile(const std::string& path, std::string_view text);
 // With all folders above it, each for its owner alone. False where it cannot be made.
 bool MakeFolders(const std::string& path);

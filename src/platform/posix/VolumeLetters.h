@@ -1,5 +1,4 @@
-// The letters of drives: from D: on, remembered for each medium, so that a card comes back under the letter that it
-// had.
+// The letters of drives: from D: on, remembered for each medium, so that a card has the same letter again.
 #pragma once
 
 #include <string>

@@ -20,8 +20,8 @@ inline constexpr int Directory = 16;
 inline constexpr int Archive = 32;
 }  // namespace attribute
 
-// Tells whether a file is still the one that was seen, unchanged: equal for as long as nobody writes it or puts another
-// in its place. A change within the same moment of the disk's clock that keeps the length may go unseen.
+// Equal for as long as nobody writes the file or puts another in its place. A change within the same moment of the
+// disk's clock that keeps the length may go unseen.
 struct FileStamp {
   std::uint64_t Disk = 0;
   std::uint64_t Number = 0;  // on its disk
@@ -37,9 +37,9 @@ class File {
   virtual ~File() = default;
   virtual std::int64_t Length() = 0;
   virtual FileStamp Stamp() = 0;
-  // Reads up to `count` bytes at `offset`; tells how many came, fewer only at the file's end. Raises error 57.
+  // Reads up to `count` bytes at `offset`; returns how many, fewer only at the file's end. Raises DeviceIO.
   virtual std::size_t ReadAt(std::int64_t offset, void* into, std::size_t count) = 0;
-  // Writes all of it at `offset`, lengthening the file as needed. Raises error 61 (disk full), 57, 75.
+  // Writes all of it at `offset`, lengthening the file as needed. Raises DiskFull, DeviceIO, PathAccess.
   virtual void WriteAt(std::int64_t offset, const void* from, std::size_t count) = 0;
   // Raises as WriteAt does.
   virtual void Flush() = 0;
@@ -54,19 +54,18 @@ enum class OpenMode {
   CreateNew,  // made, and nobody else made it: raises FileExists where the name is taken by anything at all
 };
 
-// Look-ups ignore case and keep the case that the disk has; an exact match goes before another one.
-// Failures raise RuntimeError: 52 bad name, 53 file not found, 57 device, 58 exists, 61 disk full, 70 permission,
-// 75 path access, 76 path not found.
+// Look-ups ignore case and keep the case that the disk has; an exact match is preferred. Failures raise BadFileName,
+// FileNotFound, DeviceIO, FileExists, DiskFull, PermissionDenied, PathAccess or PathNotFound.
 class Files {
  public:
   virtual ~Files() = default;
 
   // Names in a folder that match `pattern` (see MatchesPattern), in no order: ordinary files, and links to such, plus
-  // what `attributes` adds (Hidden, System, Directory; "." and ".." never come). A folder that cannot be read is empty.
-  // With System, a link is told by itself and not by what it leads to.
+  // what `attributes` adds (Hidden, System, Directory; never "." and ".."). A folder that cannot be read is empty.
+  // With System, a link counts as itself and not as what it leads to.
   virtual std::vector<std::string> Names(const std::string& folder, const std::string& pattern, int attributes) = 0;
 
-  // What stands at the path: its attributes, or nothing. A link counts as what it leads to; Links tells it apart.
+  // The attributes of what is at the path, or nothing. A link counts as what it leads to; IsLink tells them apart.
   virtual std::optional<int> Attributes(const std::string& path) = 0;
   virtual void SetAttributes(const std::string& path, int attributes) = 0;
   bool FileExists(const std::string& path);    // an ordinary file, or a link to one
@@ -85,7 +84,7 @@ class Files {
   virtual std::unique_ptr<File> OpenOfLength(const std::string& path, std::int64_t length);
   // A file or a link itself; never a folder. Its name must be spelled as on the disk, unless the disk ignores case.
   virtual void Delete(const std::string& path) = 0;
-  virtual void Rename(const std::string& from, const std::string& to) = 0;  // 58 where `to` is taken; never replaces
+  virtual void Rename(const std::string& from, const std::string& to) = 0;  // raises FileExists where `to` is taken
   // Puts `from` in the place of the file `to` in one step: whoever opens `to` finds the old file or the new one, whole.
   // For files that are the program's own.
   virtual void RenameOver(const std::string& from, const std::string& to) = 0;
@@ -95,6 +94,7 @@ class Files {
   virtual void FlushFolder(const std::string& path) = 0;
 
   // The last-write time in local time of a file that opens for reading and writing; nothing where it does not.
+  // Deliberate: see base/FileDateTime.h for what relies on a file that may not be written having no date.
   virtual std::optional<CalendarTime> LastWriteTime(const std::string& path) = 0;
   // Sets all the times that the file system keeps to one; false where it cannot.
   virtual bool SetTimes(const std::string& path, const CalendarTime& time) = 0;
@@ -105,7 +105,8 @@ class Files {
     std::string ShownName;
   };
   virtual std::vector<Drive> Drives() = 0;
-  // The path in the disk's own case and one spelling; raises 76 where no such folder can be entered.
+  // The path in the disk's own case and one spelling; raises PathNotFound where no such folder can be
+  // entered.
   virtual std::string FolderPath(const std::string& path) = 0;
   // How a person here writes the path, and back: either spelling is taken.
   virtual std::string ShownPath(const std::string& path) = 0;

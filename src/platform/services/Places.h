@@ -1,4 +1,4 @@
-// Where the program's own files and the user's special folders lie. Paths are the program's, with no trailing
+// Where the program's own files and the user's special folders are. Paths are the program's, with no trailing
 // backslash.
 #pragma once
 
