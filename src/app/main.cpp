@@ -35,7 +35,7 @@ int main(int argc, char** argv) {
   PosixFiles files(mapping);
   PosixPlaces places(environment, mapping);
   PosixClock clock;
-  PosixShell shell(environment, mapping);
+  PosixShell shell(mapping);
   PosixRegistry registry(environment.DataHome, mapping);
   PosixSettings settings(environment.ConfigHome + "/pixorra/settings");
   CodecPictures pictures(files);

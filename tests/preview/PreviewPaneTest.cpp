@@ -91,13 +91,14 @@ TEST_F(PreviewPaneTest, APhotoThatCannotBeShownEmptiesPaneAndSelectionAndTheCapt
 }
 
 TEST_F(PreviewPaneTest, TheToolTipNamesTheProgramThatEdits) {
-  run.platform.shell.RegisterProgram(".bmp", "C:\\bin\\paint", {" Brush ", "A brush for pictures"});
+  run.platform.shell.RegisterProgram(".bmp", "C:\\bin\\paint",
+                                     {.FileDescription = "A brush for pictures", .ProductName = " Brush "});
   PaintPicPreview(main, Photo);
   EXPECT_EQ(pane.ToolTipText(), "Double-Click to Edit with \"Brush\"");
 }
 
 TEST_F(PreviewPaneTest, AProgramWithoutAProductNameIsNamedByItsDescription) {
-  run.platform.shell.RegisterProgram(".bmp", "C:\\bin\\paint", {"  ", " A brush "});
+  run.platform.shell.RegisterProgram(".bmp", "C:\\bin\\paint", {.FileDescription = " A brush ", .ProductName = "  "});
   PaintPicPreview(main, Photo);
   EXPECT_EQ(pane.ToolTipText(), "Double-Click to Edit with \"A brush\"");
 }
@@ -188,7 +189,7 @@ TEST_F(PreviewPaneTest, ResettingGoesBackToTheLogo) {
 }
 
 TEST_F(PreviewPaneTest, TheMenuNamesTheProgramThatEditsTheSelectedPhoto) {
-  run.platform.shell.RegisterProgram(".bmp", "C:\\bin\\paint", {"Brush", ""});
+  run.platform.shell.RegisterProgram(".bmp", "C:\\bin\\paint", {.ProductName = "Brush"});
   SelectedPhotoMenu_Click(main);
   EXPECT_EQ(main.menu.SelectedEditMenuItem.Caption(), "&Edit");
   PaintPicPreview(main, Photo);

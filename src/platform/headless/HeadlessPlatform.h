@@ -10,6 +10,7 @@
 #include "platform/headless/HeadlessDialogs.h"
 #include "platform/headless/HeadlessPrinting.h"
 #include "platform/headless/HeadlessRegistry.h"
+#include "platform/headless/HeadlessSettings.h"
 #include "platform/headless/HeadlessShell.h"
 #include "platform/headless/Person.h"
 #include "platform/headless/Script.h"

@@ -1,9 +1,8 @@
-// Keys and settings kept in memory.
+// Keys kept in memory.
 #pragma once
 
 #include <map>
 #include <string>
-#include <tuple>
 #include <utility>
 
 #include "platform/services/Registry.h"
@@ -12,39 +11,20 @@ namespace pixorra {
 
 class HeadlessRegistry : public Registry {
  public:
-  bool KeyExists(std::uint32_t root, const std::string& key) override { return keys_.count({root, key}) > 0; }
+  bool KeyExists(std::uint32_t root, const std::string& key) override;
   void SetKeyValue(std::uint32_t root, const std::string& key, const std::string& valueName,
-                   const std::string& text) override {
-    keys_[{root, key}][valueName] = text;
-  }
-  void DeleteKey(std::uint32_t root, const std::string& key) override { keys_.erase({root, key}); }
+                   const std::string& text) override;
+  void DeleteKey(std::uint32_t root, const std::string& key) override;
 
   // Empty where there is none.
-  std::string Value(std::uint32_t root, const std::string& key, const std::string& valueName) const {
-    const auto found = keys_.find({root, key});
-    if (found == keys_.end()) return {};
-    const auto value = found->second.find(valueName);
-    return value != found->second.end() ? value->second : std::string();
-  }
+  std::string Value(std::uint32_t root, const std::string& key, const std::string& valueName) const;
 
  private:
-  std::map<std::pair<std::uint32_t, std::string>, std::map<std::string, std::string>> keys_;
-};
-
-class HeadlessSettings : public Settings {
- public:
-  std::string GetSetting(const std::string& application, const std::string& section, const std::string& key,
-                         const std::string& otherwise) override {
-    const auto found = texts_.find({application, section, key});
-    return found != texts_.end() ? found->second : otherwise;
-  }
-  void SaveSetting(const std::string& application, const std::string& section, const std::string& key,
-                   const std::string& text) override {
-    texts_[{application, section, key}] = text;
-  }
-
- private:
-  std::map<std::tuple<std::string, std::string, std::string>, std::string> texts_;
+  // Of the key itself or one below it; the end of the map where there is neither. Keys end in a backslash here, so that
+  // those below a key come right after it.
+  using Keys = std::map<std::pair<std::uint32_t, std::string>, std::map<std::string, std::string>>;
+  Keys::iterator FirstWithin(std::uint32_t root, const std::string& key);
+  Keys keys_;
 };
 
 }  // namespace pixorra

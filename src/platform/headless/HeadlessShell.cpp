@@ -1,7 +1,10 @@
 #include "platform/headless/HeadlessShell.h"
 
+#include <cstddef>
+
 #include "platform/runtime/Errors.h"
 #include "platform/runtime/Text.h"
+#include "platform/services/Files.h"
 
 namespace pixorra {
 
@@ -11,6 +14,8 @@ void HeadlessShell::RegisterProgram(const std::string& ending, const std::string
 }
 
 std::string HeadlessShell::FindExecutable(const std::string& path) {
+  // Raises FileNotFound and PathNotFound itself.
+  if (files_ != nullptr) files_->Length(path);
   const std::size_t stop = path.find_last_of(".\\");
   if (stop == std::string::npos || path[stop] != '.') return {};
   const auto found = programs_.find(LCase(path.substr(stop)));
@@ -19,16 +24,40 @@ std::string HeadlessShell::FindExecutable(const std::string& path) {
 
 Shell::VersionInfo HeadlessShell::ReadVersionInfo(const std::string& program) {
   const auto found = infos_.find(program);
-  return found != infos_.end() ? found->second : VersionInfo{};
+  if (found == infos_.end()) return {};
+  VersionInfo info = found->second;
+  for (std::string* field : {&info.CompanyName, &info.FileDescription, &info.FileVersion, &info.InternalName,
+                             &info.LegalCopyright, &info.OriginalFileName, &info.ProductName, &info.ProductVersion})
+    if (field->empty()) *field = "?";
+  return info;
 }
 
 void HeadlessShell::Open(const std::string& target, const std::string& workingFolder) {
   opened_.push_back({target, workingFolder});
 }
 
+bool HeadlessShell::IsThere(const std::string& command) const {
+  if (!missing_.empty() && command.starts_with(missing_)) return false;
+  if (files_ == nullptr) return true;
+  for (std::size_t end = command.find(' ');; end = command.find(' ', end + 1)) {
+    if (files_->FileExists(command.substr(0, end))) return true;
+    if (end == std::string::npos) return false;
+  }
+}
+
 void HeadlessShell::Run(const std::string& command) {
-  if (!missing_.empty() && command.rfind(missing_, 0) == 0) throw RuntimeError(error::FileNotFound);
+  if (!IsThere(command)) throw RuntimeError(error::FileNotFound);
   run_.push_back(command);
+}
+
+bool HeadlessShell::OpenScreenSaverSettings() {
+  if (hasOwnWindows_) ++screenSaverSettings_;
+  return hasOwnWindows_;
+}
+
+bool HeadlessShell::OpenSystemInformation() {
+  if (hasOwnWindows_) ++systemInformation_;
+  return hasOwnWindows_;
 }
 
 }  // namespace pixorra

@@ -9,6 +9,8 @@
 
 namespace pixorra {
 
+class Files;
+
 class HeadlessShell : public Shell {
  public:
   struct Opened {
@@ -18,22 +20,36 @@ class HeadlessShell : public Shell {
 
   // The program for files whose names end so (".jpg", case ignored).
   void RegisterProgram(const std::string& ending, const std::string& program, const VersionInfo& info = {});
-  // Run raises 53 for commands that begin so.
+  // What FindExecutable is asked for and what Run starts must be there, else they raise. Without files all is there.
+  void SetFiles(Files& files) { files_ = &files; }
+  // Run raises FileNotFound for commands that begin so.
   void SetMissing(const std::string& command) { missing_ = command; }
+  // Whether the desktop has windows for the screen saver and for the machine; it has none at first.
+  void SetHasOwnWindows(bool has) { hasOwnWindows_ = has; }
   const std::vector<Opened>& AllOpened() const { return opened_; }
   const std::vector<std::string>& AllRun() const { return run_; }
+  int ScreenSaverSettingsOpened() const { return screenSaverSettings_; }
+  int SystemInformationOpened() const { return systemInformation_; }
 
   std::string FindExecutable(const std::string& path) override;
   VersionInfo ReadVersionInfo(const std::string& program) override;
   void Open(const std::string& target, const std::string& workingFolder) override;
   void Run(const std::string& command) override;
+  bool OpenScreenSaverSettings() override;
+  bool OpenSystemInformation() override;
 
  private:
+  bool IsThere(const std::string& command) const;
+
+  Files* files_ = nullptr;
   std::map<std::string, std::string> programs_;
   std::map<std::string, VersionInfo> infos_;
   std::vector<Opened> opened_;
   std::vector<std::string> run_;
   std::string missing_;
+  bool hasOwnWindows_ = false;
+  int screenSaverSettings_ = 0;
+  int systemInformation_ = 0;
 };
 
 }  // namespace pixorra

@@ -1,14 +1,9 @@
-// The session's environment variables.
 #include "platform/posix/Environment.h"
 
-#include <algorithm>
-#include <cstddef>
 #include <cstdlib>
 #include <pwd.h>
 #include <string_view>
 #include <unistd.h>
-
-#include "platform/runtime/Text.h"
 
 namespace pixorra {
 
@@ -30,34 +25,6 @@ void TakePath(const char* variable, std::string& path) {
   if (value.starts_with('/')) path = WithoutFinalSlash(value);
 }
 
-std::vector<std::string> Parts(std::string_view list) {
-  std::vector<std::string> parts;
-  while (!list.empty()) {
-    const std::size_t end = std::min(list.find(':'), list.size());
-    if (end > 0) parts.emplace_back(list.substr(0, end));
-    list.remove_prefix(std::min(end + 1, list.size()));
-  }
-  return parts;
-}
-
-void TakePaths(const char* variable, std::vector<std::string>& paths) {
-  std::vector<std::string> taken;
-  for (const std::string& part : Parts(Variable(variable)))
-    if (part.starts_with('/')) taken.push_back(WithoutFinalSlash(part));
-  if (!taken.empty()) paths = taken;
-}
-
-// "de_DE.UTF-8@euro" without what follows the country.
-std::string MessageLanguage() {
-  for (const char* name : {"LC_ALL", "LC_MESSAGES", "LANG"}) {
-    const std::string_view value = Variable(name);
-    if (value.empty()) continue;
-    const std::string_view language = value.substr(0, value.find_first_of(".@"));
-    return language == "C" || language == "POSIX" ? std::string() : std::string(language);
-  }
-  return {};
-}
-
 }  // namespace
 
 Environment Environment::OfHome(const std::string& home) {
@@ -67,9 +34,6 @@ Environment Environment::OfHome(const std::string& home) {
   environment.DataHome = start + "/.local/share";
   environment.ConfigHome = start + "/.config";
   environment.CacheHome = start + "/.cache";
-  environment.DataDirs = {"/usr/local/share", "/usr/share"};
-  environment.ConfigDirs = {"/etc/xdg"};
-  environment.Path = {"/usr/local/bin", "/usr/bin", "/bin"};
   return environment;
 }
 
@@ -83,12 +47,6 @@ Environment Environment::OfProcess() {
   TakePath("XDG_CONFIG_HOME", environment.ConfigHome);
   TakePath("XDG_CACHE_HOME", environment.CacheHome);
   TakePath("XDG_RUNTIME_DIR", environment.RuntimeDir);
-  TakePaths("XDG_DATA_DIRS", environment.DataDirs);
-  TakePaths("XDG_CONFIG_DIRS", environment.ConfigDirs);
-  TakePaths("PATH", environment.Path);
-  for (const std::string& desktop : Parts(Variable("XDG_CURRENT_DESKTOP")))
-    environment.Desktops.push_back(LCase(desktop));
-  environment.Language = MessageLanguage();
   return environment;
 }
 

@@ -1,8 +1,7 @@
-// What the session tells a program about its user: the base directories of the desktop's conventions.
+// The base directories of the desktop's conventions for the user of this session.
 #pragma once
 
 #include <string>
-#include <vector>
 
 namespace pixorra {
 
@@ -13,11 +12,6 @@ struct Environment {
   std::string ConfigHome;  // $XDG_CONFIG_HOME
   std::string CacheHome;   // $XDG_CACHE_HOME
   std::string RuntimeDir;  // $XDG_RUNTIME_DIR, may be empty
-  std::vector<std::string> DataDirs;
-  std::vector<std::string> ConfigDirs;
-  std::vector<std::string> Path;      // $PATH
-  std::vector<std::string> Desktops;  // $XDG_CURRENT_DESKTOP in small letters, the most telling first
-  std::string Language;               // of messages, such as "de_DE"; empty for none
   std::string User;
 
   // The usual directories of a home folder, with nothing from the session.

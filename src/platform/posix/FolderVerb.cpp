@@ -1,11 +1,10 @@
-// Files that make a command of a folder's menu.
 #include "platform/posix/FolderVerb.h"
 
 #include <algorithm>
 #include <cstddef>
 #include <string_view>
 
-#include "platform/posix/KeyFile.h"
+#include "platform/posix/GlibPointers.h"
 #include "platform/runtime/Text.h"
 
 namespace pixorra {
@@ -21,8 +20,7 @@ std::string Stem(std::string_view name) {
   return stem;
 }
 
-// In double quotes, where a backslash goes before those characters that would mean something there; a percent sign is
-// written twice.
+// In double quotes, with a backslash before each character that would mean something there, and percent signs doubled.
 std::string DesktopQuoted(std::string_view text) {
   std::string quoted = "\"";
   for (const char c : text) {
@@ -55,7 +53,7 @@ std::string DesktopCommand(const std::string& program, const std::vector<std::st
       command += argument.empty() ? DesktopQuoted(argument) : DesktopPart(argument);
       continue;
     }
-    // A field code must not stand in quotes.
+    // A field code must not be in quotes.
     command += DesktopPart(std::string_view(argument).substr(0, mark));
     command += folderCode;
     command += DesktopPart(std::string_view(argument).substr(mark + folderMark.size()));
@@ -80,8 +78,17 @@ std::string Script(const std::string& program, const std::vector<std::string>& a
   return std::string("#!/bin/sh\n# ") + VerbMark + '\n' + command + '\n';
 }
 
-std::string Marked(const KeyFile& keys) {
-  return std::string("# ") + VerbMark + '\n' + keys.Text();
+struct Line {
+  const char* Group;
+  const char* Key;
+  std::string Value;
+};
+
+std::string MarkedKeyFile(const std::vector<Line>& lines) {
+  const GlibKeyFile keys(g_key_file_new());
+  for (const Line& line : lines) g_key_file_set_string(keys.get(), line.Group, line.Key, line.Value.c_str());
+  const GlibText text(g_key_file_to_data(keys.get(), nullptr, nullptr));
+  return std::string("# ") + VerbMark + '\n' + text.get();
 }
 
 }  // namespace
@@ -89,37 +96,38 @@ std::string Marked(const KeyFile& keys) {
 std::vector<VerbFile> FilesOfFolderVerb(const std::string& name, const std::string& program,
                                         const std::vector<std::string>& arguments) {
   const std::string stem = Stem(name);
-  KeyFile serviceMenu;
-  serviceMenu.SetValue("Desktop Entry", "Type", "Service");
-  serviceMenu.SetValue("Desktop Entry", "X-KDE-ServiceTypes", "KonqPopupMenu/Plugin");
-  serviceMenu.SetValue("Desktop Entry", "MimeType", "inode/directory;");
-  serviceMenu.SetValue("Desktop Entry", "Actions", "play;");
-  serviceMenu.SetValue("Desktop Action play", "Name", name);
-  serviceMenu.SetValue("Desktop Action play", "Icon", "pixorra");
-  serviceMenu.SetValue("Desktop Action play", "Exec", DesktopCommand(program, arguments, "%f"));
-
-  KeyFile action;
-  action.SetValue("Desktop Entry", "Type", "Action");
-  action.SetValue("Desktop Entry", "Name", name);
-  action.SetValue("Desktop Entry", "Icon", "pixorra");
-  action.SetValue("Desktop Entry", "Profiles", "folder;");
-  action.SetValue("X-Action-Profile folder", "MimeTypes", "inode/directory;");
-  action.SetValue("X-Action-Profile folder", "Exec", DesktopCommand(program, arguments, "%f"));
-
-  KeyFile nemo;
-  nemo.SetValue("Nemo Action", "Name", name);
-  nemo.SetValue("Nemo Action", "Icon-Name", "pixorra");
-  nemo.SetValue("Nemo Action", "Exec", DesktopCommand(program, arguments, "%F"));
-  nemo.SetValue("Nemo Action", "Selection", "S");
-  nemo.SetValue("Nemo Action", "Extensions", "dir;");
-  nemo.SetValue("Nemo Action", "Quote", "double");
+  const std::string serviceMenu = MarkedKeyFile({
+      {"Desktop Entry", "Type", "Service"},
+      {"Desktop Entry", "X-KDE-ServiceTypes", "KonqPopupMenu/Plugin"},
+      {"Desktop Entry", "MimeType", "inode/directory;"},
+      {"Desktop Entry", "Actions", "play;"},
+      {"Desktop Action play", "Name", name},
+      {"Desktop Action play", "Icon", "pixorra"},
+      {"Desktop Action play", "Exec", DesktopCommand(program, arguments, "%f")},
+  });
+  const std::string action = MarkedKeyFile({
+      {"Desktop Entry", "Type", "Action"},
+      {"Desktop Entry", "Name", name},
+      {"Desktop Entry", "Icon", "pixorra"},
+      {"Desktop Entry", "Profiles", "folder;"},
+      {"X-Action-Profile folder", "MimeTypes", "inode/directory;"},
+      {"X-Action-Profile folder", "Exec", DesktopCommand(program, arguments, "%f")},
+  });
+  const std::string nemo = MarkedKeyFile({
+      {"Nemo Action", "Name", name},
+      {"Nemo Action", "Icon-Name", "pixorra"},
+      {"Nemo Action", "Exec", DesktopCommand(program, arguments, "%F")},
+      {"Nemo Action", "Selection", "S"},
+      {"Nemo Action", "Extensions", "dir;"},
+      {"Nemo Action", "Quote", "double"},
+  });
 
   std::string scriptName = name;
   std::replace(scriptName.begin(), scriptName.end(), '/', '-');
   // The service menu must be executable, or it is not trusted.
-  return {{"kio/servicemenus/" + stem + ".desktop", Marked(serviceMenu), true},
-          {"file-manager/actions/" + stem + ".desktop", Marked(action), false},
-          {"nemo/actions/" + stem + ".nemo_action", Marked(nemo), false},
+  return {{"kio/servicemenus/" + stem + ".desktop", serviceMenu, true},
+          {"file-manager/actions/" + stem + ".desktop", action, false},
+          {"nemo/actions/" + stem + ".nemo_action", nemo, false},
           {"nautilus/scripts/" + scriptName, Script(program, arguments), true}};
 }
 

@@ -1,7 +1,5 @@
-// A path mapping that follows what is mounted.
 #include "platform/posix/MappingSource.h"
 
-#include <array>
 #include <cstddef>
 #include <fcntl.h>
 #include <poll.h>
@@ -15,16 +13,6 @@
 namespace pixorra {
 
 namespace {
-
-std::string ReadFromStart(int fd) {
-  std::string text;
-  std::array<char, 4096> part{};
-  for (;;) {
-    const ssize_t came = pread(fd, part.data(), part.size(), static_cast<off_t>(text.size()));
-    if (came <= 0) return text;
-    text.append(part.data(), static_cast<std::size_t>(came));
-  }
-}
 
 std::string ShownName(const std::string& mountPoint) {
   return NameForPeople(NameFromHost(std::string_view(mountPoint).substr(mountPoint.rfind('/') + 1)));
@@ -47,7 +35,8 @@ const PathMapping& MountedMapping::Current() {
 }
 
 bool MountedMapping::MountsChanged() {
-  // The kernel raises this once for each change since the last look.
+  // The kernel reports this once for each change since the last look. Every path asks, so that GLib's comparison of the
+  // whole list would cost too much, and its own watch wants a main loop.
   pollfd look{mountInfo_.Get(), POLLPRI, 0};
   return mountInfo_ && poll(&look, 1, 0) > 0 && (look.revents & (POLLERR | POLLPRI)) != 0;
 }
@@ -55,7 +44,7 @@ bool MountedMapping::MountsChanged() {
 void MountedMapping::Read() {
   std::vector<Mount> media;
   std::vector<std::string> keys;
-  for (Mount& mount : ParseMountInfo(mountInfo_ ? ReadFromStart(mountInfo_.Get()) : std::string())) {
+  for (Mount& mount : AllMounts()) {
     if (!IsUserMedium(mount, user_)) continue;
     keys.push_back(MediumKey(mount));
     media.push_back(std::move(mount));

@@ -1,11 +1,10 @@
-// The kernel's list of mounts.
 #include "platform/posix/Mounts.h"
 
-#include <algorithm>
-#include <cstddef>
 #include <dirent.h>
+#include <gio/gunixmounts.h>
 #include <memory>
 #include <sys/stat.h>
+#include <utility>
 
 namespace pixorra {
 
@@ -13,58 +12,24 @@ namespace {
 
 constexpr const char* identitiesFolder = "/dev/disk/by-uuid";
 
-std::vector<std::string_view> Fields(std::string_view line) {
-  std::vector<std::string_view> fields;
-  while (!line.empty()) {
-    const std::size_t end = std::min(line.find(' '), line.size());
-    if (end > 0) fields.push_back(line.substr(0, end));
-    line.remove_prefix(std::min(end + 1, line.size()));
-  }
-  return fields;
-}
-
-bool IsOctal(char c) {
-  return c >= '0' && c <= '7';
-}
-
-// Blanks, tabs, line ends and backslashes stand as a backslash and three octal digits.
-std::string Unescaped(std::string_view field) {
-  std::string text;
-  for (std::size_t i = 0; i < field.size(); ++i) {
-    const bool escape = field[i] == '\\' && i + 3 < field.size() && IsOctal(field[i + 1]) && IsOctal(field[i + 2]) &&
-                        IsOctal(field[i + 3]);
-    if (!escape) {
-      text += field[i];
-      continue;
-    }
-    const int value = (field[i + 1] - '0') * 64 + (field[i + 2] - '0') * 8 + (field[i + 3] - '0');
-    text += static_cast<char>(static_cast<unsigned char>(value));
-    i += 3;
-  }
-  return text;
-}
-
 bool IsBelow(std::string_view path, std::string_view folder) {
   return path.size() > folder.size() + 1 && path.starts_with(folder) && path[folder.size()] == '/';
 }
 
 }  // namespace
 
-std::vector<Mount> ParseMountInfo(std::string_view text) {
-  constexpr std::size_t pointField = 4;
+std::vector<Mount> AllMounts() {
   std::vector<Mount> mounts;
-  while (!text.empty()) {
-    const std::size_t end = std::min(text.find('\n'), text.size());
-    const std::vector<std::string_view> fields = Fields(text.substr(0, end));
-    text.remove_prefix(std::min(end + 1, text.size()));
-    // A varying number of fields ends in a lone dash; the file system and the source follow.
-    const auto dash = std::find(fields.begin(), fields.end(), "-");
-    if (fields.size() <= pointField || fields.end() - dash < 3 || dash - fields.begin() <= 4) continue;
-    Mount mount{Unescaped(fields[pointField]), Unescaped(dash[1]), Unescaped(dash[2])};
-    if (!mount.Point.starts_with('/')) continue;
+  GList* all = g_unix_mounts_get(nullptr);
+  for (GList* entry = all; entry != nullptr; entry = entry->next) {
+    auto* found = static_cast<GUnixMountEntry*>(entry->data);
+    const char* source = g_unix_mount_get_device_path(found);
+    Mount mount{g_unix_mount_get_mount_path(found), g_unix_mount_get_fs_type(found), source == nullptr ? "" : source};
     std::erase_if(mounts, [&mount](const Mount& old) { return old.Point == mount.Point; });
     mounts.push_back(std::move(mount));
+    g_unix_mount_free(found);
   }
+  g_list_free(all);
   return mounts;
 }
 

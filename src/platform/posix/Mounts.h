@@ -1,4 +1,4 @@
-// What is mounted where, as the kernel lists it, and which of it is a user's own medium.
+// What is mounted where, and which of it is a user's own medium.
 #pragma once
 
 #include <string>
@@ -13,9 +13,8 @@ struct Mount {
   std::string Source;      // such as "/dev/sdb1"
 };
 
-// Reads the text of /proc/self/mountinfo; lines that make no sense are passed over. Of mounts over one another at one
-// point only the last counts.
-std::vector<Mount> ParseMountInfo(std::string_view text);
+// All mounts that there are. Of those over one another at one point only the last counts.
+std::vector<Mount> AllMounts();
 
 // Below /media, /run/media/<user> or /mnt, or at /mnt itself: cards, cameras, sticks and disks that came later.
 bool IsUserMedium(const Mount& mount, std::string_view user);

@@ -1,11 +1,10 @@
-// Places by the base directories.
 #include "platform/posix/PosixPlaces.h"
 
 #include <sys/stat.h>
 #include <utility>
 
+#include "platform/posix/GlibPointers.h"
 #include "platform/posix/SmallFiles.h"
-#include "platform/posix/UserFolders.h"
 
 namespace pixorra {
 
@@ -28,20 +27,20 @@ std::string PosixPlaces::SpecialFolder(int number) {
   switch (number) {
     case 0:
     case 16:
-      return ListedFolder("DESKTOP", "Desktop");
+      return ListedFolder(G_USER_DIRECTORY_DESKTOP, "Desktop");
     case 2:
     case 11:
       return Program(environment_.DataHome + "/applications");
     case 3:
       return Program(environment_.Home);
     case 5:
-      return ListedFolder("DOCUMENTS", "Documents");
+      return ListedFolder(G_USER_DIRECTORY_DOCUMENTS, "Documents");
     case 6:
       return Program(environment_.ConfigHome + "/gtk-3.0");
     case 8:
       return Program(environment_.DataHome);
     case 39:
-      return ListedFolder("PICTURES", "Pictures");
+      return ListedFolder(G_USER_DIRECTORY_PICTURES, "Pictures");
     default:
       return {};
   }
@@ -53,13 +52,18 @@ std::string PosixPlaces::Own(const std::string& base) {
   return Program(folder);
 }
 
-std::string PosixPlaces::ListedFolder(const char* name, const char* usual) {
-  const std::string list = ReadSmallFile(environment_.ConfigHome + "/user-dirs.dirs").value_or("");
-  if (const std::optional<std::string> folder = UserFolder(list, name, environment_.Home)) return Program(*folder);
+std::string PosixPlaces::ListedFolder(int directory, const char* usual) {
+  const auto isFolder = [](const std::string& path) {
+    struct stat entry {};
+    return stat(path.c_str(), &entry) == 0 && S_ISDIR(entry.st_mode);
+  };
   const std::string folder = (environment_.Home == "/" ? "" : environment_.Home) + '/' + usual;
-  struct stat entry {};
-  const bool isThere = stat(folder.c_str(), &entry) == 0 && S_ISDIR(entry.st_mode);
-  return Program(isThere ? folder : environment_.Home);
+  // The list may have changed since the last look.
+  g_reload_user_special_dirs_cache();
+  const char* listed = g_get_user_special_dir(static_cast<GUserDirectory>(directory));
+  // Without a list GLib names the usual desktop, there or not.
+  if (listed != nullptr && (listed != folder || isFolder(folder))) return Program(listed);
+  return Program(isFolder(folder) ? folder : environment_.Home);
 }
 
 std::string PosixPlaces::Program(const std::string& hostPath) {

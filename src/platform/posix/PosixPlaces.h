@@ -1,4 +1,5 @@
-// The program's and the user's folders by the desktop's base directories.
+// The program's and the user's folders by the desktop's base directories. The user's are those of the desktop's list,
+// which GLib reads for the session that this process was started in, whatever `environment` says.
 #pragma once
 
 #include <memory>
@@ -14,7 +15,7 @@ class PosixPlaces : public Places {
   PosixPlaces(Environment environment, std::shared_ptr<MappingSource> mapping);
 
   // "pixorra" in the data, configuration and cache folder. Made for the user alone; where that fails, what is done in
-  // the folder tells why.
+  // the folder raises why.
   std::string ProgramFolder() override;
   std::string WindowsFolder() override;
   std::string TemporaryFolder() override;
@@ -30,7 +31,7 @@ class PosixPlaces : public Places {
 
  private:
   std::string Own(const std::string& base);
-  std::string ListedFolder(const char* name, const char* usual);
+  std::string ListedFolder(int directory, const char* usual);
   std::string Program(const std::string& hostPath);
 
   Environment environment_;

@@ -3,15 +3,16 @@
 
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "platform/posix/MappingSource.h"
 #include "platform/services/Registry.h"
 
 namespace pixorra {
 
-// "Folder\Shell\<verb>\Command" under the classes root is such a command, kept in the files that FolderVerb.h tells;
-// "%L" in its text stands for the folder. All other keys, and those of the machine, which a user may not set, are not
-// there, and setting and deleting them does nothing.
+// "Folder\Shell\<verb>\Command" under the classes root is such a command, kept in the files that FolderVerb.h lists;
+// "%L" in its text is the folder. All other keys, and those of the machine, which a user may not set, are missing, and
+// setting and deleting them does nothing. Files of somebody else's under the same names are left alone.
 class PosixRegistry : public Registry {
  public:
   // `dataHome` is the host path of the user's data folder.
@@ -20,11 +21,10 @@ class PosixRegistry : public Registry {
   bool KeyExists(std::uint32_t root, const std::string& key) override;
   void SetKeyValue(std::uint32_t root, const std::string& key, const std::string& valueName,
                    const std::string& text) override;
-  // With the keys below it. Files of somebody else's under the same names stay.
   void DeleteKey(std::uint32_t root, const std::string& key) override;
 
  private:
-  bool IsOwn(const std::string& hostPath);
+  std::vector<std::string> FilesOfKey(std::uint32_t root, const std::string& key);
   std::string dataHome_;
   std::shared_ptr<MappingSource> mapping_;
 };

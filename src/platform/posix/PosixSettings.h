@@ -3,11 +3,11 @@
 
 #include <string>
 
-#include "platform/services/Registry.h"
+#include "platform/services/Settings.h"
 
 namespace pixorra {
 
-// Application, section and key ignore case. Each call reads the file anew, since two programs write it.
+// Each call reads the file anew, since two programs write it.
 class PosixSettings : public Settings {
  public:
   // A host path; its folder is made when something is saved.
@@ -15,7 +15,7 @@ class PosixSettings : public Settings {
 
   std::string GetSetting(const std::string& application, const std::string& section, const std::string& key,
                          const std::string& otherwise) override;
-  // Raises what the host's error stands for; the old settings stand then.
+  // Raises PathAccess, too, where a file is there that cannot be read or is no file of settings, and leaves it alone.
   void SaveSetting(const std::string& application, const std::string& section, const std::string& key,
                    const std::string& text) override;
 

@@ -1,9 +1,9 @@
-// Names of mounted shares.
 #include "platform/posix/ShareMounts.h"
 
 #include <algorithm>
 #include <cstddef>
 
+#include "platform/posix/GlibPointers.h"
 #include "platform/posix/HostNames.h"
 
 namespace pixorra {
@@ -11,48 +11,17 @@ namespace pixorra {
 namespace {
 
 constexpr std::string_view prefix = "smb-share:";
-constexpr std::string_view hexDigits = "0123456789ABCDEF";
 
-bool StandsForItself(char c) {
-  const bool letter = (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9');
-  const bool beyondAscii = static_cast<unsigned char>(c) >= 0x80;
-  return letter || beyondAscii || std::string_view("-._~$&'()*+").find(c) != std::string_view::npos;
+// As the virtual file system itself escapes a value.
+std::string Escaped(const std::string& value) {
+  const GlibText text(g_uri_escape_string(value.c_str(), "$&'()*+", TRUE));
+  return text.get();
 }
 
-std::string Escaped(std::string_view value) {
-  std::string text;
-  for (const char c : value) {
-    if (StandsForItself(c)) {
-      text += c;
-      continue;
-    }
-    const auto byte = static_cast<unsigned char>(c);
-    text += '%';
-    text += hexDigits[byte / 16U];
-    text += hexDigits[byte % 16U];
-  }
-  return text;
-}
-
-int HexValue(char c) {
-  const char capital = c >= 'a' && c <= 'f' ? static_cast<char>(c - 'a' + 'A') : c;
-  const std::size_t digit = hexDigits.find(capital);
-  return digit == std::string_view::npos ? -1 : static_cast<int>(digit);
-}
-
+// Empty where the text is not escaped well.
 std::string Unescaped(std::string_view text) {
-  std::string value;
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    const int high = text[i] == '%' && i + 2 < text.size() ? HexValue(text[i + 1]) : -1;
-    const int low = high >= 0 ? HexValue(text[i + 2]) : -1;
-    if (low < 0) {
-      value += text[i];
-      continue;
-    }
-    value += static_cast<char>(static_cast<unsigned char>(high * 16 + low));
-    i += 2;
-  }
-  return value;
+  const GlibText value(g_uri_unescape_segment(text.data(), text.data() + text.size(), nullptr));
+  return value ? value.get() : std::string();
 }
 
 bool FitsFolder(const std::string& name) {

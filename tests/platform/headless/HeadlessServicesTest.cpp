@@ -103,31 +103,28 @@ TEST_F(HeadlessServicesTest, SameDrawingIsTheSamePicture) {
   EXPECT_FALSE(platform.artwork.Drawing("Logo", 10, 10) == platform.artwork.Drawing("Logo", 10, 11));
 }
 
-TEST_F(HeadlessServicesTest, ShellFindsProgramsByTheEndingAndStartsNothing) {
+TEST_F(HeadlessServicesTest, ShellStartsNothingAndKeepsWhatWasAskedOfIt) {
   HeadlessShell& shell = platform.shell;
-  shell.RegisterProgram(".jpg", "C:\\Programs\\edit.exe", {"Editor", "Edits"});
-  EXPECT_EQ(shell.FindExecutable("C:\\a\\b.JPG"), "C:\\Programs\\edit.exe");
-  EXPECT_EQ(shell.FindExecutable("C:\\a.jpg\\b"), "");
-  EXPECT_EQ(shell.ReadVersionInfo("C:\\Programs\\edit.exe").ProductName, "Editor");
   shell.Open("C:\\a.jpg", "C:\\");
   ASSERT_EQ(shell.AllOpened().size(), 1U);
   EXPECT_EQ(shell.AllOpened()[0].Target, "C:\\a.jpg");
+  EXPECT_EQ(shell.AllOpened()[0].WorkingFolder, "C:\\");
   shell.SetMissing("gone");
   EXPECT_EQ(ErrorOf([&] { shell.Run("gone.scr /s"); }), error::FileNotFound);
   shell.Run("show.scr /s");
   EXPECT_THAT(shell.AllRun(), ElementsAre("show.scr /s"));
+  shell.OpenSystemInformation();
+  shell.SetHasOwnWindows(true);
+  shell.OpenSystemInformation();
+  EXPECT_EQ(shell.SystemInformationOpened(), 1);
+  EXPECT_EQ(shell.ScreenSaverSettingsOpened(), 0);
 }
 
-TEST_F(HeadlessServicesTest, RegistryAndSettingsKeepWhatIsWritten) {
+TEST_F(HeadlessServicesTest, RegistryGivesBackWhatIsWritten) {
   platform.registry.SetKeyValue(registry::ClassesRoot, "Folder\\shell\\x", "", "command");
-  EXPECT_TRUE(platform.registry.KeyExists(registry::ClassesRoot, "Folder\\shell\\x"));
-  EXPECT_FALSE(platform.registry.KeyExists(registry::LocalMachine, "Folder\\shell\\x"));
-  EXPECT_EQ(platform.registry.Value(registry::ClassesRoot, "Folder\\shell\\x", ""), "command");
-  platform.registry.DeleteKey(registry::ClassesRoot, "Folder\\shell\\x");
-  EXPECT_FALSE(platform.registry.KeyExists(registry::ClassesRoot, "Folder\\shell\\x"));
-  platform.settings.SaveSetting("App", "Section", "Key", "value");
-  EXPECT_EQ(platform.settings.GetSetting("App", "Section", "Key", "otherwise"), "value");
-  EXPECT_EQ(platform.settings.GetSetting("App", "Section", "Other", "otherwise"), "otherwise");
+  EXPECT_EQ(platform.registry.Value(registry::ClassesRoot, "Folder\\SHELL\\x", ""), "command");
+  EXPECT_EQ(platform.registry.Value(registry::LocalMachine, "Folder\\shell\\x", ""), "");
+  EXPECT_EQ(platform.registry.Value(registry::ClassesRoot, "Folder\\shell", ""), "");
 }
 
 }  // namespace

@@ -1,39 +1,43 @@
-// The kernel's list of mounts, and the letters that media get.
+// What is mounted, and the letters that media get.
+#include <filesystem>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "platform/posix/Mounts.h"
 #include "platform/posix/VolumeLetters.h"
+#include "tests/platform/posix/PrivateMounts.h"
+#include "tests/support/TemporaryDrive.h"
 
 namespace pixorra {
 namespace {
 
 using ::testing::ElementsAre;
 
-TEST(Mounts, LinesAreReadWithTheirEscapesAndOptionalFields) {
-  const std::vector<Mount> mounts = ParseMountInfo(
-      "22 1 8:1 / / rw,relatime shared:1 - ext4 /dev/sda1 rw\n"
-      "36 22 8:17 / /media/anna/MY\\040CARD\\134x rw,nosuid shared:1 master:2 - vfat /dev/sdb1 rw,uid=1000\n"
-      "37 22 0:5 / /proc rw - proc proc rw\n");
-  ASSERT_EQ(mounts.size(), 3U);
-  EXPECT_EQ(mounts[1].Point, "/media/anna/MY CARD\\x");
-  EXPECT_EQ(mounts[1].FileSystem, "vfat");
-  EXPECT_EQ(mounts[1].Source, "/dev/sdb1");
-  EXPECT_EQ(mounts[2].Source, "proc");
+std::vector<Mount> MountsAt(const std::string& point) {
+  std::vector<Mount> mounts = AllMounts();
+  std::erase_if(mounts, [&point](const Mount& mount) { return mount.Point != point; });
+  return mounts;
 }
 
-TEST(Mounts, LinesThatMakeNoSenseArePassedOver) {
-  EXPECT_TRUE(ParseMountInfo("").empty());
-  EXPECT_TRUE(ParseMountInfo("nonsense\n\n- - - - - -\n22 1 8:1 / / rw\n22 1 8:1 / / rw - ext4\n").empty());
-  EXPECT_TRUE(ParseMountInfo("22 1 8:1 / relative rw - ext4 x rw\n").empty());
-}
-
-TEST(Mounts, OfTwoMountsAtOnePointTheLastCounts) {
-  const std::vector<Mount> mounts = ParseMountInfo(
-      "22 1 8:1 / /mnt/a rw - ext4 /dev/sda1 rw\n"
-      "23 1 8:2 / /mnt/a rw - vfat /dev/sdb1 rw\n");
+TEST(Mounts, AMountIsListedByItsPlaceWhateverItsName) {
+  TemporaryDrive drive;
+  const std::string point = drive.HostRoot() + "/MY \tCARD\\040 \xC3\xA4";
+  std::filesystem::create_directory(point);
+  EXPECT_TRUE(MountsAt(point).empty());
+  const MemoryDisk disk(point, "size=16k");
+  if (!disk.Mounted()) GTEST_SKIP() << "this user may not mount";
+  const std::vector<Mount> mounts = MountsAt(point);
   ASSERT_EQ(mounts.size(), 1U);
-  EXPECT_EQ(mounts[0].FileSystem, "vfat");
+  EXPECT_EQ(mounts[0].FileSystem, "tmpfs");
+  EXPECT_EQ(mounts[0].Source, "test");
+}
+
+TEST(Mounts, OfTwoMountsAtOnePointOneCounts) {
+  TemporaryDrive drive;
+  const MemoryDisk below(drive.HostRoot(), "size=16k");
+  const MemoryDisk above(drive.HostRoot(), "size=16k");
+  if (!above.Mounted()) GTEST_SKIP() << "this user may not mount";
+  EXPECT_EQ(MountsAt(drive.HostRoot()).size(), 1U);
 }
 
 TEST(Mounts, MediaOfTheUserAreToldFromTheSystemsMounts) {

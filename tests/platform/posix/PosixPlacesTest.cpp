@@ -1,19 +1,16 @@
 // Contract of Places and Clock on the host.
 #include <cmath>
-#include <cstdlib>
 #include <ctime>
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
 #include "platform/posix/PosixClock.h"
 #include "platform/posix/PosixPlaces.h"
+#include "tests/platform/posix/OwnProcess.h"
 #include "tests/support/TemporaryDrive.h"
 
 namespace pixorra {
 namespace {
-
-using ::testing::ElementsAre;
 
 class OnPosixPlaces : public ::testing::Test {
  protected:
@@ -23,6 +20,12 @@ class OnPosixPlaces : public ::testing::Test {
   }
   PosixPlaces Made() {
     return PosixPlaces(environment_, std::make_shared<FixedMapping>(PathMapping({{'C', drive_.HostRoot(), "Test"}})));
+  }
+  void InAnnasSession(const std::function<void(PosixPlaces&)>& body) {
+    InOwnProcess({{"HOME", environment_.Home}, {"XDG_CONFIG_HOME", environment_.ConfigHome}}, [&] {
+      PosixPlaces places = Made();
+      body(places);
+    });
   }
   TemporaryDrive drive_;
   Environment environment_;
@@ -57,74 +60,54 @@ TEST_F(OnPosixPlaces, AFolderThatCannotBeMadeIsNamedAllTheSame) {
   EXPECT_EQ(drive_.Read("C:\\home\\anna\\.config"), "a file in the way");
 }
 
-TEST_F(OnPosixPlaces, SpecialFoldersFollowTheDesktopsList) {
-  drive_.Write("C:\\home\\anna\\.config\\user-dirs.dirs",
-               "XDG_DESKTOP_DIR=\"$HOME/Schreibtisch\"\nXDG_PICTURES_DIR=\"$HOME/Bilder\"\n");
-  PosixPlaces places = Made();
-  EXPECT_EQ(places.SpecialFolder(0), "C:\\home\\anna\\Schreibtisch");
-  EXPECT_EQ(places.SpecialFolder(16), "C:\\home\\anna\\Schreibtisch");
-  EXPECT_EQ(places.SpecialFolder(39), "C:\\home\\anna\\Bilder");
+TEST_F(OnPosixPlaces, SpecialFoldersFollowTheDesktopsListAsItIsNow) {
+  const char* list = "C:\\home\\anna\\.config\\user-dirs.dirs";
+  drive_.Write(list, "XDG_DESKTOP_DIR=\"$HOME/Schreibtisch\"\nXDG_PICTURES_DIR=\"$HOME/Bilder\"\n");
+  InAnnasSession([&](PosixPlaces& places) {
+    EXPECT_EQ(places.SpecialFolder(0), "C:\\home\\anna\\Schreibtisch");
+    EXPECT_EQ(places.SpecialFolder(16), "C:\\home\\anna\\Schreibtisch");
+    EXPECT_EQ(places.SpecialFolder(39), "C:\\home\\anna\\Bilder");
+    drive_.Write(list, "XDG_PICTURES_DIR=\"$HOME/Fotos\"\n");
+    EXPECT_EQ(places.SpecialFolder(39), "C:\\home\\anna\\Fotos");
+    drive_.Write(list, " XDG_PICTURES_DIR=\"" + drive_.HostPath("C:\\data") + "/\"\nXDG_DOCUMENTS_DIR=\"relative\"\n");
+    EXPECT_EQ(places.SpecialFolder(39), "C:\\data");
+    EXPECT_EQ(places.SpecialFolder(5), "C:\\home\\anna");
+  });
 }
 
-TEST_F(OnPosixPlaces, WithoutAListTheUsualFoldersOrTheHomeFolderStandIn) {
+TEST_F(OnPosixPlaces, WithoutAListTheUsualFoldersOrTheHomeFolderAreTaken) {
   drive_.MakeFolder("C:\\home\\anna\\Pictures");
-  PosixPlaces places = Made();
-  EXPECT_EQ(places.SpecialFolder(39), "C:\\home\\anna\\Pictures");
-  EXPECT_EQ(places.SpecialFolder(5), "C:\\home\\anna");
-  EXPECT_EQ(places.SpecialFolder(3), "C:\\home\\anna");
+  InAnnasSession([&](PosixPlaces& places) {
+    EXPECT_EQ(places.SpecialFolder(39), "C:\\home\\anna\\Pictures");
+    EXPECT_EQ(places.SpecialFolder(5), "C:\\home\\anna");
+    EXPECT_EQ(places.SpecialFolder(3), "C:\\home\\anna");
+    EXPECT_EQ(places.SpecialFolder(0), "C:\\home\\anna");
+    drive_.MakeFolder("C:\\home\\anna\\Desktop");
+    EXPECT_EQ(places.SpecialFolder(0), "C:\\home\\anna\\Desktop");
+  });
 }
 
 TEST_F(OnPosixPlaces, EveryProtectedNumberHasAFolderAndOthersNone) {
-  PosixPlaces places = Made();
-  for (const int number : {0, 2, 3, 5, 6, 8, 11, 16, 39}) {
-    const std::string folder = places.SpecialFolder(number);
-    EXPECT_TRUE(folder.starts_with("C:\\home\\anna")) << number;
-    EXPECT_FALSE(folder.ends_with('\\')) << number;
-  }
-  for (const int number : {-1, 1, 4, 7, 17, 40}) EXPECT_EQ(places.SpecialFolder(number), "") << number;
+  InAnnasSession([](PosixPlaces& places) {
+    for (const int number : {0, 2, 3, 5, 6, 8, 11, 16, 39}) {
+      const std::string folder = places.SpecialFolder(number);
+      EXPECT_TRUE(folder.starts_with("C:\\home\\anna")) << number;
+      EXPECT_FALSE(folder.ends_with('\\')) << number;
+    }
+    for (const int number : {-1, 1, 4, 7, 17, 40}) EXPECT_EQ(places.SpecialFolder(number), "") << number;
+  });
 }
 
-// Environment variables for the life of this object.
-class Variables {
- public:
-  void Set(const char* name, const char* value) {
-    const char* old = std::getenv(name);
-    old_.emplace_back(name, old == nullptr ? std::nullopt : std::optional<std::string>(old));
-    setenv(name, value, 1);
-  }
-  ~Variables() {
-    for (auto variable = old_.rbegin(); variable != old_.rend(); ++variable) {
-      if (variable->second)
-        setenv(variable->first.c_str(), variable->second->c_str(), 1);
-      else
-        unsetenv(variable->first.c_str());
-    }
-  }
-
- private:
-  std::vector<std::pair<std::string, std::optional<std::string>>> old_;
-};
-
 TEST(OfProcess, AbsoluteValuesAreTakenAndOthersPassedOver) {
-  Variables variables;
-  variables.Set("HOME", "/home/anna/");
-  variables.Set("XDG_DATA_HOME", "/data");
-  variables.Set("XDG_CONFIG_HOME", "relative");
-  variables.Set("XDG_CACHE_HOME", "");
-  variables.Set("XDG_DATA_DIRS", "/a/:relative::/b");
-  variables.Set("XDG_CONFIG_DIRS", "relative");
-  variables.Set("XDG_CURRENT_DESKTOP", "Unity:GNOME");
-  variables.Set("LC_ALL", "");
-  variables.Set("LC_MESSAGES", "de_DE.UTF-8@euro");
-  const Environment environment = Environment::OfProcess();
-  EXPECT_EQ(environment.Home, "/home/anna");
-  EXPECT_EQ(environment.DataHome, "/data");
-  EXPECT_EQ(environment.ConfigHome, "/home/anna/.config");
-  EXPECT_EQ(environment.CacheHome, "/home/anna/.cache");
-  EXPECT_THAT(environment.DataDirs, ElementsAre("/a", "/b"));
-  EXPECT_THAT(environment.ConfigDirs, ElementsAre("/etc/xdg"));
-  EXPECT_THAT(environment.Desktops, ElementsAre("unity", "gnome"));
-  EXPECT_EQ(environment.Language, "de_DE");
+  InOwnProcess(
+      {{"HOME", "/home/anna/"}, {"XDG_DATA_HOME", "/data"}, {"XDG_CONFIG_HOME", "relative"}, {"XDG_CACHE_HOME", ""}},
+      [] {
+        const Environment environment = Environment::OfProcess();
+        EXPECT_EQ(environment.Home, "/home/anna");
+        EXPECT_EQ(environment.DataHome, "/data");
+        EXPECT_EQ(environment.ConfigHome, "/home/anna/.config");
+        EXPECT_EQ(environment.CacheHome, "/home/anna/.cache");
+      });
 }
 
 TEST(OnPosixClock, NowIsTheHostsLocalTime) {

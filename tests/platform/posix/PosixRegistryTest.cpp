@@ -1,25 +1,22 @@
-// Contract of Registry and Settings on the host.
-#include <cstdlib>
+// The registry's and the settings' files on the host.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
-#include <sys/wait.h>
 
-#include "platform/posix/DesktopEntry.h"
 #include "platform/posix/FolderVerb.h"
-#include "platform/posix/KeyFile.h"
 #include "platform/posix/Launcher.h"
 #include "platform/posix/PosixRegistry.h"
 #include "platform/posix/PosixSettings.h"
+#include "platform/posix/PosixShell.h"
 #include "platform/runtime/Errors.h"
 #include "tests/platform/posix/OrdinaryUser.h"
+#include "tests/platform/posix/OwnProcess.h"
 #include "tests/platform/posix/PrivateMounts.h"
 #include "tests/support/TemporaryDrive.h"
 
 namespace pixorra {
 namespace {
 
-using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 
 constexpr const char* verbKey = "Folder\\Shell\\SlideShow by Pixorra";
@@ -39,14 +36,11 @@ class OnPosixRegistry : public ::testing::Test {
   PosixRegistry registry_;
 };
 
-TEST_F(OnPosixRegistry, AVerbIsThereFromItsSettingToItsDeletion) {
-  EXPECT_FALSE(registry_.KeyExists(registry::ClassesRoot, verbKey));
+TEST_F(OnPosixRegistry, AVerbsFilesAreThereFromItsSettingToItsDeletion) {
   Add();
-  EXPECT_TRUE(registry_.KeyExists(registry::ClassesRoot, verbKey));
-  EXPECT_TRUE(registry_.KeyExists(registry::ClassesRoot, "FOLDER\\shell\\SlideShow by Pixorra"));
-  EXPECT_TRUE(registry_.KeyExists(registry::ClassesRoot, commandKey));
-  registry_.DeleteKey(registry::ClassesRoot, verbKey);
-  EXPECT_FALSE(registry_.KeyExists(registry::ClassesRoot, verbKey));
+  EXPECT_TRUE(drive_.Exists(serviceMenu));
+  EXPECT_TRUE(drive_.Exists(script));
+  registry_.DeleteKey(registry::ClassesRoot, "FOLDER\\shell\\SLIDEshow BY pixorra");
   EXPECT_FALSE(drive_.Exists(serviceMenu));
   EXPECT_FALSE(drive_.Exists(script));
 }
@@ -61,7 +55,7 @@ TEST_F(OnPosixRegistry, TheMachinesKeysStayMissingQuietly) {
 
 TEST_F(OnPosixRegistry, OtherKeysDoNothing) {
   Add();
-  for (const char* key : {"", "Folder", "Folder\\Shell\\", "Folder\\Shell\\a\\b", "txtfile\\Shell\\open\\Command"}) {
+  for (const char* key : {"", "Folder\\Shell\\", "Folder\\Shell\\a\\b", "txtfile\\Shell\\open\\Command"}) {
     registry_.SetKeyValue(registry::ClassesRoot, key, "", "C:\\x");
     EXPECT_FALSE(registry_.KeyExists(registry::ClassesRoot, key)) << key;
     registry_.DeleteKey(registry::ClassesRoot, key);
@@ -69,15 +63,38 @@ TEST_F(OnPosixRegistry, OtherKeysDoNothing) {
   EXPECT_TRUE(registry_.KeyExists(registry::ClassesRoot, verbKey));
 }
 
+// The value of the last line that begins with the key.
+std::string ValueIn(const std::string& text, const std::string& key) {
+  const std::size_t start = text.rfind("\n" + key + "=");
+  if (start == std::string::npos) return {};
+  const std::size_t value = start + key.size() + 2;
+  return text.substr(value, text.find('\n', value) - value);
+}
+
+// What a program writes about itself that the desktop starts on the folder by this command line of a file manager.
+std::string HeardThrough(TemporaryDrive& drive, const std::string& exec, const std::string& program) {
+  drive.Write(program, "#!/bin/sh\nprintf '%s|' \"$@\" > \"" + drive.HostPath("C:\\heard") + "\"\n");
+  drive.SetMode(program, 0755);
+  drive.Write("C:\\share\\applications\\manager.desktop",
+              "[Desktop Entry]\nType=Application\nName=x\nExec=" + exec + "\n");
+  drive.Write("C:\\xdg\\mimeapps.list", "[Default Applications]\ninode/directory=manager.desktop\n");
+  drive.MakeFolder("C:\\my photos");
+  InOwnProcess(SessionIn(drive.HostRoot()), [&drive] {
+    PosixShell shell(std::make_shared<FixedMapping>(PathMapping({{'C', drive.HostRoot(), "Test"}})));
+    shell.Open("C:\\my photos", "");
+    AwaitPrograms();
+  });
+  return drive.Exists("C:\\heard") ? drive.Read("C:\\heard") : "not started";
+}
+
 TEST_F(OnPosixRegistry, TheFilesNameTheCompanionAndTheFolder) {
   Add();
-  const KeyFile menu(drive_.Read(serviceMenu));
-  EXPECT_EQ(menu.Value("Desktop Action play", "Name"), "SlideShow by Pixorra");
-  EXPECT_EQ(menu.Value("Desktop Entry", "MimeType"), "inode/directory;");
-  DesktopEntry entry;
-  entry.Exec = menu.Value("Desktop Action play", "Exec");
-  EXPECT_THAT(ArgumentsFor(entry, "/home/anna/my photos"),
-              ElementsAre(drive_.HostRoot() + "/win dows/Pixorra SlideShow.scr", "21/home/anna/my photos"));
+  const std::string menu = drive_.Read(serviceMenu);
+  EXPECT_EQ(ValueIn(menu, "Name"), "SlideShow by Pixorra");
+  EXPECT_EQ(ValueIn(menu, "MimeType"), "inode/directory;");
+  EXPECT_THAT(menu, HasSubstr("[Desktop Action play]\n"));
+  EXPECT_EQ(HeardThrough(drive_, ValueIn(menu, "Exec"), "C:\\win dows\\Pixorra SlideShow.scr"),
+            "21" + drive_.HostPath("C:\\my photos") + "|");
   struct stat file {};
   ASSERT_EQ(stat(drive_.HostPath(serviceMenu).c_str(), &file), 0);
   EXPECT_NE(file.st_mode & S_IXUSR, 0U);
@@ -87,10 +104,10 @@ TEST_F(OnPosixRegistry, TheScriptStartsTheCompanionOnTheFolder) {
   drive_.Write("C:\\win dows\\Pixorra SlideShow.scr", "#!/bin/sh\nprintf '%s|' \"$@\" > \"$0.out\"\n");
   drive_.SetMode("C:\\win dows\\Pixorra SlideShow.scr", 0755);
   Add();
-  Launcher launcher;
-  ASSERT_EQ(launcher.Start({drive_.HostPath(script), "/my 'photos'"}, {}), 0);
-  while (waitpid(-1, nullptr, 0) > 0) {
-  }
+  InOwnProcess({}, [this] {
+    ASSERT_EQ(StartDetached({drive_.HostPath(script), "/my 'photos'"}, {}), 0);
+    AwaitPrograms();
+  });
   EXPECT_EQ(drive_.Read("C:\\win dows\\Pixorra SlideShow.scr.out"), "21/my 'photos'|");
 }
 
@@ -111,14 +128,21 @@ TEST_F(OnPosixRegistry, WhereNothingCanBeWrittenNothingIsTold) {
 }
 
 TEST(FolderVerb, TextsThatMeanSomethingToAShellAreTakenAsTheyAre) {
-  const std::string program = "/a \"b\" $c `d` \\e %f 'g'";
-  for (const VerbFile& file : FilesOfFolderVerb("Verb", program, {"2 1", "x%Ly"})) {
-    const KeyFile keys(file.Text);
-    DesktopEntry entry;
-    for (const char* group : {"Desktop Action play", "X-Action-Profile folder", "Nemo Action"})
-      if (keys.HasGroup(group)) entry.Exec = keys.Value(group, "Exec");
-    if (entry.Exec.empty()) continue;
-    EXPECT_THAT(ArgumentsFor(entry, "/p"), ElementsAre(program, "2 1", "x/py")) << file.Place;
+  TemporaryDrive drive;
+  const std::string name = "a \"b\" $c `d` e 'g'";
+  for (const VerbFile& file : FilesOfFolderVerb("Verb", drive.HostRoot() + '/' + name, {"2 1", "$x \\5%f", "x%Ly"})) {
+    const std::string exec = ValueIn(file.Text, "Exec");
+    if (exec.empty()) continue;
+    EXPECT_EQ(HeardThrough(drive, exec, "C:\\" + name), "2 1|$x \\5%f|x" + drive.HostPath("C:\\my photos") + "y|")
+        << file.Place;
+    drive.Remove("C:\\heard");
+  }
+}
+
+TEST(FolderVerb, APercentSignInTheProgramsPathIsWrittenTwice) {
+  for (const VerbFile& file : FilesOfFolderVerb("Verb", "/100%", {})) {
+    const std::string exec = ValueIn(file.Text, "Exec");
+    EXPECT_TRUE(exec.empty() || exec == "\"/100%%\"") << exec;
   }
 }
 
@@ -129,32 +153,33 @@ class OnPosixSettings : public ::testing::Test {
   PosixSettings settings_{file_};
 };
 
-TEST_F(OnPosixSettings, WhatIsMissingIsWhatTheCallerSays) {
+TEST_F(OnPosixSettings, AskingMakesNoFile) {
   EXPECT_EQ(settings_.GetSetting("Pixorra", "ScreenSaver", "Duration", "3"), "3");
   EXPECT_FALSE(drive_.Exists("C:\\config"));
 }
 
 TEST_F(OnPosixSettings, WhatIsSavedIsReadByAnotherProgram) {
   settings_.SaveSetting("Pixorra", "ScreenSaver", "SourceLocation", "C:\\My  Photos\\");
-  settings_.SaveSetting("Pixorra", "ScreenSaver", "Duration", "7");
-  settings_.SaveSetting("Pixorra", "ScreenSaver", "Duration", "1");
   PosixSettings companion(file_);
   EXPECT_EQ(companion.GetSetting("Pixorra", "ScreenSaver", "SourceLocation", "x"), "C:\\My  Photos\\");
-  EXPECT_EQ(companion.GetSetting("PIXORRA", "screensaver", "DURATION", "x"), "1");
-  EXPECT_EQ(companion.GetSetting("Other", "ScreenSaver", "Duration", "x"), "x");
+  companion.SaveSetting("Pixorra", "ScreenSaver", "SourceLocation", "D:\\");
+  EXPECT_EQ(settings_.GetSetting("Pixorra", "ScreenSaver", "SourceLocation", "x"), "D:\\");
 }
 
-TEST_F(OnPosixSettings, AnEmptyTextIsASetting) {
-  settings_.SaveSetting("Pixorra", "ScreenSaver", "SourceLocation", "");
-  EXPECT_EQ(settings_.GetSetting("Pixorra", "ScreenSaver", "SourceLocation", "x"), "");
+TEST_F(OnPosixSettings, CommentsAndOtherProgramsSettingsStay) {
+  drive_.Write("C:\\config\\pixorra\\settings", "# mine\n[other/section]\nkey=1\n");
+  settings_.SaveSetting("Pixorra", "ScreenSaver", "Duration", "7");
+  const std::string settings = drive_.Read("C:\\config\\pixorra\\settings");
+  EXPECT_THAT(settings, HasSubstr("# mine\n"));
+  EXPECT_THAT(settings, HasSubstr("[other/section]\nkey=1\n"));
 }
 
-TEST_F(OnPosixSettings, AnyNamesAndTextsComeBack) {
-  for (const char* text : {" blanks ", "two\nlines", "[group]", "a=b", "#c", "\xC3\xA4", "C:\\new\\table"}) {
-    settings_.SaveSetting(text, text, text, text);
-    EXPECT_EQ(settings_.GetSetting(text, text, text, "lost"), text) << ::testing::PrintToString(text);
-  }
-  EXPECT_EQ(settings_.GetSetting("a=b", "a=b", "a=b", "lost"), "a=b");
+TEST_F(OnPosixSettings, AFileThatIsNoneOfSettingsIsNotReplaced) {
+  drive_.Write("C:\\config\\pixorra\\settings", "kept");
+  EXPECT_EQ(settings_.GetSetting("Pixorra", "ScreenSaver", "Duration", "3"), "3");
+  EXPECT_EQ(ErrorsIgnored([&] { settings_.SaveSetting("Pixorra", "ScreenSaver", "Duration", "7"); }),
+            error::PathAccess);
+  EXPECT_EQ(drive_.Read("C:\\config\\pixorra\\settings"), "kept");
 }
 
 TEST_F(OnPosixSettings, AFullDiskRaisesAndKeepsTheOldSettings) {
@@ -169,7 +194,7 @@ TEST_F(OnPosixSettings, AFullDiskRaisesAndKeepsTheOldSettings) {
 }
 
 TEST_F(OnPosixSettings, AFileThatCannotBeReadIsNotReplaced) {
-  drive_.Write("C:\\config\\pixorra\\settings", "kept");
+  drive_.Write("C:\\config\\pixorra\\settings", "[kept]\n");
   drive_.SetMode("C:\\config\\pixorra\\settings", 0200);
   {
     const OrdinaryUser user(drive_.HostRoot());
@@ -178,7 +203,7 @@ TEST_F(OnPosixSettings, AFileThatCannotBeReadIsNotReplaced) {
               error::PathAccess);
   }
   drive_.SetMode("C:\\config\\pixorra\\settings", 0600);
-  EXPECT_EQ(drive_.Read("C:\\config\\pixorra\\settings"), "kept");
+  EXPECT_EQ(drive_.Read("C:\\config\\pixorra\\settings"), "[kept]\n");
 }
 
 TEST_F(OnPosixSettings, AFolderUnderItsNameStays) {

@@ -1,14 +1,16 @@
-// Contract of Shell on a desktop of the test's own: its starters, its associations, and programs that really run.
+// The desktop's own lists, starters and programs, which really run.
+#include <cerrno>
+#include <functional>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include "platform/posix/CommandLine.h"
-#include "platform/posix/MimeTypes.h"
+#include "platform/posix/Launcher.h"
 #include "platform/posix/PosixShell.h"
 #include "platform/runtime/Errors.h"
+#include "tests/platform/posix/OwnProcess.h"
 #include "tests/support/TemporaryDrive.h"
 
 namespace pixorra {
@@ -17,13 +19,15 @@ namespace {
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
+constexpr const char* photo = "C:\\photos\\a b.jpg";
+constexpr const char* viewer = "C:\\share\\applications\\viewer.desktop";
+constexpr const char* painter = "C:\\share\\applications\\painter.desktop";
+constexpr const char* userList = "C:\\home\\.config\\mimeapps.list";
+constexpr const char* offered = "C:\\share\\applications\\mimeinfo.cache";
+
 class OnPosixShell : public ::testing::Test {
  protected:
   OnPosixShell() {
-    environment_ = Environment::OfHome(drive_.HostPath("C:\\home"));
-    environment_.DataDirs = {drive_.HostPath("C:\\share")};
-    environment_.ConfigDirs = {drive_.HostPath("C:\\xdg")};
-    environment_.Path = {drive_.HostPath("C:\\bin")};
     // Writes its folder and its arguments, a line each, to a file beside itself.
     AddProgram("C:\\bin\\viewer",
                "out=\"$0.out\"; { pwd; for a in \"$@\"; do printf '%s\\n' \"$a\"; done; } > \"$out\"");
@@ -31,7 +35,7 @@ class OnPosixShell : public ::testing::Test {
     drive_.Write("C:\\share\\mime\\globs2", "50:image/jpeg:*.jpg\n50:image/jpeg:*.jpeg\n60:image/x-raw:*.raw.jpg\n");
     AddStarter("viewer", "Exec=viewer --show %f\n");
     AddStarter("painter", "Exec=painter %U\nComment=Paints\nName[de]=Maler\n");
-    drive_.Write("C:\\photos\\a b.jpg", "1");
+    drive_.Write(photo, "1");
   }
 
   void AddProgram(const std::string& path, const std::string& body) {
@@ -45,190 +49,199 @@ class OnPosixShell : public ::testing::Test {
   void Associate(const std::string& path, const std::string& group, const std::string& line) {
     drive_.Write(path, "[" + group + "]\n" + line + "\n");
   }
-  PosixShell& Made() {
-    shell_ = std::make_unique<PosixShell>(
-        environment_, std::make_shared<FixedMapping>(PathMapping({{'C', drive_.HostRoot(), "Test"}})));
-    return *shell_;
+  // Each call is a session of its own, which sees the desktop as it is then. Started programs have ended at its end.
+  void WithShell(const std::function<void(PosixShell&)>& body) {
+    InOwnProcess(session_, [&] {
+      PosixShell shell(std::make_shared<FixedMapping>(PathMapping({{'C', drive_.HostRoot(), "Test"}})));
+      body(shell);
+      AwaitPrograms();
+    });
   }
-  // The programs that were started have ended when this returns.
-  static void AwaitPrograms() {
-    while (waitpid(-1, nullptr, 0) > 0) {
-    }
+  void ExpectFound(const std::string& path, const std::string& program) {
+    WithShell([&](PosixShell& shell) { EXPECT_EQ(shell.FindExecutable(path), program); });
   }
-  std::string Viewer() { return "C:\\share\\applications\\viewer.desktop"; }
-  std::string Painter() { return "C:\\share\\applications\\painter.desktop"; }
 
   TemporaryDrive drive_;
-  Environment environment_;
-  std::unique_ptr<PosixShell> shell_;
+  Variables session_ = SessionIn(drive_.HostRoot());
 };
 
 TEST_F(OnPosixShell, TheDefaultGoesBeforeWhatWasAddedAndWhatIsOffered) {
-  PosixShell& shell = Made();
-  EXPECT_EQ(shell.FindExecutable("C:\\photos\\a b.jpg"), "");
-  Associate("C:\\share\\applications\\mimeinfo.cache", "MIME Cache", "image/jpeg=painter.desktop;viewer.desktop;");
-  EXPECT_EQ(shell.FindExecutable("C:\\photos\\a b.jpg"), Painter());
+  ExpectFound(photo, "");
+  Associate(offered, "MIME Cache", "image/jpeg=painter.desktop;viewer.desktop;");
+  ExpectFound(photo, painter);
   Associate("C:\\home\\.local\\share\\applications\\mimeapps.list", "Added Associations", "image/jpeg=viewer.desktop;");
-  EXPECT_EQ(shell.FindExecutable("C:\\photos\\a b.jpg"), Viewer());
+  ExpectFound(photo, viewer);
   Associate("C:\\xdg\\mimeapps.list", "Default Applications", "image/jpeg=gone.desktop;painter.desktop");
-  EXPECT_EQ(shell.FindExecutable("C:\\photos\\a b.jpg"), Painter());
-  Associate("C:\\home\\.config\\mimeapps.list", "Default Applications", "image/jpeg=viewer.desktop");
-  EXPECT_EQ(shell.FindExecutable("C:\\PHOTOS\\A B.JPG"), Viewer());
+  ExpectFound(photo, painter);
+  Associate(userList, "Default Applications", "image/jpeg=viewer.desktop");
+  ExpectFound("C:\\PHOTOS\\A B.JPG", viewer);
 }
 
 TEST_F(OnPosixShell, TheDesktopsOwnListGoesBeforeTheCommonOne) {
-  environment_.Desktops = {"kde"};
-  Associate("C:\\home\\.config\\mimeapps.list", "Default Applications", "image/jpeg=viewer.desktop");
+  session_["XDG_CURRENT_DESKTOP"] = "KDE";
+  Associate(userList, "Default Applications", "image/jpeg=viewer.desktop");
   Associate("C:\\home\\.config\\kde-mimeapps.list", "Default Applications", "image/jpeg=painter.desktop");
-  EXPECT_EQ(Made().FindExecutable("C:\\photos\\a b.jpg"), Painter());
+  ExpectFound(photo, painter);
 }
 
 TEST_F(OnPosixShell, WhatWasRemovedIsNotOffered) {
-  Associate("C:\\share\\applications\\mimeinfo.cache", "MIME Cache", "image/jpeg=painter.desktop;viewer.desktop;");
-  Associate("C:\\home\\.config\\mimeapps.list", "Removed Associations", "image/jpeg=painter.desktop;");
-  EXPECT_EQ(Made().FindExecutable("C:\\photos\\a b.jpg"), Viewer());
+  Associate(offered, "MIME Cache", "image/jpeg=painter.desktop;viewer.desktop;");
+  Associate(userList, "Removed Associations", "image/jpeg=painter.desktop;");
+  ExpectFound(photo, viewer);
 }
 
-TEST_F(OnPosixShell, AStarterThatIsDeletedOrWhoseProgramIsMissingIsPassedOver) {
-  Associate("C:\\home\\.config\\mimeapps.list", "Default Applications",
-            "image/jpeg=hidden.desktop;notry.desktop;noexec.desktop;link.desktop;viewer.desktop;");
-  AddStarter("hidden", "Exec=viewer\nHidden=true\n");
+TEST_F(OnPosixShell, AStarterWhoseProgramIsMissingIsPassedOver) {
+  Associate(userList, "Default Applications", "image/jpeg=notry.desktop;noexec.desktop;link.desktop;viewer.desktop;");
   AddStarter("notry", "Exec=viewer\nTryExec=missing\n");
   AddStarter("noexec", "Exec=missing %f\n");
   drive_.Write("C:\\share\\applications\\link.desktop", "[Desktop Entry]\nType=Link\nURL=x\n");
-  EXPECT_EQ(Made().FindExecutable("C:\\photos\\a b.jpg"), Viewer());
+  ExpectFound(photo, viewer);
+}
+
+TEST_F(OnPosixShell, AStarterThatIsMarkedAsDeletedIsPassedOver) {
+  Associate(userList, "Default Applications", "image/jpeg=painter.desktop");
+  Associate(offered, "MIME Cache", "image/jpeg=painter.desktop;viewer.desktop;");
+  AddStarter("painter", "Exec=painter\nHidden=true\n");
+  ExpectFound(photo, viewer);
 }
 
 TEST_F(OnPosixShell, ADashInAStartersNameMayBeTheBorderOfAFolder) {
-  drive_.Write("C:\\share\\applications\\kde\\viewer.desktop", "[Desktop Entry]\nType=Application\nExec=viewer\n");
-  Associate("C:\\home\\.config\\mimeapps.list", "Default Applications", "image/jpeg=kde-viewer.desktop");
-  EXPECT_EQ(Made().FindExecutable("C:\\photos\\a b.jpg"), "C:\\share\\applications\\kde\\viewer.desktop");
+  drive_.Write("C:\\share\\applications\\kde\\viewer.desktop",
+               "[Desktop Entry]\nType=Application\nName=x\nExec=viewer\n");
+  Associate(userList, "Default Applications", "image/jpeg=kde-viewer.desktop");
+  ExpectFound(photo, "C:\\share\\applications\\kde\\viewer.desktop");
 }
 
-TEST_F(OnPosixShell, AMissingFileRaises53AndAMissingFolder76) {
-  PosixShell& shell = Made();
-  EXPECT_EQ(ErrorsIgnored([&] { shell.FindExecutable("C:\\photos\\b.jpg"); }), error::FileNotFound);
-  EXPECT_EQ(ErrorsIgnored([&] { shell.FindExecutable("C:\\nowhere\\b.jpg"); }), error::PathNotFound);
+TEST_F(OnPosixShell, TheHeaviestPatternTellsTheTypeAndThePhotosOwnTypesNeedNoList) {
+  Associate(userList, "Default Applications", "image/jpeg=viewer.desktop\nimage/x-raw=painter.desktop");
+  drive_.Write("C:\\photos\\b.RAW.jpg", "1");
+  ExpectFound("C:\\photos\\b.RAW.jpg", painter);
+  drive_.Remove("C:\\share\\mime");
+  ExpectFound(photo, viewer);
+  ExpectFound("C:\\photos\\b.RAW.jpg", viewer);
 }
 
 TEST_F(OnPosixShell, AProgramIsNamedByItsStarterInTheUsersLanguage) {
-  PosixShell& shell = Made();
-  EXPECT_EQ(shell.ReadVersionInfo(Viewer()).ProductName, "The viewer");
-  EXPECT_EQ(shell.ReadVersionInfo(Viewer()).FileDescription, "");
-  EXPECT_EQ(shell.ReadVersionInfo("C:\\bin\\painter").ProductName, "The painter");
-  EXPECT_EQ(shell.ReadVersionInfo("C:\\bin\\painter").FileDescription, "Paints");
-  environment_.Language = "de_DE";
-  EXPECT_EQ(Made().ReadVersionInfo(Painter()).ProductName, "Maler");
+  WithShell([](PosixShell& shell) {
+    EXPECT_EQ(shell.ReadVersionInfo(viewer).ProductName, "The viewer");
+    EXPECT_EQ(shell.ReadVersionInfo(viewer).FileDescription, "?");
+    EXPECT_EQ(shell.ReadVersionInfo("C:\\bin\\painter").ProductName, "The painter");
+    EXPECT_EQ(shell.ReadVersionInfo("C:\\bin\\painter").FileDescription, "Paints");
+  });
+  session_["LANGUAGE"] = "de_DE";
+  session_["LC_ALL"] = "de_DE.UTF-8";
+  WithShell([](PosixShell& shell) { EXPECT_EQ(shell.ReadVersionInfo(painter).ProductName, "Maler"); });
 }
 
-TEST_F(OnPosixShell, WhatHasNoStarterHasNoName) {
-  PosixShell& shell = Made();
-  for (const char* program : {"", "C:\\photos\\a b.jpg", "C:\\missing", "C:\\missing.desktop"}) {
-    EXPECT_EQ(shell.ReadVersionInfo(program).ProductName, "") << program;
-    EXPECT_EQ(shell.ReadVersionInfo(program).FileDescription, "") << program;
-  }
+TEST_F(OnPosixShell, AGenericNameDescribesAProgramWithoutAComment) {
+  AddStarter("viewer", "Exec=viewer\nGenericName=Image viewer\n");
+  WithShell([](PosixShell& shell) { EXPECT_EQ(shell.ReadVersionInfo(viewer).FileDescription, "Image viewer"); });
 }
 
 TEST_F(OnPosixShell, OpenStartsTheRegisteredProgramInTheFolder) {
-  Associate("C:\\home\\.config\\mimeapps.list", "Default Applications", "image/jpeg=viewer.desktop");
-  Made().Open("C:\\photos\\A b.jpg", "c:\\photos");
-  AwaitPrograms();
+  Associate(userList, "Default Applications", "image/jpeg=viewer.desktop");
+  WithShell([](PosixShell& shell) { shell.Open("C:\\photos\\A b.jpg", "c:\\photos"); });
   EXPECT_EQ(drive_.Read("C:\\bin\\viewer.out"),
-            drive_.HostPath("C:\\photos") + "\n--show\n" + drive_.HostPath("C:\\photos\\a b.jpg") + "\n");
+            drive_.HostPath("C:\\photos") + "\n--show\n" + drive_.HostPath(photo) + "\n");
+}
+
+TEST_F(OnPosixShell, AStartersOwnFolderGoesBeforeTheOneThatIsAskedFor) {
+  Associate(userList, "Default Applications", "image/jpeg=viewer.desktop");
+  AddStarter("viewer", "Exec=viewer\nPath=" + drive_.HostPath("C:\\share") + "\n");
+  WithShell([](PosixShell& shell) { shell.Open(photo, "c:\\photos"); });
+  EXPECT_EQ(drive_.Read("C:\\bin\\viewer.out"), drive_.HostPath("C:\\share") + "\n" + drive_.HostPath(photo) + "\n");
+}
+
+TEST_F(OnPosixShell, AStarterThatTakesAddressesOrNamesNothingGetsThePhotoToo) {
+  Associate(userList, "Default Applications", "image/jpeg=viewer.desktop");
+  for (const char* exec : {"viewer 100%% %U", "viewer 100%%"}) {
+    AddStarter("viewer", std::string("Exec=") + exec + "\n");
+    WithShell([](PosixShell& shell) { shell.Open(photo, "C:\\"); });
+    EXPECT_EQ(drive_.Read("C:\\bin\\viewer.out"), drive_.HostRoot() + "\n100%\n" + drive_.HostPath(photo) + "\n");
+    drive_.Remove("C:\\bin\\viewer.out");
+  }
 }
 
 TEST_F(OnPosixShell, OpenAsksTheDesktopsOpenerWhereNothingIsRegistered) {
   AddProgram("C:\\bin\\xdg-open", "printf '%s\\n' \"$@\" > \"$0.out\"");
-  Made().Open("C:\\photos\\a b.jpg", "c:\\");
-  AwaitPrograms();
-  EXPECT_EQ(drive_.Read("C:\\bin\\xdg-open.out"), drive_.HostPath("C:\\photos\\a b.jpg") + "\n");
+  WithShell([](PosixShell& shell) { shell.Open(photo, "c:\\"); });
+  EXPECT_EQ(drive_.Read("C:\\bin\\xdg-open.out"), drive_.HostPath(photo) + "\n");
 }
 
 TEST_F(OnPosixShell, OpenTakesWebAddressesAndNoOtherWords) {
   AddProgram("C:\\bin\\xdg-open", "printf '%s\\n' \"$@\" >> \"$0.out\"");
-  PosixShell& shell = Made();
-  shell.Open("https://example.org/a?b=c&d", "c:\\");
-  AwaitPrograms();
-  for (const char* target : {"", "--help", "file:///etc/passwd", "viewer", "C:\\missing.jpg"})
-    shell.Open(target, "c:\\");
-  AwaitPrograms();
+  WithShell([](PosixShell& shell) {
+    for (const char* target :
+         {"https://example.org/a?b=c&d", "", "--help", "file:///etc/passwd", "viewer", "C:\\missing.jpg"})
+      shell.Open(target, "c:\\");
+  });
   EXPECT_EQ(drive_.Read("C:\\bin\\xdg-open.out"), "https://example.org/a?b=c&d\n");
 }
 
-TEST_F(OnPosixShell, RunFindsAProgramWhosePathHoldsBlanksAndKeepsAllBlanksOfTheRest) {
+TEST_F(OnPosixShell, RunPartsTheArgumentLineAtEachBlank) {
   AddProgram("C:\\Windows\\Slide Show.scr", "printf '%s|' \"$@\" > \"$0.out\"");
-  PosixShell& shell = Made();
-  shell.Run("C:\\Windows\\\\Slide Show.scr /S :SS 31C:\\My  Photos");
-  AwaitPrograms();
+  WithShell([](PosixShell& shell) { shell.Run("C:\\Windows\\\\Slide Show.scr /S :SS 31C:\\My  Photos"); });
   EXPECT_EQ(drive_.Read("C:\\Windows\\Slide Show.scr.out"), "/S|:SS|31C:\\My||Photos|");
 }
 
 TEST_F(OnPosixShell, RunTakesAProgramOfTheSearchPath) {
-  Made().Run("viewer one two");
-  AwaitPrograms();
+  WithShell([](PosixShell& shell) { shell.Run("viewer one two"); });
   EXPECT_TRUE(drive_.Read("C:\\bin\\viewer.out").ends_with("\none\ntwo\n"));
 }
 
-TEST_F(OnPosixShell, RunRaises53WhereThereIsNoProgramAnd75WhereItDoesNotRun) {
-  PosixShell& shell = Made();
-  const auto number = [&shell](const std::string& command) { return ErrorsIgnored([&] { shell.Run(command); }); };
-  EXPECT_EQ(number("C:\\Windows\\\\Slide Show.scr /S :SS 31C:\\Photos"), error::FileNotFound);
-  EXPECT_EQ(number("rundll32.exe shell32.dll,Control_RunDLL desk.cpl,,1"), error::FileNotFound);
-  EXPECT_EQ(number(""), error::FileNotFound);
-  EXPECT_EQ(number("C:\\photos\\a b.jpg"), error::PathAccess);
+TEST_F(OnPosixShell, RunRaisesPathAccessForWhatIsNoProgramAndGivesItToNoShell) {
+  drive_.Write("C:\\photos\\card.jpg", "echo run > heard\n");
+  drive_.SetMode("C:\\photos\\card.jpg", 0755);
+  WithShell([](PosixShell& shell) {
+    for (const char* path : {photo, "C:\\photos\\card.jpg"})
+      EXPECT_EQ(ErrorsIgnored([&] { shell.Run(path); }), error::PathAccess) << path;
+  });
 }
 
-// Waits for a child of this process to end and leaves it to others to take leave of it.
-pid_t AwaitEnded() {
-  siginfo_t ended{};
-  return waitid(P_ALL, 0, &ended, WEXITED | WNOWAIT) == 0 ? ended.si_pid : -1;
+TEST_F(OnPosixShell, ADesktopsWindowMadeForAnotherDesktopIsPassedOver) {
+  AddStarter("hardinfo", "Exec=painter\nOnlyShowIn=XFCE;\n");
+  session_["XDG_CURRENT_DESKTOP"] = "GNOME";
+  WithShell([](PosixShell& shell) { EXPECT_FALSE(shell.OpenSystemInformation()); });
+  session_["XDG_CURRENT_DESKTOP"] = "XFCE";
+  WithShell([](PosixShell& shell) { EXPECT_TRUE(shell.OpenSystemInformation()); });
 }
 
-TEST_F(OnPosixShell, AProgramThatEndedIsTakenLeaveOfByTheNextStartAndByTheShellsEnd) {
-  Made().Run("painter");
-  const pid_t first = AwaitEnded();
-  ASSERT_GT(first, 0);
-  shell_->Run("painter");
-  EXPECT_EQ(waitpid(first, nullptr, WNOHANG), -1);
-  ASSERT_GT(AwaitEnded(), 0);
-  shell_.reset();
-  EXPECT_EQ(waitpid(-1, nullptr, WNOHANG), -1);
-}
-
-TEST(DesktopEntry, FieldCodesAreFilledIn) {
-  DesktopEntry entry;
-  entry.Name = "Viewer";
-  entry.File = "/x/viewer.desktop";
-  entry.Icon = "eye";
-  const auto arguments = [&entry](const char* exec) {
-    entry.Exec = exec;
-    return ArgumentsFor(entry, "/a b/\xC3\xA4.jpg");
+TEST_F(OnPosixShell, AStartedProgramHasItsOwnSessionAndNoStreams) {
+  // The streams are looked at from a child, whose parent's are still those that it was started with.
+  AddProgram("C:\\bin\\tell",
+             "(read -r _ _ _ _ _ sid _ < /proc/$$/stat; echo $sid; for n in 0 1 2; do\n"
+             "[ /proc/$$/fd/$n -ef /dev/null ] || echo stream $n; done) > \"$0.out\"");
+  AddStarter("tell", "Exec=tell\n");
+  Associate(userList, "Default Applications", "image/jpeg=tell.desktop");
+  const std::string here = std::to_string(getsid(0)) + "\n";
+  const auto expectOwn = [&](const std::function<void(PosixShell&)>& start) {
+    WithShell(start);
+    const std::string told = drive_.Read("C:\\bin\\tell.out");
+    EXPECT_NE(told, here);
+    EXPECT_EQ(told.find("stream"), std::string::npos) << told;
+    EXPECT_GT(told.size(), 1U);
+    drive_.Remove("C:\\bin\\tell.out");
   };
-  EXPECT_THAT(arguments("v %f"), ElementsAre("v", "/a b/\xC3\xA4.jpg"));
-  EXPECT_THAT(arguments("v %U"), ElementsAre("v", "file:///a%20b/%C3%A4.jpg"));
-  EXPECT_THAT(arguments("v %i --title=%c %k 100%% %F"),
-              ElementsAre("v", "--icon", "eye", "--title=Viewer", "/x/viewer.desktop", "100%", "/a b/\xC3\xA4.jpg"));
-  EXPECT_THAT(arguments("v"), ElementsAre("v", "/a b/\xC3\xA4.jpg"));
-  EXPECT_THAT(arguments("v %d %m %f"), ElementsAre("v", "/a b/\xC3\xA4.jpg"));
-  EXPECT_THAT(arguments("\"a \\\"b\\$\" '%f'"), ElementsAre("a \"b$", "'/a b/\xC3\xA4.jpg'"));
-  EXPECT_THAT(arguments("v \"open"), IsEmpty());
+  expectOwn([](PosixShell& shell) { shell.Run("tell"); });
+  expectOwn([](PosixShell& shell) { shell.Open(photo, ""); });
 }
 
-TEST(MimeTypes, TheHeaviestThenTheLongestGlobWins) {
-  const char* globs =
-      "# c\n50:a/short:*.gz\n50:a/long:*.tar.gz\n60:a/heavy:*.x.tar.gz\n50:a/case:*.C:cs\n50:a/small:*.c\n";
-  EXPECT_EQ(TypeByGlobs(globs, "a.gz"), "a/short");
-  EXPECT_EQ(TypeByGlobs(globs, "A.TAR.GZ"), "a/long");
-  EXPECT_EQ(TypeByGlobs(globs, "a.x.tar.gz"), "a/heavy");
-  EXPECT_EQ(TypeByGlobs(globs, "a.C"), "a/case");
-  EXPECT_EQ(TypeByGlobs(globs, "a.c"), "a/small");
-  EXPECT_EQ(TypeByGlobs(globs, "a"), "");
+TEST_F(OnPosixShell, AStartedProgramIsNoChildOfThisProcess) {
+  InOwnProcess(session_, [this] {
+    prctl(PR_SET_CHILD_SUBREAPER, 0);
+    ASSERT_EQ(StartDetached({drive_.HostPath("C:\\bin\\painter")}, {}), 0);
+    EXPECT_EQ(waitpid(-1, nullptr, WNOHANG), -1);
+    EXPECT_EQ(StartDetached({drive_.HostPath("C:\\missing")}, {}), ENOENT);
+    EXPECT_EQ(waitpid(-1, nullptr, WNOHANG), -1);
+  });
 }
 
-TEST(MimeTypes, TheProgramsOwnTypesAreKnownWithoutAList) {
-  EXPECT_EQ(TypeOfFile({"/no/such/place"}, "a.JPG"), "image/jpeg");
-  EXPECT_EQ(TypeOfFile({"/no/such/place"}, "a.gif"), "image/gif");
-  EXPECT_EQ(TypeOfFile({}, "a.xyz"), "");
+TEST_F(OnPosixShell, AProgramDoesNotStartInAFolderThatIsMissing) {
+  InOwnProcess(session_, [this] {
+    EXPECT_EQ(StartDetached({drive_.HostPath("C:\\bin\\viewer")}, drive_.HostPath("C:\\nowhere")), ENOENT);
+    AwaitPrograms();
+  });
+  EXPECT_FALSE(drive_.Exists("C:\\bin\\viewer.out"));
 }
 
 TEST(CommandLine, TheProgramEndsWhereAProgramIs) {

@@ -1,12 +1,9 @@
-// Small files read and written whole, and what is in them.
+// Small files read and written whole.
 #include <filesystem>
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
-#include "platform/posix/KeyFile.h"
 #include "platform/posix/SmallFiles.h"
-#include "platform/posix/UserFolders.h"
 #include "platform/runtime/Errors.h"
 #include "tests/platform/posix/OrdinaryUser.h"
 #include "tests/platform/posix/PrivateMounts.h"
@@ -14,8 +11,6 @@
 
 namespace pixorra {
 namespace {
-
-using ::testing::ElementsAre;
 
 class SmallFiles : public ::testing::Test {
  protected:
@@ -91,48 +86,6 @@ TEST_F(SmallFiles, FoldersAreMadeForTheirOwnerAlone) {
   drive_.Write("C:\\file", "1");
   EXPECT_FALSE(MakeFolders(drive_.HostPath("C:\\file\\sub")));
   EXPECT_FALSE(MakeFolders(drive_.HostPath("C:\\file")));
-}
-
-TEST(KeyFile, ValuesAreReadByGroupAndKey) {
-  const KeyFile keys(
-      "# comment\r\n[One]\r\nName = Viewer \r\nName[de]=Betrachter\nList=a;b c;;d;\n[Two]\nName=Other\nno value\n");
-  EXPECT_EQ(keys.Value("One", "Name"), "Viewer");
-  EXPECT_EQ(keys.Value("Two", "Name"), "Other");
-  EXPECT_EQ(keys.LocalValue("One", "Name", "de_AT"), "Betrachter");
-  EXPECT_EQ(keys.LocalValue("One", "Name", "fr_FR"), "Viewer");
-  EXPECT_THAT(keys.List("One", "List"), ElementsAre("a", "b c", "d"));
-  EXPECT_EQ(keys.RawValue("One", "Missing"), std::nullopt);
-  EXPECT_EQ(keys.Value("Three", "Name"), "");
-  EXPECT_TRUE(keys.HasGroup("Two"));
-  EXPECT_FALSE(keys.HasGroup("Three"));
-}
-
-TEST(KeyFile, EveryValueComesBack) {
-  for (const char* value :
-       {"", " ", "  two  ", "line\nend", "tab\t\r", "back\\slash", "\\s", "\\\\n", "a=b", "[x]", "#x", "\xC3\xA4"}) {
-    KeyFile keys;
-    keys.SetValue("Group", "Key", value);
-    EXPECT_EQ(KeyFile(keys.Text()).Value("Group", "Key"), value) << ::testing::PrintToString(value);
-  }
-}
-
-TEST(KeyFile, ChangingOneValueKeepsAllElse) {
-  KeyFile keys("# mine\n[A]\nx=1\n\n[B]\ny=2\nodd line\n");
-  keys.SetValue("A", "x", "3");
-  keys.SetValue("A", "z", "4");
-  keys.SetValue("C", "w", "5");
-  EXPECT_EQ(keys.Text(), "# mine\n[A]\nx=3\nz=4\n\n[B]\ny=2\nodd line\n[C]\nw=5\n");
-}
-
-TEST(UserFolders, LinesAreReadAsTheDesktopWritesThem) {
-  const char* list =
-      "# comment\nXDG_DESKTOP_DIR=\"$HOME/My \\\"Desk\\\"\"\n XDG_PICTURES_DIR=\"/data/pictures/\"\n"
-      "XDG_DOCUMENTS_DIR=\"relative\"\nXDG_MUSIC_DIR=$HOME/Music\nXDG_VIDEOS_DIR=\"$HOME/\"\nXDG_X_DIR=\"$HOMEX/y\"\n";
-  EXPECT_EQ(UserFolder(list, "DESKTOP", "/home/anna"), "/home/anna/My \"Desk\"");
-  EXPECT_EQ(UserFolder(list, "PICTURES", "/home/anna"), "/data/pictures");
-  EXPECT_EQ(UserFolder(list, "VIDEOS", "/home/anna"), "/home/anna");
-  for (const char* name : {"DOCUMENTS", "MUSIC", "X", "MISSING"})
-    EXPECT_EQ(UserFolder(list, name, "/home/anna"), std::nullopt) << name;
 }
 
 }  // namespace

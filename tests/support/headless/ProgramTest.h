@@ -36,6 +36,7 @@ class ProgramRun {
         places(drive.DrivePlaces()),
         readAhead(ahead != nullptr ? static_cast<ReadAhead&>(*ahead) : noReadAhead) {
     platform.surprises.OnSurprise = [](const std::string& text) { ADD_FAILURE() << text; };
+    platform.shell.SetFiles(drive.DriveFiles());
   }
   ~ProgramRun() { platform.Finish(); }
 

@@ -5,6 +5,7 @@
 #include "platform/controls/Toolkit.h"
 #include "platform/headless/HeadlessPrinting.h"
 #include "platform/headless/HeadlessRegistry.h"
+#include "platform/headless/HeadlessSettings.h"
 #include "platform/headless/HeadlessShell.h"
 #include "platform/headless/Script.h"
 #include "platform/headless/Surprises.h"

@@ -1,0 +1,45 @@
+// The registry, settings and shell without a desktop, for the contract.
+#include "platform/headless/HeadlessRegistry.h"
+#include "platform/headless/HeadlessSettings.h"
+#include "platform/headless/HeadlessShell.h"
+#include "tests/platform/contract/host/ContractHost.h"
+
+namespace pixorra {
+namespace {
+
+class HeadlessHost : public ContractHost {
+ public:
+  HeadlessHost() { shell_.SetFiles(drive.DriveFiles()); }
+  Registry& GetRegistry() override { return registry_; }
+  Settings& GetSettings() override { return settings_; }
+  void WithShell(const std::function<void(Shell&)>& body) override { body(shell_); }
+
+  void AddProgram(const std::string& path) override { drive.Write(path, "a program"); }
+  void RegisterViewer(const std::string& ending) override {
+    shell_.RegisterProgram(ending, "C:\\bin\\viewer",
+                           {.FileDescription = "Views",
+                            .InternalName = "viewer",
+                            .OriginalFileName = "viewer",
+                            .ProductName = "The viewer"});
+  }
+  void AddOwnWindows() override { shell_.SetHasOwnWindows(true); }
+  std::string HeardBy(Shell&, const std::string& program) override {
+    const std::string start = program + ' ';
+    for (const std::string& command : shell_.AllRun())
+      if (command.starts_with(start)) return command.substr(start.size());
+    return "not started";
+  }
+
+ private:
+  HeadlessRegistry registry_;
+  HeadlessSettings settings_;
+  HeadlessShell shell_;
+};
+
+}  // namespace
+
+std::unique_ptr<ContractHost> MakeContractHost() {
+  return std::make_unique<HeadlessHost>();
+}
+
+}  // namespace pixorra

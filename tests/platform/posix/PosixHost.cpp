@@ -1,0 +1,62 @@
+// The host's registry, settings and shell, for the contract.
+#include "platform/posix/PosixRegistry.h"
+#include "platform/posix/PosixSettings.h"
+#include "platform/posix/PosixShell.h"
+#include "tests/platform/contract/host/ContractHost.h"
+#include "tests/platform/posix/OwnProcess.h"
+
+namespace pixorra {
+namespace {
+
+class PosixHost : public ContractHost {
+ public:
+  Registry& GetRegistry() override { return registry_; }
+  Settings& GetSettings() override { return settings_; }
+  void WithShell(const std::function<void(Shell&)>& body) override {
+    InOwnProcess(SessionIn(drive.HostRoot()), [&] {
+      PosixShell shell(mapping_);
+      body(shell);
+    });
+  }
+
+  void AddProgram(const std::string& path) override {
+    drive.Write(
+        path,
+        "#!/bin/sh\nprintf %s \"$1\" > \"$0.heard\"; shift\nfor a; do printf ' %s' \"$a\"; done >> \"$0.heard\"\n");
+    drive.SetMode(path, 0755);
+  }
+  void RegisterViewer(const std::string& ending) override {
+    AddStarter("viewer", "viewer", "Comment=Views\n");
+    drive.Write("C:\\share\\mime\\globs2", "50:image/tried:*" + ending + "\n");
+    drive.Write("C:\\home\\.config\\mimeapps.list", "[Default Applications]\nimage/tried=viewer.desktop\n");
+  }
+  void AddOwnWindows() override {
+    AddStarter("xscreensaver-settings", "saver", "");
+    AddStarter("hardinfo", "machine", "");
+  }
+  std::string HeardBy(Shell&, const std::string& program) override {
+    AwaitPrograms();
+    const std::string path = program + ".heard";
+    return drive.Exists(path) ? drive.Read(path) : "not started";
+  }
+
+ private:
+  void AddStarter(const std::string& name, const std::string& program, const std::string& keys) {
+    AddProgram("C:\\bin\\" + program);
+    drive.Write("C:\\share\\applications\\" + name + ".desktop",
+                "[Desktop Entry]\nType=Application\nName=The " + program + "\nExec=" + program + " %f\n" + keys);
+  }
+
+  std::shared_ptr<MappingSource> mapping_ =
+      std::make_shared<FixedMapping>(PathMapping({{'C', drive.HostRoot(), "Test"}}));
+  PosixRegistry registry_{drive.HostPath("C:\\data"), mapping_};
+  PosixSettings settings_{drive.HostPath("C:\\config\\pixorra\\settings")};
+};
+
+}  // namespace
+
+std::unique_ptr<ContractHost> MakeContractHost() {
+  return std::make_unique<PosixHost>();
+}
+
+}  // namespace pixorra
