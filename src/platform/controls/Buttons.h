@@ -9,7 +9,7 @@ namespace pixorra {
 
 class Button : public Control {
  public:
-  // "&" stands before the letter that reaches it with Alt.
+  // "&" marks the letter that reaches it with Alt.
   const std::string& Caption() const { return caption_; }
   void SetCaption(const std::string& caption);
 

@@ -6,7 +6,8 @@
 
 namespace pixorra {
 
-// Controls are members of the object that owns them all, or of control arrays, and go before their container does.
+// Controls are members of the object that owns them all, or of control arrays, and are destroyed before their
+// container.
 Container::~Container() {
   for (Control* control : controls_) control->container_ = nullptr;
 }
@@ -46,7 +47,7 @@ void Container::VisibleChanged() {
 
 void Container::TellPeersWithin(Change change) {
   if (natives_ == 0) return;
-  // By position and not by iterator: a peer may make or drop controls while it is told.
+  // By position and not by iterator: a peer may make or drop controls in its update.
   for (std::size_t i = 0; i < controls_.size(); ++i) {
     Control* control = controls_[i];
     if (control->GetPeer() != nullptr) control->GetPeer()->Update(change);

@@ -13,7 +13,7 @@ class Container : public Control {
  public:
   ~Container() override;
 
-  // In no order; ZOrder tells which stands in front.
+  // In no order; ZOrder says which is in front.
   const std::vector<Control*>& Controls() const { return controls_; }
   // The area that its controls share, in pixels.
   virtual int ScaleWidth() const { return Width(); }

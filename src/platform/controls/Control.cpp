@@ -75,7 +75,7 @@ void Control::SetVisible(bool visible) {
   if (!visible) Invalidate();
   visible_ = visible;
   VisibleChanged();
-  // Last: a handler that hears of it may let the control go.
+  // Last: a handler of LostFocus may destroy the control.
   if (!visible) GetToolkit().GetWindows().FocusLeaves(*this);
 }
 

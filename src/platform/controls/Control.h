@@ -1,5 +1,5 @@
 // The base of all controls: a plain object with properties, a container, and events. The model is the truth: a property
-// set is a value here first, then the peer hears of it, then a copy of the event's handler runs.
+// set is a value here first, then the peer is updated, then a copy of the event's handler runs.
 #pragma once
 
 #include <cassert>
@@ -41,7 +41,7 @@ class Control {
 
   Kind GetKind() const { return kind_; }
   const std::string& Name() const { return identity_->Name; }
-  int Index() const { return index_; }  // in its control array; 0 for a control that stands alone
+  int Index() const { return index_; }  // in its control array; 0 for a control of its own
   Container* GetContainer() const { return container_; }
   Form& GetForm();
   const Form& GetForm() const;
@@ -123,7 +123,7 @@ class Control {
   void Changed(Change change);
   // What it shows is out of date on the screen.
   void Invalidate() const;
-  // Bounds are settled already; tells peers and repaints. Containers and forms do more.
+  // Called when bounds_ has changed: updates peers and repaints. Containers and forms do more.
   virtual void BoundsChanged(const Rect& before);
   virtual void VisibleChanged();
   virtual void EnabledChanged();

@@ -63,7 +63,7 @@ struct DragArgs {
   DragState State = DragState::Over;
 };
 
-// One set of handlers serves a control, or all elements of a control array; the element tells its Index.
+// One set of handlers serves a control, or all elements of a control array; the element's Index says which.
 struct Events {
   std::function<void(Control&)> Click;
   std::function<void(Control&)> DblClick;
@@ -103,7 +103,7 @@ void Connect(std::function<Signature>& slot, Handler&& handler,
   slot = std::forward<Handler>(handler);
 }
 
-// Runs a copy of a handler, so that the handler may be replaced, or the control go, while it runs.
+// Runs a copy of a handler, so that the handler may be replaced, or the control destroyed, while it runs.
 template <typename Signature, typename... Args>
 void Raise(const std::function<Signature>& handler, Args&&... args) {
   if (!handler) return;

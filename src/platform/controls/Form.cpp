@@ -144,7 +144,7 @@ void Form::RunModal(Form* owner) {
   toolkit_.WaitUntil([&] { return !modal.form || !modal.form->Visible(); });
 }
 
-// A modal form that is hidden lets the others go at once, not when its ShowModal comes to return.
+// The other forms take input at once, and not only when its ShowModal returns.
 void Form::Hide() {
   SetVisible(false);
   toolkit_.GetWindows().PopModal(*this);
@@ -158,7 +158,7 @@ void Form::SetStaysOnTop(bool onTop) {
 
 void Form::Unload() {
   if (!loaded_ || unloading_) return;
-  // A handler may raise, and the form may go in it.
+  // A handler may raise, and may destroy the form.
   struct Unloading {
     Watch<Form> form;
     ~Unloading() {

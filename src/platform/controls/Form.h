@@ -82,7 +82,7 @@ class Form : public Container {
   bool KeyPreview() const { return keyPreview_; }
   void SetKeyPreview(bool preview) { keyPreview_ = preview; }
 
-  // Top-level menus in their order; pop-up menus stand among them, invisible.
+  // Top-level menus in their order; pop-up menus are among them, invisible.
   const std::vector<MenuItem*>& Menus() const { return menus_; }
   bool HasMenuBar() const;
   void AddMenu(MenuItem& menu);

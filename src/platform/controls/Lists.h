@@ -16,7 +16,7 @@ class ItemList : public Control {
   const std::string& List(int index) const;
   int ItemData(int index) const;
   void SetItemData(int index, int data);
-  // At the end, or before an entry that stands there.
+  // At the end (-1), or before the entry of that index. Raises BadSubscript outside the list.
   void AddItem(const std::string& text, int index = -1);
   void RemoveItem(int index);
   void Clear();

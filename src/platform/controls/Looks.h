@@ -12,7 +12,7 @@ class Looks {
  public:
   // The table of the program's tones, which must live on.
   void SetTones(std::span<const Tone> tones) { tones_ = tones; }
-  // The colour that a tone stands for on a light or a dark desktop; any other is itself.
+  // The colour of a tone on a light or a dark desktop; any other is itself.
   Colour PlainColour(Colour colour, bool dark) const;
   // The icon of pointer::Hand.
   void SetHand(const Picture& icon) { hand_ = icon; }

@@ -17,7 +17,7 @@ class MenuItem : public Control {
            int shortcutShift = 0);
   ~MenuItem() override;
 
-  // "&" stands before the letter that chooses it.
+  // "&" marks the letter that chooses it.
   const std::string& Caption() const { return caption_; }
   void SetCaption(const std::string& caption);
   bool IsSeparator() const { return caption_ == "-"; }
@@ -30,7 +30,7 @@ class MenuItem : public Control {
   const std::vector<MenuItem*>& Items() const { return items_; }
   MenuItem* Parent() const { return parent_; }
 
-  // Enabled, and so are the menus it stands in.
+  // Enabled, and so are the menus above it.
   bool CanBeChosen() const;
   // A person has chosen it, or opened the menu.
   void UserClicked();

@@ -20,7 +20,7 @@ void Toolkit::MouseDoubleClicked(Form& form, int x, int y, int button, int shift
 void Toolkit::Press(Form& form, int x, int y, int button, int shift, PressKind kind) {
   if (!TakesInput(form) || drags_.Runs()) return;
   if (pressed_ && pressedButton_ != 0 && pressedButton_ != button) {
-    // A second button while one is held goes where the first one went.
+    // A second button while one is held is for the control that got the first.
     Raise(pressed_->On().MouseDown, *pressed_.Get(), MouseArgsFor(*pressed_.Get(), x, y, button, shift));
     return;
   }

@@ -23,7 +23,7 @@ class TextBox : public Control {
   bool Locked() const { return locked_; }  // a person can read but not change it
   void SetLocked(bool locked);
 
-  // The text as a person has left it, and the byte where the cursor stands then (below 0: where it was); and the
+  // The text as a person has left it, and the byte at which the cursor is then (below 0: where it was); and the
   // selection within it.
   void UserTyped(const std::string& text, int cursor = -1);
   void UserSelected(int start, int length);

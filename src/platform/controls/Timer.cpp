@@ -37,7 +37,7 @@ void Timer::Tick(double now) {
   const double interval = interval_ / 1000.0;
   deadline_ += interval;
   if (deadline_ <= now + Timers::SameMoment) deadline_ = now + interval;
-  // The handler may raise, and the timer may go in it.
+  // The handler may raise, and may destroy the timer.
   struct Ticking {
     Watch<Timer> timer;
     ~Ticking() {

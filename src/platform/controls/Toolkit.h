@@ -79,7 +79,7 @@ class Toolkit {
   // --- the program's looks
   // The table of the program's tones, which must live on.
   void SetTones(std::span<const Tone> tones) { looks_.SetTones(tones); }
-  // The colour that a tone stands for; any other is itself.
+  // The colour of a tone; any other is itself.
   Colour PlainColour(Colour colour, bool dark) const { return looks_.PlainColour(colour, dark); }
   // The icon of pointer::Hand.
   void SetHand(const Picture& icon) { looks_.SetHand(icon); }

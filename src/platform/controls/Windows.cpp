@@ -37,7 +37,7 @@ void Windows::Activate(Form& form) {
   active_ = Watch<Form>(*front);
 }
 
-// To the front, and before it the forms that it owns, and before all those that stay on top.
+// In front of the others, but below the forms that it owns, and below those that stay on top.
 void Windows::Arrange(Form& front) {
   const auto rank = [&](const Form* form) {
     if (form->StaysOnTop()) return 3;

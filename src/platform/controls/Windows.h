@@ -28,7 +28,7 @@ class Windows {
   void PopBox();
 
   Control* Focus() const { return focus_.Get(); }
-  // The control that loses the focus hears LostFocus first, then the one that takes it GotFocus. A form that is given
+  // Raises LostFocus of the control that loses the focus, then GotFocus of the one that takes it. A form that is given
   // the focus becomes active and leaves the focus where it is. Null: no control has it.
   void SetFocus(Control* control);
   // A control, or what it holds, is hidden or disabled.

@@ -84,10 +84,6 @@ NativePeer::~NativePeer() {
   widget_->deleteLater();
 }
 
-void NativePeer::AlsoFilter(QWidget& inner) {
-  inner.installEventFilter(hook_);
-}
-
 void NativePeer::Update(Change change) {
   switch (change) {
     case Change::Position:

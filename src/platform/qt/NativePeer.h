@@ -32,8 +32,6 @@ class NativePeer : public Peer, public Pending {
   virtual void Mirror() = 0;
   // For a key that neither the form nor its handlers used; true where the widget is not to have it either.
   virtual bool OwnKey(const QKeyEvent&) { return false; }
-  // Widgets within the widget that have the keyboard focus in its place.
-  void AlsoFilter(QWidget& inner);
 
   // Runs a person's act on the control. The peer may be gone afterwards.
   void Act(const std::function<void()>& act);

@@ -123,7 +123,7 @@ void QtBackend::RunTimers() {
   if (toolkit_ == nullptr || toolkit_->Ended()) return;
   wake_.start(NestedAlarm);
   Guarded([this] { toolkit_->RunDueTimers(); });
-  toolkit_->TimerChanged();
+  toolkit_->GetTimers().Changed();
 }
 
 Screen QtBackend::GetScreen() {

@@ -63,6 +63,19 @@ TEST_F(NativeTest, AWidgetIsSeenOnlyWhileItsContainersAre) {
   EXPECT_FALSE(WidgetOf<QPushButton>(button).isEnabled());
 }
 
+TEST_F(NativeTest, AButtonThatBecomesTheDefaultOneOrBoldWhileItIsShownLooksSo) {
+  CommandButton button(form, "Button");
+  TextBox box(form, "Box");
+  ShowForm();
+  button.SetDefault(true);
+  button.SetBold(true);
+  box.SetLocked(true);
+  Settle();
+  EXPECT_TRUE(WidgetOf<QPushButton>(button).isDefault());
+  EXPECT_TRUE(WidgetOf<QPushButton>(button).font().bold());
+  EXPECT_TRUE(WidgetOf<QLineEdit>(box).isReadOnly());
+}
+
 TEST_F(NativeTest, HidingTheFocusedControlGivesTheFocusToNoOther) {
   TextBox first(form, "First");
   TextBox second(form, "Second");
