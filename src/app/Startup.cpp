@@ -78,10 +78,9 @@ void ClearUndoAndPreview(MainForm& main) {
 void LoadBackground(MainForm& main) {
   // The loader empties its target first; a file that cannot be shown must leave the Desktop as it is.
   const Picture before = main.desk.DesktopImage.GetPicture();
-  bool loaded = false;
-  ErrorsIgnored([&] {
+  const bool loaded = OrElse(false, [&] {
     const std::string file = JoinPath(main.host.places.ProgramFolder(), "Background.pic");
-    loaded = LoadPictureFile(main, file, main.desk.DesktopImage, false);
+    return LoadPictureFile(main, file, main.desk.DesktopImage, false);
   });
   if (!loaded) main.desk.DesktopImage.SetPicture(before);
 }

@@ -6,6 +6,7 @@
 #include "platform/codecs/DecodeAhead.h"
 #include "platform/codecs/TurboJpegCodec.h"
 #include "platform/posix/Environment.h"
+#include "platform/posix/ErrorTrace.h"
 #include "platform/posix/MappingSource.h"
 #include "platform/posix/PosixClock.h"
 #include "platform/posix/PosixFiles.h"
@@ -19,6 +20,7 @@
 
 int main(int argc, char** argv) {
   using namespace pixorra;
+  TraceIgnoredErrorsIfAsked();
   const Environment environment = Environment::OfProcess();
   // Two programs would write one saved state, and each would lose what the other kept.
   const RunningInstance instance(environment.ConfigHome + "/pixorra");

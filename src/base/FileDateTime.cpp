@@ -24,10 +24,8 @@ DateValue NoFileDate() {
 }  // namespace
 
 DateValue GetFileDate(Files& files, const std::string& path) {
-  DateValue date = NoFileDate();
   const std::optional<CalendarTime> time = files.LastWriteTime(path);
-  if (time) ErrorsIgnored([&] { date = ThroughText(*time); });
-  return date;
+  return time ? OrElse(NoFileDate(), [&] { return ThroughText(*time); }) : NoFileDate();
 }
 
 void SetFileDate(Files& files, Clock& clock, const std::string& path, DateValue date) {

@@ -45,9 +45,8 @@ bool SavedRecordReader::AtEnd() {
   return rest_.empty();
 }
 
-// A quoted value ends with its closing quote; whatever stands between that and the next comma or line end is passed
-// over. Where the file ends first the value is cut short and nothing: half a path may well be a folder, but another
-// one.
+// A quoted value ends with its closing quote; whatever is between that and the next comma or line end is skipped. Where
+// the file ends first the value is cut short and is nothing: half a path may be a folder too, but another one.
 std::optional<std::string> SavedRecordReader::Next() {
   while (!rest_.empty() && rest_.front() == ' ') rest_.remove_prefix(1);
   if (rest_.empty()) return std::nullopt;
@@ -79,16 +78,13 @@ std::optional<std::string> SavedRecordReader::Next() {
 std::optional<int> SavedRecordReader::Number() {
   const std::optional<std::string> value = Next();
   if (!value || !IsNumber(*value)) return std::nullopt;
-  std::optional<int> number;
-  ErrorsIgnored([&] { number = CLng(Val(*value)); });
-  return number;
+  return OrElse(std::optional<int>(), [&] { return CLng(Val(*value)); });
 }
 
 std::optional<int> SavedRecordReader::ShortNumber() {
   const std::optional<int> number = Number();
   if (!number) return std::nullopt;
-  const bool fits = ErrorsIgnored([&] { static_cast<void>(CInt(*number)); }) == error::None;
-  return fits ? number : std::nullopt;
+  return OrElse(std::optional<int>(), [&] { return CInt(*number); });
 }
 
 std::optional<std::string> SavedRecordReader::Text() {

@@ -17,10 +17,9 @@ struct FittedRect {
 };
 
 // Sizes in pixels. A photo whose width through height differs from the canvas's by less than 0.2 fills the canvas;
-// another keeps its shape and gets bars. Raises error 11, a division by zero, for a photo or canvas without height.
+// another keeps its shape and gets bars. Raises DivisionByZero for a photo or canvas without height.
 inline FittedRect Fit(int canvasWidth, int canvasHeight, int photoWidth, int photoHeight) {
-  constexpr int DivisionByZero = 11;
-  if (canvasHeight <= 0 || photoHeight <= 0) throw RuntimeError(DivisionByZero);
+  if (canvasHeight <= 0 || photoHeight <= 0) throw RuntimeError(error::DivisionByZero);
   // Both shapes over one denominator, in whole numbers, so that a difference of exactly 0.2 is told from less.
   const std::int64_t photo = std::int64_t{photoWidth} * canvasHeight;
   const std::int64_t canvas = std::int64_t{canvasWidth} * photoHeight;

@@ -110,32 +110,26 @@ void PosixFiles::SetAttributes(const std::string& path, int attributes) {
 
 bool PosixFiles::NameTaken(const std::string& path) {
   // What cannot be a name here is surely no name of anything.
-  bool taken = false;
-  static_cast<void>(ErrorsIgnored([&] {
+  return OrElse(false, [&] {
     const int failure = Find(path).Failure;
-    taken = failure != ENOENT && failure != ENOTDIR && failure != ENAMETOOLONG;
-  }));
-  return taken;
+    return failure != ENOENT && failure != ENOTDIR && failure != ENAMETOOLONG;
+  });
 }
 
 bool PosixFiles::IsLink(const std::string& path) {
-  bool link = false;
-  static_cast<void>(ErrorsIgnored([&] {
+  return OrElse(false, [&] {
     const Located located = Find(path);
-    link = located.Exists() && S_ISLNK(located.Entry.st_mode);
-  }));
-  return link;
+    return located.Exists() && S_ISLNK(located.Entry.st_mode);
+  });
 }
 
 bool PosixFiles::IsSameFile(const std::string& a, const std::string& b) {
-  bool same = false;
-  static_cast<void>(ErrorsIgnored([&] {
+  return OrElse(false, [&] {
     struct stat first {};
     struct stat second {};
-    same = stat(Find(a).Path.Text().c_str(), &first) == 0 && stat(Find(b).Path.Text().c_str(), &second) == 0 &&
+    return stat(Find(a).Path.Text().c_str(), &first) == 0 && stat(Find(b).Path.Text().c_str(), &second) == 0 &&
            first.st_dev == second.st_dev && first.st_ino == second.st_ino;
-  }));
-  return same;
+  });
 }
 
 std::int64_t PosixFiles::Length(const std::string& path) {

@@ -1,4 +1,4 @@
-// The descriptions of error numbers.
+// The descriptions of error numbers, and the hook for those that are ignored.
 #include "platform/runtime/Errors.h"
 
 #include <algorithm>
@@ -18,6 +18,7 @@ constexpr std::array Descriptions = {
     Description{error::Overflow, "Overflow"},
     Description{error::OutOfMemory, "Out of memory"},
     Description{error::BadSubscript, "Subscript out of range"},
+    Description{error::DivisionByZero, "Division by zero"},
     Description{error::TypeMismatch, "Type mismatch"},
     Description{error::BadFileName, "Bad file name or number"},
     Description{error::FileNotFound, "File not found"},
@@ -37,6 +38,8 @@ constexpr std::array Descriptions = {
     Description{error::Printer, "Printer error"},
 };
 
+IgnoredErrorHook ignoredErrorHook = nullptr;
+
 }  // namespace
 
 std::string ErrorDescription(int number) {
@@ -44,6 +47,15 @@ std::string ErrorDescription(int number) {
                                   [number](const Description& each) { return each.Number == number; });
   if (found == Descriptions.end()) return "Application-defined or object-defined error";
   return std::string(found->Text);
+}
+
+IgnoredErrorHook SetIgnoredErrorHook(IgnoredErrorHook hook) {
+  return std::exchange(ignoredErrorHook, hook);
+}
+
+int NoteIgnoredError(int number, const std::source_location& where) {
+  if (ignoredErrorHook != nullptr) ignoredErrorHook(number, where);
+  return number;
 }
 
 }  // namespace pixorra

@@ -1,7 +1,8 @@
-// The errors that statements of the program raise: a number, as the program's texts name it, and a description.
+// The errors that statements of the program raise: a number, which the program's messages show, and a description.
 #pragma once
 
 #include <new>
+#include <source_location>
 #include <stdexcept>
 #include <string>
 #include <utility>
@@ -13,6 +14,7 @@ inline constexpr int None = 0;
 inline constexpr int Overflow = 6;
 inline constexpr int OutOfMemory = 7;
 inline constexpr int BadSubscript = 9;
+inline constexpr int DivisionByZero = 11;
 inline constexpr int TypeMismatch = 13;
 inline constexpr int BadFileName = 52;
 inline constexpr int FileNotFound = 53;
@@ -46,18 +48,33 @@ class RuntimeError : public std::runtime_error {
   int number_;
 };
 
-// Runs one statement with errors ignored and tells its error number, 0 where it raised none. Running out of memory
-// counts as error 7. Anything else that is thrown is a bug and goes on its way.
+// For developers: is called with the number of each error that is ignored and the place in the source that ignores it.
+// Set once at the start, ahead of any thread; null, as it is at first, for none. Returns the one set before.
+using IgnoredErrorHook = void (*)(int number, const std::source_location& where);
+IgnoredErrorHook SetIgnoredErrorHook(IgnoredErrorHook hook);
+// Calls the hook and returns the number.
+int NoteIgnoredError(int number, const std::source_location& where);
+
+// Runs one statement with errors ignored and returns its error number, None where it raises none. Running out of memory
+// counts as OutOfMemory. Anything else that is thrown is a bug and passes through.
 template <typename Statement>
-int ErrorsIgnored(Statement&& statement) {
+int ErrorsIgnored(Statement&& statement, const std::source_location& where = std::source_location::current()) {
   try {
     std::forward<Statement>(statement)();
   } catch (const RuntimeError& e) {
-    return e.Number();
+    return NoteIgnoredError(e.Number(), where);
   } catch (const std::bad_alloc&) {
-    return error::OutOfMemory;
+    return NoteIgnoredError(error::OutOfMemory, where);
   }
   return error::None;
+}
+
+// What the statement returns; `otherwise` where it raises an error that ErrorsIgnored ignores.
+template <typename Value, typename Statement>
+Value OrElse(Value otherwise, Statement&& statement,
+             const std::source_location& where = std::source_location::current()) {
+  ErrorsIgnored([&] { otherwise = std::forward<Statement>(statement)(); }, where);
+  return otherwise;
 }
 
 }  // namespace pixorra
