@@ -9,6 +9,7 @@
 #include "filmstrip/Views.h"
 #include "pictures/QuickThumbs.h"
 #include "platform/controls/Toolkit.h"
+#include "platform/runtime/AtExit.h"
 #include "platform/runtime/Text.h"
 #include "platform/services/ReadAhead.h"
 #include "window/CoreState.h"
@@ -77,22 +78,6 @@ void LoadFilmStrip(MainForm& main) {
   if (IsPrepared(main, ReadAhead::Reader::FilmStrip, next, following)) AddSrcSlot(main, next);
 }
 
-// Holds the guard for one turn. The turns go on also where a step of one raises; with the program's end they end.
-class Turn {
- public:
-  explicit Turn(MainForm& main) : main_(main) { main_.strip.ThumbsTimerGuard = GuardHeld; }
-  ~Turn() {
-    if (main_.host.toolkit.Ended()) return;
-    main_.strip.ThumbsTimerGuard = 0;
-    main_.strip.ThumbsTimer.SetEnabled(true);
-  }
-  Turn(const Turn&) = delete;
-  Turn& operator=(const Turn&) = delete;
-
- private:
-  MainForm& main_;
-};
-
 }  // namespace
 
 void ThumbsTimer_Timer(MainForm& main) {
@@ -103,7 +88,13 @@ void ThumbsTimer_Timer(MainForm& main) {
     strip.ThumbsTimer.SetEnabled(true);
     return;
   }
-  const Turn turn(main);
+  // The guard is held for one turn. Another turn follows also where a step of this one raises, until the program ends.
+  strip.ThumbsTimerGuard = GuardHeld;
+  const AtExit turnEnds([&main] {
+    if (main.host.toolkit.Ended()) return;
+    main.strip.ThumbsTimerGuard = 0;
+    main.strip.ThumbsTimer.SetEnabled(true);
+  });
   if (main.core.LayoutCountdown > 0 && --main.core.LayoutCountdown == 0) Window_Layout(main);
   // On a screen that is too small the layout has ended the program.
   if (main.host.toolkit.Ended()) return;

@@ -1,5 +1,6 @@
 #include "drop/DragGestures.h"
 
+#include "platform/runtime/AtExit.h"
 #include "platform/runtime/Errors.h"
 #include "platform/runtime/Numbers.h"
 #include "platform/runtime/Text.h"
@@ -27,11 +28,8 @@ bool ShowsOnClick(const MainForm& main) {
 // A box that comes up within a drag must not come up once more when the mouse moves under it.
 BoxAnswer AskInDrag(MainForm& main, const std::string& text, BoxIcon icon, BoxButtons buttons,
                     const std::string& title) {
-  struct Up {
-    bool& flag;
-    explicit Up(bool& up) : flag(up) { flag = true; }
-    ~Up() { flag = false; }
-  } const up(main.drop.dragQuestionUp);
+  main.drop.dragQuestionUp = true;
+  const AtExit down([&main] { main.drop.dragQuestionUp = false; });
   return main.host.dialogs.MsgBox(text, icon, buttons, title);
 }
 

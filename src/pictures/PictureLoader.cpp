@@ -7,6 +7,7 @@
 
 #include "base/Routines.h"
 #include "base/mIntelJpgHelper.h"
+#include "platform/runtime/AtExit.h"
 #include "platform/runtime/Errors.h"
 #include "platform/services/Dialogs.h"
 #include "platform/services/Pictures.h"
@@ -44,17 +45,6 @@ class Steps {
 
  private:
   int number_ = error::None;
-};
-
-class BusyFlag {
- public:
-  explicit BusyFlag(bool& flag) : flag_(flag) { flag_ = true; }
-  ~BusyFlag() { flag_ = false; }
-  BusyFlag(const BusyFlag&) = delete;
-  BusyFlag& operator=(const BusyFlag&) = delete;
-
- private:
-  bool& flag_;
 };
 
 // Raises error 380 for a control that shows no picture.
@@ -124,7 +114,8 @@ int PictureFileFormat(Files& files, const std::string& path) {
 bool LoadPictureFile(MainForm& main, const std::string& path, Control& target, bool bFastJpeg) {
   PicturesState& pictures = main.pictures;
   if (pictures.bLoaderBusy) return false;
-  const BusyFlag busy(pictures.bLoaderBusy);
+  pictures.bLoaderBusy = true;
+  const AtExit done([&pictures] { pictures.bLoaderBusy = false; });
   if (pictures.lDecodeScale == 0) pictures.lDecodeScale = FirstScale;
   const int format = PictureFileFormat(main.host.files, path);
   if (format == Unrecognised) return false;

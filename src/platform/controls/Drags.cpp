@@ -2,6 +2,7 @@
 
 #include "platform/controls/Form.h"
 #include "platform/controls/HitTest.h"
+#include "platform/runtime/AtExit.h"
 
 namespace pixorra {
 
@@ -38,10 +39,7 @@ void Drags::Move(Form& form, int x, int y) {
 
 Drags::Drop Drags::End(Form& form, int x, int y) {
   // It ends also where a handler raises on this last move.
-  struct Ending {
-    Drags& drags;
-    ~Ending() { drags.Cancel(); }
-  } const ending{*this};
+  const AtExit over([this] { Cancel(); });
   Move(form, x, y);
   return {source_, target_};
 }

@@ -4,6 +4,7 @@
 
 #include "platform/controls/Menu.h"
 #include "platform/controls/Toolkit.h"
+#include "platform/runtime/AtExit.h"
 #include "platform/runtime/Errors.h"
 #include "platform/runtime/Numbers.h"
 
@@ -130,18 +131,16 @@ void Form::RunModal(Form* owner) {
   owner_ = Watch<Form>::Of(owner);
   modal_ = true;
   // Also when loading it, or a handler that runs meanwhile, raises.
-  struct Modal {
-    Watch<Form> form;
-    ~Modal() {
-      if (!form) return;
-      form->modal_ = false;
-      form->toolkit_.GetWindows().PopModal(*form.Get());
-      form->Changed(Change::State);
-    }
-  } const modal{Watch<Form>(*this)};
+  const Watch<Form> form(*this);
+  const AtExit done([&form] {
+    if (!form) return;
+    form->modal_ = false;
+    form->toolkit_.GetWindows().PopModal(*form.Get());
+    form->Changed(Change::State);
+  });
   toolkit_.PushModal(*this);
   Show();
-  toolkit_.WaitUntil([&] { return !modal.form || !modal.form->Visible(); });
+  toolkit_.WaitUntil([&] { return !form || !form->Visible(); });
 }
 
 // The other forms take input at once, and not only when its ShowModal returns.
@@ -159,17 +158,15 @@ void Form::SetStaysOnTop(bool onTop) {
 void Form::Unload() {
   if (!loaded_ || unloading_) return;
   // A handler may raise, and may destroy the form.
-  struct Unloading {
-    Watch<Form> form;
-    ~Unloading() {
-      if (form) form->unloading_ = false;
-    }
-  } const unloading{Watch<Form>(*this)};
+  const Watch<Form> form(*this);
+  const AtExit done([&form] {
+    if (form) form->unloading_ = false;
+  });
   unloading_ = true;
   Raise(On().QueryUnload, static_cast<Control&>(*this));
-  if (!unloading.form) return;
+  if (!form) return;
   Raise(On().Unload, static_cast<Control&>(*this));
-  if (!unloading.form) return;
+  if (!form) return;
   loaded_ = false;
   toolkit_.GetTimers().Changed();
   Hide();

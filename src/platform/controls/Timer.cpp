@@ -2,6 +2,7 @@
 
 #include "platform/controls/Form.h"
 #include "platform/controls/Toolkit.h"
+#include "platform/runtime/AtExit.h"
 
 namespace pixorra {
 
@@ -38,12 +39,9 @@ void Timer::Tick(double now) {
   deadline_ += interval;
   if (deadline_ <= now + Timers::SameMoment) deadline_ = now + interval;
   // The handler may raise, and may destroy the timer.
-  struct Ticking {
-    Watch<Timer> timer;
-    ~Ticking() {
-      if (timer) timer->ticking_ = false;
-    }
-  } const ticking{Watch<Timer>(*this)};
+  const AtExit done([timer = Watch<Timer>(*this)] {
+    if (timer) timer->ticking_ = false;
+  });
   ticking_ = true;
   Raise(On().Timer, static_cast<Control&>(*this));
 }

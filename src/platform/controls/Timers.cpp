@@ -4,6 +4,7 @@
 
 #include "platform/controls/Form.h"
 #include "platform/controls/Timer.h"
+#include "platform/runtime/AtExit.h"
 
 namespace pixorra {
 
@@ -33,10 +34,7 @@ std::optional<double> Timers::NextDeadline() const {
 void Timers::RunDue() {
   const double now = backend_.Seconds() + SameMoment;
   // Also when a handler raises: without a wake-up the timers that are left would never tick again.
-  struct AskAgain {
-    Timers& timers;
-    ~AskAgain() { timers.Changed(); }
-  } const askAgain{*this};
+  const AtExit askAgain([this] { Changed(); });
   std::vector<Watch<Timer>> due;
   std::vector<Timer*> sorted = timers_;
   std::stable_sort(sorted.begin(), sorted.end(),
