@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "platform/controls/Toolkit.h"
+#include "platform/runtime/Text.h"
 
 namespace pixorra {
 
@@ -106,14 +107,11 @@ void Label::FitToCaption() {
   if (!autoSize_) return;
   double width = 0;
   double height = 0;
-  for (std::size_t start = 0; start <= caption_.size();) {
-    const std::size_t end = std::min(caption_.find('\n', start), caption_.size());
-    std::string line = caption_.substr(start, end - start);
-    if (!line.empty() && line.back() == '\r') line.pop_back();
-    const TextExtent extent = GetToolkit().Text().Measure(GetFont(), line);
+  for (std::string_view line : Split(caption_, '\n')) {
+    if (line.ends_with('\r')) line.remove_suffix(1);
+    const TextExtent extent = GetToolkit().Text().Measure(GetFont(), std::string(line));
     width = std::max(width, extent.Width);
     height += extent.Height;
-    start = end + 1;
   }
   width = std::ceil(width);
   if (maxWidth_ > 0) width = std::min(width, static_cast<double>(maxWidth_));

@@ -34,12 +34,9 @@ void FillBlock(Bitmap& target, int left, int top, int right, int bottom, Colour 
 
 TextExtent HeadlessText::Measure(const Font& font, const std::string& text) {
   std::size_t longest = 0;
-  for (std::size_t start = 0; start <= text.size();) {
-    const std::size_t end = std::min(text.find('\n', start), text.size());
-    std::string line = text.substr(start, end - start);
-    if (!line.empty() && line.back() == '\r') line.pop_back();
+  for (std::string_view line : Split(text, '\n')) {
+    if (line.ends_with('\r')) line.remove_suffix(1);
     longest = std::max(longest, CharacterCount(line));
-    start = end + 1;
   }
   return {static_cast<double>(longest) * CharacterWidth * Factor(font), LineHeight * Factor(font)};
 }

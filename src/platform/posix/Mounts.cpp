@@ -6,6 +6,7 @@
 #include <sys/stat.h>
 #include <utility>
 
+
 namespace pixorra {
 
 namespace {

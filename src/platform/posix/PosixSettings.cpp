@@ -17,20 +17,10 @@ namespace {
 // empty one as percent alone.
 std::string FileName(std::string_view name) {
   if (name.empty()) return "%";
-  constexpr std::string_view digits = "0123456789abcdef";
-  std::string text;
-  for (const char c : LCase(name)) {
-    const auto byte = static_cast<unsigned char>(c);
-    const bool plain = byte >= 0x80 || (c >= 'a' && c <= 'z') || (c >= '0' && c <= '9') || c == '-' || c == '_';
-    if (plain) {
-      text += c;
-      continue;
-    }
-    text += '%';
-    text += digits[byte / 16U];
-    text += digits[byte % 16U];
-  }
-  return text;
+  return LCase(PercentEncoded(name, [](char c) {
+    const bool beyondAscii = static_cast<unsigned char>(c) >= 0x80;
+    return beyondAscii || IsAsciiLetterOrDigit(c) || c == '-' || c == '_';
+  }));
 }
 
 std::string GroupName(const std::string& application, const std::string& section) {

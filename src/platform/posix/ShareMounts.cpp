@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <cstddef>
 
-#include "platform/posix/GlibPointers.h"
 #include "platform/posix/HostNames.h"
+#include "platform/runtime/Text.h"
 
 namespace pixorra {
 
@@ -12,16 +12,9 @@ namespace {
 
 constexpr std::string_view prefix = "smb-share:";
 
-// As the virtual file system itself escapes a value.
-std::string Escaped(const std::string& value) {
-  const GlibText text(g_uri_escape_string(value.c_str(), "$&'()*+", TRUE));
-  return text.get();
-}
-
-// Empty where the text is not escaped well.
-std::string Unescaped(std::string_view text) {
-  const GlibText value(g_uri_unescape_segment(text.data(), text.data() + text.size(), nullptr));
-  return value ? value.get() : std::string();
+bool StandsForItself(char c) {
+  const bool beyondAscii = static_cast<unsigned char>(c) >= 0x80;
+  return IsAsciiLetterOrDigit(c) || beyondAscii || std::string_view("-._~$&'()*+").find(c) != std::string_view::npos;
 }
 
 bool FitsFolder(const std::string& name) {
@@ -31,22 +24,20 @@ bool FitsFolder(const std::string& name) {
 }  // namespace
 
 std::string MountOfShare(const Share& share) {
-  return std::string(prefix) + "server=" + Escaped(share.Server) + ",share=" + Escaped(share.Name);
+  return std::string(prefix) + "server=" + PercentEncoded(share.Server, StandsForItself) +
+         ",share=" + PercentEncoded(share.Name, StandsForItself);
 }
 
 std::optional<Share> ShareOfMount(std::string_view mount) {
   if (!mount.starts_with(prefix)) return std::nullopt;
   mount.remove_prefix(prefix.size());
   Share share;
-  while (!mount.empty()) {
-    const std::size_t end = std::min(mount.find(','), mount.size());
-    const std::string_view field = mount.substr(0, end);
+  for (const std::string_view field : Split(mount, ',')) {
     const std::size_t equals = std::min(field.find('='), field.size());
     const std::string_view key = field.substr(0, equals);
     const std::string_view value = field.substr(std::min(equals + 1, field.size()));
-    if (key == "server") share.Server = Unescaped(value);
-    if (key == "share") share.Name = Unescaped(value);
-    mount.remove_prefix(std::min(end + 1, mount.size()));
+    if (key == "server") share.Server = PercentDecoded(value);
+    if (key == "share") share.Name = PercentDecoded(value);
   }
   if (!FitsFolder(share.Server) || !FitsFolder(share.Name)) return std::nullopt;
   return share;

@@ -4,6 +4,8 @@
 #include <algorithm>
 #include <cstddef>
 
+#include "platform/runtime/Text.h"
+
 namespace pixorra {
 
 namespace {
@@ -45,10 +47,7 @@ std::vector<char> GiveLetters(const std::vector<std::string>& keys, std::vector<
 
 std::vector<RememberedLetter> ParseLetters(std::string_view text) {
   std::vector<RememberedLetter> remembered;
-  while (!text.empty()) {
-    const std::size_t end = std::min(text.find('\n'), text.size());
-    const std::string_view line = text.substr(0, end);
-    text.remove_prefix(std::min(end + 1, text.size()));
+  for (const std::string_view line : Lines(text)) {
     if (line.size() < 3 || line[0] < firstLetter || line[0] > lastLetter || line[1] != ' ') continue;
     const bool known = std::any_of(remembered.begin(), remembered.end(),
                                    [&](const RememberedLetter& old) { return old.Letter == line[0]; });

@@ -1,4 +1,4 @@
-// Texts: case, comparison, cutting.
+// Texts: case, comparison, cutting, encoding.
 #include "platform/runtime/Text.h"
 
 #include "platform/runtime/LetterCase.h"
@@ -37,12 +37,71 @@ int CompareIgnoringCase(std::string_view a, std::string_view b) {
   return static_cast<int>(atA < a.size()) - static_cast<int>(atB < b.size());
 }
 
+constexpr std::string_view HexDigits = "0123456789ABCDEF";
+constexpr int NoDigit = -1;
+
+int HexValue(char c) {
+  const char capital = c >= 'a' && c <= 'f' ? static_cast<char>(c - 'a' + 'A') : c;
+  const std::size_t digit = HexDigits.find(capital);
+  return digit == std::string_view::npos ? NoDigit : static_cast<int>(digit);
+}
+
 }  // namespace
 
 std::string Trim(std::string_view text) {
   const std::size_t first = text.find_first_not_of(' ');
   if (first == std::string_view::npos) return {};
   return std::string(text.substr(first, text.find_last_not_of(' ') - first + 1));
+}
+
+std::vector<std::string_view> Split(std::string_view text, char separator) {
+  std::vector<std::string_view> parts;
+  for (;;) {
+    const std::size_t end = text.find(separator);
+    parts.push_back(text.substr(0, end));
+    if (end == std::string_view::npos) return parts;
+    text.remove_prefix(end + 1);
+  }
+}
+
+std::vector<std::string_view> Lines(std::string_view text) {
+  std::vector<std::string_view> lines = Split(text, '\n');
+  if (lines.back().empty()) lines.pop_back();
+  return lines;
+}
+
+bool IsAsciiLetterOrDigit(char c) {
+  return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9');
+}
+
+std::string PercentEncoded(std::string_view text, bool (*isPlain)(char byte)) {
+  std::string encoded;
+  for (const char c : text) {
+    if (isPlain(c)) {
+      encoded += c;
+      continue;
+    }
+    const auto byte = static_cast<unsigned char>(c);
+    encoded += '%';
+    encoded += HexDigits[byte / 16U];
+    encoded += HexDigits[byte % 16U];
+  }
+  return encoded;
+}
+
+std::string PercentDecoded(std::string_view text) {
+  std::string decoded;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    const int high = text[i] == '%' && i + 2 < text.size() ? HexValue(text[i + 1]) : NoDigit;
+    const int low = high != NoDigit ? HexValue(text[i + 2]) : NoDigit;
+    if (low == NoDigit) {
+      decoded += text[i];
+      continue;
+    }
+    decoded += static_cast<char>(static_cast<unsigned char>(high * 16 + low));
+    i += 2;
+  }
+  return decoded;
 }
 
 std::string UCase(std::string_view text) {

@@ -4,11 +4,22 @@
 #include <cstddef>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace pixorra {
 
 // Without the blanks (0x20) at both ends.
 std::string Trim(std::string_view text);
+// The parts of a text between separators, one more than there are separators: a text without any is its only part, and
+// empty parts count. They are views of the text.
+std::vector<std::string_view> Split(std::string_view text, char separator);
+// The lines of a text, each without its line feed; the last one may lack it. An empty text has none.
+std::vector<std::string_view> Lines(std::string_view text);
+bool IsAsciiLetterOrDigit(char c);
+// Bytes for which `isPlain` is false become a percent sign and two hexadecimal digits, letters capital.
+std::string PercentEncoded(std::string_view text, bool (*isPlain)(char byte));
+// The bytes again; digits in either case. A percent sign without two digits after it is itself.
+std::string PercentDecoded(std::string_view text);
 // Upper and lower case of every letter that has one (ASCII, Latin, Greek, Cyrillic ...); bytes that are no UTF-8 stay.
 std::string UCase(std::string_view text);
 std::string LCase(std::string_view text);

@@ -1,7 +1,8 @@
-// Texts: trimming, case, comparison, cutting, UTF-8.
+// Texts: trimming, case, comparison, splitting, encoding, cutting, UTF-8.
 #include <algorithm>
 #include <gtest/gtest.h>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "platform/runtime/LetterCase.h"
@@ -17,6 +18,45 @@ TEST(Trim, TakesBlanksAtBothEndsAndNothingElse) {
   EXPECT_EQ(Trim(""), "");
   EXPECT_EQ(Trim("\ta\n"), "\ta\n");
   EXPECT_EQ(Trim("\u00A0a"), "\u00A0a");
+}
+
+using Parts = std::vector<std::string_view>;
+
+TEST(Split, HasOnePartMoreThanSeparators) {
+  EXPECT_EQ(Split("a;bc;d", ';'), (Parts{"a", "bc", "d"}));
+  EXPECT_EQ(Split("abc", ';'), (Parts{"abc"}));
+  EXPECT_EQ(Split("", ';'), (Parts{""}));
+  EXPECT_EQ(Split(";a;;", ';'), (Parts{"", "a", "", ""}));
+}
+
+TEST(Lines, EndAtLineFeedsAndTheLastOneMayLackIt) {
+  EXPECT_EQ(Lines("a\nb"), (Parts{"a", "b"}));
+  EXPECT_EQ(Lines("a\nb\n"), (Parts{"a", "b"}));
+  EXPECT_EQ(Lines("a\n\n"), (Parts{"a", ""}));
+  EXPECT_EQ(Lines("\n"), (Parts{""}));
+  EXPECT_EQ(Lines(""), Parts());
+}
+
+TEST(PercentEncoded, LeavesWhatIsPlainAndWritesTheBytesOfAllElse) {
+  EXPECT_EQ(PercentEncoded("aZ9 /%\n\xFF", IsAsciiLetterOrDigit), "aZ9%20%2F%25%0A%FF");
+  EXPECT_EQ(PercentEncoded("é.", [](char c) { return c == '.'; }), "%C3%A9.");
+  EXPECT_EQ(PercentEncoded("", IsAsciiLetterOrDigit), "");
+}
+
+TEST(PercentDecoded, TakesDigitsOfEitherCase) {
+  EXPECT_EQ(PercentDecoded("a%20b%c3%A9"), "a bé");
+}
+
+TEST(PercentDecoded, LeavesAPercentSignWithoutTwoDigitsAfterIt) {
+  EXPECT_EQ(PercentDecoded("%"), "%");
+  EXPECT_EQ(PercentDecoded("5%2"), "5%2");
+  EXPECT_EQ(PercentDecoded("%G0%0G%%41"), "%G0%0G%A");
+}
+
+TEST(PercentDecoded, EveryByteComesBack) {
+  std::string all;
+  for (int byte = 0; byte < 256; ++byte) all += static_cast<char>(byte);
+  EXPECT_EQ(PercentDecoded(PercentEncoded(all, IsAsciiLetterOrDigit)), all);
 }
 
 TEST(LetterCase, MapsEachScriptBothWays) {
