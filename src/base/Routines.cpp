@@ -11,7 +11,7 @@ namespace pixorra {
 namespace {
 
 // Empty for a text without a backslash.
-std::string BehindLastBackslash(const std::string& path) {
+std::string AfterLastBackslash(const std::string& path) {
   const std::size_t last = path.rfind('\\');
   return last == std::string::npos ? std::string() : path.substr(last + 1);
 }
@@ -22,53 +22,53 @@ std::string StripTrailingBackslash(const std::string& path) {
   return path.ends_with('\\') ? path.substr(0, path.size() - 1) : path;
 }
 
-std::string FileNameOf(std::string& path) {
-  if (path.ends_with('\\')) path.pop_back();
-  return BehindLastBackslash(path);
+std::string FileNameOf(std::string* path) {
+  if (path->ends_with('\\')) path->pop_back();
+  return AfterLastBackslash(*path);
 }
 
 std::string FileNameOf(const std::string& path) {
   std::string copy = path;
-  return FileNameOf(copy);
+  return FileNameOf(&copy);
 }
 
-std::string BaseNameOf(std::string& path) {
+std::string BaseNameOf(std::string* path) {
   const std::string name = FileNameOf(path);
   return name.substr(0, name.find('.'));
 }
 
 std::string BaseNameOf(const std::string& path) {
   std::string copy = path;
-  return BaseNameOf(copy);
+  return BaseNameOf(&copy);
 }
 
 std::string FolderDisplayName(const std::string& path) {
-  return path.ends_with('\\') ? path : BehindLastBackslash(path);
+  return path.ends_with('\\') ? path : AfterLastBackslash(path);
 }
 
-std::string ParentPathOf(std::string& path) {
-  if (path.ends_with('\\')) path.pop_back();
-  const std::size_t last = path.rfind('\\');
-  return last == std::string::npos ? std::string() : path.substr(0, last + 1);
+std::string ParentPathOf(std::string* path) {
+  if (path->ends_with('\\')) path->pop_back();
+  const std::size_t last = path->rfind('\\');
+  return last == std::string::npos ? std::string() : path->substr(0, last + 1);
 }
 
 std::string ParentPathOf(const std::string& path) {
   std::string copy = path;
-  return ParentPathOf(copy);
+  return ParentPathOf(&copy);
 }
 
-bool IsRootPath(std::string& path) {
-  const std::string stripped = StripTrailingBackslash(path);
+bool IsRootPath(std::string* path) {
+  const std::string stripped = StripTrailingBackslash(*path);
   if (stripped.ends_with(':') && CharacterCount(stripped) == 2) return true;
-  if (!path.starts_with("\\\\")) return false;
-  // The parent of a share's root is its server, which has nothing but its own name behind the two backslashes.
+  if (!path->starts_with("\\\\")) return false;
+  // The parent of a share's root is its server: two backslashes and its name.
   const std::string parent = StripTrailingBackslash(ParentPathOf(path));
   return EqualIgnoringCase(parent, "\\\\" + FolderDisplayName(parent));
 }
 
 bool IsRootPath(const std::string& path) {
   std::string copy = path;
-  return IsRootPath(copy);
+  return IsRootPath(&copy);
 }
 
 std::string SpecialFolderPath(Places& places, int number) {

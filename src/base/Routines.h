@@ -12,28 +12,28 @@ class Places;
 // Without one final backslash: "C:\\" becomes "C:" and two backslashes at the end become one.
 std::string StripTrailingBackslash(const std::string& path);
 
-// The helpers below that take a changeable path may rewrite the caller's variable: one final backslash goes. A path
-// that is constant, or only passing through, gives the same result from the second form and stays as it is.
+// The helpers below that take a pointer change the caller's variable: a final backslash is taken off it. With a
+// reference they return the same and change nothing.
 
-// What lies behind the last backslash, the path's one final backslash taken off first; empty where there is none.
-std::string FileNameOf(std::string& path);
+// What follows the last backslash, after one final backslash is taken off; empty where there is none.
+std::string FileNameOf(std::string* path);
 std::string FileNameOf(const std::string& path);
 
 // The file name up to its first full stop.
-std::string BaseNameOf(std::string& path);
+std::string BaseNameOf(std::string* path);
 std::string BaseNameOf(const std::string& path);
 
-// What lies behind the last backslash; a path that ends in one is shown whole, so that drive roots keep their text.
-// Empty for a text without any. Never rewrites the path.
+// What follows the last backslash; a path that ends in one is shown whole, so that drive roots keep their text. Empty
+// for a text without any.
 std::string FolderDisplayName(const std::string& path);
 
-// The path up to and including the last backslash that is left once one final backslash is taken off.
-std::string ParentPathOf(std::string& path);
+// The path up to and including the last backslash that is left after one final backslash is taken off.
+std::string ParentPathOf(std::string* path);
 std::string ParentPathOf(const std::string& path);
 
-// Is it the root of a drive ("C:", "C:\") or of a network share ("\\server\share")? Rewrites only paths that begin with
+// Is it the root of a drive ("C:", "C:\") or of a network share ("\\server\share")? Changes only paths that begin with
 // two backslashes.
-bool IsRootPath(std::string& path);
+bool IsRootPath(std::string* path);
 bool IsRootPath(const std::string& path);
 
 // A shell folder by its number, with a final backslash; empty where the host has none.

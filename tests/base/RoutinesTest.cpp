@@ -35,40 +35,40 @@ TEST(StripTrailingBackslash, DoesNotChangeTheCallersVariable) {
   EXPECT_EQ(path, "C:\\dir\\");
 }
 
-TEST(FileNameOf, IsWhatLiesBehindTheLastBackslash) {
+TEST(FileNameOf, IsWhatFollowsTheLastBackslash) {
   std::string path = "C:\\dir\\photo.jpg";
-  EXPECT_EQ(FileNameOf(path), "photo.jpg");
+  EXPECT_EQ(FileNameOf(&path), "photo.jpg");
   EXPECT_EQ(path, "C:\\dir\\photo.jpg");
 }
 
 TEST(FileNameOf, OfATextWithoutABackslashIsEmptyAndTheVariableUnchanged) {
   std::string path = "photo.jpg";
-  EXPECT_EQ(FileNameOf(path), "");
+  EXPECT_EQ(FileNameOf(&path), "");
   EXPECT_EQ(path, "photo.jpg");
 }
 
 TEST(FileNameOf, OfAFolderWithABackslashIsTheFolderAndTheVariableLosesIt) {
   std::string path = "C:\\dir\\";
-  EXPECT_EQ(FileNameOf(path), "dir");
+  EXPECT_EQ(FileNameOf(&path), "dir");
   EXPECT_EQ(path, "C:\\dir");
 }
 
 TEST(FileNameOf, LosesOnlyOneBackslash) {
   std::string path = "C:\\dir\\\\";
-  EXPECT_EQ(FileNameOf(path), "");
+  EXPECT_EQ(FileNameOf(&path), "");
   EXPECT_EQ(path, "C:\\dir\\");
 }
 
 TEST(FileNameOf, OfADriveRootIsEmpty) {
   std::string path = "C:\\";
-  EXPECT_EQ(FileNameOf(path), "");
+  EXPECT_EQ(FileNameOf(&path), "");
   EXPECT_EQ(path, "C:");
   std::string empty;
-  EXPECT_EQ(FileNameOf(empty), "");
+  EXPECT_EQ(FileNameOf(&empty), "");
 }
 
-TEST(FileNameOf, AConstantPathGivesTheSameAndStays) {
-  const std::string path = "C:\\dir\\";
+TEST(FileNameOf, APathThatIsNotPointedToGivesTheSameAndStays) {
+  std::string path = "C:\\dir\\";
   EXPECT_EQ(FileNameOf(path), "dir");
   EXPECT_EQ(path, "C:\\dir\\");
   EXPECT_EQ(FileNameOf("C:\\a\\b"), "b");
@@ -90,7 +90,7 @@ TEST(BaseNameOf, OfATextWithoutABackslashIsEmpty) {
 
 TEST(BaseNameOf, TheVariableLosesItsFinalBackslash) {
   std::string path = "C:\\x.y\\";
-  EXPECT_EQ(BaseNameOf(path), "x");
+  EXPECT_EQ(BaseNameOf(&path), "x");
   EXPECT_EQ(path, "C:\\x.y");
 }
 
@@ -117,13 +117,13 @@ TEST(FolderDisplayName, NeverRewritesTheVariable) {
 
 TEST(ParentPathOf, KeepsTheLastBackslash) {
   std::string path = "C:\\A\\B";
-  EXPECT_EQ(ParentPathOf(path), "C:\\A\\");
+  EXPECT_EQ(ParentPathOf(&path), "C:\\A\\");
   EXPECT_EQ(path, "C:\\A\\B");
 }
 
 TEST(ParentPathOf, TheVariableLosesItsFinalBackslash) {
   std::string path = "C:\\A\\B\\";
-  EXPECT_EQ(ParentPathOf(path), "C:\\A\\");
+  EXPECT_EQ(ParentPathOf(&path), "C:\\A\\");
   EXPECT_EQ(path, "C:\\A\\B");
 }
 
@@ -131,7 +131,7 @@ TEST(ParentPathOf, OfWhatHasNoParentIsEmpty) {
   EXPECT_EQ(ParentPathOf(""), "");
   EXPECT_EQ(ParentPathOf("photo.jpg"), "");
   std::string root = "C:\\";
-  EXPECT_EQ(ParentPathOf(root), "");
+  EXPECT_EQ(ParentPathOf(&root), "");
   EXPECT_EQ(root, "C:");
 }
 
@@ -166,13 +166,13 @@ TEST(IsRootPath, AServerAloneIsNoRoot) {
 
 TEST(IsRootPath, RewritesOnlyNetworkPaths) {
   std::string drive = "C:\\";
-  EXPECT_TRUE(IsRootPath(drive));
+  EXPECT_TRUE(IsRootPath(&drive));
   EXPECT_EQ(drive, "C:\\");
   std::string folder = "C:\\x\\";
-  EXPECT_FALSE(IsRootPath(folder));
+  EXPECT_FALSE(IsRootPath(&folder));
   EXPECT_EQ(folder, "C:\\x\\");
   std::string share = "\\\\server\\share\\";
-  EXPECT_TRUE(IsRootPath(share));
+  EXPECT_TRUE(IsRootPath(&share));
   EXPECT_EQ(share, "\\\\server\\share");
 }
 
