@@ -2,19 +2,180 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
+#include <cstddef>
+#include <cstdint>
 #include <cstring>
 #include <optional>
 #include <vector>
 
 #include "platform/pixels/StretchAxis.h"
-#include "platform/pixels/StretchRows.h"
 
 namespace pixorra {
 namespace {
 
-using namespace stretch;
+using Byte = std::uint8_t;
 
-// The part of a stretch's rectangle that lies inside the target, counted from the rectangle's own corner.
+// Sums of weighted bytes divided by the sum of the weights, halves upwards. A multiplication in double is exact enough
+// for every sum below 2^40 and much quicker than a 64-bit division; the tiny addend keeps whole quotients whole.
+class Mean {
+ public:
+  explicit Mean(std::uint64_t total) : half_(total / 2), factor_(1.0 / static_cast<double>(total)) {}
+  Byte operator()(std::uint64_t sum) const {
+    return static_cast<Byte>(
+        static_cast<int>(static_cast<double>(static_cast<std::int64_t>(sum + half_)) * factor_ + 1e-11));
+  }
+
+ private:
+  std::uint64_t half_;
+  double factor_;
+};
+
+template <int Channels, typename Value>
+void AverageAcross(const AreaAxis& axis, const Value* row, std::uint64_t rowTotal, Byte* out) {
+  const Mean mean(rowTotal * axis.total);
+  for (const AreaSpan& span : axis.spans) {
+    std::array<std::uint64_t, Channels> sums{};
+    for (const Value* v = row + std::ptrdiff_t{span.fullBegin} * Channels;
+         v != row + std::ptrdiff_t{span.fullEnd} * Channels; v += Channels) {
+      for (std::size_t c = 0; c < Channels; ++c) sums[c] += v[c];
+    }
+    for (std::size_t c = 0; c < Channels; ++c) sums[c] *= axis.fullWeight;
+    if (span.headWeight != 0) {
+      const Value* v = row + std::ptrdiff_t{span.fullBegin - 1} * Channels;
+      for (std::size_t c = 0; c < Channels; ++c) sums[c] += std::uint64_t{v[c]} * span.headWeight;
+    }
+    if (span.tailWeight != 0) {
+      const Value* v = row + std::ptrdiff_t{span.fullEnd} * Channels;
+      for (std::size_t c = 0; c < Channels; ++c) sums[c] += std::uint64_t{v[c]} * span.tailWeight;
+    }
+    for (std::size_t c = 0; c < Channels; ++c) *out++ = mean(sums[c]);
+  }
+}
+
+template <int Channels, typename Value>
+void BlendAcross(const BlendAxis& axis, const Value* row, std::uint64_t rowTotal, Byte* out) {
+  const Mean mean(rowTotal * 256);
+  for (const BlendPoint& point : axis.points) {
+    const Value* a = row + std::ptrdiff_t{point.first} * Channels;
+    const Value* b = row + std::ptrdiff_t{point.second} * Channels;
+    for (int c = 0; c < Channels; ++c) {
+      *out++ = mean(std::uint64_t{a[c]} * (256 - point.fraction) + std::uint64_t{b[c]} * point.fraction);
+    }
+  }
+}
+
+// The channels of a pixel, 16 bits apart, so that one multiplication weighs them all.
+template <int Channels>
+std::uint64_t Spread(const Byte* pixel) {
+  std::uint64_t lanes = pixel[0] | std::uint64_t{pixel[1]} << 16 | std::uint64_t{pixel[2]} << 32;
+  if constexpr (Channels == 4) lanes |= std::uint64_t{pixel[3]} << 48;
+  return lanes;
+}
+
+// The channels of two pixels side by side, four each, which the compiler blends at once.
+using Bytes8 = std::uint8_t __attribute__((vector_size(8)));
+using Words8 = std::uint16_t __attribute__((vector_size(16)));
+
+static_assert(std::endian::native == std::endian::little, "the first pixel is in the lower half");
+
+Words8 PixelPair(const Byte* first, const Byte* second) {
+  std::uint32_t a = 0, b = 0;
+  std::memcpy(&a, first, sizeof a);
+  std::memcpy(&b, second, sizeof b);
+  const std::uint64_t both = a | std::uint64_t{b} << 32;
+  Bytes8 bytes;
+  std::memcpy(&bytes, &both, sizeof bytes);
+  return __builtin_convertvector(bytes, Words8);
+}
+
+template <int Channels>
+void BlendAcross(const BlendAxis& axis, const Byte* row, std::uint64_t, Byte* out) {
+  auto next = axis.points.begin();
+  // Four bytes are read and written for a pixel of three: the last ones of the row and of the line are not for this.
+  while (axis.points.end() - next > 2 && (next + 1)->second < axis.source - 1) {
+    const BlendPoint& one = next[0];
+    const BlendPoint& two = next[1];
+    const Words8 a = PixelPair(row + std::ptrdiff_t{one.first} * Channels, row + std::ptrdiff_t{two.first} * Channels);
+    const Words8 b =
+        PixelPair(row + std::ptrdiff_t{one.second} * Channels, row + std::ptrdiff_t{two.second} * Channels);
+    const auto f1 = static_cast<std::uint16_t>(one.fraction), f2 = static_cast<std::uint16_t>(two.fraction);
+    const Words8 w = {f1, f1, f1, f1, f2, f2, f2, f2};
+    const Words8 sums = (a * (256 - w) + b * w + 128) >> 8;
+    const Bytes8 bytes = __builtin_convertvector(sums, Bytes8);
+    std::uint64_t both = 0;
+    std::memcpy(&both, &bytes, sizeof both);
+    const auto low = static_cast<std::uint32_t>(both), high = static_cast<std::uint32_t>(both >> 32);
+    std::memcpy(out, &low, sizeof low);
+    std::memcpy(out + Channels, &high, sizeof high);
+    out += 2 * Channels;
+    next += 2;
+  }
+  for (; next != axis.points.end(); ++next) {
+    const BlendPoint& point = *next;
+    const std::uint64_t lanes =
+        Spread<Channels>(row + std::ptrdiff_t{point.first} * Channels) * (256 - point.fraction) +
+        Spread<Channels>(row + std::ptrdiff_t{point.second} * Channels) * point.fraction + 0x0080008000800080U;
+    out[0] = static_cast<Byte>(lanes >> 8);
+    out[1] = static_cast<Byte>(lanes >> 24);
+    out[2] = static_cast<Byte>(lanes >> 40);
+    if constexpr (Channels == 4) out[3] = static_cast<Byte>(lanes >> 56);
+    out += Channels;
+  }
+}
+
+void BlendRows(const Byte* a, const Byte* b, std::uint32_t fraction, Byte* out, std::size_t count) {
+  const auto second = static_cast<std::uint16_t>(fraction);
+  const auto first = static_cast<std::uint16_t>(256 - fraction);
+  for (std::size_t i = 0; i < count; ++i) out[i] = static_cast<Byte>((a[i] * first + b[i] * second + 128) >> 8);
+}
+
+// Adds up rows of bytes, weighted.
+class RowSums {
+ public:
+  explicit RowSums(std::size_t count) : narrow_(count), sums_(count) {}
+
+  // Weights that add up to no more than this leave every sum within 16 bits, which is quicker; most ratios do.
+  static constexpr std::uint32_t MostNarrow = 257;
+  const std::uint16_t* Narrow(const Bitmap& source, const AreaAxis& axis, const AreaSpan& span) {
+    std::fill(narrow_.begin(), narrow_.end(), std::uint16_t{0});
+    for (int y = span.fullBegin; y < span.fullEnd; ++y) Add(narrow_, source.Row(y), axis.fullWeight);
+    AddParts(narrow_, source, span);
+    return narrow_.data();
+  }
+
+  // Whole rows are summed in 16 bits, as long as these hold them.
+  const std::uint32_t* Wide(const Bitmap& source, const AreaAxis& axis, const AreaSpan& span) {
+    std::fill(sums_.begin(), sums_.end(), 0U);
+    constexpr int RowsThatFit = MostNarrow;
+    for (int begin = span.fullBegin; begin < span.fullEnd; begin += RowsThatFit) {
+      std::fill(narrow_.begin(), narrow_.end(), std::uint16_t{0});
+      for (int y = begin; y < std::min(span.fullEnd, begin + RowsThatFit); ++y) Add(narrow_, source.Row(y), 1);
+      for (std::size_t i = 0; i < sums_.size(); ++i) sums_[i] += axis.fullWeight * narrow_[i];
+    }
+    AddParts(sums_, source, span);
+    return sums_.data();
+  }
+
+ private:
+  template <typename Sum>
+  static void Add(std::vector<Sum>& to, const Byte* row, std::uint32_t weight) {
+    Sum* sums = to.data();
+    const std::size_t count = to.size();
+    const auto factor = static_cast<Sum>(weight);
+    for (std::size_t i = 0; i < count; ++i) sums[i] = static_cast<Sum>(sums[i] + row[i] * factor);
+  }
+  template <typename Sum>
+  static void AddParts(std::vector<Sum>& to, const Bitmap& source, const AreaSpan& span) {
+    if (span.headWeight != 0) Add(to, source.Row(span.fullBegin - 1), span.headWeight);
+    if (span.tailWeight != 0) Add(to, source.Row(span.fullEnd), span.tailWeight);
+  }
+
+  std::vector<std::uint16_t> narrow_;
+  std::vector<std::uint32_t> sums_;
+};
+
+// The part of a stretch's rectangle that is inside the target, counted from the rectangle's own corner.
 struct Extent {
   int from = 0;
   int to = 0;
