@@ -1,7 +1,5 @@
 #include "base/cDIBsection.h"
 
-#include <algorithm>
-
 #include "platform/pixels/Stretch.h"
 #include "platform/runtime/Errors.h"
 #include "platform/runtime/Numbers.h"
@@ -10,65 +8,18 @@ namespace pixorra {
 
 namespace {
 
-// There is no table of handles behind these; they only tell that something is there.
+// There is no table of handles; these only say that something is there.
 constexpr cDIBsection::Handle MemoryContext = 1;
 constexpr cDIBsection::Handle Section = 2;
 constexpr cDIBsection::Handle StockBitmap = 3;
 
 constexpr std::int32_t HeaderBytes = 40;
 
-// A part of one side of a copy, and where it goes on the other; `count` pixels.
-struct Overlap {
-  int from = 0;
-  int to = 0;
-  int count = 0;
-};
-
-Overlap Clipped(int from, int fromLimit, int to, int toLimit, int count) {
-  const std::int64_t skip = std::max({std::int64_t{0}, -std::int64_t{from}, -std::int64_t{to}});
-  const std::int64_t end = std::min({std::int64_t{count}, std::int64_t{fromLimit} - from, std::int64_t{toLimit} - to});
-  if (end <= skip) return {};
-  return {static_cast<int>(from + skip), static_cast<int>(to + skip), static_cast<int>(end - skip)};
-}
-
-void CopyRow(const std::uint8_t* from, int fromBytes, std::uint8_t* to, int toBytes, int count) {
-  if (fromBytes == toBytes) {
-    std::copy_n(from, static_cast<std::ptrdiff_t>(count) * fromBytes, to);
-    return;
-  }
-  for (int i = 0; i < count; ++i, from += fromBytes, to += toBytes) {
-    std::copy_n(from, 3, to);
-    if (toBytes == 4) to[3] = 255;
-  }
-}
-
-void Copy(const DeviceContext& from, int fromLeft, int fromTop, const DeviceContext& to, int toLeft, int toTop,
-          int width, int height) {
-  const Overlap across = Clipped(fromLeft, from.width, toLeft, to.width, width);
-  const Overlap down = Clipped(fromTop, from.height, toTop, to.height, height);
-  for (int row = 0; row < down.count && across.count > 0; ++row) {
-    CopyRow(from.top + (down.from + row) * from.step + std::ptrdiff_t{across.from} * from.bytesPerPixel,
-            from.bytesPerPixel, to.top + (down.to + row) * to.step + std::ptrdiff_t{across.to} * to.bytesPerPixel,
-            to.bytesPerPixel, across.count);
-  }
-}
-
 int OwnWhenNegative(int size, std::int32_t own) {
   return size < 0 ? own : size;
 }
 
 }  // namespace
-
-DeviceContext::DeviceContext(Bitmap& bitmap)
-    : top(bitmap.IsEmpty() ? nullptr : bitmap.Row(0)),
-      step(static_cast<std::ptrdiff_t>(bitmap.Stride())),
-      width(bitmap.Width()),
-      height(bitmap.Height()),
-      bytesPerPixel(bitmap.BytesPerPixel()) {}
-
-DeviceContext DeviceContext::ToRead(const Bitmap& bitmap) {
-  return {const_cast<Bitmap&>(bitmap)};
-}
 
 DeviceContext::DeviceContext(const cDIBsection& surface) {
   if (surface.hDC() == 0) return;
@@ -97,7 +48,7 @@ bool cDIBsection::CreateDIB(Handle, std::int32_t lWidth, std::int32_t lHeight, s
   DIBSectionBitsPtr_.reset();
   hDib = 0;
   if (lWidth < 1 || lHeight < 1) return false;
-  // Cleared memory comes from the system for nothing as long as it is not touched.
+  // Cleared memory costs nothing as long as it is not touched.
   DIBSectionBitsPtr_.reset(static_cast<std::uint8_t*>(std::calloc(static_cast<std::size_t>(bytes), 1)));
   hDib = DIBSectionBitsPtr_ != nullptr ? Section : 0;
   return hDib != 0;
@@ -140,15 +91,15 @@ bool cDIBsection::Load(Pictures& pictures, const std::string& fileName) {
 void cDIBsection::LoadPictureBlt(const DeviceContext& lhDC, int lSrcLeft, int lSrcTop, int lSrcWidth, int lSrcHeight,
                                  std::uint32_t eRop) {
   if (eRop != SRCCOPY) return;
-  Copy(lhDC, lSrcLeft, lSrcTop, *this, 0, 0, OwnWhenNegative(lSrcWidth, dib_width()),
-       OwnWhenNegative(lSrcHeight, dib_height()));
+  CopyPixels(lhDC, lSrcLeft, lSrcTop, *this, 0, 0, OwnWhenNegative(lSrcWidth, dib_width()),
+             OwnWhenNegative(lSrcHeight, dib_height()));
 }
 
 void cDIBsection::PaintPicture(const DeviceContext& lhDC, int lDestLeft, int lDestTop, int lDestWidth, int lDestHeight,
                                int lSrcLeft, int lSrcTop, std::uint32_t eRop) const {
   if (eRop != SRCCOPY) return;
-  Copy(*this, lSrcLeft, lSrcTop, lhDC, lDestLeft, lDestTop, OwnWhenNegative(lDestWidth, dib_width()),
-       OwnWhenNegative(lDestHeight, dib_height()));
+  CopyPixels(*this, lSrcLeft, lSrcTop, lhDC, lDestLeft, lDestTop, OwnWhenNegative(lDestWidth, dib_width()),
+             OwnWhenNegative(lDestHeight, dib_height()));
 }
 
 void cDIBsection::PaintPictureStretch(const DeviceContext& lhDC, int lDestLeft, int lDestTop, int lDestWidth,
@@ -158,11 +109,11 @@ void cDIBsection::PaintPictureStretch(const DeviceContext& lhDC, int lDestLeft, 
   Bitmap part(OwnWhenNegative(lSrcWidth, dib_width()), OwnWhenNegative(lSrcHeight, dib_height()), PixelFormat::Bgr24);
   if (part.IsEmpty()) return;
   part.Fill(0);
-  Copy(*this, lSrcLeft, lSrcTop, part, 0, 0, part.Width(), part.Height());
+  CopyPixels(*this, lSrcLeft, lSrcTop, part, 0, 0, part.Width(), part.Height());
   Bitmap stretched(OwnWhenNegative(lDestWidth, dib_width()), OwnWhenNegative(lDestHeight, dib_height()),
                    PixelFormat::Bgr24);
   Stretch(part, stretched, 0, 0, stretched.Width(), stretched.Height());
-  Copy(stretched, 0, 0, lhDC, lDestLeft, lDestTop, stretched.Width(), stretched.Height());
+  CopyPixels(stretched, 0, 0, lhDC, lDestLeft, lDestTop, stretched.Width(), stretched.Height());
 }
 
 void cDIBsection::CleanUp() {

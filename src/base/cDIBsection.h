@@ -1,14 +1,14 @@
 // An off-screen bitmap whose pixels are one plain block of memory: rows bottom-up, each padded to 4 bytes. The JPEG
-// codec decodes into it and encodes from it as it stands.
+// codec decodes into it and encodes from it in place.
 #pragma once
 
 #include <array>
-#include <cstddef>
 #include <cstdint>
 #include <cstdlib>
 #include <memory>
 #include <string>
 
+#include "base/DeviceContext.h"
 #include "platform/pixels/Picture.h"
 #include "platform/services/Pictures.h"
 
@@ -36,23 +36,6 @@ struct BITMAPINFO {
 // Copies the source as it is; the only raster operation there is. Any other copies nothing.
 inline constexpr std::uint32_t SRCCOPY = 0xCC0020;
 
-class cDIBsection;
-
-// What a surface copies from and to: the rows of another surface or of a picture's pixels, the top row first. Holds
-// nothing; what it was made of must outlive it.
-struct DeviceContext {
-  std::uint8_t* top = nullptr;
-  std::ptrdiff_t step = 0;  // bytes from a row to the one below it
-  int width = 0;
-  int height = 0;
-  int bytesPerPixel = 0;
-
-  DeviceContext(Bitmap& bitmap);              // NOLINT(google-explicit-constructor): either serves where a context does
-  DeviceContext(const cDIBsection& surface);  // NOLINT(google-explicit-constructor)
-  // Only to copy from.
-  static DeviceContext ToRead(const Bitmap& bitmap);
-};
-
 class cDIBsection {
  public:
   using Handle = std::uint32_t;  // 0 for none
@@ -63,17 +46,17 @@ class cDIBsection {
   cDIBsection& operator=(const cDIBsection&) = delete;
 
   // 24 bits a pixel for 3 channels, 32 for any other count. All pixels are 0. False, with no surface, for sizes below 1
-  // or where memory runs out. Raises error 6, with no surface, where the row or the block leaves 32 bits.
+  // or where memory runs out. Raises Overflow, with no surface, where the row or the block leaves 32 bits.
   bool Create(std::int32_t lWidth, std::int32_t lHeight, std::int32_t lChannels);
-  // Fills the description and makes the block, whose handle goes to `hDib`.
+  // Fills the description and makes the block, whose handle is put into `hDib`.
   bool CreateDIB(Handle lhDC, std::int32_t lWidth, std::int32_t lHeight, std::int32_t lChannels, Handle& hDib);
-  // A 3-channel surface of the picture's size with the picture on it, over white where it is transparent. Tells nothing
-  // of a failure: that shows in the surface.
+  // A 3-channel surface of the picture's size with the picture on it, over white where it is transparent. Where
+  // that fails there is no surface.
   void CreateFromPicture(const Picture& picture);
   // A 24-bit surface from a picture file. False, with no surface, where it cannot be read.
   bool Load(Pictures& pictures, const std::string& fileName);
 
-  // Bytes of a row with its padding. Raises error 6 above 32 bits.
+  // Bytes of a row with its padding. Raises Overflow above 32 bits.
   std::int32_t BytesPerScanLine() const;
   std::int32_t dib_width() const { return info_.bmiHeader.biWidth; }
   std::int32_t dib_height() const { return info_.bmiHeader.biHeight; }
