@@ -34,7 +34,7 @@ class CodeReader {
   unsigned held_ = 0;
 };
 
-// Each code stands for the text of an earlier one and a last byte.
+// Each code is short for the text of an earlier one and a last byte.
 class Dictionary {
  public:
   explicit Dictionary(unsigned rootBits) : rootBits_(rootBits) {
@@ -68,7 +68,7 @@ class Dictionary {
     if (size_ == 1U << bits_ && bits_ < MostBits) ++bits_;
   }
 
-  // Writes the code's text to `out` from `at` on, as far as it fits, and gives the place behind it.
+  // Writes the code's text to `out` from `at` on, as far as it fits, and returns the place after it.
   std::size_t Write(unsigned code, std::span<std::uint8_t> out, std::size_t at) const {
     const std::size_t end = at + length_[code];
     std::size_t place = end;

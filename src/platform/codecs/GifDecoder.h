@@ -1,4 +1,7 @@
 // GIF files: the first image, on the file's own screen.
+//
+// Deliberate: not giflib. After a code that does not exist giflib continues and fills the rest of the picture with
+// noise; here the rest stays open, and what is before the damage is shown as it is.
 #pragma once
 
 #include <cstdint>
@@ -8,9 +11,9 @@
 
 namespace pixorra {
 
-// The first image of a GIF file at the size of its screen. With alpha where anything is transparent, lies beside the
-// image or is missing, as in a cut file. Raises error 481 where there is no image or none of its pixels, 7 where memory
-// runs out.
+// The first image of a GIF file at the size of its screen. With alpha where anything is transparent, outside of the
+// image or missing, as in a cut file. Raises BadPicture where there is no image or none of its pixels, OutOfMemory
+// where memory runs out.
 Bitmap DecodeGif(std::span<const std::uint8_t> file);
 
 }  // namespace pixorra

@@ -132,6 +132,17 @@ TEST(GifDecoder, ACutFileShowsWhatItHasAndLeavesTheRestOpen) {
   EXPECT_EQ(At(bitmap, 49, 39), Nothing);
 }
 
+TEST(GifDecoder, ACodeThatDoesNotExistLeavesTheRestOpen) {
+  std::string image = SmallImage();
+  image.replace(12, 2, Chars({0xCC, 0x01}));  // clear, 1, 7: nothing has been given the code 7
+  const Bitmap bitmap = Decode(SmallGif(image + ";"));
+  EXPECT_EQ(bitmap.Format(), PixelFormat::Bgra32);
+  EXPECT_EQ(At(bitmap, 0, 0), (Pixel{255, 0, 0, 255}));
+  EXPECT_EQ(At(bitmap, 1, 0), Nothing);
+  EXPECT_EQ(At(bitmap, 0, 1), Nothing);
+  EXPECT_EQ(At(bitmap, 1, 1), Nothing);
+}
+
 TEST(GifDecoder, EveryCutAndEveryChangedByteIsMetWithoutHarm) {
   for (const std::string& whole :
        {GifPhoto(7, 9, {.transparent = 3, .interlaced = true}), SmallGif(SmallImage() + ";")}) {
