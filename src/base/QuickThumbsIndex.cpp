@@ -19,7 +19,7 @@ EntryKey ReadKey(File& file, std::int64_t record) {
   return key;
 }
 
-// The key without the blanks behind its name.
+// The key without the blanks after its name.
 std::string Shortened(const EntryKey& key) {
   const std::string_view bytes(reinterpret_cast<const char*>(key.data()), key.size());
   const std::string_view name = bytes.substr(0, NameBytes);

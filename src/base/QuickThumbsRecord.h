@@ -18,7 +18,7 @@ inline constexpr std::size_t NameBytes = 100;
 inline constexpr std::size_t KeyOffset = ThumbnailBytes;         // name, length (4 bytes), date (8 bytes)
 inline constexpr std::size_t KeyBytes = NameBytes + 4 + 8;       //
 inline constexpr std::size_t MarkOffset = KeyOffset + KeyBytes;  // 16 bits: 0, or -1 for a dragged photo
-inline constexpr std::size_t FieldsBytes = MarkOffset + 2;       // what lies behind them has no meaning
+inline constexpr std::size_t FieldsBytes = MarkOffset + 2;       // what follows them has no meaning
 // Records are addressed by 32 bits with sign.
 inline constexpr std::int64_t LongestFile = 0x7FFFFFFF;
 
@@ -26,7 +26,7 @@ inline std::int64_t OffsetOf(std::int64_t record) {
   return (record - 1) * RecordBytes;
 }
 
-// Name, length and date as they stand in a record: two entries are for the same photo when these bytes are the same.
+// Name, length and date as they are in a record: two entries are for the same photo when these bytes are the same.
 using EntryKey = std::array<std::uint8_t, KeyBytes>;
 
 // The name is cut to 100 bytes, no character split, and padded with blanks.

@@ -23,12 +23,13 @@ class SavedRecordWriter {
   std::string bytes_;
 };
 
-// Reads value by value, whatever the lines. A value that is missing or bad is nothing, and reading goes on behind it.
+// Reads value by value, whatever the lines. A value that is missing or bad is nothing, and the next one is read after
+// it.
 class SavedRecordReader {
  public:
   explicit SavedRecordReader(std::string_view bytes) : rest_(bytes) {}
 
-  // Nothing at the end, and where the value is no number of 32 bits (halves go to the even neighbour).
+  // Nothing at the end, and where the value is no number of 32 bits (halves are rounded to the even neighbour).
   std::optional<int> Number();
   // The same with 16 bits.
   std::optional<int> ShortNumber();

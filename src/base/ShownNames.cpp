@@ -7,7 +7,7 @@ namespace pixorra {
 
 namespace {
 
-// What stands behind the last separator of the host's spelling; where that is the program's own, its rules hold.
+// What follows the last separator of the host's spelling; where that is the program's own, `own`.
 std::string LastPart(const std::string& shown, const std::string& path, const std::string& own) {
   if (shown == path) return own;
   const std::size_t slash = shown.find_last_of('/');

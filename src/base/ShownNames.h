@@ -7,7 +7,7 @@ namespace pixorra {
 
 class Files;
 
-// FolderDisplayName of the path, in the host's spelling; a root stands whole.
+// FolderDisplayName of the path, in the host's spelling; a root is shown whole.
 std::string ShownFolderName(Files& files, const std::string& path);
 // FileNameOf and BaseNameOf of the path, in the host's spelling.
 std::string ShownFileName(Files& files, const std::string& path);

@@ -11,7 +11,7 @@ namespace pixorra {
 
 namespace {
 
-// The codec prepared for one transfer; what it took is given back exactly once, however the transfer ends.
+// The codec prepared for one transfer; what it holds is freed exactly once, however the transfer ends.
 class Transfer {
  public:
   Transfer(JpegBridge& bridge, const std::string& failure) : codec_(bridge.codec), status_(codec_.ijlInit(record)) {
@@ -44,7 +44,7 @@ std::int32_t ReducedSize(std::int32_t size, int lScale) {
   return static_cast<std::int32_t>((static_cast<double>(size) + lScale - 1) / lScale);
 }
 
-// Sets the colours that go with the header's channels and tells how many channels the surface takes.
+// Sets the colours for the header's channels and returns how many channels the surface needs.
 std::int32_t SetColours(JPEG_CORE_PROPERTIES& record) {
   switch (record.JPGChannels) {
     case 1:
@@ -64,7 +64,7 @@ std::int32_t SetColours(JPEG_CORE_PROPERTIES& record) {
   }
 }
 
-// The memory route tells 3 channels whatever the surface has; the codec then refuses a picture of four.
+// Deliberate: the memory route says 3 channels whatever the surface has, so that the codec refuses a picture of four.
 void DescribeSurface(JPEG_CORE_PROPERTIES& record, const cDIBsection& surface, JpegRoute route, std::int32_t width,
                      std::int32_t height, std::int32_t channels) {
   record.DIBWidth = width;

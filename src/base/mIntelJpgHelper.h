@@ -20,26 +20,26 @@ struct JpegBridge {
 };
 
 // lScale is 1, 2, 4 or 8: the surface becomes that much smaller, sizes rounded up. At any other scale nothing is read,
-// and the surface is blank and of full size. A grey picture comes as 3 channels. False where it fails: the codec's
-// refusals are told in a message box, everything else is silent.
+// and the surface is blank and of full size. A grey picture is read as 3 channels. False where it fails: the codec's
+// refusals are shown in a message box, everything else is silent.
 
 // Reads the file into memory first; raises nothing.
 bool LoadJPG(JpegBridge& bridge, cDIBsection& surface, const std::string& fileName, int lScale);
-// The codec opens the file. Raises error 6 where the surface leaves 32 bits.
+// The codec opens the file. Raises Overflow where the surface leaves 32 bits.
 bool LoadJPGFromFile(JpegBridge& bridge, cDIBsection& surface, const std::string& fileName, int lScale);
-// Raises error 6 where the surface leaves 32 bits.
+// Raises Overflow where the surface leaves 32 bits.
 bool LoadJPGFromMemory(JpegBridge& bridge, cDIBsection& surface, const std::uint8_t* address, std::int32_t length,
                        int lScale);
 
 // Writes the surface as a JPEG file of this quality, 0 to 100, in place of what has the name. False where it fails,
-// with no message but for a codec that does not start. Raises error 6 as DibPadBytes does.
+// with no message but for a codec that does not start. Raises Overflow as DibPadBytes does.
 bool SaveJPG(JpegBridge& bridge, const cDIBsection& surface, const std::string& fileName, int quality);
 bool SavePictureAsJPG(JpegBridge& bridge, const Picture& picture, const std::string& fileName, int quality);
 
-// The bytes that pad a row of so many pixels to a multiple of 4. Raises error 6 where a step leaves 32 bits.
+// The bytes that pad a row of so many pixels to a multiple of 4. Raises Overflow where a step leaves 32 bits.
 std::int32_t DibPadBytes(std::int32_t width, std::int32_t channels);
 
-// Tells a codec's status in a message box, the prefix behind it.
+// Shows a codec's status in a message box, the prefix after it.
 void IJLErrorMessage(JpegBridge& bridge, const std::string& prefix, int status);
 
 }  // namespace pixorra

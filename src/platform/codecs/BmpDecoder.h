@@ -8,8 +8,8 @@
 
 namespace pixorra {
 
-// The picture in a bitmap file, without its alpha. A cut or damaged file gives what it has and the rest black, or in
-// run lengths the first colour. Raises error 481 where not even a row is there, 7 where memory runs out.
+// The picture in a bitmap file, without its alpha. A cut or damaged file shows what it has and the rest black, or in
+// run lengths the first colour. Raises BadPicture where not even a row is there, OutOfMemory where memory runs out.
 Bitmap DecodeBmp(std::span<const std::uint8_t> file);
 
 }  // namespace pixorra

@@ -14,7 +14,7 @@ constexpr std::uint32_t CoreHeaderBytes = 12;  // the oldest: 16-bit sizes, pale
 constexpr std::uint32_t InfoHeaderBytes = 40;
 constexpr std::uint32_t LongestHeaderBytes = 124;
 constexpr std::size_t MasksAt =
-    FileHeaderBytes + InfoHeaderBytes;  // behind a header of 40 bytes, inside of a longer one
+    FileHeaderBytes + InfoHeaderBytes;  // after a header of 40 bytes, inside of a longer one
 
 [[noreturn]] void Refuse() {
   throw RuntimeError(error::BadPicture);

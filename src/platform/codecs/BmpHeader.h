@@ -28,7 +28,7 @@ struct BmpHeader {
   }
 };
 
-// Raises error 481 for what is no bitmap, of no known kind, or larger than its bytes can back.
+// Raises BadPicture for what is no bitmap, of no known kind, or larger than its bytes can back.
 BmpHeader ReadBmpHeader(std::span<const std::uint8_t> file);
 
 }  // namespace pixorra

@@ -1,4 +1,4 @@
-// Little-endian numbers at places in a block of bytes; what lies beyond the end reads as zero.
+// Little-endian numbers at places in a block of bytes; what is beyond the end reads as zero.
 #pragma once
 
 #include <cstddef>

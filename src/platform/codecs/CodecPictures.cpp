@@ -153,7 +153,7 @@ void CodecPictures::Save(const Picture& picture, const std::string& path) {
 
 Picture CodecPictures::SaveAndLoad(const Picture& picture, const std::string& path) {
   Save(picture, path);
-  // A drawing's name does not go into a file, and neither does transparency.
+  // A file keeps neither a drawing's name nor transparency.
   const bool asItIs = picture.Pixels().Format() == PixelFormat::Bgr24 && picture.ArtName().empty();
   return asItIs ? picture : FromBytes(BitmapFile(picture));
 }

@@ -26,12 +26,13 @@ class CodecPictures final : public Pictures {
   Files& files_;
 };
 
-// The picture in a file's bytes: a bitmap ("BM"), a GIF ("GIF") or a JPEG (FF D8), told by how they begin. JPEG
-// pictures come as they are stored, whatever orientation their camera notes. Raises 481 and 7, as Load does.
+// The picture in a file's bytes: a bitmap ("BM"), a GIF ("GIF") or a JPEG (FF D8), recognised by its first bytes.
+// JPEG pictures are as they are stored, whatever orientation their camera notes. Raises BadPicture and OutOfMemory, as
+// Load does.
 Bitmap DecodePicture(std::span<const std::uint8_t> file);
 
 // A bitmap file: 54 bytes of header, then the rows bottom-up at 24 bits, padded to 4 bytes with zeros. The resolution
-// fields are 0, so that the same pixels always make the same file. What is transparent lies over white.
+// fields are 0, so that the same pixels always make the same file. What is transparent is drawn over white.
 std::vector<std::uint8_t> EncodeBmp(const Bitmap& bitmap);
 
 }  // namespace pixorra

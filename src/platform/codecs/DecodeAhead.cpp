@@ -80,7 +80,7 @@ DecodeAhead::~DecodeAhead() {
   for (std::thread& thread : threads_) thread.join();
 }
 
-// One for each thread, and some for the time until the reader comes again.
+// One for each thread, and some for the time until the reader's next turn.
 int DecodeAhead::Depth() const {
   return noThreads_ ? 0 : static_cast<int>(mostThreads_) + 2;
 }
@@ -97,7 +97,7 @@ void DecodeAhead::Expect(Reader reader, const std::vector<std::string>& paths, i
     }
   }
   own.swap(wanted);
-  // The first is wanted whatever it takes; the others only while there is room.
+  // The first is decoded whatever memory it needs; the others only while there is room.
   while (own.size() > 1 && FileBytesInHand() > MostFileBytes) {
     wanted.push_back(std::move(own.back()));
     own.pop_back();
@@ -148,7 +148,7 @@ std::shared_ptr<DecodeAhead::Job> DecodeAhead::Find(const std::string& path, int
   return nullptr;
 }
 
-// The file is opened here, as the path's way to the host is not for other threads; an open file may go to one.
+// The file is opened here, as paths are mapped to the host's on this thread only; an open file may be read by another.
 std::shared_ptr<DecodeAhead::Job> DecodeAhead::NewJob(const std::string& path, int scale) {
   auto job = std::make_shared<Job>();
   job->path = path;
@@ -164,7 +164,7 @@ std::shared_ptr<DecodeAhead::Job> DecodeAhead::NewJob(const std::string& path, i
   return job;
 }
 
-// The first of each reader go before the second.
+// The first photo of each reader is decoded before the second of any.
 std::shared_ptr<DecodeAhead::Job> DecodeAhead::NextWaiting() const {
   for (std::size_t i = 0; i < std::max(expected_[0].size(), expected_[1].size()); ++i) {
     for (const Jobs& jobs : expected_) {

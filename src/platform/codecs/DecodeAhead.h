@@ -67,7 +67,7 @@ class DecodeAhead : public ReadAhead {
 
   Files& files_;
   const std::size_t mostThreads_;
-  bool noThreads_ = false;  // the system gives none
+  bool noThreads_ = false;  // the system cannot start any
   std::vector<std::thread> threads_;
   std::mutex mutex_;  // for all below, and for the state of jobs
   std::condition_variable wake_;

@@ -33,8 +33,8 @@ void ErrorExit(j_common_ptr codec) {
   GiveUp(codec, StatusOf(codec->err->msg_code));
 }
 
-// Warnings go by, as a damaged picture still shows what it has. One is noted: the data's end before the first row of
-// blocks was whole.
+// Warnings are ignored, as a damaged picture still shows what it has. One is noted: the data's end before the first row
+// of blocks was whole.
 void EmitMessage(j_common_ptr codec, int level) {
   if (level >= 0) return;
   ++codec->err->num_warnings;

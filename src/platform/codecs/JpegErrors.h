@@ -11,7 +11,7 @@
 
 namespace pixorra {
 
-// Installed as the library's error manager; `manager` must come first, as the library hands that back.
+// Installed as the library's error manager; `manager` must be first, as the library passes that back.
 struct JpegErrors {
   jpeg_error_mgr manager{};
   std::jmp_buf back{};

@@ -28,7 +28,7 @@ class JpegReader {
   // In the file: 1 grey, 3 colours, 4 inks.
   int Channels() const { return reader_.num_components; }
 
-  // A read that runs when this becomes true gives up. It must outlive the reader.
+  // A read in progress ends with a failure when this becomes true. It must outlive the reader.
   void StopOn(const std::atomic<bool>& stop) { progress_.stop = &stop; }
 
   // The pixels are wanted at 1/denominator of the size; 1, 2, 4 or 8.
@@ -43,7 +43,7 @@ class JpegReader {
   int Read(std::uint8_t* topRow, std::ptrdiff_t step, int bytesPerPixel);
 
  private:
-  // `monitor` must come first, as the library hands that back.
+  // `monitor` must be first, as the library passes that back.
   struct Progress {
     jpeg_progress_mgr monitor{};
     const std::atomic<bool>* stop = nullptr;

@@ -1,4 +1,4 @@
-// What a JPEG operation came to: 0 for success, and the reasons for a failure with their texts.
+// The status that a JPEG operation returns: 0 for success, and the reasons for a failure with their texts.
 #pragma once
 
 #include <string>

@@ -8,7 +8,7 @@
 namespace pixorra {
 namespace {
 
-// The library's memory destination loses its block when the library gives up; this one keeps hold of it.
+// The library's memory destination loses its block when the library fails; this one keeps it.
 struct GrowingBlock {
   jpeg_destination_mgr manager{};  // first, as the library hands it back
   std::uint8_t* block = nullptr;
@@ -50,7 +50,7 @@ void Compress(jpeg_compress_struct& writer, const std::uint8_t* topRow, std::ptr
   while (writer.next_scanline < writer.image_height) {
     const unsigned count = std::min(static_cast<unsigned>(rows.size()), writer.image_height - writer.next_scanline);
     for (unsigned i = 0; i < count; ++i) {
-      // The library takes rows it only reads as writable ones.
+      // The library asks for writable rows although it only reads them.
       rows[i] = const_cast<JSAMPROW>(topRow + static_cast<std::ptrdiff_t>(writer.next_scanline + i) * step);
     }
     jpeg_write_scanlines(&writer, rows.data(), count);

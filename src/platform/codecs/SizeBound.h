@@ -9,7 +9,7 @@ namespace pixorra {
 // No side of a picture is longer.
 inline constexpr int LongestSide = 65535;
 
-// How many pixels a byte of a file can stand for at most. A JPEG scan spends at least a bit on each block of 64 pixels;
+// How many pixels a byte of a file can encode at most. A JPEG scan spends at least a bit on each block of 64 pixels;
 // a run of GIF codes reaches 4096 pixels in 12 bits; run lengths of a bitmap reach 255 pixels in 2 bytes.
 inline constexpr std::int64_t JpegPixelsPerByte = 512;
 inline constexpr std::int64_t GifPixelsPerByte = 4096;

@@ -95,7 +95,7 @@ int ReadFrom(std::span<const std::uint8_t> bytes, JPEG_CORE_PROPERTIES& record, 
   return jpeg::Ok;
 }
 
-// False where the surface is not described as one that takes these rows.
+// False where these rows do not fit the surface as it is described.
 bool CopyRows(const ReducedRows& from, const JPEG_CORE_PROPERTIES& record) {
   const std::optional<SurfaceRows> rows = RowsOf(record);
   if (!rows || record.DIBChannels != 3 || record.DIBWidth != from.width) return false;
@@ -152,7 +152,7 @@ int TurboJpegCodec::ijlWrite(JPEG_CORE_PROPERTIES& record, int mode) {
   const auto height = static_cast<int>(std::abs(std::int64_t{record.DIBHeight}));
   if (record.JPGWidth != record.DIBWidth || record.JPGHeight != height) return jpeg::Mismatch;
 
-  // The file comes into being once there is something to put in it.
+  // The file is not made until there is something to put in it.
   JpegBytes encoded;
   const int status = WriteJpeg(rows->top, rows->step, record.DIBWidth, height, record.jquality, encoded);
   if (status != jpeg::Ok) return status;

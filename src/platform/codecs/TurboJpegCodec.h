@@ -12,7 +12,7 @@
 namespace pixorra {
 
 // Nothing is kept between calls. What a surface is described as and what a file holds must agree when the pixels are
-// read: the size to the pixel, 3 channels for a grey or colour picture, 4 for one of four channels (which comes as
+// read: the size to the pixel, 3 channels for a grey or colour picture, 4 for one of four channels (which is read as
 // blue, green, red and 255). Surfaces of 3 channels are written, no others.
 class TurboJpegCodec final : public JpegCodec {
  public:

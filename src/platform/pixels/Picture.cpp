@@ -13,7 +13,7 @@ namespace {
 
 constexpr std::int64_t LargestSize = std::numeric_limits<std::int32_t>::max();
 
-// A colour of the system as the plain colour that it stands for.
+// The usual value of a system colour; another colour is itself.
 Colour PlainColour(Colour colour) {
   switch (colour) {
     case ButtonFace:
@@ -61,7 +61,7 @@ void Bitmap::Fill(Colour colour) {
     first[at + 2] = static_cast<std::uint8_t>(plain);
     if (format_ == PixelFormat::Bgra32) first[at + 3] = 0xFF;
   }
-  // The padding goes along, so that a file written from whole rows never carries old memory.
+  // The padding is cleared too, so that a file written from whole rows never contains old memory.
   std::memset(first + end, 0, stride_ - end);
   for (int y = 1; y < height_; ++y) std::memcpy(Row(y), first, stride_);
 }

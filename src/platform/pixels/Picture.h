@@ -10,7 +10,7 @@
 
 namespace pixorra {
 
-// 0x00BBGGRR, as the program's texts write colours; with the top bit set (0x8000000F) a colour of the system.
+// 0x00BBGGRR; with the top bit set (0x8000000F) a colour of the system.
 using Colour = std::uint32_t;
 inline constexpr Colour ButtonFace = 0x8000000FU;
 inline constexpr Colour WindowBackground = 0x80000005U;
@@ -25,8 +25,8 @@ enum class PixelFormat : std::uint8_t {
 class Bitmap {
  public:
   Bitmap() = default;
-  // The pixels are not set. Raises error 7 where the block cannot be had, error 6 where its size in bytes leaves 32
-  // bits with sign. A width or height of 0 or less makes an empty bitmap.
+  // The pixels are not set. Raises OutOfMemory where the block cannot be had, Overflow where its size in bytes
+  // leaves 32 bits with sign. A width or height of 0 or less makes an empty bitmap.
   Bitmap(int width, int height, PixelFormat format);
 
   bool IsEmpty() const { return bytes_ == nullptr; }

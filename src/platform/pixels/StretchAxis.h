@@ -44,7 +44,7 @@ struct AreaAxis {
   }
 };
 
-// For enlargements. Target pixel i lies between the centres of two source pixels, `fraction` 256ths of the way.
+// For enlargements. Target pixel i is between the centres of two source pixels, `fraction` 256ths of the way.
 struct BlendPoint {
   int first = 0;
   int second = 0;

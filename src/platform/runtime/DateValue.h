@@ -25,16 +25,16 @@ struct CalendarTime {
 using DateValue = double;
 
 // Months, days, hours, minutes and seconds outside their range count on into the next or the previous ones.
-// Milliseconds are left out. The same moment is the same double however it came about, ParseDate included. A moment
-// outside the years 100 to 9999 raises error 6.
+// Milliseconds are left out. The same moment is the same double however it is computed, ParseDate included. Raise
+// Overflow for a moment outside the years 100 to 9999.
 DateValue DateSerial(int year, int month, int day);
 DateValue TimeSerial(int hour, int minute, int second);
 DateValue ToDateValue(const CalendarTime& time);
-// To the nearest second. Raises error 6 outside the years 100 to 9999 and for what is no number.
+// To the nearest second. Raises Overflow outside the years 100 to 9999 and for what is no number.
 CalendarTime FromDateValue(DateValue value);
 
 // Reads "DD-MMM-YYYY" and "hh:mm:ss AMPM", apart or joined by blanks, months by their English short names.
-// Raises error 13 for any other text. A time alone is the fraction of a day.
+// Raises TypeMismatch for any other text. A time alone is the fraction of a day.
 DateValue ParseDate(std::string_view text);
 
 }  // namespace pixorra

@@ -15,13 +15,13 @@ struct Decimal {
 
 // At most 15 significant digits: more would show the noise of binary fractions. The value must be finite.
 Decimal ToDecimal(double value);
-// Keeps this many digits behind the point; halves go away from zero.
+// Keeps this many digits after the point; halves are rounded away from zero.
 void RoundTo(Decimal& number, int decimals);
 // Plain notation, without sign: the whole part with at least `wholeDigits` digits and, where there is a fraction, a
 // point and at least `decimals` digits.
 std::string PlainNotation(const Decimal& number, int wholeDigits, int decimals);
 
-// What stands for a value that is no number: "1.#INF", "-1.#INF" or "1.#QNAN".
+// The text of a value that is no number: "1.#INF", "-1.#INF" or "1.#QNAN".
 std::string NotFiniteText(double value);
 
 }  // namespace pixorra

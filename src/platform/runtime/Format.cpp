@@ -53,7 +53,7 @@ class DatePicture {
     picture_.remove_prefix(HalfOfDay.size());
   }
 
-  // A run of one letter is one element; anything that is no element stands for itself.
+  // A run of one letter is one element; anything that is no element is copied.
   void TakeRun() {
     const char letter = LowerLetter(picture_.front());
     std::size_t length = 1;

@@ -11,11 +11,11 @@ namespace pixorra {
 // "00000" pads with zeros to at least that many digits; "0.0" keeps one decimal, halves away from zero. Nothing but
 // zeros and one point is read of the picture.
 std::string FormatNumber(double value, std::string_view picture);
-// "@@@" sets the text to the right in as many places; a longer text stays whole.
+// "@@@" pads the text with blanks on the left to as many characters; a longer text stays whole.
 std::string FormatText(std::string_view text, std::string_view picture);
-// "DD-MMM-YYYY", "d/mmm/yyyy", "hh:mmampm", "hh:mm:ss AMPM": case of the letters is free; "mm" behind "hh" is minutes;
-// AM and PM in capitals for "AMPM", in small letters for "ampm"; hours run from 01 to 12 where either stands. Raises
-// error 6 for a value outside the years 100 to 9999.
+// "DD-MMM-YYYY", "d/mmm/yyyy", "hh:mmampm", "hh:mm:ss AMPM": in letters of either case; "mm" after "hh" is minutes;
+// AM and PM in capitals for "AMPM", in small letters for "ampm"; hours are 01 to 12 where either is used. Raises
+// Overflow for a value outside the years 100 to 9999.
 std::string FormatDate(DateValue value, std::string_view picture);
 
 }  // namespace pixorra

@@ -16,7 +16,7 @@ struct LetterRange {
 };
 
 // Letters that would not come back the same way (dotless i, long s, the micro sign, sharp s) have no pair here: two
-// names that a disk tells apart by them must not become one.
+// names that differ by them on a disk must not become one.
 constexpr std::array Letters = {
     // Latin
     LetterRange{0x41, 0x5A, 32, 1},

@@ -29,7 +29,7 @@ bool IsDigit(char c) {
   return c >= '0' && c <= '9';
 }
 
-// Blanks, tabs and line feeds count for nothing, wherever they stand.
+// Blanks, tabs and line feeds are skipped anywhere.
 std::string WithoutBlanks(std::string_view text) {
   std::string kept;
   kept.reserve(text.size());

@@ -11,14 +11,14 @@ namespace pixorra {
 
 namespace {
 
-// Takes a text apart from the left; every step raises error 13 where the text is not as it should be.
+// Takes a text apart from the left; every step raises TypeMismatch where the text is not as it should be.
 class DateReader {
  public:
   explicit DateReader(std::string_view text) : rest_(text) { SkipBlanks(); }
 
   bool AtEnd() const { return rest_.empty(); }
 
-  // The text begins with digits and this behind them.
+  // The text begins with digits, and this mark follows them.
   bool NumberEndsWith(char mark) const {
     const std::size_t end = rest_.find_first_not_of("0123456789");
     return end != 0 && end != std::string_view::npos && rest_[end] == mark;

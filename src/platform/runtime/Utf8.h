@@ -12,7 +12,7 @@ struct Utf8Character {
   std::size_t Bytes = 0;  // 1 to 4
 };
 
-// Codes from here up stand for single bytes that are no UTF-8: the byte is the code less this.
+// Codes from here up are single bytes that are no UTF-8: the byte is the code less this.
 inline constexpr char32_t StrayByte = 0x110000;
 
 // The character that begins at `at`, which must lie inside the text. Overlong forms, surrogates and what lies above

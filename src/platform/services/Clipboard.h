@@ -9,7 +9,7 @@ class Clipboard {
  public:
   virtual ~Clipboard() = default;
   virtual bool HasBitmap() = 0;
-  virtual Picture GetBitmap() = 0;  // nothing where there is none
+  virtual Picture GetBitmap() = 0;  // nothing where HasBitmap is false
   virtual void Clear() = 0;
   virtual void SetBitmap(const Picture& picture) = 0;
 };

@@ -1,5 +1,5 @@
-// Questions to the user that need no form of the program's own, and the beep. Each waits until it is answered; timers
-// run on.
+// Questions to the user that need no form of the program's own, and the beep. Each returns when it is answered; timers
+// run meanwhile.
 #pragma once
 
 #include <optional>
@@ -16,10 +16,11 @@ enum class BoxAnswer { Ok = 1, Yes = 6, No = 7 };
 class Dialogs {
  public:
   virtual ~Dialogs() = default;
-  // `text` is lines joined by CR LF or LF. Closing a Yes and No box in another way answers No.
+  // `text` is lines joined by CR LF or LF. A Yes and No box that is closed in another way returns No.
   virtual BoxAnswer MsgBox(const std::string& text, BoxIcon icon, BoxButtons buttons, const std::string& title) = 0;
-  // Empty on cancel.
+  // What was typed, starting from `present`; empty on cancel.
   virtual std::string InputBox(const std::string& prompt, const std::string& title, const std::string& present) = 0;
+  // Nothing on cancel.
   virtual std::optional<Colour> ChooseColour(Colour start) = 0;
   virtual void Beep() = 0;
 };

@@ -1,4 +1,5 @@
-// A whole file read into memory at once, into a buffer that is not cleared first and serves again.
+// A whole file read into memory at once, into a buffer that is not cleared first and is used again. No service itself;
+// it is kept here, next to Files, because the program and the codecs read photos with it and share no other folder.
 #pragma once
 
 #include <cstddef>
@@ -26,8 +27,8 @@ class FileBytes {
     return *this;
   }
 
-  // Replaces what was held; nothing is held where it raises. Raises as opening and reading do, error 6 above Limit,
-  // error 7 where memory runs out.
+  // Replaces what was held; nothing is held where it raises. Raises as opening and reading do, Overflow above Limit,
+  // OutOfMemory where memory runs out.
   void Read(Files& files, const std::string& path);
   void Read(File& file);
 

@@ -8,7 +8,7 @@ namespace pixorra {
 
 // Fields that a reader or writer may leave as Init set them are not listed.
 struct JPEG_CORE_PROPERTIES {
-  // The surface: rows `DIBWidth` pixels long with `DIBPadBytes` behind each. A negative height means that the rows lie
+  // The surface: rows `DIBWidth` pixels long, each followed by `DIBPadBytes` bytes. With a negative height the rows are
   // bottom-up in memory.
   std::uint8_t* DIBBytes = nullptr;
   std::int32_t DIBWidth = 0;
@@ -53,7 +53,7 @@ inline constexpr int BufferReadEighth = 19;
 class JpegCodec {
  public:
   virtual ~JpegCodec() = default;
-  // Each gives a status, 0 for success. ijlFree is called once for each ijlInit that succeeded.
+  // Each returns a status, 0 for success, and raises nothing. ijlFree is called once for each ijlInit that succeeded.
   virtual int ijlInit(JPEG_CORE_PROPERTIES& record) = 0;
   virtual int ijlFree(JPEG_CORE_PROPERTIES& record) = 0;
   virtual int ijlRead(JPEG_CORE_PROPERTIES& record, int mode) = 0;

@@ -13,16 +13,18 @@ namespace pixorra {
 class Pictures {
  public:
   virtual ~Pictures() = default;
-  // Reads a bitmap, GIF (its first frame) or JPEG file, told by its first bytes, at its own size. Raises 53 and 75
-  // where the file cannot be read, 481 where it is no picture or is damaged beyond showing, 7 where memory runs out.
+  // Reads a bitmap, GIF (its first frame) or JPEG file, recognised by its first bytes, at its own size. Raises
+  // FileNotFound and PathAccess where the file cannot be read, BadPicture where it is no picture or so damaged that
+  // there is nothing to show, OutOfMemory where memory runs out.
   virtual Picture Load(const std::string& path) = 0;
-  // The picture in such a file's bytes. Raises 481 and 7, as Load does.
+  // The picture in such a file's bytes. Raises BadPicture and OutOfMemory, as Load does.
   virtual Picture FromBytes(std::span<const std::uint8_t> file) = 0;
-  // A 24-bit bottom-up bitmap file: 54 bytes of header, then the rows. Raises 380 for nothing.
+  // A 24-bit bottom-up bitmap file: 54 bytes of header, then the rows. Raises BadPropertyValue for a
+  // picture that is nothing.
   virtual std::vector<std::uint8_t> BitmapFile(const Picture& picture) = 0;
-  // Writes such a file. Raises 380 for nothing, else as files do.
+  // Writes such a file. Raises as BitmapFile does, else as Files do.
   virtual void Save(const Picture& picture, const std::string& path) = 0;
-  // Writes it, and gives what Load would make of it: the file is not read for that.
+  // Writes it, and returns what Load would make of it without reading the file again. Raises as Save does.
   virtual Picture SaveAndLoad(const Picture& picture, const std::string& path) = 0;
 };
 
@@ -30,7 +32,7 @@ class Pictures {
 class Artwork {
  public:
   virtual ~Artwork() = default;
-  // Raises 53 for a name that does not exist.
+  // Raises FileNotFound for a name that does not exist.
   virtual Picture Drawing(const std::string& name, int width, int height) = 0;
 };
 

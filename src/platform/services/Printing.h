@@ -10,7 +10,7 @@
 namespace pixorra {
 
 // The current printer. Lengths are twips (1440 to the inch) in scale mode 1, from the top left of the printable area.
-// Any of the drawing operations starts a document; they raise error 482 where the printer cannot be had.
+// Any of the drawing operations starts a document; they raise Printer where the printer cannot be had.
 class PrintSurface {
  public:
   virtual ~PrintSurface() = default;
@@ -47,9 +47,9 @@ class Printing {
  public:
   virtual ~Printing() = default;
   virtual std::vector<std::string> PrinterNames() = 0;
-  // Error 482 where there is no such printer.
+  // Raises Printer where there is no such printer.
   virtual void SetCurrentPrinter(const std::string& name) = 0;
-  // The current printer follows the system's default from now on, or stays.
+  // True: the current printer is the system's default from now on. False: it stays what it is.
   virtual void SetTrackDefault(bool track) = 0;
   // Empty where the host has no printer.
   virtual std::string CurrentPrinterName() = 0;

@@ -1,5 +1,5 @@
-// Photos that are wanted soon, got ready while the program is busy with others. It is a matter of time alone: whatever
-// was got ready, or was not, the pictures, the messages and their order are the same.
+// Photos that are wanted soon are decoded while the program is busy with others. Only time is saved by it: the
+// pictures, the messages and their order are the same, whichever photos are decoded in time.
 #pragma once
 
 #include <string>
@@ -13,12 +13,12 @@ class ReadAhead {
   enum class Reader { FilmStrip, OpenFolder };
 
   virtual ~ReadAhead() = default;
-  // How many photos ahead a reader may name; 0 where nothing is ever got ready.
+  // How many photos ahead a reader may name; 0 where nothing is ever decoded ahead.
   virtual int Depth() const = 0;
-  // The photos that the reader wants next, in order, each at 1/scale of its size (1, 2, 4 or 8); they take the place of
-  // those that it named before. None lets go of all. Raises nothing.
+  // The photos that the reader wants next, in order, each at 1/scale of its size (1, 2, 4 or 8), in place of those that
+  // it named before; an empty list for no more. Raises nothing.
   virtual void Expect(Reader reader, const std::vector<std::string>& paths, int scale) = 0;
-  // False while an expected photo is still being got ready. True for all others, and for those that never will be.
+  // False while an expected photo is still being decoded. True for all others, and for those that cannot be decoded.
   virtual bool IsReady(const std::string& path, int scale) = 0;
 };
 

@@ -1,4 +1,4 @@
-// Text on bitmaps: how large it comes out, and drawing it.
+// Text on bitmaps: how large it is, and drawing it.
 #pragma once
 
 #include <string>
@@ -24,7 +24,7 @@ class TextDrawing {
  public:
   virtual ~TextDrawing() = default;
   virtual TextExtent Measure(const Font& font, const std::string& text) = 0;
-  // Left and top of the text's box, in pixels.
+  // `left` and `top` are those of the text's box, in pixels.
   virtual void Draw(Bitmap& target, const Font& font, double left, double top, const std::string& text,
                     Colour colour) = 0;
 };
