@@ -1,5 +1,6 @@
 #include "app/Preferences.h"
 
+#include "base/Dialog.h"
 #include "base/Routines.h"
 #include "desktop/FolderSlots.h"
 #include "pictures/Painting.h"
@@ -40,8 +41,7 @@ void ApplyToSlot(MainForm& main, int slot) {
 void PreferenceMenuItem_Click(MainForm& main) {
   const bool verb = main.host.registry.KeyExists(registry::ClassesRoot, FolderVerbKey);
   main.preferences.AddFolderShortcutCheckbox.SetValue(verb ? 1 : 0);
-  main.preferences.Window.CentreOn(&main.Window);
-  main.preferences.Window.ShowModal(&main.Window);
+  ShowDialog(main.preferences.Window, main.Window);
   ApplyPicturePattern(main);
 }
 

@@ -11,6 +11,7 @@
 #include "window/CoreState.h"
 #include "window/FilmStripState.h"
 #include "window/MainForm.h"
+#include "window/ModelessForms.h"
 #include "window/PreferencesForm.h"
 
 namespace pixorra {
@@ -26,6 +27,7 @@ void Form_QueryUnload(MainForm& main) {
 }
 
 void Form_Unload(MainForm& main) {
+  main.modeless.UnloadAll();
   main.preferences.Window.Unload();
   QuickThumbsOf(main).DeleteQuickThumbs(main.strip.CameraLocation);
   ClearFilmStrip(main);

@@ -1,7 +1,6 @@
 #include "drop/DuplicateAskForm.h"
 
-#include <cstdint>
-
+#include "base/Dialog.h"
 #include "base/FileDateTime.h"
 #include "base/Routines.h"
 #include "base/ShownNames.h"
@@ -20,11 +19,8 @@ namespace pixorra {
 
 namespace {
 
-// Replies of the buttons.
-constexpr std::int16_t Waiting = 0;
-constexpr std::int16_t DeleteOriginal = 1;
-constexpr std::int16_t DeleteTheDuplicate = 2;
-constexpr std::int16_t Ignore = -1;
+// Which of the two files is to be deleted.
+enum class ToDelete { None, Original, Duplicate };
 
 constexpr int Margin = 12;
 constexpr int PreviewWidth = 240;
@@ -33,23 +29,22 @@ constexpr int SideWidth = 260;
 
 struct DuplicateAskForm {
   explicit DuplicateAskForm(Toolkit& toolkit);
-  void Reply(std::int16_t answer);
 
-  std::int16_t reply = Waiting;
   Form Window;
-  Label CaptionLabel;
-  ImageBox PhotoPreview;
-  Label PhotoSize;
-  Frame OriginalFrame;
-  Label PhotoName1;
-  Label PhotoDate1;
-  Frame DuplicateFrame;
-  Label PhotoName2;
-  Label PhotoDate2;
-  CommandButton DeleteOriginalButton;
-  CommandButton DeleteDuplicateButton;
-  CommandButton IgnoreButton;
-  CommandButton HelpButton;
+  Label CaptionLabel{Window, "CaptionLabel"};
+  ImageBox PhotoPreview{Window, "PhotoPreview"};
+  Label PhotoSize{Window, "PhotoSize"};
+  Frame OriginalFrame{Window, "OriginalFrame"};
+  Label PhotoName1{OriginalFrame, "PhotoName1"};
+  Label PhotoDate1{OriginalFrame, "PhotoDate1"};
+  Frame DuplicateFrame{Window, "DuplicateFrame"};
+  Label PhotoName2{DuplicateFrame, "PhotoName2"};
+  Label PhotoDate2{DuplicateFrame, "PhotoDate2"};
+  CommandButton DeleteOriginalButton{Window, "DeleteOriginalButton"};
+  CommandButton DeleteDuplicateButton{Window, "DeleteDuplicateButton"};
+  CommandButton IgnoreButton{Window, "IgnoreButton"};
+  CommandButton HelpButton{Window, "HelpButton"};
+  Dialog<ToDelete> Question{Window, ToDelete::None};  // closing the window decides nothing
 
  private:
   void PlaceSide(Frame& frame, const char* caption, int top, Label& name, Label& date);
@@ -81,21 +76,7 @@ void DuplicateAskForm::PlaceButtons(int top, int width) {
   HelpButton.SetEnabled(false);  // waits for its page
 }
 
-DuplicateAskForm::DuplicateAskForm(Toolkit& toolkit)
-    : Window(toolkit, "DuplicateAskForm"),
-      CaptionLabel(Window, "CaptionLabel"),
-      PhotoPreview(Window, "PhotoPreview"),
-      PhotoSize(Window, "PhotoSize"),
-      OriginalFrame(Window, "OriginalFrame"),
-      PhotoName1(OriginalFrame, "PhotoName1"),
-      PhotoDate1(OriginalFrame, "PhotoDate1"),
-      DuplicateFrame(Window, "DuplicateFrame"),
-      PhotoName2(DuplicateFrame, "PhotoName2"),
-      PhotoDate2(DuplicateFrame, "PhotoDate2"),
-      DeleteOriginalButton(Window, "DeleteOriginalButton"),
-      DeleteDuplicateButton(Window, "DeleteDuplicateButton"),
-      IgnoreButton(Window, "IgnoreButton"),
-      HelpButton(Window, "HelpButton") {
+DuplicateAskForm::DuplicateAskForm(Toolkit& toolkit) : Window(toolkit, "DuplicateAskForm") {
   const int width = 3 * Margin + PreviewWidth + SideWidth;
   CaptionLabel.SetCaption("Duplicate Photo Found");
   CaptionLabel.SetFont({"", 12, true});
@@ -112,18 +93,9 @@ DuplicateAskForm::DuplicateAskForm(Toolkit& toolkit)
   const int buttons = top + PreviewHeight + 22 + Margin;
   PlaceButtons(buttons, width);
   Window.SetClientSize(width, buttons + 28 + Margin);
-  Connect(DeleteOriginalButton.On().Click, [this](Control&) { Reply(DeleteOriginal); });
-  Connect(DeleteDuplicateButton.On().Click, [this](Control&) { Reply(DeleteTheDuplicate); });
-  Connect(IgnoreButton.On().Click, [this](Control&) { Reply(Ignore); });
-  // Closing the window decides nothing: both files stay.
-  Connect(Window.On().Unload, [this](Control&) {
-    if (reply == Waiting) reply = Ignore;
-  });
-}
-
-void DuplicateAskForm::Reply(std::int16_t answer) {
-  reply = answer;
-  Window.Hide();
+  Question.AnswerBy(DeleteOriginalButton, ToDelete::Original);
+  Question.AnswerBy(DeleteDuplicateButton, ToDelete::Duplicate);
+  Question.AnswerBy(IgnoreButton, ToDelete::None);
 }
 
 std::string DateText(MainForm& main, const std::string& path) {
@@ -146,13 +118,14 @@ std::string DeleteDuplicate(MainForm& main, const std::string& equalFile, const 
   const std::string parent = ParentPathOf(equalFile);
   form.Window.SetCaption("Duplicate Photo Found in [" +
                          ShownFolderName(files, IsRootPath(parent) ? parent : StripTrailingBackslash(parent)) + "]");
-  form.Window.CentreOn(&main.Window);
-  form.Window.ShowModal(&main.Window);
-  main.host.toolkit.WaitUntil([&] { return form.reply != Waiting; });
-  const std::int16_t reply = form.reply;
-  form.Window.Unload();
-  if (reply == DeleteOriginal) return equalFile;
-  if (reply == DeleteTheDuplicate) return newFile;
+  switch (form.Question.Ask(main.Window)) {
+    case ToDelete::Original:
+      return equalFile;
+    case ToDelete::Duplicate:
+      return newFile;
+    case ToDelete::None:
+      break;
+  }
   return {};
 }
 

@@ -2,6 +2,7 @@
 
 #include <string_view>
 
+#include "base/Dialog.h"
 #include "base/Routines.h"
 #include "base/ShownNames.h"
 #include "drop/Naming.h"
@@ -39,18 +40,35 @@ class RenameAskForm {
 
   MainForm& main_;
   Form window_;
-  Label heading_;
-  Label before_;
-  Label ExistsName;
-  Label behind_;
-  Label explanation_;
-  TextBox AlwaysName;
-  CommandButton AlwaysNameButton;
-  TextBox UniqueName;
-  CommandButton UniqueNameButton;
-  CommandButton CancelButton;
-  CommandButton HelpButton;
-  std::string reply_;  // empty until a button is pressed
+  Label heading_{window_, "HeadingLabel"};
+  Label before_{window_, "BeforeLabel"};
+  Label ExistsName{window_, "ExistsName"};
+  Label behind_{window_, "BehindLabel"};
+  Label explanation_{window_, "ExplanationLabel"};
+  TextBox AlwaysName{window_, "AlwaysName"};
+  CommandButton AlwaysNameButton{window_, "AlwaysNameButton"};
+  TextBox UniqueName{window_, "UniqueName"};
+  CommandButton UniqueNameButton{window_, "UniqueNameButton"};
+  CommandButton CancelButton{window_, "CancelButton"};
+  CommandButton HelpButton{window_, "HelpButton"};
+  Dialog<std::string> question_{window_, "CANCEL"};
+};
+
+// Gives the focus back to the control that had it, when the dialog has gone.
+class FocusGivenBack {
+ public:
+  explicit FocusGivenBack(Toolkit& toolkit) {
+    if (Control* const focus = toolkit.Focus()) before_ = Watch<Control>(*focus);
+  }
+  ~FocusGivenBack() {
+    // Events that ran meanwhile may have hidden it.
+    if (before_ && before_->Enabled() && before_->IsShown()) before_->SetFocus();
+  }
+  FocusGivenBack(const FocusGivenBack&) = delete;
+  FocusGivenBack& operator=(const FocusGivenBack&) = delete;
+
+ private:
+  Watch<Control> before_;
 };
 
 std::string WithoutEnd(const std::string& text, std::size_t bytes) {
@@ -63,20 +81,7 @@ bool IsRefused(int character) {
   return character > 0 && character < 0x80 && refused.find(static_cast<char>(character)) != std::string_view::npos;
 }
 
-RenameAskForm::RenameAskForm(MainForm& main)
-    : main_(main),
-      window_(main.host.toolkit, "RenameAskForm"),
-      heading_(window_, "HeadingLabel"),
-      before_(window_, "BeforeLabel"),
-      ExistsName(window_, "ExistsName"),
-      behind_(window_, "BehindLabel"),
-      explanation_(window_, "ExplanationLabel"),
-      AlwaysName(window_, "AlwaysName"),
-      AlwaysNameButton(window_, "AlwaysNameButton"),
-      UniqueName(window_, "UniqueName"),
-      UniqueNameButton(window_, "UniqueNameButton"),
-      CancelButton(window_, "CancelButton"),
-      HelpButton(window_, "HelpButton") {
+RenameAskForm::RenameAskForm(MainForm& main) : main_(main), window_(main.host.toolkit, "RenameAskForm") {
   window_.SetCaption("Photo Name Already Exists");
   PlaceControls();
   ConnectControls();
@@ -128,8 +133,13 @@ void RenameAskForm::ConnectName(TextBox& box, CommandButton& button) {
     UniqueNameButton.SetDefault(&button == &UniqueNameButton);
   });
   Connect(button.On().Click, [this, &box](Control&) {
-    reply_ = box.Text();
-    window_.Hide();
+    if (box.Text().empty()) {
+      // Deliberate: an empty box closes the dialog all the same, and only the program's end can then end the wait for
+      // an answer.
+      window_.Hide();
+    } else {
+      question_.Give(box.Text());
+    }
   });
 }
 
@@ -137,18 +147,10 @@ void RenameAskForm::ConnectControls() {
   ConnectName(AlwaysName, AlwaysNameButton);
   ConnectName(UniqueName, UniqueNameButton);
   AlwaysNameButton.SetDefault(true);
-  Connect(CancelButton.On().Click, [this](Control&) {
-    reply_ = "CANCEL";
-    window_.Hide();
-  });
-  // Closed by its frame: as good as Cancel.
-  Connect(window_.On().QueryUnload, [this](Control&) {
-    if (window_.Visible()) reply_ = "CANCEL";
-  });
+  question_.AnswerBy(CancelButton, "CANCEL");
 }
 
 std::string RenameAskForm::Ask(const std::string& path) {
-  reply_.clear();
   Files& files = main_.host.files;
   const std::string folder = ParentPathOf(path);
   const std::string name = FileNameOf(path);
@@ -158,17 +160,14 @@ std::string RenameAskForm::Ask(const std::string& path) {
   ExistsName.SetCaption(ShownFileName(files, WithoutEnd(path, extension.size())));
   AlwaysName.SetText(WithoutEnd(always, extension.size()));
   UniqueName.SetText(WithoutEnd(unique, extension.size()));
-  window_.CentreOn(&main_.Window);
+  const FocusGivenBack focus(main_.host.toolkit);
   // What is typed takes the place of the first name offered.
   AlwaysName.SetFocus();
   AlwaysName.Select(0, static_cast<int>(AlwaysName.Text().size()));
-  window_.ShowModal(&main_.Window);
-  // An empty box closes the dialog all the same and leaves nothing that could end this wait but the program's end.
-  main_.host.toolkit.WaitUntil([&] { return !reply_.empty(); });
-  std::string chosen;
-  if (!reply_.empty() && UCase(reply_) != "CANCEL") chosen = JoinPath(folder, reply_ + extension);
-  window_.Unload();
-  return chosen;
+  const std::string answer = question_.Ask(main_.Window);
+  // Deliberate: a typed "cancel", in letters of any case, is no name either.
+  if (answer.empty() || UCase(answer) == "CANCEL") return {};
+  return JoinPath(folder, answer + extension);
 }
 
 }  // namespace

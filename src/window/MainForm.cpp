@@ -8,6 +8,7 @@
 #include "window/DropState.h"
 #include "window/FilmStripState.h"
 #include "window/MenuBar.h"
+#include "window/ModelessForms.h"
 #include "window/PicturesState.h"
 #include "window/PreferencesForm.h"
 #include "window/PreviewState.h"
@@ -34,6 +35,7 @@ struct MainForm::Regions {
   DropState drop;
   PicturesState pictures;
   PreferencesForm preferences;
+  ModelessForms modeless;
 };
 
 MainForm::MainForm(Host& services)
@@ -47,7 +49,8 @@ MainForm::MainForm(Host& services)
       desk(regions_->desk),
       drop(regions_->drop),
       pictures(regions_->pictures),
-      preferences(regions_->preferences) {
+      preferences(regions_->preferences),
+      modeless(regions_->modeless) {
   host.toolkit.SetTones(palette::Tones);
   host.toolkit.SetHand(Drawing(host, "HandPointer", 32, 32));
   Window.SetTwipsWidth(11730);

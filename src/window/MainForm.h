@@ -24,6 +24,7 @@
 namespace pixorra {
 
 class MenuBar;
+class ModelessForms;
 struct CoreState;
 struct DesktopState;
 struct DropState;
@@ -57,6 +58,7 @@ struct MainForm {
   DropState& drop;
   PicturesState& pictures;
   PreferencesForm& preferences;
+  ModelessForms& modeless;
 };
 
 }  // namespace pixorra
