@@ -1,9 +1,8 @@
 #include "app/Preferences.h"
 
 #include "base/Dialog.h"
-#include "base/Routines.h"
 #include "desktop/FolderSlots.h"
-#include "pictures/Painting.h"
+#include "desktop/ShownFolders.h"
 #include "platform/services/Registry.h"
 #include "window/CoreState.h"
 #include "window/DesktopState.h"
@@ -22,17 +21,7 @@ void ApplyToSlot(MainForm& main, int slot) {
   FileListBox& list = desk.DestFolderFiles(slot);
   list.SetPattern(main.core.PicturePattern);
   list.Refresh();
-  if (slot != TrashcanSlot) {
-    ImageBox& preview = desk.DestFolderPreview(slot);
-    if (list.ListCount() == 0) {
-      preview.SetPicture(desk.DestFolderPreview(0).GetPicture());
-      preview.SetVisible(false);
-    } else {
-      bool bDragged = false;
-      PaintThumbnail(main, preview, JoinPath(list.Path(), list.List(list.ListCount() - 1)), bDragged);
-      preview.SetVisible(true);
-    }
-  }
+  if (slot != TrashcanSlot) ShowNewestPhoto(main, slot, list.Path(), desk.DestFolderPreview(0).GetPicture());
   ShowFolderCount(main.desk, slot);
 }
 

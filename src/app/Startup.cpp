@@ -5,6 +5,7 @@
 #include "app/Preferences.h"
 #include "app/Shutdown.h"
 #include "app/Wiring.h"
+#include "base/Bars.h"
 #include "base/Routines.h"
 #include "desktop/FolderSlots.h"
 #include "desktop/OpenFolderView.h"
@@ -91,11 +92,6 @@ void StartTimers(MainForm& main) {
   main.strip.ThumbsTimer.SetEnabled(true);
   main.strip.AutoScrollPending = false;
   main.strip.AutoScrollTimer.SetEnabled(true);
-}
-
-void TakeFocusOff(ScrollBar& bar) {
-  bar.SetEnabled(false);
-  bar.SetEnabled(true);
 }
 
 void Form_Load(MainForm& main) {

@@ -1,4 +1,4 @@
-// Where the folder slots and the cells of the open folder stand, as numbers alone. All in pixels.
+// Where the folder slots and the cells of the open folder lie, as numbers alone. All in pixels.
 #pragma once
 
 #include "platform/controls/Geometry.h"
@@ -25,13 +25,13 @@ int RowStepOf(const FolderGrid& grid);
 // The controls of slots 1 to 8.
 Spot FolderIconPlace(const FolderGrid& grid, int slot);
 Spot FolderCountPlace(const FolderGrid& grid, int slot);
-// The name is centred, so its width, pixels, tells where it begins.
+// The name is centred, so where it begins depends on its width, pixels.
 Spot FolderNamePlace(const FolderGrid& grid, int slot, int nameWidth);
 // The width that a name must not pass.
 int FolderNameWidth(const FolderGrid& grid);
 Spot FolderPreviewPlace(const FolderGrid& grid, int slot, bool open);
 
-// The Trashcan, in the ninth place of the grid, and what stands around it.
+// The Trashcan, in the ninth place of the grid, and what lies around it.
 struct TrashcanPlaces {
   Spot Icon;
   Spot Count;
@@ -49,8 +49,8 @@ Spot CellPlace(int cell, int pageBase, int columns);
 int PageBaseFor(int barValue, int columns);
 // The canvas's top for the bar's value: it makes up for the page, so that nothing jumps when it turns.
 double CanvasTopFor(int barValue, int pageBase, int columns);
-// The bar's Max for so many cells in a window of that height, before LeastBarMax is minded. Raises error 6 past 16
-// bits.
+// The bar's Max for so many cells in a window of that height, before it is raised to LeastBarMax. Raises Overflow
+// past 16 bits.
 int BarMaxFor(int cells, int columns, int windowHeight);
 
 }  // namespace pixorra

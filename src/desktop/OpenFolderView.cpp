@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "base/Bars.h"
 #include "base/ShownNames.h"
 #include "desktop/FolderGeometry.h"
 #include "desktop/FolderSlots.h"
@@ -19,6 +20,12 @@ namespace pixorra {
 
 namespace {
 
+// Pixels: of a thumbnail in its cell, from a thumbnail to its name, and what the canvas has below its last cell.
+constexpr int ThumbnailInset = 7;
+constexpr int NameGap = 1;
+constexpr int RoomBelowNewCell = 23;
+constexpr int RoomBelowCells = 230;
+
 int Columns(const DesktopState& desk) {
   return std::max(1, desk.DestColumns);
 }
@@ -33,9 +40,9 @@ void PlaceThumbnail(DesktopState& desk, int cell) {
   const ImageBox& background = desk.DestBackground(cell);
   ImageBox& thumbnail = desk.DestThumbnail(cell);
   Label& name = desk.DestThumbName(cell);
-  thumbnail.Move(background.Left() + 7, background.Top() + 7);
+  thumbnail.Move(background.Left() + ThumbnailInset, background.Top() + ThumbnailInset);
   thumbnail.SetVisible(true);
-  name.Move(thumbnail.Left(), thumbnail.Top() + thumbnail.Height() + 1);
+  name.Move(thumbnail.Left(), thumbnail.Top() + thumbnail.Height() + NameGap);
   name.SetVisible(true);
   name.BringToFront();
 }
@@ -71,7 +78,7 @@ void ShowSlotCount(DesktopState& desk) {
 void FollowSelection(MainForm& main) {
   DesktopState& desk = main.desk;
   int selected = 0;
-  ErrorsIgnored([&] { selected = CLng(Val(desk.DestThumbFrame.Tag())); });
+  ErrorsIgnored([&] { selected = SelectedCell(desk); });
   if (!desk.DestThumbnail.IsLoaded(selected) || !desk.DestThumbnail(selected).Visible()) {
     ResetPreview(main, ApplicationTitle);
     return;
@@ -91,13 +98,8 @@ void ScrollView(MainForm& main) {
   PlaceCanvas(desk);
 }
 
-void TakeFocusOff(ScrollBar& bar) {
-  bar.SetEnabled(false);
-  bar.SetEnabled(true);
-}
-
 LoadedPaths::PathOf CellPaths(DesktopState& desk) {
-  return [&desk](int cell) -> const std::string& { return desk.DestThumbnail(cell).Tag(); };
+  return [&desk](int cell) -> const std::string& { return PhotoOf(desk, cell); };
 }
 
 }  // namespace
@@ -132,7 +134,7 @@ void AddDestThumbnail(MainForm& main, const std::string& path) {
   desk.DestThumbName(cell).SetCaption(ShownBaseName(main.host.files, path));
   desk.DestThumbName(cell).SetToolTipText(ShownFileName(main.host.files, path));
   PlaceThumbnail(desk, cell);
-  FitCanvasHeight(desk, 23);
+  FitCanvasHeight(desk, RoomBelowNewCell);
   FitScrollbar(desk);
   // Clearing left the canvas at the window's top edge, a row too low; the first cell brings it to the bar's place.
   if (cell == 1) PlaceCanvas(desk);
@@ -151,7 +153,7 @@ void Redisplay_DestThumbnails(MainForm& main) {
     PlaceBackground(desk, i);
     PlaceThumbnail(desk, i);
   }
-  FitCanvasHeight(desk, 230);
+  FitCanvasHeight(desk, RoomBelowCells);
   FitScrollbar(desk);
   if (selected) FollowSelection(main);
 }
@@ -199,25 +201,34 @@ void DeleteDestThumbnail(DesktopState& desk, int index) {
   --desk.DestSlotCount;
   ShowSlotCount(desk);
   desk.loadedPaths.Clear();
-  for (int i = 1; i <= desk.DestSlotCount; ++i) desk.loadedPaths.Add(desk.DestThumbnail(i).Tag(), i);
+  for (int i = 1; i <= desk.DestSlotCount; ++i) desk.loadedPaths.Add(PhotoOf(desk, i), i);
   if (desk.OpenFolderIndex == 0) return;
   desk.DestFileList.Refresh();
   desk.DestFolderFiles(desk.OpenFolderIndex).Refresh();
   ShowFolderCount(desk, desk.OpenFolderIndex);
 }
 
+void RemoveDestPhoto(DesktopState& desk, const std::string& path, const Picture& blank) {
+  for (int i = 1; i <= desk.DestSlotCount; ++i) {
+    if (PhotoOf(desk, i) != path) continue;
+    // Blank first, so that no stale picture is seen while the folder is read again.
+    desk.DestThumbnail(i).SetPicture(blank);
+    DeleteDestThumbnail(desk, i);
+    return;
+  }
+}
+
 void DestScrollbar_Change(MainForm& main) {
   ScrollBar& bar = main.desk.DestScrollbar;
-  if (bar.Tag() == "BUSY") return;
+  if (ScrollInProgress::On(bar)) return;
   ScrollView(main);
   TakeFocusOff(bar);
 }
 
 void DestScrollbar_Scroll(MainForm& main) {
   ScrollBar& bar = main.desk.DestScrollbar;
-  bar.SetTag("BUSY");
+  const ScrollInProgress scroll(bar);
   ScrollView(main);
-  bar.SetTag("");
 }
 
 void DestThumbnail_MouseDown(MainForm& main, int index, int /*mouseButton*/) {
@@ -228,7 +239,7 @@ void DestThumbnail_MouseDown(MainForm& main, int index, int /*mouseButton*/) {
   desk.DestThumbFrame.SetVisible(true);
   main.strip.SrcThumbFrame.SetVisible(false);
   desk.DestThumbFrame.SetTag(TrimmedStr(index));
-  PaintPicPreview(main, thumbnail.Tag());
+  PaintPicPreview(main, PhotoOf(desk, index));
   main.preview.bPicEdited = false;
 }
 

@@ -6,6 +6,7 @@
 
 namespace pixorra {
 
+class Picture;
 struct DesktopState;
 struct MainForm;
 
@@ -16,8 +17,10 @@ std::vector<std::string> NextDestThumbFiles(DesktopState& desk, int most);
 void AddDestThumbnail(MainForm& main, const std::string& path);
 void ClearDestThumbnails(MainForm& main);
 void Redisplay_DestThumbnails(MainForm& main);
-// The cells behind it move up; 0 does nothing.
+// Deletes a cell; those after it move up. 0 does nothing.
 void DeleteDestThumbnail(DesktopState& desk, int index);
+// The cell of the photo at the full path, if there is one, is blanked with the picture and deleted.
+void RemoveDestPhoto(DesktopState& desk, const std::string& path, const Picture& blank);
 // A cell's photo has another path now. The only way to set a cell's Tag.
 void SetDestCellPath(DesktopState& desk, int index, const std::string& path);
 void DestScrollbar_Change(MainForm& main);

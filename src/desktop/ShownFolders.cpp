@@ -25,7 +25,7 @@ void Warn(MainForm& main, const std::string& title, const std::string& text) {
   main.host.dialogs.MsgBox(text, BoxIcon::Exclamation, BoxButtons::Ok, title);
 }
 
-// Looks no further than the first FoldersShown slots: with a gap in the slots, a folder beyond it is not noticed.
+// Deliberate: only the first FoldersShown slots are searched. With a gap in the slots, a folder beyond it is not noticed.
 int SlotShowing(const DesktopState& desk, const std::string& path) {
   for (int i = 1; i <= desk.FoldersShown; ++i) {
     if (desk.DestFolderFiles(i).Path() == path && desk.DestFolder(i).Visible()) return i;
@@ -38,21 +38,6 @@ int FirstFreeSlot(const DesktopState& desk) {
     if (!desk.DestFolder(i).Visible()) return i;
   }
   return 0;
-}
-
-void ShowNewest(MainForm& main, int slot, const std::string& path) {
-  DesktopState& desk = main.desk;
-  const FileListBox& list = desk.DestFolderFiles(slot);
-  ImageBox& preview = desk.DestFolderPreview(slot);
-  if (list.ListCount() > 0) {
-    bool bDragged = false;
-    PaintThumbnail(main, preview, JoinPath(path, list.List(list.ListCount() - 1)), bDragged);
-    preview.SetVisible(true);
-  } else {
-    preview.SetPicture(Picture());
-    preview.SetVisible(false);
-  }
-  ShowFolderCount(desk, slot);
 }
 
 void FillSlot(MainForm& main, int slot, const std::string& path) {
@@ -72,10 +57,24 @@ void FillSlot(MainForm& main, int slot, const std::string& path) {
   desk.DestFolder(slot).SetVisible(true);
   desk.DestPicsCount(slot).SetVisible(true);
   desk.DestFolderName(slot).SetVisible(true);
-  ShowNewest(main, slot, path);
+  ShowNewestPhoto(main, slot, path, Picture());
+  ShowFolderCount(desk, slot);
 }
 
 }  // namespace
+
+void ShowNewestPhoto(MainForm& main, int slot, const std::string& folder, const Picture& whenEmpty) {
+  const FileListBox& list = main.desk.DestFolderFiles(slot);
+  ImageBox& preview = main.desk.DestFolderPreview(slot);
+  if (list.ListCount() == 0) {
+    preview.SetPicture(whenEmpty);
+    preview.SetVisible(false);
+  } else {
+    bool bDragged = false;
+    PaintThumbnail(main, preview, JoinPath(folder, list.List(list.ListCount() - 1)), bDragged);
+    preview.SetVisible(true);
+  }
+}
 
 int Display_a_New_Folder(MainForm& main, const std::string& path) {
   DesktopState& desk = main.desk;

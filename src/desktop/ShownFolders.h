@@ -5,6 +5,7 @@
 
 namespace pixorra {
 
+class Picture;
 struct MainForm;
 
 // Puts a folder on the Desktop and returns its slot; the slot that shows it already, after a message; 0, after a
@@ -12,5 +13,9 @@ struct MainForm;
 int Display_a_New_Folder(MainForm& main, const std::string& path);
 // Takes the open folder off the Desktop. No file is touched.
 void Remove_Open_Folder(MainForm& main);
+
+// The last photo of the slot's list, in the folder by the spelling given, becomes the folder's preview. That of an empty
+// list takes the other picture and is hidden.
+void ShowNewestPhoto(MainForm& main, int slot, const std::string& folder, const Picture& whenEmpty);
 
 }  // namespace pixorra

@@ -2,7 +2,6 @@
 
 #include "platform/runtime/AtExit.h"
 #include "platform/runtime/Errors.h"
-#include "platform/runtime/Numbers.h"
 #include "platform/runtime/Text.h"
 #include "platform/services/Dialogs.h"
 #include "preview/PreviewPane.h"
@@ -16,10 +15,6 @@
 namespace pixorra {
 
 namespace {
-
-bool IsAllButton(const Control& source) {
-  return UCase(source.Name()) == "ALLBUTTON";
-}
 
 bool ShowsOnClick(const MainForm& main) {
   return main.preferences.AutoPreviewCheckBox.Value() == 1;
@@ -35,6 +30,10 @@ BoxAnswer AskInDrag(MainForm& main, const std::string& text, BoxIcon icon, BoxBu
 
 }  // namespace
 
+bool IsAllButton(const Control& source) {
+  return UCase(source.Name()) == "ALLBUTTON";
+}
+
 void DragOverFolder(MainForm& main, Control& source, DragState state) {
   if (state == DragState::Enter) source.SetDragIcon(main.drop.DropIcon);
   if (state == DragState::Leave) source.SetDragIcon(IsAllButton(source) ? main.drop.ReelDragIcon : Picture());
@@ -45,21 +44,18 @@ void SrcThumbnail_DragOver(MainForm& main, int index, Control& source, DragState
   source.SetDragIcon(Picture());
   if (index <= 0) return;
   FilmStripState& strip = main.strip;
-  const ImageBox& thumbnail = strip.SrcThumbnail(index);
   main.desk.DestThumbFrame.SetVisible(false);
-  strip.SrcThumbFrame.Move(thumbnail.Left(), thumbnail.Top());
-  strip.SrcThumbFrame.SetVisible(true);
-  strip.SrcThumbFrame.SetTag(TrimmedStr(index));
+  SelectSlot(strip, index);
   strip.SrcScrollbar.SetFocus();
-  if (ShowsOnClick(main)) PaintPicPreview(main, thumbnail.Tag());
+  if (ShowsOnClick(main)) PaintPicPreview(main, PhotoOf(strip, index));
 }
 
 void SrcThumbnail_DragDrop(MainForm& main) {
   FilmStripState& strip = main.strip;
   int selected = 0;
-  ErrorsIgnored([&] { selected = CLng(Val(strip.SrcThumbFrame.Tag())); });
+  ErrorsIgnored([&] { selected = SelectedSlot(strip); });
   if (!ShowsOnClick(main) && selected > 0 && strip.SrcThumbnail.IsLoaded(selected)) {
-    PaintPicPreview(main, strip.SrcThumbnail(selected).Tag());
+    PaintPicPreview(main, PhotoOf(strip, selected));
   }
   main.preview.bPicEdited = false;
 }

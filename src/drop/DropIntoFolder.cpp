@@ -4,6 +4,7 @@
 #include "desktop/FolderSlots.h"
 #include "desktop/OpenFolder.h"
 #include "desktop/ShownFolders.h"
+#include "drop/DragGestures.h"
 #include "drop/Duplicates.h"
 #include "drop/FileTransfer.h"
 #include "drop/Naming.h"
@@ -13,7 +14,6 @@
 #include "platform/controls/Toolkit.h"
 #include "platform/runtime/Errors.h"
 #include "platform/runtime/Numbers.h"
-#include "platform/runtime/Text.h"
 #include "platform/services/Dialogs.h"
 #include "platform/services/Files.h"
 #include "window/DesktopState.h"
@@ -26,12 +26,14 @@ namespace pixorra {
 
 namespace {
 
+// A view of fewer cells than that is shown from its start after a drop, a longer one from its end.
+constexpr int CellsThatScroll = 8;
 // Seconds between an answer of the rename dialog and the next look at the name.
 constexpr double RenamePause = 0.3;
 // A folder that takes none of so many names, though they looked free, takes none.
 constexpr int MostNames = 100;
 
-// What a drop is about. Dialogs and waits let the loop run, and anything may have changed when they end.
+// What a drop is about. Dialogs and waits let events run, and anything may have changed when they return.
 struct Drop {
   int Slot = 0;
   std::string Folder;
@@ -39,13 +41,15 @@ struct Drop {
   Watch<ImageBox> Source;
 };
 
-// The hourglass stands from a drop's start to its end, and so does the sign of a run, whatever ends it.
+enum class Dropped { OnePhoto, WholeStrip };
+
+// The hourglass is shown from a drop's start to its end, whatever ends it, and DropAllRunning is set during a run.
 class WhileDropping {
  public:
-  WhileDropping(MainForm& main, bool all)
+  WhileDropping(MainForm& main, Dropped what)
       : main_(main), pointer_(main.Window.MousePointer()), running_(main.drop.DropAllRunning) {
     main_.Window.SetMousePointer(pointer::Hourglass);
-    if (all) main_.drop.DropAllRunning = true;
+    if (what == Dropped::WholeStrip) main_.drop.DropAllRunning = true;
   }
   // A drop within another one leaves both as the other needs them.
   ~WhileDropping() {
@@ -61,7 +65,7 @@ class WhileDropping {
   bool running_;
 };
 
-bool StillStands(const MainForm& main, const Drop& drop) {
+bool IsStillPossible(const MainForm& main, const Drop& drop) {
   return !main.host.toolkit.Ended() && drop.Source && drop.Source->Tag() == drop.Photo &&
          IsSlotInUse(main.desk, drop.Slot) && main.desk.DestFolderFiles(drop.Slot).Path() == drop.Folder;
 }
@@ -75,7 +79,7 @@ void TakeVanishedFolderOff(MainForm& main, const Drop& drop, int openBefore) {
   Select_a_Folder(main, openBefore);
 }
 
-// By the naming policy; empty: the drop is over.
+// The copy's full path, by the naming policy; empty: the drop is over.
 std::string ChooseDestination(MainForm& main, const Drop& drop, const std::string& name) {
   Files& files = main.host.files;
   std::string destination = MakeUniqueName(files, drop.Folder, name);
@@ -84,7 +88,7 @@ std::string ChooseDestination(MainForm& main, const Drop& drop, const std::strin
   destination = JoinPath(drop.Folder, name);
   while (files.NameTaken(destination)) {
     destination = RenameNewPhoto(main, destination);
-    if (destination.empty() || !main.host.toolkit.WaitFor(RenamePause) || !StillStands(main, drop)) return {};
+    if (destination.empty() || !main.host.toolkit.WaitFor(RenamePause) || !IsStillPossible(main, drop)) return {};
   }
   return destination;
 }
@@ -96,22 +100,23 @@ void ShowCopyFailure(MainForm& main, const Drop& drop) {
                            BoxIcon::Exclamation, BoxButtons::Ok, "Pixorra - Unable to Drop Photo");
 }
 
-// The thumbnail as it stands while it is clean; one that bears the dragged shading is painted afresh.
+// The preview takes the thumbnail's picture. One with the shading of dragged photos is of no use: the photo is painted
+// anew.
 void ShowNewArrival(MainForm& main, const Drop& drop) {
   ImageBox& preview = main.desk.DestFolderPreview(drop.Slot);
-  if (main.strip.SrcThumbName(drop.Source->Index()).Tag().empty()) {
+  if (!IsMarked(main.strip, drop.Source->Index())) {
     preview.SetPicture(drop.Source->GetPicture());
   } else {
     bool bDragged = false;
     PaintThumbnail(main, preview, drop.Photo, bDragged);
   }
-  // The first photo of an empty folder that is open came by way of its view.
+  // It was hidden where the folder was empty and the photo was dropped on its open view.
   preview.SetVisible(true);
 }
 
 void ShowEndOfView(DesktopState& desk) {
   ScrollBar& bar = desk.DestScrollbar;
-  bar.SetValue(desk.DestSlotCount < 8 ? bar.Min() : bar.Max());
+  bar.SetValue(desk.DestSlotCount < CellsThatScroll ? bar.Min() : bar.Max());
 }
 
 void RefreshLists(DesktopState& desk, int slot) {
@@ -126,17 +131,18 @@ void SettleDuplicate(MainForm& main, const Drop& drop, std::string newFile) {
   const std::string equalFile = FindDuplicate(main.host.files, main.desk.DestFolderFiles(drop.Slot), newFile);
   if (equalFile.empty()) return;
   ResolveDuplicate(main, equalFile, newFile, drop.Slot);
-  if (StillStands(main, drop)) RefreshLists(main.desk, drop.Slot);
+  if (IsStillPossible(main, drop)) RefreshLists(main.desk, drop.Slot);
 }
 
-// Each step by itself: one that fails is passed over.
-void TellOfArrival(MainForm& main, const Drop& drop, const std::string& destination) {
+// What follows the copy: preview, lists, duplicates (which may delete a file), count, view, mark and the memory of the
+// drop. Each step by itself: one that fails is passed over.
+void FinishDrop(MainForm& main, const Drop& drop, const std::string& destination) {
   DesktopState& desk = main.desk;
   if (drop.Slot != TrashcanSlot) ErrorsIgnored([&] { ShowNewArrival(main, drop); });
-  if (!StillStands(main, drop)) return;
+  if (!IsStillPossible(main, drop)) return;
   RefreshLists(desk, drop.Slot);
   ErrorsIgnored([&] { SettleDuplicate(main, drop, destination); });
-  if (!StillStands(main, drop)) return;
+  if (!IsStillPossible(main, drop)) return;
   ErrorsIgnored([&] { ShowFolderCount(main.desk, drop.Slot); });
   if (drop.Slot == desk.OpenFolderIndex) ErrorsIgnored([&] { ShowEndOfView(desk); });
   ErrorsIgnored([&] { MarkDragged(main, *drop.Source.Get()); });
@@ -170,9 +176,9 @@ class Run {
   std::string strip_;
 };
 
-// Dead slots have no photo, and marked ones had their turn.
+// Dead slots have no photo, and marked ones have been dropped already.
 bool WaitsForItsTurn(const FilmStripState& strip, int i) {
-  return strip.SrcThumbName(i).Tag().empty() && !strip.SrcThumbnail(i).Tag().empty();
+  return !IsMarked(strip, i) && !PhotoOf(strip, i).empty();
 }
 
 void DropWholeStrip(MainForm& main, int slot) {
@@ -181,7 +187,7 @@ void DropWholeStrip(MainForm& main, int slot) {
   const int last = strip.SrcSlotCount;
   for (int i = 1; i <= last; ++i) {
     if (!WaitsForItsTurn(strip, i)) continue;
-    // The strip runs along with the work.
+    // The strip is scrolled to the photo whose turn it is.
     ErrorsIgnored([&] {
       const double left = strip.SrcBackground(i).Left();
       strip.SrcScrollbar.SetValue(CInt((left - 2 * SrcFrameWidth) / 2));
@@ -196,15 +202,15 @@ void DropWholeStrip(MainForm& main, int slot) {
 
 void DropOnFolder(MainForm& main, int slot, Control& source) {
   main.drop.DropAllAbort = false;
-  if (UCase(source.Name()) != "ALLBUTTON") {
+  if (!IsAllButton(source)) {
     auto* photo = dynamic_cast<ImageBox*>(&source);
     if (photo == nullptr) return;
-    const WhileDropping dropping(main, false);
+    const WhileDropping dropping(main, Dropped::OnePhoto);
     CopyDraggedPhoto(main, slot, *photo);
     return;
   }
   if (main.strip.SrcSlotCount == 0) return;
-  const WhileDropping dropping(main, true);
+  const WhileDropping dropping(main, Dropped::WholeStrip);
   DropWholeStrip(main, slot);
 }
 
@@ -230,7 +236,7 @@ void CopyDraggedPhoto(MainForm& main, int slot, ImageBox& source) {
     ShowCopyFailure(main, drop);
     return;
   }
-  TellOfArrival(main, drop, destination);
+  FinishDrop(main, drop, destination);
 }
 
 }  // namespace pixorra

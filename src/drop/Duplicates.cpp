@@ -80,7 +80,7 @@ std::string FindDuplicate(Files& files, const FileListBox& list, std::string& ne
   if (list.ListCount() == 0) return {};
   ContentComparison comparison(files, newFile);
   for (int i = 0; i < list.ListCount(); ++i) {
-    std::string candidate = JoinPath(list.Path(), list.List(i));
+    std::string candidate = list.FullPath(i);
     if (candidate == newFile || !comparison.SameContent(candidate)) continue;
     // A link is no copy. A hard link, and another spelling on a disk that ignores case, is the new file itself.
     if (!files.IsLink(candidate) && !files.IsSameFile(candidate, newFile)) return candidate;
@@ -114,28 +114,20 @@ void ResolveDuplicate(MainForm& main, const std::string& equalFile, const std::s
   if (equalFile.empty() || newFile.empty()) return;
   const PreferencesForm& preferences = main.preferences;
   if (preferences.DuplicatesAllowOption.Value()) return;
-  std::string goes;
-  if (preferences.DuplicatesAutoOption.Value()) goes = newFile;
+  Files& files = main.host.files;
+  std::string toDelete;
+  if (preferences.DuplicatesAutoOption.Value()) toDelete = newFile;
   if (preferences.DuplicatesAskOption.Value()) {
-    goes = DeleteDuplicate(main, equalFile, newFile);
-    if (goes.empty() || !AreStillEqual(main.host.files, equalFile, newFile)) return;
+    toDelete = DeleteDuplicate(main, equalFile, newFile);
+    if (toDelete.empty() || !AreStillEqual(files, equalFile, newFile)) return;
   }
-  if (goes.empty() || !IsDurable(main.host.files, goes == newFile ? equalFile : newFile)) return;
-  DesktopState& desk = main.desk;
-  if (slot == desk.OpenFolderIndex) {
-    for (int i = 1; i <= desk.DestSlotCount; ++i) {
-      if (desk.DestThumbnail(i).Tag() != goes) continue;
-      // Blank first, so that no stale picture stands while the folder is read again.
-      desk.DestThumbnail(i).SetPicture(main.pictures.InvalidPicture);
-      DeleteDestThumbnail(desk, i);
-      break;
-    }
-  }
+  if (toDelete.empty() || !IsDurable(files, toDelete == newFile ? equalFile : newFile)) return;
+  if (slot == main.desk.OpenFolderIndex) RemoveDestPhoto(main.desk, toDelete, main.pictures.InvalidPicture);
   ErrorsIgnored([&] {
-    // A host may let go of a file that is write-protected; such a one stays.
-    const std::optional<int> attributes = main.host.files.Attributes(goes);
+    // Deliberate: a file that is write-protected stays, also where the host would delete it.
+    const std::optional<int> attributes = files.Attributes(toDelete);
     if (attributes && (*attributes & attribute::ReadOnly) != 0) return;
-    main.host.files.Delete(goes);
+    files.Delete(toDelete);
   });
 }
 

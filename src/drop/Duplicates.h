@@ -1,4 +1,4 @@
-// Duplicates: is a photo that has just come into a folder there already, and which of the two goes.
+// Duplicates: is a photo that has just come into a folder there already, and which of the two is deleted.
 #pragma once
 
 #include <memory>
@@ -10,11 +10,11 @@ class FileListBox;
 class Files;
 struct MainForm;
 
-// Do two files hold the same bytes? The lengths must be equal; the very first byte is not compared, as it never was, so
-// that files of one byte or none are all the same. Reading ends at the first difference. Raises what files raise.
+// Whether two files hold the same bytes. The lengths must be equal. Deliberate: the first byte is not compared, so files
+// of one byte or none are all the same. Reading ends at the first difference. Raises what files raise.
 class ContentComparison {
  public:
-  // Opens the file that others are held against.
+  // Opens the file that others are compared with.
   ContentComparison(Files& files, const std::string& path);
   ~ContentComparison();
   bool SameContent(const std::string& candidate);

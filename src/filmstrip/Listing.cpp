@@ -37,20 +37,28 @@ void SetSrcSlotPath(FilmStripState& strip, int slot, const std::string& path) {
 
 namespace {
 
+// Pixels: of a thumbnail in its frame, from a thumbnail to its name, and what the canvas and the bar's range have beyond
+// the last frame.
+constexpr int ThumbnailInset = 10;
+constexpr int ThumbnailDrop = 17;
+constexpr int NameGap = 1;
+constexpr int RoomBesideFrames = 74;
+constexpr int RoomToScroll = 120;
+
 void PlaceBackground(FilmStripState& strip, int slot, int position) {
   ImageBox& background = strip.SrcBackground(slot);
   background.Move((position - strip.SrcPageBase) * SrcFrameWidth + SrcFrameWidth, 0);
   background.SetVisible(true);
 }
 
-// On the slot's background, wherever that stands.
+// On the slot's background, wherever that is.
 void PlaceThumbnail(FilmStripState& strip, int slot) {
   const ImageBox& background = strip.SrcBackground(slot);
   ImageBox& thumbnail = strip.SrcThumbnail(slot);
   Label& name = strip.SrcThumbName(slot);
-  thumbnail.Move(background.Left() + 10, background.Top() + 17);
+  thumbnail.Move(background.Left() + ThumbnailInset, background.Top() + ThumbnailDrop);
   thumbnail.SetVisible(true);
-  name.Move(thumbnail.Left(), thumbnail.Top() + thumbnail.Height() + 1);
+  name.Move(thumbnail.Left(), thumbnail.Top() + thumbnail.Height() + NameGap);
   name.SetVisible(true);
   name.BringToFront();
 }
@@ -64,10 +72,10 @@ void PlaceSrcSlot(FilmStripState& strip, int slot, int position) {
 
 void FitSrcCanvas(FilmStripState& strip, int lastSlot, int shown) {
   const ImageBox& last = strip.SrcBackground(lastSlot);
-  ErrorsIgnored([&] { strip.SrcCanvas.SetWidth(last.Left() + last.Width() + 74); });
-  // Past 16 bits the assignment fails and the former Max stands. A strip that fits its window goes back to its start
+  ErrorsIgnored([&] { strip.SrcCanvas.SetWidth(last.Left() + last.Width() + RoomBesideFrames); });
+  // Past 16 bits the assignment fails and the former Max is kept. A strip that fits its window goes back to its start
   // by the first of the two.
-  const double max = (shown * static_cast<double>(SrcFrameWidth) - strip.SrcThumbsWindow.ScaleWidth() + 120) / 2;
+  const double max = (shown * static_cast<double>(SrcFrameWidth) - strip.SrcThumbsWindow.ScaleWidth() + RoomToScroll) / 2;
   ErrorsIgnored([&] { strip.SrcScrollbar.SetMax(max); });
   ErrorsIgnored([&] {
     if (strip.SrcScrollbar.Max() < LeastBarMax) strip.SrcScrollbar.SetMax(LeastBarMax);

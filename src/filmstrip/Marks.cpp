@@ -24,7 +24,7 @@ void MarkDragged(MainForm& main, ImageBox& thumbnail) {
 int CheckDraggedPhotos(const FilmStripState& strip) {
   int count = 0;
   for (int i = 1; i <= strip.SrcSlotCount; ++i) {
-    if (!strip.SrcThumbName(i).Tag().empty()) ++count;
+    if (IsMarked(strip, i)) ++count;
   }
   return count;
 }
@@ -33,7 +33,7 @@ void SrcBackground_DblClick(MainForm& main, int slot) {
   FilmStripState& strip = main.strip;
   ImageBox& thumbnail = strip.SrcThumbnail(slot);
   Label& name = strip.SrcThumbName(slot);
-  if (name.Tag().empty()) {
+  if (!IsMarked(strip, slot)) {
     MarkDragged(main, thumbnail);
     return;
   }
@@ -48,7 +48,7 @@ void SrcBackground_DblClick(MainForm& main, int slot) {
 }
 
 void SrcBackground_MouseMove(MainForm& main, int slot) {
-  const bool marked = !main.strip.SrcThumbName(slot).Tag().empty();
+  const bool marked = IsMarked(main.strip, slot);
   main.strip.SrcBackground(slot).SetToolTipText(marked ? "Double-Click to Recover Photo"
                                                        : "Double-Click to Discard Photo");
 }

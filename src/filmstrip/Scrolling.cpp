@@ -1,5 +1,6 @@
 #include "filmstrip/Scrolling.h"
 
+#include "base/Bars.h"
 #include "filmstrip/Views.h"
 #include "platform/runtime/Errors.h"
 #include "platform/runtime/Numbers.h"
@@ -11,6 +12,8 @@ namespace pixorra {
 
 namespace {
 
+// Pixels that one step of the auto scroll moves the strip while the next photo is marked too.
+constexpr int PastMarkedStep = 15;
 constexpr double PageWidth = SrcFramesPerPage * SrcFrameWidth;
 
 // The bar counts in units of 2 pixels, and slots are placed relative to a page of 50 frames: both keep long strips
@@ -32,19 +35,17 @@ void ScrollStrip(MainForm& main) {
 
 void SrcScrollbar_Change(MainForm& main) {
   FilmStripState& strip = main.strip;
-  if (strip.SrcScrollbar.Tag() == "BUSY") return;
+  if (ScrollInProgress::On(strip.SrcScrollbar)) return;
   ScrollStrip(main);
   strip.AutoScrollPending = false;
-  strip.SrcScrollbar.SetEnabled(false);
-  strip.SrcScrollbar.SetEnabled(true);
+  TakeFocusOff(strip.SrcScrollbar);
 }
 
 void SrcScrollbar_Scroll(MainForm& main) {
   FilmStripState& strip = main.strip;
-  strip.SrcScrollbar.SetTag("BUSY");
+  const ScrollInProgress scroll(strip.SrcScrollbar);
   ScrollStrip(main);
   strip.AutoScrollPending = false;
-  strip.SrcScrollbar.SetTag("");
 }
 
 void AutoScrollStep(MainForm& main) {
@@ -60,9 +61,9 @@ void AutoScrollStep(MainForm& main) {
     rightEdge = left + background.Width();
     if (rightEdge > 0 && left < strip.SrcThumbsWindow.Width()) first = i;
   }
-  if (first == 0 || strip.SrcThumbName(first).Tag().empty()) return;
+  if (first == 0 || !IsMarked(strip, first)) return;
   int step = CLng(rightEdge / 10.0 + 1);
-  if (first < strip.SrcSlotCount && !strip.SrcThumbName(first + 1).Tag().empty()) step = 15;
+  if (first < strip.SrcSlotCount && IsMarked(strip, first + 1)) step = PastMarkedStep;
   ErrorsIgnored([&] { strip.SrcScrollbar.SetValue((2 * strip.SrcScrollbar.Value() + step) / 2.0); });
   // The change of the bar has taken this for a move by the user.
   strip.AutoScrollPending = true;

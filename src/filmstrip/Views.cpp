@@ -1,5 +1,6 @@
 #include "filmstrip/Views.h"
 
+#include "base/Bars.h"
 #include "filmstrip/Listing.h"
 #include "platform/runtime/Errors.h"
 #include "platform/runtime/Numbers.h"
@@ -17,7 +18,7 @@ void HideSlot(FilmStripState& strip, int slot) {
   strip.SrcThumbName(slot).SetVisible(false);
 }
 
-// Puts the slots that `shows` names one after the other from the strip's start; tells how many there are.
+// Puts the slots that `shows` names one after the other from the strip's start; returns how many there are.
 template <typename Shows>
 int PlaceSlots(FilmStripState& strip, const Shows& shows) {
   int position = 0;
@@ -43,7 +44,7 @@ void ShowArranged(MainForm& main, int shown) {
 void FollowSelection(MainForm& main) {
   FilmStripState& strip = main.strip;
   ErrorsIgnored([&] {
-    const int selected = CLng(Val(strip.SrcThumbFrame.Tag()));
+    const int selected = SelectedSlot(strip);
     const ImageBox& thumbnail = strip.SrcThumbnail(selected);
     if (thumbnail.Visible()) {
       strip.SrcThumbFrame.Move(thumbnail.Left(), thumbnail.Top());
@@ -59,7 +60,7 @@ void FollowSelection(MainForm& main) {
 void ScrollToSelection(MainForm& main) {
   FilmStripState& strip = main.strip;
   ErrorsIgnored([&] {
-    const int selected = CLng(Val(strip.SrcThumbFrame.Tag()));
+    const int selected = SelectedSlot(strip);
     const ImageBox& thumbnail = strip.SrcThumbnail(selected);
     if (!strip.SrcThumbFrame.Visible() || !thumbnail.Visible()) return;
     strip.SrcThumbFrame.Move(thumbnail.Left(), thumbnail.Top());
@@ -87,7 +88,7 @@ void Redisplay_FilmStrip(MainForm& main) {
 void ArrangeAll(MainForm& main) {
   FilmStripState& strip = main.strip;
   if (strip.SrcSlotCount == 0) return;
-  const int shown = PlaceSlots(strip, [&](int i) { return !strip.SrcThumbnail(i).Tag().empty(); });
+  const int shown = PlaceSlots(strip, [&](int i) { return !PhotoOf(strip, i).empty(); });
   ShowArranged(main, shown);
   if (strip.SrcThumbFrame.Visible()) FollowSelection(main);
 }
@@ -98,7 +99,7 @@ void ArrangeRemaining(MainForm& main) {
   const bool selected = strip.SrcThumbFrame.Visible();
   strip.SrcThumbFrame.SetVisible(false);
   const int shown = PlaceSlots(
-      strip, [&](int i) { return !strip.SrcThumbnail(i).Tag().empty() && strip.SrcThumbName(i).Tag().empty(); });
+      strip, [&](int i) { return !PhotoOf(strip, i).empty() && !IsMarked(strip, i); });
   ShowArranged(main, shown);
   if (selected) FollowSelection(main);
 }
@@ -120,8 +121,7 @@ void ClearFilmStrip(MainForm& main) {
   strip.SrcCanvas.Refresh();
   strip.SrcScrollbar.SetLargeChange(1);
   strip.SrcScrollbar.SetMax(LeastBarMax);
-  strip.SrcScrollbar.SetEnabled(false);
-  strip.SrcScrollbar.SetEnabled(true);
+  TakeFocusOff(strip.SrcScrollbar);
 }
 
 void AllOption_Click(MainForm& main) {

@@ -5,7 +5,6 @@
 #include "pictures/Painting.h"
 #include "pictures/QuickThumbs.h"
 #include "platform/runtime/Errors.h"
-#include "platform/runtime/Numbers.h"
 #include "platform/runtime/Text.h"
 #include "platform/services/Files.h"
 #include "platform/services/Shell.h"
@@ -43,11 +42,11 @@ void ShowCaption(PreviewState& preview) {
 // The selected thumbnail of the film strip takes the photo as it now is, with its mark.
 void RepaintSrcThumbnail(MainForm& main) {
   FilmStripState& strip = main.strip;
-  const int i = CLng(Val(strip.SrcThumbFrame.Tag()));
+  const int i = SelectedSlot(strip);
   ImageBox& thumbnail = strip.SrcThumbnail(i);
   const Watch<ImageBox> alive(thumbnail);
   bool bDragged = false;
-  PaintThumbnail(main, thumbnail, main.preview.PicPreview.Tag(), bDragged);
+  PaintThumbnail(main, thumbnail, SelectedPhoto(main.preview), bDragged);
   if (!alive) return;
   const std::string mark = strip.SrcThumbName(i).Tag();
   if (!mark.empty()) ShadeThumbnail(thumbnail);
@@ -56,9 +55,9 @@ void RepaintSrcThumbnail(MainForm& main) {
 }
 
 void RepaintDestThumbnail(MainForm& main) {
-  const int i = CLng(Val(main.desk.DestThumbFrame.Tag()));
+  const int i = SelectedCell(main.desk);
   bool bDragged = false;
-  PaintThumbnail(main, main.desk.DestThumbnail(i), main.preview.PicPreview.Tag(), bDragged);
+  PaintThumbnail(main, main.desk.DestThumbnail(i), SelectedPhoto(main.preview), bDragged);
 }
 
 }  // namespace
@@ -101,22 +100,22 @@ void ResetPreview(MainForm& main, const std::string& toolTip) {
 
 void PicPreview_MouseMove(MainForm& main) {
   PreviewState& preview = main.preview;
-  const bool selected = !preview.PicPreview.Tag().empty();
+  const bool selected = !SelectedPhoto(preview).empty();
   preview.PicPreview.SetMousePointer(pointer::Custom);
   preview.PicPreview.SetMouseIcon(selected ? main.desk.DestFolder(0).MouseIcon() : main.drop.NotReadyIcon);
   if (!preview.PicPreviewSize.Caption().empty()) ShowCaption(preview);
 }
 
 void SelectedPhotoMenu_Click(MainForm& main) {
-  const std::string& selected = main.preview.PicPreview.Tag();
+  const std::string& selected = SelectedPhoto(main.preview);
   if (selected.empty()) return;
   main.menu.SelectedEditMenuItem.SetCaption("Edit with \"" + EditorName(main, selected) + "\"");
 }
 
 void AutoPicPreviewTimer_Timer(MainForm& main) {
   PreviewState& preview = main.preview;
-  if (!preview.bPicEdited || preview.PicPreview.Tag().empty()) return;
-  PaintPicPreview(main, std::string(preview.PicPreview.Tag()));
+  if (!preview.bPicEdited || SelectedPhoto(preview).empty()) return;
+  PaintPicPreview(main, std::string(SelectedPhoto(preview)));
   if (main.strip.SrcThumbFrame.Visible()) RepaintSrcThumbnail(main);
   if (main.desk.DestThumbFrame.Visible()) RepaintDestThumbnail(main);
 }

@@ -2,6 +2,7 @@
 
 #include "base/Definition.h"
 #include "base/Palette.h"
+#include "platform/runtime/Numbers.h"
 
 namespace pixorra {
 
@@ -76,6 +77,10 @@ void DesktopState::DefineView(Host& host) {
   DestThumbName(0).SetFont({"", 8, false});
   DestThumbFrame.SetBorder(palette::Selection, 3);
   DestThumbFrame.SetVisible(false);
+}
+
+int SelectedCell(const DesktopState& desk) {
+  return CLng(Val(desk.DestThumbFrame.Tag()));
 }
 
 }  // namespace pixorra

@@ -77,4 +77,11 @@ struct DesktopState {
   void DefineView(Host& host);
 };
 
+// The full path of the photo in a cell of the open folder's view, from 1.
+inline const std::string& PhotoOf(const DesktopState& desk, int cell) {
+  return desk.DestThumbnail(cell).Tag();
+}
+// The cell that was selected last, 0 before the first; DestThumbFrame is visible while it is selected still.
+int SelectedCell(const DesktopState& desk);
+
 }  // namespace pixorra

@@ -2,6 +2,7 @@
 
 #include "base/Definition.h"
 #include "base/Palette.h"
+#include "platform/runtime/Numbers.h"
 
 namespace pixorra {
 
@@ -81,6 +82,18 @@ void FilmStripState::DefineButtons(Host& host) {
   AutoScrollOption.SetToolTipText("Auto Scroll dragged photos");
   AutoScrollOption.Move(128, 14, 48, 17);
   AutoScrollOption.SetValue(true);
+}
+
+int SelectedSlot(const FilmStripState& strip) {
+  return CLng(Val(strip.SrcThumbFrame.Tag()));
+}
+
+// The frame moves to the slot's thumbnail.
+void SelectSlot(FilmStripState& strip, int slot) {
+  const ImageBox& thumbnail = strip.SrcThumbnail(slot);
+  strip.SrcThumbFrame.Move(thumbnail.Left(), thumbnail.Top());
+  strip.SrcThumbFrame.SetVisible(true);
+  strip.SrcThumbFrame.SetTag(TrimmedStr(slot));
 }
 
 }  // namespace pixorra

@@ -74,4 +74,16 @@ struct FilmStripState {
   void DefineButtons(Host& host);
 };
 
+// Of a slot, from 1. The full path of its photo; empty: it has gone, and the slot is dead.
+inline const std::string& PhotoOf(const FilmStripState& strip, int slot) {
+  return strip.SrcThumbnail(slot).Tag();
+}
+// Its photo has been dragged.
+inline bool IsMarked(const FilmStripState& strip, int slot) {
+  return !strip.SrcThumbName(slot).Tag().empty();
+}
+// The slot that was selected last, 0 before the first; SrcThumbFrame is visible while it is selected still.
+int SelectedSlot(const FilmStripState& strip);
+void SelectSlot(FilmStripState& strip, int slot);
+
 }  // namespace pixorra

@@ -30,4 +30,9 @@ struct PreviewState {
   Timer PicPreviewSizeAutoClrTimer{window_, "PicPreviewSizeAutoClrTimer", 2000};
 };
 
+// The full path of the selected photo; empty where none is selected.
+inline const std::string& SelectedPhoto(const PreviewState& preview) {
+  return preview.PicPreview.Tag();
+}
+
 }  // namespace pixorra

@@ -27,6 +27,8 @@ class FileListBox : public Control {
 
   int ListCount() const { return static_cast<int>(names_.size()); }
   const std::string& List(int index) const;  // raises error 9 outside the list
+  // The entry's name in the list's folder.
+  std::string FullPath(int index) const { return path_ + (path_.ends_with('\\') ? "" : "\\") + List(index); }
   // Changes whenever the names may have changed.
   unsigned Generation() const { return generation_; }
 
