@@ -147,6 +147,16 @@ std::vector<std::string> FaultyFiles::Names(const std::string& folder, const std
   return names;
 }
 
+std::vector<std::string> FaultyFiles::Folders(const std::string& folder, int attributes) {
+  const int number = Strike(FileCall::Folders, folder);
+  if (number != 0) throw RuntimeError(number);
+  if (IsAway(folder)) throw RuntimeError(error::PathNotFound);
+  std::vector<std::string> names = inner_.Folders(folder, attributes);
+  std::erase_if(names,
+                [&](const std::string& name) { return IsAway(folder + (folder.ends_with('\\') ? "" : "\\") + name); });
+  return names;
+}
+
 std::optional<int> FaultyFiles::Attributes(const std::string& path) {
   if (Strike(FileCall::Attributes, path) != 0 || IsAway(path)) return std::nullopt;
   return inner_.Attributes(path);

@@ -34,6 +34,7 @@ enum class FileCall {
   LastWriteTime,
   SetTimes,
   FolderPath,
+  Folders,
 };
 
 class FaultyFiles : public Files {
@@ -60,6 +61,7 @@ class FaultyFiles : public Files {
   int Count(FileCall call) const;
 
   std::vector<std::string> Names(const std::string& folder, const std::string& pattern, int attributes) override;
+  std::vector<std::string> Folders(const std::string& folder, int attributes) override;
   std::optional<int> Attributes(const std::string& path) override;
   void SetAttributes(const std::string& path, int attributes) override;
   bool NameTaken(const std::string& path) override;

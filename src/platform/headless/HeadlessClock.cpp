@@ -25,6 +25,12 @@ void HeadlessClock::SetNow(const CalendarTime& time) {
   startMicroseconds_ = microseconds_;
 }
 
+std::int64_t HeadlessClock::CountFor(double seconds) {
+  constexpr double passesASecond = 10000;
+  AdvanceTo(Seconds() + seconds);
+  return std::llround(seconds * passesASecond);
+}
+
 void HeadlessClock::AdvanceTo(double seconds) {
   microseconds_ = std::max<std::int64_t>(microseconds_, std::llround(seconds * 1e6));
 }

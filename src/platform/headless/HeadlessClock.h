@@ -11,6 +11,8 @@ class HeadlessClock : public Clock {
  public:
   CalendarTime Now() override;
   double Seconds() override { return static_cast<double>(microseconds_) / 1e6; }
+  // Ten thousand to the second, as on a machine that has nothing else to do.
+  std::int64_t CountFor(double seconds) override;
 
   // The local time that it shows at this moment; it goes on from there as Seconds does.
   void SetNow(const CalendarTime& time);

@@ -1,11 +1,16 @@
 // Listing a folder.
 #include "platform/posix/FolderListing.h"
 
+#include <algorithm>
+#include <cerrno>
 #include <dirent.h>
 #include <fcntl.h>
 #include <memory>
 
+#include "platform/posix/HostErrors.h"
+#include "platform/posix/HostLookup.h"
 #include "platform/posix/HostNames.h"
+#include "platform/runtime/NaturalOrder.h"
 #include "platform/runtime/Text.h"
 #include "platform/services/Files.h"
 
@@ -21,7 +26,7 @@ Kind KindOf(mode_t mode) {
   return S_ISLNK(mode) ? Kind::Link : Kind::Other;
 }
 
-// Many file systems tell the kind with the name, which saves a look at each file.
+// Many file systems give the kind with the name, which saves a look at each file.
 Kind KindOf(int folder, const dirent& entry) {
   if (entry.d_type != DT_UNKNOWN) return KindOf(DTTOIF(entry.d_type));
   struct stat looked {};
@@ -44,6 +49,16 @@ bool IsListed(int folder, const dirent& entry, Kind kind, int attributes) {
   }
   if (kind == Kind::Folder) return (attributes & attribute::Directory) != 0;
   return kind == Kind::Ordinary || system;
+}
+
+bool IsFolder(int folder, const dirent& entry) {
+  const Kind kind = KindOf(folder, entry);
+  return kind == Kind::Folder || (kind == Kind::Link && KindBehind(folder, entry) == Kind::Folder);
+}
+
+[[noreturn]] void RaiseForFolder(int hostError) {
+  if (hostError == ENOENT) throw RuntimeError(error::PathNotFound);
+  RaiseHostError(hostError);
 }
 
 }  // namespace
@@ -76,6 +91,28 @@ std::vector<std::string> ListFolder(const std::string& folder, const std::string
     if (kind == Kind::Folder && leaveOut(start + hostName)) continue;
     names.push_back(std::move(name));
   }
+  return names;
+}
+
+std::vector<std::string> ListFolders(const PathMapping& mapping, const HostPath& folder, int attributes) {
+  const Located located = Locate(folder);
+  if (!located.Exists()) RaiseForFolder(located.Failure);
+  const std::string path = located.Path.Text();
+  const std::unique_ptr<DIR, int (*)(DIR*)> open(opendir(path.c_str()), closedir);
+  if (!open) RaiseForFolder(errno);
+  const std::string start = path == "/" ? path : path + '/';
+  std::vector<std::string> names;
+  errno = 0;
+  while (const dirent* entry = readdir(open.get())) {
+    const std::string hostName = static_cast<const char*>(entry->d_name);
+    const bool wanted = hostName[0] != '.' || (hostName != "." && hostName != ".." && (attributes & attribute::Hidden));
+    if (wanted && IsFolder(dirfd(open.get()), *entry) && !mapping.IsVolumeRoot(start + hostName))
+      names.push_back(NameFromHost(hostName));
+    errno = 0;
+  }
+  // A listing that breaks off is not a shorter one.
+  if (errno != 0) RaiseForFolder(errno);
+  std::sort(names.begin(), names.end(), NaturalLess);
   return names;
 }
 

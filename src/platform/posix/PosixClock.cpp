@@ -19,4 +19,12 @@ double PosixClock::Seconds() {
   return static_cast<double>(now.tv_sec) + static_cast<double>(now.tv_nsec) / 1e9;
 }
 
+std::int64_t PosixClock::CountFor(double seconds) {
+  constexpr timespec pause{0, 100000};
+  const double end = Seconds() + seconds;
+  std::int64_t count = 0;
+  for (; Seconds() < end; ++count) nanosleep(&pause, nullptr);
+  return count;
+}
+
 }  // namespace pixorra

@@ -9,6 +9,7 @@ class PosixClock : public Clock {
  public:
   CalendarTime Now() override;
   double Seconds() override;
+  std::int64_t CountFor(double seconds) override;
 };
 
 }  // namespace pixorra

@@ -84,6 +84,11 @@ std::vector<std::string> PosixFiles::Names(const std::string& folder, const std:
   return names;
 }
 
+std::vector<std::string> PosixFiles::Folders(const std::string& folder, int attributes) {
+  const PathMapping& mapping = mapping_->Current();
+  return ListFolders(mapping, mapping.ToHost(folder), attributes);
+}
+
 std::optional<int> PosixFiles::Attributes(const std::string& path) {
   std::optional<int> attributes;
   static_cast<void>(ErrorsIgnored([&] {

@@ -16,6 +16,7 @@ class PosixFiles : public Files {
   explicit PosixFiles(std::shared_ptr<MappingSource> mapping);
 
   std::vector<std::string> Names(const std::string& folder, const std::string& pattern, int attributes) override;
+  std::vector<std::string> Folders(const std::string& folder, int attributes) override;
   std::optional<int> Attributes(const std::string& path) override;
   void SetAttributes(const std::string& path, int attributes) override;
   bool NameTaken(const std::string& path) override;

@@ -20,8 +20,8 @@ inline constexpr int Directory = 16;
 inline constexpr int Archive = 32;
 }  // namespace attribute
 
-// Equal for as long as nobody writes the file or puts another in its place. A change within the same moment of the
-// disk's clock that keeps the length may go unseen.
+// Shows whether a file is still the one that was seen, unchanged: equal for as long as nobody writes it or puts another
+// in its place. A change within the same moment of the disk's clock that keeps the length may go unseen.
 struct FileStamp {
   std::uint64_t Disk = 0;
   std::uint64_t Number = 0;  // on its disk
@@ -62,10 +62,15 @@ class Files {
 
   // Names in a folder that match `pattern` (see MatchesPattern), in no order: ordinary files, and links to such, plus
   // what `attributes` adds (Hidden, System, Directory; never "." and ".."). A folder that cannot be read is empty.
-  // With System, a link counts as itself and not as what it leads to.
+  // With System, a link counts by itself and not as what it leads to.
   virtual std::vector<std::string> Names(const std::string& folder, const std::string& pattern, int attributes) = 0;
 
-  // The attributes of what is at the path, or nothing. A link counts as what it leads to; IsLink tells them apart.
+  // Names of the folders in a folder, and of links to folders, in the order of NaturalLess; hidden ones only where
+  // `attributes` has Hidden. Nothing else of them is looked at, so thousands of files beside them cost little. Raises
+  // PathNotFound, PathAccess for a folder that may not be read, DeviceIO.
+  virtual std::vector<std::string> Folders(const std::string& folder, int attributes) = 0;
+
+  // The attributes of what the path leads to, or nothing. A link counts as what it leads to; IsLink tells it apart.
   virtual std::optional<int> Attributes(const std::string& path) = 0;
   virtual void SetAttributes(const std::string& path, int attributes) = 0;
   bool FileExists(const std::string& path);    // an ordinary file, or a link to one
@@ -84,7 +89,8 @@ class Files {
   virtual std::unique_ptr<File> OpenOfLength(const std::string& path, std::int64_t length);
   // A file or a link itself; never a folder. Its name must be spelled as on the disk, unless the disk ignores case.
   virtual void Delete(const std::string& path) = 0;
-  virtual void Rename(const std::string& from, const std::string& to) = 0;  // raises FileExists where `to` is taken
+  // Raises FileExists where `to` is taken; never replaces.
+  virtual void Rename(const std::string& from, const std::string& to) = 0;
   // Puts `from` in the place of the file `to` in one step: whoever opens `to` finds the old file or the new one, whole.
   // For files that are the program's own.
   virtual void RenameOver(const std::string& from, const std::string& to) = 0;
@@ -105,8 +111,7 @@ class Files {
     std::string ShownName;
   };
   virtual std::vector<Drive> Drives() = 0;
-  // The path in the disk's own case and one spelling; raises PathNotFound where no such folder can be
-  // entered.
+  // The path in the disk's own case and one spelling; raises PathNotFound where no such folder can be entered.
   virtual std::string FolderPath(const std::string& path) = 0;
   // How a person here writes the path, and back: either spelling is taken.
   virtual std::string ShownPath(const std::string& path) = 0;

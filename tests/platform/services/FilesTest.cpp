@@ -15,6 +15,7 @@ class OneAnswer : public Files {
   std::optional<int> Attributes(const std::string&) override { return attributes_; }
 
   std::vector<std::string> Names(const std::string&, const std::string&, int) override { return {}; }
+  std::vector<std::string> Folders(const std::string&, int) override { return {}; }
   void SetAttributes(const std::string&, int) override {}
   bool NameTaken(const std::string&) override { return attributes_.has_value(); }
   bool IsLink(const std::string&) override { return false; }
