@@ -1,6 +1,7 @@
 #include "platform/headless/HeadlessBackend.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "platform/controls/Menu.h"
 #include "platform/controls/Toolkit.h"
@@ -32,7 +33,26 @@ void HeadlessBackend::RunDue() {
   Dispatch([this] { toolkit_->RunDueTimers(); });
 }
 
+void HeadlessBackend::Post(std::function<void()> call) {
+  const std::lock_guard lock(postedMutex_);
+  posted_.push_back(std::move(call));
+}
+
+// What these post in their turn has to wait for the next one. False where nothing had been posted.
+bool HeadlessBackend::RunPosted() {
+  std::vector<std::function<void()>> calls;
+  {
+    const std::lock_guard lock(postedMutex_);
+    calls.swap(posted_);
+  }
+  for (const std::function<void()>& call : calls) {
+    if (!toolkit_->Ended()) Dispatch(call);
+  }
+  return !calls.empty();
+}
+
 void HeadlessBackend::ProcessEvents() {
+  RunPosted();
   Dispatch([this] {
     if (script_.RunOne(Script::Moment::Events)) Stir();
   });
@@ -40,6 +60,10 @@ void HeadlessBackend::ProcessEvents() {
 }
 
 void HeadlessBackend::WaitForEvents(std::optional<double> seconds) {
+  if (RunPosted()) {
+    Stir();
+    return;
+  }
   bool reacted = false;
   Dispatch([&] { reacted = script_.RunOne(Script::Moment::Wait); });
   if (reacted) {
@@ -65,11 +89,13 @@ void HeadlessBackend::WaitForEvents(std::optional<double> seconds) {
 
 void HeadlessBackend::Advance(double seconds) {
   const double target = clock_.Seconds() + seconds;
+  RunPosted();
   while (!toolkit_->Ended()) {
     const std::optional<double> next = toolkit_->NextDeadline();
     if (!next || *next > target + 1e-6) break;
     clock_.AdvanceTo(*next);
     RunDue();
+    RunPosted();
   }
   clock_.AdvanceTo(target);
 }

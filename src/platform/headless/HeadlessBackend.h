@@ -4,6 +4,7 @@
 
 #include <functional>
 #include <memory>
+#include <mutex>
 #include <optional>
 #include <string>
 #include <vector>
@@ -14,12 +15,13 @@
 #include "platform/headless/HeadlessWindow.h"
 #include "platform/headless/Script.h"
 #include "platform/runtime/Errors.h"
+#include "platform/services/Posting.h"
 
 namespace pixorra {
 
 class Toolkit;
 
-class HeadlessBackend : public Backend {
+class HeadlessBackend : public Backend, public Posting {
  public:
   // Virtual seconds of waiting in which nobody acts, after which the program is taken to wait for ever.
   static constexpr double Patience = 600;
@@ -40,6 +42,9 @@ class HeadlessBackend : public Backend {
   void PopupMenu(Form& form, MenuItem& menu) override;
   void DragChanged() override { ++dragChanges_; }
   void PointerChanged(Form&) override {}
+
+  // What is posted runs when the program lets events run, or when time passes.
+  void Post(std::function<void()> call) override;
 
   // Lets time pass: every timer that comes due on the way runs at its own moment.
   void Advance(double seconds);
@@ -70,6 +75,7 @@ class HeadlessBackend : public Backend {
   void Add(HeadlessWindow& window) { windows_.push_back(&window); }
   void Remove(HeadlessWindow& window) { std::erase(windows_, &window); }
   void RunDue();
+  bool RunPosted();
   void GiveUp();
 
   HeadlessClock& clock_;
@@ -80,6 +86,8 @@ class HeadlessBackend : public Backend {
   Screen screen_{1280 * 15, 1024 * 15, 15, 15};
   std::vector<HeadlessWindow*> windows_;
   std::function<void(const RuntimeError&)> onError_;
+  std::mutex postedMutex_;
+  std::vector<std::function<void()>> posted_;
   std::optional<double> wakeAt_;
   std::string boxUp_;
   MenuItem* popup_ = nullptr;

@@ -12,6 +12,8 @@
 #include "platform/headless/HeadlessRegistry.h"
 #include "platform/headless/HeadlessSettings.h"
 #include "platform/headless/HeadlessShell.h"
+#include "platform/headless/HeadlessShipped.h"
+#include "platform/headless/HeadlessVolumes.h"
 #include "platform/headless/Person.h"
 #include "platform/headless/Script.h"
 #include "platform/headless/Surprises.h"
@@ -38,6 +40,9 @@ struct HeadlessPlatform {
   HeadlessShell shell;
   HeadlessRegistry registry;
   HeadlessSettings settings;
+  HeadlessShipped shipped;
+  HeadlessVolumes volumes;
+  Posting& posting = backend;
   Person person{toolkit, backend, dialogs, script, surprises};
 };
 

@@ -12,7 +12,9 @@
 #include "platform/qt/QtBackend.h"
 #include "platform/qt/QtClipboard.h"
 #include "platform/qt/QtDialogs.h"
+#include "platform/qt/QtPosting.h"
 #include "platform/qt/QtPrinting.h"
+#include "platform/qt/QtShipped.h"
 
 namespace pixorra {
 
@@ -39,6 +41,8 @@ struct QtPlatform::Parts {
   QtDialogs dialogs{backend};
   QtPrinting printing{backend};
   QtClipboard clipboard;
+  QtShipped shipped{backend.Art()};
+  QtPosting posting{backend};
 };
 
 QtPlatform::QtPlatform(int& argc, char** argv)
@@ -47,7 +51,9 @@ QtPlatform::QtPlatform(int& argc, char** argv)
       artwork(parts_->artwork),
       dialogs(parts_->dialogs),
       printing(parts_->printing),
-      clipboard(parts_->clipboard) {
+      clipboard(parts_->clipboard),
+      shipped(parts_->shipped),
+      posting(parts_->posting) {
   // The name of the desktop entry, by which a desktop tells whose windows these are.
   QGuiApplication::setDesktopFileName(QStringLiteral("pixorra"));
   QGuiApplication::setWindowIcon(ProgramIcon());

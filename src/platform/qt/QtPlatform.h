@@ -10,7 +10,9 @@
 #include "platform/services/Clipboard.h"
 #include "platform/services/Dialogs.h"
 #include "platform/services/Pictures.h"
+#include "platform/services/Posting.h"
 #include "platform/services/Printing.h"
+#include "platform/services/Shipped.h"
 
 namespace pixorra {
 
@@ -31,6 +33,8 @@ class QtPlatform {
   Dialogs& dialogs;
   Printing& printing;
   Clipboard& clipboard;
+  Shipped& shipped;
+  Posting& posting;
 
   // Handles events until the program ends; gives the exit code. An error that no handler wanted is shown in a box, and
   // the program goes on.

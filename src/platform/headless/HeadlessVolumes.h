@@ -1,0 +1,25 @@
+// Volumes that tests put in and take out.
+#pragma once
+
+#include <utility>
+
+#include "platform/services/Volumes.h"
+
+namespace pixorra {
+
+class HeadlessVolumes : public Volumes {
+ public:
+  std::vector<PlaceOfVolume> List() override { return volumes_; }
+  std::uint64_t Stamp() override { return stamp_; }
+
+  void Set(std::vector<PlaceOfVolume> volumes) {
+    volumes_ = std::move(volumes);
+    ++stamp_;
+  }
+
+ private:
+  std::vector<PlaceOfVolume> volumes_{{"File System", VolumeKind::FileSystem, "C:\\"}};
+  std::uint64_t stamp_ = 1;
+};
+
+}  // namespace pixorra

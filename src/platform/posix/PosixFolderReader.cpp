@@ -1,0 +1,114 @@
+#include "platform/posix/PosixFolderReader.h"
+
+#include <atomic>
+#include <condition_variable>
+#include <deque>
+#include <mutex>
+#include <system_error>
+#include <thread>
+#include <utility>
+
+#include "platform/posix/FolderListing.h"
+
+namespace pixorra {
+
+namespace {
+
+using Answer = FolderReader::Answer;
+
+struct Task {
+  std::function<Answer()> Look;
+  FolderReader::Handler Then;  // the program's thread alone touches it
+  std::atomic<bool> Cancelled = false;
+};
+
+class TaskReading : public FolderReader::Reading {
+ public:
+  explicit TaskReading(std::shared_ptr<Task> task) : task_(std::move(task)) {}
+  ~TaskReading() override {
+    task_->Cancelled = true;
+    task_->Then = {};
+  }
+  TaskReading(const TaskReading&) = delete;
+  TaskReading& operator=(const TaskReading&) = delete;
+
+ private:
+  std::shared_ptr<Task> task_;
+};
+
+void Deliver(Task& task, const Answer& answer) {
+  // The handler may end the reading, and itself with it.
+  if (const FolderReader::Handler then = std::exchange(task.Then, {})) then(answer);
+}
+
+}  // namespace
+
+// Outlives the reader for as long as one of its threads hangs.
+struct PosixFolderReader::Queue {
+  explicit Queue(Posting& loop) : Loop(&loop) {}
+
+  std::mutex Mutex;  // of all that follows
+  std::condition_variable Changed;
+  std::deque<std::shared_ptr<Task>> Waiting;
+  Posting* Loop;  // null when the reader has ended
+  int Threads = 0;
+  int Idle = 0;
+};
+
+PosixFolderReader::PosixFolderReader(std::shared_ptr<MappingSource> mapping, Posting& posting)
+    : mapping_(std::move(mapping)), queue_(std::make_shared<Queue>(posting)) {}
+
+PosixFolderReader::~PosixFolderReader() {
+  const std::lock_guard lock(queue_->Mutex);
+  queue_->Loop = nullptr;
+  queue_->Waiting.clear();
+  queue_->Changed.notify_all();
+}
+
+void PosixFolderReader::Work(const std::shared_ptr<Queue>& queue) {
+  std::unique_lock lock(queue->Mutex);
+  for (;;) {
+    ++queue->Idle;
+    queue->Changed.wait(lock, [&] { return queue->Loop == nullptr || !queue->Waiting.empty(); });
+    --queue->Idle;
+    if (queue->Loop == nullptr) return;
+    const std::shared_ptr<Task> task = std::move(queue->Waiting.front());
+    queue->Waiting.pop_front();
+    if (task->Cancelled) continue;
+    lock.unlock();
+    Answer answer = task->Look();
+    lock.lock();
+    if (queue->Loop != nullptr) queue->Loop->Post([task, answer = std::move(answer)] { Deliver(*task, answer); });
+  }
+}
+
+std::unique_ptr<FolderReader::Reading> PosixFolderReader::Read(const std::string& folder, int attributes,
+                                                               Handler handler) {
+  const auto task = std::make_shared<Task>();
+  // The mapping follows the mounts by itself, and only here.
+  task->Look = [mapping = mapping_->Current(), folder, attributes] {
+    Answer answer;
+    answer.Error = ErrorsIgnored([&] { answer.Names = ListFolders(mapping, mapping.ToHost(folder), attributes); });
+    return answer;
+  };
+  task->Then = std::move(handler);
+  const std::lock_guard lock(queue_->Mutex);
+  queue_->Waiting.push_back(task);
+  const bool tooFew = queue_->Waiting.size() > static_cast<std::size_t>(queue_->Idle);
+  if (tooFew && queue_->Threads < MostThreads) {
+    try {
+      std::thread([queue = queue_] { Work(queue); }).detach();
+      ++queue_->Threads;
+    } catch (const std::system_error&) {
+      // Those that run will come to it.
+      if (queue_->Threads == 0) {
+        queue_->Waiting.pop_back();
+        throw RuntimeError(error::OutOfMemory);
+      }
+    }
+  }
+  queue_->Changed.notify_one();
+  return std::make_unique<TaskReading>(task);
+}
+
+}  // namespace pixorra

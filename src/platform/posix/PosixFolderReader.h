@@ -1,0 +1,35 @@
+// Reads folders in threads of its own. A thread whose folder does not answer is left to itself: others take its place,
+// and nobody waits for it, at the program's end neither.
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "platform/posix/MappingSource.h"
+#include "platform/services/FolderReader.h"
+#include "platform/services/Posting.h"
+
+namespace pixorra {
+
+class PosixFolderReader : public FolderReader {
+ public:
+  // So many folders may hang at once before others have to wait for them.
+  static constexpr int MostThreads = 8;
+
+  PosixFolderReader(std::shared_ptr<MappingSource> mapping, Posting& posting);
+  ~PosixFolderReader() override;
+  PosixFolderReader(const PosixFolderReader&) = delete;
+  PosixFolderReader& operator=(const PosixFolderReader&) = delete;
+
+  // Raises OutOfMemory where no thread can be had.
+  std::unique_ptr<Reading> Read(const std::string& folder, int attributes, Handler handler) override;
+
+ private:
+  struct Queue;
+  static void Work(const std::shared_ptr<Queue>& queue);
+
+  std::shared_ptr<MappingSource> mapping_;
+  std::shared_ptr<Queue> queue_;
+};
+
+}  // namespace pixorra

@@ -1,0 +1,112 @@
+#include "platform/posix/PosixVolumes.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <dirent.h>
+#include <fcntl.h>
+#include <poll.h>
+#include <string_view>
+
+#include "platform/posix/HostNames.h"
+#include "platform/posix/Mounts.h"
+#include "platform/posix/ShareMounts.h"
+#include "platform/posix/SmallFiles.h"
+#include "platform/runtime/NaturalOrder.h"
+
+namespace pixorra {
+
+namespace {
+
+constexpr const char* mountInfoFile = "/proc/self/mountinfo";
+
+// In order. Only the names: a look at what they stand for might wait for a device.
+std::vector<std::string> NamesIn(const std::string& folder) {
+  std::vector<std::string> names;
+  const std::unique_ptr<DIR, int (*)(DIR*)> open(folder.empty() ? nullptr : opendir(folder.c_str()), closedir);
+  if (!open) return names;
+  while (const dirent* entry = readdir(open.get())) {
+    if (static_cast<const char*>(entry->d_name)[0] != '.') names.emplace_back(static_cast<const char*>(entry->d_name));
+  }
+  std::sort(names.begin(), names.end(), NaturalLess);
+  return names;
+}
+
+bool IsOfNetwork(std::string_view fileSystem) {
+  constexpr std::array network = {"nfs", "nfs4", "cifs", "smb3", "fuse.sshfs", "davfs", "fuse.davfs2", "9p"};
+  return std::find(network.begin(), network.end(), fileSystem) != network.end();
+}
+
+VolumeKind KindAt(const std::string& mountPoint, const std::vector<Mount>& mounts) {
+  if (mountPoint == "/") return VolumeKind::FileSystem;
+  for (const Mount& mount : mounts)
+    if (mount.Point == mountPoint && IsOfNetwork(mount.FileSystem)) return VolumeKind::Share;
+  return VolumeKind::Removable;
+}
+
+// The name of a device: percent signs and two hexadecimal digits stand for bytes, low lines for blanks.
+std::string DeviceName(std::string_view text) {
+  std::string name;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    int byte = 0;
+    const char* digits = text.data() + i + 1;
+    const bool escape =
+        text[i] == '%' && i + 2 < text.size() && std::from_chars(digits, digits + 2, byte, 16).ptr == digits + 2;
+    if (escape) {
+      name += static_cast<char>(static_cast<unsigned char>(byte));
+      i += 2;
+    } else {
+      name += text[i] == '_' ? ' ' : text[i];
+    }
+  }
+  return NameForPeople(NameFromHost(name));
+}
+
+}  // namespace
+
+PlaceOfVolume VolumeOfDesktopMount(const std::string& folder) {
+  if (const std::optional<Share> share = ShareOfMount(folder))
+    return {NameForPeople(NameFromHost(share->Name)) + " on " + NameForPeople(NameFromHost(share->Server)),
+            VolumeKind::Share,
+            {}};
+  for (const std::string_view device : {"gphoto2:host=", "mtp:host="}) {
+    if (!folder.starts_with(device)) continue;
+    const std::string_view host = std::string_view(folder).substr(device.size());
+    return {DeviceName(host.substr(0, host.find(','))), VolumeKind::Camera, {}};
+  }
+  return {};
+}
+
+PosixVolumes::PosixVolumes(const Environment& environment, std::shared_ptr<MappingSource> mapping)
+    : desktopMounts_(environment.RuntimeDir.empty() ? std::string() : environment.RuntimeDir + "/gvfs"),
+      mapping_(std::move(mapping)),
+      mountInfo_(open(mountInfoFile, O_RDONLY | O_CLOEXEC)),
+      seen_(NamesIn(desktopMounts_)) {}
+
+std::vector<PlaceOfVolume> PosixVolumes::List() {
+  const PathMapping& mapping = mapping_->Current();
+  const std::vector<Mount> mounts = ParseMountInfo(ReadSmallFile(mountInfoFile).value_or(""));
+  std::vector<PlaceOfVolume> volumes;
+  for (const Volume& volume : mapping.Volumes())
+    volumes.push_back({volume.ShownName, KindAt(volume.HostRoot, mounts), {volume.Letter, ':', '\\'}});
+  for (const std::string& folder : NamesIn(desktopMounts_)) {
+    PlaceOfVolume volume = VolumeOfDesktopMount(folder);
+    const std::optional<std::string> path = mapping.ToProgram(desktopMounts_ + '/' + folder);
+    if (volume.Label.empty() || !path) continue;
+    volume.Path = *path;
+    volumes.push_back(std::move(volume));
+  }
+  return volumes;
+}
+
+std::uint64_t PosixVolumes::Stamp() {
+  // The kernel raises this once for each change since the last look.
+  pollfd look{mountInfo_.Get(), POLLPRI, 0};
+  const bool changed = mountInfo_ && poll(&look, 1, 0) > 0 && (look.revents & (POLLERR | POLLPRI)) != 0;
+  std::vector<std::string> names = NamesIn(desktopMounts_);
+  if (!changed && names == seen_) return stamp_;
+  seen_ = std::move(names);
+  return ++stamp_;
+}
+
+}  // namespace pixorra

@@ -1,0 +1,33 @@
+// Volumes by the kernel's list of mounts, and by the folder in which the desktop mounts shares and cameras.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "platform/posix/Environment.h"
+#include "platform/posix/MappingSource.h"
+#include "platform/posix/UniqueFd.h"
+#include "platform/services/Volumes.h"
+
+namespace pixorra {
+
+class PosixVolumes : public Volumes {
+ public:
+  PosixVolumes(const Environment& environment, std::shared_ptr<MappingSource> mapping);
+  std::vector<PlaceOfVolume> List() override;
+  std::uint64_t Stamp() override;
+
+ private:
+  std::string desktopMounts_;  // host path, empty for none
+  std::shared_ptr<MappingSource> mapping_;
+  UniqueFd mountInfo_;
+  std::vector<std::string> seen_;  // what was mounted there at the last Stamp
+  std::uint64_t stamp_ = 1;
+};
+
+// The volume that the desktop's virtual file system shows as this folder, such as "mtp:host=Maker_Phone" or
+// "smb-share:server=nas,share=photos"; without its path. No label where it is of another kind.
+PlaceOfVolume VolumeOfDesktopMount(const std::string& folder);
+
+}  // namespace pixorra

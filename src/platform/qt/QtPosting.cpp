@@ -1,0 +1,14 @@
+#include "platform/qt/QtPosting.h"
+
+#include <utility>
+
+#include "platform/qt/QtBackend.h"
+
+namespace pixorra {
+
+void QtPosting::Post(std::function<void()> call) {
+  QMetaObject::invokeMethod(
+      &receiver_, [this, call = std::move(call)] { backend_.Guarded(call); }, Qt::QueuedConnection);
+}
+
+}  // namespace pixorra

@@ -1,0 +1,86 @@
+// What is there to begin from: the file system, media, shares and cameras.
+#include <filesystem>
+#include <gmock/gmock.h>
+
+#include "platform/posix/PosixVolumes.h"
+#include "tests/platform/posix/PrivateMounts.h"
+#include "tests/support/TemporaryDrive.h"
+
+namespace pixorra {
+namespace {
+
+using ::testing::ElementsAre;
+
+class PosixVolumesTest : public ::testing::Test {
+ protected:
+  PosixVolumesTest() {
+    drive.MakeFolder("C:\\run\\gvfs");
+    drive.MakeFolder("C:\\media\\card");
+    environment.RuntimeDir = drive.HostPath("C:\\run");
+    mapping = std::make_shared<FixedMapping>(
+        PathMapping({{'C', "/", "File System"}, {'E', drive.HostPath("C:\\media\\card"), "EOS card"}},
+                    drive.HostPath("C:\\run\\gvfs")));
+  }
+  void Mount(const std::string& name) const {
+    std::filesystem::create_directory(drive.HostPath("C:\\run\\gvfs") + "/" + name);
+  }
+  TemporaryDrive drive;
+  Environment environment;
+  std::shared_ptr<MappingSource> mapping;
+};
+
+TEST_F(PosixVolumesTest, VolumesAreListedWithTheNamesThatTheirOwnersKnow) {
+  Mount("smb-share:server=nas,share=our%20photos");
+  Mount("mtp:host=Maker_Phone%2B_12");
+  Mount("gphoto2:host=%5Busb%3A001%2C004%5D");
+  Mount("sftp:host=elsewhere");
+  PosixVolumes volumes(environment, mapping);
+  const std::vector<PlaceOfVolume> list = volumes.List();
+  ASSERT_EQ(list.size(), 5U);
+  EXPECT_EQ(list[0], (PlaceOfVolume{"File System", VolumeKind::FileSystem, "C:\\"}));
+  EXPECT_EQ(list[1], (PlaceOfVolume{"EOS card", VolumeKind::Removable, "E:\\"}));
+  EXPECT_EQ(list[2].Label, "[usb:001,004]");
+  EXPECT_EQ(list[2].Kind, VolumeKind::Camera);
+  EXPECT_EQ(list[3].Label, "Maker Phone+ 12");
+  EXPECT_EQ(list[3].Kind, VolumeKind::Camera);
+  EXPECT_EQ(list[4], (PlaceOfVolume{"our photos on nas", VolumeKind::Share, "\\\\nas\\our photos"}));
+}
+
+TEST_F(PosixVolumesTest, PathOfACameraLeadsToItsFolders) {
+  Mount("mtp:host=Phone");
+  std::filesystem::create_directory(drive.HostPath("C:\\run\\gvfs") + "/mtp:host=Phone/DCIM");
+  PosixVolumes volumes(environment, mapping);
+  PosixFiles files(mapping);
+  EXPECT_THAT(files.Folders(volumes.List().back().Path, attribute::Normal), ElementsAre("DCIM"));
+}
+
+TEST_F(PosixVolumesTest, StampIsAnotherOneAfterEachChangeAndNoOther) {
+  PosixVolumes volumes(environment, mapping);
+  const std::uint64_t before = volumes.Stamp();
+  EXPECT_EQ(volumes.Stamp(), before);
+  Mount("smb-share:server=nas,share=photos");
+  const std::uint64_t after = volumes.Stamp();
+  EXPECT_NE(after, before);
+  EXPECT_EQ(volumes.Stamp(), after);
+  std::filesystem::remove(drive.HostPath("C:\\run\\gvfs") + "/smb-share:server=nas,share=photos");
+  EXPECT_NE(volumes.Stamp(), after);
+}
+
+TEST_F(PosixVolumesTest, StampFollowsTheKernelsMounts) {
+  if (!HavePrivateMounts()) GTEST_SKIP() << "nothing can be mounted here";
+  PosixVolumes volumes(environment, mapping);
+  const std::uint64_t before = volumes.Stamp();
+  MemoryDisk disk(drive.HostPath("C:\\media\\card"), "size=64k");
+  ASSERT_TRUE(disk.Mounted());
+  EXPECT_NE(volumes.Stamp(), before);
+}
+
+TEST_F(PosixVolumesTest, NothingOfTheDesktopIsNoFault) {
+  environment.RuntimeDir.clear();
+  PosixVolumes volumes(environment, mapping);
+  EXPECT_EQ(volumes.List().size(), 2U);
+  EXPECT_EQ(volumes.Stamp(), volumes.Stamp());
+}
+
+}  // namespace
+}  // namespace pixorra
