@@ -6,6 +6,7 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "platform/controls/Form.h"
 #include "platform/headless/HeadlessDialogs.h"
@@ -17,6 +18,8 @@ class ItemList;
 class MenuItem;
 class ScrollBar;
 class TextBox;
+class TreeNode;
+class TreeView;
 
 class Person {
  public:
@@ -52,6 +55,10 @@ class Person {
   void DragBar(ScrollBar& bar, int value);
   void Choose(ItemList& list, int index);
   void Choose(ItemList& list, const std::string& text);
+  // Nodes of a tree are told by the texts on the way to them, from the top; the nodes on the way are opened.
+  void Choose(TreeView& tree, const std::vector<std::string>& path);
+  void Expand(TreeView& tree, const std::vector<std::string>& path);
+  void Collapse(TreeView& tree, const std::vector<std::string>& path);
   // Replaces the whole text of a box, character by character.
   void Fill(TextBox& box, const std::string& text);
   void Fill(ComboBox& box, const std::string& text);
@@ -109,6 +116,7 @@ class Person {
   void LetGoNative(Control& control);
   Form* FormForKeys(const std::string& what);
   bool Choosable(const MenuItem& item);
+  TreeNode* WayTo(TreeView& tree, const std::vector<std::string>& path);
   void EditByKey(Control& control, int keyCode, int shift);
 
   Toolkit& toolkit_;

@@ -8,6 +8,7 @@
 #include "platform/controls/ScrollBar.h"
 #include "platform/controls/TextBox.h"
 #include "platform/controls/Toolkit.h"
+#include "platform/controls/TreeView.h"
 #include "platform/headless/Person.h"
 #include "platform/runtime/Utf8.h"
 
@@ -75,6 +76,7 @@ void TypeInto(Control& control, const std::string& character) {
     auto& box = static_cast<ComboBox&>(control);
     box.UserTyped(box.Text() + character);
   }
+  if (kind == Kind::TreeView) static_cast<TreeView&>(control).UserTyped(character);
 }
 
 void EditText(TextBox& box, int keyCode, int shift) {
@@ -149,6 +151,11 @@ void Person::EditByKey(Control& control, int keyCode, int shift) {
     } else {
       EditText(box, keyCode, shift);
     }
+  }
+  if (kind == Kind::TreeView) {
+    auto& tree = static_cast<TreeView&>(control);
+    if (!tree.UserKey(keyCode) && keyCode == key::Space) tree.UserTyped(" ");
+    return;
   }
   if (kind == Kind::ScrollBar) MoveInBar(static_cast<ScrollBar&>(control), keyCode);
   if (kind == Kind::ListBox || kind == Kind::ComboBox) {

@@ -5,12 +5,18 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "platform/controls/Geometry.h"
+#include "platform/pixels/Picture.h"
 #include "platform/services/Clipboard.h"
+#include "platform/services/Clock.h"
 #include "platform/services/Dialogs.h"
+#include "platform/services/FolderReader.h"
 #include "platform/services/Pictures.h"
+#include "platform/services/Posting.h"
 #include "platform/services/Printing.h"
+#include "platform/services/Shipped.h"
 #include "platform/services/TextDrawing.h"
 
 namespace pixorra {
@@ -21,6 +27,7 @@ class ItemList;
 class MenuItem;
 class ScrollBar;
 class Toolkit;
+class TreeView;
 
 // What a person sees of a form or a control with a widget of its own.
 struct Seen {
@@ -32,6 +39,15 @@ struct Seen {
   int Count = 0;     // entries of a list
 };
 
+// What a person sees and hears of a node of a tree.
+struct SeenNode {
+  bool InView = false;  // scrolled to
+  Colour Icon = 0;      // at the picture's middle
+  std::string Spoken;
+};
+
+class TemporaryDrive;
+
 class ContractPlatform {
  public:
   virtual ~ContractPlatform() = default;
@@ -42,6 +58,11 @@ class ContractPlatform {
   virtual TextDrawing& GetText() = 0;
   virtual Artwork& GetArtwork() = 0;
   virtual Printing& GetPrinting() = 0;
+  virtual Clock& GetClock() = 0;
+  virtual Posting& GetPosting() = 0;
+  virtual Shipped& GetShipped() = 0;
+  // For the folders of that drive, which outlives it.
+  virtual std::unique_ptr<FolderReader> MakeFolderReader(TemporaryDrive& drive) = 0;
 
   // Handles everything that is pending, until windows stand as the model says.
   virtual void Settle() = 0;
@@ -57,6 +78,14 @@ class ContractPlatform {
   virtual void MoveBar(ScrollBar& bar, int value) = 0;  // as by its arrows
   virtual void DragBar(ScrollBar& bar, int value) = 0;  // by its thumb, let go at the end
   virtual void Choose(ItemList& list, int index) = 0;
+  // Trees; nodes are told by the texts on the way to them, and the nodes on the way are open.
+  using NodePath = std::vector<std::string>;
+  virtual void ChooseNode(TreeView& tree, const NodePath& path) = 0;
+  virtual void ClickOpener(TreeView& tree, const NodePath& path, bool open) = 0;
+  // A line for each node that is not hidden in a closed one, from the top: two blanks for each node above it, "+ " for
+  // one that can be opened, "- " for an open one and ". " for any other, the text, and " *" for the selected one.
+  virtual std::vector<std::string> LookAtTree(TreeView& tree) = 0;
+  virtual SeenNode LookAtNode(TreeView& tree, const NodePath& path) = 0;
   // The keyboard, to the active window.
   virtual void Type(const std::string& text) = 0;
   virtual void Key(int keyCode, int shift) = 0;

@@ -3,7 +3,6 @@
 
 #include "platform/controls/Lists.h"
 #include "platform/controls/TextBox.h"
-#include "platform/controls/TreeView.h"
 #include "tests/platform/controls/Stage.h"
 #include "tests/platform/runtime/RaisesError.h"
 
@@ -92,31 +91,6 @@ TEST_F(ListsTest, ComboShowsTheChosenEntryAndNoneThatHasGone) {
   EXPECT_EQ(box.Text(), "");
   EXPECT_EQ(box.ListIndex(), -1);
   EXPECT_THAT(Heard(), ElementsAre("Combo Click", "Combo Click"));
-}
-
-TEST_F(ListsTest, TreeFillsANodeWhenItIsFirstOpened) {
-  TreeView tree(form, "Tree");
-  tree.On().Change = [&](Control&) { Log("selected " + (tree.Selected() ? tree.Selected()->Key : "none")); };
-  tree.SetFiller([this](TreeView& filled, TreeView::Node& node) {
-    Log("fill " + node.Key);
-    if (node.Key == "C:") filled.Add(node, "C:\\a", "a", true);
-  });
-  TreeView::Node& drive = tree.Add(tree.Root(), "C:", "Drive", true);
-  tree.UserExpanded(drive, true);
-  tree.UserExpanded(drive, false);
-  tree.UserExpanded(drive, true);
-  TreeView::Node* folder = tree.Find("C:\\a");
-  ASSERT_NE(folder, nullptr);
-  tree.Expand(*folder);
-  EXPECT_FALSE(folder->HasChildren);
-  EXPECT_FALSE(folder->Expanded);
-  drive.Expanded = false;
-  tree.Select(folder);
-  tree.Select(folder);
-  EXPECT_TRUE(drive.Expanded);
-  tree.Clear();
-  EXPECT_EQ(tree.Selected(), nullptr);
-  EXPECT_THAT(Heard(), ElementsAre("fill C:", "fill C:\\a", "selected C:\\a"));
 }
 
 }  // namespace

@@ -7,8 +7,11 @@
 #include "platform/controls/ProgressBar.h"
 #include "platform/controls/ScrollBar.h"
 #include "platform/controls/TextBox.h"
+#include "platform/controls/TreeView.h"
+#include "platform/headless/HeadlessFolderReader.h"
 #include "platform/headless/HeadlessPlatform.h"
 #include "tests/platform/contract/ContractPlatform.h"
+#include "tests/support/TemporaryDrive.h"
 
 namespace pixorra {
 namespace {
@@ -16,6 +19,27 @@ namespace {
 void LookAtList(const ItemList& list, Seen& seen) {
   seen.Value = list.ListIndex();
   seen.Count = list.ListCount();
+}
+
+TreeNode* NodeAt(TreeView& tree, const std::vector<std::string>& path) {
+  TreeNode* node = &tree.Root();
+  for (const std::string& text : path) {
+    TreeNode* found = nullptr;
+    for (const auto& child : node->Children()) {
+      if (child->Text() == text) found = child.get();
+    }
+    if (found == nullptr) return nullptr;
+    node = found;
+  }
+  return node;
+}
+
+int RowOf(const TreeView& tree, const TreeNode& wanted) {
+  int row = 0;
+  for (const TreeNode* node = tree.FirstShown(); node != nullptr; node = TreeView::NextShown(*node), ++row) {
+    if (node == &wanted) return row;
+  }
+  return -1;
 }
 
 class HeadlessContract : public ContractPlatform {
@@ -31,6 +55,12 @@ class HeadlessContract : public ContractPlatform {
   TextDrawing& GetText() override { return host_.backend.Text(); }
   Artwork& GetArtwork() override { return host_.artwork; }
   Printing& GetPrinting() override { return host_.printing; }
+  Clock& GetClock() override { return host_.clock; }
+  Posting& GetPosting() override { return host_.posting; }
+  Shipped& GetShipped() override { return host_.shipped; }
+  std::unique_ptr<FolderReader> MakeFolderReader(TemporaryDrive& drive) override {
+    return std::make_unique<HeadlessFolderReader>(drive.DriveFiles(), host_.posting);
+  }
 
   void Settle() override { host_.toolkit.DoEvents(); }
   // There are no widgets: what would be seen is what the model says.
@@ -88,6 +118,39 @@ class HeadlessContract : public ContractPlatform {
   void MoveBar(ScrollBar& bar, int value) override { host_.person.MoveBar(bar, value); }
   void DragBar(ScrollBar& bar, int value) override { host_.person.DragBar(bar, value); }
   void Choose(ItemList& list, int index) override { host_.person.Choose(list, index); }
+  void ChooseNode(TreeView& tree, const NodePath& path) override { host_.person.Choose(tree, path); }
+  void ClickOpener(TreeView& tree, const NodePath& path, bool open) override {
+    if (open) {
+      host_.person.Expand(tree, path);
+    } else {
+      host_.person.Collapse(tree, path);
+    }
+  }
+  std::vector<std::string> LookAtTree(TreeView& tree) override {
+    std::vector<std::string> lines;
+    for (const TreeNode* node = tree.FirstShown(); node != nullptr; node = TreeView::NextShown(*node)) {
+      std::string line;
+      for (const TreeNode* above = node->Parent(); above->Parent() != nullptr; above = above->Parent()) line += "  ";
+      line += !node->HasChildren() ? ". " : node->Expanded() ? "- " : "+ ";
+      lines.push_back(line + node->Text() + (node == tree.Selected() ? " *" : ""));
+    }
+    return lines;
+  }
+  // As if the tree had been scrolled down from its top, only as far as was asked for.
+  SeenNode LookAtNode(TreeView& tree, const NodePath& path) override {
+    const TreeNode* node = NodeAt(tree, path);
+    if (node == nullptr) return {};
+    const int page = tree.Height() / TreeView::RowHeight;
+    const int bottom = tree.Revealed() != nullptr ? std::max(page, RowOf(tree, *tree.Revealed()) + 1) : page;
+    const int row = RowOf(tree, *node);
+    SeenNode seen{row >= bottom - page && row < bottom, 0, node->Spoken()};
+    if (!node->Icon().IsNothing()) {
+      const Bitmap& pixels = node->Icon().Pixels();
+      const std::uint8_t* at = pixels.Row(pixels.Height() / 2) + pixels.Width() / 2 * pixels.BytesPerPixel();
+      seen.Icon = static_cast<Colour>(at[2] | at[1] << 8 | at[0] << 16);
+    }
+    return seen;
+  }
   void Type(const std::string& text) override { host_.person.Type(text); }
   void Key(int keyCode, int shift) override { host_.person.Key(keyCode, shift); }
   void ChooseMenu(MenuItem& item) override { host_.person.ChooseMenu(item); }

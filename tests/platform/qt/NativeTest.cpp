@@ -10,7 +10,6 @@
 #include <QRadioButton>
 #include <QScrollBar>
 #include <QSlider>
-#include <QTreeWidget>
 #include <memory>
 
 #include "platform/controls/Buttons.h"
@@ -19,7 +18,6 @@
 #include "platform/controls/ProgressBar.h"
 #include "platform/controls/ScrollBar.h"
 #include "platform/controls/TextBox.h"
-#include "platform/controls/TreeView.h"
 #include "tests/platform/qt/QtTest.h"
 
 namespace pixorra {
@@ -345,43 +343,6 @@ TEST_F(NativeTest, AnEditableListTakesWhatIsTyped) {
 }
 
 // --- trees -------------------------------------------------------------------------------------------------------
-
-TEST_F(NativeTest, ATreeIsFilledWhenANodeIsFirstOpened) {
-  TreeView tree(form, "Tree");
-  tree.Move(0, 0, 200, 200);
-  TreeView::Node& root = tree.Add(tree.Root(), "/", "Root", true);
-  int filled = 0;
-  tree.SetFiller([&](TreeView& view, TreeView::Node& node) {
-    ++filled;
-    view.Add(node, node.Key + "a", "a", false);
-    view.Add(node, node.Key + "b", "b", true);
-  });
-  ShowForm();
-  auto& widget = WidgetOf<QTreeWidget>(tree);
-  EXPECT_EQ(widget.topLevelItem(0)->childCount(), 0);
-  EXPECT_EQ(widget.topLevelItem(0)->childIndicatorPolicy(), QTreeWidgetItem::ShowIndicator);
-  widget.topLevelItem(0)->setExpanded(true);
-  EXPECT_EQ(filled, 1);
-  EXPECT_TRUE(root.Expanded);
-  Settle();
-  ASSERT_EQ(widget.topLevelItem(0)->childCount(), 2);
-  EXPECT_TRUE(widget.topLevelItem(0)->isExpanded());
-  widget.topLevelItem(0)->setExpanded(false);
-  EXPECT_FALSE(root.Expanded);
-  int changes = 0;
-  tree.On().Change = [&](Control&) { ++changes; };
-  widget.setCurrentItem(widget.topLevelItem(0)->child(1));
-  ASSERT_NE(tree.Selected(), nullptr);
-  EXPECT_EQ(tree.Selected()->Key, "/b");
-  EXPECT_EQ(changes, 1);
-  tree.Select(tree.Find("/a"));
-  Settle();
-  EXPECT_EQ(widget.currentItem()->text(0), "a");
-  EXPECT_EQ(changes, 2);
-  tree.Clear();
-  Settle();
-  EXPECT_EQ(widget.topLevelItemCount(), 0);
-}
 
 }  // namespace
 }  // namespace pixorra

@@ -1,23 +1,32 @@
 // The back end with windows held to the contract.
 #include <QAbstractButton>
 #include <QAbstractSlider>
+#include <QAccessible>
 #include <QComboBox>
 #include <QInputDialog>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMessageBox>
 #include <QProgressBar>
+#include <QTreeWidget>
 #include <gtest/gtest.h>
 
 #include "platform/controls/Form.h"
 #include "platform/controls/Toolkit.h"
+#include "platform/controls/TreeView.h"
+#include "platform/posix/PosixClock.h"
+#include "platform/posix/PosixFolderReader.h"
+#include "platform/qt/Convert.h"
 #include "platform/qt/QtArtwork.h"
 #include "platform/qt/QtBackend.h"
 #include "platform/qt/QtClipboard.h"
 #include "platform/qt/QtDialogs.h"
+#include "platform/qt/QtPosting.h"
 #include "platform/qt/QtPrinting.h"
+#include "platform/qt/QtShipped.h"
 #include "tests/platform/contract/ContractPlatform.h"
 #include "tests/platform/qt/hands/Hands.h"
+#include "tests/support/TemporaryDrive.h"
 
 namespace pixorra {
 namespace {
@@ -42,6 +51,26 @@ void LookAt(QWidget& widget, Seen& seen) {
   }
 }
 
+void AddLines(const QTreeWidget& tree, const QTreeWidgetItem& item, const std::string& indent,
+              std::vector<std::string>& lines) {
+  for (int i = 0; i < item.childCount(); ++i) {
+    const QTreeWidgetItem& child = *item.child(i);
+    const bool opens = child.childIndicatorPolicy() == QTreeWidgetItem::ShowIndicator;
+    const std::string mark = !opens ? ". " : child.isExpanded() ? "- " : "+ ";
+    const bool selected = tree.currentItem() == &child && child.isSelected();
+    lines.push_back(indent + mark + child.text(0).toStdString() + (selected ? " *" : ""));
+    if (child.isExpanded()) AddLines(tree, child, indent + "  ", lines);
+  }
+}
+
+// What a screen reader is told at the item's place.
+std::string SpokenAt(QTreeWidget& tree, const QRect& row) {
+  QAccessibleInterface* whole = QAccessible::queryAccessibleInterface(&tree);
+  const QPoint at = tree.viewport()->mapToGlobal(row.center());
+  const QAccessibleInterface* item = whole != nullptr ? whole->childAt(at.x(), at.y()) : nullptr;
+  return item != nullptr ? item->text(QAccessible::Name).toStdString() : std::string();
+}
+
 class QtContract final : public ContractPlatform {
  public:
   QtContract() {
@@ -58,6 +87,13 @@ class QtContract final : public ContractPlatform {
   TextDrawing& GetText() override { return backend_.Text(); }
   Artwork& GetArtwork() override { return artwork_; }
   Printing& GetPrinting() override { return printing_; }
+  Clock& GetClock() override { return clock_; }
+  Posting& GetPosting() override { return posting_; }
+  Shipped& GetShipped() override { return shipped_; }
+  std::unique_ptr<FolderReader> MakeFolderReader(TemporaryDrive& drive) override {
+    PathMapping mapping({{'C', drive.HostRoot(), "File System"}});
+    return std::make_unique<PosixFolderReader>(std::make_shared<FixedMapping>(std::move(mapping)), posting_);
+  }
 
   void Settle() override {
     for (int i = 0; i < 3; ++i) backend_.ProcessEvents();
@@ -101,6 +137,31 @@ class QtContract final : public ContractPlatform {
   void Choose(ItemList& list, int index) override {
     hands_.Choose(list, index);
     Settle();
+  }
+  void ChooseNode(TreeView& tree, const NodePath& path) override {
+    if (QTreeWidgetItem* item = Hands::ItemOf(tree, path)) hands_.ChooseItem(*item);
+    Settle();
+  }
+  void ClickOpener(TreeView& tree, const NodePath& path, bool open) override {
+    QTreeWidgetItem* item = Hands::ItemOf(tree, path);
+    if (item != nullptr && item->isExpanded() != open) hands_.ClickOpener(*item);
+    Settle();
+  }
+  std::vector<std::string> LookAtTree(TreeView& tree) override {
+    std::vector<std::string> lines;
+    if (auto* widget = qobject_cast<QTreeWidget*>(Hands::WidgetOf(tree)))
+      AddLines(*widget, *widget->invisibleRootItem(), "", lines);
+    return lines;
+  }
+  SeenNode LookAtNode(TreeView& tree, const NodePath& path) override {
+    const QTreeWidgetItem* item = Hands::ItemOf(tree, path);
+    if (item == nullptr) return {};
+    QTreeWidget& widget = *item->treeWidget();
+    const QRect row = widget.visualItemRect(item);
+    SeenNode seen{!row.isEmpty() && widget.viewport()->rect().contains(row.center()), 0, SpokenAt(widget, row)};
+    const QPoint icon(row.left() + widget.iconSize().width() / 2 + 3, row.center().y());
+    if (seen.InView) seen.Icon = ToColour(widget.viewport()->grab().toImage().pixelColor(icon));
+    return seen;
   }
   void Type(const std::string& text) override {
     Hands::Type(text);
@@ -150,6 +211,9 @@ class QtContract final : public ContractPlatform {
   QtClipboard clipboard_;
   QtArtwork artwork_{backend_.Art()};
   QtPrinting printing_{backend_};
+  PosixClock clock_;
+  QtPosting posting_{backend_};
+  QtShipped shipped_{backend_.Art()};
   Hands hands_;
 };
 

@@ -5,6 +5,7 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "platform/controls/Form.h"
 #include "platform/headless/Script.h"
@@ -16,6 +17,7 @@ namespace pixorra {
 class ComboBox;
 class QtBackend;
 class TextBox;
+class TreeView;
 
 class StagePerson {
  public:
@@ -45,6 +47,9 @@ class StagePerson {
   void DragBar(ScrollBar& bar, int value);
   void Choose(ItemList& list, int index);
   void Choose(ItemList& list, const std::string& text);
+  void Choose(TreeView& tree, const std::vector<std::string>& path);
+  void Expand(TreeView& tree, const std::vector<std::string>& path);
+  void Collapse(TreeView& tree, const std::vector<std::string>& path);
   void Fill(TextBox& box, const std::string& text);
   void Fill(ComboBox& box, const std::string& text);
   void Focus(Control& control);
@@ -77,6 +82,8 @@ class StagePerson {
   void Settle();
   std::optional<QPoint> PointOn(Control& control);
   bool CanReach(Control& control, const std::string& what);
+  // Opens what is on the way; null, and a surprise, where the node is not to be seen.
+  QTreeWidgetItem* WayTo(TreeView& tree, const std::vector<std::string>& path);
   void FillWidget(Control& control, const std::string& text);
   void LookAround();
   void AnswerBoxes();

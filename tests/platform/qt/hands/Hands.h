@@ -6,11 +6,13 @@
 #include <QWidget>
 #include <functional>
 #include <string>
+#include <vector>
 
 #include "platform/controls/Control.h"
 
 class QAbstractSlider;
 class QMenu;
+class QTreeWidgetItem;
 
 namespace pixorra {
 
@@ -18,6 +20,7 @@ class Form;
 class ItemList;
 class MenuItem;
 class ScrollBar;
+class TreeView;
 
 class Hands {
  public:
@@ -39,6 +42,11 @@ class Hands {
   static void MoveBar(ScrollBar& bar, int value);
   static void DragBar(ScrollBar& bar, int value);
   void Choose(ItemList& list, int index);
+  // The item of a node of a tree, told by the texts on the way to it; null where there is none.
+  static QTreeWidgetItem* ItemOf(TreeView& tree, const std::vector<std::string>& path);
+  // By the mouse, scrolled to at first: on its text, or on what opens and closes it.
+  void ChooseItem(QTreeWidgetItem& item);
+  void ClickOpener(QTreeWidgetItem& item);
 
   // --- keyboard; goes to the widget that has the focus in the active window
   // -------------------------------------------

@@ -1,0 +1,153 @@
+// The services that reach past the window: calls into the loop, folders that are read meanwhile, the clock's count, and
+// the files that ship.
+#include <gmock/gmock.h>
+#include <memory>
+
+#include "platform/runtime/Errors.h"
+#include "platform/services/Files.h"
+#include "tests/platform/contract/ContractTest.h"
+#include "tests/platform/runtime/RaisesError.h"
+#include "tests/support/TemporaryDrive.h"
+
+namespace pixorra {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+// --- calls into the loop
+// -----------------------------------------------------------------------------------------------
+
+using PostingContract = ContractTest;
+
+TEST_F(PostingContract, CallsRunInTheirOrderWhenEventsDo) {
+  Posting& posting = platform->GetPosting();
+  posting.Post([this] { Log("first"); });
+  posting.Post([this] { Log("second"); });
+  EXPECT_THAT(Heard(), IsEmpty());
+  platform->Settle();
+  EXPECT_THAT(Heard(), ElementsAre("first", "second"));
+  platform->Settle();
+  EXPECT_THAT(Heard(), IsEmpty());
+}
+
+TEST_F(PostingContract, CallEndsAWait) {
+  bool done = false;
+  platform->GetPosting().Post([&] { done = true; });
+  EXPECT_TRUE(toolkit.WaitUntil([&] { return done; }));
+}
+
+TEST_F(PostingContract, CallMayPostTheNextOne) {
+  Posting& posting = platform->GetPosting();
+  bool done = false;
+  posting.Post([&] { posting.Post([&] { done = true; }); });
+  EXPECT_TRUE(toolkit.WaitUntil([&] { return done; }));
+}
+
+// --- folders
+// -----------------------------------------------------------------------------------------------------------
+
+class FolderReaderContract : public ContractTest {
+ protected:
+  FolderReaderContract() {
+    drive.MakeFolder("C:\\Photos\\Trip 10");
+    drive.MakeFolder("C:\\Photos\\Trip 9");
+    drive.MakeFolder("C:\\Photos\\.hidden");
+    drive.Write("C:\\Photos\\a.jpg", "a");
+  }
+  // What comes for a folder, or nothing when the handler was not called.
+  FolderReader::Answer AnswerFor(const std::string& folder, int attributes = attribute::Normal) {
+    FolderReader::Answer result;
+    bool came = false;
+    const auto reading = reader->Read(folder, attributes, [&](const FolderReader::Answer& answer) {
+      result = answer;
+      came = true;
+    });
+    EXPECT_FALSE(came) << "not before the loop has run";
+    EXPECT_TRUE(toolkit.WaitUntil([&] { return came; }));
+    return result;
+  }
+  TemporaryDrive drive;
+  std::unique_ptr<FolderReader> reader = platform->MakeFolderReader(drive);
+};
+
+TEST_F(FolderReaderContract, AnswerComesByTheLoopWithTheFoldersInTheirOrder) {
+  const FolderReader::Answer answer = AnswerFor("C:\\Photos");
+  EXPECT_EQ(answer.Error, error::None);
+  EXPECT_THAT(answer.Names, ElementsAre("Trip 9", "Trip 10"));
+  EXPECT_THAT(AnswerFor("C:\\Photos", attribute::Hidden).Names, ElementsAre(".hidden", "Trip 9", "Trip 10"));
+}
+
+TEST_F(FolderReaderContract, FailureComesAsAnAnswerToo) {
+  EXPECT_EQ(AnswerFor("C:\\Nowhere").Error, error::PathNotFound);
+  EXPECT_EQ(AnswerFor("C:\\Photos\\a.jpg").Error, error::PathNotFound);
+  EXPECT_EQ(AnswerFor("no path").Error, error::BadFileName);
+}
+
+TEST_F(FolderReaderContract, EndedReadingIsNotAnswered) {
+  bool called = false;
+  auto reading = reader->Read("C:\\Photos", attribute::Normal, [&](const FolderReader::Answer&) { called = true; });
+  reading.reset();
+  AnswerFor("C:\\");
+  platform->Settle();
+  EXPECT_FALSE(called);
+}
+
+TEST_F(FolderReaderContract, HandlerMayEndItsOwnReadingAndBeginTheNext) {
+  std::unique_ptr<FolderReader::Reading> reading;
+  std::vector<std::string> names;
+  bool done = false;
+  reading = reader->Read("C:\\", attribute::Normal, [&](const FolderReader::Answer& first) {
+    names = first.Names;
+    reading = reader->Read("C:\\Photos", attribute::Normal, [&](const FolderReader::Answer& second) {
+      names.insert(names.end(), second.Names.begin(), second.Names.end());
+      reading.reset();
+      done = true;
+    });
+  });
+  EXPECT_TRUE(toolkit.WaitUntil([&] { return done; }));
+  EXPECT_THAT(names, ElementsAre("Photos", "Trip 9", "Trip 10"));
+}
+
+TEST_F(FolderReaderContract, ReaderMayEndBeforeItsAnswers) {
+  bool called = false;
+  std::vector<std::unique_ptr<FolderReader::Reading>> readings;
+  for (int i = 0; i < 20; ++i)
+    readings.push_back(
+        reader->Read("C:\\Photos", attribute::Normal, [&](const FolderReader::Answer&) { called = true; }));
+  readings.clear();
+  reader.reset();
+  platform->Settle();
+  EXPECT_FALSE(called);
+}
+
+// --- the clock
+// ---------------------------------------------------------------------------------------------------------
+
+using ClockContract = ContractTest;
+
+TEST_F(ClockContract, CountTakesItsTimeAndCountsWhatFitsIntoIt) {
+  Clock& clock = platform->GetClock();
+  const double before = clock.Seconds();
+  const std::int64_t count = clock.CountFor(0.05);
+  EXPECT_GE(clock.Seconds() - before, 0.05);
+  EXPECT_GT(count, 0);
+  EXPECT_LE(count, 500);
+  EXPECT_EQ(clock.CountFor(0), 0);
+}
+
+// --- what ships
+// --------------------------------------------------------------------------------------------------------
+
+using ShippedContract = ContractTest;
+
+TEST_F(ShippedContract, PictureAndTextAreThereAndNothingElse) {
+  Shipped& shipped = platform->GetShipped();
+  EXPECT_TRUE(shipped.Bytes("Clouds.jpg").starts_with("\xFF\xD8\xFF"));
+  EXPECT_TRUE(shipped.Bytes("Clouds.jpg").ends_with("\xFF\xD9"));
+  EXPECT_GT(shipped.Bytes("Readme.txt").size(), 20U);
+  EXPECT_EQ(ErrorOf([&] { shipped.Bytes("Other.txt"); }), error::FileNotFound);
+}
+
+}  // namespace
+}  // namespace pixorra
