@@ -13,6 +13,7 @@
 #include "platform/codecs/CodecPictures.h"
 #include "platform/codecs/DecodeAhead.h"
 #include "platform/codecs/TurboJpegCodec.h"
+#include "platform/headless/HeadlessFolderReader.h"
 #include "platform/headless/HeadlessPlatform.h"
 #include "tests/support/TemporaryDrive.h"
 #include "window/MainForm.h"
@@ -65,6 +66,7 @@ struct BenchRun {
   NoReadAhead noReadAhead;
   ReadAhead& readAhead;
   HeadlessPlatform platform;
+  HeadlessFolderReader folderReader{files, platform.posting};
   Host host{platform.toolkit,
             files,
             places,
@@ -78,7 +80,10 @@ struct BenchRun {
             platform.shell,
             platform.registry,
             platform.settings,
-            readAhead};
+            readAhead,
+            platform.shipped,
+            folderReader,
+            platform.volumes};
   MainForm main{host};
 };
 

@@ -3,6 +3,7 @@
 #include "app/INIfile.h"
 #include "app/Layout.h"
 #include "app/Preferences.h"
+#include "app/Seeding.h"
 #include "app/Shutdown.h"
 #include "app/Wiring.h"
 #include "base/Bars.h"
@@ -137,6 +138,7 @@ void ConnectEvents(MainForm& main) {
 }
 
 void StartUp(MainForm& main) {
+  SeedShippedFiles(main.host.files, main.host.places, main.host.shipped);
   main.preferences.Window.Load();
   main.Window.Load();
   if (!main.Window.IsLoaded()) return;

@@ -10,11 +10,13 @@
 #include "platform/posix/MappingSource.h"
 #include "platform/posix/PosixClock.h"
 #include "platform/posix/PosixFiles.h"
+#include "platform/posix/PosixFolderReader.h"
 #include "platform/posix/PosixPlaces.h"
 #include "platform/posix/PosixRegistry.h"
 #include "platform/posix/PosixSettings.h"
 #include "platform/posix/PosixShell.h"
 #include "platform/posix/RunningInstance.h"
+#include "platform/posix/PosixVolumes.h"
 #include "platform/qt/QtPlatform.h"
 #include "window/MainForm.h"
 
@@ -39,13 +41,15 @@ int main(int argc, char** argv) {
   PosixClock clock;
   PosixShell shell(mapping);
   PosixRegistry registry(environment.DataHome, mapping);
+  PosixFolderReader folderReader(mapping, qt.posting);
+  PosixVolumes volumes(environment, mapping);
   PosixSettings settings(environment.ConfigHome + "/pixorra/settings");
   CodecPictures pictures(files);
   DecodeAhead readAhead(files);
   TurboJpegCodec jpeg(files, &readAhead);
 
-  Host host{qt.toolkit, files,       places,       clock, pictures, qt.artwork, jpeg,
-            qt.dialogs, qt.printing, qt.clipboard, shell, registry, settings,   readAhead};
+  Host host{qt.toolkit,   files, places,   clock,    pictures,  qt.artwork, jpeg,         qt.dialogs, qt.printing,
+            qt.clipboard, shell, registry, settings, readAhead, qt.shipped, folderReader, volumes};
   MainForm main(host);
   ConnectEvents(main);
   StartUp(main);

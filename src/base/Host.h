@@ -8,6 +8,7 @@ class Clipboard;
 class Clock;
 class Dialogs;
 class Files;
+class FolderReader;
 class JpegCodec;
 class Pictures;
 class Places;
@@ -16,7 +17,9 @@ class ReadAhead;
 class Registry;
 class Settings;
 class Shell;
+class Shipped;
 class Toolkit;
+class Volumes;
 
 struct Host {
   Toolkit& toolkit;
@@ -33,6 +36,9 @@ struct Host {
   Registry& registry;
   Settings& settings;
   ReadAhead& readAhead;
+  Shipped& shipped;
+  FolderReader& folderReader;
+  Volumes& volumes;
 };
 
 }  // namespace pixorra

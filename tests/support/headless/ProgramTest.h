@@ -10,6 +10,7 @@
 #include "platform/codecs/CodecPictures.h"
 #include "platform/codecs/DecodeAhead.h"
 #include "platform/codecs/TurboJpegCodec.h"
+#include "platform/headless/HeadlessFolderReader.h"
 #include "platform/services/ReadAhead.h"
 #include "tests/support/FaultyFiles.h"
 #include "tests/support/TemporaryDrive.h"
@@ -66,6 +67,7 @@ class ProgramRun {
   NoReadAhead noReadAhead;
   ReadAhead& readAhead;
   StagePlatform platform;
+  HeadlessFolderReader folderReader{files, platform.posting};
   Host host{platform.toolkit,
             files,
             places,
@@ -79,7 +81,10 @@ class ProgramRun {
             platform.shell,
             platform.registry,
             platform.settings,
-            readAhead};
+            readAhead,
+            platform.shipped,
+            folderReader,
+            platform.volumes};
   MainForm main{host};
   Person& person = platform.person;
 };

@@ -7,6 +7,7 @@
 #include "platform/headless/HeadlessRegistry.h"
 #include "platform/headless/HeadlessSettings.h"
 #include "platform/headless/HeadlessShell.h"
+#include "platform/headless/HeadlessVolumes.h"
 #include "platform/headless/Script.h"
 #include "platform/headless/Surprises.h"
 #include "platform/posix/PosixClock.h"
@@ -14,6 +15,8 @@
 #include "platform/qt/QtBackend.h"
 #include "platform/qt/QtClipboard.h"
 #include "platform/qt/QtDialogs.h"
+#include "platform/qt/QtPosting.h"
+#include "platform/qt/QtShipped.h"
 #include "tests/support/qt/StagePerson.h"
 
 namespace pixorra {
@@ -42,6 +45,9 @@ struct StagePlatform {
   HeadlessShell shell;
   HeadlessRegistry registry;
   HeadlessSettings settings;
+  QtShipped shipped{backend.Art()};
+  HeadlessVolumes volumes;
+  QtPosting posting{backend};
   Person person{backend, script, surprises};
 };
 
