@@ -15,8 +15,8 @@
 #include "platform/posix/PosixRegistry.h"
 #include "platform/posix/PosixSettings.h"
 #include "platform/posix/PosixShell.h"
-#include "platform/posix/RunningInstance.h"
 #include "platform/posix/PosixVolumes.h"
+#include "platform/posix/RunningInstance.h"
 #include "platform/qt/QtPlatform.h"
 #include "window/MainForm.h"
 

@@ -25,7 +25,8 @@ void Warn(MainForm& main, const std::string& title, const std::string& text) {
   main.host.dialogs.MsgBox(text, BoxIcon::Exclamation, BoxButtons::Ok, title);
 }
 
-// Deliberate: only the first FoldersShown slots are searched. With a gap in the slots, a folder beyond it is not noticed.
+// Deliberate: only the first FoldersShown slots are searched. With a gap in the slots, a folder beyond it is not
+// noticed.
 int SlotShowing(const DesktopState& desk, const std::string& path) {
   for (int i = 1; i <= desk.FoldersShown; ++i) {
     if (desk.DestFolderFiles(i).Path() == path && desk.DestFolder(i).Visible()) return i;

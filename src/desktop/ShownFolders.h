@@ -14,8 +14,8 @@ int Display_a_New_Folder(MainForm& main, const std::string& path);
 // Takes the open folder off the Desktop. No file is touched.
 void Remove_Open_Folder(MainForm& main);
 
-// The last photo of the slot's list, in the folder by the spelling given, becomes the folder's preview. That of an empty
-// list takes the other picture and is hidden.
+// The last photo of the slot's list, in the folder by the spelling given, becomes the folder's preview. That of an
+// empty list takes the other picture and is hidden.
 void ShowNewestPhoto(MainForm& main, int slot, const std::string& folder, const Picture& whenEmpty);
 
 }  // namespace pixorra

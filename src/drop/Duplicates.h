@@ -10,8 +10,8 @@ class FileListBox;
 class Files;
 struct MainForm;
 
-// Whether two files hold the same bytes. The lengths must be equal. Deliberate: the first byte is not compared, so files
-// of one byte or none are all the same. Reading ends at the first difference. Raises what files raise.
+// Whether two files hold the same bytes. The lengths must be equal. Deliberate: the first byte is not compared, so
+// files of one byte or none are all the same. Reading ends at the first difference. Raises what files raise.
 class ContentComparison {
  public:
   // Opens the file that others are compared with.

@@ -37,8 +37,8 @@ void SetSrcSlotPath(FilmStripState& strip, int slot, const std::string& path) {
 
 namespace {
 
-// Pixels: of a thumbnail in its frame, from a thumbnail to its name, and what the canvas and the bar's range have beyond
-// the last frame.
+// Pixels: of a thumbnail in its frame, from a thumbnail to its name, and what the canvas and the bar's range have
+// beyond the last frame.
 constexpr int ThumbnailInset = 10;
 constexpr int ThumbnailDrop = 17;
 constexpr int NameGap = 1;
@@ -75,7 +75,8 @@ void FitSrcCanvas(FilmStripState& strip, int lastSlot, int shown) {
   ErrorsIgnored([&] { strip.SrcCanvas.SetWidth(last.Left() + last.Width() + RoomBesideFrames); });
   // Past 16 bits the assignment fails and the former Max is kept. A strip that fits its window goes back to its start
   // by the first of the two.
-  const double max = (shown * static_cast<double>(SrcFrameWidth) - strip.SrcThumbsWindow.ScaleWidth() + RoomToScroll) / 2;
+  const double max =
+      (shown * static_cast<double>(SrcFrameWidth) - strip.SrcThumbsWindow.ScaleWidth() + RoomToScroll) / 2;
   ErrorsIgnored([&] { strip.SrcScrollbar.SetMax(max); });
   ErrorsIgnored([&] {
     if (strip.SrcScrollbar.Max() < LeastBarMax) strip.SrcScrollbar.SetMax(LeastBarMax);

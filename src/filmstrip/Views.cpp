@@ -98,8 +98,7 @@ void ArrangeRemaining(MainForm& main) {
   if (strip.SrcSlotCount == 0) return;
   const bool selected = strip.SrcThumbFrame.Visible();
   strip.SrcThumbFrame.SetVisible(false);
-  const int shown = PlaceSlots(
-      strip, [&](int i) { return !PhotoOf(strip, i).empty() && !IsMarked(strip, i); });
+  const int shown = PlaceSlots(strip, [&](int i) { return !PhotoOf(strip, i).empty() && !IsMarked(strip, i); });
   ShowArranged(main, shown);
   if (selected) FollowSelection(main);
 }

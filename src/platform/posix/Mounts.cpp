@@ -6,7 +6,6 @@
 #include <sys/stat.h>
 #include <utility>
 
-
 namespace pixorra {
 
 namespace {
