@@ -56,7 +56,7 @@ TEST_F(DialogTest, ItIsModalAndInTheMiddleOfItsOwner) {
 TEST_F(DialogTest, HiddenWithoutAnAnswerItKeepsWaitingForOne) {
   person.ExpectForm("AskForm", [this](Person&, Form& form) {
     form.Hide();
-    person.During([this](Person&) { dialog.Give(7); });
+    person.During([this] { dialog.Give(7); });
   });
   EXPECT_EQ(dialog.Ask(owner), 7);
 }

@@ -11,7 +11,6 @@
 #include "platform/posix/HostNames.h"
 #include "platform/posix/Mounts.h"
 #include "platform/posix/ShareMounts.h"
-#include "platform/posix/SmallFiles.h"
 #include "platform/runtime/NaturalOrder.h"
 
 namespace pixorra {
@@ -85,7 +84,7 @@ PosixVolumes::PosixVolumes(const Environment& environment, std::shared_ptr<Mappi
 
 std::vector<PlaceOfVolume> PosixVolumes::List() {
   const PathMapping& mapping = mapping_->Current();
-  const std::vector<Mount> mounts = ParseMountInfo(ReadSmallFile(mountInfoFile).value_or(""));
+  const std::vector<Mount> mounts = AllMounts();
   std::vector<PlaceOfVolume> volumes;
   for (const Volume& volume : mapping.Volumes())
     volumes.push_back({volume.ShownName, KindAt(volume.HostRoot, mounts), {volume.Letter, ':', '\\'}});
