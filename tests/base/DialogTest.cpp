@@ -11,6 +11,8 @@ class DialogTest : public HeadlessTest {
  protected:
   DialogTest() {
     owner.Show();
+    yes.Move(10, 10, 80, 30);
+    no.Move(100, 10, 80, 30);
     dialog.AnswerBy(yes, 1);
     dialog.AnswerBy(no, 2);
   }
