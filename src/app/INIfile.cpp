@@ -24,47 +24,15 @@ std::string SavedStateFile(MainForm& main) {
   return WindowsFolderPath(main.host.places) + "Pixorra.sav";
 }
 
-// In the file's order, for reading and for writing.
-std::array<CheckBox*, 8> StoredBoxes(PreferencesForm& preferences) {
-  return {&preferences.RememberFilmStripCheckbox,
-          &preferences.RememberFoldersCheckbox,
-          &preferences.EmptyTrashcanCheckbox,
-          &preferences.JpegCheckbox,
-          &preferences.BitmapCheckbox,
-          &preferences.GifCheckbox,
-          &preferences.KeepDateCheckBox,
-          &preferences.AutoPreviewCheckBox};
-}
-
-// The number, from 1, of the option that is set; 0 where none is.
-using Options = std::array<OptionButton*, 3>;
-int ChosenOption(const Options& options) {
-  for (std::size_t i = 0; i < options.size(); ++i) {
-    if (options[i]->Value()) return static_cast<int>(i) + 1;
-  }
-  return 0;
-}
-
-Options RenameOptions(PreferencesForm& preferences) {
-  return {&preferences.RenameAlwaysOption, &preferences.RenameExistsOption, &preferences.RenameAskOption};
-}
-
-Options DuplicateOptions(PreferencesForm& preferences) {
-  return {&preferences.DuplicatesAutoOption, &preferences.DuplicatesAskOption, &preferences.DuplicatesAllowOption};
-}
-
 std::string Compose(MainForm& main) {
   SavedRecordWriter record;
   const Form& window = main.Window;
   record.Numbers({window.TwipsWidth(), window.TwipsHeight(), window.TwipsTop(), window.TwipsLeft(),
                   static_cast<double>(window.WindowState())});
   record.Text(main.core.CompanyNameLabel.Caption());
-  // An option group with none set writes no line, as nothing tells its number.
-  for (const int chosen :
-       {ChosenOption(RenameOptions(main.preferences)), ChosenOption(DuplicateOptions(main.preferences))}) {
-    if (chosen != 0) record.Number(chosen);
-  }
-  for (const CheckBox* box : StoredBoxes(main.preferences)) record.Number(box->Value());
+  record.Number(main.preferences.RenameOptions().Chosen());
+  record.Number(main.preferences.DuplicateOptions().Chosen());
+  for (const CheckBox* box : main.preferences.StoredBoxes()) record.Number(box->Value());
   record.Text(main.strip.CameraLocation);
   record.Text(main.strip.NoFilmStrip ? std::string() : main.strip.SrcFileList.Path());
   for (int i = 1; i <= FolderSlots; ++i) {
@@ -118,9 +86,8 @@ void ReadWindow(MainForm& main, SavedRecordReader& record) {
   ErrorsIgnored([&] { window.SetWindowState(windowState); });
 }
 
-void ReadOption(const Options& options, SavedRecordReader& record) {
-  const std::optional<int> chosen = record.ShortNumber();
-  if (chosen && *chosen >= 1 && *chosen <= 3) options[static_cast<std::size_t>(*chosen - 1)]->SetValue(true);
+void ReadOption(const OptionGroup& group, SavedRecordReader& record) {
+  if (const std::optional<int> chosen = record.ShortNumber()) group.Choose(*chosen);
 }
 
 void ReadFilmStrip(MainForm& main, SavedRecordReader& record) {
@@ -160,9 +127,9 @@ void ReadSavedState(MainForm& main) {
   SavedRecordReader record(bytes);
   ReadWindow(main, record);
   if (const auto company = record.Text()) main.core.CompanyNameLabel.SetCaption(*company);
-  ReadOption(RenameOptions(main.preferences), record);
-  ReadOption(DuplicateOptions(main.preferences), record);
-  for (CheckBox* box : StoredBoxes(main.preferences)) {
+  ReadOption(main.preferences.RenameOptions(), record);
+  ReadOption(main.preferences.DuplicateOptions(), record);
+  for (CheckBox* box : main.preferences.StoredBoxes()) {
     if (const auto value = record.ShortNumber()) ErrorsIgnored([&] { box->SetValue(*value); });
   }
   if (const auto camera = record.Text()) main.strip.CameraLocation = *camera;

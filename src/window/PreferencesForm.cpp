@@ -60,9 +60,39 @@ PreferencesForm::PreferencesForm(Toolkit& toolkit) : Window(toolkit, "Preference
   Default_Settings();
 }
 
+int OptionGroup::Chosen() const {
+  for (std::size_t i = 0; i < Options.size(); ++i) {
+    if (Options[i]->Value()) return static_cast<int>(i) + 1;
+  }
+  return Factory;
+}
+
+void OptionGroup::Choose(int number) const {
+  if (number < 1 || number > static_cast<int>(Options.size())) return;
+  Options[static_cast<std::size_t>(number - 1)]->SetValue(true);
+}
+
+OptionGroup PreferencesForm::RenameOptions() {
+  return {{&RenameAlwaysOption, &RenameExistsOption, &RenameAskOption}, 1};
+}
+
+OptionGroup PreferencesForm::DuplicateOptions() {
+  return {{&DuplicatesAutoOption, &DuplicatesAskOption, &DuplicatesAllowOption}, 2};
+}
+
+std::array<CheckBox*, 8> PreferencesForm::StoredBoxes() {
+  return {&RememberFilmStripCheckbox,
+          &RememberFoldersCheckbox,
+          &EmptyTrashcanCheckbox,
+          &JpegCheckbox,
+          &BitmapCheckbox,
+          &GifCheckbox,
+          &KeepDateCheckBox,
+          &AutoPreviewCheckBox};
+}
+
 void PreferencesForm::Default_Settings() {
-  RenameAlwaysOption.SetValue(true);
-  DuplicatesAskOption.SetValue(true);
+  for (const OptionGroup& group : {RenameOptions(), DuplicateOptions()}) group.Choose(group.Factory);
   for (CheckBox* box : {&RememberFilmStripCheckbox, &RememberFoldersCheckbox, &EmptyTrashcanCheckbox, &KeepDateCheckBox,
                         &JpegCheckbox, &BitmapCheckbox, &GifCheckbox}) {
     box->SetValue(1);

@@ -130,6 +130,15 @@ TEST_F(INIfileTest, EachOptionWritesItsNumber) {
   EXPECT_EQ(linesWith([](PreferencesForm& form) { form.DuplicatesAllowOption.SetValue(true); }), "1 3");
 }
 
+TEST_F(INIfileTest, AnOptionGroupWithNoneSetIsWrittenWithItsFactoryNumberAndNoLineMovesUp) {
+  ProgramRun& run = StartedFrom(OtherLines);
+  PreferencesForm& preferences = run.main.preferences;
+  for (const OptionGroup& group : {preferences.RenameOptions(), preferences.DuplicateOptions()}) {
+    for (OptionButton* option : group.Options) option->SetValue(false);
+  }
+  EXPECT_EQ(LinesAfter(run), With(With(OtherLines, 3, "1"), 4, "2"));
+}
+
 TEST_F(INIfileTest, EachCheckBoxWritesItsOwnLine) {
   for (int number = 5; number <= 12; ++number) {
     std::vector<std::string> lines = StateLines("", {});
