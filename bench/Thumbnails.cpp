@@ -11,7 +11,7 @@
 #include "base/FileDateTime.h"
 #include "base/QuickThumbsRecord.h"
 #include "bench/BenchRun.h"
-#include "pictures/Painting.h"
+#include "pictures/PaintPhoto.h"
 #include "pictures/QuickThumbs.h"
 #include "tests/support/TestPictures.h"
 #include "window/FilmStripState.h"

@@ -6,7 +6,7 @@
 #include "base/ShownNames.h"
 #include "desktop/FolderGeometry.h"
 #include "desktop/FolderSlots.h"
-#include "pictures/Painting.h"
+#include "pictures/PaintPhoto.h"
 #include "platform/runtime/Errors.h"
 #include "platform/runtime/Numbers.h"
 #include "preview/PreviewPane.h"
@@ -57,7 +57,7 @@ void FitCanvasHeight(DesktopState& desk, int room) {
   ErrorsIgnored([&] { desk.DestCanvas.SetHeight(last.Top() + last.Height() + room); });
 }
 
-// Past 16 bits the assignment fails and the former Max stands. A view that fits its window goes back to its start by
+// Past 16 bits the assignment fails and the former Max is kept. A view that fits its window is scrolled back by
 // the first of the two.
 void FitScrollbar(DesktopState& desk) {
   ScrollBar& bar = desk.DestScrollbar;

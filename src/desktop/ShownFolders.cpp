@@ -4,7 +4,7 @@
 #include "base/ShownNames.h"
 #include "desktop/FolderSlots.h"
 #include "desktop/OpenFolder.h"
-#include "pictures/Painting.h"
+#include "pictures/PaintPhoto.h"
 #include "platform/runtime/Errors.h"
 #include "platform/services/Dialogs.h"
 #include "platform/services/Files.h"

@@ -10,7 +10,7 @@
 #include "drop/Naming.h"
 #include "drop/RenameAskForm.h"
 #include "filmstrip/Marks.h"
-#include "pictures/Painting.h"
+#include "pictures/PaintPhoto.h"
 #include "platform/controls/Toolkit.h"
 #include "platform/runtime/Errors.h"
 #include "platform/runtime/Numbers.h"
@@ -74,7 +74,7 @@ void TakeVanishedFolderOff(MainForm& main, const Drop& drop, int openBefore) {
   main.host.dialogs.MsgBox("Folder not found\n\n" + main.host.files.ShownPath(drop.Folder), BoxIcon::Critical,
                            BoxButtons::Ok, "WARNING: Can't drop photo into this folder");
   Select_a_Folder(main, drop.Slot);
-  // The folder that has gone may have left already, and another one is open in its place.
+  // The selection may have taken it off already, and another one is open in its place.
   if (main.desk.OpenFolderIndex == drop.Slot) Remove_Open_Folder(main);
   Select_a_Folder(main, openBefore);
 }

@@ -4,7 +4,7 @@
 #include "base/FileDateTime.h"
 #include "base/Routines.h"
 #include "base/ShownNames.h"
-#include "pictures/Painting.h"
+#include "pictures/PaintPhoto.h"
 #include "platform/controls/Buttons.h"
 #include "platform/controls/Form.h"
 #include "platform/controls/ImageBox.h"

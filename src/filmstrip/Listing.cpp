@@ -2,7 +2,7 @@
 
 #include "base/ShownNames.h"
 #include "filmstrip/Marks.h"
-#include "pictures/Painting.h"
+#include "pictures/PaintPhoto.h"
 #include "platform/runtime/Errors.h"
 #include "platform/runtime/Numbers.h"
 #include "window/FilmStripState.h"
@@ -73,8 +73,8 @@ void PlaceSrcSlot(FilmStripState& strip, int slot, int position) {
 void FitSrcCanvas(FilmStripState& strip, int lastSlot, int shown) {
   const ImageBox& last = strip.SrcBackground(lastSlot);
   ErrorsIgnored([&] { strip.SrcCanvas.SetWidth(last.Left() + last.Width() + RoomBesideFrames); });
-  // Past 16 bits the assignment fails and the former Max is kept. A strip that fits its window goes back to its start
-  // by the first of the two.
+  // Past 16 bits the assignment fails and the former Max is kept. A strip that fits its window is scrolled back to its
+  // start by the first of the two.
   const double max =
       (shown * static_cast<double>(SrcFrameWidth) - strip.SrcThumbsWindow.ScaleWidth() + RoomToScroll) / 2;
   ErrorsIgnored([&] { strip.SrcScrollbar.SetMax(max); });

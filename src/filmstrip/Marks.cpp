@@ -3,7 +3,7 @@
 #include "base/Palette.h"
 #include "filmstrip/Views.h"
 #include "pictures/DotScreen.h"
-#include "pictures/Painting.h"
+#include "pictures/PaintPhoto.h"
 #include "pictures/QuickThumbs.h"
 #include "window/FilmStripState.h"
 #include "window/MainForm.h"

@@ -20,7 +20,7 @@ struct FittedRect {
 // another keeps its shape and gets bars. Raises DivisionByZero for a photo or canvas without height.
 inline FittedRect Fit(int canvasWidth, int canvasHeight, int photoWidth, int photoHeight) {
   if (canvasHeight <= 0 || photoHeight <= 0) throw RuntimeError(error::DivisionByZero);
-  // Both shapes over one denominator, in whole numbers, so that a difference of exactly 0.2 is told from less.
+  // Both shapes over one denominator, in whole numbers, so that a difference of exactly 0.2 is not taken for less.
   const std::int64_t photo = std::int64_t{photoWidth} * canvasHeight;
   const std::int64_t canvas = std::int64_t{canvasWidth} * photoHeight;
   const std::int64_t denominator = std::int64_t{photoHeight} * canvasHeight;

@@ -47,7 +47,7 @@ class Steps {
   int number_ = error::None;
 };
 
-// Raises error 380 for a control that shows no picture.
+// Raises BadPropertyValue for a control that shows no picture.
 void SetPictureOf(Control& target, const Picture& picture) {
   if (target.GetKind() == Kind::ImageBox) {
     static_cast<ImageBox&>(target).SetPicture(picture);
@@ -58,7 +58,7 @@ void SetPictureOf(Control& target, const Picture& picture) {
   }
 }
 
-// The reduction for the next photo, so that it comes out about as wide as a thumbnail.
+// The reduction for the next photo, so that it is decoded about as wide as a thumbnail.
 void AdjustScale(PicturesState& pictures, int decodedWidth) {
   if (decodedWidth == 0) return;
   if (decodedWidth < LeastWidth) {
@@ -78,7 +78,7 @@ void LoadReduced(MainForm& main, const std::string& path, const Watch<Control>& 
   pictures.gLoaderDib = std::make_unique<cDIBsection>();
   bool decoded = false;
   steps.Run([&] { decoded = LoadJPG(pictures.jpegBridge, *pictures.gLoaderDib, path, pictures.lDecodeScale); });
-  // A photo that broke off half-way must not be passed on as if it were whole.
+  // A photo that could not be decoded to its end must not be taken for a whole one.
   if (decoded) steps.Run([&] { SaveJPG(pictures.jpegBridge, *pictures.gLoaderDib, temporary, TemporaryQuality); });
   steps.Run([&] {
     const Picture reduced = host.pictures.Load(temporary);

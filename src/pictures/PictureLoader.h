@@ -1,4 +1,4 @@
-// The one way for a picture file to reach a control.
+// Loading picture files into controls.
 #pragma once
 
 #include <string>

@@ -2,7 +2,7 @@
 
 #include "base/ShownNames.h"
 #include "pictures/DotScreen.h"
-#include "pictures/Painting.h"
+#include "pictures/PaintPhoto.h"
 #include "pictures/QuickThumbs.h"
 #include "platform/runtime/Errors.h"
 #include "platform/runtime/Text.h"

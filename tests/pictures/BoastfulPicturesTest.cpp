@@ -3,7 +3,7 @@
 #include <fstream>
 #include <gtest/gtest.h>
 
-#include "pictures/Painting.h"
+#include "pictures/PaintPhoto.h"
 #include "pictures/PictureLoader.h"
 #include "tests/support/TestPictures.h"
 #include "tests/support/headless/ProgramTest.h"

@@ -7,7 +7,7 @@
 #include <iterator>
 #include <vector>
 
-#include "pictures/Painting.h"
+#include "pictures/PaintPhoto.h"
 #include "pictures/PictureLoader.h"
 #include "tests/pictures/RealPhotosRun.h"
 #include "tests/support/RealPhotos.h"

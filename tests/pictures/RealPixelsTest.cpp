@@ -11,7 +11,7 @@
 #include <sstream>
 
 #include "pictures/Fit.h"
-#include "pictures/Painting.h"
+#include "pictures/PaintPhoto.h"
 #include "pictures/PictureLoader.h"
 #include "tests/pictures/RealPhotosRun.h"
 #include "tests/support/RealPhotos.h"

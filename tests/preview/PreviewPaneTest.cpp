@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "app/Wiring.h"
-#include "pictures/Painting.h"
+#include "pictures/PaintPhoto.h"
 #include "pictures/QuickThumbs.h"
 #include "preview/PreviewPane.h"
 #include "tests/support/TestPictures.h"

@@ -1,7 +1,7 @@
 // Thumbnails and larger pictures as they are painted: shapes, bars, temporary files, scratch elements, and failures.
 #include <gtest/gtest.h>
 
-#include "pictures/Painting.h"
+#include "pictures/PaintPhoto.h"
 #include "pictures/QuickThumbs.h"
 #include "tests/support/TestPictures.h"
 #include "tests/support/headless/ProgramTest.h"

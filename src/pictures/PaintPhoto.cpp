@@ -1,4 +1,4 @@
-#include "pictures/Painting.h"
+#include "pictures/PaintPhoto.h"
 
 #include "base/Routines.h"
 #include "pictures/Fit.h"
@@ -67,7 +67,7 @@ void ReduceThumbnail(Host& host, Scratch<PictureBox>& canvas, const ImageBox& ph
   host.files.Delete(file);
 }
 
-// Tells the photo's size as soon as it is known, and `ok` at the end.
+// Sets the photo's size as soon as it is known, and `ok` at the end.
 void ComposeImage(Host& host, Scratch<PictureBox>& canvas, ImageBox& photo, ImageBox& target, Colour backColour,
                   PaintedImage& painted) {
   const double factor = target.Width() <= SmallTarget ? SmallTargetFactor : 1;
@@ -105,7 +105,7 @@ void PaintThumbnail(MainForm& main, ImageBox& target, const std::string& path, b
   const int width = CLng(target.Width() * ThumbnailFactor);
   const int height = CLng(target.Height() * ThumbnailFactor);
   target.Refresh();
-  // A message while the photo is loaded lets events run, and the slot may go.
+  // A message while the photo is loaded lets events run, and the slot may be unloaded.
   const Watch<ImageBox> alive(target);
   if (!QuickThumbsOf(main).ReadQuickThumb(path, target, bDragged)) {
     const bool loaded = LoadPictureFile(main, path, *photo, true);
