@@ -32,8 +32,8 @@ LoadedPaths::PathOf SlotPaths(FilmStripState& strip) {
   return [&strip](int slot) -> const std::string& { return strip.SrcThumbnail(slot).Tag(); };
 }
 
-// False where the turn had better pass, as the photo is still being decoded. One whose thumbnail is in the cache does
-// not wait. `following` gives the first so many photos, `next` and those behind it.
+// False while the photo is still being decoded ahead: this turn is then left out. A photo whose thumbnail is in the
+// cache need not wait. `following` returns so many photos, from `next` on.
 bool IsPrepared(MainForm& main, ReadAhead::Reader reader, const std::string& next,
                 const std::function<std::vector<std::string>(int)>& following) {
   ReadAhead& ahead = main.host.readAhead;
@@ -83,7 +83,7 @@ void LoadFilmStrip(MainForm& main) {
 void ThumbsTimer_Timer(MainForm& main) {
   FilmStripState& strip = main.strip;
   strip.ThumbsTimer.SetEnabled(false);
-  // A long step has let the loop run while a run of this handler is still on its way.
+  // A long step of this handler has let events run, and the timer has ticked meanwhile.
   if (strip.ThumbsTimerGuard == GuardHeld) {
     strip.ThumbsTimer.SetEnabled(true);
     return;

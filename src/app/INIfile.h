@@ -5,7 +5,7 @@ namespace pixorra {
 
 struct MainForm;
 
-// A missing or damaged file leaves what it does not tell as it is. Shows the messages of the folders it cannot bring
+// What a missing or damaged file does not hold stays as it is. Shows the messages of the folders it cannot bring
 // back.
 void ReadSavedState(MainForm& main);
 // Replaces the file as a whole. Raises where it cannot be opened for writing; a later failure leaves the one before.

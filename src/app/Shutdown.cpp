@@ -17,7 +17,7 @@
 namespace pixorra {
 
 void Form_QueryUnload(MainForm& main) {
-  // A state that cannot be saved is told and must not keep the window open.
+  // A state that cannot be saved gives a message and must not keep the window open.
   try {
     WriteSavedState(main);
   } catch (const RuntimeError& failure) {

@@ -1,4 +1,4 @@
-// The end of the main window. Every way of closing it comes here, and none is cancelled.
+// The end of the main window. Every way of closing it leads here, and none is cancelled.
 #pragma once
 
 namespace pixorra {

@@ -54,7 +54,7 @@ void HideFolderPopupItem_Click(MainForm& main) {
   const int before = main.desk.OpenFolderIndex;
   const int slot = main.desk.PopupFolderIndex;
   Select_a_Folder(main, slot);
-  // A folder that has gone has left the Desktop already.
+  // A folder that no longer exists has been taken off by the selection already.
   if (main.desk.OpenFolderIndex == slot) Remove_Open_Folder(main);
   Select_a_Folder(main, before);
 }

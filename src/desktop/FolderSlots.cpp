@@ -85,7 +85,7 @@ void CreateFolderSlots(DesktopState& desk, Host& host) {
   desk.DestFolder(TrashcanSlot).SetPicture(desk.TrashcanClosed);
   ShowFolderCount(desk, TrashcanSlot);
   desk.DestFolder(TrashcanSlot).SetVisible(true);
-  // It stands on the Desktop's picture, whatever that is.
+  // Its ground is the Desktop's picture, whatever that is.
   desk.DestPicsCount(TrashcanSlot).SetHalo(true);
   desk.DestPicsCount(TrashcanSlot).SetVisible(true);
   desk.DestFolder(TrashcanSlot).BringToFront();

@@ -93,7 +93,7 @@ void RefreshFolder(MainForm& main, int slot) {
   DesktopState& desk = main.desk;
   if (!IsSlotInUse(desk, slot)) return;
   Select_a_Folder(main, slot);
-  // Where the folder has gone, another one may be open now.
+  // A folder that no longer exists has been taken off the Desktop, and another one may be open now.
   if (desk.OpenFolderIndex != slot) return;
   desk.DestFileList.Refresh();
   desk.DestFolderFiles(slot).Refresh();

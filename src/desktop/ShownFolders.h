@@ -1,4 +1,4 @@
-// Folders that come onto the Desktop, and leave it.
+// Putting folders on the Desktop, and taking them off.
 #pragma once
 
 #include <string>

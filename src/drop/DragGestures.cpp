@@ -20,7 +20,7 @@ bool ShowsOnClick(const MainForm& main) {
   return main.preferences.AutoPreviewCheckBox.Value() == 1;
 }
 
-// A box that comes up within a drag must not come up once more when the mouse moves under it.
+// While a box is shown within a drag, a move of the mouse must not show it once more.
 BoxAnswer AskInDrag(MainForm& main, const std::string& text, BoxIcon icon, BoxButtons buttons,
                     const std::string& title) {
   main.drop.dragQuestionUp = true;

@@ -7,7 +7,8 @@ class Control;
 class ImageBox;
 struct MainForm;
 
-// The drop event of DestFolderPreview, to which every drop target comes. The source is a slot's thumbnail or AllButton.
+// The drop event of DestFolderPreview, to which every drop target is connected. The source is a slot's thumbnail or
+// AllButton.
 void DropOnFolder(MainForm& main, int slot, Control& source);
 void CopyDraggedPhoto(MainForm& main, int slot, ImageBox& source);
 

@@ -1,4 +1,4 @@
-// The dialog that asks which of two equal photos goes.
+// The dialog that asks which of two equal photos is to be deleted.
 #pragma once
 
 #include <string>

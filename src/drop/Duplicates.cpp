@@ -6,7 +6,6 @@
 #include <utility>
 #include <vector>
 
-#include "base/Routines.h"
 #include "desktop/OpenFolderView.h"
 #include "drop/DuplicateAskForm.h"
 #include "platform/controls/FileListBox.h"

@@ -1,4 +1,4 @@
-// Duplicates: is a photo that has just come into a folder there already, and which of the two is deleted.
+// Duplicates: whether a photo that is new in a folder was there already, and which of the two is deleted.
 #pragma once
 
 #include <memory>

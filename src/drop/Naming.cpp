@@ -29,7 +29,8 @@ std::size_t StartOfTrailingDigits(const std::string& base) {
   return start;
 }
 
-// The text of the next number. Past fifteen digits adding 1 no longer shows in it; then as much is added as does.
+// The text of the next number. Past fifteen digits the text no longer changes when 1 is added; then the least power of
+// two is added that changes it.
 std::string NextNumber(const std::string& digits) {
   const double value = Val(digits);
   for (double step = 1;; step *= 2) {

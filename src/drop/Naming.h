@@ -7,13 +7,13 @@ namespace pixorra {
 
 class Files;
 
-// The last full stop of a file name and what follows; empty where there is none.
+// The last full stop of a file name and what is after it; empty where there is none.
 std::string ExtensionOf(const std::string& name);
 // The name as it is where it is free in the folder, else with its trailing number raised until it is. Empty where
 // folder, name or the name's base is empty.
 std::string MakeUniqueName(Files& files, const std::string& folder, const std::string& name);
 // "PXR", one above the highest number of the folder's names of that form and extension, in five digits or more. Raises
-// error 6 where that number, or the next one, leaves 32 bits.
+// Overflow where that number, or the next one, leaves 32 bits.
 std::string MakeGeneratedName(Files& files, const std::string& folder, const std::string& name);
 
 }  // namespace pixorra

@@ -54,7 +54,7 @@ class RenameAskForm {
   Dialog<std::string> question_{window_, "CANCEL"};
 };
 
-// Gives the focus back to the control that had it, when the dialog has gone.
+// Gives the focus back to the control that had it, after the dialog.
 class FocusGivenBack {
  public:
   explicit FocusGivenBack(Toolkit& toolkit) {

@@ -1,4 +1,4 @@
-// The strip's folder and its slots: what a change of folder shows, and how a slot comes up.
+// The strip's folder and its slots: what a change of folder shows, and how a slot is made.
 #pragma once
 
 #include <string>
@@ -15,7 +15,8 @@ void ShowNoFilmStrip(FilmStripState& strip);
 // Makes the next slot, for the photo at the full path.
 void AddSrcSlot(MainForm& main, const std::string& path);
 
-// A slot's photo has another path now; empty: it has gone, and the slot is dead. The only way to set a slot's Tag.
+// A slot's photo has another path now; empty: it is there no longer, and the slot is dead. The only way to set a slot's
+// Tag.
 void SetSrcSlotPath(FilmStripState& strip, int slot, const std::string& path);
 // Puts the three controls of a slot at a shown position, from 0, on the present page, and shows them.
 void PlaceSrcSlot(FilmStripState& strip, int slot, int position);

@@ -15,7 +15,7 @@ void MarkDragged(MainForm& main, ImageBox& thumbnail);
 int CheckDraggedPhotos(const FilmStripState& strip);
 // A double click on a slot marks it, or recovers it.
 void SrcBackground_DblClick(MainForm& main, int slot);
-// The tool tip tells which of the two a double click would do.
+// The tool tip says which of the two a double click would do.
 void SrcBackground_MouseMove(MainForm& main, int slot);
 
 }  // namespace pixorra

@@ -25,7 +25,7 @@ struct DropState {
   Picture NotReadyIcon;
 
   FileBuffer copyBuffer;        // shared by all copies
-  bool dragQuestionUp = false;  // a box that a drag of AllButton has brought up stands
+  bool dragQuestionUp = false;  // a box that a drag of AllButton has brought up is shown
 };
 
 }  // namespace pixorra

@@ -74,7 +74,7 @@ struct FilmStripState {
   void DefineButtons(Host& host);
 };
 
-// Of a slot, from 1. The full path of its photo; empty: it has gone, and the slot is dead.
+// Of a slot, from 1. The full path of its photo; empty: it is there no longer, and the slot is dead.
 inline const std::string& PhotoOf(const FilmStripState& strip, int slot) {
   return strip.SrcThumbnail(slot).Tag();
 }

@@ -15,7 +15,7 @@
 
 namespace pixorra {
 
-// In the order in which their controls lie above each other.
+// In the order of their controls, from the back to the front.
 struct MainForm::Regions {
   Regions(Form& window, Host& host)
       : menu(window),

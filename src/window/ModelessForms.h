@@ -1,5 +1,5 @@
-// The forms that are shown without waiting for them. Each is made when it is first wanted, lives as long as the main
-// window and goes with it.
+// The forms that are shown without waiting for them. Each is made when it is first wanted, is unloaded
+// with the main window.
 #pragma once
 
 #include <memory>
@@ -30,7 +30,7 @@ class ModelessForms {
     }
     return nullptr;
   }
-  // The main window goes: each form is unloaded, the last one made first.
+  // With the main window: unloads each form, the last one made first.
   void UnloadAll();
 
  private:
