@@ -27,7 +27,7 @@ class FileListBox : public Control {
 
   int ListCount() const { return static_cast<int>(names_.size()); }
   const std::string& List(int index) const;  // raises error 9 outside the list
-  // The entry's name in the list's folder.
+  // The entry's name in the list's folder. Raises BadSubscript outside the list.
   std::string FullPath(int index) const { return path_ + (path_.ends_with('\\') ? "" : "\\") + List(index); }
   // Changes whenever the names may have changed.
   unsigned Generation() const { return generation_; }

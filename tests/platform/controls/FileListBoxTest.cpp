@@ -37,6 +37,15 @@ TEST_F(FileListBoxTest, ListsAFolderSortedWithCaseIgnored) {
   EXPECT_THAT(All(list), ElementsAre("a.jpg", "A2.jpg", "B.JPG"));
 }
 
+TEST_F(FileListBoxTest, FullPathIsTheNameInItsFolderOrRootWithOneBackslashBetween) {
+  drive.Write("C:\\root.jpg", "x");
+  list.Refresh();
+  EXPECT_EQ(list.FullPath(0), "C:\\root.jpg");
+  list.SetPath("C:\\Photos\\");
+  EXPECT_EQ(list.FullPath(1), "C:\\Photos\\A2.jpg");
+  EXPECT_EQ(ErrorOf([&] { list.FullPath(3); }), error::BadSubscript);
+}
+
 TEST_F(FileListBoxTest, NamesThatDifferInCaseAloneBothStand) {
   drive.Write("C:\\Photos\\A.JPG", "x");
   list.SetPath("C:\\Photos");
