@@ -20,6 +20,10 @@ bool TakesFocus(const Control& control) {
   return TraitsOf(control.GetKind()).TakesFocus;
 }
 
+bool TakesDrops(Control& control) {
+  return static_cast<bool>(control.On().DragDrop);
+}
+
 }  // namespace
 
 void Person::PressAt(Form& form, int x, int y, int button, int shift) {
@@ -162,8 +166,11 @@ void Person::DoubleClick(Control& control) {
 }
 
 void Person::Drag(Control& source, Control& target) {
-  if (const auto to = PointOn(target)) {
-    DragTo(source, target.GetForm(), to->X, to->Y);
+  // Onto its middle: nobody aims at a rim that something else leaves free.
+  const Rect shown = target.ShownRect();
+  const Place middle{shown.Left + shown.Width / 2, shown.Top + shown.Height / 2};
+  if (PointOn(target) && toolkit_.ControlAt(target.GetForm(), middle.X, middle.Y) == &target) {
+    DragTo(source, target.GetForm(), middle.X, middle.Y);
   } else {
     Fail("drag to: " + WhyOutOfReach(target));
   }
@@ -176,6 +183,9 @@ void Person::DragTo(Control& source, Form& form, int x, int y) {
   const int fromY = y_;
   for (int step = 1; step <= DragSteps && watch && button_ != 0; ++step) {
     MoveTo(form, fromX + (x - fromX) * step / DragSteps, fromY + (y - fromY) * step / DragSteps);
+  }
+  if (watch && toolkit_.Drag().Source != nullptr && !TakesDrops(*toolkit_.ControlAt(form, x, y))) {
+    Fail("drag: " + toolkit_.ControlAt(form, x, y)->Name() + " takes no drop");
   }
   Release();
 }

@@ -99,6 +99,27 @@ TEST_F(PersonTest, DragGoesInSeveralMovesAndDrops) {
   EXPECT_THAT(states, ElementsAre(DragState::Enter, DragState::Over));
 }
 
+TEST_F(PersonTest, ADropThatNothingTakesFails) {
+  picture.SetAutomaticDrag(true);
+  ImageBox table(form, "Table");
+  table.Move(200, 100, 80, 80);
+  KeepSurprises();
+  person.Drag(picture, table);
+  EXPECT_THAT(Surprises(), ElementsAre("drag: Table takes no drop"));
+}
+
+TEST_F(PersonTest, ADragToAFolderWhoseMiddleIsCoveredFails) {
+  picture.SetAutomaticDrag(true);
+  ImageBox folder(form, "Folder");
+  folder.Move(200, 100, 80, 80);
+  folder.On().DragDrop = [](Control&, Control&, double, double) { ADD_FAILURE() << "dropped beside the preview"; };
+  ImageBox preview(form, "Preview");
+  preview.Move(210, 110, 60, 60);
+  KeepSurprises();
+  person.Drag(picture, folder);
+  EXPECT_THAT(Surprises(), ElementsAre("drag to: Folder(0) is covered by Preview"));
+}
+
 TEST_F(PersonTest, TypesIntoTheFocusedBoxAndEditsIt) {
   TextBox box(form, "NameBox");
   box.Move(10, 100, 200, 20);

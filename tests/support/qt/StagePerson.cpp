@@ -122,8 +122,14 @@ void StagePerson::DoubleClick(Control& control) {
 
 void StagePerson::Drag(Control& source, Control& target) {
   if (!CanReach(target, "drag to")) return;
-  const QPoint to = *PointOn(target);
-  DragTo(source, target.GetForm(), to.x(), to.y());
+  // Onto its middle, as on the other stage.
+  const QPoint middle = Hands::MiddleOf(target);
+  const Control* front = backend_.GetToolkit().ControlAt(target.GetForm(), middle.x(), middle.y());
+  if (front == &target) {
+    DragTo(source, target.GetForm(), middle.x(), middle.y());
+  } else {
+    surprises_.Report("drag to: " + target.Name() + " is covered by " + front->Name());
+  }
 }
 
 void StagePerson::DragTo(Control& source, Form& form, int x, int y) {
@@ -132,6 +138,10 @@ void StagePerson::DragTo(Control& source, Form& form, int x, int y) {
   const QPoint from = at_;
   for (int step = 1; step <= DragSteps && watch && button_ != 0; ++step) {
     MoveTo(form, from.x() + (x - from.x()) * step / DragSteps, from.y() + (y - from.y()) * step / DragSteps);
+  }
+  Toolkit& toolkit = backend_.GetToolkit();
+  if (watch && toolkit.Drag().Source != nullptr && !toolkit.ControlAt(form, x, y)->On().DragDrop) {
+    surprises_.Report("drag: " + toolkit.ControlAt(form, x, y)->Name() + " takes no drop");
   }
   Release();
 }
