@@ -1,6 +1,7 @@
 #!/usr/bin/env python3
 """run, test, .ci/run, tools/install-packages and tools/fuzz, each in a checkout of nothing but scripts, with stand-ins for what they call."""
 
+import json
 import os
 import pty
 import shutil
@@ -24,7 +25,7 @@ class ScriptTest(unittest.TestCase):
         self.bin.mkdir()
         self.log = Path(folder.name) / "log"
         self.log.touch()
-        for name in ("run", "test", ".ci/run", "tools/install-packages", "tools/packages.txt", "tools/fuzz"):
+        for name in ("run", "test", ".ci/run", "tools/install-packages", "tools/packages.txt", "tools/fuzz", "tools/test-targets"):
             (self.root / name).parent.mkdir(parents=True, exist_ok=True)
             shutil.copy2(ROOT / name, self.root / name)
         self.environment = {"PATH": f"{self.bin}:{os.environ['PATH']}", "LOG": str(self.log), "HOME": folder.name}
@@ -111,6 +112,18 @@ class Run(Built):
         self.assertEqual([""], self.calls("pixorra"))
         self.assertEqual(["build run"], self.calls("install-packages"))
 
+    def test_it_needs_no_test_library_and_keeps_a_build_folder_that_has_the_tests(self):
+        self.call("./run", "--build-only")
+        self.assertIn("-DBUILD_TESTING=OFF", self.calls("cmake")[0])
+        (self.root / "build/release/CMakeCache.txt").write_text("BUILD_TESTING:BOOL=OFF\n")
+        self.log.write_text("")
+        self.call("./run", "--build-only")
+        self.assertIn("-DBUILD_TESTING=OFF", self.calls("cmake")[0])
+        (self.root / "build/release/CMakeCache.txt").write_text("BUILD_TESTING:BOOL=ON\n")
+        self.log.write_text("")
+        self.call("./run", "--build-only")
+        self.assertEqual("--preset release", self.calls("cmake")[0])
+
     def test_build_only_stops_before_starting(self):
         done = self.call("./run", "--build-only")
         self.assertEqual(0, done.returncode)
@@ -146,10 +159,15 @@ class Run(Built):
         os.write(person, answer)
         done = subprocess.run("./run", cwd=self.root, env=self.environment, stdin=terminal, stdout=terminal, stderr=terminal,
                               check=False)
-        shown = os.read(person, 65536).decode()
         os.close(terminal)
+        shown = b""
+        try:
+            while data := os.read(person, 65536):
+                shown += data
+        except OSError:
+            pass  # all is read, and nobody has the other end any more
         os.close(person)
-        self.assertIn(NO_DISPLAY, shown)
+        self.assertIn(NO_DISPLAY, shown.decode())
         return done.returncode
 
     def test_on_a_terminal_it_asks_and_takes_yes(self):
@@ -188,8 +206,54 @@ class Test(Built):
         self.assertEqual('subdirs("release")\n', (self.root / "build/CTestTestfile.cmake").read_text())
 
     def test_other_options_go_to_ctest(self):
+        self.lay_out_tests()
         self.call("./test", "-R", "Undo.*", "--quick")
         self.assertTrue(self.calls("ctest")[0].endswith(" -R Undo.*"))
+
+    def lay_out_tests(self):
+        """Two test programs and a scenario that runs on both back ends, as a configured build folder lists them."""
+        tests = {"drop/UndoTest.cpp": "TEST_F(UndoTest, TakesTheLastDropBack) {\n", "pictures/FitTest.cpp": "TEST(FitTest, Fits) {\n",
+                 "scenarios/DayTest.cpp": 'TEST_P(DayTest, IsSorted) {\nINSTANTIATE_TEST_SUITE_P(Light, DayTest, Values(1, 2));\n'}
+        for name, text in tests.items():
+            path = self.root / "tests" / name
+            path.parent.mkdir(parents=True, exist_ok=True)
+            path.write_text(text, encoding="utf-8")
+        (self.root / "tests/x11").mkdir()
+        (self.root / "tests/x11/start.sh").touch()
+        programs = (("drop_test", "drop/UndoTest.cpp"), ("pictures_test", "pictures/FitTest.cpp"),
+                    ("scenario_test", "scenarios/DayTest.cpp"), ("qt_scenario_test", "scenarios/DayTest.cpp"))
+        for preset, sanitize in (("asan", "ON"), ("release", "OFF")):
+            build = self.root / "build" / preset
+            build.mkdir(parents=True, exist_ok=True)
+            (build / "CMakeCache.txt").write_text(f"PIXORRA_SANITIZE:BOOL={sanitize}\n", encoding="utf-8")
+            (build / "compile_commands.json").write_text(json.dumps(
+                [{"directory": str(build), "file": f"../../tests/{source}",
+                  "command": f"g++ -o tests/CMakeFiles/{program}.dir/{source}.o -c ../../tests/{source}"}
+                 for program, source in programs]), encoding="utf-8")
+
+    def targets(self, *arguments):
+        """What is built for these arguments, in each preset."""
+        self.lay_out_tests()
+        self.assertEqual(0, self.call("./test", *arguments).returncode)
+        return [line.split("--target ")[1] for line in self.calls("cmake") if line.startswith("--build")]
+
+    def test_only_the_programs_of_the_tests_that_match_are_built(self):
+        self.assertEqual(["drop_test"] * 2, self.targets("-R", "Undo.*Back"))
+
+    def test_a_test_of_both_back_ends_builds_both(self):
+        self.assertEqual(["qt_scenario_test scenario_test"], self.targets("-R", "DayTest", "--quick"))
+
+    def test_a_test_is_found_by_its_back_end_and_its_parameter(self):
+        self.assertEqual(["qt_scenario_test"], self.targets("-R", "^qt.Light/DayTest.IsSorted/1$", "--quick"))
+
+    def test_tests_on_a_display_build_the_program(self):
+        self.assertEqual(["pixorra"], self.targets("--quick", "--tests-regex", "x11.start"))
+
+    def test_where_no_test_matches_all_is_built(self):
+        self.assertEqual(["all"], self.targets("-R", "Nothing", "--quick"))
+
+    def test_checks_need_nothing_built(self):
+        self.assertEqual([], self.targets("-R", "checks"))
 
     def test_a_test_that_fails_fails_all(self):
         self.stand_in(self.bin / "ctest", "exit 8")
