@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Checks that the program and the floors under it stay free of what services and back ends stand for: clocks, files,
+"""Checks that the program and the floors under it stay free of what only services and back ends may use: clocks, files,
 threads, sleeping, random numbers, the host's and a toolkit's headers. They include the pure part of the standard library."""
 
 import re
@@ -30,7 +30,7 @@ STATEMENT_WORDS = {"return", "co_return", "else", "do", "throw", "case", "and", 
 
 
 def argument_count(code, opening):
-    """How many arguments stand between the parenthesis at `opening` and its partner."""
+    """How many arguments are between the parenthesis at `opening` and its partner."""
     depth, count = 0, 1
     for character in code[opening:]:
         depth += (character in "([{") - (character in ")]}")

@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
 """Checks every #include of src/ against tools/layers.txt: a file includes only what its folder's line names, and a line names
-only what stands on an earlier one. Prints the graph of the includes that there are."""
+only what an earlier one has. Prints the graph of the includes that there are."""
 
 import re
 from collections import defaultdict

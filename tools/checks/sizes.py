@@ -20,12 +20,12 @@ def opens_function(head):
     """Whether the text between the last ';', '{' or '}' and a '{' at namespace or class level begins a function's body."""
     if "(" not in head or NOT_A_FUNCTION.search(head):
         return False
-    # A variable set to a value in braces; default arguments stand inside the parentheses.
+    # A variable set to a value in braces; default arguments are inside the parentheses.
     return not re.search(r"(?<![=!<>])=(?!=)", re.sub(r"\([^()]*(\([^()]*\)[^()]*)*\)|\boperator\s*\W+\s*(?=\()", "", head))
 
 
 def functions(text):
-    """(first line, last line, name) of each function body that stands at namespace or class level."""
+    """(first line, last line, name) of each function body at namespace or class level."""
     code = sources.blank_out(text)
     code = re.sub(r"^\s*#(?:[^\n\\]|\\.|\\\n)*", lambda m: re.sub(r"[^\n]", " ", m.group()), code, flags=re.MULTILINE)
     found = []
