@@ -25,13 +25,16 @@ class DamagedStateTest : public ProgramTest {
     }
   }
   std::string WholeFile() const {
-    std::vector<std::string> lines = StateLines("C:\\Pictures of us", {"C:\\Sorted\\Best"});
-    lines[0] = "12000,9600,450,600,0";
-    lines[1] = "\"Our photos\"";
-    lines[2] = "2";
-    lines[3] = "3";
-    lines[6] = "0";
-    lines[12] = "\"C:\\Cam\"";
+    SavedState saved;
+    saved.Window = "12000,9600,450,600,0";
+    saved.ShopTitle = "Our photos";
+    saved.Rename = 2;
+    saved.Duplicates = 3;
+    saved.EmptyTrashcan = false;
+    saved.CameraLocation = "C:\\Cam";
+    saved.FilmStrip = "C:\\Pictures of us";
+    saved.Folders = {"C:\\Sorted\\Best"};
+    std::vector<std::string> lines = saved.Lines();
     lines.back() = "2";
     lines.insert(lines.end(), {"\"C:\\Pictures of us\"", "\"C:\\Sorted\\Best\""});
     std::string bytes;

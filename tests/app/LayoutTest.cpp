@@ -24,9 +24,10 @@ class LayoutTest : public ProgramTest {
  protected:
   // A run whose window has this size, pixels, frame included.
   ProgramRun& StartedAt(int width, int height, const std::vector<std::string>& folders = {}) {
-    std::vector<std::string> lines = StateLines("", folders);
-    lines[0] = std::to_string(width * 15) + "," + std::to_string(height * 15) + ",0,0,0";
-    WriteSavedState(lines);
+    SavedState saved;
+    saved.Window = std::to_string(width * 15) + "," + std::to_string(height * 15) + ",0,0,0";
+    saved.Folders = folders;
+    WriteSavedState(saved);
     return Started();
   }
   // Outer pixels.
@@ -219,9 +220,9 @@ TEST_F(LayoutTest, TheSizeOfTheLastLayoutIsNotLaidOutAgain) {
 TEST_F(LayoutTest, AMaximisedAndARestoredWindowOfTheSameSizeRunNoSecondLayout) {
   ProgramRun& run = NewRun();
   run.platform.backend.SetScreen(1000, 700);
-  std::vector<std::string> lines = StateLines("", {});
-  lines[0] = "15000,10500,0,0,0";
-  WriteSavedState(lines);
+  SavedState saved;
+  saved.Window = "15000,10500,0,0,0";
+  WriteSavedState(saved);
   run.Start();
   Disarrange(run);
   run.person.Maximise(run.main.Window);

@@ -31,9 +31,11 @@ class ShutdownTest : public ProgramTest, public ::testing::WithParamInterface<Wa
   }
   // Started with a camera's folder as film strip and an open folder, all loaded.
   ProgramRun& Loaded(const std::string& filmStrip) {
-    std::vector<std::string> lines = StateLines(filmStrip, {"C:\\One"});
-    lines[12] = "\"C:\\Cam\"";
-    WriteSavedState(lines);
+    SavedState saved;
+    saved.CameraLocation = "C:\\Cam";
+    saved.FilmStrip = filmStrip;
+    saved.Folders = {"C:\\One"};
+    WriteSavedState(saved);
     ProgramRun& run = Started();
     run.LoadAll();
     drive.Remove(StateFile);

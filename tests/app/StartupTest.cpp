@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <vector>
 
+#include "app/Startup.h"
 #include "platform/runtime/Numbers.h"
 #include "tests/support/TestPictures.h"
 #include "tests/support/headless/ProgramTest.h"
@@ -140,9 +141,9 @@ TEST_F(StartupTest, NoSlotIsLoadedBeforeTheFirstTick) {
 }
 
 TEST_F(StartupTest, ASizeFromTheSavedStateIsLaidOutOnceAndNotAgain) {
-  std::vector<std::string> lines = StateLines("", {});
-  lines[0] = "15000,12000,300,300,0";
-  WriteSavedState(lines);
+  SavedState saved;
+  saved.Window = "15000,12000,300,300,0";
+  WriteSavedState(saved);
   ProgramRun& run = Started();
   EXPECT_EQ(run.main.core.LayoutCountdown, 1) << "the resize during the load is overwritten";
   EXPECT_EQ(run.main.core.LastWidth, 15000);
@@ -152,9 +153,9 @@ TEST_F(StartupTest, ASizeFromTheSavedStateIsLaidOutOnceAndNotAgain) {
 }
 
 TEST_F(StartupTest, AMaximisedStartIsLaidOutOnceAndNotAgain) {
-  std::vector<std::string> lines = StateLines("", {});
-  lines[0] = "19200,15360,0,0,2";
-  WriteSavedState(lines);
+  SavedState saved;
+  saved.Window = "19200,15360,0,0,2";
+  WriteSavedState(saved);
   ProgramRun& run = Started();
   EXPECT_EQ(run.main.preview.PicPreview.Width(), 350);
   run.main.strip.CameraButton.SetLeft(5);
@@ -167,9 +168,11 @@ TEST_F(StartupTest, FileTypesFromTheSavedStateGovernAllLists) {
     drive.Write(std::string("C:\\Strip\\") + name, "");
     drive.Write(std::string("C:\\One\\") + name, "");
   }
-  std::vector<std::string> lines = StateLines("C:\\Strip", {"C:\\One"});
-  lines[9] = "0";  // no GIF
-  WriteSavedState(lines);
+  SavedState saved;
+  saved.Gif = false;
+  saved.FilmStrip = "C:\\Strip";
+  saved.Folders = {"C:\\One"};
+  WriteSavedState(saved);
   const MainForm& main = Started().main;
   EXPECT_EQ(main.core.PicturePattern, "*.jpg;*.jpeg;*.bmp");
   EXPECT_EQ(main.strip.SrcFileList.ListCount(), 3);

@@ -111,11 +111,5 @@ TEST_F(DragGesturesTest, AReelLetGoOverTheStripShowsNoPhotoWhenNoneIsSelected) {
   EXPECT_EQ(run.platform.dialogs.Beeps(), 0);
 }
 
-TEST_F(DragGesturesTest, ThePhotosToolTipInvitesToDragIt) {
-  LoadStrip({"a.bmp"});
-  EXPECT_EQ(person.ToolTip(strip.SrcThumbnail(1)), "Drag Photo into a folder");
-  EXPECT_EQ(person.ToolTip(strip.AllButton), "Drag All Remaining Photos");
-}
-
 }  // namespace
 }  // namespace pixorra

@@ -55,10 +55,10 @@ class DropTest : public ProgramTest {
     return drive.Read(Folder(folder) + "\\" + name);
   }
   // A control of a dialog, or of a frame in one, by its name.
-  template <typename Control>
-  static Control& Find(Container& form, const std::string& name) {
-    for (auto* control : form.Controls()) {
-      if (control->Name() == name) return static_cast<Control&>(*control);
+  template <typename Wanted>
+  static Wanted& Find(Container& form, const std::string& name) {
+    for (Control* control : form.Controls()) {
+      if (control->Name() == name) return static_cast<Wanted&>(*control);
     }
     throw std::runtime_error("no control " + name);
   }

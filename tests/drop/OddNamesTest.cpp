@@ -70,10 +70,12 @@ class OddNamesTest : public ProgramTest {
     return photos;
   }
   ProgramRun& Begin(const std::string& strip, const std::string& folder) {
-    std::vector<std::string> lines = StateLines(strip, {folder});
-    lines[2] = "2";
-    lines[3] = "3";
-    WriteSavedState(lines);
+    SavedState saved;
+    saved.Rename = 2;
+    saved.Duplicates = 3;
+    saved.FilmStrip = strip;
+    saved.Folders = {folder};
+    WriteSavedState(saved);
     return Again();
   }
   ProgramRun& Again() {

@@ -202,5 +202,12 @@ TEST_F(ListingTest, MaxStaysWhereItPassesSixteenBitsAndSlotsComeUpAllTheSame) {
   EXPECT_EQ(run.main.strip.SrcScrollbar.Max(), 32748);
 }
 
+TEST_F(ListingTest, ThePhotosToolTipInvitesToDragItAndTheReelsToDragAll) {
+  WriteEmpty(1);
+  ProgramRun& run = LoadedStrip();
+  EXPECT_EQ(run.person.ToolTip(run.main.strip.SrcThumbnail(1)), "Drag Photo into a folder");
+  EXPECT_EQ(run.person.ToolTip(run.main.strip.AllButton), "Drag All Remaining Photos");
+}
+
 }  // namespace
 }  // namespace pixorra

@@ -7,7 +7,6 @@
 #include "tests/support/TestPictures.h"
 #include "tests/support/headless/ProgramTest.h"
 #include "window/FilmStripState.h"
-#include "window/PreviewState.h"
 
 namespace pixorra {
 
@@ -54,7 +53,7 @@ class StripTest : public ProgramTest {
     }
     return names;
   }
-  // Where a slot stands in the strip's window, pixels from its left edge.
+  // The left edge of a slot in the strip's window, pixels.
   static int OnScreen(const ProgramRun& run, int slot) {
     return run.main.strip.SrcCanvas.Left() + run.main.strip.SrcBackground(slot).Left();
   }
@@ -66,14 +65,15 @@ class StripTest : public ProgramTest {
     return slots;
   }
   static bool IsMarked(const ProgramRun& run, int slot) { return run.main.strip.SrcThumbName(slot).Tag() == "MARK"; }
-  // As a click on the slot selects it.
+  // Clicks on the photo, scrolled into view where it is not.
   static void Select(ProgramRun& run, int slot) {
     FilmStripState& strip = run.main.strip;
-    strip.SrcThumbFrame.SetTag(std::to_string(slot));
-    strip.SrcThumbFrame.Move(strip.SrcThumbnail(slot).Left(), strip.SrcThumbnail(slot).Top());
-    strip.SrcThumbFrame.SetVisible(true);
-    run.main.preview.PicPreview.SetTag(strip.SrcThumbnail(slot).Tag());
-    run.main.preview.PicPreview.SetPicture(strip.SrcThumbnail(slot).GetPicture());
+    const int left = OnScreen(run, slot);
+    if (left < 0 || left >= strip.SrcThumbsWindow.Width()) {
+      constexpr int TwoFrames = 97;  // in the bar's units of 2 pixels; the view moves on to whole frames
+      run.person.MoveBar(strip.SrcScrollbar, strip.SrcBackground(slot).Left() / 2 - TwoFrames);
+    }
+    run.person.Click(strip.SrcThumbnail(slot));
   }
 };
 

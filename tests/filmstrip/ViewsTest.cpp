@@ -133,7 +133,7 @@ TEST_F(ViewsTest, ArrangingAnEmptyStripChangesNothingNotEvenTheCaptions) {
 // --- the selection ---------------------------------------------------------------------------------------------------
 
 TEST_F(ViewsTest, TheFrameFollowsItsPhotoFromViewToView) {
-  WriteEmpty(4);
+  WritePhotos(4);
   ProgramRun& run = LoadedStrip();
   Mark(run, {1});
   Select(run, 3);

@@ -43,13 +43,15 @@ class KillTest : public ProgramTest, public ::testing::WithParamInterface<int> {
       Keep(std::string(Strip) + "\\" + name, BmpOf(PlainBitmap(80, 60, colour += 0x00101010)));
     }
     Keep(std::string(Family) + "\\kept.bmp", BmpPhoto(80, 60));
-    // Equal to a photo of the strip: the copy of that goes again.
+    // Equal to a photo of the strip: the copy of that is deleted again.
     Keep(std::string(Family) + "\\same.bmp", kept_[std::string(Strip) + "\\b.bmp"]);
-    std::vector<std::string> lines = StateLines(Strip, {Family, Holiday});
-    lines[0] = "17500,11000,0,0,0";  // wide enough for the whole strip
-    lines[2] = "2";
-    lines[3] = "1";
-    WriteSavedState(lines);
+    SavedState saved;
+    saved.Window = "17500,11000,0,0,0";  // wide enough for the whole strip
+    saved.Rename = 2;
+    saved.Duplicates = 1;
+    saved.FilmStrip = Strip;
+    saved.Folders = {Family, Holiday};
+    WriteSavedState(saved);
     state_ = drive.Read(StateFile);
   }
   void Keep(const std::string& path, const std::string& bytes) {
@@ -79,12 +81,12 @@ class KillTest : public ProgramTest, public ::testing::WithParamInterface<int> {
     run.person.Drag(strip.SrcThumbnail(2), desk.DestFolderPreview(1));
     run.person.DoubleClick(strip.SrcBackground(1));
     run.person.Drag(strip.SrcThumbnail(3), desk.DestFolder(TrashcanSlot));
-    run.person.Drag(strip.AllButton, desk.DestFolder(2));
+    run.person.Drag(strip.AllButton, desk.DestFolderPreview(2));
     run.LoadAll();
     run.Close();
     _exit(Finished);
   }
-  // Runs a session up to its death; false when it came to its end before that point.
+  // Runs a session up to its death; false when it ran to its end before that point.
   bool SessionDies(Point point, int n) {
     const pid_t child = fork();
     if (child < 0) {
@@ -119,7 +121,7 @@ class KillTest : public ProgramTest, public ::testing::WithParamInterface<int> {
         const std::string path = std::string(folder) + "\\" + name;
         if (kept_.contains(path)) continue;
         const auto source = kept_.find(std::string(Strip) + "\\" + name);
-        ASSERT_NE(source, kept_.end()) << path << " comes from nowhere";
+        ASSERT_NE(source, kept_.end()) << path << " is no photo of the strip";
         EXPECT_TRUE(source->second.starts_with(drive.Read(path))) << path;
       }
     }
@@ -132,7 +134,7 @@ class KillTest : public ProgramTest, public ::testing::WithParamInterface<int> {
   }
 
   void ExpectAWholeStart() {
-    // The state that the death came upon in its writing may be cut; what it does not tell is as in a first start.
+    // A state that was being written at the death may be cut; what is missing in it is as in a first start.
     const std::string state = drive.Exists(StateFile) ? drive.Read(StateFile) : "";
     const bool cut = state.find("\"" + std::string(Holiday) + "\"\r\n") == std::string::npos;
     if (cut) {
@@ -162,7 +164,7 @@ class KillTest : public ProgramTest, public ::testing::WithParamInterface<int> {
     EXPECT_TRUE(drive.Read(std::string(Strip) + "\\Thumbnails.tmp") == cache);
   }
 
-  // Dies at every Shares-th point, beginning with this share's own, until a session comes to its end.
+  // Dies at every Shares-th point, beginning with this share's own, until a session runs to its end.
   void DieAtEachPoint(Point point) {
     int deaths = 0;
     for (int n = 1 + GetParam(); !HasFatalFailure(); n += Shares) {

@@ -21,7 +21,7 @@ constexpr const char* Card = "C:\\Card";
 constexpr const char* Family = "C:\\Home\\Family";
 constexpr const char* Holiday = "C:\\Home\\Holiday";
 constexpr int Photos = 6;
-// A record of a cache file, and where the name and the mark stand in it.
+// Bytes of a record of a cache file; the name and the mark begin at these.
 constexpr std::size_t RecordBytes = 14776;
 constexpr std::size_t NameAt = 14455;
 constexpr std::size_t MarkAt = 14567;
@@ -41,14 +41,14 @@ class SortASessionTest : public ProgramTest {
     }
     drive.MakeFolder(Family);
     drive.MakeFolder(Holiday);
-    lines_ = StateLines(Card, {Family, Holiday});
-    // Wide enough for the whole strip.
-    lines_[0] = "17500,11000,0,0,0";
-    lines_[2] = "2";
+    saved_.Window = "17500,11000,0,0,0";  // wide enough for the whole strip
+    saved_.Rename = 2;
+    saved_.FilmStrip = Card;
+    saved_.Folders = {Family, Holiday};
   }
-  void DuplicatePolicy(int number) { lines_[3] = std::to_string(number); }
+  void DuplicatePolicy(int number) { saved_.Duplicates = number; }
   ProgramRun& Begin() {
-    WriteSavedState(lines_);
+    WriteSavedState(saved_);
     return Again();
   }
   ProgramRun& Again() {
@@ -110,7 +110,7 @@ class SortASessionTest : public ProgramTest {
   }
 
   std::map<std::string, std::string> card_;
-  std::vector<std::string> lines_;
+  SavedState saved_;
 };
 
 TEST_F(SortASessionTest, DragMarkUnmarkShowWhatRemainsAndStartAgain) {
@@ -132,7 +132,7 @@ TEST_F(SortASessionTest, DragMarkUnmarkShowWhatRemainsAndStartAgain) {
   EXPECT_THAT(Shown(run), ElementsAre(2, 3, 4, 6));
   EXPECT_EQ(strip.SrcPicsCount.Caption(), "4 pics");
   EXPECT_EQ(strip.SrcPicsTotal.Caption(), "6 Total");
-  // It is in the folder already, so its copy goes again, but it counts as dragged.
+  // It is in the folder already, so its copy is deleted again, but it counts as dragged.
   DragTo(run, strip.SrcThumbnail(3), 1);
   EXPECT_THAT(Shown(run), ElementsAre(2, 4, 6));
   EXPECT_THAT(In(Family), ElementsAre("Earlier.jpg", NameOf(1)));
@@ -205,7 +205,7 @@ TEST_F(SortASessionTest, AskedAboutDuplicatesOneByOneWithTheViewOpen) {
   EXPECT_EQ(MarkedInCache().size(), 6U);
 }
 
-TEST_F(SortASessionTest, DroppedIntoTheTrashcanAPhotoStaysOnTheCardAndTheCanIsEmptiedAtTheEnd) {
+TEST_F(SortASessionTest, DroppedIntoTheTrashcanAPhotoIsCopiedThereMarkedAndStaysOnTheCard) {
   DuplicatePolicy(3);
   ProgramRun& run = Begin();
   run.person.Click(run.main.strip.AllOption);

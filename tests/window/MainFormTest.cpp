@@ -2,10 +2,11 @@
 #include <gtest/gtest.h>
 
 #include "platform/runtime/Numbers.h"
-#include "tests/support/headless/ProgramTest.h"
+#include "tests/support/headless/TestHost.h"
 #include "window/CoreState.h"
 #include "window/DesktopState.h"
 #include "window/FilmStripState.h"
+#include "window/MainForm.h"
 #include "window/PreviewState.h"
 
 namespace pixorra {
@@ -17,10 +18,11 @@ Rect FromTwips(double left, double top, double width, double height) {
   return {pixels(left), pixels(top), pixels(width), pixels(height)};
 }
 
-class MainFormTest : public ProgramTest {
+class MainFormTest : public ::testing::Test {
  protected:
-  ProgramRun& run = NewRun();
-  MainForm& main = run.main;
+  TemporaryDrive drive;
+  TestHost run{drive};
+  MainForm main{run.host};
 };
 
 TEST_F(MainFormTest, ControlsStandAtTheirDefinedPlaces) {

@@ -2,7 +2,7 @@
 #include <memory>
 
 #include "platform/controls/Buttons.h"
-#include "tests/platform/controls/Stage.h"
+#include "tests/platform/controls/ModelTest.h"
 #include "tests/platform/runtime/RaisesError.h"
 
 namespace pixorra {

@@ -8,7 +8,7 @@
 #include "platform/controls/PictureBox.h"
 #include "platform/controls/Shape.h"
 #include "platform/controls/TextBox.h"
-#include "tests/platform/controls/Stage.h"
+#include "tests/platform/controls/ModelTest.h"
 #include "tests/platform/runtime/RaisesError.h"
 
 namespace pixorra {

@@ -3,7 +3,7 @@
 #include <stdexcept>
 
 #include "platform/controls/Buttons.h"
-#include "tests/platform/controls/Stage.h"
+#include "tests/platform/controls/ModelTest.h"
 
 namespace pixorra {
 namespace {

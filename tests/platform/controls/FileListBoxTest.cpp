@@ -2,7 +2,7 @@
 
 #include "platform/controls/ControlArray.h"
 #include "platform/controls/FileListBox.h"
-#include "tests/platform/controls/Stage.h"
+#include "tests/platform/controls/ModelTest.h"
 #include "tests/platform/runtime/RaisesError.h"
 #include "tests/support/FaultyFiles.h"
 #include "tests/support/TemporaryDrive.h"

@@ -6,7 +6,7 @@
 #include "platform/controls/Menu.h"
 #include "platform/controls/TextBox.h"
 #include "platform/controls/Toolkit.h"
-#include "tests/platform/controls/Stage.h"
+#include "tests/platform/controls/ModelTest.h"
 #include "tests/platform/runtime/RaisesError.h"
 
 namespace pixorra {

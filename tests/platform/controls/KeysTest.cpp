@@ -5,7 +5,7 @@
 #include "platform/controls/PictureBox.h"
 #include "platform/controls/TextBox.h"
 #include "platform/controls/Toolkit.h"
-#include "tests/platform/controls/Stage.h"
+#include "tests/platform/controls/ModelTest.h"
 
 namespace pixorra {
 namespace {

@@ -2,7 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "platform/controls/Label.h"
-#include "tests/platform/controls/Stage.h"
+#include "tests/platform/controls/ModelTest.h"
 
 namespace pixorra {
 namespace {

@@ -3,7 +3,7 @@
 
 #include "platform/controls/Lists.h"
 #include "platform/controls/TextBox.h"
-#include "tests/platform/controls/Stage.h"
+#include "tests/platform/controls/ModelTest.h"
 #include "tests/platform/runtime/RaisesError.h"
 
 namespace pixorra {

@@ -6,7 +6,7 @@
 #include "platform/controls/PictureBox.h"
 #include "platform/controls/Shape.h"
 #include "platform/controls/Toolkit.h"
-#include "tests/platform/controls/Stage.h"
+#include "tests/platform/controls/ModelTest.h"
 
 namespace pixorra {
 namespace {

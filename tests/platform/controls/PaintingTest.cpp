@@ -9,7 +9,7 @@
 #include "platform/controls/PictureBox.h"
 #include "platform/controls/ScrollBar.h"
 #include "platform/controls/Shape.h"
-#include "tests/platform/controls/Stage.h"
+#include "tests/platform/controls/ModelTest.h"
 
 namespace pixorra {
 namespace {

@@ -5,7 +5,7 @@
 #include "platform/controls/ImageBox.h"
 #include "platform/controls/Label.h"
 #include "platform/controls/PictureBox.h"
-#include "tests/platform/controls/Stage.h"
+#include "tests/platform/controls/ModelTest.h"
 #include "tests/platform/runtime/RaisesError.h"
 
 namespace pixorra {

@@ -2,7 +2,7 @@
 
 #include "platform/controls/ProgressBar.h"
 #include "platform/controls/ScrollBar.h"
-#include "tests/platform/controls/Stage.h"
+#include "tests/platform/controls/ModelTest.h"
 #include "tests/platform/runtime/RaisesError.h"
 
 namespace pixorra {

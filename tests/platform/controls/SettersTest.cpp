@@ -8,7 +8,7 @@
 #include "platform/controls/ScrollBar.h"
 #include "platform/controls/TextBox.h"
 #include "platform/headless/HeadlessWindow.h"
-#include "tests/platform/controls/Stage.h"
+#include "tests/platform/controls/ModelTest.h"
 
 namespace pixorra {
 namespace {

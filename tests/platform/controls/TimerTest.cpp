@@ -4,7 +4,7 @@
 
 #include "platform/controls/Timer.h"
 #include "platform/controls/Toolkit.h"
-#include "tests/platform/controls/Stage.h"
+#include "tests/platform/controls/ModelTest.h"
 
 namespace pixorra {
 namespace {

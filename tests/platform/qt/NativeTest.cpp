@@ -318,7 +318,7 @@ TEST_F(NativeTest, ADropDownListShowsItsEntryOrATextOfItsOwn) {
   auto& widget = WidgetOf<QComboBox>(combo);
   EXPECT_EQ(widget.currentIndex(), -1);
   widget.setCurrentIndex(1);
-  emit widget.activated(1);
+  Q_EMIT widget.activated(1);
   EXPECT_EQ(combo.ListIndex(), 1);
   combo.SetListIndex(0);
   Settle();

@@ -7,15 +7,15 @@
 
 namespace pixorra {
 
+// Its functions are compiled once, in HeadlessTest.cpp: a whole platform inline costs each test file a second.
 class HeadlessTest : public ::testing::Test {
  protected:
-  HeadlessTest() {
-    platform.surprises.OnSurprise = [](const std::string& text) { ADD_FAILURE() << text; };
-  }
-  void TearDown() override { platform.Finish(); }
+  HeadlessTest();
+  ~HeadlessTest() override;
+  void TearDown() override;
 
   // From here on surprises are kept and fail nothing; for tests of the surprises themselves.
-  void KeepSurprises() { platform.surprises.OnSurprise = {}; }
+  void KeepSurprises();
 
   HeadlessPlatform platform;
   Toolkit& toolkit = platform.toolkit;

@@ -1,4 +1,4 @@
-# For scripts about a film strip, to be sourced behind steps.bash: its folder, its cache, and a hand on it. `window` is
+# For scripts about a film strip, to be sourced after steps.bash: its folder, its cache, and a hand on it. `window` is
 # the main window, `card` the strip's folder, `count` the number of its photos.
 
 record=14776

@@ -1,0 +1,36 @@
+#include "tests/support/headless/TestHost.h"
+
+#include <gtest/gtest.h>
+
+namespace pixorra {
+
+TestHost::TestHost(TemporaryDrive& drive, DecodeAhead* ahead)
+    : files(drive.DriveFiles()),
+      jpeg(files, ahead),
+      pictures(files),
+      places(drive.DrivePlaces()),
+      readAhead(ahead != nullptr ? static_cast<ReadAhead&>(*ahead) : noReadAhead),
+      host{platform.toolkit,
+           files,
+           places,
+           platform.clock,
+           pictures,
+           platform.artwork,
+           jpeg,
+           platform.dialogs,
+           platform.printing,
+           platform.clipboard,
+           platform.shell,
+           platform.registry,
+           platform.settings,
+           readAhead,
+           platform.shipped,
+           folderReader,
+           platform.volumes} {
+  platform.shell.SetFiles(drive.DriveFiles());
+  platform.surprises.OnSurprise = [](const std::string& text) { ADD_FAILURE() << text; };
+}
+
+TestHost::~TestHost() = default;
+
+}  // namespace pixorra
