@@ -213,6 +213,7 @@ class Test(Built):
     def lay_out_tests(self):
         """Two test programs and a scenario that runs on both back ends, as a configured build folder lists them."""
         tests = {"drop/UndoTest.cpp": "TEST_F(UndoTest, TakesTheLastDropBack) {\n", "pictures/FitTest.cpp": "TEST(FitTest, Fits) {\n",
+                 "platform/contract/BarContract.cpp": "TEST_F(BarContract, Moves) {\n",
                  "scenarios/DayTest.cpp": 'TEST_P(DayTest, IsSorted) {\nINSTANTIATE_TEST_SUITE_P(Light, DayTest, Values(1, 2));\n'}
         for name, text in tests.items():
             path = self.root / "tests" / name
@@ -221,7 +222,8 @@ class Test(Built):
         (self.root / "tests/x11").mkdir()
         (self.root / "tests/x11/start.sh").touch()
         programs = (("drop_test", "drop/UndoTest.cpp"), ("pictures_test", "pictures/FitTest.cpp"),
-                    ("scenario_test", "scenarios/DayTest.cpp"), ("qt_scenario_test", "scenarios/DayTest.cpp"))
+                    ("scenario_test", "scenarios/DayTest.cpp"), ("qt_scenario_test", "scenarios/DayTest.cpp"),
+                    ("contract_tests", "platform/contract/BarContract.cpp"))
         for preset, sanitize in (("asan", "ON"), ("release", "OFF")):
             build = self.root / "build" / preset
             build.mkdir(parents=True, exist_ok=True)
@@ -242,6 +244,9 @@ class Test(Built):
 
     def test_a_test_of_both_back_ends_builds_both(self):
         self.assertEqual(["qt_scenario_test scenario_test"], self.targets("-R", "DayTest", "--quick"))
+
+    def test_a_contract_builds_the_tests_of_both_back_ends(self):
+        self.assertEqual(["headless_test qt_test"], self.targets("-R", "BarContract", "--quick"))
 
     def test_a_test_is_found_by_its_back_end_and_its_parameter(self):
         self.assertEqual(["qt_scenario_test"], self.targets("-R", "^qt.Light/DayTest.IsSorted/1$", "--quick"))
