@@ -52,7 +52,7 @@ struct BenchRun {
         pictures(files),
         places(drive.DrivePlaces()),
         readAhead(ahead != nullptr ? static_cast<ReadAhead&>(*ahead) : noReadAhead) {
-    platform.surprises.OnSurprise = [](const std::string& text) { std::fprintf(stderr, "%s\n", text.c_str()); };
+    platform.failures.OnFailure = [](const std::string& text) { std::fprintf(stderr, "%s\n", text.c_str()); };
   }
   void Start() {
     ConnectEvents(main);

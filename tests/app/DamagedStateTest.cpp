@@ -45,7 +45,7 @@ class DamagedStateTest : public ProgramTest {
   ProgramRun& StartedFromBytes(const std::string& bytes) {
     drive.Write(StateFile, bytes);
     ProgramRun& run = NewRun();
-    run.platform.surprises.OnSurprise = [](const std::string& text) {
+    run.platform.failures.OnFailure = [](const std::string& text) {
       const bool aboutFolder = text.starts_with("unexpected box \"WARNING: Can't display the folder\"") ||
                                text.starts_with("unexpected box \"Show a Folder - ");
       EXPECT_TRUE(aboutFolder) << text;

@@ -15,7 +15,7 @@ class BadPhotosTest : public DropTest {
   // Only the codec may say a word, and only about those with a codec of their own.
   void LoadBadStrip(const std::map<std::string, std::string>& photos) {
     for (const auto& [name, bytes] : photos) drive.Write(Photo(name), bytes);
-    run.platform.surprises.OnSurprise = [](const std::string& text) {
+    run.platform.failures.OnFailure = [](const std::string& text) {
       EXPECT_TRUE(text.starts_with("unexpected box \"Intel(R) JPEG Library\"")) << text;
     };
     main.strip.NoFilmStrip = false;

@@ -100,7 +100,7 @@ TEST_F(DuplicateAskFormTest, TheMainWindowIsOutOfReachWhileItIsUp) {
   person.ExpectForm("DuplicateAskForm", [this](Person& hand, Form& form) {
     EXPECT_TRUE(form.Visible());
     EXPECT_EQ(person.Window("DuplicateAskForm"), &form);
-    run.platform.surprises.OnSurprise = [this](const std::string&) { ++refused_; };
+    run.platform.failures.OnFailure = [this](const std::string&) { ++refused_; };
     hand.Click(strip.AllOption);
     hand.Click(Find<CommandButton>(form, "IgnoreButton"));
   });

@@ -24,7 +24,7 @@ constexpr const char* Holiday = "C:\\Home\\Holiday";
 constexpr const char* Trash = "C:\\Program\\Trashcan";
 constexpr const char* StateFile = "C:\\Windows\\Pixorra.sav";
 constexpr int Finished = 0;
-constexpr int Surprised = 3;
+constexpr int Failured = 3;
 
 // The points are shared out among as many tests, which run side by side.
 constexpr int Shares = 4;
@@ -63,9 +63,9 @@ class KillTest : public ProgramTest, public ::testing::WithParamInterface<int> {
   // What a person does; never returns.
   [[noreturn]] void SitAndExit(Point point, int n) {
     ProgramRun& run = NewRun();
-    run.platform.surprises.OnSurprise = [](const std::string& text) {
+    run.platform.failures.OnFailure = [](const std::string& text) {
       static_cast<void>(!write(STDERR_FILENO, text.data(), text.size()));
-      _exit(Surprised);
+      _exit(Failured);
     };
     if (point == Point::BeforeChange) {
       run.files.DieBeforeChange(n);

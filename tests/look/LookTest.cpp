@@ -84,8 +84,8 @@ class LookTest : public ProgramTest, public ::testing::WithParamInterface<Deskto
   }
 
   void Resize(ProgramRun& run, WindowSize size) {
-    run.main.Window.SetTwipsWidth(size.Width * TwipsPerPixel);
-    run.main.Window.SetTwipsHeight(size.Height * TwipsPerPixel);
+    const int menu = run.platform.toolkit.MenuBarHeight();
+    run.person.Resize(run.main.Window, size.Width - Form::FrameWidth, size.Height - Form::FrameHeight - menu);
     run.Wait(0.5);
   }
 

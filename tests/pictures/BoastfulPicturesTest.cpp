@@ -57,7 +57,7 @@ class BoastfulPicturesTest : public ProgramTest {
   // Messages of the codec may come up; nothing else.
   void ExpectInvalid(const std::string& name, const std::string& bytes) {
     SCOPED_TRACE(name);
-    run.platform.surprises.OnSurprise = [](const std::string& text) {
+    run.platform.failures.OnFailure = [](const std::string& text) {
       EXPECT_TRUE(text.starts_with("unexpected box \"Intel(R) JPEG Library\"")) << text;
     };
     const std::string path = "C:\\Photos\\" + name;
@@ -71,7 +71,7 @@ class BoastfulPicturesTest : public ProgramTest {
     PaintThumbnail(main, thumbnail_, path, bDragged);
     EXPECT_TRUE(thumbnail_.GetPicture() == main.pictures.InvalidPicture);
     EXPECT_EQ(drive.Read(path), bytes);
-    run.platform.surprises.OnSurprise = [](const std::string& text) { ADD_FAILURE() << text; };
+    run.platform.failures.OnFailure = [](const std::string& text) { ADD_FAILURE() << text; };
   }
 
   ProgramRun& run = Started();

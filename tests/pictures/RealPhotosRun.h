@@ -10,7 +10,7 @@ class RealPhotosRun : public ProgramTest {
  protected:
   RealPhotosRun() {
     // Of broken ones the codec tells.
-    run.platform.surprises.OnSurprise = [](const std::string& text) {
+    run.platform.failures.OnFailure = [](const std::string& text) {
       EXPECT_TRUE(text.starts_with("unexpected box \"Intel(R) JPEG Library\"")) << text;
     };
     drive.MakeFolder("C:\\Program");

@@ -38,6 +38,8 @@ class Backend {
   virtual void WakeAt(std::optional<double> seconds) = 0;
   virtual Screen GetScreen() = 0;
   virtual int MenuBarHeight() = 0;  // pixels
+  // How many of the screen's own pixels make up the side of one pixel here: 1, or more on a high-density screen.
+  virtual double Fineness() { return 1; }
   virtual TextDrawing& Text() = 0;
   // Shows a menu at the pointer until it is closed, and runs the chosen item.
   virtual void PopupMenu(Form& form, MenuItem& menu) = 0;

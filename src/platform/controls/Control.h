@@ -29,6 +29,7 @@ namespace pointer {
 inline constexpr int Default = 0;
 inline constexpr int Arrow = 1;
 inline constexpr int Hourglass = 11;
+inline constexpr int Hidden = 97;  // none is shown
 inline constexpr int Hand = 98;    // the program's, from Toolkit::SetHand
 inline constexpr int Custom = 99;  // the MouseIcon
 }  // namespace pointer

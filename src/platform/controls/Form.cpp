@@ -10,6 +10,16 @@
 
 namespace pixorra {
 
+namespace {
+
+// The size, in twips, that the system gives to a window that asks for `twips`. On a screen that is smaller than the
+// smallest window, the screen decides.
+double Granted(double twips, int smallest, double screen) {
+  return std::min(std::max<double>(smallest * TwipsPerPixel, RoundHalfEven(twips)), screen);
+}
+
+}  // namespace
+
 Form::Form(Toolkit& toolkit, const std::string& name)
     : Container(nullptr, Kind::Form, std::make_shared<Identity>(Identity{name, {}}), 0), toolkit_(toolkit) {
   SetVisible(false);
@@ -54,7 +64,7 @@ void Form::SetTwipsTop(double twips) {
 
 void Form::SetTwipsWidth(double twips) {
   if (windowState_ != windowstate::Normal) throw RuntimeError(error::BadPropertyValue);
-  const double width = std::max(0.0, RoundHalfEven(twips));
+  const double width = Granted(twips, SmallestWidth, toolkit_.GetScreen().Width);
   if (width == width_) return;
   width_ = width;
   Resized();
@@ -62,7 +72,7 @@ void Form::SetTwipsWidth(double twips) {
 
 void Form::SetTwipsHeight(double twips) {
   if (windowState_ != windowstate::Normal) throw RuntimeError(error::BadPropertyValue);
-  const double height = std::max(0.0, RoundHalfEven(twips));
+  const double height = Granted(twips, SmallestHeight, toolkit_.GetScreen().Height);
   if (height == height_) return;
   height_ = height;
   Resized();
@@ -89,11 +99,25 @@ void Form::SetWindowState(int state) {
   Changed(Change::State);
 }
 
+void Form::SetFullScreen(bool fullScreen) {
+  if (fullScreen == fullScreen_) return;
+  fullScreen_ = fullScreen;
+  toolkit_.StackChanged();
+  Changed(Change::State);
+  Resized();
+}
+
+void Form::ScreenChanged() {
+  if (fullScreen_ && (Width() != ScaleWidth() || Height() != ScaleHeight())) Resized();
+}
+
 int Form::ScaleWidth() const {
+  if (fullScreen_) return CLng(toolkit_.GetScreen().Width / TwipsPerPixel);
   return std::max(0, CLng(width_ / TwipsPerPixel) - FrameWidth);
 }
 
 int Form::ScaleHeight() const {
+  if (fullScreen_) return CLng(toolkit_.GetScreen().Height / TwipsPerPixel);
   const int menu = HasMenuBar() ? toolkit_.MenuBarHeight() : 0;
   return std::max(0, CLng(height_ / TwipsPerPixel) - FrameHeight - menu);
 }
@@ -152,6 +176,7 @@ void Form::Hide() {
 
 void Form::SetStaysOnTop(bool onTop) {
   onTop_ = onTop;
+  toolkit_.StackChanged();
   Changed(Change::State);
 }
 
@@ -172,10 +197,22 @@ void Form::Unload() {
   Hide();
   DropPeersWithin();
   DropPeer();
+  UnloadOwned();
+}
+
+void Form::UnloadOwned() {
+  std::vector<Watch<Form>> owned;
+  for (Form* form : toolkit_.Forms()) {
+    if (form->Owner() == this && !form->IsModal()) owned.emplace_back(*form);
+  }
+  for (const Watch<Form>& form : owned) {
+    if (form) form->Unload();
+  }
 }
 
 bool Form::HasMenuBar() const {
-  return std::any_of(menus_.begin(), menus_.end(), [](const MenuItem* menu) { return menu->Visible(); });
+  return !fullScreen_ &&
+         std::any_of(menus_.begin(), menus_.end(), [](const MenuItem* menu) { return menu->Visible(); });
 }
 
 void Form::AddMenu(MenuItem& menu) {

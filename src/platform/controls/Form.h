@@ -23,6 +23,9 @@ class Form : public Container {
  public:
   static constexpr int FrameWidth = 8;    // pixels, both sides
   static constexpr int FrameHeight = 27;  // pixels, top and bottom
+  // The smallest window that the system gives, pixels, the frame included.
+  static constexpr int SmallestWidth = 85;
+  static constexpr int SmallestHeight = 86;
 
   // Hidden and not loaded. The toolkit must outlive the form.
   Form(Toolkit& toolkit, const std::string& name);
@@ -38,7 +41,8 @@ class Form : public Container {
   bool Sizable() const { return sizable_; }
   void SetSizable(bool sizable);
 
-  // Outer size and place, twips; code that sets a size raises Resize when it differs.
+  // Outer size and place, twips; code that sets a size raises Resize when it differs. A size outside of what the system
+  // gives, from the smallest window to the whole screen, becomes the nearest within.
   double TwipsLeft() const { return left_; }
   double TwipsTop() const { return top_; }
   double TwipsWidth() const { return width_; }
@@ -50,6 +54,10 @@ class Form : public Container {
   // Sizes the window such that this many pixels are left inside, below the menu bar.
   void SetClientSize(int width, int height);
   void CentreOn(const Form* owner);
+  // Covers the screen without a frame or menu bar, above all other windows; what is left inside is the whole screen.
+  // Its own place and size are kept for when it is no longer so. Raises Resize.
+  bool FullScreen() const { return fullScreen_; }
+  void SetFullScreen(bool fullScreen);
   // Where a new window would go is the host's choice until a place is set.
   bool HasPlace() const { return hasPlace_; }
 
@@ -68,7 +76,7 @@ class Form : public Container {
   // meanwhile. The control of another form that had the focus has it again afterwards, if it is still shown and
   // enabled.
   void ShowModal(Form* owner);
-  // Shows it above its owner, and returns at once.
+  // Shows it above its owner, and returns at once. It is unloaded with its owner.
   void ShowOwned(Form* owner);
   void Hide();
   bool IsModal() const { return modal_; }
@@ -95,6 +103,8 @@ class Form : public Container {
   void UserResized(double twipsWidth, double twipsHeight, int windowState);
   void UserMoved(double twipsLeft, double twipsTop);
   void UserClosed();
+  // The screen has another size, which a full-screen form takes over.
+  void ScreenChanged();
 
   void InvalidateRect(const Rect& rect) const;
   void InvalidateAll() const;
@@ -102,6 +112,7 @@ class Form : public Container {
  private:
   void RunModal(Form* owner);
   void Resized();
+  void UnloadOwned();
 
   Toolkit& toolkit_;
   std::vector<MenuItem*> menus_;
@@ -120,6 +131,7 @@ class Form : public Container {
   bool onTop_ = false;
   bool keyPreview_ = false;
   bool unloading_ = false;
+  bool fullScreen_ = false;
 };
 
 }  // namespace pixorra

@@ -105,20 +105,13 @@ void Label::SetShrinks(bool shrinks) {
 
 void Label::FitToCaption() {
   if (!autoSize_) return;
-  double width = 0;
-  double height = 0;
-  for (std::string_view line : Split(caption_, '\n')) {
-    if (line.ends_with('\r')) line.remove_suffix(1);
-    const TextExtent extent = GetToolkit().Text().Measure(GetFont(), std::string(line));
-    width = std::max(width, extent.Width);
-    height += extent.Height;
-  }
-  width = std::ceil(width);
+  const auto [textWidth, textHeight] = GetToolkit().Text().Measure(GetFont(), caption_);
+  double width = std::ceil(textWidth);
   if (maxWidth_ > 0) width = std::min(width, static_cast<double>(maxWidth_));
   double left = Left();
   if (alignment_ == Alignment::Center) left += (Width() - width) / 2;
   if (alignment_ == Alignment::Right) left += Width() - width;
-  Move(left, Top(), width, std::ceil(height));
+  Move(left, Top(), width, std::ceil(textHeight));
 }
 
 }  // namespace pixorra

@@ -1,6 +1,9 @@
 #include "platform/controls/Lists.h"
 
+#include <algorithm>
+
 #include "platform/runtime/Errors.h"
+#include "platform/runtime/Text.h"
 
 namespace pixorra {
 
@@ -26,12 +29,14 @@ void ItemList::AddItem(const std::string& text, int index) {
   const int at = index == -1 ? ListCount() : index;
   items_.insert(items_.begin() + at, Item{text, 0});
   if (listIndex_ >= at) ++listIndex_;
+  ++revision_;
   Changed(Change::Items);
 }
 
 void ItemList::RemoveItem(int index) {
   At(index);
   items_.erase(items_.begin() + index);
+  ++revision_;
   if (listIndex_ == index) {
     listIndex_ = -1;
     Chosen();
@@ -43,6 +48,7 @@ void ItemList::RemoveItem(int index) {
 
 void ItemList::Clear() {
   items_.clear();
+  ++revision_;
   listIndex_ = -1;
   Chosen();
   Changed(Change::Items);
@@ -65,12 +71,31 @@ void ItemList::UserChose(int index) {
 ListBox::ListBox(Container& container, const std::string& name)
     : ItemList(&container, Kind::ListBox, std::make_shared<Identity>(Identity{name, {}}), 0) {}
 
+void ListBox::SetColumns(const std::vector<ListColumn>& columns) {
+  if (columns == columns_) return;
+  columns_ = columns;
+  Changed(Change::Items);
+}
+
+std::vector<std::string> ListBox::Cells(int index) const {
+  const std::string& text = List(index);
+  if (columns_.empty()) return {text};
+  std::vector<std::string> cells;
+  std::size_t start = 0;
+  for (std::size_t i = 0; i < columns_.size(); ++i) {
+    const std::size_t end = i + 1 < columns_.size() ? std::min(text.find('\t', start), text.size()) : text.size();
+    cells.push_back(Trim(text.substr(start, end - start)));
+    start = std::min(end + 1, text.size());
+  }
+  return cells;
+}
+
 ComboBox::ComboBox(Container& container, const std::string& name)
     : ItemList(&container, Kind::ComboBox, std::make_shared<Identity>(Identity{name, {}}), 0) {}
 
 void ComboBox::SetText(const std::string& text) {
   if (text == text_) return;
-  text_ = text;
+  TakeText(text);
   Changed(Change::Text);
 }
 
@@ -82,8 +107,21 @@ void ComboBox::SetEditable(bool editable) {
 
 void ComboBox::UserTyped(const std::string& text) {
   if (!editable_ || text == text_) return;
-  text_ = text;
+  TakeText(text);
   Raise(On().Change, static_cast<Control&>(*this));
+}
+
+void ComboBox::UserChose(int index) {
+  if (index == -1 || index != ListIndex()) {
+    ItemList::UserChose(index);
+  } else if (Enabled()) {
+    Raise(On().Click, static_cast<Control&>(*this));
+  }
+}
+
+void ComboBox::TakeText(const std::string& text) {
+  text_ = text;
+  if (ListIndex() >= 0 && List(ListIndex()) != text) DropChoice();
 }
 
 void ComboBox::Chosen() {

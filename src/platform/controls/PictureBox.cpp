@@ -1,7 +1,9 @@
 #include "platform/controls/PictureBox.h"
 
 #include <algorithm>
+#include <cmath>
 #include <utility>
+#include <vector>
 
 #include "platform/controls/Toolkit.h"
 #include "platform/pixels/Stretch.h"
@@ -25,11 +27,34 @@ Colour SolidColour(Colour colour) {
 
 namespace {
 
+// The fine pixels that make up a rectangle of the box's. Neighbours meet without a gap.
+Rect FineRect(const Rect& at, double fineness) {
+  const auto edge = [fineness](double pixel) {
+    return static_cast<int>(std::clamp(std::nearbyint(pixel * fineness), -1e9, 1e9));
+  };
+  const int left = edge(at.Left);
+  const int top = edge(at.Top);
+  return {left, top, edge(static_cast<double>(at.Left) + at.Width) - left,
+          edge(static_cast<double>(at.Top) + at.Height) - top};
+}
+
+void StretchFine(const Picture& picture, Bitmap& fine, const Rect& at, double fineness) {
+  const Rect part = FineRect(at, fineness);
+  Stretch(picture.Pixels(), fine, part.Left, part.Top, part.Width, part.Height);
+}
+
 void SetPixel(Bitmap& surface, int x, int y, Colour colour) {
   std::uint8_t* pixel = surface.Row(y) + x * surface.BytesPerPixel();
   pixel[0] = static_cast<std::uint8_t>(colour >> 16);
   pixel[1] = static_cast<std::uint8_t>(colour >> 8);
   pixel[2] = static_cast<std::uint8_t>(colour);
+}
+
+void FillRect(Bitmap& surface, const Rect& at, Colour colour) {
+  const Rect part = at.Intersected({0, 0, surface.Width(), surface.Height()});
+  for (int y = part.Top; y < part.Bottom(); ++y) {
+    for (int x = part.Left; x < part.Right(); ++x) SetPixel(surface, x, y, colour);
+  }
 }
 
 }  // namespace
@@ -48,6 +73,7 @@ void PictureBox::CopyFrom(const PictureBox& source) {
   backColor_ = source.backColor_;
   foreColor_ = source.foreColor_;
   borderStyle_ = source.borderStyle_;
+  autoSize_ = source.autoSize_;
 }
 
 void PictureBox::SetBackColor(Colour colour) {
@@ -67,7 +93,17 @@ void PictureBox::SetRowPicture(const Picture& picture) {
 
 void PictureBox::SetPicture(const Picture& picture) {
   picture_ = picture;
+  FitToPicture();
   Cls();
+}
+
+void PictureBox::SetAutoSize(bool autoSize) {
+  autoSize_ = autoSize;
+  FitToPicture();
+}
+
+void PictureBox::FitToPicture() {
+  if (autoSize_ && !picture_.IsNothing()) Move(Left(), Top(), picture_.Width(), picture_.Height());
 }
 
 Picture PictureBox::Image() {
@@ -85,6 +121,7 @@ void PictureBox::Cls() {
 void PictureBox::DropSurface() {
   surface_ = Bitmap();
   image_ = Picture();
+  fine_ = Bitmap();
 }
 
 // The surface comes into being with the first drawing on it, of the size that the box then has.
@@ -99,13 +136,26 @@ Bitmap& PictureBox::MakeSurface() {
     if (!picture_.IsNothing()) {
       Stretch(picture_.Pixels(), surface_, 0, 0, picture_.Width(), picture_.Height());
     }
+    MakeFineSurface();
   }
   return surface_;
 }
 
+// Only what will be seen is drawn twice: scratch surfaces are those of hidden boxes.
+void PictureBox::MakeFineSurface() {
+  fineness_ = GetToolkit().Fineness();
+  if (fineness_ <= 1 || !Visible()) return;
+  const Rect whole = FineRect({0, 0, surface_.Width(), surface_.Height()}, fineness_);
+  fine_ = Bitmap(whole.Width, whole.Height, PixelFormat::Bgr24);
+  fine_.Fill(SolidColour(GetToolkit().PlainColour(backColor_, false)));
+  if (!picture_.IsNothing()) StretchFine(picture_, fine_, {0, 0, picture_.Width(), picture_.Height()}, fineness_);
+}
+
 void PictureBox::PaintPicture(const Picture& picture, double x, double y, double width, double height) {
   if (picture.IsNothing()) throw RuntimeError(error::BadPicture);
-  Stretch(picture.Pixels(), MakeSurface(), CLng(x), CLng(y), CLng(width), CLng(height));
+  const Rect at{CLng(x), CLng(y), CLng(width), CLng(height)};
+  Stretch(picture.Pixels(), MakeSurface(), at.Left, at.Top, at.Width, at.Height);
+  if (!fine_.IsEmpty()) StretchFine(picture, fine_, at, fineness_);
   Drawn();
 }
 
@@ -113,6 +163,7 @@ void PictureBox::PSet(int x, int y, Colour colour) {
   Bitmap& surface = MakeSurface();
   if (x < 0 || y < 0 || x >= surface.Width() || y >= surface.Height()) return;
   SetPixel(surface, x, y, colour);
+  if (!fine_.IsEmpty()) FillRect(fine_, FineRect({x, y, 1, 1}, fineness_), colour);
   Drawn();
 }
 
@@ -124,16 +175,26 @@ Colour PictureBox::Point(int x, int y) {
 }
 
 void PictureBox::Box(double x1, double y1, double x2, double y2, Colour colour, bool filled) {
-  const int left = CLng(std::min(x1, x2));
-  const int right = CLng(std::max(x1, x2));
-  const int top = CLng(std::min(y1, y2));
-  const int bottom = CLng(std::max(y1, y2));
   MakeSurface();
-  for (int y = std::max(0, top); y <= std::min(bottom, surface_.Height() - 1); ++y) {
-    const bool edge = filled || y == top || y == bottom;
-    for (int x = std::max(0, left); x <= std::min(right, surface_.Width() - 1); ++x) {
-      if (edge || x == left || x == right) SetPixel(surface_, x, y, colour);
-    }
+  // An edge outside of the box is not seen, however far outside.
+  const auto across = [this](double x) { return std::clamp(CLng(x), -1, surface_.Width()); };
+  const auto down = [this](double y) { return std::clamp(CLng(y), -1, surface_.Height()); };
+  const int left = across(std::min(x1, x2));
+  const int right = across(std::max(x1, x2));
+  const int top = down(std::min(y1, y2));
+  const int bottom = down(std::max(y1, y2));
+  std::vector<Rect> parts;
+  if (filled) {
+    parts = {{left, top, right + 1 - left, bottom + 1 - top}};
+  } else {
+    parts = {{left, top, right + 1 - left, 1},
+             {left, bottom, right + 1 - left, 1},
+             {left, top, 1, bottom + 1 - top},
+             {right, top, 1, bottom + 1 - top}};
+  }
+  for (const Rect& part : parts) {
+    FillRect(surface_, part, colour);
+    if (!fine_.IsEmpty()) FillRect(fine_, FineRect(part, fineness_), colour);
   }
   Drawn();
 }
@@ -147,7 +208,9 @@ double PictureBox::TextHeight(const std::string& text) const {
 }
 
 void PictureBox::PrintAt(double x, double y, const std::string& text) {
-  GetToolkit().Text().Draw(MakeSurface(), font_, x, y, text, SolidColour(GetToolkit().PlainColour(foreColor_, false)));
+  const Colour colour = SolidColour(GetToolkit().PlainColour(foreColor_, false));
+  GetToolkit().Text().Draw(MakeSurface(), font_, x, y, text, colour);
+  if (!fine_.IsEmpty()) GetToolkit().Text().DrawFine(fine_, fineness_, font_, x, y, text, colour);
   Drawn();
 }
 

@@ -27,11 +27,16 @@ class PictureBox : public Container {
   // A picture lies at its own size at the top left, below what is drawn; setting one clears what was drawn.
   const Picture& GetPicture() const { return picture_; }
   void SetPicture(const Picture& picture);
+  // The box takes the size of its picture, now and with each picture that is set; no picture leaves it as it is.
+  bool AutoSize() const { return autoSize_; }
+  void SetAutoSize(bool autoSize);
   // What the box shows. With a picture and nothing drawn on it, that picture, whole; otherwise the surface, of the
   // box's size.
   Picture Image();
   bool HasDrawing() const { return !surface_.IsEmpty() || !image_.IsNothing(); }
   const Bitmap& Surface() const { return image_.IsNothing() ? surface_ : image_.Pixels(); }
+  // The same drawing in the screen's finer pixels, to be shown in place of the surface; empty where there is none.
+  const Bitmap& FineSurface() const { return fine_; }
 
   // Drawing; pixels of the box, the parts that lie outside are cut off.
   void Cls();
@@ -52,16 +57,21 @@ class PictureBox : public Container {
  private:
   void DropSurface();
   Bitmap& MakeSurface();
+  void MakeFineSurface();
+  void FitToPicture();
   void Drawn();
 
   Picture picture_;
   Picture rowPicture_;
   Bitmap surface_;
   Picture image_;  // the surface, from when it was asked for until it is drawn on again
+  Bitmap fine_;
+  double fineness_ = 1;  // fine pixels to one of the box
   Font font_;
   Colour backColor_ = ButtonFace;
   Colour foreColor_ = 0;
   int borderStyle_ = 0;
+  bool autoSize_ = false;
 };
 
 // A colour of the system as the program draws it into bitmaps: the classic light grey of buttons, white for windows.

@@ -91,6 +91,7 @@ class Toolkit {
   // --- services of the back end
   Screen GetScreen() { return backend_.GetScreen(); }
   int MenuBarHeight() { return backend_.MenuBarHeight(); }
+  double Fineness() { return backend_.Fineness(); }
   TextDrawing& Text() { return backend_.Text(); }
   double Seconds() { return backend_.Seconds(); }
   std::unique_ptr<Peer> NewPeer(Control& control) { return backend_.MakePeer(control); }

@@ -40,7 +40,7 @@ void Windows::Activate(Form& form) {
 // In front of the others, but below the forms that it owns, and below those that stay on top.
 void Windows::Arrange(Form& front) {
   const auto rank = [&](const Form* form) {
-    if (form->StaysOnTop()) return 3;
+    if (form->StaysOnTop() || form->FullScreen()) return 3;
     if (form == &front) return 1;
     for (const Form* owner = form->Owner(); owner != nullptr; owner = owner->Owner()) {
       if (owner == &front) return 2;
@@ -48,6 +48,10 @@ void Windows::Arrange(Form& front) {
     return 0;
   };
   std::stable_sort(forms_.begin(), forms_.end(), [&](const Form* a, const Form* b) { return rank(a) < rank(b); });
+}
+
+void Windows::StackChanged() {
+  if (Form* active = Active()) Arrange(*active);
 }
 
 void Windows::Deactivate(Form& form) {

@@ -19,6 +19,8 @@ class Windows {
   void Remove(Form& form);
   // To the front, with the forms that it owns. Nothing is put in front of the form that is modal.
   void Activate(Form& form);
+  // A form stays above the others from now on, or no longer.
+  void StackChanged();
   // It is no longer active: the form in front of those that are left is.
   void Deactivate(Form& form);
   void PushModal(Form& form) { modal_.push_back(&form); }

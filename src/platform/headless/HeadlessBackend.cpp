@@ -8,8 +8,8 @@
 
 namespace pixorra {
 
-HeadlessBackend::HeadlessBackend(HeadlessClock& clock, Script& script, Surprises& surprises)
-    : clock_(clock), script_(script), surprises_(surprises) {}
+HeadlessBackend::HeadlessBackend(HeadlessClock& clock, Script& script, Failures& failures)
+    : clock_(clock), script_(script), failures_(failures) {}
 
 // Only forms have something to keep beside what the model knows.
 std::unique_ptr<Peer> HeadlessBackend::MakePeer(Control& control) {
@@ -24,7 +24,7 @@ void HeadlessBackend::Dispatch(const std::function<void()>& act) {
     if (onError_) {
       onError_(e);
     } else {
-      surprises_.Report("unhandled error " + std::to_string(e.Number()) + ": " + e.Description());
+      failures_.Report("unhandled error " + std::to_string(e.Number()) + ": " + e.Description());
     }
   }
 }
@@ -108,7 +108,7 @@ void HeadlessBackend::GiveUp() {
   }
   if (popup_ != nullptr) front = "pop-up menu " + popup_->Name();
   if (!boxUp_.empty()) front = boxUp_;
-  surprises_.Report("the program waits and nothing can happen any more; in front: " + front);
+  failures_.Report("the program waits and nothing can happen any more; in front: " + front);
   toolkit_->End();
 }
 
@@ -139,7 +139,7 @@ void HeadlessBackend::PopupMenu(Form&, MenuItem& menu) {
   chosen_ = nullptr;
   bool reacted = false;
   Dispatch([&] { reacted = script_.RunOne(Script::Moment::Popup); });
-  if (!reacted) surprises_.Report("unexpected pop-up menu " + menu.Name());
+  if (!reacted) failures_.Report("unexpected pop-up menu " + menu.Name());
   popup_ = outer;
   Stir();
   if (MenuItem* const item = std::exchange(chosen_, nullptr)) item->UserClicked();

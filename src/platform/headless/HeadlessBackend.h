@@ -26,7 +26,7 @@ class HeadlessBackend : public Backend, public Posting {
   // Virtual seconds of waiting in which nobody acts, after which the program is taken to wait for ever.
   static constexpr double Patience = 600;
 
-  HeadlessBackend(HeadlessClock& clock, Script& script, Surprises& surprises);
+  HeadlessBackend(HeadlessClock& clock, Script& script, Failures& failures);
   // Before anything else: the toolkit that this back end serves.
   void Attach(Toolkit& toolkit) { toolkit_ = &toolkit; }
 
@@ -38,6 +38,7 @@ class HeadlessBackend : public Backend, public Posting {
   void WakeAt(std::optional<double> seconds) override { wakeAt_ = seconds; }
   Screen GetScreen() override { return screen_; }
   int MenuBarHeight() override { return 20; }
+  double Fineness() override { return fineness_; }
   TextDrawing& Text() override { return text_; }
   void PopupMenu(Form& form, MenuItem& menu) override;
   void DragChanged() override { ++dragChanges_; }
@@ -50,6 +51,7 @@ class HeadlessBackend : public Backend, public Posting {
   void Advance(double seconds);
   // Pixels.
   void SetScreen(int width, int height);
+  void SetFineness(double fineness) { fineness_ = fineness; }
   // The window of a form that is loaded and has been shown, or null.
   HeadlessWindow* WindowOf(const Form& form) const;
   bool LoopEnded() const { return loopEnded_; }
@@ -80,7 +82,7 @@ class HeadlessBackend : public Backend, public Posting {
 
   HeadlessClock& clock_;
   Script& script_;
-  Surprises& surprises_;
+  Failures& failures_;
   Toolkit* toolkit_ = nullptr;
   HeadlessText text_;
   Screen screen_{1280 * 15, 1024 * 15, 15, 15};
@@ -93,6 +95,7 @@ class HeadlessBackend : public Backend, public Posting {
   MenuItem* popup_ = nullptr;
   MenuItem* chosen_ = nullptr;
   double idle_ = 0;
+  double fineness_ = 1;
   int dragChanges_ = 0;
   bool loopEnded_ = false;
 };

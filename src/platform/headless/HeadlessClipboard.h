@@ -10,7 +10,9 @@ class HeadlessClipboard : public Clipboard {
   bool HasBitmap() override { return !bitmap_.IsNothing(); }
   Picture GetBitmap() override { return bitmap_; }
   void Clear() override { bitmap_ = Picture(); }
-  void SetBitmap(const Picture& picture) override { bitmap_ = picture; }
+  void SetBitmap(const Picture& picture) override {
+    if (!picture.IsNothing()) bitmap_ = picture;
+  }
 
  private:
   Picture bitmap_;

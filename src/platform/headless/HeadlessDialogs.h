@@ -1,4 +1,4 @@
-// Boxes of the host, answered by the script. A box that nobody expected is a surprise and is closed in the way that
+// Boxes of the host, answered by the script. A box that nobody expected is a failure and is closed in the way that
 // changes least.
 #pragma once
 

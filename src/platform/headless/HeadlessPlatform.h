@@ -3,6 +3,7 @@
 #pragma once
 
 #include "platform/controls/Toolkit.h"
+#include "platform/headless/Failures.h"
 #include "platform/headless/HeadlessArtwork.h"
 #include "platform/headless/HeadlessBackend.h"
 #include "platform/headless/HeadlessClipboard.h"
@@ -16,7 +17,6 @@
 #include "platform/headless/HeadlessVolumes.h"
 #include "platform/headless/Person.h"
 #include "platform/headless/Script.h"
-#include "platform/headless/Surprises.h"
 
 namespace pixorra {
 
@@ -25,13 +25,13 @@ struct HeadlessPlatform {
   HeadlessPlatform(const HeadlessPlatform&) = delete;
   HeadlessPlatform& operator=(const HeadlessPlatform&) = delete;
 
-  // At a test's end: what was expected and never came up is a surprise too.
+  // At a test's end: what was expected and never came up is a failure too.
   void Finish() { script.ReportUnmet(); }
 
-  Surprises surprises;
+  Failures failures;
   HeadlessClock clock;
-  Script script{surprises};
-  HeadlessBackend backend{clock, script, surprises};
+  Script script{failures};
+  HeadlessBackend backend{clock, script, failures};
   Toolkit toolkit{backend};
   HeadlessDialogs dialogs{toolkit, backend, script};
   HeadlessPrinting printing{script, [this] { backend.Stir(); }};
@@ -43,7 +43,7 @@ struct HeadlessPlatform {
   HeadlessShipped shipped;
   HeadlessVolumes volumes;
   Posting& posting = backend;
-  Person person{toolkit, backend, dialogs, script, surprises};
+  Person person{toolkit, backend, dialogs, script, failures};
 };
 
 }  // namespace pixorra

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "platform/headless/HeadlessText.h"
 #include "platform/runtime/Errors.h"
 #include "platform/runtime/Text.h"
 
@@ -62,33 +63,8 @@ bool HeadlessPrinting::IsReady(const std::string& name) {
   return printer != nullptr && printer->Ready;
 }
 
-// --- dialogs ---------------------------------------------------------------------------------------------------------
-
-bool HeadlessPrinting::ShowDialog(const char* kind) {
-  stir_();
-  const auto answer = script_.AnswerFor(kind, {}, {});
-  if (answer && answer->Meanwhile) answer->Meanwhile();
-  return answer && answer->Number != 0;
-}
-
 bool HeadlessPrinting::ShowProperties(const std::string& name) {
-  return IsReady(name) && ShowDialog(PropertiesDialog);
-}
-
-void HeadlessPrinting::Expect(const char* kind, bool accepted, std::function<void()> meanwhile) {
-  script_.Add(Script::Answer{kind, {}, {}, accepted ? 1 : 0, {}, std::move(meanwhile)});
-}
-
-void HeadlessPrinting::ExpectPrintSetup(bool accepted, std::function<void()> meanwhile) {
-  Expect(SetupDialog, accepted, std::move(meanwhile));
-}
-
-void HeadlessPrinting::ExpectPrintDialog(bool accepted, std::function<void()> meanwhile) {
-  Expect(PrintDialog, accepted, std::move(meanwhile));
-}
-
-void HeadlessPrinting::ExpectProperties(bool accepted) {
-  Expect(PropertiesDialog, accepted, {});
+  return IsReady(name) && AnswerProperties();
 }
 
 // --- the surface -----------------------------------------------------------------------------------------------------
@@ -110,11 +86,13 @@ double HeadlessPrinting::ScaleHeight() {
 }
 
 double HeadlessPrinting::TextWidth(const std::string& text) {
-  return static_cast<double>(CharacterCount(text)) * CharacterWidth * state_.FontSize * TwipsPerPoint;
+  std::size_t longest = 0;
+  for (const std::string& line : LinesOf(text)) longest = std::max(longest, CharacterCount(line));
+  return static_cast<double>(longest) * CharacterWidth * state_.FontSize * TwipsPerPoint;
 }
 
-double HeadlessPrinting::TextHeight(const std::string&) {
-  return LineHeight * state_.FontSize * TwipsPerPoint;
+double HeadlessPrinting::TextHeight(const std::string& text) {
+  return static_cast<double>(LinesOf(text).size()) * LineHeight * state_.FontSize * TwipsPerPoint;
 }
 
 PrintedPage& HeadlessPrinting::Page() {

@@ -2,12 +2,11 @@
 // paper with an edge of a quarter inch that it cannot print on, and 600 dots to the inch.
 #pragma once
 
-#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
 
-#include "platform/headless/Script.h"
+#include "platform/headless/PrintDialogScript.h"
 #include "platform/services/Printing.h"
 
 namespace pixorra {
@@ -22,7 +21,7 @@ struct PrintedItem {
   double Height = 0;
   std::string Text;
   std::string FontName = "Arial";
-  double FontSize = 10;  // points
+  double FontSize = 8.25;  // points
   bool Bold = false;
   Colour InColour = 0;
   int DrawWidth = 1;
@@ -59,9 +58,9 @@ struct HeadlessPrinter {
   bool Broken = false;  // the first print raises error 482
 };
 
-class HeadlessPrinting : public Printing, private PrintSurface {
+class HeadlessPrinting : public Printing, public PrintDialogScript, private PrintSurface {
  public:
-  HeadlessPrinting(Script& script, std::function<void()> stir) : script_(script), stir_(std::move(stir)) {}
+  using PrintDialogScript::PrintDialogScript;
 
   std::vector<std::string> PrinterNames() override;
   void SetCurrentPrinter(const std::string& name) override;
@@ -69,16 +68,12 @@ class HeadlessPrinting : public Printing, private PrintSurface {
   std::string CurrentPrinterName() override;
   PrintSurface& Printer() override { return *this; }
   bool IsReady(const std::string& name) override;
-  bool ShowPrintSetup() override { return ShowDialog(SetupDialog); }
-  bool ShowPrintDialog() override { return ShowDialog(PrintDialog); }
+  bool ShowPrintSetup() override { return AnswerPrintSetup(); }
+  bool ShowPrintDialog() override { return AnswerPrintDialog(); }
   bool ShowProperties(const std::string& name) override;
 
   // To set up by a test; the first is the system's default.
   std::vector<HeadlessPrinter> Printers{HeadlessPrinter{.Name = "Headless Printer"}};
-  // `meanwhile` is what the person does in the dialog, such as choosing a printer.
-  void ExpectPrintSetup(bool accepted, std::function<void()> meanwhile = {});
-  void ExpectPrintDialog(bool accepted, std::function<void()> meanwhile = {});
-  void ExpectProperties(bool accepted);
 
   // Documents that have been ended, and the one that is being composed.
   const std::vector<PrintedDocument>& Documents() const { return documents_; }
@@ -88,10 +83,6 @@ class HeadlessPrinting : public Printing, private PrintSurface {
   bool TracksDefault() const { return tracksDefault_; }
 
  private:
-  static constexpr const char* SetupDialog = "print setup dialog";
-  static constexpr const char* PrintDialog = "print dialog";
-  static constexpr const char* PropertiesDialog = "printer properties dialog";
-
   void SetScaleMode(int mode) override { scaleMode_ = mode; }
   void SetOrientation(int orientation) override { orientation_ = orientation; }
   double ScaleWidth() override;
@@ -123,11 +114,7 @@ class HeadlessPrinting : public Printing, private PrintSurface {
   const HeadlessPrinter& Current() const;
   // The page that is drawn on; starts a document. Raises 482 where there is no printer or it is broken.
   PrintedPage& Page();
-  bool ShowDialog(const char* kind);
-  void Expect(const char* kind, bool accepted, std::function<void()> meanwhile);
 
-  Script& script_;
-  std::function<void()> stir_;
   std::string current_;  // empty: the default
   PrintedItem state_;    // what the next drawing takes over
   int orientation_ = 1;

@@ -32,13 +32,27 @@ void FillBlock(Bitmap& target, int left, int top, int right, int bottom, Colour 
 
 }  // namespace
 
+std::vector<std::string> LinesOf(const std::string& text) {
+  std::vector<std::string> lines;
+  std::size_t start = 0;
+  for (std::size_t end = text.find_first_of("\r\n"); end != std::string::npos;
+       end = text.find_first_of("\r\n", start)) {
+    lines.push_back(text.substr(start, end - start));
+    start = end + (text.compare(end, 2, "\r\n") == 0 ? 2 : 1);
+  }
+  lines.push_back(text.substr(start));
+  return lines;
+}
+
 TextExtent HeadlessText::Measure(const Font& font, const std::string& text) {
+  std::size_t lines = 0;
   std::size_t longest = 0;
-  for (std::string_view line : Split(text, '\n')) {
-    if (line.ends_with('\r')) line.remove_suffix(1);
+  for (const std::string& line : LinesOf(text)) {
+    ++lines;
     longest = std::max(longest, CharacterCount(line));
   }
-  return {static_cast<double>(longest) * CharacterWidth * Factor(font), LineHeight * Factor(font)};
+  return {static_cast<double>(longest) * CharacterWidth * Factor(font),
+          static_cast<double>(lines) * LineHeight * Factor(font)};
 }
 
 // The low eight bits of a character, two by four blocks in its cell, on a base line that every visible character has.
@@ -46,28 +60,23 @@ void HeadlessText::Draw(Bitmap& target, const Font& font, double left, double to
                         Colour colour) {
   const double factor = Factor(font);
   const auto pixel = [](double at) { return static_cast<int>(std::lround(at)); };
-  double x = left;
   double y = top;
-  for (std::size_t at = 0; at < text.size();) {
-    const Utf8Character character = CharacterAt(text, at);
-    at += character.Bytes;
-    if (character.Code == U'\n') {
-      x = left;
-      y += LineHeight * factor;
-      continue;
-    }
-    if (character.Code == U'\r') continue;
-    for (int bit = 0; bit < 8 && character.Code != U' '; ++bit) {
-      if ((character.Code >> bit & 1U) == 0) continue;
-      const double blockX = x + (1 + 2 * (bit % 2)) * factor;
-      const double blockY = y + (1 + 2 * (bit / 2)) * factor;
-      FillBlock(target, pixel(blockX), pixel(blockY), pixel(blockX + 2 * factor), pixel(blockY + 2 * factor), colour);
-    }
-    if (character.Code != U' ') {
+  for (const std::string& line : LinesOf(text)) {
+    double x = left;
+    for (std::size_t at = 0; at < line.size(); x += CharacterWidth * factor) {
+      const Utf8Character character = CharacterAt(line, at);
+      at += character.Bytes;
+      if (character.Code == U' ') continue;
+      for (int bit = 0; bit < 8; ++bit) {
+        if ((character.Code >> bit & 1U) == 0) continue;
+        const double blockX = x + (1 + 2 * (bit % 2)) * factor;
+        const double blockY = y + (1 + 2 * (bit / 2)) * factor;
+        FillBlock(target, pixel(blockX), pixel(blockY), pixel(blockX + 2 * factor), pixel(blockY + 2 * factor), colour);
+      }
       FillBlock(target, pixel(x + factor), pixel(y + 10 * factor), pixel(x + 5 * factor), pixel(y + 11 * factor),
                 colour);
     }
-    x += CharacterWidth * factor;
+    y += LineHeight * factor;
   }
 }
 

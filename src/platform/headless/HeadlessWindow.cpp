@@ -45,6 +45,7 @@ void HeadlessWindow::UserResized(double twipsWidth, double twipsHeight) {
 }
 
 void HeadlessWindow::ScreenChanged() {
+  form_.ScreenChanged();
   if (shownState_ != windowstate::Maximised || !form_.Visible()) return;
   const Screen screen = backend_.GetScreen();
   form_.UserResized(screen.Width, screen.Height, windowstate::Maximised);

@@ -10,9 +10,8 @@
 
 namespace pixorra {
 
-Person::Person(Toolkit& toolkit, HeadlessBackend& backend, HeadlessDialogs& dialogs, Script& script,
-               Surprises& surprises)
-    : toolkit_(toolkit), backend_(backend), dialogs_(dialogs), script_(script), surprises_(surprises) {}
+Person::Person(Toolkit& toolkit, HeadlessBackend& backend, HeadlessDialogs& dialogs, Script& script, Failures& failures)
+    : toolkit_(toolkit), backend_(backend), dialogs_(dialogs), script_(script), failures_(failures) {}
 
 void Person::Act(const Action& act) {
   backend_.Stir();

@@ -1,6 +1,6 @@
 // A person in front of the program: presses, moves, types, picks from menus, handles windows, and answers what comes up
 // while the program has the turn. Acts through the toolkit's raw input alone. What a hand could not do (a control that
-// is hidden, covered or blocked by a modal window) is reported as a surprise and not done.
+// is hidden, covered or blocked by a modal window) is reported as a failure and not done.
 #pragma once
 
 #include <functional>
@@ -26,7 +26,7 @@ class Person {
   using Action = std::function<void()>;
   using FormAction = std::function<void(Person&, Form&)>;
 
-  Person(Toolkit& toolkit, HeadlessBackend& backend, HeadlessDialogs& dialogs, Script& script, Surprises& surprises);
+  Person(Toolkit& toolkit, HeadlessBackend& backend, HeadlessDialogs& dialogs, Script& script, Failures& failures);
 
   // --- mouse; pixels of a form's client area ----------------------------------------------------------------------
   void PressAt(Form& form, int x, int y, int button = button::Left, int shift = 0);
@@ -107,7 +107,7 @@ class Person {
     int Y = 0;
   };
   void Act(const Action& act);
-  void Fail(const std::string& text) { surprises_.Report(text); }
+  void Fail(const std::string& text) { failures_.Report(text); }
   std::optional<Place> PointOn(Control& control);
   std::string WhyOutOfReach(Control& control);
   bool CanUse(Control& control);
@@ -123,7 +123,7 @@ class Person {
   HeadlessBackend& backend_;
   HeadlessDialogs& dialogs_;
   Script& script_;
-  Surprises& surprises_;
+  Failures& failures_;
   Watch<Form> mouseForm_;
   Watch<Control> held_;  // a control with a widget of its own that is pressed
   int x_ = 0;

@@ -53,11 +53,17 @@ void Insert(TextBox& box, const std::string& text) {
   box.UserTyped(whole, start + static_cast<int>(text.size()));
 }
 
-// Takes away what is selected, or else the character before or behind the cursor.
+// Takes away what is selected, or else the character before or after the cursor; a line end is one.
 void Erase(TextBox& box, bool before) {
   if (box.SelLength() == 0) {
     const std::string& text = box.Text();
     const int at = box.SelStart();
+    const int end = before ? at - 2 : at;
+    if (end >= 0 && text.compare(static_cast<std::size_t>(end), 2, "\r\n") == 0) {
+      box.UserSelected(end, 2);
+      Insert(box, {});
+      return;
+    }
     int other = before ? 0 : at;
     if (!before && at < static_cast<int>(text.size())) {
       other = at + static_cast<int>(CharacterAt(text, static_cast<std::size_t>(at)).Bytes);
@@ -79,10 +85,22 @@ void TypeInto(Control& control, const std::string& character) {
   if (kind == Kind::TreeView) static_cast<TreeView&>(control).UserTyped(character);
 }
 
+void EraseLast(ComboBox& box) {
+  const std::string& text = box.Text();
+  std::size_t last = 0;
+  for (std::size_t at = 0; at < text.size(); at += CharacterAt(text, at).Bytes) last = at;
+  box.UserTyped(text.substr(0, last));
+}
+
 void EditText(TextBox& box, int keyCode, int shift) {
-  const int end = static_cast<int>(box.Text().size());
-  if (keyCode == key::Home) box.UserSelected(0, 0);
-  if (keyCode == key::End) box.UserSelected(end, 0);
+  const std::string& text = box.Text();
+  const int end = static_cast<int>(text.size());
+  const auto at = static_cast<std::size_t>(box.SelStart());
+  if (keyCode == key::Home) {
+    const std::size_t before = at > 0 ? text.rfind('\n', at - 1) : std::string::npos;
+    box.UserSelected(before == std::string::npos ? 0 : static_cast<int>(before) + 1, 0);
+  }
+  if (keyCode == key::End) box.UserSelected(static_cast<int>(std::min(text.find("\r\n", at), text.size())), 0);
   if (keyCode == 'A' && shift == shift::Ctrl) box.UserSelected(0, end);
   if (keyCode == key::Back || keyCode == key::Delete) Erase(box, keyCode == key::Back);
 }
@@ -157,11 +175,12 @@ void Person::EditByKey(Control& control, int keyCode, int shift) {
     if (!tree.UserKey(keyCode) && keyCode == key::Space) tree.UserTyped(" ");
     return;
   }
+  if (kind == Kind::ComboBox && keyCode == key::Back) EraseLast(static_cast<ComboBox&>(control));
   if (kind == Kind::ScrollBar) MoveInBar(static_cast<ScrollBar&>(control), keyCode);
   if (kind == Kind::ListBox || kind == Kind::ComboBox) {
     auto& list = static_cast<ItemList&>(control);
-    if (keyCode == key::Up) list.UserChose(std::max(0, list.ListIndex() - 1));
-    if (keyCode == key::Down) list.UserChose(std::min(list.ListCount() - 1, list.ListIndex() + 1));
+    if (keyCode == key::Up && list.ListIndex() > 0) list.UserChose(list.ListIndex() - 1);
+    if (keyCode == key::Down && list.ListIndex() + 1 < list.ListCount()) list.UserChose(list.ListIndex() + 1);
   }
   if (keyCode == key::Space && kind != Kind::TextBox) LetGoNative(control);
 }

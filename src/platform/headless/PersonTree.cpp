@@ -16,7 +16,7 @@ TreeNode* ChildOf(const TreeNode& node, const std::string& text) {
 
 }  // namespace
 
-// Null, and a surprise, where a node is not there or cannot be opened. What opening asks for may come later: then the
+// Null, and a failure, where a node is not there or cannot be opened. What opening asks for may come later: then the
 // node is not there yet.
 TreeNode* Person::WayTo(TreeView& tree, const std::vector<std::string>& path) {
   const Watch<TreeView> watch(tree);

@@ -23,7 +23,7 @@ std::optional<Script::Answer> Script::AnswerFor(const std::string& kind, const s
            text.find(answer.Text) != std::string::npos;
   });
   if (fitting == answers_.end()) {
-    surprises_.Report("unexpected " + kind + " \"" + title + "\": \"" + text + "\"");
+    failures_.Report("unexpected " + kind + " \"" + title + "\": \"" + text + "\"");
     return std::nullopt;
   }
   const Answer answer = std::move(*fitting);
@@ -33,9 +33,9 @@ std::optional<Script::Answer> Script::AnswerFor(const std::string& kind, const s
 
 void Script::ReportUnmet() {
   for (const Answer& answer : answers_) {
-    surprises_.Report("expected " + answer.Kind + " \"" + answer.Title + "\" never came up: \"" + answer.Text + "\"");
+    failures_.Report("expected " + answer.Kind + " \"" + answer.Title + "\" never came up: \"" + answer.Text + "\"");
   }
-  for (const Reaction& reaction : reactions_) surprises_.Report("expected " + reaction.What + ", it never came up");
+  for (const Reaction& reaction : reactions_) failures_.Report("expected " + reaction.What + ", it never came up");
   answers_.clear();
   reactions_.clear();
 }

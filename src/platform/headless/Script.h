@@ -7,13 +7,13 @@
 #include <optional>
 #include <string>
 
-#include "platform/headless/Surprises.h"
+#include "platform/headless/Failures.h"
 
 namespace pixorra {
 
 class Script {
  public:
-  explicit Script(Surprises& surprises) : surprises_(surprises) {}
+  explicit Script(Failures& failures) : failures_(failures) {}
 
   enum class Moment {
     Wait,    // in waits alone, when everything that is pending has been handled
@@ -41,13 +41,13 @@ class Script {
 
   // Runs the first reaction that fits, if one does.
   bool RunOne(Moment moment);
-  // Takes the first answer for such a box; none, and a surprise reported, where nobody expected it.
+  // Takes the first answer for such a box; none, and a failure reported, where nobody expected it.
   std::optional<Answer> AnswerFor(const std::string& kind, const std::string& title, const std::string& text);
   // Reports everything that was expected and never came up, and forgets it.
   void ReportUnmet();
 
  private:
-  Surprises& surprises_;
+  Failures& failures_;
   std::list<Reaction> reactions_;
   std::list<Answer> answers_;
 };

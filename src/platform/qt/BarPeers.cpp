@@ -1,4 +1,5 @@
 // Scroll bars, sliders and progress bars as widgets.
+#include <QKeyEvent>
 #include <QPaintEvent>
 #include <QPainter>
 #include <QProgressBar>
@@ -35,7 +36,12 @@ class FocusedScrollBar final : public QScrollBar {
 
 QAbstractSlider* MakeBar(const ScrollBar& control) {
   const auto direction = control.GetOrientation() == Orientation::Horizontal ? Qt::Horizontal : Qt::Vertical;
-  if (control.IsSlider()) return new QSlider(direction);
+  if (control.IsSlider()) {
+    auto* slider = new QSlider(direction);
+    // Its smallest value is at the top, as a bar's is.
+    slider->setInvertedAppearance(direction == Qt::Vertical);
+    return slider;
+  }
   return new FocusedScrollBar(direction);
 }
 
@@ -58,6 +64,26 @@ class BarPeer final : public PeerOf<QAbstractSlider, ScrollBar> {
   }
 
  private:
+  // Upwards is back for a slider too, as it is for a bar.
+  bool OwnKey(const QKeyEvent& event) override {
+    if (!Model().IsSlider() || event.modifiers() != Qt::NoModifier) return false;
+    switch (event.key()) {
+      case Qt::Key_Up:
+        Widget().triggerAction(QAbstractSlider::SliderSingleStepSub);
+        return true;
+      case Qt::Key_Down:
+        Widget().triggerAction(QAbstractSlider::SliderSingleStepAdd);
+        return true;
+      case Qt::Key_PageUp:
+        Widget().triggerAction(QAbstractSlider::SliderPageStepSub);
+        return true;
+      case Qt::Key_PageDown:
+        Widget().triggerAction(QAbstractSlider::SliderPageStepAdd);
+        return true;
+      default:
+        return false;
+    }
+  }
   // A range from a larger number to a smaller one runs the other way round.
   int Turned(int value) const { return Model().Min() <= Model().Max() ? value : Model().Min() + Model().Max() - value; }
   void Mirror() override {

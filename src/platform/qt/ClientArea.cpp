@@ -56,7 +56,7 @@ void ClientArea::paintEvent(QPaintEvent* event) {
 void ClientArea::mousePressEvent(QMouseEvent* event) {
   if (peer_ == nullptr || ToButton(event->button()) == 0) return;
   QtBackend& backend = peer_->GetBackend();
-  backend.Guarded([&, at = PixelOf(*event), form = &peer_->GetForm()] {
+  backend.Dispatch([&, at = PixelOf(*event), form = &peer_->GetForm()] {
     backend.GetToolkit().MousePressed(*form, at.x(), at.y(), ToButton(event->button()), ToShift(event->modifiers()));
   });
 }
@@ -64,7 +64,7 @@ void ClientArea::mousePressEvent(QMouseEvent* event) {
 void ClientArea::mouseDoubleClickEvent(QMouseEvent* event) {
   if (peer_ == nullptr || ToButton(event->button()) == 0) return;
   QtBackend& backend = peer_->GetBackend();
-  backend.Guarded([&, at = PixelOf(*event), form = &peer_->GetForm()] {
+  backend.Dispatch([&, at = PixelOf(*event), form = &peer_->GetForm()] {
     backend.GetToolkit().MouseDoubleClicked(*form, at.x(), at.y(), ToButton(event->button()),
                                             ToShift(event->modifiers()));
   });
@@ -73,7 +73,7 @@ void ClientArea::mouseDoubleClickEvent(QMouseEvent* event) {
 void ClientArea::mouseMoveEvent(QMouseEvent* event) {
   if (peer_ == nullptr) return;
   QtBackend& backend = peer_->GetBackend();
-  backend.Guarded([&, at = PixelOf(*event), form = &peer_->GetForm()] {
+  backend.Dispatch([&, at = PixelOf(*event), form = &peer_->GetForm()] {
     backend.GetToolkit().MouseMoved(*form, at.x(), at.y(), ToButtons(event->buttons()), ToShift(event->modifiers()));
   });
 }
@@ -81,7 +81,7 @@ void ClientArea::mouseMoveEvent(QMouseEvent* event) {
 void ClientArea::mouseReleaseEvent(QMouseEvent* event) {
   if (peer_ == nullptr || ToButton(event->button()) == 0) return;
   QtBackend& backend = peer_->GetBackend();
-  backend.Guarded([&, at = PixelOf(*event), form = &peer_->GetForm()] {
+  backend.Dispatch([&, at = PixelOf(*event), form = &peer_->GetForm()] {
     backend.GetToolkit().MouseReleased(*form, at.x(), at.y(), ToButton(event->button()), ToShift(event->modifiers()));
   });
 }
@@ -89,7 +89,7 @@ void ClientArea::mouseReleaseEvent(QMouseEvent* event) {
 void ClientArea::leaveEvent(QEvent*) {
   if (peer_ == nullptr) return;
   QtBackend& backend = peer_->GetBackend();
-  backend.Guarded([&, form = &peer_->GetForm()] { backend.GetToolkit().MouseLeft(*form); });
+  backend.Dispatch([&, form = &peer_->GetForm()] { backend.GetToolkit().MouseLeft(*form); });
 }
 
 }  // namespace pixorra

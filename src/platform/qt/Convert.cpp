@@ -28,6 +28,17 @@ QString ToToolTip(const std::string& text) {
   return QLatin1String("<p style='white-space:pre'>") + ToLines(text).toHtmlEscaped() + QLatin1String("</p>");
 }
 
+Qt::Alignment ToQt(Alignment alignment) {
+  switch (alignment) {
+    case Alignment::Right:
+      return Qt::AlignRight;
+    case Alignment::Center:
+      return Qt::AlignHCenter;
+    default:
+      return Qt::AlignLeft;
+  }
+}
+
 QRect ToQRect(const Rect& rect) {
   return {rect.Left, rect.Top, rect.Width, rect.Height};
 }

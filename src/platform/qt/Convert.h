@@ -10,6 +10,7 @@
 #include <string>
 
 #include "platform/controls/Geometry.h"
+#include "platform/controls/Label.h"
 #include "platform/pixels/Picture.h"
 #include "platform/services/TextDrawing.h"
 
@@ -24,6 +25,7 @@ QString ToLines(const std::string& text);
 // A tool tip that is shown as it stands, whatever marks it holds.
 QString ToToolTip(const std::string& text);
 
+Qt::Alignment ToQt(Alignment alignment);
 QRect ToQRect(const Rect& rect);
 Rect ToRect(const QRect& rect);
 
@@ -32,7 +34,7 @@ bool IsDark(const QPalette& palette);
 // System colours follow the palette.
 QColor ToQColor(Colour colour, const QPalette& palette);
 Colour ToColour(const QColor& colour);
-// Sized in pixels, 96 to the inch: places on forms are pixels too.
+// Sized in whole pixels, 96 to the inch: places on forms are pixels too.
 QFont ToQFont(const Font& font);
 // The same, or smaller where one line of text needs more than width pixels and a little air; not under half the size.
 QFont FittedFont(const Font& font, const QString& text, int width);

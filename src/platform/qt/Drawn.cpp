@@ -28,16 +28,27 @@ QPixmap DrawnPixmap(const Picture& picture, double devicePixelRatio, ArtStore& a
   return pixmap;
 }
 
+namespace {
+
+// The device pixels that a rectangle of logical ones covers, its edges moved to the nearest.
+QRect DeviceRect(const QPainter& painter, const QRect& at) {
+  const QRectF exact = painter.deviceTransform().mapRect(QRectF(at));
+  const QPoint from(qRound(exact.left()), qRound(exact.top()));
+  return {from, QSize(qRound(exact.right()) - from.x(), qRound(exact.bottom()) - from.y())};
+}
+
+}  // namespace
+
+void DrawImage(QPainter& painter, const QRect& at, const QImage& image) {
+  if (image.isNull() || at.isEmpty()) return;
+  const QRect device = DeviceRect(painter, at);
+  painter.setRenderHint(QPainter::SmoothPixmapTransform, image.size() != device.size());
+  painter.drawImage(painter.deviceTransform().inverted().mapRect(QRectF(device)), image, QRectF(image.rect()));
+}
+
 void DrawPicture(QPainter& painter, const QRect& at, const Picture& picture, ArtStore& art) {
   if (picture.IsNothing() || at.isEmpty()) return;
-  const QTransform toDevice = painter.deviceTransform();
-  const QRectF exact = toDevice.mapRect(QRectF(at));
-  const QPoint from(qRound(exact.left()), qRound(exact.top()));
-  const QRect device(from, QSize(qRound(exact.right()) - from.x(), qRound(exact.bottom()) - from.y()));
-  const QImage image = DrawnAt(picture, device.size(), art);
-  if (image.isNull()) return;
-  painter.setRenderHint(QPainter::SmoothPixmapTransform, image.size() != device.size());
-  painter.drawImage(toDevice.inverted().mapRect(QRectF(device)), image, QRectF(image.rect()));
+  DrawImage(painter, at, DrawnAt(picture, DeviceRect(painter, at).size(), art));
 }
 
 }  // namespace pixorra

@@ -20,6 +20,9 @@ QImage DrawnAt(const Picture& picture, QSize deviceSize, ArtStore& art);
 // At its own size in logical pixels.
 QPixmap DrawnPixmap(const Picture& picture, double devicePixelRatio, ArtStore& art);
 
+// Fills a rectangle of logical pixels with an image, its edges moved as below; not scaled where it has as many pixels.
+void DrawImage(QPainter& painter, const QRect& at, const QImage& image);
+
 // Stretched into a rectangle of logical pixels, whose edges are moved to the device pixels next to them: neighbours
 // meet without a gap, and drawings stay sharp at broken scale factors.
 void DrawPicture(QPainter& painter, const QRect& at, const Picture& picture, ArtStore& art);

@@ -2,6 +2,7 @@
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
+#include <QScreen>
 #include <QThread>
 #include <QWindow>
 
@@ -29,9 +30,10 @@ int StateOf(const QWidget& window) {
   return window.isMaximized() ? windowstate::Maximised : windowstate::Normal;
 }
 
-Qt::WindowStates ToQt(int state) {
-  if (state == windowstate::Minimised) return Qt::WindowMinimized;
-  return state == windowstate::Maximised ? Qt::WindowMaximized : Qt::WindowNoState;
+Qt::WindowStates WishedState(const Form& form) {
+  if (form.FullScreen()) return Qt::WindowFullScreen;
+  if (form.WindowState() == windowstate::Minimised) return Qt::WindowMinimized;
+  return form.WindowState() == windowstate::Maximised ? Qt::WindowMaximized : Qt::WindowNoState;
 }
 
 // The model's frame stands around the window's inside by a fixed width, whatever frame is drawn: the place of the
@@ -39,6 +41,7 @@ Qt::WindowStates ToQt(int state) {
 constexpr QPoint FrameCorner(4, 23);
 
 QPoint PlaceOf(const Form& form) {
+  if (form.FullScreen()) return QGuiApplication::primaryScreen()->geometry().topLeft();
   return QPoint(CLng(form.TwipsLeft() / TwipsPerPixel), CLng(form.TwipsTop() / TwipsPerPixel)) + FrameCorner;
 }
 
@@ -52,7 +55,7 @@ FormPeer::FormPeer(QtBackend& backend, Form& form)
     : backend_(backend),
       form_(form),
       window_(new FormWindow(*this, backend.MenuBarHeight())),
-      report_([this] { backend_.Guarded([this] { ReportFrame(); }); }) {
+      report_([this] { backend_.Dispatch([this] { ReportFrame(); }); }) {
   backend_.AtEndOfTurn().Add(*this);
 }
 
@@ -99,6 +102,7 @@ void FormPeer::Invalidate(const Rect& rect) {
 
 void FormPeer::Flush() {
   if (menuChanged_) SyncMenus();
+  window_->ShowMenuBar(form_.HasMenuBar());
   window_->setWindowTitle(ToQString(form_.Caption()));
   if (placeChanged_ && form_.Visible()) {
     placeChanged_ = false;
@@ -123,16 +127,25 @@ void FormPeer::ApplyFrame() {
   if (!form_.Sizable()) {
     flags |= Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint;
   }
-  flags.setFlag(Qt::WindowStaysOnTopHint, form_.StaysOnTop());
+  if (form_.FullScreen()) flags = Qt::Window | Qt::FramelessWindowHint;
+  flags.setFlag(Qt::WindowStaysOnTopHint, form_.StaysOnTop() || form_.FullScreen());
   if (!window_->isVisible()) {
     if (window_->windowFlags() != flags) window_->setWindowFlags(flags);
     window_->setWindowModality(form_.IsModal() ? Qt::ApplicationModal : Qt::NonModal);
     return;
   }
   // A window on the screen stays there: only what can be changed in place is.
-  if (window_->windowFlags().testFlag(Qt::WindowStaysOnTopHint) == form_.StaysOnTop()) return;
+  const Qt::WindowFlags changeable = Qt::WindowStaysOnTopHint | Qt::FramelessWindowHint;
+  if (((window_->windowFlags() ^ flags) & changeable) == 0) return;
   window_->overrideWindowFlags(flags);
-  window_->windowHandle()->setFlag(Qt::WindowStaysOnTopHint, form_.StaysOnTop());
+  QWindow& shown = *window_->windowHandle();
+  shown.setFlags((shown.flags() & ~changeable) | (flags & changeable));
+}
+
+// A window that covers the screen leaves that state before it takes its own bounds.
+void FormPeer::ApplyState() {
+  const Qt::WindowStates all = Qt::WindowMinimized | Qt::WindowMaximized | Qt::WindowFullScreen;
+  window_->setWindowState((window_->windowState() & ~all) | WishedState(form_));
 }
 
 void FormPeer::ApplyOwner() {
@@ -144,17 +157,18 @@ void FormPeer::ApplyOwner() {
 
 // What the model has from the window itself is not set again: the window may be on its way to another size.
 void FormPeer::ApplyPlace() {
+  if (window_->isFullScreen() && !form_.FullScreen()) ApplyState();
   const QSize size(form_.ScaleWidth(), form_.ScaleHeight() + window_->MenuHeight());
-  const bool fixed = !form_.Sizable() && form_.WindowState() == windowstate::Normal;
+  const bool fixed = !form_.Sizable() && form_.WindowState() == windowstate::Normal && !form_.FullScreen();
   window_->setMinimumSize(fixed ? size : QSize(0, 0));
   window_->setMaximumSize(fixed ? size : QSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX));
-  if (window_->isVisible() && form_.WindowState() != windowstate::Normal) return;
+  if (window_->isVisible() && form_.WindowState() != windowstate::Normal && !form_.FullScreen()) return;
   if (size != agreedSize_ || !window_->isVisible()) {
     agreedSize_ = size;
     window_->resize(size);
   }
   const QPoint place = PlaceOf(form_);
-  if (form_.HasPlace() && (place != agreedPlace_ || !window_->isVisible())) {
+  if ((form_.HasPlace() || form_.FullScreen()) && (place != agreedPlace_ || !window_->isVisible())) {
     agreedPlace_ = place;
     window_->setGeometry(QRect(place, size));
   }
@@ -163,10 +177,8 @@ void FormPeer::ApplyPlace() {
 
 void FormPeer::ApplyVisible() {
   const bool visible = form_.Visible();
-  if (visible && StateOf(*window_) != form_.WindowState()) {
-    const Qt::WindowStates others = window_->windowState() & ~(Qt::WindowMinimized | Qt::WindowMaximized);
-    window_->setWindowState(others | ToQt(form_.WindowState()));
-  }
+  if (visible && (form_.FullScreen() ? !window_->isFullScreen() : StateOf(*window_) != form_.WindowState()))
+    ApplyState();
   if (visible == window_->isVisible()) return;
   if (!visible) {
     placeChanged_ = true;
@@ -190,6 +202,10 @@ void FormPeer::FocusFirst() {
 // What the model knows already is an echo of its own wish; what it wishes anew goes before what a person did.
 void FormPeer::ReportFrame() {
   if (placeChanged_ || !form_.Visible() || !window_->isVisible()) return;
+  if (form_.FullScreen()) {
+    form_.ScreenChanged();
+    return;
+  }
   const int state = StateOf(*window_);
   const QPoint place = window_->geometry().topLeft();
   if (state == windowstate::Normal && place != PlaceOf(form_)) {
@@ -219,17 +235,17 @@ bool FormPeer::IsAsWished(QSize client) const {
 void FormPeer::InputBlocked() {
   const Control* source = backend_.GetToolkit().Drag().Source;
   if (source == nullptr || &source->GetForm() != &form_) return;
-  backend_.Guarded([this] { backend_.GetToolkit().CancelDrag(); });
+  backend_.Dispatch([this] { backend_.GetToolkit().CancelDrag(); });
 }
 
 void FormPeer::PersonActivates() {
-  backend_.Guarded([this] {
+  backend_.Dispatch([this] {
     if (form_.Visible()) backend_.GetToolkit().Activate(form_);
   });
 }
 
 void FormPeer::PersonCloses() {
-  backend_.Guarded([this] { form_.UserClosed(); });
+  backend_.Dispatch([this] { form_.UserClosed(); });
 }
 
 bool FormPeer::KeyPressed(QKeyEvent& event) {

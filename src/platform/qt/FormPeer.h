@@ -47,6 +47,7 @@ class FormPeer final : public Peer, public Pending {
  private:
   void ApplyFrame();
   void ApplyOwner();
+  void ApplyState();
   void ApplyPlace();
   void ApplyVisible();
   void SyncMenus();

@@ -24,7 +24,7 @@ bool IsCharacter(char32_t code) {
 bool DeliverText(QtBackend& backend, Form& form, const QString& text) {
   Watch<Form> watch(form);
   bool used = false;
-  backend.Guarded([&] {
+  backend.Dispatch([&] {
     for (const char32_t code : text.toStdU32String()) {
       if (used || !watch || !IsCharacter(code)) continue;
       used = backend.GetToolkit().CharacterTyped(form, static_cast<int>(code));
@@ -36,7 +36,7 @@ bool DeliverText(QtBackend& backend, Form& form, const QString& text) {
 bool DeliverKey(QtBackend& backend, Form& form, const QKeyEvent& event) {
   Watch<Form> watch(form);
   bool used = false;
-  backend.Guarded([&] {
+  backend.Dispatch([&] {
     const int code = ToKeyCode(event);
     if (code != 0) used = backend.GetToolkit().KeyPressed(form, code, ToShift(event.modifiers()));
   });

@@ -100,7 +100,7 @@ void LightAccessible::doAction(const QString& name) {
   QtBackend& backend = peer->GetBackend();
   const std::optional<QPoint> at = PointOn(backend.GetToolkit(), *control_.Get());
   if (!at) return;
-  backend.Guarded([&, form = Watch<Form>(control_->GetForm()), x = at->x(), y = at->y()] {
+  backend.Dispatch([&, form = Watch<Form>(control_->GetForm()), x = at->x(), y = at->y()] {
     const Events& events = control_->On();
     if (events.DblClick && !events.Click && !events.MouseDown) {
       backend.GetToolkit().MouseDoubleClicked(*form.Get(), x, y, button::Left, 0);

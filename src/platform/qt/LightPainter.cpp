@@ -17,17 +17,6 @@ namespace pixorra {
 
 namespace {
 
-Qt::Alignment ToQt(Alignment alignment) {
-  switch (alignment) {
-    case Alignment::Right:
-      return Qt::AlignRight;
-    case Alignment::Center:
-      return Qt::AlignHCenter;
-    default:
-      return Qt::AlignLeft;
-  }
-}
-
 // How much of a frame's line is of its text's colour.
 constexpr double FrameLine = 0.4;
 
@@ -179,9 +168,8 @@ void LightPainter::PaintPictureBox(const PictureBox& box, const QRect& at) {
   Fill(at, box.BackColor());
   PaintRow(box.RowPicture(), at);
   if (box.HasDrawing()) {
-    const QImage surface = SharedImage(box.Surface());
-    painter_.setRenderHint(QPainter::SmoothPixmapTransform, on_.devicePixelRatioF() != 1);
-    painter_.drawImage(at.topLeft(), surface);
+    const QRect whole(at.topLeft(), QSize(box.Surface().Width(), box.Surface().Height()));
+    DrawImage(painter_, whole, SharedImage(box.FineSurface().IsEmpty() ? box.Surface() : box.FineSurface()));
   } else if (!box.GetPicture().IsNothing()) {
     DrawPicture(painter_, QRect(at.topLeft(), QSize(box.GetPicture().Width(), box.GetPicture().Height())),
                 box.GetPicture(), art_);

@@ -1,7 +1,13 @@
 // List boxes and drop-down lists as widgets.
 #include <QComboBox>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QPainter>
+#include <QPointer>
+#include <QStyledItemDelegate>
+#include <algorithm>
+#include <optional>
 
 #include "platform/controls/Lists.h"
 #include "platform/qt/Convert.h"
@@ -12,14 +18,78 @@ namespace pixorra {
 
 namespace {
 
+constexpr int CellMargin = 3;  // pixels at each side of a cell's text
+
+// Shows the cells of an entry, each in its column.
+class CellDelegate final : public QStyledItemDelegate {
+ public:
+  CellDelegate(const ListBox& list, QObject* parent) : QStyledItemDelegate(parent), list_(&list) {}
+  // The list is about to go.
+  void Detach() { list_ = nullptr; }
+
+  // A row with columns is as wide as the list: what does not fit into a cell is cut there.
+  QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+    const QSize size = QStyledItemDelegate::sizeHint(option, index);
+    return list_ == nullptr || list_->Columns().empty() ? size : QSize(0, size.height());
+  }
+  void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+    QStyleOptionViewItem row = option;
+    initStyleOption(&row, index);
+    if (list_ == nullptr || list_->Columns().empty() || index.row() >= list_->ListCount()) {
+      QStyledItemDelegate::paint(painter, option, index);
+      return;
+    }
+    row.text.clear();
+    const QStyle& style = *row.widget->style();
+    style.drawControl(QStyle::CE_ItemViewItem, &row, painter, row.widget);
+    const bool chosen = row.state.testFlag(QStyle::State_Selected);
+    painter->save();
+    painter->setFont(row.font);
+    painter->setPen(row.palette.color(chosen ? QPalette::HighlightedText : QPalette::Text));
+    PaintCells(*painter, row, list_->Cells(index.row()));
+    painter->restore();
+  }
+
+ private:
+  void PaintCells(QPainter& painter, const QStyleOptionViewItem& row, const std::vector<std::string>& cells) const {
+    const std::vector<ListColumn>& columns = list_->Columns();
+    int left = row.rect.width();
+    int open = 0;
+    for (const ListColumn& column : columns) {
+      left -= column.Width;
+      if (column.Width == 0) ++open;
+    }
+    int x = row.rect.left();
+    for (std::size_t i = 0; i < columns.size(); ++i) {
+      const int width = columns[i].Width > 0 ? columns[i].Width : std::max(0, left) / open;
+      const QRect cell(x + CellMargin, row.rect.top(), width - 2 * CellMargin, row.rect.height());
+      const QString text = painter.fontMetrics().elidedText(ToQString(cells[i]), Qt::ElideRight, cell.width());
+      painter.drawText(cell, (ToQt(columns[i].Side) | Qt::AlignVCenter).toInt(), text);
+      x += width;
+    }
+  }
+
+  const ListBox* list_;
+};
+
 class ListPeer final : public PeerOf<QListWidget, ListBox> {
  public:
-  ListPeer(QtBackend& backend, ListBox& control) : PeerOf(backend, control, new QListWidget) {
+  ListPeer(QtBackend& backend, ListBox& control)
+      : PeerOf(backend, control, new QListWidget), cells_(new CellDelegate(control, &Widget())) {
+    // Thousands of rows are laid out from the height of one.
+    Widget().setUniformItemSizes(true);
+    Widget().setItemDelegate(cells_);
     QObject::connect(&Widget(), &QListWidget::currentRowChanged, Context(), [this](int row) {
       if (row < 0 || !Knows(row)) return;
       Act([this, row] { Model().UserChose(row); });
     });
   }
+  // The widget lives a little longer.
+  ~ListPeer() override {
+    if (cells_ != nullptr) cells_->Detach();
+  }
+  ListPeer(const ListPeer&) = delete;
+  ListPeer& operator=(const ListPeer&) = delete;
 
  private:
   // The entry that a person sees there is the model's.
@@ -27,19 +97,32 @@ class ListPeer final : public PeerOf<QListWidget, ListBox> {
     return row < Model().ListCount() && Widget().item(row)->text() == ToQString(Model().List(row));
   }
   void Mirror() override {
-    while (Widget().count() > Model().ListCount()) delete Widget().takeItem(Widget().count() - 1);
-    for (int i = 0; i < Model().ListCount(); ++i) {
-      const QString text = ToQString(Model().List(i));
-      if (i >= Widget().count()) {
-        Widget().addItem(text);
-      } else if (Widget().item(i)->text() != text) {
-        Widget().item(i)->setText(text);
-      }
+    if (mirrored_ != Model().Revision()) MirrorEntries();
+    mirrored_ = Model().Revision();
+    if (columns_ != Model().Columns()) {
+      columns_ = Model().Columns();
+      Widget().doItemsLayout();
     }
     Widget().setCurrentRow(Model().ListIndex());
     // Without a chosen entry none looks chosen, though the keyboard may stand on one.
     if (Model().ListIndex() < 0) Widget().clearSelection();
   }
+  void MirrorEntries() {
+    const int count = Model().ListCount();
+    if (count == 0) Widget().clear();
+    while (Widget().count() > count) delete Widget().takeItem(Widget().count() - 1);
+    for (int i = 0; i < Widget().count(); ++i) {
+      const QString text = ToQString(Model().List(i));
+      if (Widget().item(i)->text() != text) Widget().item(i)->setText(text);
+    }
+    QStringList added;
+    for (int i = Widget().count(); i < count; ++i) added.append(ToQString(Model().List(i)));
+    Widget().addItems(added);
+  }
+
+  QPointer<CellDelegate> cells_;
+  std::vector<ListColumn> columns_;
+  std::optional<unsigned> mirrored_;
 };
 
 class ComboPeer final : public PeerOf<QComboBox, ComboBox> {
@@ -58,6 +141,10 @@ class ComboPeer final : public PeerOf<QComboBox, ComboBox> {
   }
 
  private:
+  // Enter is for the program: the widget would take it for a choice of the entry of that text.
+  bool OwnKey(const QKeyEvent& event) override {
+    return Widget().isEditable() && (event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter);
+  }
   bool Knows(int index) const {
     return index < Model().ListCount() && Widget().itemText(index) == ToQString(Model().List(index));
   }
@@ -71,14 +158,19 @@ class ComboPeer final : public PeerOf<QComboBox, ComboBox> {
         Widget().setItemText(i, text);
       }
     }
-    Widget().setCurrentIndex(Model().ListIndex());
     const QString text = ToQString(Model().Text());
     if (!Widget().isEditable()) {
+      Widget().setCurrentIndex(Model().ListIndex());
       // A text that is none of the entries still shows.
       Widget().setPlaceholderText(text);
-    } else if (Widget().currentText() != text) {
-      Widget().setEditText(text);
+      return;
     }
+    QLineEdit& line = *Widget().lineEdit();
+    // The entry that is chosen, or none, would bring its own text: what is being typed keeps its cursor.
+    const int cursor = line.text() == text ? line.cursorPosition() : -1;
+    if (Widget().currentIndex() != Model().ListIndex()) Widget().setCurrentIndex(Model().ListIndex());
+    if (line.text() != text) line.setText(text);
+    if (cursor >= 0 && line.cursorPosition() != cursor) line.setCursorPosition(cursor);
   }
 };
 

@@ -23,7 +23,7 @@ void Rebuild(QtBackend& backend, Form& form, QMenuBar& bar) {
     QAction* action = bar.addAction(QString());
     QObject::connect(action, &QAction::triggered, &bar, [&backend, watch = Watch<MenuItem>(*menu)] {
       if (!watch || !backend.GetToolkit().TakesInput(watch->GetForm())) return;
-      backend.Guarded([watch] { watch->UserClicked(); });
+      backend.Dispatch([watch] { watch->UserClicked(); });
     });
   }
 }

@@ -20,7 +20,7 @@ MenuView::MenuView(QtBackend& backend, MenuItem& menu, Raises raises, QWidget* p
   setObjectName(ToQString(menu.Name()));
   QObject::connect(this, &QMenu::aboutToShow, this, [this, raises] {
     if (raises == Raises::Self) {
-      backend_.Guarded([this] {
+      backend_.Dispatch([this] {
         if (menu_) menu_->UserClicked();
       });
     }
@@ -72,7 +72,7 @@ void MenuView::Choose(const Watch<MenuItem>& item) {
     return;
   }
   if (!backend_.GetToolkit().TakesInput(item->GetForm())) return;
-  backend_.Guarded([item] { item->UserClicked(); });
+  backend_.Dispatch([item] { item->UserClicked(); });
 }
 
 }  // namespace pixorra

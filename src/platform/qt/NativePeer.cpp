@@ -176,7 +176,7 @@ void NativePeer::ApplyLook() {
 void NativePeer::Act(const std::function<void()>& act) {
   if (mirroring_) return;
   const QPointer<Hook> hook = hook_;
-  backend_.Guarded(act);
+  backend_.Dispatch(act);
   // The widget has moved by itself; if the model did not follow, it goes back.
   if (hook != nullptr && hook->GetPeer() != nullptr) backend_.AtEndOfTurn().Add(*this);
 }
@@ -198,7 +198,7 @@ bool NativePeer::Filter(QObject& watched, QEvent& event) {
       return false;
     case QEvent::Enter: {
       const QPoint at = widget_->mapToParent(static_cast<QEnterEvent&>(event).position().toPoint());
-      backend_.Guarded([this, at] { backend_.GetToolkit().MouseMoved(control_.GetForm(), at.x(), at.y(), 0, 0); });
+      backend_.Dispatch([this, at] { backend_.GetToolkit().MouseMoved(control_.GetForm(), at.x(), at.y(), 0, 0); });
       return false;
     }
     default:
@@ -237,7 +237,7 @@ void NativePeer::FocusTaken(Qt::FocusReason reason) {
     default:
       return;
   }
-  backend_.Guarded([&] { toolkit.UserFocused(control_); });
+  backend_.Dispatch([&] { toolkit.UserFocused(control_); });
 }
 
 }  // namespace pixorra

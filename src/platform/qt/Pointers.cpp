@@ -28,6 +28,7 @@ HotSpot HotSpotOf(const Picture& picture) {
 }  // namespace
 
 QCursor ToCursor(const Toolkit::PointerShown& shown, ArtStore& art, double devicePixelRatio) {
+  if (shown.Pointer == pointer::Hidden) return QCursor(Qt::BlankCursor);
   if (shown.Pointer == pointer::Hourglass) return QCursor(Qt::WaitCursor);
   if (shown.Pointer != pointer::Custom || shown.Icon.IsNothing()) return QCursor(Qt::ArrowCursor);
   const HotSpot spot = HotSpotOf(shown.Icon);

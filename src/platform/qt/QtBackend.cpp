@@ -122,7 +122,7 @@ void QtBackend::WakeAt(std::optional<double> seconds) {
 void QtBackend::RunTimers() {
   if (toolkit_ == nullptr || toolkit_->Ended()) return;
   wake_.start(NestedAlarm);
-  Guarded([this] { toolkit_->RunDueTimers(); });
+  Dispatch([this] { toolkit_->RunDueTimers(); });
   toolkit_->GetTimers().Changed();
 }
 
@@ -133,6 +133,11 @@ Screen QtBackend::GetScreen() {
     result.Height = screen->size().height() * result.TwipsPerPixelY;
   }
   return result;
+}
+
+// Where screens differ, what is drawn is fine enough for each.
+double QtBackend::Fineness() {
+  return qGuiApp->devicePixelRatio();
 }
 
 std::unique_ptr<Peer> QtBackend::MakePeer(Control& control) {
@@ -168,7 +173,7 @@ void QtBackend::SetErrorHandler(std::function<void(int, const std::string&)> han
   onError_ = std::move(handler);
 }
 
-void QtBackend::Guarded(const std::function<void()>& act) {
+void QtBackend::Dispatch(const std::function<void()>& act) {
   if (!onError_) {
     act();
     return;

@@ -39,6 +39,7 @@ class QtBackend final : public Backend {
   void WakeAt(std::optional<double> seconds) override;
   Screen GetScreen() override;
   int MenuBarHeight() override { return menuBarHeight_; }
+  double Fineness() override;
   TextDrawing& Text() override { return text_; }
   void PopupMenu(Form& form, MenuItem& menu) override;
   void DragChanged() override;
@@ -46,7 +47,7 @@ class QtBackend final : public Backend {
 
   // Runs what a person's act or a timer sets off. An error that no handler wanted goes to the error handler, so that
   // none passes through the toolkit below.
-  void Guarded(const std::function<void()>& act);
+  void Dispatch(const std::function<void()>& act);
   void SetErrorHandler(std::function<void(int number, const std::string& description)> handler);
 
   // The window in front that a box should stand above; null where none is shown.

@@ -8,7 +8,7 @@ namespace pixorra {
 
 void QtPosting::Post(std::function<void()> call) {
   QMetaObject::invokeMethod(
-      &receiver_, [this, call = std::move(call)] { backend_.Guarded(call); }, Qt::QueuedConnection);
+      &receiver_, [this, call = std::move(call)] { backend_.Dispatch(call); }, Qt::QueuedConnection);
 }
 
 }  // namespace pixorra

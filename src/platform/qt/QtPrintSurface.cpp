@@ -4,6 +4,7 @@
 #include <QPageLayout>
 #include <QPageSize>
 #include <QPrinterInfo>
+#include <algorithm>
 
 #include "platform/qt/Convert.h"
 #include "platform/runtime/Errors.h"
@@ -18,6 +19,10 @@ constexpr double PictureTwips = 15;  // of a picture's pixel
 constexpr int Landscape = 2;
 constexpr int Transparent = 1;
 constexpr int UserDefinedPaper = 256;
+
+QStringList LinesOf(const std::string& text) {
+  return ToLines(text).split(QLatin1Char('\n'));
+}
 
 // Figures of the page have the width of a 32-bit floating number.
 double Single(double value) {
@@ -112,19 +117,27 @@ void QtPrintSurface::SetFontBold(bool bold) {
 }
 
 double QtPrintSurface::TextWidth(const std::string& text) {
-  return Single(QFontMetricsF(font_).horizontalAdvance(ToQString(text)));
+  const QFontMetricsF metrics(font_);
+  double width = 0;
+  for (const QString& line : LinesOf(text)) width = std::max(width, metrics.horizontalAdvance(line));
+  return Single(width);
 }
 
-double QtPrintSurface::TextHeight(const std::string&) {
-  return Single(QFontMetricsF(font_).height());
+double QtPrintSurface::TextHeight(const std::string& text) {
+  return Single(QFontMetricsF(font_).height() * static_cast<double>(LinesOf(text).size()));
 }
 
 void QtPrintSurface::Print(const std::string& text) {
   QPainter& page = Page();
   page.setFont(font_);
   page.setPen(ToQColor(foreColor_, QPalette(Qt::lightGray)));
-  page.drawText(QPointF(x_, y_ + QFontMetricsF(font_).ascent()), ToQString(text));
-  x_ = 0;
+  const QFontMetricsF metrics(font_);
+  double baseline = y_ + metrics.ascent();
+  for (const QString& line : LinesOf(text)) {
+    page.drawText(QPointF(x_, baseline), line);
+    x_ = 0;
+    baseline += metrics.height();
+  }
   y_ += TextHeight(text);
 }
 

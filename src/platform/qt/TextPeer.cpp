@@ -61,6 +61,7 @@ class LinePeer final : public PeerOf<QLineEdit, TextBox> {
 class TextPeer final : public PeerOf<QPlainTextEdit, TextBox> {
  public:
   TextPeer(QtBackend& backend, TextBox& control) : PeerOf(backend, control, new QPlainTextEdit) {
+    Widget().setTabChangesFocus(true);
     QObject::connect(&Widget(), &QPlainTextEdit::textChanged, Context(),
                      [this] { Act([this] { Model().UserTyped(Typed(), From()); }); });
     QObject::connect(&Widget(), &QPlainTextEdit::selectionChanged, Context(), [this] { Selected(); });

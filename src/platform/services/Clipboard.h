@@ -11,6 +11,7 @@ class Clipboard {
   virtual bool HasBitmap() = 0;
   virtual Picture GetBitmap() = 0;  // nothing where HasBitmap is false
   virtual void Clear() = 0;
+  // An empty picture leaves the clipboard as it is.
   virtual void SetBitmap(const Picture& picture) = 0;
 };
 

@@ -27,19 +27,25 @@ class PrintSurface {
   virtual void SetFontName(const std::string& name) = 0;
   virtual void SetFontSize(double points) = 0;
   virtual void SetFontBold(bool bold) = 0;
+  // Of the longest line, and of all lines: each line end (CR LF, LF or CR) makes one more.
   virtual double TextWidth(const std::string& text) = 0;
   virtual double TextHeight(const std::string& text) = 0;
   virtual void SetCurrentX(double x) = 0;
   virtual void SetCurrentY(double y) = 0;
+  // The top left of its first line is the current place; further lines begin at the left edge, and so does the next
+  // print, below them.
   virtual void Print(const std::string& text) = 0;
   virtual void SetForeColor(Colour colour) = 0;
   virtual void SetDrawWidth(int devicePixels) = 0;
-  virtual void SetFillStyle(int style) = 0;  // 1 transparent
+  virtual void SetFillStyle(int style) = 0;  // 0 filled with the line's colour, 1 transparent
+  // Half of the line's width lies outside the rectangle.
   virtual void Box(double x1, double y1, double x2, double y2, Colour colour) = 0;
   // Part of a picture, in the picture's twips at 15 to a pixel, stretched into a rectangle.
   virtual void PaintPicture(const Picture& picture, double x, double y, double width, double height, double sourceX,
                             double sourceY, double sourceWidth, double sourceHeight) = 0;
+  // Ends the page, also one that nothing was drawn on. The next place is the top left; fonts and colours stay.
   virtual void NewPage() = 0;
+  // A last page that was begun and nothing drawn on does not come out. Nothing happens without a document.
   virtual void EndDoc() = 0;
 };
 

@@ -37,6 +37,15 @@ struct Seen {
   std::string Text;  // caption, title or text, as it was set
   int Value = 0;     // of a bar; 1 for a button that is set; the chosen entry of a list
   int Count = 0;     // entries of a list
+  // Of a form.
+  bool Framed = false;
+  bool OnTop = false;  // of all windows
+};
+
+// A sheet that was printed.
+struct PrintedSheet {
+  bool Landscape = false;
+  Bitmap Shown;  // the printable area, 20 twips to a pixel
 };
 
 // What a person sees and hears of a node of a tree.
@@ -64,9 +73,17 @@ class ContractPlatform {
   // For the folders of that drive, which outlives it.
   virtual std::unique_ptr<FolderReader> MakeFolderReader(TemporaryDrive& drive) = 0;
 
+  // From here on documents are kept. False where this host has no program to look at them with.
+  virtual bool CatchPrint() = 0;
+  // The last document that was ended.
+  virtual std::vector<PrintedSheet> Printed() = 0;
+
   // Handles everything that is pending, until windows stand as the model says.
   virtual void Settle() = 0;
   virtual Seen Look(Control& control) = 0;
+  // What keeps one form in front of the other holds, whichever of them is active.
+  virtual bool IsAbove(Form& front, Form& other) = 0;
+  virtual bool IsPointerHidden(Form& form) = 0;
 
   // The mouse, by events at the back end's edge; pixels of the form's client area.
   virtual void Press(Form& form, int x, int y, int button, int shift) = 0;

@@ -79,6 +79,17 @@ TEST_F(ServicesContract, ClipboardGivesBackThePixels) {
   EXPECT_FALSE(clipboard.HasBitmap());
 }
 
+TEST_F(ServicesContract, EmptyPictureLeavesTheClipboardAsItIs) {
+  Clipboard& clipboard = platform->GetClipboard();
+  clipboard.Clear();
+  clipboard.SetBitmap(Picture());
+  EXPECT_FALSE(clipboard.HasBitmap());
+  clipboard.SetBitmap(Chequered(5, 3));
+  clipboard.SetBitmap(Picture());
+  ASSERT_TRUE(clipboard.HasBitmap());
+  EXPECT_EQ(clipboard.GetBitmap().Width(), 5);
+}
+
 // --- text ----------------------------------------------------------------------------------------------------------
 
 TEST_F(ServicesContract, LongerTextsAndLargerFontsMeasureMore) {

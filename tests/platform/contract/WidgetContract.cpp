@@ -180,6 +180,39 @@ TEST_F(BarContract, DisablingAndEnablingTakesTheFocusOff) {
   EXPECT_FALSE(bar.HasFocus());
 }
 
+TEST_F(WidgetContract, SliderIsMovedDraggedAndFollowsTheKeys) {
+  ScrollBar slider(form, "Slider", Orientation::Horizontal);
+  slider.SetSlider(true);
+  slider.Move(10, 10, 300, 24);
+  slider.SetMin(10);
+  slider.SetMax(150);
+  slider.SetSmallChange(10);
+  slider.SetLargeChange(25);
+  slider.SetValue(78);
+  slider.On().Change = [&](Control&) { Log("change " + std::to_string(slider.Value())); };
+  Show();
+  EXPECT_EQ(platform->Look(slider).Value, 78);
+  slider.SetFocus();
+  platform->Settle();
+  platform->Key(key::Right, 0);
+  platform->Key(key::Left, 0);
+  platform->Key(key::Down, 0);
+  platform->Key(key::Up, 0);
+  platform->Key(key::PageDown, 0);
+  platform->Key(key::PageUp, 0);
+  platform->Key(key::End, 0);
+  platform->Key(key::Home, 0);
+  EXPECT_THAT(Heard(), ElementsAre("change 88", "change 78", "change 88", "change 78", "change 103", "change 78",
+                                   "change 150", "change 10"));
+  platform->MoveBar(slider, 60);
+  EXPECT_THAT(Heard(), ElementsAre("change 60"));
+  platform->DragBar(slider, 100);
+  EXPECT_THAT(Heard(), ElementsAre("change 100"));
+  slider.SetValue(20);
+  platform->Settle();
+  EXPECT_EQ(platform->Look(slider).Value, 20);
+}
+
 TEST_F(BarContract, ProgressShowsHowFarItIs) {
   ProgressBar progress(form, "Progress");
   progress.Move(10, 10, 100, 20);
@@ -233,6 +266,85 @@ TEST_F(WidgetContract, CharacterThatIsRefusedIsNotTyped) {
   platform->Settle();
   platform->Type("axb");
   EXPECT_EQ(box.Text(), "ab");
+}
+
+TEST_F(WidgetContract, BoxOfSeveralLinesTakesLineEnds) {
+  TextBox box(form, "Box");
+  box.Move(10, 10, 200, 100);
+  box.SetMultiLine(true);
+  box.SetText("first\r\nthird");
+  Show();
+  box.SetFocus();
+  box.Select(5, 0);
+  platform->Settle();
+  platform->Key(key::Return, 0);
+  platform->Type("2nd");
+  EXPECT_EQ(box.Text(), "first\r\n2nd\r\nthird");
+  EXPECT_EQ(box.SelStart(), 10);
+  EXPECT_EQ(platform->Look(box).Text, "first\r\n2nd\r\nthird");
+}
+
+TEST_F(WidgetContract, LineEndOfABoxOfSeveralLinesIsTakenAwayWhole) {
+  TextBox box(form, "Box");
+  box.Move(10, 10, 200, 100);
+  box.SetMultiLine(true);
+  box.SetText("ab\r\ncd");
+  Show();
+  box.SetFocus();
+  box.Select(4, 0);
+  platform->Settle();
+  platform->Key(key::Back, 0);
+  EXPECT_EQ(box.Text(), "abcd");
+  EXPECT_EQ(box.SelStart(), 2);
+  box.SetText("ab\r\ncd");
+  box.Select(2, 0);
+  platform->Settle();
+  platform->Key(key::Delete, 0);
+  EXPECT_EQ(box.Text(), "abcd");
+}
+
+TEST_F(WidgetContract, HomeAndEndStayInTheLineOfABoxOfSeveralLines) {
+  TextBox box(form, "Box");
+  box.Move(10, 10, 200, 100);
+  box.SetMultiLine(true);
+  box.SetText("one\r\ntwo\r\nthree");
+  Show();
+  box.SetFocus();
+  box.Select(6, 0);
+  platform->Settle();
+  platform->Key(key::Home, 0);
+  EXPECT_EQ(box.SelStart(), 5);
+  platform->Key(key::End, 0);
+  EXPECT_EQ(box.SelStart(), 8);
+}
+
+TEST_F(WidgetContract, SelectionOfSeveralLinesIsReplaced) {
+  TextBox box(form, "Box");
+  box.Move(10, 10, 200, 100);
+  box.SetMultiLine(true);
+  box.SetText("ä\r\nö\r\nü");
+  Show();
+  box.SetFocus();
+  box.Select(2, 6);
+  platform->Settle();
+  platform->Type("x");
+  EXPECT_EQ(box.Text(), "äxü");
+  EXPECT_EQ(box.SelStart(), 3);
+}
+
+TEST_F(WidgetContract, LockedBoxOfSeveralLinesIsReadOnly) {
+  TextBox box(form, "Box");
+  box.Move(10, 10, 200, 100);
+  box.SetMultiLine(true);
+  box.SetText("a\r\nb");
+  box.SetLocked(true);
+  Show();
+  box.SetFocus();
+  platform->Settle();
+  platform->Type("x");
+  platform->Key(key::Return, 0);
+  platform->Key(key::Delete, 0);
+  EXPECT_EQ(box.Text(), "a\r\nb");
 }
 
 TEST_F(WidgetContract, LockedBoxIsReadOnly) {

@@ -198,7 +198,7 @@ TEST_F(TimerTest, OneMayGoInItsOwnTickAndTakeAnotherThatIsDueAlong) {
 }
 
 TEST_F(TimerTest, OneThatRaisedTicksAgain) {
-  KeepSurprises();
+  KeepFailures();
   timer.On().Timer = [&](Control&) {
     LogTick("tick");
     throw RuntimeError(error::Overflow);

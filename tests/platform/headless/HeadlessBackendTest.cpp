@@ -65,25 +65,25 @@ TEST_F(HeadlessBackendTest, BoundedWaitOfTheProgramTakesItsTime) {
 }
 
 TEST_F(HeadlessBackendTest, WaitWithoutATimerOrAPersonEndsTheProgramAndNamesTheWindow) {
-  KeepSurprises();
+  KeepFailures();
   form.SetCaption("Ask");
   form.ShowModal(nullptr);
   EXPECT_TRUE(toolkit.Ended());
-  EXPECT_THAT(platform.surprises.Take(), ElementsAre(HasSubstr("in front: window MainForm \"Ask\"")));
+  EXPECT_THAT(platform.failures.Take(), ElementsAre(HasSubstr("in front: window MainForm \"Ask\"")));
 }
 
 TEST_F(HeadlessBackendTest, WaitThatATimerCouldEndGoesOnForMinutesOnly) {
-  KeepSurprises();
+  KeepFailures();
   Timer timer(form, "Timer", 1000);
   int ticks = 0;
   timer.On().Timer = [&](Control&) { ++ticks; };
   timer.SetEnabled(true);
   EXPECT_FALSE(toolkit.WaitUntil([&] { return ticks > 10000; }));
   EXPECT_EQ(ticks, 600);
-  EXPECT_THAT(platform.surprises.Take(), SizeIs(1));
+  EXPECT_THAT(platform.failures.Take(), SizeIs(1));
 }
 
-TEST_F(HeadlessBackendTest, WaitThatATimerEndsIsNoSurprise) {
+TEST_F(HeadlessBackendTest, WaitThatATimerEndsIsNoFailure) {
   Timer timer(form, "Timer", 1000);
   int ticks = 0;
   timer.On().Timer = [&](Control&) { ++ticks; };
@@ -93,15 +93,15 @@ TEST_F(HeadlessBackendTest, WaitThatATimerEndsIsNoSurprise) {
 }
 
 TEST_F(HeadlessBackendTest, PollingForEverIsCaughtToo) {
-  KeepSurprises();
+  KeepFailures();
   int polls = 0;
   while (toolkit.WaitFor(0.5)) ++polls;
   EXPECT_EQ(polls, 1200);
-  EXPECT_THAT(platform.surprises.Take(), SizeIs(1));
+  EXPECT_THAT(platform.failures.Take(), SizeIs(1));
 }
 
 TEST_F(HeadlessBackendTest, TimerThatRaisesIsReportedAndTheOthersStillTick) {
-  KeepSurprises();
+  KeepFailures();
   Timer bad(form, "Bad", 10);
   Timer good(form, "Good", 10);
   int ticks = 0;
@@ -111,9 +111,9 @@ TEST_F(HeadlessBackendTest, TimerThatRaisesIsReportedAndTheOthersStillTick) {
   good.SetEnabled(true);
   person.Wait(0.03);
   EXPECT_EQ(ticks, 3);
-  const auto surprises = platform.surprises.Take();
-  EXPECT_THAT(surprises, SizeIs(3));
-  EXPECT_THAT(surprises, Each(HasSubstr("unhandled error 61")));
+  const auto failures = platform.failures.Take();
+  EXPECT_THAT(failures, SizeIs(3));
+  EXPECT_THAT(failures, Each(HasSubstr("unhandled error 61")));
 }
 
 TEST_F(HeadlessBackendTest, MaximisedFormsTakeTheScreenAndGoBack) {
@@ -153,7 +153,7 @@ TEST_F(HeadlessBackendTest, ClockShowsTheDateThatIsSetAndGoesOn) {
 
 TEST_F(HeadlessBackendTest, NothingIsExpectedAtFirst) {
   platform.Finish();
-  EXPECT_THAT(platform.surprises.All(), IsEmpty());
+  EXPECT_THAT(platform.failures.All(), IsEmpty());
 }
 
 }  // namespace

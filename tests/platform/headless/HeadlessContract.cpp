@@ -1,4 +1,5 @@
 // The headless back end held to the contract.
+#include <algorithm>
 #include <gtest/gtest.h>
 
 #include "platform/controls/Buttons.h"
@@ -12,6 +13,7 @@
 #include "platform/headless/HeadlessPlatform.h"
 #include "tests/platform/contract/ContractPlatform.h"
 #include "tests/support/TemporaryDrive.h"
+#include "tests/platform/headless/PageImage.h"
 
 namespace pixorra {
 namespace {
@@ -45,7 +47,7 @@ int RowOf(const TreeView& tree, const TreeNode& wanted) {
 class HeadlessContract : public ContractPlatform {
  public:
   HeadlessContract() {
-    host_.surprises.OnSurprise = [](const std::string& text) { ADD_FAILURE() << text; };
+    host_.failures.OnFailure = [](const std::string& text) { ADD_FAILURE() << text; };
   }
   ~HeadlessContract() override { host_.Finish(); }
 
@@ -62,6 +64,17 @@ class HeadlessContract : public ContractPlatform {
     return std::make_unique<HeadlessFolderReader>(drive.DriveFiles(), host_.posting);
   }
 
+  bool CatchPrint() override { return true; }
+  std::vector<PrintedSheet> Printed() override {
+    std::vector<PrintedSheet> sheets;
+    if (host_.printing.Documents().empty()) return sheets;
+    const HeadlessPrinter& printer = host_.printing.Printers.front();
+    for (const PrintedPage& page : host_.printing.Documents().back().Pages) {
+      sheets.push_back({page.Orientation == 2, PageImage(printer, page)});
+    }
+    return sheets;
+  }
+
   void Settle() override { host_.toolkit.DoEvents(); }
   // There are no widgets: what would be seen is what the model says.
   Seen Look(Control& control) override {
@@ -72,6 +85,8 @@ class HeadlessContract : public ContractPlatform {
     switch (control.GetKind()) {
       case Kind::Form:
         seen.Text = static_cast<Form&>(control).Caption();
+        seen.Framed = !static_cast<Form&>(control).FullScreen();
+        seen.OnTop = static_cast<Form&>(control).StaysOnTop() || static_cast<Form&>(control).FullScreen();
         seen.Visible = seen.Visible && host_.backend.WindowOf(static_cast<Form&>(control)) != nullptr;
         break;
       case Kind::CommandButton:
@@ -104,6 +119,12 @@ class HeadlessContract : public ContractPlatform {
     }
     return seen;
   }
+
+  bool IsAbove(Form& front, Form& other) override {
+    const std::vector<Form*>& forms = host_.toolkit.Forms();
+    return std::find(forms.begin(), forms.end(), &front) > std::find(forms.begin(), forms.end(), &other);
+  }
+  bool IsPointerHidden(Form& form) override { return host_.toolkit.PointerFor(form).Pointer == pointer::Hidden; }
 
   void Press(Form& form, int x, int y, int button, int shift) override {
     host_.person.PressAt(form, x, y, button, shift);

@@ -87,10 +87,10 @@ TEST_F(HeadlessPrintingTest, SetupDialogMayChangeThePrinter) {
   EXPECT_FALSE(printing.ShowProperties("Away"));
 }
 
-TEST_F(HeadlessPrintingTest, DialogThatNobodyExpectedIsASurprise) {
-  KeepSurprises();
+TEST_F(HeadlessPrintingTest, DialogThatNobodyExpectedIsAFailure) {
+  KeepFailures();
   EXPECT_FALSE(printing.ShowPrintDialog());
-  EXPECT_THAT(platform.surprises.Take(), ElementsAre(HasSubstr("unexpected print dialog")));
+  EXPECT_THAT(platform.failures.Take(), ElementsAre(HasSubstr("unexpected print dialog")));
 }
 
 }  // namespace

@@ -17,7 +17,7 @@ class HeadlessServicesTest : public HeadlessTest {
   BoxAnswer Ask(const std::string& text) {
     return platform.dialogs.MsgBox(text, BoxIcon::Question, BoxButtons::YesNo, "Title");
   }
-  std::vector<std::string> Surprises() { return platform.surprises.Take(); }
+  std::vector<std::string> Failures() { return platform.failures.Take(); }
 };
 
 TEST_F(HeadlessServicesTest, BoxIsAnsweredByTheFirstThatFits) {
@@ -32,24 +32,24 @@ TEST_F(HeadlessServicesTest, BoxIsAnsweredByTheFirstThatFits) {
   EXPECT_EQ(platform.dialogs.Boxes()[1].Icon, BoxIcon::Question);
 }
 
-TEST_F(HeadlessServicesTest, BoxThatNobodyExpectedIsASurpriseAndAnsweredNo) {
-  KeepSurprises();
+TEST_F(HeadlessServicesTest, BoxThatNobodyExpectedIsAFailureAndAnsweredNo) {
+  KeepFailures();
   person.ExpectBox("Another title", "Delete?", BoxAnswer::Yes);
   EXPECT_EQ(Ask("Delete?"), BoxAnswer::No);
-  EXPECT_THAT(Surprises(), ElementsAre("unexpected box \"Title\": \"Delete?\""));
+  EXPECT_THAT(Failures(), ElementsAre("unexpected box \"Title\": \"Delete?\""));
   platform.Finish();
-  EXPECT_THAT(Surprises(), ElementsAre("expected box \"Another title\" never came up: \"Delete?\""));
+  EXPECT_THAT(Failures(), ElementsAre("expected box \"Another title\" never came up: \"Delete?\""));
   platform.Finish();
-  EXPECT_THAT(Surprises(), IsEmpty());
+  EXPECT_THAT(Failures(), IsEmpty());
 }
 
-TEST_F(HeadlessServicesTest, WindowsMenusAndActionsThatNeverCameUpAreSurprises) {
-  KeepSurprises();
+TEST_F(HeadlessServicesTest, WindowsMenusAndActionsThatNeverCameUpAreFailures) {
+  KeepFailures();
   person.ExpectForm("AskForm", [](Person&, Form&) {});
   person.During([] {});
   platform.Finish();
-  EXPECT_THAT(Surprises(), ElementsAre("expected window AskForm, it never came up",
-                                       "expected something to do meanwhile, it never came up"));
+  EXPECT_THAT(Failures(), ElementsAre("expected window AskForm, it never came up",
+                                      "expected something to do meanwhile, it never came up"));
 }
 
 TEST_F(HeadlessServicesTest, BoxInsideABoxIsNamedInFront) {

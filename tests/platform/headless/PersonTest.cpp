@@ -28,7 +28,7 @@ class PersonTest : public HeadlessTest {
     form.Show();
   }
 
-  std::vector<std::string> Surprises() { return platform.surprises.Take(); }
+  std::vector<std::string> Failures() { return platform.failures.Take(); }
 
   Form form{toolkit, "TestForm"};
   ImageBox picture{form, "PhotoImage"};
@@ -54,19 +54,19 @@ TEST_F(PersonTest, ClickFindsThePointThatIsNotCovered) {
   EXPECT_EQ(clicks, 1);
 }
 
-TEST_F(PersonTest, ClickOnWhatIsCoveredHiddenOrDisabledIsASurprise) {
-  KeepSurprises();
+TEST_F(PersonTest, ClickOnWhatIsCoveredHiddenOrDisabledIsAFailure) {
+  KeepFailures();
   ImageBox cover(form, "Cover");
   cover.Move(0, 0, 90, 90);
   person.Click(picture);
-  EXPECT_THAT(Surprises(), ElementsAre(HasSubstr("covered by Cover")));
+  EXPECT_THAT(Failures(), ElementsAre(HasSubstr("covered by Cover")));
   cover.SetVisible(false);
   picture.SetEnabled(false);
   person.Click(picture);
-  EXPECT_THAT(Surprises(), ElementsAre(HasSubstr("disabled")));
+  EXPECT_THAT(Failures(), ElementsAre(HasSubstr("disabled")));
   picture.SetVisible(false);
   person.Click(picture);
-  EXPECT_THAT(Surprises(), ElementsAre(HasSubstr("hidden")));
+  EXPECT_THAT(Failures(), ElementsAre(HasSubstr("hidden")));
 }
 
 TEST_F(PersonTest, ButtonIsPressedOnlyWhenLetGoOverIt) {
@@ -103,9 +103,9 @@ TEST_F(PersonTest, ADropThatNothingTakesFails) {
   picture.SetAutomaticDrag(true);
   ImageBox table(form, "Table");
   table.Move(200, 100, 80, 80);
-  KeepSurprises();
+  KeepFailures();
   person.Drag(picture, table);
-  EXPECT_THAT(Surprises(), ElementsAre("drag: Table takes no drop"));
+  EXPECT_THAT(Failures(), ElementsAre("drag: Table takes no drop"));
 }
 
 TEST_F(PersonTest, ADragToAFolderWhoseMiddleIsCoveredFails) {
@@ -115,9 +115,9 @@ TEST_F(PersonTest, ADragToAFolderWhoseMiddleIsCoveredFails) {
   folder.On().DragDrop = [](Control&, Control&, double, double) { ADD_FAILURE() << "dropped beside the preview"; };
   ImageBox preview(form, "Preview");
   preview.Move(210, 110, 60, 60);
-  KeepSurprises();
+  KeepFailures();
   person.Drag(picture, folder);
-  EXPECT_THAT(Surprises(), ElementsAre("drag to: Folder(0) is covered by Preview"));
+  EXPECT_THAT(Failures(), ElementsAre("drag to: Folder(0) is covered by Preview"));
 }
 
 TEST_F(PersonTest, TypesIntoTheFocusedBoxAndEditsIt) {
@@ -177,13 +177,13 @@ TEST_F(PersonTest, MenuOpensItsParentsFirst) {
 }
 
 TEST_F(PersonTest, MenuItemThatIsDisabledCannotBeChosen) {
-  KeepSurprises();
+  KeepFailures();
   MenuItem file(form, "FileMenu", "&File");
   MenuItem open(file, "OpenItem", "&Open");
   open.SetEnabled(false);
   open.On().Click = [](Control&) { FAIL(); };
   person.ChooseMenu(open);
-  EXPECT_THAT(Surprises(), ElementsAre("menu item OpenItem is disabled"));
+  EXPECT_THAT(Failures(), ElementsAre("menu item OpenItem is disabled"));
 }
 
 TEST_F(PersonTest, PopupMenuGivesTheExpectedItemWhenItIsClosed) {
@@ -206,7 +206,7 @@ TEST_F(PersonTest, PopupMenuGivesTheExpectedItemWhenItIsClosed) {
 }
 
 TEST_F(PersonTest, PopupMenuIsClosedByTheFirstChoice) {
-  KeepSurprises();
+  KeepFailures();
   MenuItem popup(form, "FolderPopup", "Folder");
   MenuItem rename(popup, "RenameItem", "Rename");
   person.ExpectMenu(popup, [&] {
@@ -214,14 +214,14 @@ TEST_F(PersonTest, PopupMenuIsClosedByTheFirstChoice) {
     person.ChooseFromPopup(rename);
   });
   form.PopupMenu(popup);
-  EXPECT_THAT(Surprises(), ElementsAre("menu item RenameItem is in no menu that is up"));
+  EXPECT_THAT(Failures(), ElementsAre("menu item RenameItem is in no menu that is up"));
 }
 
-TEST_F(PersonTest, PopupMenuThatNobodyExpectedIsASurprise) {
-  KeepSurprises();
+TEST_F(PersonTest, PopupMenuThatNobodyExpectedIsAFailure) {
+  KeepFailures();
   MenuItem popup(form, "FolderPopup", "Folder");
   form.PopupMenu(popup);
-  EXPECT_THAT(Surprises(), ElementsAre("unexpected pop-up menu FolderPopup"));
+  EXPECT_THAT(Failures(), ElementsAre("unexpected pop-up menu FolderPopup"));
 }
 
 TEST_F(PersonTest, ModalFormIsAnsweredInsideItsWait) {
@@ -244,15 +244,15 @@ TEST_F(PersonTest, ModalFormIsAnsweredInsideItsWait) {
   EXPECT_TRUE(toolkit.TakesInput(form));
 }
 
-TEST_F(PersonTest, ClickOnAWindowBelowAModalOneIsASurprise) {
-  KeepSurprises();
+TEST_F(PersonTest, ClickOnAWindowBelowAModalOneIsAFailure) {
+  KeepFailures();
   Form ask(toolkit, "AskForm");
   person.ExpectForm("AskForm", [&](Person& p, Form& shown) {
     p.Click(button);
     p.Close(shown);
   });
   ask.ShowModal(&form);
-  EXPECT_THAT(Surprises(), ElementsAre(HasSubstr("TestForm takes no input")));
+  EXPECT_THAT(Failures(), ElementsAre(HasSubstr("TestForm takes no input")));
 }
 
 TEST_F(PersonTest, ActionsMeanwhileRunInTheNextEventsOnly) {
@@ -285,10 +285,10 @@ TEST_F(PersonTest, WindowIsResizedMaximisedAndRestored) {
 }
 
 TEST_F(PersonTest, ErrorThatNoHandlerWantedIsReportedAndTheProgramGoesOn) {
-  KeepSurprises();
+  KeepFailures();
   button.On().Click = [](Control&) { throw RuntimeError(error::Overflow); };
   person.Click(button);
-  EXPECT_THAT(Surprises(), ElementsAre(HasSubstr("unhandled error 6")));
+  EXPECT_THAT(Failures(), ElementsAre(HasSubstr("unhandled error 6")));
   EXPECT_FALSE(toolkit.Ended());
 }
 

@@ -7,8 +7,13 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMessageBox>
+#include <QPlainTextEdit>
+#include <QProcess>
 #include <QProgressBar>
 #include <QTreeWidget>
+#include <QStandardPaths>
+#include <QTemporaryDir>
+#include <QWindow>
 #include <gtest/gtest.h>
 
 #include "platform/controls/Form.h"
@@ -39,6 +44,8 @@ void LookAt(QWidget& widget, Seen& seen) {
     seen.Value = bar->value();
   } else if (auto* progress = qobject_cast<QProgressBar*>(&widget)) {
     seen.Value = progress->value();
+  } else if (auto* lines = qobject_cast<QPlainTextEdit*>(&widget)) {
+    seen.Text = lines->toPlainText().replace(QLatin1Char('\n'), QLatin1String("\r\n")).toStdString();
   } else if (auto* line = qobject_cast<QLineEdit*>(&widget)) {
     seen.Text = line->text().toStdString();
   } else if (auto* combo = qobject_cast<QComboBox*>(&widget)) {
@@ -71,6 +78,10 @@ std::string SpokenAt(QTreeWidget& tree, const QRect& row) {
   return item != nullptr ? item->text(QAccessible::Name).toStdString() : std::string();
 }
 
+bool IsOnTop(const QWidget& window) {
+  return window.windowHandle()->flags().testFlag(Qt::WindowStaysOnTopHint);
+}
+
 class QtContract final : public ContractPlatform {
  public:
   QtContract() {
@@ -95,6 +106,23 @@ class QtContract final : public ContractPlatform {
     return std::make_unique<PosixFolderReader>(std::make_shared<FixedMapping>(std::move(mapping)), posting_);
   }
 
+  bool CatchPrint() override {
+    printing_.PrintToFile(File("out.pdf").toStdString());
+    return !QStandardPaths::findExecutable(QStringLiteral("gs")).isEmpty();
+  }
+  std::vector<PrintedSheet> Printed() override {
+    if (!QFile::exists(File("out.pdf"))) return {};
+    QProcess::execute(QStringLiteral("gs"), {"-q", "-dNOPAUSE", "-dBATCH", "-sDEVICE=png16m", "-r72",
+                                             "-sOutputFile=" + File("page%d.png"), File("out.pdf")});
+    std::vector<PrintedSheet> sheets;
+    for (int i = 1; QFile::exists(File(QStringLiteral("page%1.png").arg(i))); ++i) {
+      const QImage sheet(File(QStringLiteral("page%1.png").arg(i)));
+      const QImage inner = sheet.copy(sheet.rect().adjusted(FileMargin, FileMargin, -FileMargin, -FileMargin));
+      sheets.push_back({sheet.width() > sheet.height(), ToPicture(inner).Pixels().Clone()});
+    }
+    return sheets;
+  }
+
   void Settle() override {
     for (int i = 0; i < 3; ++i) backend_.ProcessEvents();
   }
@@ -107,6 +135,8 @@ class QtContract final : public ContractPlatform {
       seen.Visible = window->isVisible();
       seen.Enabled = window->isEnabled();
       seen.Text = window->windowTitle().toStdString();
+      seen.Framed = !window->windowFlags().testFlag(Qt::FramelessWindowHint);
+      seen.OnTop = IsOnTop(*window);
       seen.At = {0, 0, Hands::ClientOf(form)->width(), Hands::ClientOf(form)->height()};
       return seen;
     }
@@ -118,6 +148,15 @@ class QtContract final : public ContractPlatform {
     LookAt(*widget, seen);
     return seen;
   }
+
+  // No platform tells the order of its windows: what a window manager goes by is looked at.
+  bool IsAbove(Form& front, Form& other) override {
+    const QWidget* above = Hands::WindowOf(front);
+    const QWidget* below = Hands::WindowOf(other);
+    if (above->windowHandle()->transientParent() == below->windowHandle()) return true;
+    return IsOnTop(*above) && !IsOnTop(*below);
+  }
+  bool IsPointerHidden(Form& form) override { return Hands::WindowOf(form)->cursor().shape() == Qt::BlankCursor; }
 
   void Press(Form& form, int x, int y, int button, int shift) override { hands_.Press(form, {x, y}, button, shift); }
   void Move(Form& form, int x, int y) override { hands_.Move(form, {x, y}); }
@@ -205,6 +244,11 @@ class QtContract final : public ContractPlatform {
   }
 
  private:
+  // Of a printed file, in points.
+  static constexpr int FileMargin = 18;
+  QString File(const QString& name) const { return folder_.filePath(name); }
+
+  QTemporaryDir folder_;
   QtBackend backend_;
   Toolkit toolkit_{backend_};
   QtDialogs dialogs_{backend_};

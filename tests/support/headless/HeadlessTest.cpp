@@ -3,7 +3,7 @@
 namespace pixorra {
 
 HeadlessTest::HeadlessTest() {
-  platform.surprises.OnSurprise = [](const std::string& text) { ADD_FAILURE() << text; };
+  platform.failures.OnFailure = [](const std::string& text) { ADD_FAILURE() << text; };
 }
 
 HeadlessTest::~HeadlessTest() = default;
@@ -12,8 +12,8 @@ void HeadlessTest::TearDown() {
   platform.Finish();
 }
 
-void HeadlessTest::KeepSurprises() {
-  platform.surprises.OnSurprise = {};
+void HeadlessTest::KeepFailures() {
+  platform.failures.OnFailure = {};
 }
 
 }  // namespace pixorra

@@ -1,4 +1,4 @@
-// A test on the headless platform: every surprise fails it, and so does what was expected and never came up.
+// A test on the headless platform: every failure fails it, and so does what was expected and never came up.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -14,8 +14,8 @@ class HeadlessTest : public ::testing::Test {
   ~HeadlessTest() override;
   void TearDown() override;
 
-  // From here on surprises are kept and fail nothing; for tests of the surprises themselves.
-  void KeepSurprises();
+  // From here on failures are kept and fail nothing; for tests of the failures themselves.
+  void KeepFailures();
 
   HeadlessPlatform platform;
   Toolkit& toolkit = platform.toolkit;

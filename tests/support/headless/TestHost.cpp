@@ -28,7 +28,7 @@ TestHost::TestHost(TemporaryDrive& drive, DecodeAhead* ahead)
            folderReader,
            platform.volumes} {
   platform.shell.SetFiles(drive.DriveFiles());
-  platform.surprises.OnSurprise = [](const std::string& text) { ADD_FAILURE() << text; };
+  platform.failures.OnFailure = [](const std::string& text) { ADD_FAILURE() << text; };
 }
 
 TestHost::~TestHost() = default;

@@ -19,7 +19,7 @@
 
 namespace pixorra {
 
-// Folders of the program lie in "C:\Program" and "C:\Windows". Each surprise fails the test.
+// Folders of the program lie in "C:\Program" and "C:\Windows". Each failure of theirs fails the test.
 class TestHost {
  public:
   // Photos are decoded when they are wanted, where `ahead` is null.

@@ -3,13 +3,13 @@
 #pragma once
 
 #include "platform/controls/Toolkit.h"
+#include "platform/headless/Failures.h"
 #include "platform/headless/HeadlessPrinting.h"
 #include "platform/headless/HeadlessRegistry.h"
 #include "platform/headless/HeadlessSettings.h"
 #include "platform/headless/HeadlessShell.h"
 #include "platform/headless/HeadlessVolumes.h"
 #include "platform/headless/Script.h"
-#include "platform/headless/Surprises.h"
 #include "platform/posix/PosixClock.h"
 #include "platform/qt/QtArtwork.h"
 #include "platform/qt/QtBackend.h"
@@ -25,7 +25,7 @@ struct StagePlatform {
   StagePlatform() {
     backend.Attach(toolkit);
     backend.SetErrorHandler([this](int number, const std::string& description) {
-      surprises.Report("an error that no handler wanted: " + std::to_string(number) + " " + description);
+      failures.Report("an error that no handler wanted: " + std::to_string(number) + " " + description);
     });
   }
   StagePlatform(const StagePlatform&) = delete;
@@ -33,9 +33,9 @@ struct StagePlatform {
 
   void Finish() { script.ReportUnmet(); }
 
-  Surprises surprises;
+  Failures failures;
   PosixClock clock;
-  Script script{surprises};
+  Script script{failures};
   QtBackend backend;
   Toolkit toolkit{backend};
   QtDialogs dialogs{backend};
@@ -48,7 +48,7 @@ struct StagePlatform {
   QtShipped shipped{backend.Art()};
   HeadlessVolumes volumes;
   QtPosting posting{backend};
-  Person person{backend, script, surprises};
+  Person person{backend, script, failures};
 };
 
 }  // namespace pixorra

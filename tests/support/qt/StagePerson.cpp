@@ -23,8 +23,8 @@ constexpr int LookEvery = 2;  // milliseconds
 
 }  // namespace
 
-StagePerson::StagePerson(QtBackend& backend, Script& script, Surprises& surprises)
-    : backend_(backend), script_(script), surprises_(surprises) {
+StagePerson::StagePerson(QtBackend& backend, Script& script, Failures& failures)
+    : backend_(backend), script_(script), failures_(failures) {
   QTimer::singleShot(LookEvery, &context_, [this] { LookAround(); });
 }
 
@@ -55,7 +55,7 @@ bool StagePerson::CanReach(Control& control, const std::string& what) {
   const QWidget* window = Hands::WindowOf(control.GetForm());
   const bool usable = window != nullptr && window->isVisible() && backend_.GetToolkit().TakesInput(control.GetForm());
   if (usable && PointOn(control)) return true;
-  surprises_.Report(what + ": " + control.Name() + "(" + std::to_string(control.Index()) + ") is out of reach");
+  failures_.Report(what + ": " + control.Name() + "(" + std::to_string(control.Index()) + ") is out of reach");
   return false;
 }
 
@@ -128,7 +128,7 @@ void StagePerson::Drag(Control& source, Control& target) {
   if (front == &target) {
     DragTo(source, target.GetForm(), middle.x(), middle.y());
   } else {
-    surprises_.Report("drag to: " + target.Name() + " is covered by " + front->Name());
+    failures_.Report("drag to: " + target.Name() + " is covered by " + front->Name());
   }
 }
 
@@ -141,7 +141,7 @@ void StagePerson::DragTo(Control& source, Form& form, int x, int y) {
   }
   Toolkit& toolkit = backend_.GetToolkit();
   if (watch && toolkit.Drag().Source != nullptr && !toolkit.ControlAt(form, x, y)->On().DragDrop) {
-    surprises_.Report("drag: " + toolkit.ControlAt(form, x, y)->Name() + " takes no drop");
+    failures_.Report("drag: " + toolkit.ControlAt(form, x, y)->Name() + " takes no drop");
   }
   Release();
 }
@@ -173,7 +173,7 @@ void StagePerson::Choose(ItemList& list, const std::string& text) {
       return;
     }
   }
-  surprises_.Report("choose: " + list.Name() + " has no entry \"" + text + "\"");
+  failures_.Report("choose: " + list.Name() + " has no entry \"" + text + "\"");
 }
 
 void StagePerson::FillWidget(Control& control, const std::string& text) {
@@ -247,7 +247,7 @@ void StagePerson::Close(Form& form) {
   if (QWidget* window = Hands::WindowOf(form)) {
     window->close();
   } else {
-    surprises_.Report("close: " + form.Name() + " has no window");
+    failures_.Report("close: " + form.Name() + " has no window");
   }
 }
 
@@ -303,7 +303,7 @@ void StagePerson::ExpectMenu(MenuItem& menu, MenuItem* item) {
 void StagePerson::LookAround() {
   QTimer::singleShot(LookEvery, &context_, [this] { LookAround(); });
   const QPointer<QObject> alive = &context_;
-  backend_.Guarded([&] {
+  backend_.Dispatch([&] {
     if (QApplication::activePopupWidget() != nullptr) {
       script_.RunOne(Script::Moment::Popup);
     } else {

@@ -24,7 +24,7 @@ class StagePerson {
   using Action = std::function<void()>;
   using FormAction = std::function<void(StagePerson&, Form&)>;
 
-  StagePerson(QtBackend& backend, Script& script, Surprises& surprises);
+  StagePerson(QtBackend& backend, Script& script, Failures& failures);
   ~StagePerson();
   StagePerson(const StagePerson&) = delete;
   StagePerson& operator=(const StagePerson&) = delete;
@@ -82,7 +82,7 @@ class StagePerson {
   void Settle();
   std::optional<QPoint> PointOn(Control& control);
   bool CanReach(Control& control, const std::string& what);
-  // Opens what is on the way; null, and a surprise, where the node is not to be seen.
+  // Opens what is on the way; null, and a failure, where the node is not to be seen.
   QTreeWidgetItem* WayTo(TreeView& tree, const std::vector<std::string>& path);
   void FillWidget(Control& control, const std::string& text);
   void LookAround();
@@ -90,7 +90,7 @@ class StagePerson {
 
   QtBackend& backend_;
   Script& script_;
-  Surprises& surprises_;
+  Failures& failures_;
   Hands hands_;
   QObject context_;
   Watch<Form> mouseForm_;

@@ -18,7 +18,7 @@ QTreeWidgetItem* StagePerson::WayTo(TreeView& tree, const std::vector<std::strin
     way.push_back(text);
     item = Hands::ItemOf(tree, way);
     if (item != nullptr) continue;
-    surprises_.Report("tree " + tree.Name() + " shows no node \"" + text + "\"");
+    failures_.Report("tree " + tree.Name() + " shows no node \"" + text + "\"");
     return nullptr;
   }
   return item;

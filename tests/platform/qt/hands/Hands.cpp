@@ -214,7 +214,10 @@ void Hands::Choose(ItemList& list, int index) {
   view->setCurrentIndex(entry);
   if (widget == view) return;
   QKeyEvent choose(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, QStringLiteral("\r"));
+  const QPointer<QWidget> window = widget->window();
   QApplication::sendEvent(view, &choose);
+  // As a window system does when a pop-up window has gone.
+  if (window != nullptr && window->isVisible() && !IsBlocked(*window)) window->activateWindow();
 }
 
 void Hands::Key(int keyCode, int shift) {

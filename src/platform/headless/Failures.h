@@ -8,14 +8,14 @@
 
 namespace pixorra {
 
-class Surprises {
+class Failures {
  public:
   // A test's own way to fail; none: the texts are only kept.
-  std::function<void(const std::string&)> OnSurprise;
+  std::function<void(const std::string&)> OnFailure;
 
   void Report(const std::string& text) {
     all_.push_back(text);
-    if (OnSurprise) OnSurprise(text);
+    if (OnFailure) OnFailure(text);
   }
   const std::vector<std::string>& All() const { return all_; }
   // Takes those that a test wanted.
