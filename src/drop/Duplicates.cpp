@@ -6,6 +6,7 @@
 #include <utility>
 #include <vector>
 
+#include "base/Routines.h"
 #include "desktop/OpenFolderView.h"
 #include "drop/DuplicateAskForm.h"
 #include "platform/controls/FileListBox.h"

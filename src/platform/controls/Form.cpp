@@ -102,7 +102,7 @@ void Form::SetWindowState(int state) {
 void Form::SetFullScreen(bool fullScreen) {
   if (fullScreen == fullScreen_) return;
   fullScreen_ = fullScreen;
-  toolkit_.StackChanged();
+  toolkit_.GetWindows().StackChanged();
   Changed(Change::State);
   Resized();
 }
@@ -176,7 +176,7 @@ void Form::Hide() {
 
 void Form::SetStaysOnTop(bool onTop) {
   onTop_ = onTop;
-  toolkit_.StackChanged();
+  toolkit_.GetWindows().StackChanged();
   Changed(Change::State);
 }
 

@@ -12,8 +12,8 @@
 #include "platform/headless/HeadlessFolderReader.h"
 #include "platform/headless/HeadlessPlatform.h"
 #include "tests/platform/contract/ContractPlatform.h"
-#include "tests/support/TemporaryDrive.h"
 #include "tests/platform/headless/PageImage.h"
+#include "tests/support/TemporaryDrive.h"
 
 namespace pixorra {
 namespace {

@@ -112,7 +112,7 @@ TEST_F(PersonTest, ADragToAFolderWhoseMiddleIsCoveredFails) {
   picture.SetAutomaticDrag(true);
   ImageBox folder(form, "Folder");
   folder.Move(200, 100, 80, 80);
-  folder.On().DragDrop = [](Control&, Control&, double, double) { ADD_FAILURE() << "dropped beside the preview"; };
+  folder.On().DragDrop = [](Control&, const DragArgs&) { ADD_FAILURE() << "dropped beside the preview"; };
   ImageBox preview(form, "Preview");
   preview.Move(210, 110, 60, 60);
   KeepFailures();

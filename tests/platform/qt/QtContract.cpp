@@ -10,9 +10,9 @@
 #include <QPlainTextEdit>
 #include <QProcess>
 #include <QProgressBar>
-#include <QTreeWidget>
 #include <QStandardPaths>
 #include <QTemporaryDir>
+#include <QTreeWidget>
 #include <QWindow>
 #include <gtest/gtest.h>
 
