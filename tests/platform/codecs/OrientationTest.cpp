@@ -7,6 +7,7 @@
 
 #include "platform/codecs/JpegReader.h"
 #include "platform/codecs/Orientation.h"
+#include "tests/platform/codecs/SeenAt.h"
 #include "tests/support/TestPictures.h"
 
 namespace pixorra {
@@ -21,30 +22,6 @@ std::span<const std::uint8_t> BytesOf(const std::string& text) {
 
 int Noted(const std::string& file) {
   return OrientationOf(BytesOf(file));
-}
-
-// Where the standard says that the stored pixel at x, y is to be seen.
-std::pair<int, int> SeenAt(int orientation, int x, int y, int width, int height) {
-  const int right = width - 1 - x;
-  const int below = height - 1 - y;
-  switch (orientation) {
-    case 2:
-      return {right, y};
-    case 3:
-      return {right, below};
-    case 4:
-      return {x, below};
-    case 5:
-      return {y, x};
-    case 6:
-      return {below, x};
-    case 7:
-      return {below, right};
-    case 8:
-      return {y, right};
-    default:
-      return {x, y};
-  }
 }
 
 struct Decoded {

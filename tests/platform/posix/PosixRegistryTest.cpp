@@ -4,6 +4,7 @@
 #include <sys/stat.h>
 
 #include "platform/posix/FolderVerb.h"
+#include "platform/posix/HostNames.h"
 #include "platform/posix/Launcher.h"
 #include "platform/posix/PosixRegistry.h"
 #include "platform/posix/PosixSettings.h"
@@ -133,7 +134,8 @@ TEST(FolderVerb, TextsThatMeanSomethingToAShellAreTakenAsTheyAre) {
   for (const VerbFile& file : FilesOfFolderVerb("Verb", drive.HostRoot() + '/' + name, {"2 1", "$x \\5%f", "x%Ly"})) {
     const std::string exec = ValueIn(file.Text, "Exec");
     if (exec.empty()) continue;
-    EXPECT_EQ(HeardThrough(drive, exec, "C:\\" + name), "2 1|$x \\5%f|x" + drive.HostPath("C:\\my photos") + "y|")
+    EXPECT_EQ(HeardThrough(drive, exec, "C:\\" + NameFromHost(name)),
+              "2 1|$x \\5%f|x" + drive.HostPath("C:\\my photos") + "y|")
         << file.Place;
     drive.Remove("C:\\heard");
   }
