@@ -52,6 +52,5 @@ int main(int argc, char** argv) {
             qt.clipboard, shell, registry, settings, readAhead, qt.shipped, folderReader, volumes};
   MainForm main(host);
   ConnectEvents(main);
-  StartUp(main);
-  return qt.Run();
+  return qt.Run([&main] { StartUp(main); });
 }

@@ -46,7 +46,10 @@ std::unordered_map<std::string, std::int64_t> ReadRecords(File& file, std::int64
 }  // namespace
 
 std::int64_t QuickThumbsIndex::NextRecord(std::int64_t fileLength) {
-  return fileLength == 0 ? 1 : fileLength / RecordBytes + 2;
+  if (fileLength == 0) return 1;
+  // A last record that ends after its fields is whole: what follows them has no meaning, and may be missing.
+  const bool oneMore = fileLength % RecordBytes >= static_cast<std::int64_t>(FieldsBytes);
+  return fileLength / RecordBytes + (oneMore ? 1 : 0) + 2;
 }
 
 std::int64_t QuickThumbsIndex::Find(const std::string& path, File& file, const EntryKey& key) {

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <memory>
 #include <optional>
+#include <span>
 #include <vector>
 
 #include "base/FileDateTime.h"
@@ -16,6 +17,7 @@
 #include "window/FilmStripState.h"
 #include "window/MainForm.h"
 #include "window/PicturesState.h"
+#include "window/ThumbnailGeometry.h"
 
 namespace pixorra {
 
@@ -31,6 +33,19 @@ std::string InProgramFolder(Places& places, const char* name) {
 // object without a file: a strip of cached thumbnails is as quick as the disk.
 std::string TemporaryFile(Places& places) {
   return InProgramFolder(places, "\\$PXR$TMP.$$$");
+}
+
+// What a record holds as its thumbnail, by the header of its bitmap file. Anything else there could be a picture of any
+// size, or of any cost.
+bool IsThumbnail(std::span<const std::uint8_t> file) {
+  const auto number = [file](std::size_t at, std::size_t length) {
+    std::uint32_t value = 0;
+    for (std::size_t i = 0; i < length; ++i) value |= static_cast<std::uint32_t>(file[at + i]) << 8U * i;
+    return value;
+  };
+  return file.size() >= BitmapHeaderBytes && file[0] == 'B' && file[1] == 'M' && number(2, 4) == BitmapBytes &&
+         number(10, 4) == BitmapHeaderBytes && number(18, 4) == ThumbnailWidth && number(22, 4) == ThumbnailHeight &&
+         number(28, 2) == 24 && number(30, 4) == 0;
 }
 
 }  // namespace
@@ -70,13 +85,24 @@ QuickThumbs::Entry QuickThumbs::FindEntry(const Sought& sought, OpenMode mode) c
   return entry;
 }
 
+// A cache that may not be written is read all the same, so that a locked card shows its thumbnails and marks.
+QuickThumbs::Entry QuickThumbs::FindEntryToRead(const Sought& sought) const {
+  try {
+    return FindEntry(sought);
+  } catch (const RuntimeError&) {
+    if (files_.IsLink(sought.Cache)) throw;  // another folder's, perhaps
+    return FindEntry(sought, OpenMode::Read);
+  }
+}
+
 bool QuickThumbs::ReadEntry(const std::string& path, ImageBox& target, bool& bDragged) const {
   const std::optional<Sought> sought = Seek(path);
   if (!sought) return false;
-  const Entry entry = FindEntry(*sought);
+  const Entry entry = FindEntryToRead(*sought);
   if (entry.Record == 0) return false;
   std::vector<std::uint8_t> fields(FieldsBytes);
   entry.Cache->ReadAt(OffsetOf(entry.Record), fields.data(), fields.size());
+  if (!IsThumbnail(fields)) return false;
   target.SetPicture(pictures_.FromBytes({fields.data(), ThumbnailBytes}));
   bDragged = fields[MarkOffset] != 0 || fields[MarkOffset + 1] != 0;
   return true;
@@ -131,7 +157,11 @@ bool QuickThumbs::HasQuickThumb(const std::string& path) const {
   bool has = false;
   ErrorsIgnored([&] {
     if (const std::optional<Sought> sought = Seek(path)) {
-      has = FindEntry(*sought, OpenMode::Read).Record != 0;
+      const Entry entry = FindEntry(*sought, OpenMode::Read);
+      if (entry.Record == 0) return;
+      std::array<std::uint8_t, BitmapHeaderBytes> header{};
+      entry.Cache->ReadAt(OffsetOf(entry.Record), header.data(), header.size());
+      has = IsThumbnail(header) && !files_.IsLink(sought->Cache);
     }
   });
   return has;

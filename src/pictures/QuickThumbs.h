@@ -47,6 +47,7 @@ class QuickThumbs {
   std::string CachePath(const std::string& folder) const;
   std::optional<Sought> Seek(const std::string& path) const;
   Entry FindEntry(const Sought& sought, OpenMode mode = OpenMode::ReadWrite) const;
+  Entry FindEntryToRead(const Sought& sought) const;
   bool ReadEntry(const std::string& path, ImageBox& target, bool& bDragged) const;
   std::optional<std::vector<std::uint8_t>> BitmapRecord(const Picture& picture) const;
   void AddEntry(const std::string& path, const Picture& picture) const;

@@ -154,6 +154,17 @@ TEST_F(QuickThumbsTest, BehindALastRecordThatIsCutShortTheNextOneIsNumberedAsASc
   EXPECT_EQ(bytes.substr(14776, 14776), std::string(100, 'j') + std::string(14676, '\0'));
 }
 
+TEST_F(QuickThumbsTest, ALastRecordThatEndsAfterItsFieldsIsWhole) {
+  drive.Write(Cache, std::string(14776 + 14569, 'j'));
+  Add(Photo, 5);
+  const std::string bytes = drive.Read(Cache);
+  ASSERT_EQ(bytes.size(), 4U * 14776);
+  EXPECT_TRUE(bytes.substr(3 * 14776) == HandBytes(HandMade(5)));
+  drive.Write(Cache, std::string(14776 + 14568, 'j'));
+  Add(Photo, 5);
+  EXPECT_EQ(CacheSize(), 3U * 14776);
+}
+
 // --- what is the same photo ------------------------------------------------------------------------------------------
 
 TEST_F(QuickThumbsTest, APhotoInTheCacheIsNotAddedAgain) {
@@ -327,6 +338,34 @@ TEST_F(QuickThumbsTest, AReadOnlyFolderIsAMissWithoutAMessage) {
   EXPECT_EQ(Read(Photo), -1);
   quickThumbs.SetQuickThumbMark(Photo, "MARK");
   EXPECT_FALSE(drive.Exists(Cache));
+}
+
+TEST_F(QuickThumbsTest, ACacheThatMayOnlyBeReadIsRead) {
+  HandRecord record = HandMade(7);
+  record.Mark = -1;
+  drive.Write(Cache, HandBytes(record));
+  files.FailAlways(FileCall::OpenToWrite, error::PathAccess, "Thumbnails.tmp");
+  EXPECT_TRUE(quickThumbs.HasQuickThumb(Photo));
+  EXPECT_EQ(Read(Photo), 7);
+  EXPECT_TRUE(bDragged);
+  quickThumbs.SetQuickThumbMark(Photo, "");
+  EXPECT_TRUE(drive.Read(Cache) == HandBytes(record));
+}
+
+TEST_F(QuickThumbsTest, OnlyAThumbnailsOwnBitmapIsTakenFromARecord) {
+  // The byte that is changed: the file's kind and length, where its pixels are, width, height, depth, compression.
+  for (const std::size_t at : {0U, 1U, 3U, 10U, 18U, 22U, 28U, 30U}) {
+    HandRecord record = HandMade(7);
+    record.Thumbnail[at] = static_cast<char>(record.Thumbnail[at] ^ 1);
+    drive.Write(Cache, HandBytes(record));
+    EXPECT_FALSE(quickThumbs.HasQuickThumb(Photo)) << at;
+    EXPECT_EQ(Read(Photo), -1) << at;
+  }
+  HandRecord record = HandMade(7);
+  record.Thumbnail = GifPhoto(80, 60).substr(0, 14000);
+  drive.Write(Cache, HandBytes(record));
+  EXPECT_FALSE(quickThumbs.HasQuickThumb(Photo));
+  EXPECT_EQ(Read(Photo), -1);
 }
 
 TEST_F(QuickThumbsTest, AFullDiskWritesNoEntryAndTheNextTryFindsTheTruth) {

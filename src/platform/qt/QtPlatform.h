@@ -36,9 +36,9 @@ class QtPlatform {
   Shipped& shipped;
   Posting& posting;
 
-  // Handles events until the program ends; gives the exit code. An error that no handler wanted is shown in a box, and
-  // the program goes on.
-  int Run();
+  // Runs the start-up, then handles events until the program ends; gives the exit code. An error that no handler wanted
+  // is shown in a box, and the program goes on; after a start-up that has shown no window it ends.
+  int Run(const std::function<void()>& startUp);
   // Runs the function in the loop whenever the host's descriptor can be read; it must then read it. A descriptor below
   // 0 never can.
   void OnReadable(int descriptor, std::function<void()> function);
