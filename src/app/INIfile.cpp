@@ -54,16 +54,20 @@ void WriteSavedState(MainForm& main) {
   const std::string beside = path + ".new";
   // A file that may not be written stays as it is, though its folder would let another one take its place.
   if (files.NameTaken(path)) files.Open(path, OpenMode::ReadWrite);
-  std::unique_ptr<File> file = files.Open(beside, OpenMode::Replace);
+  std::unique_ptr<File> file;
+  const bool besideItself = ErrorsIgnored([&] { file = files.Open(beside, OpenMode::Replace); }) == error::None;
+  // A folder that takes no new file may still let the file itself be written.
+  if (!besideItself) file = files.Open(path, OpenMode::Replace);
   const int failure = ErrorsIgnored([&] {
     const std::string bytes = Compose(main);
     file->WriteAt(0, bytes.data(), bytes.size());
     file->Flush();
     file.reset();
+    if (!besideItself) return;
     files.RenameOver(beside, path);
     files.FlushFolder(ParentPathOf(path));
   });
-  if (failure == error::None) return;
+  if (failure == error::None || !besideItself) return;
   file.reset();
   ErrorsIgnored([&] { files.Delete(beside); });
 }

@@ -1,4 +1,5 @@
 // Picks the back ends, builds the Host, creates MainForm, runs the loop. Nothing else.
+#include <cstdio>
 #include <memory>
 
 #include "app/Startup.h"
@@ -25,11 +26,15 @@ int main(int argc, char** argv) {
   TraceIgnoredErrorsIfAsked();
   const Environment environment = Environment::OfProcess();
   // Two programs would write one saved state, and each would lose what the other kept.
-  const RunningInstance instance(environment.ConfigHome + "/pixorra");
+  RunningInstance instance(environment.ConfigHome + "/pixorra");
   if (!instance.IsFirst()) {
     constexpr double Patience = 10;  // seconds; a long copy takes the first program's time
-    instance.CallFirst(Patience);
-    return 0;
+    const RunningInstance::Outcome outcome = instance.CallFirst(Patience);
+    if (outcome == RunningInstance::Outcome::Taken) return 0;
+    if (outcome == RunningInstance::Outcome::Unanswered) {
+      std::fputs("Pixorra is running already, and does not answer.\n", stderr);
+      return 1;
+    }
   }
   QtPlatform qt(argc, argv);
   qt.OnReadable(instance.Calls(), [&] {

@@ -15,8 +15,24 @@ namespace pixorra {
 namespace {
 
 constexpr std::string_view Prefix = "PXR";
-// So many names in a row that are all taken: the folder cannot be looked into, where a look that fails counts as taken.
-constexpr int MostTaken = 100000;
+// So many looks may fail. After them the next name stays as it is: the folder cannot be looked into, and making the
+// copy, which never replaces a file, will fail or not by itself.
+constexpr int MostFailedLooks = 3;
+
+// Counts the looks that fail over the names of one drop.
+class NameSearch {
+ public:
+  explicit NameSearch(Files& files) : files_(files) {}
+  bool MayBeTried(const std::string& path) {
+    const NameState state = files_.LookAtName(path);
+    if (state == NameState::Unknown) ++failed_;
+    return state == NameState::Free || failed_ == MostFailedLooks;
+  }
+
+ private:
+  Files& files_;
+  int failed_ = 0;
+};
 
 bool IsDigit(char c) {
   return c >= '0' && c <= '9';
@@ -63,19 +79,19 @@ std::string ExtensionOf(const std::string& name) {
 std::string MakeUniqueName(Files& files, const std::string& folder, const std::string& name) {
   if (folder.empty() || name.empty()) return {};
   std::string path = JoinPath(folder, name);
-  if (!files.NameTaken(path)) return path;
+  NameSearch search(files);
+  if (search.MayBeTried(path)) return path;
   const std::string extension = ExtensionOf(name);
   const std::string base = name.substr(0, name.size() - extension.size());
   if (base.empty()) return {};
   const std::size_t start = StartOfTrailingDigits(base);
   const std::string stem = base.substr(0, start);
   std::string digits = base.substr(start);
-  for (int tries = 0; tries < MostTaken; ++tries) {
+  do {
     digits = NextNumber(digits);
     path = JoinPath(folder, stem + digits + extension);
-    if (!files.NameTaken(path)) return path;
-  }
-  throw RuntimeError(error::PathAccess);
+  } while (!search.MayBeTried(path));
+  return path;
 }
 
 std::string MakeGeneratedName(Files& files, const std::string& folder, const std::string& name) {
@@ -85,13 +101,14 @@ std::string MakeGeneratedName(Files& files, const std::string& folder, const std
   for (const std::string& found : files.Names(folder, std::string(Prefix) + "*", attribute::Normal)) {
     number = std::max(number, NumberIn(found, extension));
   }
-  // Folders and links that lead nowhere are not listed, and have names all the same.
-  for (int tries = 0; tries < MostTaken; ++tries) {
+  NameSearch search(files);
+  std::string path;
+  do {
     number = CLng(number + 1.0);
-    std::string path = JoinPath(folder, std::string(Prefix) + FormatNumber(number, "00000") + extension);
-    if (!files.NameTaken(path)) return path;
-  }
-  throw RuntimeError(error::PathAccess);
+    path = JoinPath(folder, std::string(Prefix) + FormatNumber(number, "00000") + extension);
+    // Folders and links that lead nowhere are not listed, and have names all the same.
+  } while (!search.MayBeTried(path));
+  return path;
 }
 
 }  // namespace pixorra

@@ -54,23 +54,6 @@ class RenameAskForm {
   Dialog<std::string> question_{window_, "CANCEL"};
 };
 
-// Gives the focus back to the control that had it, after the dialog.
-class FocusGivenBack {
- public:
-  explicit FocusGivenBack(Toolkit& toolkit) {
-    if (Control* const focus = toolkit.Focus()) before_ = Watch<Control>(*focus);
-  }
-  ~FocusGivenBack() {
-    // Events that ran meanwhile may have hidden it.
-    if (before_ && before_->Enabled() && before_->IsShown()) before_->SetFocus();
-  }
-  FocusGivenBack(const FocusGivenBack&) = delete;
-  FocusGivenBack& operator=(const FocusGivenBack&) = delete;
-
- private:
-  Watch<Control> before_;
-};
-
 std::string WithoutEnd(const std::string& text, std::size_t bytes) {
   return text.substr(0, text.size() - std::min(text.size(), bytes));
 }
@@ -160,7 +143,6 @@ std::string RenameAskForm::Ask(const std::string& path) {
   ExistsName.SetCaption(ShownFileName(files, WithoutEnd(path, extension.size())));
   AlwaysName.SetText(WithoutEnd(always, extension.size()));
   UniqueName.SetText(WithoutEnd(unique, extension.size()));
-  const FocusGivenBack focus(main_.host.toolkit);
   // What is typed takes the place of the first name offered.
   AlwaysName.SetFocus();
   AlwaysName.Select(0, static_cast<int>(AlwaysName.Text().size()));

@@ -17,8 +17,7 @@ constexpr int PastMarkedStep = 15;
 constexpr double PageWidth = SrcFramesPerPage * SrcFrameWidth;
 
 // The bar counts in units of 2 pixels, and slots are placed relative to a page of 50 frames: both keep long strips
-// within 16 bits. The canvas is moved by the page's width, so that no photo jumps when the page
-// changes.
+// within 16 bits. The canvas is moved by the page's width, so that no photo jumps when the page changes.
 void ScrollStrip(MainForm& main) {
   FilmStripState& strip = main.strip;
   const int value = strip.SrcScrollbar.Value();

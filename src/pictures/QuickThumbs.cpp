@@ -181,7 +181,11 @@ void QuickThumbs::DeleteQuickThumbs(const std::string& folder) const {
   ErrorsIgnored([&] {
     const std::string cache = CachePath(stripped);
     index_.Forget(cache);
-    files_.Delete(cache);
+    if (ErrorsIgnored([&] { files_.Delete(cache); }) != error::FileNotFound) return;
+    // It is found in letters of another case too, and so must go by that name.
+    const std::string parent = ParentPathOf(cache);
+    for (const std::string& name : files_.Names(parent, FileNameOf(cache), attribute::Hidden))
+      files_.Delete(JoinPath(parent, name));
   });
 }
 

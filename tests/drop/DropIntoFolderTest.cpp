@@ -100,16 +100,33 @@ TEST_F(DropIntoFolderTest, AFolderThatTakesNoNameAtAllIsACopyFailure) {
   EXPECT_FALSE(IsMarked(1));
 }
 
-TEST_F(DropIntoFolderTest, InAFolderThatCannotBeLookedIntoNoNameIsFree) {
-  LoadStrip({"a.bmp"});
+TEST_F(DropIntoFolderTest, AFolderThatCannotBeLookedIntoIsACopyFailureForEachPhoto) {
+  for (const bool generated : {false, true}) {
+    if (generated) main.preferences.RenameAlwaysOption.SetValue(true);
+    LoadStrip({"a.bmp", "b.bmp"});
+    Show(generated ? "G" : "F");
+    const int slot = generated ? 2 : 1;
+    const std::string folder = generated ? "C:\\Home\\G" : "C:\\Home\\F";
+    run.files.FailAlways(FileCall::NameTaken, error::DeviceIO);
+    run.files.FailAlways(FileCall::OpenToWrite, error::DeviceIO, folder + "\\");
+    for (int i = 0; i < 2; ++i)
+      person.ExpectBox(CopyFailed, folder +
+                                       "\n\nThis folder cannot be written to.\nIt maybe on a CD-ROM, or your\n"
+                                       "disk drive maybe full.");
+    person.Drag(strip.AllButton, desk.DestFolder(slot));
+    run.files.Heal();
+    EXPECT_FALSE(IsMarked(1));
+    EXPECT_FALSE(IsMarked(2));
+  }
+}
+
+TEST_F(DropIntoFolderTest, ANameThatCannotBeLookedAtIsPassedOver) {
+  LoadStrip({"a1.bmp"});
   Show("F");
-  int raised = 0;
-  run.platform.backend.SetErrorHandler([&](const RuntimeError& failure) { raised = failure.Number(); });
-  run.files.FailAlways(FileCall::NameTaken, error::DeviceIO);
+  run.files.FailAlways(FileCall::NameTaken, error::DeviceIO, "F\\a1.bmp");
   person.Drag(strip.SrcThumbnail(1), desk.DestFolder(1));
-  EXPECT_EQ(raised, error::PathAccess);
-  EXPECT_FALSE(IsMarked(1));
-  EXPECT_FALSE(Has("F", "a.bmp"));
+  EXPECT_FALSE(Has("F", "a1.bmp"));
+  EXPECT_EQ(BytesIn("F", "a2.bmp"), drive.Read(Photo("a1.bmp")));
 }
 
 TEST_F(DropIntoFolderTest, ADropOnTheTrashcanIsACopyLikeAnyOther) {

@@ -281,6 +281,14 @@ TEST_F(QuickThumbsTest, DeletingTakesTheCacheFileAloneWithOrWithoutABackslash) {
   quickThumbs.DeleteQuickThumbs("C:\\Nowhere");
 }
 
+TEST_F(QuickThumbsTest, ACacheFileInLettersOfAnotherCaseIsDeletedToo) {
+  drive.Write("C:\\Photos\\THUMBNAILS.TMP", HandBytes(HandMade(3)));
+  ASSERT_EQ(Read(Photo), 3);
+  quickThumbs.DeleteQuickThumbs("C:\\Photos");
+  EXPECT_FALSE(drive.Exists("C:\\Photos\\THUMBNAILS.TMP"));
+  EXPECT_EQ(Read(Photo), -1);
+}
+
 TEST_F(QuickThumbsTest, AnEmptyPathTouchesNoFile) {
   drive.Write("C:\\Thumbnails.tmp", "mine");
   for (const std::string path : {"", "\\", "photo.jpg", "C:\\Photos\\missing.jpg"}) {

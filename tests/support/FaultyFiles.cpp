@@ -168,8 +168,9 @@ void FaultyFiles::SetAttributes(const std::string& path, int attributes) {
   inner_.SetAttributes(path, attributes);
 }
 
-bool FaultyFiles::NameTaken(const std::string& path) {
-  return Strike(FileCall::NameTaken, path) != 0 || (!IsAway(path) && inner_.NameTaken(path));
+NameState FaultyFiles::LookAtName(const std::string& path) {
+  if (Strike(FileCall::NameTaken, path) != 0) return NameState::Unknown;
+  return IsAway(path) ? NameState::Free : inner_.LookAtName(path);
 }
 
 bool FaultyFiles::IsLink(const std::string& path) {

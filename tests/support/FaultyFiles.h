@@ -13,7 +13,7 @@
 namespace pixorra {
 
 // What can fail. Names, Attributes, LastWriteTime and SetTimes fail by answering as for nothing there, NameTaken by
-// answering that it is; the others raise.
+// not knowing; the others raise.
 enum class FileCall {
   Names,
   Attributes,
@@ -64,7 +64,7 @@ class FaultyFiles : public Files {
   std::vector<std::string> Folders(const std::string& folder, int attributes) override;
   std::optional<int> Attributes(const std::string& path) override;
   void SetAttributes(const std::string& path, int attributes) override;
-  bool NameTaken(const std::string& path) override;
+  NameState LookAtName(const std::string& path) override;
   bool IsLink(const std::string& path) override;
   bool IsSameFile(const std::string& a, const std::string& b) override;
   std::int64_t Length(const std::string& path) override;

@@ -13,7 +13,7 @@ constexpr long MostMemory = 1024L * 1024 * 1024;
 // A picture of a few bytes may claim scan after scan over all its blocks; honest ones have a dozen.
 constexpr int MostScans = 500;
 
-// Inks are stored inverted: 255 is no ink.
+// 255 is no ink.
 std::uint8_t InkToLight(unsigned ink, unsigned black) {
   return static_cast<std::uint8_t>((ink * black * 2 + 255) / 510);
 }
@@ -78,6 +78,7 @@ int JpegReader::Read(std::uint8_t* topRow, std::ptrdiff_t step, int bytesPerPixe
   });
   // What came ahead of the damage shows, as that of a file that ends early does.
   const bool stopped = progress_.stop != nullptr && *progress_.stop;
+  if (!read) CopyTurnedRows();
   if (!read && (stopped || errors_.status != jpeg::BadData || reader_.output_scanline == 0)) return errors_.status;
   return errors_.cutBeforeFirstRow ? jpeg::NoPicture : jpeg::Ok;
 }
@@ -96,31 +97,42 @@ void JpegReader::ReadRows(std::uint8_t* topRow, std::ptrdiff_t step) {
 // Some rows at a time, and of these column by column: in a picture that lies on its side they are neighbours there.
 void JpegReader::ReadTurnedRows(const TurnedPlaces& places) {
   constexpr unsigned MostRows = 16;
-  JSAMPARRAY rows = (*reader_.mem->alloc_sarray)(reinterpret_cast<j_common_ptr>(&reader_), JPOOL_IMAGE,
-                                                 reader_.output_width * 3, MostRows);
+  turning_ = {(*reader_.mem->alloc_sarray)(reinterpret_cast<j_common_ptr>(&reader_), JPOOL_IMAGE,
+                                           reader_.output_width * 3, MostRows),
+              0, places};
   while (reader_.output_scanline < reader_.output_height) {
-    std::uint8_t* to = places.first + static_cast<std::ptrdiff_t>(reader_.output_scanline) * places.down;
-    unsigned count = 0;
-    while (count < MostRows && reader_.output_scanline < reader_.output_height)
-      count += jpeg_read_scanlines(&reader_, rows + count, MostRows - count);
-    for (unsigned x = 0; x < reader_.output_width; ++x, to += places.across) {
-      for (unsigned y = 0; y < count; ++y)
-        std::copy_n(rows[y] + std::ptrdiff_t{x} * 3, 3, to + static_cast<std::ptrdiff_t>(y) * places.down);
-    }
+    while (turning_.count < MostRows && reader_.output_scanline < reader_.output_height)
+      turning_.count += jpeg_read_scanlines(&reader_, turning_.rows + turning_.count, MostRows - turning_.count);
+    CopyTurnedRows();
   }
+}
+
+// Also after damage: the rows that came ahead of it are there.
+void JpegReader::CopyTurnedRows() {
+  const TurnedPlaces& places = turning_.places;
+  std::uint8_t* to = places.first;
+  for (unsigned x = 0; x < reader_.output_width && turning_.count > 0; ++x, to += places.across) {
+    for (unsigned y = 0; y < turning_.count; ++y)
+      std::copy_n(turning_.rows[y] + std::ptrdiff_t{x} * 3, 3, to + static_cast<std::ptrdiff_t>(y) * places.down);
+  }
+  turning_.places.first += static_cast<std::ptrdiff_t>(turning_.count) * places.down;
+  turning_.count = 0;
 }
 
 void JpegReader::ReadCmykRows(const TurnedPlaces& places, int bytesPerPixel) {
   JSAMPARRAY inks =
       (*reader_.mem->alloc_sarray)(reinterpret_cast<j_common_ptr>(&reader_), JPOOL_IMAGE, reader_.output_width * 4, 1);
+  // Files with an Adobe segment store inks inverted; others as they are.
+  const unsigned flip = reader_.saw_Adobe_marker ? 0U : 255U;
   while (reader_.output_scanline < reader_.output_height) {
     std::uint8_t* to = places.first + static_cast<std::ptrdiff_t>(reader_.output_scanline) * places.down;
     jpeg_read_scanlines(&reader_, inks, 1);
     const std::uint8_t* from = inks[0];
     for (unsigned x = 0; x < reader_.output_width; ++x, from += 4, to += places.across) {
-      to[0] = InkToLight(from[2], from[3]);
-      to[1] = InkToLight(from[1], from[3]);
-      to[2] = InkToLight(from[0], from[3]);
+      const unsigned black = from[3] ^ flip;
+      to[0] = InkToLight(from[2] ^ flip, black);
+      to[1] = InkToLight(from[1] ^ flip, black);
+      to[2] = InkToLight(from[0] ^ flip, black);
       if (bytesPerPixel == 4) to[3] = 255;
     }
   }

@@ -38,8 +38,8 @@ class JpegReader {
 
   // Decodes into ReducedHeight() rows, the top one at `topRow` and each next one `step` bytes further (or back). A row
   // takes ReducedWidth() times `bytesPerPixel` bytes and nothing is written beyond: 3 for blue, green, red; 4, for
-  // pictures of four channels only, adds a byte of 255. Damage after the first rows leaves the rest as it was. Once
-  // only.
+  // pictures of four channels only, adds a byte of 255. After damage the rest is grey, or as it was; in a progressive
+  // picture damage ahead of its last scan is a failure. Once only.
   int Read(std::uint8_t* topRow, std::ptrdiff_t step, int bytesPerPixel);
 
  private:
@@ -55,10 +55,17 @@ class JpegReader {
   bool IsOnItsSide() const { return LiesOnItsSide(orientation_); }
   void ReadRows(std::uint8_t* topRow, std::ptrdiff_t step);
   void ReadTurnedRows(const TurnedPlaces& places);
+  void CopyTurnedRows();
   void ReadCmykRows(const TurnedPlaces& places, int bytesPerPixel);
 
   std::span<const std::uint8_t> bytes_;
   int orientation_ = 1;
+  // Stored rows that have been decoded and not turned yet.
+  struct {
+    JSAMPARRAY rows = nullptr;
+    unsigned count = 0;
+    TurnedPlaces places;
+  } turning_;
   JpegErrors errors_;
   jpeg_decompress_struct reader_{};
   Progress progress_;

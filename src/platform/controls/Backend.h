@@ -37,6 +37,8 @@ class Backend {
   // Toolkit::RunDueTimers is to be called at that moment (nothing: not at all); replaces what was asked before.
   virtual void WakeAt(std::optional<double> seconds) = 0;
   virtual Screen GetScreen() = 0;
+  // The largest size of a window: that of all screens together.
+  virtual Screen LargestWindow() { return GetScreen(); }
   virtual int MenuBarHeight() = 0;  // pixels
   // How many of the screen's own pixels make up the side of one pixel here: 1, or more on a high-density screen.
   virtual double Fineness() { return 1; }

@@ -64,7 +64,7 @@ void Form::SetTwipsTop(double twips) {
 
 void Form::SetTwipsWidth(double twips) {
   if (windowState_ != windowstate::Normal) throw RuntimeError(error::BadPropertyValue);
-  const double width = Granted(twips, SmallestWidth, toolkit_.GetScreen().Width);
+  const double width = Granted(twips, SmallestWidth, toolkit_.LargestWindow().Width);
   if (width == width_) return;
   width_ = width;
   Resized();
@@ -72,7 +72,7 @@ void Form::SetTwipsWidth(double twips) {
 
 void Form::SetTwipsHeight(double twips) {
   if (windowState_ != windowstate::Normal) throw RuntimeError(error::BadPropertyValue);
-  const double height = Granted(twips, SmallestHeight, toolkit_.GetScreen().Height);
+  const double height = Granted(twips, SmallestHeight, toolkit_.LargestWindow().Height);
   if (height == height_) return;
   height_ = height;
   Resized();

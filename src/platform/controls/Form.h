@@ -42,7 +42,7 @@ class Form : public Container {
   void SetSizable(bool sizable);
 
   // Outer size and place, twips; code that sets a size raises Resize when it differs. A size outside of what the system
-  // gives, from the smallest window to the whole screen, becomes the nearest within.
+  // gives, from the smallest window to all screens together, becomes the nearest within.
   double TwipsLeft() const { return left_; }
   double TwipsTop() const { return top_; }
   double TwipsWidth() const { return width_; }

@@ -90,6 +90,7 @@ class Toolkit {
 
   // --- services of the back end
   Screen GetScreen() { return backend_.GetScreen(); }
+  Screen LargestWindow() { return backend_.LargestWindow(); }
   int MenuBarHeight() { return backend_.MenuBarHeight(); }
   double Fineness() { return backend_.Fineness(); }
   TextDrawing& Text() { return backend_.Text(); }

@@ -4,6 +4,7 @@
 #include <gio/gunixmounts.h>
 #include <memory>
 #include <sys/stat.h>
+#include <unordered_map>
 #include <utility>
 
 namespace pixorra {
@@ -20,13 +21,18 @@ bool IsBelow(std::string_view path, std::string_view folder) {
 
 std::vector<Mount> AllMounts() {
   std::vector<Mount> mounts;
+  std::unordered_map<std::string, std::size_t> places;  // in `mounts`, by the point
   GList* all = g_unix_mounts_get(nullptr);
   for (GList* entry = all; entry != nullptr; entry = entry->next) {
     auto* found = static_cast<GUnixMountEntry*>(entry->data);
     const char* source = g_unix_mount_get_device_path(found);
     Mount mount{g_unix_mount_get_mount_path(found), g_unix_mount_get_fs_type(found), source == nullptr ? "" : source};
-    std::erase_if(mounts, [&mount](const Mount& old) { return old.Point == mount.Point; });
-    mounts.push_back(std::move(mount));
+    const auto [place, isNew] = places.try_emplace(mount.Point, mounts.size());
+    if (isNew) {
+      mounts.push_back(std::move(mount));
+    } else {
+      mounts[place->second] = std::move(mount);
+    }
     g_unix_mount_free(found);
   }
   g_list_free(all);

@@ -113,11 +113,19 @@ void PosixFiles::SetAttributes(const std::string& path, int attributes) {
   if (mode != old && fchmodat(AT_FDCWD, located.Path.Text().c_str(), mode, 0) != 0) RaiseFor(located.Path, errno);
 }
 
-bool PosixFiles::NameTaken(const std::string& path) {
+NameState PosixFiles::LookAtName(const std::string& path) {
   // What cannot be a name here is surely no name of anything.
-  return OrElse(false, [&] {
-    const int failure = Find(path).Failure;
-    return failure != ENOENT && failure != ENOTDIR && failure != ENAMETOOLONG;
+  return OrElse(NameState::Free, [&] {
+    switch (Find(path).Failure) {
+      case 0:
+        return NameState::Taken;
+      case ENOENT:
+      case ENOTDIR:
+      case ENAMETOOLONG:
+        return NameState::Free;
+      default:
+        return NameState::Unknown;
+    }
   });
 }
 

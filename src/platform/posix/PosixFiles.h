@@ -19,7 +19,7 @@ class PosixFiles : public Files {
   std::vector<std::string> Folders(const std::string& folder, int attributes) override;
   std::optional<int> Attributes(const std::string& path) override;
   void SetAttributes(const std::string& path, int attributes) override;
-  bool NameTaken(const std::string& path) override;
+  NameState LookAtName(const std::string& path) override;
   bool IsLink(const std::string& path) override;
   bool IsSameFile(const std::string& a, const std::string& b) override;
   std::int64_t Length(const std::string& path) override;

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <charconv>
 #include <dirent.h>
 #include <fcntl.h>
 #include <poll.h>
@@ -12,6 +11,7 @@
 #include "platform/posix/Mounts.h"
 #include "platform/posix/ShareMounts.h"
 #include "platform/runtime/NaturalOrder.h"
+#include "platform/runtime/Text.h"
 
 namespace pixorra {
 
@@ -43,21 +43,11 @@ VolumeKind KindAt(const std::string& mountPoint, const std::vector<Mount>& mount
   return VolumeKind::Removable;
 }
 
-// The name of a device: percent signs and two hexadecimal digits stand for bytes, low lines for blanks.
+// The name of a device: its identity for the desktop, percent signs undone, low lines for blanks.
 std::string DeviceName(std::string_view text) {
-  std::string name;
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    int byte = 0;
-    const char* digits = text.data() + i + 1;
-    const bool escape =
-        text[i] == '%' && i + 2 < text.size() && std::from_chars(digits, digits + 2, byte, 16).ptr == digits + 2;
-    if (escape) {
-      name += static_cast<char>(static_cast<unsigned char>(byte));
-      i += 2;
-    } else {
-      name += text[i] == '_' ? ' ' : text[i];
-    }
-  }
+  std::string name = PercentDecoded(text);
+  std::ranges::replace(name, '_', ' ');
+  std::erase(name, '\0');
   return NameForPeople(NameFromHost(name));
 }
 

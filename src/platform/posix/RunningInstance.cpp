@@ -55,11 +55,23 @@ UniqueFd Listen(const UniqueFd& folder) {
   return calls;
 }
 
-// The first start closes the connection when it has taken the call.
-bool WaitForEnd(const UniqueFd& call, double until) {
+enum class Answer { Taken, Ended, None };
+
+// The first start answers with a byte when it has taken the call. A connection that ends without one was never taken.
+Answer WaitForAnswer(const UniqueFd& call, double until) {
   pollfd wait{call.Get(), POLLIN, 0};
-  const int milliseconds = std::max(0, static_cast<int>((until - Now()) * 1000));
-  return poll(&wait, 1, milliseconds) > 0;
+  if (poll(&wait, 1, std::max(0, static_cast<int>((until - Now()) * 1000))) <= 0) return Answer::None;
+  char byte = 0;
+  return recv(call.Get(), &byte, 1, 0) == 1 ? Answer::Taken : Answer::Ended;
+}
+
+Answer Call(const UniqueFd& folder, double until) {
+  const sockaddr_un address = AddressIn(folder);
+  // A full queue of calls refuses at once, and does not keep this one waiting without an end.
+  const UniqueFd call = NewSocket(SOCK_NONBLOCK);
+  if (call && connect(call.Get(), reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0)
+    return WaitForAnswer(call, until);
+  return errno == ECONNREFUSED || errno == ENOENT ? Answer::Ended : Answer::None;
 }
 
 }  // namespace
@@ -70,24 +82,32 @@ RunningInstance::RunningInstance(const std::string& hostFolder) {
   if (!folder_) return;
   lock_ = UniqueFd(openat(folder_.Get(), LockName, O_RDWR | O_CREAT | O_NOFOLLOW | O_CLOEXEC, OwnersOnly));
   if (!lock_) return;
-  while (flock(lock_.Get(), LOCK_EX | LOCK_NB) != 0) {
-    if (errno == EINTR) continue;
-    first_ = errno != EWOULDBLOCK;
-    break;
-  }
-  if (first_) calls_ = Listen(folder_);
+  first_ = TakeLock();
 }
 
-bool RunningInstance::CallFirst(double seconds) const {
+// True also where the file system has no locks.
+bool RunningInstance::TakeLock() {
+  while (flock(lock_.Get(), LOCK_EX | LOCK_NB) != 0) {
+    if (errno == EWOULDBLOCK) return false;
+    if (errno != EINTR) return true;
+  }
+  calls_ = Listen(folder_);
+  return true;
+}
+
+RunningInstance::Outcome RunningInstance::CallFirst(double seconds) {
   const double until = Now() + seconds;
-  const sockaddr_un address = AddressIn(folder_);
   do {
-    const UniqueFd call = NewSocket(0);
-    if (call && connect(call.Get(), reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0)
-      return WaitForEnd(call, until);
+    const Answer answer = Call(folder_, until);
+    if (answer == Answer::Taken) return Outcome::Taken;
+    // Nobody listens: the first start is not ready yet, or is about to end, and then its lock is free.
+    if (answer == Answer::Ended && TakeLock()) {
+      first_ = true;
+      return Outcome::IsFirst;
+    }
     poll(nullptr, 0, Pause);
   } while (Now() < until);
-  return false;
+  return Outcome::Unanswered;
 }
 
 bool RunningInstance::TakeCalls() const {
@@ -96,6 +116,8 @@ bool RunningInstance::TakeCalls() const {
     const UniqueFd call(accept4(calls_.Get(), nullptr, nullptr, SOCK_CLOEXEC));
     if (call) {
       any = true;
+      const char answer = 1;
+      static_cast<void>(send(call.Get(), &answer, 1, MSG_NOSIGNAL));
     } else if (errno != EINTR && errno != ECONNABORTED) {
       return any;
     }

@@ -16,9 +16,10 @@ class RunningInstance {
 
   bool IsFirst() const { return first_; }
 
-  // For a later start: calls the first one, and returns when that has taken the call. False when nobody has within so
-  // many seconds.
-  bool CallFirst(double seconds) const;
+  enum class Outcome { Taken, IsFirst, Unanswered };
+  // For a later start: calls the first one, and returns when that has taken the call, when it has ended instead and
+  // this start has become the first, or when so many seconds have passed.
+  Outcome CallFirst(double seconds);
 
   // For the first: a descriptor that can be read when a later start calls; below 0 where there is none.
   int Calls() const { return calls_.Get(); }
@@ -26,6 +27,8 @@ class RunningInstance {
   bool TakeCalls() const;
 
  private:
+  bool TakeLock();
+
   UniqueFd folder_;
   UniqueFd lock_;
   UniqueFd calls_;

@@ -57,7 +57,7 @@ class CellDelegate final : public QStyledItemDelegate {
     int open = 0;
     for (const ListColumn& column : columns) {
       left -= column.Width;
-      if (column.Width == 0) ++open;
+      if (column.Width <= 0) ++open;
     }
     int x = row.rect.left();
     for (std::size_t i = 0; i < columns.size(); ++i) {

@@ -126,13 +126,25 @@ void QtBackend::RunTimers() {
   toolkit_->GetTimers().Changed();
 }
 
-Screen QtBackend::GetScreen() {
+namespace {
+
+Screen InTwips(const QSize& pixels) {
   Screen result;
-  if (const QScreen* screen = QGuiApplication::primaryScreen()) {
-    result.Width = screen->size().width() * result.TwipsPerPixelX;
-    result.Height = screen->size().height() * result.TwipsPerPixelY;
-  }
+  result.Width = pixels.width() * result.TwipsPerPixelX;
+  result.Height = pixels.height() * result.TwipsPerPixelY;
   return result;
+}
+
+}  // namespace
+
+Screen QtBackend::GetScreen() {
+  const QScreen* screen = QGuiApplication::primaryScreen();
+  return screen != nullptr ? InTwips(screen->size()) : Screen();
+}
+
+Screen QtBackend::LargestWindow() {
+  const QScreen* screen = QGuiApplication::primaryScreen();
+  return screen != nullptr ? InTwips(screen->virtualSize()) : Screen();
 }
 
 // Where screens differ, what is drawn is fine enough for each.

@@ -38,6 +38,7 @@ class QtBackend final : public Backend {
   double Seconds() override;
   void WakeAt(std::optional<double> seconds) override;
   Screen GetScreen() override;
+  Screen LargestWindow() override;
   int MenuBarHeight() override { return menuBarHeight_; }
   double Fineness() override;
   TextDrawing& Text() override { return text_; }

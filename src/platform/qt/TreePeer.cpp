@@ -218,7 +218,9 @@ class TreePeer final : public PeerOf<QTreeWidget, TreeView> {
 
   void MirrorLook(QTreeWidgetItem& item, const TreeView::Node& node) {
     item.setText(0, ToQString(node.Text()));
-    if (node.Spoken() != node.Text()) item.setData(0, Qt::AccessibleTextRole, ToQString(node.Spoken()));
+    // An entry that is not set is the item's own text.
+    const bool other = node.Spoken() != node.Text();
+    item.setData(0, Qt::AccessibleTextRole, other ? QVariant(ToQString(node.Spoken())) : QVariant());
     const auto opener =
         node.HasChildren() ? QTreeWidgetItem::ShowIndicator : QTreeWidgetItem::DontShowIndicatorWhenChildless;
     if (item.childIndicatorPolicy() != opener) item.setChildIndicatorPolicy(opener);

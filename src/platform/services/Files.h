@@ -54,6 +54,8 @@ enum class OpenMode {
   CreateNew,  // made, and nobody else made it: raises FileExists where the name is taken by anything at all
 };
 
+enum class NameState { Free, Taken, Unknown };
+
 // Look-ups ignore case and keep the case that the disk has; an exact match is preferred. Failures raise BadFileName,
 // FileNotFound, DeviceIO, FileExists, DiskFull, PermissionDenied, PathAccess or PathNotFound.
 class Files {
@@ -77,7 +79,9 @@ class Files {
   bool FolderExists(const std::string& path);  // a folder, or a link to one
   // The name is taken by anything at all, a link that leads nowhere included. False only where there is surely no such
   // name: a look that fails for any other reason counts as taken.
-  virtual bool NameTaken(const std::string& path) = 0;
+  bool NameTaken(const std::string& path) { return LookAtName(path) != NameState::Free; }
+  // The same, with looks that fail told apart.
+  virtual NameState LookAtName(const std::string& path) = 0;
   virtual bool IsLink(const std::string& path) = 0;
   // Both paths lead to one and the same file, by whatever names; false where either leads nowhere.
   virtual bool IsSameFile(const std::string& a, const std::string& b) = 0;

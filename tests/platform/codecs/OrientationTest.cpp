@@ -104,6 +104,26 @@ TEST(Orientation, PixelsComeUprightWholeAndReducedTopDownAndBottomUp) {
   }
 }
 
+TEST(Orientation, OfADamagedPhotoTheSameRowsComeTurnedAsUpright) {
+  for (const std::size_t sixteenth : {4U, 8U, 12U, 15U}) {
+    const auto damaged = [sixteenth](int orientation) {
+      std::string file = JpegPhoto(200, 160, {.quality = 95, .exif = true, .exifOrientation = orientation});
+      const std::size_t scan = file.find("\xFF\xDA");
+      // A marker that no scan may hold.
+      file.replace(scan + (file.size() - scan) * sixteenth / 16, 4, std::string("\xFF\xC0\x00\x02", 4));
+      return file;
+    };
+    const Decoded stored = Decode(damaged(1), 1);
+    const Decoded upright = Decode(damaged(6), 1);
+    for (int y = 0; y < stored.height; ++y) {
+      for (int x = 0; x < stored.width; ++x) {
+        const auto [seenX, seenY] = SeenAt(6, x, y, stored.width, stored.height);
+        ASSERT_EQ(upright.At(seenX, seenY)[1], stored.At(x, y)[1]) << sixteenth << ": " << x << ',' << y;
+      }
+    }
+  }
+}
+
 TEST(Orientation, GreyAndInksAreTurnedToo) {
   for (const int channels : {1, 4}) {
     const Decoded stored = Decode(Photo(1, channels), 1);

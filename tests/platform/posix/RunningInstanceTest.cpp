@@ -55,20 +55,37 @@ TEST_F(RunningInstanceTest, TheLockDiesWithItsHolder) {
 TEST_F(RunningInstanceTest, ALaterStartIsHeardByTheFirst) {
   const RunningInstance first(Host("C:\\config"));
   EXPECT_FALSE(first.TakeCalls());
-  const RunningInstance later(Host("C:\\config"));
-  bool heard = false;
-  std::thread caller([&] { heard = later.CallFirst(20); });
+  RunningInstance later(Host("C:\\config"));
+  auto outcome = RunningInstance::Outcome::Unanswered;
+  std::thread caller([&] { outcome = later.CallFirst(20); });
   pollfd wait{first.Calls(), POLLIN, 0};
   EXPECT_EQ(poll(&wait, 1, 20000), 1);
   EXPECT_TRUE(first.TakeCalls());
   caller.join();
-  EXPECT_TRUE(heard);
+  EXPECT_EQ(outcome, RunningInstance::Outcome::Taken);
   EXPECT_FALSE(first.TakeCalls());
 }
 
 TEST_F(RunningInstanceTest, AFirstStartThatDoesNotAnswerIsGivenUp) {
   const RunningInstance first(Host("C:\\config"));
-  EXPECT_FALSE(RunningInstance(Host("C:\\config")).CallFirst(0.05));
+  // More calls than wait in a queue.
+  for (int i = 0; i < 20; ++i)
+    EXPECT_EQ(RunningInstance(Host("C:\\config")).CallFirst(0.05), RunningInstance::Outcome::Unanswered);
+}
+
+TEST_F(RunningInstanceTest, ALaterStartWhoseFirstEndsWithoutAnAnswerBecomesTheFirst) {
+  auto first = std::make_unique<RunningInstance>(Host("C:\\config"));
+  RunningInstance later(Host("C:\\config"));
+  auto outcome = RunningInstance::Outcome::Unanswered;
+  std::thread caller([&] { outcome = later.CallFirst(20); });
+  pollfd wait{first->Calls(), POLLIN, 0};
+  EXPECT_EQ(poll(&wait, 1, 20000), 1);
+  first.reset();
+  caller.join();
+  EXPECT_EQ(outcome, RunningInstance::Outcome::IsFirst);
+  EXPECT_TRUE(later.IsFirst());
+  EXPECT_GE(later.Calls(), 0);
+  EXPECT_FALSE(RunningInstance(Host("C:\\config")).IsFirst());
 }
 
 TEST_F(RunningInstanceTest, APathLongerThanAnAddressIsFine) {

@@ -17,7 +17,7 @@ class OneAnswer : public Files {
   std::vector<std::string> Names(const std::string&, const std::string&, int) override { return {}; }
   std::vector<std::string> Folders(const std::string&, int) override { return {}; }
   void SetAttributes(const std::string&, int) override {}
-  bool NameTaken(const std::string&) override { return attributes_.has_value(); }
+  NameState LookAtName(const std::string&) override { return attributes_ ? NameState::Taken : NameState::Free; }
   bool IsLink(const std::string&) override { return false; }
   bool IsSameFile(const std::string&, const std::string&) override { return false; }
   std::int64_t Length(const std::string&) override { return 0; }
