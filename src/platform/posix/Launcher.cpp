@@ -31,6 +31,10 @@ int BecomeProgram(char* const* arguments, const char* workingFolder) {
 
 // The process between this program and the one that is started; the started one belongs to nobody when it has ended.
 [[noreturn]] void BeBetween(int reports, char* const* arguments, const char* workingFolder) {
+  // What this program holds, its lock among it, must not be held on where the start takes its time.
+  const auto kept = static_cast<unsigned>(reports);
+  if (kept > 3) close_range(3, kept - 1, 0);
+  close_range(kept + 1, ~0U, 0);
   setsid();
   const pid_t started = fork();
   if (started > 0) _exit(0);

@@ -170,8 +170,10 @@ void PosixFiles::Delete(const std::string& path) {
   const Located located = Locate(asked);
   MustExist(located);
   MustNotBeRoot(located.Path);
-  // A file of another case is another file, unless the disk itself finds it by this name.
-  if (located.Path.Names.back() != asked.Names.back()) throw RuntimeError(error::FileNotFound);
+  // A file of another case is another file, and so is one in a folder of another case, unless the disk itself finds it
+  // by this name. How a share is mounted is spelled in several ways.
+  for (std::size_t i = asked.RootNames; i < asked.Names.size(); ++i)
+    if (located.Path.Names[i] != asked.Names[i]) throw RuntimeError(error::FileNotFound);
   // unlink itself refuses folders.
   if (unlink(located.Path.Text().c_str()) != 0) RaiseFor(located.Path, errno);
 }
@@ -202,6 +204,9 @@ void PosixFiles::RenameOver(const std::string& from, const std::string& to) {
   MustBeReachable(target);
   if (!S_ISREG(source.Entry.st_mode) || (target.Exists() && !S_ISREG(target.Entry.st_mode)))
     throw RuntimeError(error::PathAccess);
+  // Who may read the old file may read the new one, and nobody else. A disk without permissions has none to keep.
+  if (target.Exists())
+    static_cast<void>(fchmodat(AT_FDCWD, source.Path.Text().c_str(), target.Entry.st_mode & 07777U, 0));
   if (rename(source.Path.Text().c_str(), target.Path.Text().c_str()) != 0) RaiseFor(source.Path, errno);
 }
 

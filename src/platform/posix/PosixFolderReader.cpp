@@ -4,6 +4,7 @@
 #include <condition_variable>
 #include <deque>
 #include <mutex>
+#include <new>
 #include <system_error>
 #include <thread>
 #include <utility>
@@ -76,9 +77,14 @@ void PosixFolderReader::Work(const std::shared_ptr<Queue>& queue) {
     queue->Waiting.pop_front();
     if (task->Cancelled) continue;
     lock.unlock();
-    Answer answer = task->Look();
-    lock.lock();
-    if (queue->Loop != nullptr) queue->Loop->Post([task, answer = std::move(answer)] { Deliver(*task, answer); });
+    // Without memory for the answer there is none; the others must not suffer for it.
+    try {
+      Answer answer = task->Look();
+      lock.lock();
+      if (queue->Loop != nullptr) queue->Loop->Post([task, answer = std::move(answer)] { Deliver(*task, answer); });
+    } catch (const std::bad_alloc&) {
+      if (!lock.owns_lock()) lock.lock();
+    }
   }
 }
 

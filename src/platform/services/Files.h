@@ -96,7 +96,7 @@ class Files {
   // Raises FileExists where `to` is taken; never replaces.
   virtual void Rename(const std::string& from, const std::string& to) = 0;
   // Puts `from` in the place of the file `to` in one step: whoever opens `to` finds the old file or the new one, whole.
-  // For files that are the program's own.
+  // The new one takes over the permissions. For files that are the program's own.
   virtual void RenameOver(const std::string& from, const std::string& to) = 0;
   virtual void MakeFolder(const std::string& path) = 0;
   virtual void RemoveFolder(const std::string& path) = 0;  // only an empty one, never through a link

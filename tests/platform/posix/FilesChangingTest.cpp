@@ -27,7 +27,9 @@ TEST_P(FilesChanging, DeleteLeavesAFileOfAnotherCaseWhereTheDiskTellsThemApart) 
   drive_.Write("C:\\p\\a.jpg", "1");
   EXPECT_EQ(NumberOfDelete("C:\\p\\A.JPG"), error::FileNotFound);
   EXPECT_EQ(drive_.Read("C:\\p\\a.jpg"), "1");
-  TheFiles().Delete("C:\\P\\a.jpg");
+  EXPECT_EQ(NumberOfDelete("C:\\P\\a.jpg"), error::FileNotFound) << "another folder, perhaps";
+  EXPECT_EQ(drive_.Read("C:\\p\\a.jpg"), "1");
+  TheFiles().Delete("C:\\p\\a.jpg");
   EXPECT_FALSE(drive_.Exists("C:\\p\\a.jpg"));
 }
 
@@ -109,6 +111,16 @@ TEST_P(FilesChanging, RenameOverPutsAFileInTheOthersPlace) {
   EXPECT_FALSE(drive_.Exists("C:\\p\\new"));
   TheFiles().RenameOver("C:\\p\\old", "C:\\p\\free");
   EXPECT_EQ(drive_.Read("C:\\p\\free"), "new");
+}
+
+TEST_P(FilesChanging, RenameOverKeepsThePermissionsOfTheFileThatItReplaces) {
+  drive_.Write("C:\\p\\new", "new");
+  drive_.Write("C:\\p\\old", "old");
+  drive_.SetMode("C:\\p\\old", 0600);
+  TheFiles().RenameOver("C:\\p\\new", "C:\\p\\old");
+  struct stat entry {};
+  ASSERT_EQ(stat(drive_.HostPath("C:\\p\\old").c_str(), &entry), 0);
+  EXPECT_EQ(entry.st_mode & 0777U, 0600U);
 }
 
 TEST_P(FilesChanging, RenameOverTakesThePlaceOfNoFolderAndNoLink) {
