@@ -55,8 +55,11 @@ void WriteSavedState(MainForm& main) {
   // A file that may not be written stays as it is, though its folder would let another one take its place.
   if (files.NameTaken(path)) files.Open(path, OpenMode::ReadWrite);
   std::unique_ptr<File> file;
-  const bool besideItself = ErrorsIgnored([&] { file = files.Open(beside, OpenMode::Replace); }) == error::None;
-  // A folder that takes no new file may still let the file itself be written.
+  const int opened = ErrorsIgnored([&] { file = files.Open(beside, OpenMode::Replace); });
+  const bool besideItself = opened == error::None;
+  // A folder that may not be written takes no new file, but may still let the file itself be written. After any other
+  // failure, a full disk among them, the state before stays.
+  if (!besideItself && opened != error::PathAccess && opened != error::PermissionDenied) throw RuntimeError(opened);
   if (!besideItself) file = files.Open(path, OpenMode::Replace);
   const int failure = ErrorsIgnored([&] {
     const std::string bytes = Compose(main);

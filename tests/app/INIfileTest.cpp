@@ -216,6 +216,24 @@ TEST_F(INIfileTest, ADiskThatFillsLeavesTheStateBeforeAndTheWindowClosesWithoutA
   EXPECT_FALSE(drive.Exists(std::string(StateFile) + ".new"));
 }
 
+TEST_F(INIfileTest, ADiskThatTakesNoNewFileLeavesTheStateBeforeAndIsTold) {
+  ProgramRun& run = StartedFrom(StateLines("C:\\Strip", {}));
+  const std::string before = drive.Read(StateFile);
+  run.main.core.CompanyNameLabel.SetCaption("Changed");
+  run.files.FailAlways(FileCall::OpenToWrite, error::DiskFull, "Pixorra.sav.new");
+  run.person.ExpectBox("Pixorra", "61  Disk full");
+  run.Close();
+  EXPECT_EQ(drive.Read(StateFile), before);
+}
+
+TEST_F(INIfileTest, InAFolderThatTakesNoNewFileTheFileItselfIsWritten) {
+  ProgramRun& run = StartedFrom(StateLines("C:\\Strip", {}));
+  run.main.core.CompanyNameLabel.SetCaption("Changed");
+  run.files.FailAlways(FileCall::OpenToWrite, error::PathAccess, "Pixorra.sav.new");
+  run.Close();
+  EXPECT_NE(drive.Read(StateFile).find("\"Changed\""), std::string::npos);
+}
+
 TEST_F(INIfileTest, AStateThatCannotBePutInPlaceLeavesTheOneBefore) {
   for (const FileCall call : {FileCall::Flush, FileCall::Rename}) {
     ProgramRun& run = StartedFrom(StateLines("C:\\Strip", {}));
