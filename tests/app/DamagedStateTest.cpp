@@ -13,7 +13,7 @@
 namespace pixorra {
 namespace {
 
-constexpr const char* StateFile = "C:\\Windows\\Pixorra.sav";
+constexpr const char* SavedStateFile = "C:\\Windows\\Pixorra.sav";
 
 class DamagedStateTest : public ProgramTest {
  protected:
@@ -43,7 +43,7 @@ class DamagedStateTest : public ProgramTest {
   }
   // A run from these bytes. Boxes about folders may come up; anything else that is told is a failure.
   ProgramRun& StartedFromBytes(const std::string& bytes) {
-    drive.Write(StateFile, bytes);
+    drive.Write(SavedStateFile, bytes);
     ProgramRun& run = NewRun();
     run.platform.failures.OnFailure = [](const std::string& text) {
       const bool aboutFolder = text.starts_with("unexpected box \"WARNING: Can't display the folder\"") ||
@@ -79,7 +79,7 @@ TEST_F(DamagedStateTest, AnEmptyFileLeavesTheFactorySettings) {
 }
 
 TEST_F(DamagedStateTest, AFileThatCannotBeReadLeavesTheFactorySettings) {
-  drive.Write(StateFile, WholeFile());
+  drive.Write(SavedStateFile, WholeFile());
   ProgramRun& denied = NewRun();
   denied.files.FailAlways(FileCall::OpenToRead, error::PathAccess, "Pixorra.sav");
   denied.Start();
@@ -92,7 +92,7 @@ TEST_F(DamagedStateTest, AFileThatCannotBeReadLeavesTheFactorySettings) {
 }
 
 TEST_F(DamagedStateTest, AFolderInTheFilesPlaceLeavesTheFactorySettings) {
-  drive.MakeFolder(StateFile);
+  drive.MakeFolder(SavedStateFile);
   ProgramRun& run = Started();
   ExpectFactorySettings(run.main);
   run.person.ExpectBox("Pixorra", "");
@@ -218,7 +218,7 @@ TEST_F(DamagedStateTest, TenThousandPreviousEntriesAreReadAndWrittenBack) {
   EXPECT_EQ(previous.List(0), "C:\\Card\\1");
   EXPECT_EQ(previous.List(9999), "C:\\Card\\10000");
   run.Close();
-  const std::string written = drive.Read(StateFile);
+  const std::string written = drive.Read(SavedStateFile);
   EXPECT_TRUE(written.find("\r\n10000\r\n\"C:\\Card\\1\"\r\n") != std::string::npos);
   EXPECT_TRUE(written.ends_with("\"C:\\Card\\9999\"\r\n\"C:\\Card\\10000\"\r\n"));
 }

@@ -13,7 +13,7 @@
 namespace pixorra {
 namespace {
 
-constexpr const char* StateFile = "C:\\Windows\\Pixorra.sav";
+constexpr const char* SavedAtExit = "C:\\Windows\\Pixorra.sav";
 
 struct Way {
   const char* name;
@@ -38,10 +38,10 @@ class ShutdownTest : public ProgramTest, public ::testing::WithParamInterface<Wa
     WriteSavedState(saved);
     ProgramRun& run = Started();
     run.LoadAll();
-    drive.Remove(StateFile);
+    drive.Remove(SavedAtExit);
     return run;
   }
-  std::string State() const { return drive.Read(StateFile); }
+  std::string State() const { return drive.Read(SavedAtExit); }
 };
 
 INSTANTIATE_TEST_SUITE_P(
@@ -97,7 +97,7 @@ TEST_P(ShutdownTest, NoTimerIsStopped) {
 
 TEST_P(ShutdownTest, AStateThatCannotBeWrittenIsToldAndTheWindowClosesAllTheSame) {
   ProgramRun& run = Loaded("C:\\Strip");
-  drive.Write(StateFile, "the run before");
+  drive.Write(SavedAtExit, "the run before");
   run.files.FailAlways(FileCall::OpenToWrite, error::PathAccess, "Pixorra.sav");
   run.person.ExpectBox("Pixorra", "75  Path/File access error");
   GetParam().close(run);

@@ -9,8 +9,6 @@
 namespace pixorra {
 namespace {
 
-constexpr const char* CopyFailed = "Pixorra - Unable to Drop Photo";
-
 using DropIntoFolderTest = DropTest;
 
 TEST_F(DropIntoFolderTest, APhotoDroppedOnAFolderIsCopiedCountedMarkedAndRemembered) {

@@ -17,6 +17,8 @@
 
 namespace pixorra {
 
+inline constexpr const char* CopyFailed = "Pixorra - Unable to Drop Photo";
+
 class DropTest : public ProgramTest {
  protected:
   DropTest() {

@@ -9,7 +9,6 @@
 namespace pixorra {
 namespace {
 
-constexpr const char* CopyFailed = "Pixorra - Unable to Drop Photo";
 constexpr const char* StopTitle = "Dragging ALL remaining Photos";
 
 using DropWholeStripTest = DropTest;

@@ -18,8 +18,6 @@ namespace {
 
 using ::testing::ElementsAre;
 
-constexpr const char* CopyFailed = "Pixorra - Unable to Drop Photo";
-
 class ReadOnlyDropTest : public DropTest {
  protected:
   // Whatever lies in a host's folder, by name, with its bytes.

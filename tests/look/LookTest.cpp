@@ -24,7 +24,7 @@ namespace {
 
 using ::testing::IsEmpty;
 
-constexpr const char* Card = "C:\\Card";
+constexpr const char* StripFolder = "C:\\Card";
 constexpr const char* LongName = "An evening at the lake with all of the cousins and their dogs";
 
 QPalette LightDesktop() {
@@ -71,12 +71,12 @@ class LookTest : public ProgramTest, public ::testing::WithParamInterface<Deskto
     folders.push_back(std::string("C:\\Home\\The open one, ") + LongName);
     for (const char* name : {"a", "Photograph of everybody", "PXR00001"}) {
       drive.Write(folders.back() + "\\" + name + ".jpg", JpegPhoto(320, 240));
-      drive.Write(std::string(Card) + "\\" + name + ".jpg", JpegPhoto(240, 320));
+      drive.Write(std::string(StripFolder) + "\\" + name + ".jpg", JpegPhoto(240, 320));
     }
     for (int i = 100; i < 118; ++i) {
-      drive.Write(std::string(Card) + "\\DSC0" + std::to_string(i) + ".JPG", JpegPhoto(320, 200 + i));
+      drive.Write(std::string(StripFolder) + "\\DSC0" + std::to_string(i) + ".JPG", JpegPhoto(320, 200 + i));
     }
-    WriteSavedState(StateLines(Card, folders));
+    WriteSavedState(StateLines(StripFolder, folders));
   }
   ~LookTest() override {
     EndRun();

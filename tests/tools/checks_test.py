@@ -271,6 +271,15 @@ class Orphans(CheckTest):
         self.write("build/compile_commands.json", '[{"directory": "%s/build", "file": "../src/app/A.cpp"}]' % self.root)
         self.assert_passes("orphans", "--build", str(self.root / "build"))
 
+    def test_files_that_are_compiled_as_one_are_built(self):
+        self.write("tests/app/ATest.cpp", "")
+        self.write("build/Unity/unity_0_cxx.cxx", f'#include "{self.root}/tests/app/ATest.cpp"\n')
+        self.write("build/compile_commands.json",
+                   '[{"directory": "%s/build", "file": "Unity/unity_0_cxx.cxx"}]' % self.root)
+        self.assert_passes("orphans", "--build", str(self.root / "build"))
+        self.write("tests/app/BTest.cpp", "")
+        self.assert_fails("orphans", "tests/app/BTest.cpp:1", "--build", str(self.root / "build"))
+
 
 class Format(CheckTest):
     def setUp(self):

@@ -25,7 +25,8 @@ class ScriptTest(unittest.TestCase):
         self.bin.mkdir()
         self.log = Path(folder.name) / "log"
         self.log.touch()
-        for name in ("run", "test", ".ci/run", "tools/install-packages", "tools/packages.txt", "tools/fuzz", "tools/test-targets"):
+        for name in ("run", "test", ".ci/run", "tools/install-packages", "tools/packages.txt", "tools/fuzz", "tools/test-targets",
+                     "tools/checks/sources.py"):
             (self.root / name).parent.mkdir(parents=True, exist_ok=True)
             shutil.copy2(ROOT / name, self.root / name)
         self.environment = {"PATH": f"{self.bin}:{os.environ['PATH']}", "LOG": str(self.log), "HOME": folder.name}

@@ -1,17 +1,13 @@
 #!/usr/bin/env python3
 """Checks that every .cpp file is compiled into something: a file that no target builds is tried by nobody."""
 
-import json
-from pathlib import Path
-
 import sources
 
 
 def main():
     arguments = sources.parse_arguments(__doc__, build="build folder with the compile_commands.json of a full build")
     root = arguments.root.resolve()
-    commands = json.loads((Path(arguments.build) / "compile_commands.json").read_text(encoding="utf-8"))
-    built = {(Path(entry["directory"]) / entry["file"]).resolve() for entry in commands}
+    built = {path for _, path in sources.compiled(arguments.build)}
     files = [path for path in sources.code_files(root) if path.suffix == ".cpp"]
     sources.report([f"{path.relative_to(root).as_posix()}:1: no target builds this file"
                     for path in files if path.resolve() not in built],

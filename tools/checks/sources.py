@@ -1,6 +1,7 @@
 """What the checks share: finding sources, their includes, and code without comments and texts."""
 
 import argparse
+import json
 import re
 import sys
 from pathlib import Path
@@ -34,6 +35,17 @@ def code_files(root, folders=CODE_FOLDERS):
     """The .cpp and .h files below these folders of the checkout, sorted."""
     return sorted(path for folder in folders for path in (root / folder).rglob("*")
                   if path.suffix in CODE_SUFFIXES and path.is_file())
+
+
+def compiled(build):
+    """(the compiler's command, source) of all that a build folder compiles. Of files that are compiled as one, each."""
+    for entry in json.loads((Path(build) / "compile_commands.json").read_text(encoding="utf-8")):
+        path = Path(entry["directory"], entry["file"]).resolve()
+        if path.parent.name == "Unity" and path.exists():
+            for _, _, name in includes(read(path)):
+                yield entry.get("command", ""), Path(name).resolve()
+        else:
+            yield entry.get("command", ""), path
 
 
 def read(path):

@@ -10,12 +10,12 @@ namespace pixorra {
 
 namespace {
 
-constexpr double TwipsPerPixel = 20;
+constexpr double TwipsPerDot = 20;
 constexpr double PictureTwips = 15;
 constexpr double PointsOfAPixel = 72.0 / 96;  // of a text whose points are pixels here
 
 int Pixel(double twips) {
-  return static_cast<int>(std::lround(twips / TwipsPerPixel));
+  return static_cast<int>(std::lround(twips / TwipsPerDot));
 }
 
 void Fill(Bitmap& page, double left, double top, double right, double bottom, Colour colour) {
@@ -69,9 +69,9 @@ Bitmap PageImage(const HeadlessPrinter& printer, const PrintedPage& page) {
     double x = item.X;
     double y = item.Y;
     for (const std::string& line : LinesOf(item.Text)) {
-      HeadlessText().Draw(shown, font, x / TwipsPerPixel, y / TwipsPerPixel, line, item.InColour);
+      HeadlessText().Draw(shown, font, x / TwipsPerDot, y / TwipsPerDot, line, item.InColour);
       x = 0;
-      y += 1.2 * item.FontSize * TwipsPerPixel;
+      y += 1.2 * item.FontSize * TwipsPerDot;
     }
   }
   return shown;

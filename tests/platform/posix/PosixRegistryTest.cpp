@@ -20,8 +20,8 @@ namespace {
 
 using ::testing::HasSubstr;
 
-constexpr const char* verbKey = "Folder\\Shell\\SlideShow by Pixorra";
-constexpr const char* commandKey = "Folder\\Shell\\SlideShow by Pixorra\\Command";
+constexpr const char* folderVerb = "Folder\\Shell\\SlideShow by Pixorra";
+constexpr const char* folderVerbCommand = "Folder\\Shell\\SlideShow by Pixorra\\Command";
 constexpr const char* serviceMenu = "C:\\data\\kio\\servicemenus\\pixorra-slideshow-by-pixorra.desktop";
 constexpr const char* script = "C:\\data\\nautilus\\scripts\\SlideShow by Pixorra";
 
@@ -31,7 +31,7 @@ class OnPosixRegistry : public ::testing::Test {
       : registry_(drive_.HostRoot() + "/data",
                   std::make_shared<FixedMapping>(PathMapping({{'C', drive_.HostRoot(), "Test"}}))) {}
   void Add() {
-    registry_.SetKeyValue(registry::ClassesRoot, commandKey, "", "C:\\win dows\\Pixorra SlideShow.scr 21%L");
+    registry_.SetKeyValue(registry::ClassesRoot, folderVerbCommand, "", "C:\\win dows\\Pixorra SlideShow.scr 21%L");
   }
   TemporaryDrive drive_;
   PosixRegistry registry_;
@@ -47,10 +47,11 @@ TEST_F(OnPosixRegistry, AVerbsFilesAreThereFromItsSettingToItsDeletion) {
 }
 
 TEST_F(OnPosixRegistry, TheMachinesKeysStayMissingQuietly) {
-  registry_.SetKeyValue(registry::LocalMachine, std::string("Software\\CLASSES\\") + commandKey, "", "C:\\x 21%L");
-  registry_.SetKeyValue(registry::LocalMachine, commandKey, "", "C:\\x 21%L");
-  EXPECT_FALSE(registry_.KeyExists(registry::LocalMachine, std::string("Software\\CLASSES\\") + verbKey));
-  EXPECT_FALSE(registry_.KeyExists(registry::ClassesRoot, verbKey));
+  registry_.SetKeyValue(registry::LocalMachine, std::string("Software\\CLASSES\\") + folderVerbCommand, "",
+                        "C:\\x 21%L");
+  registry_.SetKeyValue(registry::LocalMachine, folderVerbCommand, "", "C:\\x 21%L");
+  EXPECT_FALSE(registry_.KeyExists(registry::LocalMachine, std::string("Software\\CLASSES\\") + folderVerb));
+  EXPECT_FALSE(registry_.KeyExists(registry::ClassesRoot, folderVerb));
   EXPECT_FALSE(drive_.Exists("C:\\data"));
 }
 
@@ -61,7 +62,7 @@ TEST_F(OnPosixRegistry, OtherKeysDoNothing) {
     EXPECT_FALSE(registry_.KeyExists(registry::ClassesRoot, key)) << key;
     registry_.DeleteKey(registry::ClassesRoot, key);
   }
-  EXPECT_TRUE(registry_.KeyExists(registry::ClassesRoot, verbKey));
+  EXPECT_TRUE(registry_.KeyExists(registry::ClassesRoot, folderVerb));
 }
 
 // The value of the last line that begins with the key.
@@ -116,15 +117,15 @@ TEST_F(OnPosixRegistry, SomebodyElsesFileUnderTheSameNameStays) {
   drive_.Write(script, "#!/bin/sh\necho mine\n");
   Add();
   EXPECT_EQ(drive_.Read(script), "#!/bin/sh\necho mine\n");
-  registry_.DeleteKey(registry::ClassesRoot, verbKey);
+  registry_.DeleteKey(registry::ClassesRoot, folderVerb);
   EXPECT_EQ(drive_.Read(script), "#!/bin/sh\necho mine\n");
 }
 
 TEST_F(OnPosixRegistry, WhereNothingCanBeWrittenNothingIsTold) {
   drive_.Write("C:\\data", "a file in the way");
   Add();
-  EXPECT_FALSE(registry_.KeyExists(registry::ClassesRoot, verbKey));
-  registry_.DeleteKey(registry::ClassesRoot, verbKey);
+  EXPECT_FALSE(registry_.KeyExists(registry::ClassesRoot, folderVerb));
+  registry_.DeleteKey(registry::ClassesRoot, folderVerb);
   EXPECT_EQ(drive_.Read("C:\\data"), "a file in the way");
 }
 

@@ -11,7 +11,7 @@ namespace pixorra {
 
 namespace {
 
-void SendMouse(QWidget& widget, QEvent::Type type, QPoint at, Qt::MouseButton button, Qt::MouseButtons held) {
+void SendMouseNow(QWidget& widget, QEvent::Type type, QPoint at, Qt::MouseButton button, Qt::MouseButtons held) {
   QMouseEvent event(type, QPointF(at), QPointF(widget.mapToGlobal(at)), button, held, Qt::NoModifier);
   QApplication::sendEvent(&widget, &event);
 }
@@ -48,15 +48,15 @@ QImage QtTest::Shot(Form& form) {
 }
 
 void QtTest::Press(QWidget& widget, QPoint at, Qt::MouseButton button) {
-  SendMouse(widget, QEvent::MouseButtonPress, at, button, button);
+  SendMouseNow(widget, QEvent::MouseButtonPress, at, button, button);
 }
 
 void QtTest::Move(QWidget& widget, QPoint at, Qt::MouseButtons held) {
-  SendMouse(widget, QEvent::MouseMove, at, Qt::NoButton, held);
+  SendMouseNow(widget, QEvent::MouseMove, at, Qt::NoButton, held);
 }
 
 void QtTest::Release(QWidget& widget, QPoint at, Qt::MouseButton button) {
-  SendMouse(widget, QEvent::MouseButtonRelease, at, button, Qt::NoButton);
+  SendMouseNow(widget, QEvent::MouseButtonRelease, at, button, Qt::NoButton);
 }
 
 void QtTest::Click(QWidget& widget, QPoint at, Qt::MouseButton button) {
