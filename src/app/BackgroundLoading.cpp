@@ -3,6 +3,7 @@
 #include <functional>
 #include <vector>
 
+#include "app/Hints.h"
 #include "app/Layout.h"
 #include "desktop/OpenFolderView.h"
 #include "filmstrip/Listing.h"
@@ -98,6 +99,7 @@ void ThumbsTimer_Timer(MainForm& main) {
   if (main.core.LayoutCountdown > 0 && --main.core.LayoutCountdown == 0) Window_Layout(main);
   // On a screen that is too small the layout has ended the program.
   if (main.host.toolkit.Ended()) return;
+  ShowHints(main);
   if (!strip.ThumbsTimer.Tag().empty()) {
     strip.ThumbsTimer.SetTag("");
     LoadOpenFolder(main);

@@ -134,6 +134,7 @@ void ConnectEvents(MainForm& main) {
   ConnectPreview(main);
   ConnectDesktop(main);
   ConnectDrop(main);
+  ConnectHelp(main);
   ConnectSpoken(main);
 }
 

@@ -20,6 +20,7 @@ void ConnectFolders(MainForm& main) {
   }
   Connect(desk.DesktopImage.On().Click, [&main](Control&) { ShowFolder_Click(main); });
   Connect(desk.ShowFolder.On().Click, [&main](Control&) { ShowFolder_Click(main); });
+  Connect(desk.NoFolderHint.On().Click, [&main](Control&) { ShowFolder_Click(main); });
   Connect(desk.HideFolder.On().Click, [&main](Control&) { HideFolder_Click(main); });
 }
 

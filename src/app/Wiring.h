@@ -8,6 +8,7 @@ struct MainForm;
 void ConnectDesktop(MainForm& main);
 void ConnectDrop(MainForm& main);
 void ConnectFilmStrip(MainForm& main);
+void ConnectHelp(MainForm& main);
 void ConnectPreview(MainForm& main);
 void ConnectSpoken(MainForm& main);
 

@@ -13,6 +13,7 @@
 #include "platform/runtime/Errors.h"
 #include "platform/runtime/Format.h"
 #include "platform/runtime/Numbers.h"
+#include "utility/HelpPages.h"
 #include "window/MainForm.h"
 
 namespace pixorra {
@@ -73,7 +74,6 @@ void DuplicateAskForm::PlaceButtons(int top, int width) {
   IgnoreButton.SetCaption("&Ignore");
   IgnoreButton.SetCancel(true);
   HelpButton.SetCaption("&Help");
-  HelpButton.SetEnabled(false);  // waits for its page
 }
 
 DuplicateAskForm::DuplicateAskForm(Toolkit& toolkit) : Window(toolkit, "DuplicateAskForm") {
@@ -118,6 +118,7 @@ std::string DeleteDuplicate(MainForm& main, const std::string& equalFile, const 
   const std::string parent = ParentPathOf(equalFile);
   form.Window.SetCaption("Duplicate Photo Found in [" +
                          ShownFolderName(files, IsRootPath(parent) ? parent : StripTrailingBackslash(parent)) + "]");
+  Connect(form.HelpButton.On().Click, [&main](Control&) { ShowHelp(main, HelpTopic::Duplicate); });
   switch (form.Question.Ask(main.Window)) {
     case ToDelete::Original:
       return equalFile;

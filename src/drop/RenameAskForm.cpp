@@ -14,6 +14,7 @@
 #include "platform/runtime/Text.h"
 #include "platform/services/Dialogs.h"
 #include "platform/services/Files.h"
+#include "utility/HelpPages.h"
 #include "window/MainForm.h"
 
 namespace pixorra {
@@ -97,7 +98,6 @@ void RenameAskForm::PlaceControls() {
   UniqueNameButton.Move(buttons, 214, ButtonWidth, ButtonHeight);
   HelpButton.SetCaption("&Help");
   HelpButton.Move(buttons, 264, ButtonWidth, ButtonHeight);
-  HelpButton.SetEnabled(false);
   CancelButton.SetCaption("&Cancel");
   CancelButton.Move(buttons - 12 - ButtonWidth, 264, ButtonWidth, ButtonHeight);
   CancelButton.SetCancel(true);
@@ -131,6 +131,7 @@ void RenameAskForm::ConnectControls() {
   ConnectName(UniqueName, UniqueNameButton);
   AlwaysNameButton.SetDefault(true);
   question_.AnswerBy(CancelButton, "CANCEL");
+  Connect(HelpButton.On().Click, [this](Control&) { ShowHelp(main_, HelpTopic::Rename); });
 }
 
 std::string RenameAskForm::Ask(const std::string& path) {

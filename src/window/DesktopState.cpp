@@ -49,6 +49,14 @@ void DesktopState::DefineDesktop(Host& host) {
   for (ImageBox* box : {&ShowFolder, &HideFolder}) {
     box->SetMousePointer(pointer::Hand);
   }
+  NoFolderHint.SetCaption("Show a folder to sort into");
+  NoFolderHint.SetForeColor(palette::CountText);
+  NoFolderHint.SetBackColor(palette::CountHalo);
+  NoFolderHint.SetHalo(true);
+  NoFolderHint.SetFont({"", 11, false});
+  NoFolderHint.SetAutoSize(true);
+  NoFolderHint.SetMousePointer(pointer::Hand);
+  NoFolderHint.SetVisible(false);
   FolderRenameBox.SetVisible(false);
   FolderRenameBox.Move(0, 0, 120, 22);
 }

@@ -57,6 +57,7 @@ struct DesktopState {
   ControlArray<Label> DestFolderName{window_, "DestFolderName"};
   ControlArray<ImageBox> DestFolderPreview{window_, "DestFolderPreview"};
   ControlArray<FileListBox> DestFolderFiles{window_, "DestFolderFiles", host_.files};
+  Label NoFolderHint{window_, "NoFolderHint"};  // what to do first, where no folder is shown
   ImageBox ShowFolder{window_, "ShowFolder"};
   ImageBox HideFolder{window_, "HideFolder"};
   FileListBox DestFileList{window_, "DestFileList", host_.files};  // the open folder's photos

@@ -42,6 +42,11 @@ void FilmStripState::DefineStrip(Host& host) {
   SrcThumbName(0).SetFont({"", 8, false});
   SrcThumbFrame.SetBorder(palette::Selection, 3);
   SrcThumbFrame.SetVisible(false);
+  NoFilmStripHint.SetCaption("Choose the camera, or browse for a folder of photos");
+  NoFilmStripHint.SetForeColor(palette::FilmText);
+  NoFilmStripHint.SetFont({"", 11, false});
+  NoFilmStripHint.SetAutoSize(true);
+  NoFilmStripHint.SetVisible(false);
 }
 
 void FilmStripState::DefineButtons(Host& host) {

@@ -53,6 +53,7 @@ struct FilmStripState {
   ControlArray<ImageBox> SrcThumbnail{SrcCanvas, "SrcThumbnail"};
   ControlArray<Label> SrcThumbName{SrcCanvas, "SrcThumbName"};
   Shape SrcThumbFrame{SrcCanvas, "SrcThumbFrame"};  // around the selected thumbnail; its Tag holds the slot number
+  Label NoFilmStripHint{SrcThumbsWindow, "NoFilmStripHint"};  // what to do first, where there is no film strip
   ScrollBar SrcScrollbar{window_, "SrcScrollbar", Orientation::Horizontal};
   ImageBox CameraButton{window_, "CameraButton"};
   ImageBox BrowseButton{window_, "BrowseButton"};

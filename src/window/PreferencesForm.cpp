@@ -50,7 +50,6 @@ PreferencesForm::PreferencesForm(Toolkit& toolkit) : Window(toolkit, "Preference
   const int buttons = MoreFrame.Bounds().Bottom() + Margin;
   const int width = second + half + Margin;
   HelpButton.SetCaption("&Help");
-  HelpButton.SetEnabled(false);  // waits for its page
   HelpButton.Move(width - Margin - 96, buttons, 96, 28);
   CloseButton.SetCaption("&Close");
   CloseButton.Move(HelpButton.Left() - Margin - 96, buttons, 96, 28);

@@ -4,6 +4,7 @@
 #include "drop/DuplicateAskForm.h"
 #include "platform/controls/Buttons.h"
 #include "tests/drop/DropTest.h"
+#include "utility/HelpPages.h"
 #include "window/PreferencesForm.h"
 
 namespace pixorra {
@@ -44,7 +45,8 @@ TEST_F(DuplicateAskFormTest, ItTellsNamesDatesSizeAndFolder) {
     EXPECT_EQ(Find<CommandButton>(form, "DeleteOriginalButton").Caption(), "Delete &Original");
     EXPECT_EQ(Find<CommandButton>(form, "DeleteDuplicateButton").Caption(), "Delete &Duplicate");
     EXPECT_EQ(Find<CommandButton>(form, "IgnoreButton").Caption(), "&Ignore");
-    EXPECT_EQ(Find<CommandButton>(form, "HelpButton").Caption(), "&Help");
+    hand.ExpectBox(TitleOf(HelpTopic::Duplicate, 1), PagesOf(HelpTopic::Duplicate)[0]);
+    hand.Click(Find<CommandButton>(form, "HelpButton"));
     EXPECT_FALSE(Find<ImageBox>(form, "PhotoPreview").GetPicture().IsNothing());
     hand.Click(Find<CommandButton>(form, "IgnoreButton"));
   });

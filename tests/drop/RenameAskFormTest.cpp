@@ -5,6 +5,7 @@
 #include "platform/controls/Buttons.h"
 #include "platform/controls/TextBox.h"
 #include "tests/drop/DropTest.h"
+#include "utility/HelpPages.h"
 #include "window/DesktopState.h"
 #include "window/DropState.h"
 #include "window/PreferencesForm.h"
@@ -41,7 +42,8 @@ TEST_F(RenameAskFormTest, TheDialogOffersAGeneratedAndANumberedNameWithoutExtens
     EXPECT_EQ(Find<TextBox>(form, "UniqueName").Text(), "Photo1");
     EXPECT_EQ(Find<CommandButton>(form, "AlwaysNameButton").Caption(), "&Rename as");
     EXPECT_EQ(Find<CommandButton>(form, "UniqueNameButton").Caption(), "Rename &as");
-    EXPECT_FALSE(Find<CommandButton>(form, "HelpButton").Enabled());
+    hand.ExpectBox(TitleOf(HelpTopic::Rename, 1), PagesOf(HelpTopic::Rename)[0]);
+    hand.Click(Find<CommandButton>(form, "HelpButton"));
     hand.Click(Find<CommandButton>(form, "UniqueNameButton"));
   });
   EXPECT_EQ(RenameNewPhoto(main, Taken), "C:\\Home\\F\\Photo1.bmp");

@@ -25,6 +25,7 @@ const std::vector<std::string>& HeadlessArtwork::Names() {
       "FilmLeader",
       "HandPointer",
       "HideFolder",
+      "Information",
       "InvalidPicture",
       "Logo",
       "LogoDark",
