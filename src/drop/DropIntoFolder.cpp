@@ -70,9 +70,15 @@ bool IsStillPossible(const MainForm& main, const Drop& drop) {
          IsSlotInUse(main.desk, drop.Slot) && main.desk.DestFolderFiles(drop.Slot).Path() == drop.Folder;
 }
 
+// The Esc key that closes the box also stops a run, as it does without a box: what one photo failed at, the others may
+// fail at too.
+void ShowFailure(MainForm& main, const std::string& text, BoxIcon icon, const std::string& title) {
+  if (main.host.dialogs.MsgBox(text, icon, BoxButtons::Ok, title) == BoxAnswer::Cancel) main.drop.DropAllAbort = true;
+}
+
 void TakeVanishedFolderOff(MainForm& main, const Drop& drop, int openBefore) {
-  main.host.dialogs.MsgBox("Folder not found\n\n" + main.host.files.ShownPath(drop.Folder), BoxIcon::Critical,
-                           BoxButtons::Ok, "WARNING: Can't drop photo into this folder");
+  ShowFailure(main, "Folder not found\n\n" + main.host.files.ShownPath(drop.Folder), BoxIcon::Critical,
+              "WARNING: Can't drop photo into this folder");
   Select_a_Folder(main, drop.Slot);
   // The selection may have taken it off already, and another one is open in its place.
   if (main.desk.OpenFolderIndex == drop.Slot) Remove_Open_Folder(main);
@@ -94,10 +100,11 @@ std::string ChooseDestination(MainForm& main, const Drop& drop, const std::strin
 }
 
 void ShowCopyFailure(MainForm& main, const Drop& drop) {
-  main.host.dialogs.MsgBox(main.host.files.ShownPath(drop.Folder) +
-                               "\n\nThis folder cannot be written to.\nIt maybe on a CD-ROM, or your\n"
-                               "disk drive maybe full.",
-                           BoxIcon::Exclamation, BoxButtons::Ok, "Pixorra - Unable to Drop Photo");
+  ShowFailure(main,
+              main.host.files.ShownPath(drop.Folder) +
+                  "\n\nThis folder cannot be written to.\nIt maybe on a CD-ROM, or your\n"
+                  "disk drive maybe full.",
+              BoxIcon::Exclamation, "Pixorra - Unable to Drop Photo");
 }
 
 // The preview takes the thumbnail's picture. One with the shading of dragged photos is of no use: the photo is painted

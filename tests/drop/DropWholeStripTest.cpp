@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 
 #include "drop/DragGestures.h"
+#include "platform/runtime/Errors.h"
 #include "tests/drop/DropTest.h"
 #include "window/DropState.h"
 #include "window/PreferencesForm.h"
@@ -87,6 +88,38 @@ TEST_F(DropWholeStripTest, EscapeStopsItAfterThePhotoInWork) {
   // The same gesture carries on with what remains.
   person.Drag(strip.AllButton, desk.DestFolderPreview(1));
   EXPECT_EQ(CountOf(1), "3 pics");
+}
+
+TEST_F(DropWholeStripTest, EscThatClosesAFailuresBoxStopsTheRunToo) {
+  LoadStrip({"a.bmp", "b.bmp", "c.bmp"});
+  Show("F");
+  run.files.FailAlways(FileCall::Write, error::DiskFull, "C:\\Home\\F");
+  person.ExpectBox(CopyFailed, "C:\\Home\\F", BoxAnswer::Cancel);
+  person.Drag(strip.AllButton, desk.DestFolder(1));
+  EXPECT_FALSE(main.drop.DropAllRunning);
+  // The same gesture begins again, with all three.
+  run.files.Heal();
+  person.Drag(strip.AllButton, desk.DestFolderPreview(1));
+  for (int i = 1; i <= 3; ++i) EXPECT_TRUE(IsMarked(i)) << i;
+}
+
+TEST_F(DropWholeStripTest, ABoxThatItsButtonClosesLetsTheRunGoOn) {
+  LoadStrip({"a.bmp", "b.bmp"});
+  Show("F");
+  run.files.FailAlways(FileCall::Write, error::DiskFull, "C:\\Home\\F");
+  person.ExpectBox(CopyFailed, "C:\\Home\\F");
+  person.ExpectBox(CopyFailed, "C:\\Home\\F");
+  person.Drag(strip.AllButton, desk.DestFolder(1));
+}
+
+TEST_F(DropWholeStripTest, EscStopsTheRunAlsoWhereItsFolderHasGone) {
+  LoadStrip({"a.bmp", "b.bmp"});
+  Show("F");
+  drive.Remove(Folder("F"));
+  person.ExpectBox("WARNING: Can't drop photo into this folder", "Folder not found", BoxAnswer::Cancel);
+  person.ExpectBox("Pixorra - Unable to Open folder", "Folder Not Found");
+  person.Drag(strip.AllButton, desk.DestFolder(1));
+  EXPECT_TRUE(main.drop.DropAllAbort);
 }
 
 TEST_F(DropWholeStripTest, PressingTheButtonDuringTheRunAsksAndYesStopsIt) {

@@ -43,9 +43,8 @@ BoxAnswer HeadlessDialogs::MsgBox(const std::string& text, BoxIcon icon, BoxButt
   const BoxAnswer least = buttons == BoxButtons::YesNo ? BoxAnswer::No : BoxAnswer::Ok;
   boxes_.push_back({title, text, icon, buttons, least});
   const auto answer = Ask("box", title, text);
-  if (answer && buttons == BoxButtons::YesNo && answer->Number == static_cast<int>(BoxAnswer::Yes)) {
-    boxes_[at].Answer = BoxAnswer::Yes;
-  }
+  const BoxAnswer other = buttons == BoxButtons::YesNo ? BoxAnswer::Yes : BoxAnswer::Cancel;
+  if (answer && answer->Number == static_cast<int>(other)) boxes_[at].Answer = other;
   return boxes_[at].Answer;
 }
 

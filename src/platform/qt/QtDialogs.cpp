@@ -5,6 +5,7 @@
 #include <QFontMetrics>
 #include <QGridLayout>
 #include <QInputDialog>
+#include <QKeyEvent>
 #include <QMessageBox>
 #include <QPushButton>
 
@@ -44,10 +45,23 @@ void MakeRoomForTitle(QMessageBox& box) {
   grid->addItem(new QSpacerItem(width, 0), grid->rowCount(), 0, 1, grid->columnCount());
 }
 
+// A box with one button is closed by Esc as by that button; this one knows the difference.
+class MessageBox : public QMessageBox {
+ public:
+  using QMessageBox::QMessageBox;
+  bool ClosedByEsc = false;
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override {
+    ClosedByEsc = event->matches(QKeySequence::Cancel);
+    QMessageBox::keyPressEvent(event);
+  }
+};
+
 }  // namespace
 
 BoxAnswer QtDialogs::MsgBox(const std::string& text, BoxIcon icon, BoxButtons buttons, const std::string& title) {
-  auto* box = new QMessageBox(backend_.WindowForBoxes());
+  auto* box = new MessageBox(backend_.WindowForBoxes());
   OwnedBox owned(box);
   box->setTextFormat(Qt::PlainText);
   box->setWindowTitle(ToQString(title));
@@ -59,9 +73,13 @@ BoxAnswer QtDialogs::MsgBox(const std::string& text, BoxIcon icon, BoxButtons bu
   box->setEscapeButton(asks ? QMessageBox::No : QMessageBox::Ok);
   MakeRoomForTitle(*box);
   int answer = QMessageBox::NoButton;
-  QObject::connect(box, &QDialog::finished, [&answer](int result) { answer = result; });
+  bool byEsc = false;
+  QObject::connect(box, &QDialog::finished, [&answer, &byEsc, box](int result) {
+    answer = result;
+    byEsc = box->ClosedByEsc;
+  });
   owned.Run(backend_);
-  if (!asks) return BoxAnswer::Ok;
+  if (!asks) return byEsc ? BoxAnswer::Cancel : BoxAnswer::Ok;
   return answer == QMessageBox::Yes ? BoxAnswer::Yes : BoxAnswer::No;
 }
 

@@ -36,6 +36,16 @@ TEST_F(ServicesContract, BoxGivesItsAnswer) {
   EXPECT_EQ(dialogs.MsgBox("Done.\r\nReally.", BoxIcon::None, BoxButtons::Ok, ""), BoxAnswer::Ok);
 }
 
+TEST_F(ServicesContract, AnOkBoxThatEscClosesIsToldFromOneThatItsButtonCloses) {
+  Dialogs& dialogs = platform->GetDialogs();
+  platform->AnswerBox(BoxAnswer::Cancel, {});
+  EXPECT_EQ(dialogs.MsgBox("Full.", BoxIcon::Exclamation, BoxButtons::Ok, "Title"), BoxAnswer::Cancel);
+  platform->AnswerBox(BoxAnswer::Ok, {});
+  EXPECT_EQ(dialogs.MsgBox("Full.", BoxIcon::Exclamation, BoxButtons::Ok, "Title"), BoxAnswer::Ok);
+  platform->AnswerBox(BoxAnswer::Cancel, {});
+  EXPECT_EQ(dialogs.MsgBox("Go?", BoxIcon::Question, BoxButtons::YesNo, "Title"), BoxAnswer::No);
+}
+
 TEST_F(ServicesContract, NoFormTakesInputWhileABoxIsUp) {
   Form form(toolkit, "Form");
   form.Show();

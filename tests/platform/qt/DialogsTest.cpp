@@ -11,6 +11,7 @@
 #include "platform/qt/QtClipboard.h"
 #include "platform/qt/QtDialogs.h"
 #include "tests/platform/qt/QtTest.h"
+#include "tests/platform/qt/hands/Hands.h"
 
 namespace pixorra {
 namespace {
@@ -53,6 +54,18 @@ TEST_F(DialogsTest, AQuestionIsAnsweredByItsButtonsAndNoByAnyOtherWay) {
   EXPECT_EQ(ask(), BoxAnswer::No);
   Meanwhile([] { Up<QMessageBox>().close(); });
   EXPECT_EQ(ask(), BoxAnswer::No);
+}
+
+TEST_F(DialogsTest, OnlyEscIsToldFromTheOtherWaysToCloseAnOkBox) {
+  const auto show = [this] { return dialogs.MsgBox("Full.", BoxIcon::Exclamation, BoxButtons::Ok, "Title"); };
+  for (const int code : {key::Return, key::Space}) {
+    Meanwhile([code] { Hands::Key(code, 0); });
+    EXPECT_EQ(show(), BoxAnswer::Ok) << code;
+  }
+  Meanwhile([] { Up<QMessageBox>().close(); });
+  EXPECT_EQ(show(), BoxAnswer::Ok);
+  Meanwhile([] { Hands::Key(key::Escape, 0); });
+  EXPECT_EQ(show(), BoxAnswer::Cancel);
 }
 
 TEST_F(DialogsTest, WhileABoxIsUpTimersRunAndNoFormTakesInput) {

@@ -224,6 +224,7 @@ class QtContract final : public ContractPlatform {
     const auto up = [] { return qobject_cast<QMessageBox*>(QApplication::activeModalWidget()); };
     Hands::Meanwhile([up, when = std::move(when)] { return up() != nullptr && (!when || when()); },
                      [up, answer] {
+                       if (answer == BoxAnswer::Cancel) return Hands::Key(key::Escape, 0);
                        QMessageBox::StandardButton button = QMessageBox::Ok;
                        if (answer == BoxAnswer::Yes) button = QMessageBox::Yes;
                        if (answer == BoxAnswer::No) button = QMessageBox::No;

@@ -321,6 +321,10 @@ void StagePerson::AnswerBoxes() {
     const auto answer = script_.AnswerFor("box", box->windowTitle().toStdString(), box->text().toStdString());
     if (answer && answer->Meanwhile) answer->Meanwhile();
     if (box == nullptr) return;
+    if (answer && answer->Number == static_cast<int>(BoxAnswer::Cancel)) {
+      Hands::Key(key::Escape, 0);
+      return;
+    }
     const bool yes = answer && answer->Number == static_cast<int>(BoxAnswer::Yes);
     if (QAbstractButton* button = box->button(yes ? QMessageBox::Yes : QMessageBox::No)) {
       button->click();
