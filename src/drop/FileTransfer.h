@@ -8,18 +8,17 @@
 
 namespace pixorra {
 
-class FileBuffer;
 struct MainForm;
 
 // The source as a whole, and its date when that is to be kept. What is copied is on stable storage when this returns.
 // With OpenMode::CreateNew it raises FileExists where the name is taken by then; with OpenMode::ReadWrite it writes
 // over what is there. Raises what files raise, BadSubscript for an empty source, and DeviceIO or PastEndOfFile for one
-// that changes meanwhile. The destination may then be there, cut short; one that was written whole but could not be
-// flushed is emptied.
+// that changes meanwhile. The destination may then be there, cut short where its disk is full and else empty; one that
+// was written whole but could not be flushed is emptied.
 void CopyPhotoFile(MainForm& main, const std::string& source, const std::string& destination, OpenMode mode);
 
-// The bytes alone, through the buffer. Gives the copy, still open and not flushed.
-std::unique_ptr<File> CopyFileBytes(Files& files, FileBuffer& buffer, const std::string& source,
-                                    const std::string& destination, OpenMode mode);
+// The bytes alone. Returns the copy, still open and not flushed.
+std::unique_ptr<File> CopyFileBytes(Files& files, const std::string& source, const std::string& destination,
+                                    OpenMode mode);
 
 }  // namespace pixorra

@@ -4,7 +4,6 @@
 #include <cstdint>
 #include <string>
 
-#include "base/FileBuffer.h"
 #include "platform/pixels/Picture.h"
 
 namespace pixorra {
@@ -24,7 +23,6 @@ struct DropState {
   Picture ReelDragIcon;
   Picture NotReadyIcon;
 
-  FileBuffer copyBuffer;        // shared by all copies
   bool dragQuestionUp = false;  // a box that a drag of AllButton has brought up is shown
 };
 

@@ -2,7 +2,6 @@
 #include <gtest/gtest.h>
 #include <utility>
 
-#include "base/FileBuffer.h"
 #include "drop/FileTransfer.h"
 #include "platform/runtime/Errors.h"
 #include "tests/support/headless/ProgramTest.h"
@@ -82,9 +81,15 @@ TEST_F(FileTransferTest, AFullDiskRaisesAndLeavesWhatFitted) {
   EXPECT_EQ(drive.Read(Copy), Bytes.substr(0, 1000));
 }
 
-TEST_F(FileTransferTest, ASourceThatCannotBeReadToItsEndRaises) {
+TEST_F(FileTransferTest, ASourceThatCannotBeReadToItsEndRaisesAndLeavesAnEmptyDestination) {
   run.files.FailNth(FileCall::Read, 1, error::DeviceIO, "a.jpg");
   EXPECT_EQ(ErrorOfCopy(), error::DeviceIO);
+  EXPECT_EQ(drive.Read(Copy), "");
+  run.files.Heal();
+  drive.Write(Source, std::string(3'000'000, 's'));
+  run.files.FailNth(FileCall::Read, 3, error::DeviceIO, "a.jpg");
+  EXPECT_EQ(ErrorOfCopy(), error::DeviceIO);
+  EXPECT_EQ(drive.Read(Copy), "");
 }
 
 TEST_F(FileTransferTest, WhatCannotBePutOnStableStorageIsAFailure) {
@@ -132,11 +137,12 @@ TEST_F(FileTransferTest, TheFileIsFlushedOnceAndItsFolderAfterIt) {
   EXPECT_EQ(run.files.Count(FileCall::FlushFolder), folders + 1);
 }
 
-TEST_F(FileTransferTest, OneReadAndOneWriteMakeACopy) {
+// One read more sees that there is nothing after the photo's end.
+TEST_F(FileTransferTest, APhotoOfOneBlockIsReadAndWrittenOnce) {
   const int reads = run.files.Count(FileCall::Read);
   const int writes = run.files.Count(FileCall::Write);
   CopyPhotoFile(main, Source, Copy, OpenMode::ReadWrite);
-  EXPECT_EQ(run.files.Count(FileCall::Read), reads + 1);
+  EXPECT_EQ(run.files.Count(FileCall::Read), reads + 2);
   EXPECT_EQ(run.files.Count(FileCall::Write), writes + 1);
 }
 
@@ -150,7 +156,7 @@ TEST_F(FileTransferTest, NothingIsWrittenThroughALink) {
   EXPECT_FALSE(drive.Exists("C:\\Elsewhere\\new.jpg"));
 }
 
-TEST_F(FileTransferTest, OneBufferServesCopiesOfAllSizes) {
+TEST_F(FileTransferTest, CopiesOfAllSizesFollowEachOther) {
   const std::string small = "s";
   const std::string large(3'000'000, 'L');
   drive.Write("C:\\Strip\\small.jpg", small);
@@ -223,21 +229,18 @@ class ChangingFiles : public FaultyFiles {
 };
 
 TEST_F(FileTransferTest, ASourceThatGrowsOrIsWrittenToMeanwhileDoesNotPassForAWholePhoto) {
-  FileBuffer buffer;
   for (const auto& [bytes, number] : std::vector<std::pair<std::string, int>>{
            {Bytes + "more", error::PastEndOfFile}, {std::string(Bytes.size(), 'x'), error::DeviceIO}}) {
     drive.Write(Source, Bytes);
     ChangingFiles files(drive, bytes);
-    EXPECT_EQ(ErrorsIgnored([&] { CopyFileBytes(files, buffer, Source, Copy, OpenMode::ReadWrite); }), number);
+    EXPECT_EQ(ErrorsIgnored([&] { CopyFileBytes(files, Source, Copy, OpenMode::ReadWrite); }), number);
     EXPECT_EQ(drive.Read(Copy), "");
   }
 }
 
 TEST_F(FileTransferTest, ASourceThatBecomesShorterMeanwhileDoesNotPassForAWholePhoto) {
   ShrinkingFiles files(drive);
-  FileBuffer buffer;
-  EXPECT_EQ(ErrorsIgnored([&] { CopyFileBytes(files, buffer, Source, Copy, OpenMode::ReadWrite); }),
-            error::PastEndOfFile);
+  EXPECT_EQ(ErrorsIgnored([&] { CopyFileBytes(files, Source, Copy, OpenMode::ReadWrite); }), error::PastEndOfFile);
   EXPECT_EQ(drive.Read(Copy), "");
 }
 

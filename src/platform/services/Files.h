@@ -41,10 +41,18 @@ class File {
   virtual std::size_t ReadAt(std::int64_t offset, void* into, std::size_t count) = 0;
   // Writes all of it at `offset`, lengthening the file as needed. Raises DiskFull, DeviceIO, PathAccess.
   virtual void WriteAt(std::int64_t offset, const void* from, std::size_t count) = 0;
+  // Copies the first `count` bytes of the source to this file's start, lengthening it as needed; returns how many,
+  // fewer only at the source's end. The host copies by itself where it can; nothing the size of the file is held in
+  // memory. Raises as ReadAt of the source and WriteAt do; what was written until then stays.
+  virtual std::int64_t CopyFrom(File& source, std::int64_t count) { return CopyBlocks(source, 0, count); }
   // Raises as WriteAt does.
   virtual void Flush() = 0;
   // Cuts it to length 0. Raises as WriteAt does.
   virtual void Empty() = 0;
+
+ protected:
+  // CopyFrom block by block, from `offset` on; `count` and what it returns include the bytes before that.
+  std::int64_t CopyBlocks(File& source, std::int64_t offset, std::int64_t count);
 };
 
 enum class OpenMode {

@@ -138,6 +138,34 @@ TEST_P(FilesOpening, CreateNewMakesAFileOnlyWhereNothingHasTheName) {
   EXPECT_EQ(NumberOfOpen("C:\\gone\\new.jpg", OpenMode::CreateNew), error::PathNotFound);
 }
 
+TEST_P(FilesOpening, AFileTakesTheFirstBytesOfAnother) {
+  std::string bytes(3'000'017, '\0');
+  for (std::size_t i = 0; i < bytes.size(); ++i) bytes[i] = static_cast<char>(i * 7 + i / 251);
+  drive_.Write("C:\\p\\from", bytes);
+  const std::unique_ptr<File> from = TheFiles().Open("C:\\p\\from", OpenMode::Read);
+  for (const std::size_t count :
+       {std::size_t{0}, std::size_t{1}, std::size_t{262'144}, bytes.size() - 1, bytes.size()}) {
+    const std::unique_ptr<File> to = TheFiles().Open("C:\\p\\to", OpenMode::Replace);
+    EXPECT_EQ(to->CopyFrom(*from, static_cast<std::int64_t>(count)), static_cast<std::int64_t>(count));
+    EXPECT_TRUE(drive_.Read("C:\\p\\to") == bytes.substr(0, count)) << count;
+  }
+  // What both files had read and written before leaves no trace in where the copy begins.
+  char byte = 0;
+  from->ReadAt(5, &byte, 1);
+  const std::unique_ptr<File> to = TheFiles().Open("C:\\p\\to", OpenMode::ReadWrite);
+  to->WriteAt(static_cast<std::int64_t>(bytes.size()), "tail", 4);
+  EXPECT_EQ(to->CopyFrom(*from, 10'000'000), static_cast<std::int64_t>(bytes.size())) << "no more than there is";
+  EXPECT_TRUE(drive_.Read("C:\\p\\to") == bytes + "tail");
+}
+
+TEST_P(FilesOpening, ACopyRaisesWhatWritingRaises) {
+  drive_.Write("C:\\p\\from", "0123456789");
+  const std::unique_ptr<File> from = TheFiles().Open("C:\\p\\from", OpenMode::Read);
+  const std::unique_ptr<File> reader = TheFiles().Open("C:\\p\\from", OpenMode::Read);
+  EXPECT_EQ(ErrorsIgnored([&] { reader->CopyFrom(*from, 10); }), error::PathAccess);
+  EXPECT_EQ(drive_.Read("C:\\p\\from"), "0123456789");
+}
+
 TEST_P(FilesOpening, AnOpenFileIsEmptiedAndMayBeWrittenAgain) {
   drive_.Write("C:\\a", "before");
   const std::unique_ptr<File> file = TheFiles().Open("C:\\a", OpenMode::ReadWrite);
