@@ -73,7 +73,7 @@ class FaultyFile : public File {
   std::unique_ptr<File> inner_;
 };
 
-FaultyFiles::FaultyFiles(Files& inner) : inner_(inner) {}
+FaultyFiles::FaultyFiles(Files& inner) : inner_(&inner) {}
 
 void FaultyFiles::AboutToChange() {
   if (changesToDeath_ > 0 && --changesToDeath_ == 0) std::raise(SIGKILL);
@@ -141,7 +141,7 @@ bool FaultyFiles::IsAway(const std::string& path) const {
 
 std::vector<std::string> FaultyFiles::Names(const std::string& folder, const std::string& pattern, int attributes) {
   if (Strike(FileCall::Names, folder) != 0 || IsAway(folder)) return {};
-  std::vector<std::string> names = inner_.Names(folder, pattern, attributes);
+  std::vector<std::string> names = inner_->Names(folder, pattern, attributes);
   std::erase_if(names,
                 [&](const std::string& name) { return IsAway(folder + (folder.ends_with('\\') ? "" : "\\") + name); });
   return names;
@@ -151,7 +151,7 @@ std::vector<std::string> FaultyFiles::Folders(const std::string& folder, int att
   const int number = Strike(FileCall::Folders, folder);
   if (number != 0) throw RuntimeError(number);
   if (IsAway(folder)) throw RuntimeError(error::PathNotFound);
-  std::vector<std::string> names = inner_.Folders(folder, attributes);
+  std::vector<std::string> names = inner_->Folders(folder, attributes);
   std::erase_if(names,
                 [&](const std::string& name) { return IsAway(folder + (folder.ends_with('\\') ? "" : "\\") + name); });
   return names;
@@ -159,93 +159,93 @@ std::vector<std::string> FaultyFiles::Folders(const std::string& folder, int att
 
 std::optional<int> FaultyFiles::Attributes(const std::string& path) {
   if (Strike(FileCall::Attributes, path) != 0 || IsAway(path)) return std::nullopt;
-  return inner_.Attributes(path);
+  return inner_->Attributes(path);
 }
 
 void FaultyFiles::SetAttributes(const std::string& path, int attributes) {
   Check(FileCall::SetAttributes, path);
   AboutToChange();
-  inner_.SetAttributes(path, attributes);
+  inner_->SetAttributes(path, attributes);
 }
 
 NameState FaultyFiles::LookAtName(const std::string& path) {
   if (Strike(FileCall::NameTaken, path) != 0) return NameState::Unknown;
-  return IsAway(path) ? NameState::Free : inner_.LookAtName(path);
+  return IsAway(path) ? NameState::Free : inner_->LookAtName(path);
 }
 
 bool FaultyFiles::IsLink(const std::string& path) {
-  return !IsAway(path) && inner_.IsLink(path);
+  return !IsAway(path) && inner_->IsLink(path);
 }
 
 bool FaultyFiles::IsSameFile(const std::string& a, const std::string& b) {
-  return !IsAway(a) && !IsAway(b) && inner_.IsSameFile(a, b);
+  return !IsAway(a) && !IsAway(b) && inner_->IsSameFile(a, b);
 }
 
 std::int64_t FaultyFiles::Length(const std::string& path) {
   Check(FileCall::Length, path);
-  return inner_.Length(path);
+  return inner_->Length(path);
 }
 
 std::unique_ptr<File> FaultyFiles::Open(const std::string& path, OpenMode mode) {
   Check(mode == OpenMode::Read ? FileCall::OpenToRead : FileCall::OpenToWrite, path);
   if (mode != OpenMode::Read) AboutToChange();
-  return std::make_unique<FaultyFile>(*this, path, inner_.Open(path, mode));
+  return std::make_unique<FaultyFile>(*this, path, inner_->Open(path, mode));
 }
 
 void FaultyFiles::Delete(const std::string& path) {
   Check(FileCall::Delete, path);
   AboutToChange();
-  inner_.Delete(path);
+  inner_->Delete(path);
 }
 
 void FaultyFiles::Rename(const std::string& from, const std::string& to) {
   Check(FileCall::Rename, from);
   if (IsAway(to)) throw RuntimeError(error::PathNotFound);
   AboutToChange();
-  inner_.Rename(from, to);
+  inner_->Rename(from, to);
 }
 
 void FaultyFiles::RenameOver(const std::string& from, const std::string& to) {
   Check(FileCall::Rename, from);
   if (IsAway(to)) throw RuntimeError(error::PathNotFound);
   AboutToChange();
-  inner_.RenameOver(from, to);
+  inner_->RenameOver(from, to);
 }
 
 void FaultyFiles::MakeFolder(const std::string& path) {
   Check(FileCall::MakeFolder, path);
   AboutToChange();
-  inner_.MakeFolder(path);
+  inner_->MakeFolder(path);
 }
 
 void FaultyFiles::RemoveFolder(const std::string& path) {
   Check(FileCall::RemoveFolder, path);
   AboutToChange();
-  inner_.RemoveFolder(path);
+  inner_->RemoveFolder(path);
 }
 
 void FaultyFiles::FlushFolder(const std::string& path) {
   Check(FileCall::FlushFolder, path);
   AboutToChange();
-  inner_.FlushFolder(path);
+  inner_->FlushFolder(path);
 }
 
 std::optional<CalendarTime> FaultyFiles::LastWriteTime(const std::string& path) {
   if (Strike(FileCall::LastWriteTime, path) != 0 || IsAway(path)) return std::nullopt;
-  return inner_.LastWriteTime(path);
+  return inner_->LastWriteTime(path);
 }
 
 bool FaultyFiles::SetTimes(const std::string& path, const CalendarTime& time) {
   if (Strike(FileCall::SetTimes, path) != 0 || IsAway(path)) return false;
   AboutToChange();
-  return inner_.SetTimes(path, time);
+  return inner_->SetTimes(path, time);
 }
 
 std::string FaultyFiles::FolderPath(const std::string& path) {
   const int number = Strike(FileCall::FolderPath, path);
   if (number != 0) throw RuntimeError(number);
   if (IsAway(path)) throw RuntimeError(error::PathNotFound);
-  return inner_.FolderPath(path);
+  return inner_->FolderPath(path);
 }
 
 }  // namespace pixorra

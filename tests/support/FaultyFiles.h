@@ -55,6 +55,8 @@ class FaultyFiles : public Files {
   void DieBeforeChange(int n) { changesToDeath_ = n; }
   // The process is killed when half of the n-th write's bytes are written.
   void DieInWrite(int n) { writesToDeath_ = n; }
+  // From here on everything that does not fail goes to these files.
+  void PassOnTo(Files& inner) { inner_ = &inner; }
   // No fault is armed any more.
   void Heal();
   // So many calls were made since the start, failed ones included.
@@ -77,10 +79,10 @@ class FaultyFiles : public Files {
   void FlushFolder(const std::string& path) override;
   std::optional<CalendarTime> LastWriteTime(const std::string& path) override;
   bool SetTimes(const std::string& path, const CalendarTime& time) override;
-  std::vector<Drive> Drives() override { return inner_.Drives(); }
+  std::vector<Drive> Drives() override { return inner_->Drives(); }
   std::string FolderPath(const std::string& path) override;
-  std::string ShownPath(const std::string& path) override { return inner_.ShownPath(path); }
-  std::string ProgramPath(const std::string& typed) override { return inner_.ProgramPath(typed); }
+  std::string ShownPath(const std::string& path) override { return inner_->ShownPath(path); }
+  std::string ProgramPath(const std::string& typed) override { return inner_->ProgramPath(typed); }
 
  private:
   friend class FaultyFile;
@@ -101,7 +103,7 @@ class FaultyFiles : public Files {
   // Every call that changes the disk comes by here first.
   void AboutToChange();
 
-  Files& inner_;
+  Files* inner_;
   // Open files may be read by other threads; nothing else is asked for there.
   mutable std::mutex mutex_;  // of the next three
   std::vector<Fault> faults_;
