@@ -4,7 +4,6 @@
 #include <array>
 #include <bit>
 #include <cstring>
-#include <vector>
 
 #include "platform/codecs/BmpHeader.h"
 #include "platform/codecs/BmpRuns.h"
@@ -24,10 +23,10 @@ void PutIndex(const BmpHeader& header, unsigned index, Byte*& to) {
 }
 
 template <int Bits>
-void IndexRow(const BmpHeader& header, const Byte* from, Byte* to) {
+void IndexRow(const BmpHeader& header, const Byte* from, Byte* to, int width) {
   constexpr unsigned PerByte = 8 / Bits;
   constexpr unsigned Mask = (1U << Bits) - 1;
-  for (unsigned x = 0; x < static_cast<unsigned>(header.width); ++x) {
+  for (unsigned x = 0; x < static_cast<unsigned>(width); ++x) {
     const unsigned shift = (PerByte - 1 - x % PerByte) * Bits;
     PutIndex(header, from[x / PerByte] >> shift & Mask, to);
   }
@@ -72,24 +71,22 @@ class RowDecoder {
         channels_{Channel(header.masks[0]), Channel(header.masks[1]), Channel(header.masks[2])},
         plain32_(header.masks == std::array<std::uint32_t, 3>{0xFF, 0xFF00, 0xFF0000}) {}
 
-  void operator()(const Byte* from, Byte* to) const {
+  // The first `width` pixels of what is at `from`.
+  void operator()(const Byte* from, Byte* to, int width) const {
     switch (header_.bits) {
       case 1:
-        return IndexRow<1>(header_, from, to);
+        return IndexRow<1>(header_, from, to, width);
       case 2:
-        return IndexRow<2>(header_, from, to);
+        return IndexRow<2>(header_, from, to, width);
       case 4:
-        return IndexRow<4>(header_, from, to);
+        return IndexRow<4>(header_, from, to, width);
       case 8:
-        return IndexRow<8>(header_, from, to);
+        return IndexRow<8>(header_, from, to, width);
       case 16:
-        return MaskedRow<2>(channels_, header_.width, from, to);
-      case 24:
-        std::memcpy(to, from, static_cast<std::size_t>(header_.width) * 3);
-        return;
+        return MaskedRow<2>(channels_, width, from, to);
       default:
-        if (!plain32_) return MaskedRow<4>(channels_, header_.width, from, to);
-        for (int x = 0; x < header_.width; ++x, from += 4, to += 3) std::copy_n(from, 3, to);
+        if (!plain32_) return MaskedRow<4>(channels_, width, from, to);
+        for (int x = 0; x < width; ++x, from += 4, to += 3) std::copy_n(from, 3, to);
     }
   }
 
@@ -103,44 +100,50 @@ Byte* RowInFileOrder(Bitmap& bitmap, const BmpHeader& header, int row) {
   return bitmap.Row(header.topDown ? row : header.height - 1 - row);
 }
 
-Bitmap DecodePlain(const BmpHeader& header, std::span<const Byte> pixels) {
-  const std::size_t rowBytes = header.RowBytes();
-  // The last row's padding is often left out.
-  const std::size_t needed = (static_cast<std::size_t>(header.width) * static_cast<std::size_t>(header.bits) + 7) / 8;
-  if (pixels.size() < needed) throw RuntimeError(error::BadPicture);
-  const std::size_t whole = std::min((pixels.size() - needed) / rowBytes + 1, static_cast<std::size_t>(header.height));
-  Bitmap bitmap(header.width, header.height, PixelFormat::Bgr24);
-  const RowDecoder decode(header);
-  for (int row = 0; row < header.height; ++row) {
-    Byte* to = RowInFileOrder(bitmap, header, row);
-    if (static_cast<std::size_t>(row) < whole) {
-      decode(pixels.data() + static_cast<std::size_t>(row) * rowBytes, to);
-    } else {
-      std::memset(to, 0, static_cast<std::size_t>(header.width) * 3);
-    }
+// Rows are read in parts, so that no row's length matters; a part begins at a whole byte.
+constexpr int PartPixels = 4096;
+
+void DecodeRow(ByteReader& in, std::size_t at, const BmpHeader& header, const RowDecoder& decode, Byte* to) {
+  if (header.bits == 24) return in.Read(at, to, static_cast<std::size_t>(header.width) * 3);
+  std::array<Byte, std::size_t{PartPixels} * 4> part;
+  for (int x = 0; x < header.width; x += PartPixels) {
+    const int width = std::min(PartPixels, header.width - x);
+    const auto bytes = (static_cast<std::size_t>(width) * static_cast<std::size_t>(header.bits) + 7) / 8;
+    in.Read(at, part.data(), bytes);
+    decode(part.data(), to + std::ptrdiff_t{x} * 3, width);
+    at += bytes;
   }
-  return bitmap;
 }
 
-Bitmap DecodeRuns(const BmpHeader& header, std::span<const Byte> codes) {
-  std::vector<Byte> indexes;
-  if (!DecodeBmpRuns(codes, header.bits, header.width, header.height, indexes)) throw RuntimeError(error::BadPicture);
-  Bitmap bitmap(header.width, header.height, PixelFormat::Bgr24);
-  for (int row = 0; row < header.height; ++row) {
-    IndexRow<8>(header, indexes.data() + static_cast<std::size_t>(row) * static_cast<std::size_t>(header.width),
-                RowInFileOrder(bitmap, header, row));
+Bitmap DecodePlain(const BmpHeader& header, ByteReader& in) {
+  const std::size_t rowBytes = header.RowBytes();
+  const std::size_t have = in.Size() - header.pixelsAt;
+  // The last row's padding is often left out.
+  const std::size_t needed = (static_cast<std::size_t>(header.width) * static_cast<std::size_t>(header.bits) + 7) / 8;
+  if (have < needed) throw RuntimeError(error::BadPicture);
+  const std::size_t whole = std::min((have - needed) / rowBytes + 1, static_cast<std::size_t>(header.height));
+  Bitmap bitmap = Bitmap::Cleared(header.width, header.height, PixelFormat::Bgr24);
+  const RowDecoder decode(header);
+  for (std::size_t row = 0; row < whole; ++row) {
+    DecodeRow(in, header.pixelsAt + row * rowBytes, header, decode,
+              RowInFileOrder(bitmap, header, static_cast<int>(row)));
   }
   return bitmap;
 }
 
 }  // namespace
 
+Bitmap DecodeBmp(ByteReader& in) {
+  const BmpHeader header = ReadBmpHeader(in);
+  if (header.coding != BmpCoding::RunLength8 && header.coding != BmpCoding::RunLength4) return DecodePlain(header, in);
+  Bitmap bitmap = DecodeBmpRuns(in, header);
+  if (bitmap.IsEmpty()) throw RuntimeError(error::BadPicture);
+  return bitmap;
+}
+
 Bitmap DecodeBmp(std::span<const Byte> file) {
-  const BmpHeader header = ReadBmpHeader(file);
-  const std::span<const Byte> pixels = file.subspan(header.pixelsAt);
-  if (header.coding == BmpCoding::RunLength8 || header.coding == BmpCoding::RunLength4)
-    return DecodeRuns(header, pixels);
-  return DecodePlain(header, pixels);
+  ByteReader in(file);
+  return DecodeBmp(in);
 }
 
 }  // namespace pixorra

@@ -4,12 +4,15 @@
 #include <cstdint>
 #include <span>
 
+#include "platform/codecs/ByteReader.h"
 #include "platform/pixels/Picture.h"
 
 namespace pixorra {
 
 // The picture in a bitmap file, without its alpha. A cut or damaged file shows what it has and the rest black, or in
-// run lengths the first colour. Raises BadPicture where not even a row is there, OutOfMemory where memory runs out.
+// run lengths the first colour. Beside that picture, no more than 64 KiB are taken. Raises BadPicture where not even a
+// row is there, OutOfMemory where memory runs out and above MostPixels (SizeBound.h), and what reading does.
+Bitmap DecodeBmp(ByteReader& in);
 Bitmap DecodeBmp(std::span<const std::uint8_t> file);
 
 }  // namespace pixorra

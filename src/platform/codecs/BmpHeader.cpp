@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "platform/codecs/ByteReader.h"
 #include "platform/codecs/SizeBound.h"
 #include "platform/runtime/Errors.h"
 
@@ -24,7 +23,7 @@ bool HasPalette(const BmpHeader& header) {
   return header.bits <= 8;
 }
 
-void ReadSize(const ByteReader& in, std::uint32_t headerBytes, BmpHeader& header) {
+void ReadSize(ByteReader& in, std::uint32_t headerBytes, BmpHeader& header) {
   std::int64_t width = 0;
   std::int64_t height = 0;
   if (headerBytes == CoreHeaderBytes) {
@@ -65,7 +64,7 @@ BmpCoding CodingOf(std::uint32_t compression, int bits) {
   Refuse();
 }
 
-void ReadMasks(const ByteReader& in, BmpHeader& header) {
+void ReadMasks(ByteReader& in, BmpHeader& header) {
   if (header.coding == BmpCoding::BitFields) {
     header.masks = {in.U32(MasksAt + 8), in.U32(MasksAt + 4), in.U32(MasksAt)};
   } else if (header.bits == 16) {
@@ -76,7 +75,7 @@ void ReadMasks(const ByteReader& in, BmpHeader& header) {
 }
 
 // `end` is where the pixels begin, if the file says so.
-void ReadPalette(const ByteReader& in, std::size_t at, std::size_t end, std::size_t entryBytes, std::uint32_t used,
+void ReadPalette(ByteReader& in, std::size_t at, std::size_t end, std::size_t entryBytes, std::uint32_t used,
                  BmpHeader& header) {
   std::size_t count = std::size_t{1} << header.bits;
   if (used != 0 && used < count) count = used;
@@ -91,13 +90,12 @@ void ReadPalette(const ByteReader& in, std::size_t at, std::size_t end, std::siz
 
 }  // namespace
 
-BmpHeader ReadBmpHeader(std::span<const std::uint8_t> file) {
-  const ByteReader in(file);
+BmpHeader ReadBmpHeader(ByteReader& in) {
   if (in.U8(0) != 'B' || in.U8(1) != 'M') Refuse();
   const std::uint32_t headerBytes = in.U32(14);
   if (headerBytes < CoreHeaderBytes || headerBytes > LongestHeaderBytes) Refuse();
   std::size_t at = FileHeaderBytes + headerBytes;
-  if (file.size() <= at) Refuse();
+  if (in.Size() <= at) Refuse();
 
   BmpHeader header;
   ReadSize(in, headerBytes, header);
@@ -106,6 +104,8 @@ BmpHeader ReadBmpHeader(std::span<const std::uint8_t> file) {
   const bool full = headerBytes >= InfoHeaderBytes;
   const std::uint32_t compression = core || headerBytes < 20 ? 0 : in.U32(30);
   header.coding = CodingOf(compression, header.bits);
+  const bool plain = header.coding == BmpCoding::Plain || header.coding == BmpCoding::BitFields;
+  if (plain && !IsBacked(header.width, header.height, in.Size(), 8 * MostTimesMissing / header.bits)) Refuse();
   ReadMasks(in, header);
   if (header.coding == BmpCoding::BitFields && headerBytes == InfoHeaderBytes) at += compression == 6 ? 16 : 12;
 
@@ -118,7 +118,8 @@ BmpHeader ReadBmpHeader(std::span<const std::uint8_t> file) {
     at += entryBytes * (used != 0 ? std::min<std::size_t>(used, 256) : std::size_t{1} << header.bits);
   }
   if (said < FileHeaderBytes + headerBytes) header.pixelsAt = at;  // not said, or nonsense
-  if (header.pixelsAt >= file.size()) Refuse();
+  if (header.pixelsAt >= in.Size()) Refuse();
+  RefuseTooLarge(header.width, header.height);
   return header;
 }
 

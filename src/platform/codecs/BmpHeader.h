@@ -4,8 +4,9 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
-#include <span>
 #include <vector>
+
+#include "platform/codecs/ByteReader.h"
 
 namespace pixorra {
 
@@ -28,7 +29,8 @@ struct BmpHeader {
   }
 };
 
-// Raises BadPicture for what is no bitmap, of no known kind, or larger than its bytes can back.
-BmpHeader ReadBmpHeader(std::span<const std::uint8_t> file);
+// Raises BadPicture for what is no bitmap, of no known kind, or larger than its bytes can back, OutOfMemory above
+// MostPixels (SizeBound.h), and what reading does.
+BmpHeader ReadBmpHeader(ByteReader& in);
 
 }  // namespace pixorra

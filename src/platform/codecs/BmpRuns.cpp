@@ -1,26 +1,30 @@
 #include "platform/codecs/BmpRuns.h"
 
 #include <algorithm>
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <utility>
 
 namespace pixorra {
 namespace {
 
 class Runs {
  public:
-  Runs(std::span<const std::uint8_t> codes, int bits, int width, int height, std::vector<std::uint8_t>& indexes)
-      : codes_(codes), bits_(bits), width_(width), height_(height), indexes_(indexes) {}
+  Runs(ByteReader& in, const BmpHeader& header) : in_(in), header_(header), at_(header.pixelsAt) {}
 
-  bool Decode() {
-    while (y_ < height_ && codes_.size() - at_ >= 2) {
-      const unsigned count = codes_[at_++];
-      const unsigned value = codes_[at_++];
+  Bitmap Decode() {
+    while (y_ < header_.height && Left() >= 2) {
+      const unsigned count = in_.U8(at_++);
+      const unsigned value = in_.U8(at_++);
       if (count == 0) {
         if (!Escape(value)) break;
       } else {
-        for (unsigned i = 0; i < count; ++i) Put(bits_ == 8 ? value : Nibble(value, i));
+        for (unsigned i = 0; i < count; ++i) Put(header_.bits == 8 ? value : Nibble(value, i));
       }
     }
-    return any_;
+    while (y_ < header_.height) BeginRow(y_ + 1);
+    return std::move(bitmap_);
   }
 
  private:
@@ -30,11 +34,28 @@ class Runs {
 
   static unsigned Nibble(unsigned byte, unsigned i) { return i % 2 == 0 ? byte >> 4 : byte & 15; }
 
+  std::size_t Left() const { return at_ < in_.Size() ? in_.Size() - at_ : 0; }
+
+  // There is no bitmap before the first pixel.
+  void Begin() {
+    bitmap_ = Bitmap::Cleared(header_.width, header_.height, PixelFormat::Bgr24);
+    const int y = y_;
+    for (int row = 0; row <= y; ++row) BeginRow(row);
+  }
+
+  // Moves to a row, the first in the file being 0. A new bitmap is black: other colours have to be drawn.
+  void BeginRow(int y) {
+    y_ = y;
+    if (y >= header_.height || bitmap_.IsEmpty()) return;
+    row_ = bitmap_.Row(header_.topDown ? y : header_.height - 1 - y);
+    if (header_.palette[0] == std::array<std::uint8_t, 4>{}) return;
+    for (int x = 0; x < header_.width; ++x) std::copy_n(header_.palette[0].begin(), 3, row_ + std::ptrdiff_t{x} * 3);
+  }
+
   void Put(unsigned index) {
-    if (x_ >= width_) return;
-    indexes_[static_cast<std::size_t>(y_) * static_cast<std::size_t>(width_) + static_cast<std::size_t>(x_++)] =
-        static_cast<std::uint8_t>(index);
-    any_ = true;
+    if (x_ >= header_.width) return;
+    if (bitmap_.IsEmpty()) Begin();
+    std::copy_n(header_.palette[index].begin(), 3, row_ + std::ptrdiff_t{x_++} * 3);
   }
 
   // False where the codes end.
@@ -42,7 +63,7 @@ class Runs {
     switch (value) {
       case EndOfLine:
         x_ = 0;
-        ++y_;
+        BeginRow(y_ + 1);
         return true;
       case EndOfBitmap:
         return false;
@@ -54,42 +75,37 @@ class Runs {
   }
 
   bool Skip() {
-    if (codes_.size() - at_ < 2) return false;
-    x_ = std::min(width_, x_ + codes_[at_]);
-    y_ += codes_[at_ + 1];
-    at_ += 2;
+    if (Left() < 2) return false;
+    x_ = std::min(header_.width, x_ + static_cast<int>(in_.U8(at_++)));
+    for (unsigned down = in_.U8(at_++); down > 0 && y_ < header_.height; --down) BeginRow(y_ + 1);
     return true;
   }
 
   // `count` pixels as they are, padded to an even number of bytes; as many as are there.
   bool Literal(unsigned count) {
     for (unsigned i = 0; i < count; ++i) {
-      const std::size_t byte = at_ + (bits_ == 8 ? i : i / 2);
-      if (byte >= codes_.size()) return false;
-      Put(bits_ == 8 ? codes_[byte] : Nibble(codes_[byte], i));
+      const std::size_t byte = at_ + (header_.bits == 8 ? i : i / 2);
+      if (byte >= in_.Size()) return false;
+      Put(header_.bits == 8 ? in_.U8(byte) : Nibble(in_.U8(byte), i));
     }
-    const std::size_t bytes = bits_ == 8 ? count : (count + 1) / 2;
-    at_ = std::min(codes_.size(), at_ + (bytes + 1) / 2 * 2);
+    const std::size_t bytes = header_.bits == 8 ? count : (count + 1) / 2;
+    at_ += (bytes + 1) / 2 * 2;
     return true;
   }
 
-  std::span<const std::uint8_t> codes_;
-  int bits_;
-  int width_;
-  int height_;
-  std::vector<std::uint8_t>& indexes_;
-  std::size_t at_ = 0;
+  ByteReader& in_;
+  const BmpHeader& header_;
+  std::size_t at_;
+  Bitmap bitmap_;
+  std::uint8_t* row_ = nullptr;
   int x_ = 0;
   int y_ = 0;
-  bool any_ = false;
 };
 
 }  // namespace
 
-bool DecodeBmpRuns(std::span<const std::uint8_t> codes, int bits, int width, int height,
-                   std::vector<std::uint8_t>& indexes) {
-  indexes.assign(static_cast<std::size_t>(width) * static_cast<std::size_t>(height), 0);
-  return Runs(codes, bits, width, height, indexes).Decode();
+Bitmap DecodeBmpRuns(ByteReader& in, const BmpHeader& header) {
+  return Runs(in, header).Decode();
 }
 
 }  // namespace pixorra

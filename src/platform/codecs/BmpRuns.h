@@ -1,15 +1,15 @@
 // The run lengths of bitmap files of 4 and 8 bits a pixel.
 #pragma once
 
-#include <cstdint>
-#include <span>
-#include <vector>
+#include "platform/codecs/BmpHeader.h"
+#include "platform/codecs/ByteReader.h"
+#include "platform/pixels/Picture.h"
 
 namespace pixorra {
 
-// Palette indexes, the row first in the file first, `width` a row; what the codes pass over is 0. Ends quietly where
-// the codes end or leave the picture. False where they hold no pixel at all.
-bool DecodeBmpRuns(std::span<const std::uint8_t> codes, int bits, int width, int height,
-                   std::vector<std::uint8_t>& indexes);
+// The picture in the codes that begin at `header.pixelsAt`; what they pass over has the first colour. Ends quietly
+// where the codes end or leave the picture. An empty bitmap where they hold no pixel at all. Raises OutOfMemory, and
+// what reading does.
+Bitmap DecodeBmpRuns(ByteReader& in, const BmpHeader& header);
 
 }  // namespace pixorra

@@ -1,12 +1,11 @@
 #include "platform/codecs/CodecPictures.h"
 
 #include <algorithm>
-#include <array>
-#include <initializer_list>
 #include <memory>
 #include <new>
 
 #include "platform/codecs/BmpDecoder.h"
+#include "platform/codecs/ByteReader.h"
 #include "platform/codecs/GifDecoder.h"
 #include "platform/codecs/JpegReader.h"
 #include "platform/runtime/Errors.h"
@@ -23,33 +22,32 @@ Bitmap DecodeJpeg(std::span<const std::uint8_t> file) {
   JpegReader reader(file);
   if (const int status = reader.Open(); status != jpeg::Ok) Raise(status);
   if (const int status = reader.Reduce(1); status != jpeg::Ok) Raise(status);
-  Bitmap bitmap(reader.Width(), reader.Height(), PixelFormat::Bgr24);
+  // What is missing after damage is black.
+  Bitmap bitmap = Bitmap::Cleared(reader.Width(), reader.Height(), PixelFormat::Bgr24);
   const int status = reader.Read(bitmap.Row(0), static_cast<std::ptrdiff_t>(bitmap.Stride()), 3);
   if (status != jpeg::Ok) Raise(status);
   return bitmap;
 }
 
-bool BeginsWith(std::span<const std::uint8_t> file, std::initializer_list<std::uint8_t> bytes) {
-  return file.size() >= bytes.size() && std::equal(bytes.begin(), bytes.end(), file.begin());
-}
-
 enum class Kind { None, Bmp, Gif, Jpeg };
 
-Kind KindOf(std::span<const std::uint8_t> file) {
-  if (BeginsWith(file, {'B', 'M'})) return Kind::Bmp;
-  if (BeginsWith(file, {'G', 'I', 'F'})) return Kind::Gif;
-  if (BeginsWith(file, {0xFF, 0xD8})) return Kind::Jpeg;
+Kind KindOf(ByteReader& in) {
+  if (in.U8(0) == 'B' && in.U8(1) == 'M') return Kind::Bmp;
+  if (in.U8(0) == 'G' && in.U8(1) == 'I' && in.U8(2) == 'F') return Kind::Gif;
+  if (in.U8(0) == 0xFF && in.U8(1) == 0xD8) return Kind::Jpeg;
   return Kind::None;
 }
 
-Bitmap Decode(std::span<const std::uint8_t> file) {
-  switch (KindOf(file)) {
+// `whole` returns all bytes of a JPEG file, as these are decoded from memory.
+template <typename Whole>
+Bitmap Decode(ByteReader& in, const Whole& whole) {
+  switch (KindOf(in)) {
     case Kind::Bmp:
-      return DecodeBmp(file);
+      return DecodeBmp(in);
     case Kind::Gif:
-      return DecodeGif(file);
+      return DecodeGif(in);
     case Kind::Jpeg:
-      return DecodeJpeg(file);
+      return DecodeJpeg(whole());
     case Kind::None:
       break;
   }
@@ -101,7 +99,10 @@ void PutOverWhite(const std::uint8_t* from, std::uint8_t* to, int width) {
 }  // namespace
 
 Bitmap DecodePicture(std::span<const std::uint8_t> file) {
-  return WithMemoryErrors([&] { return Decode(file); });
+  return WithMemoryErrors([&] {
+    ByteReader in(file);
+    return Decode(in, [&] { return file; });
+  });
 }
 
 std::vector<std::uint8_t> EncodeBmp(const Bitmap& bitmap) {
@@ -127,13 +128,12 @@ std::vector<std::uint8_t> EncodeBmp(const Bitmap& bitmap) {
 Picture CodecPictures::Load(const std::string& path) {
   return WithMemoryErrors([&] {
     const std::unique_ptr<File> file = files_.Open(path, OpenMode::Read);
-    // The first bytes alone, so that a large file of another kind is not read whole.
-    std::array<std::uint8_t, 3> start{};
-    const std::size_t count = file->ReadAt(0, start.data(), start.size());
-    if (KindOf({start.data(), count}) == Kind::None) throw RuntimeError(error::BadPicture);
+    ByteReader in(*file);
     FileBytes bytes;
-    bytes.Read(*file);
-    return Picture(Decode(bytes.Bytes()));
+    return Picture(Decode(in, [&] {
+      bytes.Read(*file);
+      return bytes.Bytes();
+    }));
   });
 }
 

@@ -1,124 +1,102 @@
 #include "platform/codecs/GifCodes.h"
 
 #include <algorithm>
-#include <array>
 
 namespace pixorra {
-namespace {
 
-constexpr unsigned MostCodes = 4096;
-constexpr unsigned MostBits = 12;
-constexpr unsigned NoCode = MostCodes;
+bool GifBlocks::NextBlock() {
+  if (at_ >= in_.Size()) return false;
+  const std::size_t said = in_.U8(at_++);
+  left_ = at_ < in_.Size() ? std::min(said, in_.Size() - at_) : 0;
+  return left_ > 0;
+}
 
-class CodeReader {
- public:
-  explicit CodeReader(std::span<const std::uint8_t> codes) : codes_(codes) {}
+std::size_t GifBlocks::Count() const {
+  GifBlocks rest = *this;
+  std::size_t count = rest.left_;
+  rest.at_ += rest.left_;
+  while (rest.NextBlock()) {
+    count += rest.left_;
+    rest.at_ += rest.left_;
+  }
+  return count;
+}
 
-  // False when the data has ended.
-  bool Next(unsigned bits, unsigned& code) {
-    while (held_ < bits) {
-      if (at_ == codes_.size()) return false;
-      window_ |= static_cast<std::uint32_t>(codes_[at_++]) << held_;
-      held_ += 8;
-    }
-    code = window_ & ((1U << bits) - 1);
-    window_ >>= bits;
-    held_ -= bits;
+GifUnpacker::GifUnpacker(GifBlocks blocks, unsigned rootBits)
+    : blocks_(blocks), rootBits_(rootBits), ended_(rootBits < 1 || rootBits > 8) {
+  if (ended_) return;
+  for (unsigned code = 0; code < Clear(); ++code) {
+    last_[code] = first_[code] = static_cast<std::uint8_t>(code);
+    length_[code] = 1;
+  }
+  Reset();
+}
+
+std::span<const std::uint8_t> GifUnpacker::Next() {
+  written_ = 0;
+  unsigned code = 0;
+  while (!ended_ && texts_.size() - written_ >= MostCodes) ended_ = !NextCode(code) || !Take(code);
+  return {texts_.data(), written_};
+}
+
+void GifUnpacker::Reset() {
+  size_ = Clear() + 2;
+  bits_ = rootBits_ + 1;
+}
+
+// False when the data has ended.
+bool GifUnpacker::NextCode(unsigned& code) {
+  while (held_ < bits_) {
+    std::uint8_t byte = 0;
+    if (!blocks_.Next(byte)) return false;
+    window_ |= static_cast<std::uint32_t>(byte) << held_;
+    held_ += 8;
+  }
+  code = window_ & ((1U << bits_) - 1);
+  window_ >>= bits_;
+  held_ -= bits_;
+  return true;
+}
+
+// False where the picture ends with this code.
+bool GifUnpacker::Take(unsigned code) {
+  if (code == Clear()) {
+    Reset();
+    before_ = NoCode;
     return true;
   }
-
- private:
-  std::span<const std::uint8_t> codes_;
-  std::size_t at_ = 0;
-  std::uint32_t window_ = 0;
-  unsigned held_ = 0;
-};
-
-// Each code is short for the text of an earlier one and a last byte.
-class Dictionary {
- public:
-  explicit Dictionary(unsigned rootBits) : rootBits_(rootBits) {
-    for (unsigned code = 0; code < Clear(); ++code) {
-      last_[code] = first_[code] = static_cast<std::uint8_t>(code);
-      length_[code] = 1;
-    }
-    Reset();
+  if (code == End()) return false;
+  if (before_ == NoCode) {
+    if (!Has(code)) return false;
+  } else if (Has(code)) {
+    Add(before_, first_[code]);
+  } else if (code == size_) {
+    Add(before_, first_[before_]);
+  } else {
+    return false;
   }
+  Write(code);
+  before_ = code;
+  return true;
+}
 
-  unsigned Clear() const { return 1U << rootBits_; }
-  unsigned End() const { return Clear() + 1; }
-  unsigned Bits() const { return bits_; }
-  unsigned Size() const { return size_; }
-  bool Has(unsigned code) const { return code < Clear() || (code > End() && code < size_); }
-  std::uint8_t First(unsigned code) const { return first_[code]; }
+// A full dictionary stays as it is until it is cleared.
+void GifUnpacker::Add(unsigned prefix, std::uint8_t last) {
+  if (size_ == MostCodes) return;
+  prefix_[size_] = static_cast<std::uint16_t>(prefix);
+  last_[size_] = last;
+  first_[size_] = first_[prefix];
+  length_[size_] = static_cast<std::uint16_t>(length_[prefix] + 1);
+  ++size_;
+  if (size_ == 1U << bits_ && bits_ < MostBits) ++bits_;
+}
 
-  void Reset() {
-    size_ = Clear() + 2;
-    bits_ = rootBits_ + 1;
+void GifUnpacker::Write(unsigned code) {
+  std::size_t place = written_ += length_[code];
+  for (unsigned left = length_[code]; left > 0; --left) {
+    texts_[--place] = last_[code];
+    code = prefix_[code];
   }
-
-  // A full dictionary stays as it is until it is cleared.
-  void Add(unsigned prefix, std::uint8_t last) {
-    if (size_ == MostCodes) return;
-    prefix_[size_] = static_cast<std::uint16_t>(prefix);
-    last_[size_] = last;
-    first_[size_] = first_[prefix];
-    length_[size_] = static_cast<std::uint16_t>(length_[prefix] + 1);
-    ++size_;
-    if (size_ == 1U << bits_ && bits_ < MostBits) ++bits_;
-  }
-
-  // Writes the code's text to `out` from `at` on, as far as it fits, and returns the place after it.
-  std::size_t Write(unsigned code, std::span<std::uint8_t> out, std::size_t at) const {
-    const std::size_t end = at + length_[code];
-    std::size_t place = end;
-    for (; place > out.size(); --place) code = prefix_[code];
-    while (place > at) {
-      out[--place] = last_[code];
-      code = prefix_[code];
-    }
-    return std::min(end, out.size());
-  }
-
- private:
-  unsigned rootBits_;
-  unsigned bits_ = 0;
-  unsigned size_ = 0;
-  std::array<std::uint16_t, MostCodes> prefix_{};
-  std::array<std::uint16_t, MostCodes> length_{};
-  std::array<std::uint8_t, MostCodes> first_{};
-  std::array<std::uint8_t, MostCodes> last_{};
-};
-
-}  // namespace
-
-std::size_t UnpackGifCodes(std::span<const std::uint8_t> codes, unsigned rootBits, std::span<std::uint8_t> out) {
-  if (rootBits < 1 || rootBits > 8) return 0;
-  CodeReader reader(codes);
-  Dictionary dictionary(rootBits);
-  std::size_t at = 0;
-  unsigned code = 0;
-  unsigned before = NoCode;
-  while (at < out.size() && reader.Next(dictionary.Bits(), code)) {
-    if (code == dictionary.Clear()) {
-      dictionary.Reset();
-      before = NoCode;
-      continue;
-    }
-    if (code == dictionary.End()) break;
-    if (before == NoCode) {
-      if (!dictionary.Has(code)) break;
-    } else if (dictionary.Has(code)) {
-      dictionary.Add(before, dictionary.First(code));
-    } else if (code == dictionary.Size()) {
-      dictionary.Add(before, dictionary.First(before));
-    } else {
-      break;
-    }
-    at = dictionary.Write(code, out, at);
-    before = code;
-  }
-  return at;
 }
 
 }  // namespace pixorra

@@ -2,10 +2,8 @@
 
 #include <algorithm>
 #include <array>
-#include <cstring>
-#include <vector>
+#include <utility>
 
-#include "platform/codecs/ByteReader.h"
 #include "platform/codecs/GifCodes.h"
 #include "platform/codecs/SizeBound.h"
 #include "platform/runtime/Errors.h"
@@ -34,20 +32,20 @@ struct GifImage {
   Palette palette{};
   int transparent = NoTransparency;
   unsigned rootBits = 0;
-  std::vector<Byte> codes;
+  std::size_t codesAt = 0;
 };
 
 class GifParser {
  public:
-  explicit GifParser(std::span<const Byte> file) : file_(file), in_(file) {}
+  explicit GifParser(ByteReader& in) : in_(in) {}
 
   GifImage FirstImage() {
-    if (file_.size() < 13) Refuse();
+    if (in_.Size() < 13) Refuse();
     image_.screenWidth = static_cast<int>(in_.U16(6));
     image_.screenHeight = static_cast<int>(in_.U16(8));
     at_ = 13;
     ReadPalette(in_.U8(10));
-    while (at_ < file_.size()) {
+    while (at_ < in_.Size()) {
       const unsigned block = in_.U8(at_++);
       if (block == Extension) {
         ReadExtension();
@@ -83,7 +81,7 @@ class GifParser {
     if (label == GraphicControl && in_.U8(at_) >= 4) {
       image_.transparent = (in_.U8(at_ + 1) & 1U) != 0 ? static_cast<int>(in_.U8(at_ + 4)) : NoTransparency;
     }
-    while (at_ < file_.size() && in_.U8(at_) != 0) at_ += in_.U8(at_) + 1;
+    while (at_ < in_.Size() && in_.U8(at_) != 0) at_ += in_.U8(at_) + 1;
     ++at_;
   }
 
@@ -97,96 +95,166 @@ class GifParser {
     at_ += 9;
     ReadPalette(flags);
     image_.rootBits = in_.U8(at_++);
-    while (at_ < file_.size()) {
-      const std::size_t wanted = in_.U8(at_++);
-      const std::size_t have = std::min(wanted, file_.size() - at_);
-      if (have == 0) break;
-      const auto from = file_.begin() + static_cast<std::ptrdiff_t>(at_);
-      image_.codes.insert(image_.codes.end(), from, from + static_cast<std::ptrdiff_t>(have));
-      at_ += have;
-    }
+    image_.codesAt = at_;
   }
 
-  std::span<const Byte> file_;
-  ByteReader in_;
+  ByteReader& in_;
   std::size_t at_ = 0;
   GifImage image_;
 };
 
-// Which row of the image each row of the data is.
-std::vector<int> RowOrder(int height, bool interlaced) {
-  std::vector<int> order;
-  order.reserve(static_cast<std::size_t>(height));
-  if (!interlaced) {
-    for (int y = 0; y < height; ++y) order.push_back(y);
-    return order;
+// The rows of an image in the order in which they are in the data.
+class RowOrder {
+ public:
+  explicit RowOrder(const GifImage& image) : height_(image.height), pass_(image.interlaced ? 0 : Passes.size() - 1) {
+    if (!image.interlaced) step_ = 1;
+    if (image.interlaced) Begin();
   }
+  int Row() const { return row_; }
+  bool Ended() const { return row_ >= height_; }
+  void Advance() {
+    row_ += step_;
+    while (Ended() && pass_ + 1 < Passes.size()) {
+      ++pass_;
+      Begin();
+    }
+  }
+
+ private:
   struct Pass {
     int first, step;
   };
-  for (const Pass pass : {Pass{0, 8}, Pass{4, 8}, Pass{2, 4}, Pass{1, 2}}) {
-    for (int y = pass.first; y < height; y += pass.step) order.push_back(y);
-  }
-  return order;
-}
+  static constexpr std::array<Pass, 4> Passes{{{0, 8}, {4, 8}, {2, 4}, {1, 2}}};
 
-// Draws what was unpacked, clipped to the screen. `BytesPerPixel` 4 leaves what is transparent as it is.
-template <int BytesPerPixel>
-void Draw(const GifImage& image, std::span<const Byte> indexes, Bitmap& screen) {
-  const std::vector<int> order = RowOrder(image.height, image.interlaced);
-  const auto width = static_cast<std::size_t>(image.width);
-  const auto visible = static_cast<std::size_t>(std::clamp(image.screenWidth - image.left, 0, image.width));
-  for (std::size_t row = 0; row * width < indexes.size(); ++row) {
-    const int y = image.top + order[row];
-    if (y >= image.screenHeight) continue;
-    const std::span<const Byte> line = indexes.subspan(row * width, std::min(visible, indexes.size() - row * width));
-    Byte* to = screen.Row(y) + std::ptrdiff_t{image.left} * BytesPerPixel;
-    for (const Byte index : line) {
-      if (BytesPerPixel == 3 || index != image.transparent) {
-        std::copy_n(image.palette[index].begin(), 3, to);
-        if constexpr (BytesPerPixel == 4) to[3] = 255;
-      }
-      to += BytesPerPixel;
-    }
+  void Begin() {
+    row_ = Passes[pass_].first;
+    step_ = Passes[pass_].step;
   }
-}
+
+  int height_;
+  std::size_t pass_;
+  int row_ = 0;
+  int step_ = 1;
+};
+
+// Draws indexes as they are unpacked, clipped to the screen. `BytesPerPixel` 4 leaves what is transparent as it is.
+template <int BytesPerPixel>
+class Drawing {
+ public:
+  Drawing(const GifImage& image, Bitmap& screen)
+      : image_(image),
+        screen_(screen),
+        rows_(image),
+        visible_(std::clamp(image.screenWidth - image.left, 0, image.width)) {
+    BeginRow();
+  }
+
+  bool IsWhole() const { return rows_.Ended(); }
+
+  // What is left over once the image is whole is not drawn. False, with the drawing of no more use, where a pixel is
+  // transparent and the screen has no alpha.
+  bool Draw(std::span<const Byte> indexes) {
+    while (!indexes.empty() && !IsWhole()) {
+      const auto count = std::min(indexes.size(), static_cast<std::size_t>(image_.width - x_));
+      if (!DrawPart(indexes.first(count))) return false;
+      indexes = indexes.subspan(count);
+      x_ += static_cast<int>(count);
+      if (x_ < image_.width) continue;
+      rows_.Advance();
+      BeginRow();
+    }
+    return true;
+  }
+
+ private:
+  void BeginRow() {
+    x_ = 0;
+    const int y = image_.top + rows_.Row();
+    to_ = rows_.Ended() || y >= image_.screenHeight ? nullptr
+                                                    : screen_.Row(y) + std::ptrdiff_t{image_.left} * BytesPerPixel;
+  }
+
+  bool DrawPart(std::span<const Byte> indexes) {
+    const auto seen = static_cast<std::size_t>(std::max(0, visible_ - x_));
+    for (std::size_t i = 0; i < indexes.size(); ++i) {
+      const Byte index = indexes[i];
+      if (BytesPerPixel == 3 && index == image_.transparent) return false;
+      if (to_ == nullptr || i >= seen) continue;
+      if (BytesPerPixel == 3 || index != image_.transparent) {
+        std::copy_n(image_.palette[index].begin(), 3, to_);
+        if constexpr (BytesPerPixel == 4) to_[3] = 255;
+      }
+      to_ += BytesPerPixel;
+    }
+    return true;
+  }
+
+  const GifImage& image_;
+  Bitmap& screen_;
+  RowOrder rows_;
+  int visible_;  // of a row's pixels
+  int x_ = 0;
+  Byte* to_ = nullptr;  // null where the row is outside of the screen
+};
 
 bool CoversTheScreen(const GifImage& image) {
   return image.left == 0 && image.top == 0 && image.width >= image.screenWidth && image.height >= image.screenHeight;
 }
 
+// The picture without alpha; nothing where it needs one, as something is transparent or missing.
+Bitmap DrawOpaque(const GifImage& image, ByteReader& in) {
+  Bitmap screen(image.screenWidth, image.screenHeight, PixelFormat::Bgr24);
+  Drawing<3> drawing(image, screen);
+  GifUnpacker unpacker({in, image.codesAt}, image.rootBits);
+  for (std::span<const Byte> indexes = unpacker.Next(); !indexes.empty(); indexes = unpacker.Next()) {
+    if (!drawing.Draw(indexes)) return {};
+    if (drawing.IsWhole()) return screen;
+  }
+  return {};
+}
+
+Bitmap DrawWithAlpha(const GifImage& image, ByteReader& in) {
+  Bitmap screen = Bitmap::Cleared(image.screenWidth, image.screenHeight, PixelFormat::Bgra32);
+  Drawing<4> drawing(image, screen);
+  GifUnpacker unpacker({in, image.codesAt}, image.rootBits);
+  for (std::span<const Byte> indexes = unpacker.Next(); !indexes.empty() && !drawing.IsWhole();
+       indexes = unpacker.Next()) {
+    drawing.Draw(indexes);
+  }
+  return screen;
+}
+
+// Nothing is taken for a picture of which not even a pixel is there.
+bool HasPixels(const GifImage& image, ByteReader& in) {
+  return !GifUnpacker({in, image.codesAt}, image.rootBits).Next().empty();
+}
+
 }  // namespace
 
-Bitmap DecodeGif(std::span<const Byte> file) {
-  GifImage image = GifParser(file).FirstImage();
+Bitmap DecodeGif(ByteReader& in) {
+  GifImage image = GifParser(in).FirstImage();
   if (image.screenWidth == 0 || image.screenHeight == 0) {
     image.screenWidth = std::min(image.left + image.width, LongestSide);
     image.screenHeight = std::min(image.top + image.height, LongestSide);
   }
-  if (!IsBacked(image.width, image.height, image.codes.size(), GifPixelsPerByte)) Refuse();
-  if (!IsBacked(image.screenWidth, image.screenHeight, file.size(), GifPixelsPerByte)) Refuse();
+  const std::size_t codes = GifBlocks(in, image.codesAt).Count();
+  if (!IsBacked(image.width, image.height, codes, GifPixelsPerByte)) Refuse();
+  if (!IsBacked(image.screenWidth, image.screenHeight, in.Size(), GifPixelsPerByte)) Refuse();
+  if (!HasPixels(image, in)) Refuse();
+  RefuseTooLarge(image.width, image.height);
+  RefuseTooLarge(image.screenWidth, image.screenHeight);
   if (!image.hasPalette) {
     for (std::size_t i = 0; i < image.palette.size(); ++i) image.palette[i].fill(static_cast<Byte>(i));
   }
-
-  std::vector<Byte> indexes(static_cast<std::size_t>(image.width) * static_cast<std::size_t>(image.height));
-  const std::size_t come = UnpackGifCodes(image.codes, image.rootBits, indexes);
-  if (come == 0) Refuse();
-  const bool whole = come == indexes.size();
-  indexes.resize(come);
-
-  const bool seeThrough =
-      image.transparent != NoTransparency &&
-      std::find(indexes.begin(), indexes.end(), static_cast<Byte>(image.transparent)) != indexes.end();
-  if (whole && !seeThrough && CoversTheScreen(image)) {
-    Bitmap screen(image.screenWidth, image.screenHeight, PixelFormat::Bgr24);
-    Draw<3>(image, indexes, screen);
-    return screen;
+  if (CoversTheScreen(image)) {
+    if (Bitmap screen = DrawOpaque(image, in); !screen.IsEmpty()) return screen;
   }
-  Bitmap screen(image.screenWidth, image.screenHeight, PixelFormat::Bgra32);
-  std::memset(screen.Row(0), 0, screen.Stride() * static_cast<std::size_t>(image.screenHeight));
-  Draw<4>(image, indexes, screen);
-  return screen;
+  return DrawWithAlpha(image, in);
+}
+
+Bitmap DecodeGif(std::span<const Byte> file) {
+  ByteReader in(file);
+  return DecodeGif(in);
 }
 
 }  // namespace pixorra

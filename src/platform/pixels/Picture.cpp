@@ -3,7 +3,6 @@
 
 #include <cstring>
 #include <limits>
-#include <new>
 
 #include "platform/runtime/Errors.h"
 
@@ -29,15 +28,18 @@ Colour PlainColour(Colour colour) {
 
 }  // namespace
 
-Bitmap::Bitmap(int width, int height, PixelFormat format) : format_(format) {
+Bitmap::Bitmap(int width, int height, PixelFormat format) : Bitmap(width, height, format, std::malloc) {}
+
+Bitmap Bitmap::Cleared(int width, int height, PixelFormat format) {
+  return {width, height, format, [](std::size_t bytes) { return std::calloc(bytes, 1); }};
+}
+
+Bitmap::Bitmap(int width, int height, PixelFormat format, Take take) : format_(format) {
   if (width <= 0 || height <= 0) return;
   const std::int64_t stride = (std::int64_t{width} * BytesPerPixel() + 3) / 4 * 4;
   if (stride > LargestSize / height) throw RuntimeError(error::Overflow);
-  try {
-    bytes_ = std::make_unique_for_overwrite<std::uint8_t[]>(static_cast<std::size_t>(stride * height));
-  } catch (const std::bad_alloc&) {
-    throw RuntimeError(error::OutOfMemory);
-  }
+  bytes_.reset(static_cast<std::uint8_t*>(take(static_cast<std::size_t>(stride * height))));
+  if (bytes_ == nullptr) throw RuntimeError(error::OutOfMemory);
   width_ = width;
   height_ = height;
   stride_ = static_cast<std::size_t>(stride);

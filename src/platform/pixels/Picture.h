@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <cstdlib>
 #include <functional>
 #include <memory>
 #include <string>
@@ -28,6 +29,8 @@ class Bitmap {
   // The pixels are not set. Raises OutOfMemory where the block cannot be had, Overflow where its size in bytes
   // leaves 32 bits with sign. A width or height of 0 or less makes an empty bitmap.
   Bitmap(int width, int height, PixelFormat format);
+  // All bytes 0: black, or transparent. What is never written takes address space alone. Raises as the constructor.
+  static Bitmap Cleared(int width, int height, PixelFormat format);
 
   bool IsEmpty() const { return bytes_ == nullptr; }
   int Width() const { return width_; }
@@ -42,11 +45,17 @@ class Bitmap {
   void Fill(Colour colour);
 
  private:
+  struct Free {
+    void operator()(std::uint8_t* block) const { std::free(block); }
+  };
+  using Take = void* (*)(std::size_t bytes);
+  Bitmap(int width, int height, PixelFormat format, Take take);
+
   int width_ = 0;
   int height_ = 0;
   PixelFormat format_ = PixelFormat::Bgr24;
   std::size_t stride_ = 0;
-  std::unique_ptr<std::uint8_t[]> bytes_;
+  std::unique_ptr<std::uint8_t[], Free> bytes_;
 };
 
 class Picture {

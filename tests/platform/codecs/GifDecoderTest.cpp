@@ -220,6 +220,24 @@ std::vector<std::uint8_t> Packed(const std::vector<std::uint8_t>& indexes, bool 
   return out;
 }
 
+// What the codes stand for, as many indexes as fit; the number of these.
+std::size_t UnpackGifCodes(const std::vector<std::uint8_t>& codes, unsigned rootBits, std::vector<std::uint8_t>& out) {
+  std::vector<std::uint8_t> blocks;
+  for (std::size_t at = 0; at < codes.size(); at += 255) {
+    const std::size_t length = std::min<std::size_t>(255, codes.size() - at);
+    blocks.push_back(static_cast<std::uint8_t>(length));
+    blocks.insert(blocks.end(), codes.data() + at, codes.data() + at + length);
+  }
+  ByteReader in(blocks);
+  GifUnpacker unpacker({in, 0}, rootBits);
+  std::size_t count = 0;
+  for (std::span<const std::uint8_t> come = unpacker.Next(); !come.empty(); come = unpacker.Next()) {
+    for (const std::uint8_t index : come)
+      if (count < out.size()) out[count++] = index;
+  }
+  return count;
+}
+
 TEST(GifCodes, CodesGrowTo12BitsAndAFullDictionaryIsClearedOrKept) {
   std::mt19937 random(5);
   std::vector<std::uint8_t> indexes(60'000);
