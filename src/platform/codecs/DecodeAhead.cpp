@@ -45,25 +45,38 @@ bool IsJpeg(File& file) {
   return file.ReadAt(0, start.data(), start.size()) == start.size() && start[0] == 0xFF && start[1] == 0xD8;
 }
 
-bool Decode(std::span<const std::uint8_t> file, int scale, const std::atomic<bool>& stop, ReducedRows& rows) {
-  JpegReader reader(file);
-  if (reader.Open() != jpeg::Ok) return false;
-  reader.StopOn(stop);
-  if (reader.Reduce(scale) != jpeg::Ok) return false;
-  const std::int64_t step = std::int64_t{reader.ReducedWidth()} * 3;
-  const std::int64_t size = step * reader.ReducedHeight();
-  if (size > DecodeAhead::MostRowBytes) return false;
-  rows.width = reader.ReducedWidth();
-  rows.height = reader.ReducedHeight();
-  rows.bytes.resize(static_cast<std::size_t>(size));
-  return reader.Read(rows.bytes.data(), static_cast<std::ptrdiff_t>(step), 3) == jpeg::Ok;
-}
-
 bool IsScale(int scale) {
   return scale == 1 || scale == 2 || scale == 4 || scale == 8;
 }
 
 }  // namespace
+
+// Memory granted to a decode. One that does not fit beside those under way waits for them; what does not fit at all is
+// left alone.
+class DecodeAhead::Claim {
+ public:
+  Claim(DecodeAhead& ahead, const Job& job, std::int64_t bytes) : ahead_(ahead) {
+    std::unique_lock lock(ahead_.mutex_);
+    ahead_.worked_.wait(lock,
+                        [&] { return ahead_.ending_ || job.dropped || ahead_.claimed_ == 0 || ahead_.Fits(bytes); });
+    if (ahead_.ending_ || job.dropped || !ahead_.Fits(bytes)) return;
+    granted_ = bytes;
+    ahead_.claimed_ += granted_;
+  }
+  ~Claim() {
+    const std::lock_guard lock(ahead_.mutex_);
+    ahead_.claimed_ -= granted_;
+    ahead_.worked_.notify_all();
+  }
+  Claim(const Claim&) = delete;
+  Claim& operator=(const Claim&) = delete;
+
+  bool IsGranted() const { return granted_ > 0; }
+
+ private:
+  DecodeAhead& ahead_;
+  std::int64_t granted_ = 0;
+};
 
 DecodeAhead::DecodeAhead(Files& files)
     : files_(files), mostThreads_(std::clamp<std::size_t>(std::thread::hardware_concurrency(), 1, MostThreads)) {}
@@ -77,6 +90,7 @@ DecodeAhead::~DecodeAhead() {
     }
   }
   wake_.notify_all();
+  worked_.notify_all();
   for (std::thread& thread : threads_) thread.join();
 }
 
@@ -189,12 +203,44 @@ std::int64_t DecodeAhead::FileBytesInHand() const {
   return sum;
 }
 
+// Of what is ready to be taken, beside the files.
+std::int64_t DecodeAhead::ReadyBytes() const {
+  std::int64_t sum = 0;
+  for (const Jobs& jobs : expected_) {
+    for (const auto& job : jobs)
+      if (job->state == Job::State::Ready) sum += static_cast<std::int64_t>(job->rows.bytes.size());
+  }
+  return sum;
+}
+
+bool DecodeAhead::Fits(std::int64_t bytes) const {
+  return FileBytesInHand() + ReadyBytes() + claimed_ + bytes <= MostMemory;
+}
+
 void DecodeAhead::StartThreads() {
   try {
     while (threads_.size() < mostThreads_) threads_.emplace_back([this] { Work(); });
   } catch (const std::system_error&) {
     noThreads_ = threads_.empty();
   }
+}
+
+bool DecodeAhead::Decode(Job& job) {
+  std::optional<Claim> claim;  // ahead of the reader, so that it is held until that has given back its memory
+  JpegReader reader(job.bytes.Bytes());
+  if (reader.Open() != jpeg::Ok) return false;
+  reader.StopOn(job.dropped);
+  if (reader.Reduce(job.scale) != jpeg::Ok) return false;
+  ReducedRows& rows = job.rows;
+  const std::int64_t step = std::int64_t{reader.ReducedWidth()} * 3;
+  const std::int64_t size = step * reader.ReducedHeight();
+  if (size > MostRowBytes) return false;
+  claim.emplace(*this, job, size + reader.WorkingMemory());
+  if (!claim->IsGranted()) return false;
+  rows.width = reader.ReducedWidth();
+  rows.height = reader.ReducedHeight();
+  rows.bytes.resize(static_cast<std::size_t>(size));
+  return reader.Read(rows.bytes.data(), static_cast<std::ptrdiff_t>(step), 3) == jpeg::Ok;
 }
 
 void DecodeAhead::Work() {
@@ -211,7 +257,7 @@ void DecodeAhead::Work() {
     try {
       if (IsJpeg(*job->file)) {
         job->bytes.Read(*job->file);
-        ready = Decode(job->bytes.Bytes(), job->scale, job->dropped, job->rows);
+        ready = Decode(*job);
       }
     } catch (const std::exception&) {
       ready = false;

@@ -34,6 +34,9 @@ class DecodeAhead : public ReadAhead {
   static constexpr std::int64_t LongestFile = 24 * 1024 * 1024;
   // The files in hand make no more than this together, but for the first one of each reader, which always counts.
   static constexpr std::int64_t MostFileBytes = 48 * 1024 * 1024;
+  // All that is held and decoded at a time takes no more than this, in bytes: files, reductions, and what the JPEG
+  // library keeps of progressive pictures.
+  static constexpr std::int64_t MostMemory = 256 * 1024 * 1024;
   // The largest reduction that is kept, in bytes.
   static constexpr std::int64_t MostRowBytes = 16 * 1024 * 1024;
 
@@ -55,6 +58,7 @@ class DecodeAhead : public ReadAhead {
 
  private:
   struct Job;
+  class Claim;
   using Jobs = std::vector<std::shared_ptr<Job>>;
 
   std::shared_ptr<Job> Find(const std::string& path, int scale) const;
@@ -62,7 +66,10 @@ class DecodeAhead : public ReadAhead {
   std::shared_ptr<Job> NextWaiting() const;
   bool IsBusy() const;
   std::int64_t FileBytesInHand() const;
+  std::int64_t ReadyBytes() const;
+  bool Fits(std::int64_t bytes) const;
   void StartThreads();
+  bool Decode(Job& job);
   void Work();
 
   Files& files_;
@@ -73,6 +80,7 @@ class DecodeAhead : public ReadAhead {
   std::condition_variable wake_;
   std::condition_variable worked_;
   std::array<Jobs, 2> expected_;  // by reader; changed by the using thread alone
+  std::int64_t claimed_ = 0;      // bytes that decodes under way have been granted
   bool ending_ = false;
 };
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "platform/codecs/JpegScans.h"
 #include "platform/codecs/SizeBound.h"
 
 namespace pixorra {
@@ -10,9 +11,6 @@ namespace {
 
 // Progressive pictures are kept as whole coefficient arrays; this much for them, in bytes.
 constexpr long MostMemory = 1024L * 1024 * 1024;
-// A picture of a few bytes may claim scan after scan over all its blocks; honest ones have a dozen.
-constexpr int MostScans = 500;
-
 // 255 is no ink.
 std::uint8_t InkToLight(unsigned ink, unsigned black) {
   return static_cast<std::uint8_t>((ink * black * 2 + 255) / 510);
@@ -25,9 +23,7 @@ JpegReader::~JpegReader() {
 }
 
 void JpegReader::Watch(j_common_ptr codec) {
-  const std::atomic<bool>* const stop = reinterpret_cast<const Progress*>(codec->progress)->stop;
-  if (stop != nullptr && *stop) GiveUp(codec, jpeg::BadData);
-  if (reinterpret_cast<j_decompress_ptr>(codec)->input_scan_number > MostScans) GiveUp(codec, jpeg::BadData);
+  if (reinterpret_cast<const Progress*>(codec->progress)->IsStopped()) GiveUp(codec, jpeg::BadData);
 }
 
 int JpegReader::Open() {
@@ -60,11 +56,70 @@ int JpegReader::Reduce(int denominator) {
   return errors_.Run([this] { jpeg_calc_output_dimensions(&reader_); }) ? jpeg::Ok : errors_.status;
 }
 
+std::int64_t JpegReader::WorkingMemory() {
+  return JpegWorkingMemory(reader_);
+}
+
+// Raises the library's errors.
+void JpegReader::ConsumeScans(ScanWork& work) {
+  for (int came = 0; came != JPEG_REACHED_EOI;) {
+    Watch(reinterpret_cast<j_common_ptr>(&reader_));
+    came = jpeg_consume_input(&reader_);
+    if (came == JPEG_SCAN_COMPLETED) ++scansRead_;
+    const bool row = came == JPEG_ROW_COMPLETED || came == JPEG_SCAN_COMPLETED;
+    if (row && !work.Add(reader_)) GiveUp(reinterpret_cast<j_common_ptr>(&reader_), jpeg::TooMuchWork);
+  }
+}
+
+// The library refuses a second frame header only after it has taken over what that says.
+void JpegReader::RestoreFrame(const jpeg_decompress_struct& before) {
+  reader_.image_width = before.image_width;
+  reader_.image_height = before.image_height;
+  reader_.num_components = before.num_components;
+  reader_.data_precision = before.data_precision;
+  reader_.progressive_mode = before.progressive_mode;
+  reader_.arith_code = before.arith_code;
+}
+
+// All scans are read before the first row is made. What came ahead of damage is kept: to the library the file then ends
+// where the damage is.
+int JpegReader::ReadScans() {
+  static constexpr std::array<JOCTET, 2> End{0xFF, JPEG_EOI};
+  const jpeg_decompress_struct before = reader_;
+  ScanWork work(reader_, bytes_);
+  reader_.buffered_image = TRUE;
+  bool read = errors_.Run([this, &work] {
+    jpeg_start_decompress(&reader_);
+    ConsumeScans(work);
+  });
+  const bool damaged = errors_.status == jpeg::BadData || errors_.status == jpeg::Unsupported;
+  if (!read && damaged && !progress_.IsStopped() && scansRead_ > 0) {
+    RestoreFrame(before);
+    reader_.src->next_input_byte = End.data();
+    reader_.src->bytes_in_buffer = End.size();
+    reader_.unread_marker = 0;
+    read = errors_.Run([this, &work] { ConsumeScans(work); });
+  }
+  return read ? jpeg::Ok : errors_.status;
+}
+
+// Raises the library's errors.
+void JpegReader::BeginRows() {
+  if (reader_.buffered_image) {
+    jpeg_start_output(&reader_, std::max(1, scansRead_));
+  } else {
+    jpeg_start_decompress(&reader_);
+  }
+}
+
 int JpegReader::Read(std::uint8_t* topRow, std::ptrdiff_t step, int bytesPerPixel) {
   if (!ComesAsCmyk() && reader_.out_color_space != JCS_EXT_BGR) return jpeg::Unsupported;
   if (EndsAfterHeader()) return jpeg::NoPicture;
+  if (jpeg_has_multiple_scans(&reader_)) {
+    if (const int status = ReadScans(); status != jpeg::Ok) return status;
+  }
   const bool read = errors_.Run([=, this] {
-    jpeg_start_decompress(&reader_);
+    BeginRows();
     const TurnedPlaces places = PlacesFor(orientation_, static_cast<int>(reader_.output_width),
                                           static_cast<int>(reader_.output_height), topRow, step, bytesPerPixel);
     if (ComesAsCmyk()) {
@@ -74,12 +129,12 @@ int JpegReader::Read(std::uint8_t* topRow, std::ptrdiff_t step, int bytesPerPixe
     } else {
       ReadTurnedRows(places);
     }
-    jpeg_finish_decompress(&reader_);
+    if (!reader_.buffered_image) jpeg_finish_decompress(&reader_);
   });
   // What came ahead of the damage shows, as that of a file that ends early does.
-  const bool stopped = progress_.stop != nullptr && *progress_.stop;
   if (!read) CopyTurnedRows();
-  if (!read && (stopped || errors_.status != jpeg::BadData || reader_.output_scanline == 0)) return errors_.status;
+  if (!read && (progress_.IsStopped() || errors_.status != jpeg::BadData || reader_.output_scanline == 0))
+    return errors_.status;
   return errors_.cutBeforeFirstRow ? jpeg::NoPicture : jpeg::Ok;
 }
 

@@ -12,6 +12,8 @@
 
 namespace pixorra {
 
+class ScanWork;
+
 class JpegReader {
  public:
   // The bytes must outlive the reader.
@@ -36,10 +38,13 @@ class JpegReader {
   int ReducedWidth() const { return static_cast<int>(IsOnItsSide() ? reader_.output_height : reader_.output_width); }
   int ReducedHeight() const { return static_cast<int>(IsOnItsSide() ? reader_.output_width : reader_.output_height); }
 
+  // What the read will take beside the rows, in bytes: with progressive pictures, six for each pixel in full colour.
+  std::int64_t WorkingMemory();
+
   // Decodes into ReducedHeight() rows, the top one at `topRow` and each next one `step` bytes further (or back). A row
   // takes ReducedWidth() times `bytesPerPixel` bytes and nothing is written beyond: 3 for blue, green, red; 4, for
-  // pictures of four channels only, adds a byte of 255. After damage the rest is grey, or as it was; in a progressive
-  // picture damage ahead of its last scan is a failure. Once only.
+  // pictures of four channels only, adds a byte of 255. After damage the rest is grey, or as it was; a progressive
+  // picture shows what its scans had brought by then, from the second one on. Once only.
   int Read(std::uint8_t* topRow, std::ptrdiff_t step, int bytesPerPixel);
 
  private:
@@ -47,12 +52,17 @@ class JpegReader {
   struct Progress {
     jpeg_progress_mgr monitor{};
     const std::atomic<bool>* stop = nullptr;
+    bool IsStopped() const { return stop != nullptr && *stop; }
   };
 
   static void Watch(j_common_ptr codec);
   bool EndsAfterHeader() const;
   bool ComesAsCmyk() const { return reader_.out_color_space == JCS_CMYK; }
   bool IsOnItsSide() const { return LiesOnItsSide(orientation_); }
+  void ConsumeScans(ScanWork& work);
+  void RestoreFrame(const jpeg_decompress_struct& before);
+  int ReadScans();
+  void BeginRows();
   void ReadRows(std::uint8_t* topRow, std::ptrdiff_t step);
   void ReadTurnedRows(const TurnedPlaces& places);
   void CopyTurnedRows();
@@ -60,6 +70,7 @@ class JpegReader {
 
   std::span<const std::uint8_t> bytes_;
   int orientation_ = 1;
+  int scansRead_ = 0;  // whole ones, of a picture that comes in several
   // Stored rows that have been decoded and not turned yet.
   struct {
     JSAMPARRAY rows = nullptr;

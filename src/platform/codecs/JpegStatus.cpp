@@ -24,6 +24,8 @@ std::string JpegStatusText(int status) {
       return "The file cannot be written";
     case jpeg::NoPicture:
       return "The data ends before the picture begins";
+    case jpeg::TooMuchWork:
+      return "The picture cannot be decoded in a reasonable time";
     default:
       return "Unknown error";
   }

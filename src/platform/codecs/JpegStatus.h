@@ -16,6 +16,7 @@ inline constexpr int Mismatch = -6;
 inline constexpr int OutOfMemory = -7;
 inline constexpr int CannotWrite = -8;
 inline constexpr int NoPicture = -9;
+inline constexpr int TooMuchWork = -10;
 }  // namespace jpeg
 
 std::string JpegStatusText(int status);

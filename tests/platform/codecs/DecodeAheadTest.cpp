@@ -6,6 +6,8 @@
 #include "platform/codecs/DecodeAhead.h"
 #include "platform/codecs/JpegStatus.h"
 #include "platform/codecs/TurboJpegCodec.h"
+#include "tests/platform/codecs/BoundedMemory.h"
+#include "tests/platform/codecs/ScansByHand.h"
 #include "tests/support/FaultyFiles.h"
 #include "tests/support/TemporaryDrive.h"
 #include "tests/support/TestPictures.h"
@@ -227,6 +229,35 @@ TEST_F(DecodeAheadTest, OfManyLongFilesOnlySomeAreHeld) {
   longFile.resize(static_cast<std::size_t>(DecodeAhead::LongestFile) + 1, 'x');
   Prepare({Write("longest.jpg", longFile)}, 8);
   EXPECT_FALSE(ahead.Take(Bytes(longFile), 8));
+}
+
+// A grey progressive photo, of which the library keeps two bytes for each pixel. What follows it is no matter.
+std::string GreyPhoto(int side) {
+  std::string jpeg = ScansByHand::Grey(side, side, 1, ScansByHand::OfNothing);
+  jpeg.resize(std::max<std::size_t>(jpeg.size(), DecodeAhead::ShortestFile), 'x');
+  return jpeg;
+}
+
+TEST_F(DecodeAheadTest, APhotoThatNeedsTooMuchMemoryIsLeftAlone) {
+  const std::string large = GreyPhoto(12000);
+  const std::string path = Write("large.jpg", large);
+  Prepare({path}, 8);
+  EXPECT_TRUE(ahead.IsReady(path, 8));
+  EXPECT_FALSE(ahead.Take(Bytes(large), 8));
+}
+
+TEST_F(DecodeAheadTest, PhotosThatNeedMuchMemoryAreDecodedOneAfterTheOther) {
+  std::vector<std::string> paths;
+  const std::string photo = GreyPhoto(9000);
+  for (int i = 0; i < 3; ++i) paths.push_back(Write(std::to_string(i) + ".jpg", photo));
+  WithinTwoGigabytes([&] {
+    const std::int64_t before = OwnMemory("VmRSS");
+    DecodeAhead own(files);
+    own.Expect(Strip, paths, 8);
+    own.Settle();
+    EXPECT_LE(OwnMemory("VmHWM") - before, DecodeAhead::MostMemory);
+    for (int i = 0; i < 3; ++i) EXPECT_TRUE(own.Take(Bytes(photo), 8)) << i;
+  });
 }
 
 }  // namespace
