@@ -1,5 +1,6 @@
 #include "base/mIntelJpgHelper.h"
 
+#include <memory>
 #include <optional>
 #include <utility>
 
@@ -107,18 +108,41 @@ bool LoadFrom(JpegBridge& bridge, cDIBsection& surface, const Source& source, in
   return status == ijl::Ok;
 }
 
+void DescribeWriting(JPEG_CORE_PROPERTIES& record, const cDIBsection& surface, int quality) {
+  record.DIBWidth = surface.dib_width();
+  record.DIBHeight = -surface.dib_height();
+  record.DIBChannels = record.JPGChannels = surface.dib_channels();
+  const bool colour = record.DIBChannels == 3;
+  record.DIBColor = colour ? ijl::Bgr : ijl::RgbaFpx;
+  record.JPGColor = colour ? ijl::YCbCr : ijl::YCbCrAFpx;
+  record.JPGSubsampling = colour ? 1 : 3;
+  record.DIBBytes = surface.DIBSectionBitsPtr();
+  record.DIBPadBytes = DibPadBytes(surface.dib_width(), surface.dib_channels());
+  record.JPGWidth = surface.dib_width();
+  record.JPGHeight = surface.dib_height();
+  record.jquality = quality;
+}
+
+constexpr const char* EncodeFailure = "Failed to initialise the IJL library";
+
 }  // namespace
 
 bool LoadJPG(JpegBridge& bridge, cDIBsection& surface, const std::string& fileName, int lScale) {
+  std::unique_ptr<File> file;
+  if (ErrorsIgnored([&] { file = bridge.files.Open(fileName, OpenMode::Read); }) != error::None) return false;
+  return LoadJPG(bridge, surface, *file, lScale);
+}
+
+bool LoadJPG(JpegBridge& bridge, cDIBsection& surface, File& file, int lScale) {
   // Taken out of the bridge, as a message box inside may lead to another call.
   FileBytes bytes = std::exchange(bridge.spare, {});
   bool loaded = false;
   const int number = ErrorsIgnored([&] {
-    bytes.Read(bridge.files, fileName);
+    bytes.Read(file);
     if (bytes.Size() == 0) throw RuntimeError(error::BadSubscript);
     loaded = LoadJPGFromMemory(bridge, surface, bytes.Data(), static_cast<std::int32_t>(bytes.Size()), lScale);
   });
-  bridge.spare = std::move(bytes);
+  if (bytes.Capacity() <= JpegBridge::MostSpare) bridge.spare = std::move(bytes);
   return number == error::None && loaded;
 }
 
@@ -133,23 +157,20 @@ bool LoadJPGFromMemory(JpegBridge& bridge, cDIBsection& surface, const std::uint
 }
 
 bool SaveJPG(JpegBridge& bridge, const cDIBsection& surface, const std::string& fileName, int quality) {
-  Transfer transfer(bridge, "Failed to initialise the IJL library");
+  Transfer transfer(bridge, EncodeFailure);
   if (!transfer.IsReady()) return false;
-  JPEG_CORE_PROPERTIES& record = transfer.record;
-  record.DIBWidth = surface.dib_width();
-  record.DIBHeight = -surface.dib_height();
-  record.DIBChannels = record.JPGChannels = surface.dib_channels();
-  const bool colour = record.DIBChannels == 3;
-  record.DIBColor = colour ? ijl::Bgr : ijl::RgbaFpx;
-  record.JPGColor = colour ? ijl::YCbCr : ijl::YCbCrAFpx;
-  record.JPGSubsampling = colour ? 1 : 3;
-  record.DIBBytes = surface.DIBSectionBitsPtr();
-  record.DIBPadBytes = DibPadBytes(surface.dib_width(), surface.dib_channels());
-  record.JPGFile = fileName;
-  record.JPGWidth = surface.dib_width();
-  record.JPGHeight = surface.dib_height();
-  record.jquality = quality;
-  return bridge.codec.ijlWrite(record, ijl::FileWriteWhole) == ijl::Ok;
+  DescribeWriting(transfer.record, surface, quality);
+  transfer.record.JPGFile = fileName;
+  return bridge.codec.ijlWrite(transfer.record, ijl::FileWriteWhole) == ijl::Ok;
+}
+
+bool EncodeJPG(JpegBridge& bridge, const cDIBsection& surface, int quality, std::vector<std::uint8_t>& jpeg) {
+  Transfer transfer(bridge, EncodeFailure);
+  if (!transfer.IsReady()) return false;
+  DescribeWriting(transfer.record, surface, quality);
+  if (bridge.codec.ijlWrite(transfer.record, ijl::BufferWriteWhole) != ijl::Ok) return false;
+  jpeg = std::move(transfer.record.JPGWritten);
+  return true;
 }
 
 bool SavePictureAsJPG(JpegBridge& bridge, const Picture& picture, const std::string& fileName, int quality) {

@@ -88,6 +88,7 @@ void ComposeImage(Host& host, Scratch<PictureBox>& canvas, ImageBox& photo, Imag
   const int width = target.Width();
   const int height = target.Height();
   canvas.Renew();
+  canvas->SetBackColor(backColour);  // a picture that is transparent has stayed so
   canvas->SetWidth(width);
   canvas->SetHeight(height);
   canvas->PaintPicture(photo.GetPicture(), 0, 0, width, height);
@@ -108,14 +109,15 @@ void PaintThumbnail(MainForm& main, ImageBox& target, const std::string& path, b
   // A message while the photo is loaded lets events run, and the slot may be unloaded.
   const Watch<ImageBox> alive(target);
   if (!QuickThumbsOf(main).ReadQuickThumb(path, target, bDragged)) {
-    const bool loaded = LoadPictureFile(main, path, *photo, true);
+    FileStamp decoded;
+    const bool loaded = LoadPictureFile(main, path, *photo, true, &decoded);
     if (!alive) return;
     if (loaded) {
       // A failure on the way costs only this thumbnail.
       ErrorsIgnored([&] {
         ComposeThumbnail(main.host, *canvas, *photo, width, height);
         ReduceThumbnail(main.host, canvas, *photo, target);
-        QuickThumbsOf(main).AddQuickThumb(path, target.GetPicture());
+        QuickThumbsOf(main).AddQuickThumb(path, target.GetPicture(), decoded);
         bDragged = false;
       });
     } else {

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <memory>
 #include <string_view>
+#include <vector>
 
 #include "base/Routines.h"
 #include "base/mIntelJpgHelper.h"
@@ -68,8 +69,9 @@ void AdjustScale(PicturesState& pictures, int decodedWidth) {
   }
 }
 
-// By way of a small JPEG file, decoded at a reduced size. Messages on the way let events run, and the target may go.
-void LoadReduced(MainForm& main, const std::string& path, const Watch<Control>& target, Steps& steps) {
+// By way of a small JPEG file, decoded at a reduced size. The file is written and goes on in memory: what is shown is
+// never another photo's, and does not depend on the disk. Messages on the way let events run, and the target may go.
+void LoadReduced(MainForm& main, File& file, const Watch<Control>& target, Steps& steps) {
   PicturesState& pictures = main.pictures;
   Host& host = main.host;
   const std::string temporary = StripTrailingBackslash(host.places.TemporaryFolder()) + "\\$temp.tmp";
@@ -77,11 +79,14 @@ void LoadReduced(MainForm& main, const std::string& path, const Watch<Control>& 
   steps.Clear();  // one that is missing counts for nothing
   pictures.gLoaderDib = std::make_unique<cDIBsection>();
   bool decoded = false;
-  steps.Run([&] { decoded = LoadJPG(pictures.jpegBridge, *pictures.gLoaderDib, path, pictures.lDecodeScale); });
+  steps.Run([&] { decoded = LoadJPG(pictures.jpegBridge, *pictures.gLoaderDib, file, pictures.lDecodeScale); });
   // A photo that could not be decoded to its end must not be taken for a whole one.
-  if (decoded) steps.Run([&] { SaveJPG(pictures.jpegBridge, *pictures.gLoaderDib, temporary, TemporaryQuality); });
+  std::vector<std::uint8_t> small;
+  if (decoded) steps.Run([&] { EncodeJPG(pictures.jpegBridge, *pictures.gLoaderDib, TemporaryQuality, small); });
+  if (!small.empty())
+    ErrorsIgnored([&] { host.files.Open(temporary, OpenMode::Replace)->WriteAt(0, small.data(), small.size()); });
   steps.Run([&] {
-    const Picture reduced = host.pictures.Load(temporary);
+    const Picture reduced = host.pictures.FromBytes(small);
     if (target) SetPictureOf(*target.Get(), reduced);
   });
   AdjustScale(pictures, pictures.gLoaderDib->dib_width());
@@ -99,9 +104,15 @@ void TellOutOfMemory(MainForm& main) {
 }  // namespace
 
 int PictureFileFormat(Files& files, const std::string& path) {
+  int format = Unrecognised;
+  ErrorsIgnored([&] { format = PictureFileFormat(*files.Open(path, OpenMode::Read)); });
+  return format;
+}
+
+int PictureFileFormat(File& file) {
   std::array<char, 10> start{};
   std::size_t count = 0;
-  ErrorsIgnored([&] { count = files.Open(path, OpenMode::Read)->ReadAt(0, start.data(), start.size()); });
+  ErrorsIgnored([&] { count = file.ReadAt(0, start.data(), start.size()); });
   if (count < start.size()) return Unrecognised;
   const std::string_view bytes(start.data(), start.size());
   const std::string_view name = bytes.substr(6);
@@ -111,22 +122,28 @@ int PictureFileFormat(Files& files, const std::string& path) {
   return Unrecognised;
 }
 
-bool LoadPictureFile(MainForm& main, const std::string& path, Control& target, bool bFastJpeg) {
+bool LoadPictureFile(MainForm& main, const std::string& path, Control& target, bool bFastJpeg, FileStamp* decoded) {
   PicturesState& pictures = main.pictures;
   if (pictures.bLoaderBusy) return false;
   pictures.bLoaderBusy = true;
   const AtExit done([&pictures] { pictures.bLoaderBusy = false; });
   if (pictures.lDecodeScale == 0) pictures.lDecodeScale = FirstScale;
-  const int format = PictureFileFormat(main.host.files, path);
+  // One open file for all of it, so that a photo put in its place meanwhile is not mixed up with it.
+  std::unique_ptr<File> file;
+  ErrorsIgnored([&] {
+    file = main.host.files.Open(path, OpenMode::Read);
+    if (decoded != nullptr) *decoded = file->Stamp();
+  });
+  const int format = file != nullptr ? PictureFileFormat(*file) : Unrecognised;
   if (format == Unrecognised) return false;
 
   const Watch<Control> alive(target);
   Steps steps;
   steps.Run([&] { SetPictureOf(target, Picture()); });
   if (!bFastJpeg || format != JpegFile) {
-    steps.Run([&] { SetPictureOf(target, main.host.pictures.Load(path)); });
+    steps.Run([&] { SetPictureOf(target, main.host.pictures.Load(*file)); });
   } else {
-    LoadReduced(main, path, alive, steps);
+    LoadReduced(main, *file, alive, steps);
   }
   if (steps.Number() == error::OutOfMemory) TellOutOfMemory(main);
   if (!alive) return false;

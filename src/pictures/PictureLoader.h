@@ -12,7 +12,10 @@ struct MainForm;
 
 // 0 not recognised, 1 bitmap, 2 GIF, 3 JPEG, by the first ten bytes; a file that cannot be read gives 0.
 int PictureFileFormat(Files& files, const std::string& path);
-// True when the control, an image box or a picture box, now shows the picture. A call inside a call fails.
-bool LoadPictureFile(MainForm& main, const std::string& path, Control& target, bool bFastJpeg);
+int PictureFileFormat(File& file);
+// True when the control, an image box or a picture box, now shows the picture. A call inside a call fails. `decoded` is
+// set to the stamp that the file had before it was read.
+bool LoadPictureFile(MainForm& main, const std::string& path, Control& target, bool bFastJpeg,
+                     FileStamp* decoded = nullptr);
 
 }  // namespace pixorra

@@ -122,9 +122,14 @@ std::optional<std::vector<std::uint8_t>> QuickThumbs::BitmapRecord(const Picture
   return file;
 }
 
-void QuickThumbs::AddEntry(const std::string& path, const Picture& picture) const {
+bool QuickThumbs::IsStill(const std::string& path, const FileStamp& decoded) const {
+  return files_.Open(path, OpenMode::Read)->Stamp() == decoded;
+}
+
+void QuickThumbs::AddEntry(const std::string& path, const Picture& picture, const FileStamp& decoded) const {
   const std::optional<Sought> sought = Seek(path);
-  if (!sought) return;
+  // Looked at after its length and date, which are then those of the file that was decoded.
+  if (!sought || !IsStill(path, decoded)) return;
   const Entry entry = FindEntry(*sought);
   if (entry.Record != 0) return;
   std::optional<std::vector<std::uint8_t>> record = BitmapRecord(picture);
@@ -167,8 +172,8 @@ bool QuickThumbs::HasQuickThumb(const std::string& path) const {
   return has;
 }
 
-void QuickThumbs::AddQuickThumb(const std::string& path, const Picture& picture) const {
-  ErrorsIgnored([&] { AddEntry(path, picture); });
+void QuickThumbs::AddQuickThumb(const std::string& path, const Picture& picture, const FileStamp& decoded) const {
+  ErrorsIgnored([&] { AddEntry(path, picture, decoded); });
 }
 
 void QuickThumbs::SetQuickThumbMark(const std::string& path, const std::string& text) const {

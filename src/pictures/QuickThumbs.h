@@ -34,7 +34,9 @@ class QuickThumbs {
   bool ReadQuickThumb(const std::string& path, ImageBox& target, bool& bDragged) const;
   // Whether it would, without a trace: not even a cache file is made.
   bool HasQuickThumb(const std::string& path) const;
-  void AddQuickThumb(const std::string& path, const Picture& picture) const;
+  // `decoded` is the stamp that the photo's file had before the picture was made of it. A photo that has been changed
+  // or replaced since gets no entry: the picture is not its own.
+  void AddQuickThumb(const std::string& path, const Picture& picture, const FileStamp& decoded) const;
   // An empty text clears the mark, any other sets it; without an entry nothing changes.
   void SetQuickThumbMark(const std::string& path, const std::string& text) const;
   // Deletes the folder's cache file.
@@ -50,7 +52,8 @@ class QuickThumbs {
   Entry FindEntryToRead(const Sought& sought) const;
   bool ReadEntry(const std::string& path, ImageBox& target, bool& bDragged) const;
   std::optional<std::vector<std::uint8_t>> BitmapRecord(const Picture& picture) const;
-  void AddEntry(const std::string& path, const Picture& picture) const;
+  bool IsStill(const std::string& path, const FileStamp& decoded) const;
+  void AddEntry(const std::string& path, const Picture& picture, const FileStamp& decoded) const;
   void MarkEntry(const std::string& path, bool dragged) const;
 
   Files& files_;

@@ -1,6 +1,7 @@
 // The bridge between surfaces and JPEG files, with the real codec and with one that fails on demand.
 #include <algorithm>
 #include <climits>
+#include <filesystem>
 #include <functional>
 #include <gtest/gtest.h>
 #include <optional>
@@ -288,6 +289,25 @@ TEST_F(JpegBridgeTest, ALoadInsideAMessageBoxDisturbsNothing) {
   EXPECT_FALSE(LoadJPG(bridge, surface, "C:\\text.jpg", 1));
   EXPECT_EQ(inner.dib_width(), 64);
   EXPECT_TRUE(LoadJPG(bridge, surface, photo, 1));
+}
+
+TEST_F(JpegBridgeTest, TheBlockOfALargeFileIsGivenBack) {
+  ASSERT_TRUE(LoadJPG(bridge, surface, Photo(20, 10), 1));
+  EXPECT_NE(bridge.spare.Data(), nullptr);
+  const std::string large = Photo(20, 10);
+  std::filesystem::resize_file(drive.HostPath(large), std::uintmax_t{64} * 1024 * 1024 + 1);
+  ASSERT_TRUE(LoadJPG(bridge, surface, large, 1));
+  EXPECT_EQ(bridge.spare.Data(), nullptr);
+}
+
+TEST_F(JpegBridgeTest, EncodeJPGGivesTheBytesThatSaveJPGWrites) {
+  ASSERT_TRUE(LoadJPG(bridge, surface, Photo(40, 30), 1));
+  ASSERT_TRUE(SaveJPG(bridge, surface, "C:\\out.jpg", 75));
+  std::vector<std::uint8_t> jpeg;
+  ASSERT_TRUE(EncodeJPG(bridge, surface, 75, jpeg));
+  EXPECT_EQ(std::string(jpeg.begin(), jpeg.end()), drive.Read("C:\\out.jpg"));
+  cDIBsection none;
+  EXPECT_FALSE(EncodeJPG(bridge, none, 75, jpeg));
 }
 
 TEST_F(JpegBridgeTest, SaveJPGWritesWhatLoadJPGReads) {

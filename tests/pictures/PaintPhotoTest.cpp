@@ -149,6 +149,19 @@ TEST_F(PaintingTest, ACachedThumbnailNeedsNoDecodingAndNoScalingFiles) {
   EXPECT_EQ(ColumnsOf(second.GetPicture(), Red), 80);
 }
 
+TEST_F(PaintingTest, APhotoReplacedWhileItIsPaintedIsNotTakenForTheOldOneAfterwards) {
+  const std::string jpeg = "C:\\Photos\\photo.jpg";
+  drive.Write(jpeg, JpegOf(PlainBitmap(400, 300, Red), {.quality = 100}));
+  // It has been decoded by then.
+  run.files.BeforeNth(
+      FileCall::OpenToWrite, 1, [&] { drive.Write(jpeg, JpegOf(PlainBitmap(400, 300, White))); }, "$temp.tmp");
+  PaintThumbnail(main, thumbnail, jpeg, bDragged);
+  EXPECT_EQ(ColumnsOf(thumbnail.GetPicture(), White), 0);
+  ImageBox& second = Image(80, 60);
+  PaintThumbnail(main, second, jpeg, bDragged);
+  EXPECT_EQ(ColumnsOf(second.GetPicture(), White), 80);
+}
+
 TEST_F(PaintingTest, APhotoThatCannotBeDecodedShowsInvalidPictureAndIsTriedAgainEachTime) {
   WriteBroken();
   bDragged = true;
@@ -242,6 +255,18 @@ TEST_F(PaintingTest, TheBarsOfAnImageHaveTheColourAskedFor) {
   EXPECT_EQ(At(image.GetPicture(), 200, 0), 0x00332211U);
   EXPECT_EQ(At(image.GetPicture(), 200, 299), 0x00332211U);
   EXPECT_EQ(At(image.GetPicture(), 200, 150), White);
+}
+
+TEST_F(PaintingTest, ATransparentPictureOfTheTargetsShapeLiesOnTheColourAskedFor) {
+  drive.Write("C:\\Photos\\a.gif",
+              GifOf(160, 120, [](int x, int) { return static_cast<std::uint8_t>(x < 80); }, {.transparent = 1}));
+  for (const int width : {200, 400}) {
+    ImageBox& image = Image(width, width * 3 / 4);
+    ASSERT_TRUE(PaintImage(main, "C:\\Photos\\a.gif", image, 0x00332211).ok);
+    EXPECT_EQ(At(image.GetPicture(), width / 4, 50), 0x00332211U);
+    EXPECT_EQ(At(image.GetPicture(), width * 3 / 4, 50), 0x0000FF00U);
+    main.strip.SrcThumbnail.Unload(2);
+  }
 }
 
 TEST_F(PaintingTest, APaneOf249By185IsComposedAt747By555) {

@@ -199,7 +199,7 @@ TEST_F(PictureLoaderTest, ARecognisedFileThatCannotBeLoadedFailsInSilence) {
 TEST_F(PictureLoaderTest, OutOfMemoryIsToldAndLeavesNoPicture) {
   drive.Write("C:\\a.bmp", BmpPhoto(31, 21));
   ASSERT_TRUE(Load("C:\\a.bmp", false));
-  run.files.FailNth(FileCall::OpenToRead, 2, error::OutOfMemory, "a.bmp");
+  run.files.FailNth(FileCall::Read, 2, error::OutOfMemory, "a.bmp");
   run.person.ExpectBox("Pixorra - Out of Memory", "", BoxAnswer::Ok, [&] { EXPECT_TRUE(main.pictures.bLoaderBusy); });
   EXPECT_FALSE(Load("C:\\a.bmp", false));
   ASSERT_EQ(run.platform.dialogs.Boxes().size(), 1U);
@@ -213,11 +213,41 @@ TEST_F(PictureLoaderTest, OutOfMemoryIsToldAndLeavesNoPicture) {
   EXPECT_FALSE(main.pictures.bLoaderBusy);
 }
 
-TEST_F(PictureLoaderTest, ATemporaryFileThatCannotBeWrittenFailsThisPhotoOnly) {
+TEST_F(PictureLoaderTest, ATemporaryFileThatCannotBeWrittenChangesNothingThatIsSeen) {
   drive.Write(Photo, JpegPhoto(160, 120));
   run.files.FailNth(FileCall::OpenToWrite, 1, error::DiskFull, "$temp.tmp");
-  EXPECT_FALSE(Load(Photo, true));
   EXPECT_TRUE(Load(Photo, true));
+  EXPECT_EQ(target->Width(), 40);
+  run.files.FailNth(FileCall::Write, 1, error::OutOfMemory, "$temp.tmp");
+  EXPECT_TRUE(Load(Photo, true));
+  EXPECT_TRUE(run.platform.dialogs.Boxes().empty());
+}
+
+TEST_F(PictureLoaderTest, ATemporaryFileThatAnotherWritesMeanwhileIsNotShown) {
+  drive.Write(Photo, JpegPhoto(160, 120));
+  run.files.BeforeNth(
+      FileCall::OpenToRead, 1, [&] { drive.Write(Temporary, JpegPhoto(50, 50)); }, "$temp.tmp");
+  EXPECT_TRUE(Load(Photo, true));
+  EXPECT_EQ(target->Width(), 40);
+  // Nor is one that could neither be deleted nor written.
+  drive.Write(Temporary, JpegPhoto(50, 50));
+  run.files.FailAlways(FileCall::Delete, error::PathAccess, "$temp.tmp");
+  run.files.FailAlways(FileCall::OpenToWrite, error::PathAccess, "$temp.tmp");
+  EXPECT_TRUE(Load(Photo, true));
+  EXPECT_EQ(target->Width(), 40);
+}
+
+TEST_F(PictureLoaderTest, APhotoReplacedInMidLoadIsShownAsItWasWhenItWasOpened) {
+  drive.Write(Photo, JpegPhoto(160, 120));
+  run.files.BeforeNth(
+      FileCall::Delete, 1,
+      [&] {
+        drive.Remove(Photo);
+        drive.Write(Photo, JpegPhoto(200, 120));
+      },
+      "$temp.tmp");
+  EXPECT_TRUE(Load(Photo, true));
+  EXPECT_EQ(target->Width(), 40);
 }
 
 TEST_F(PictureLoaderTest, ACallInsideACallFailsWithoutTouchingTargetOrTemporaryFile) {

@@ -39,7 +39,12 @@ class QuickThumbsTest : public HeadlessTest {
   // Each number makes a thumbnail of its own.
   static Picture Thumbnail(int number) { return Picture(PlainBitmap(80, 60, static_cast<Colour>(number))); }
   static std::string ThumbnailBytes(int number) { return BmpOf(PlainBitmap(80, 60, static_cast<Colour>(number))); }
-  void Add(const std::string& path, int number) { quickThumbs.AddQuickThumb(path, Thumbnail(number)); }
+  void Add(const std::string& path, int number) { quickThumbs.AddQuickThumb(path, Thumbnail(number), Stamp(path)); }
+  FileStamp Stamp(const std::string& path) {
+    FileStamp stamp;
+    ErrorsIgnored([&] { stamp = drive.DriveFiles().Open(path, OpenMode::Read)->Stamp(); });
+    return stamp;
+  }
   // The number of the thumbnail that the cache holds, -1 on a miss. The mark is in bDragged.
   int Read(const std::string& path) { return Read(quickThumbs, path); }
   int Read(const QuickThumbs& cache, const std::string& path) {
@@ -240,7 +245,7 @@ TEST_F(QuickThumbsTest, ALookUpMakesAnEmptyCacheFile) {
 
 TEST_F(QuickThumbsTest, TheCamerasCacheLiesInTheProgramsFolderAndEndsWithIt) {
   const QuickThumbs ofCamera = WithCameraAt("C:\\Photos");
-  ofCamera.AddQuickThumb(Photo, Thumbnail(1));
+  ofCamera.AddQuickThumb(Photo, Thumbnail(1), Stamp(Photo));
   EXPECT_FALSE(drive.Exists(Cache));
   EXPECT_TRUE(drive.Read(CameraCache) == HandBytes(HandMade(1)));
   EXPECT_EQ(Read(ofCamera, Photo), 1);
@@ -250,7 +255,7 @@ TEST_F(QuickThumbsTest, TheCamerasCacheLiesInTheProgramsFolderAndEndsWithIt) {
 }
 
 TEST_F(QuickThumbsTest, TheCamerasFolderIsComparedCaseIncluded) {
-  WithCameraAt("C:\\photos").AddQuickThumb(Photo, Thumbnail(1));
+  WithCameraAt("C:\\photos").AddQuickThumb(Photo, Thumbnail(1), Stamp(Photo));
   EXPECT_TRUE(drive.Exists(Cache));
   EXPECT_FALSE(drive.Exists(CameraCache));
 }
@@ -306,7 +311,7 @@ TEST_F(QuickThumbsTest, AnEmptyPathTouchesNoFile) {
 // --- what cannot be cached -------------------------------------------------------------------------------------------
 
 TEST_F(QuickThumbsTest, APictureOfAnotherSizeIsNotCachedAndItsFileStaysBehind) {
-  quickThumbs.AddQuickThumb(Photo, Picture(PlainBitmap(81, 60, 0)));
+  quickThumbs.AddQuickThumb(Photo, Picture(PlainBitmap(81, 60, 0)), Stamp(Photo));
   EXPECT_EQ(CacheSize(), 0U);
   EXPECT_TRUE(drive.Exists(Temporary));
   Add(Photo, 1);
@@ -315,7 +320,7 @@ TEST_F(QuickThumbsTest, APictureOfAnotherSizeIsNotCachedAndItsFileStaysBehind) {
 }
 
 TEST_F(QuickThumbsTest, NothingForAPictureIsNotCached) {
-  quickThumbs.AddQuickThumb(Photo, Picture());
+  quickThumbs.AddQuickThumb(Photo, Picture(), Stamp(Photo));
   EXPECT_EQ(CacheSize(), 0U);
 }
 
@@ -481,7 +486,7 @@ TEST_F(QuickThumbsTest, TwoProgramsOnOneFolderSeeEachOthersEntries) {
   WritePhoto("C:\\Photos\\b.jpg", 20);
   Add(Photo, 1);
   EXPECT_EQ(Read("C:\\Photos\\b.jpg"), -1);
-  second.AddQuickThumb("C:\\Photos\\b.jpg", Thumbnail(2));
+  second.AddQuickThumb("C:\\Photos\\b.jpg", Thumbnail(2), Stamp("C:\\Photos\\b.jpg"));
   EXPECT_EQ(Read("C:\\Photos\\b.jpg"), 2);
   EXPECT_EQ(CacheSize(), 3U * 14776);
 }

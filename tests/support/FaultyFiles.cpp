@@ -84,6 +84,11 @@ void FaultyFiles::FailNth(FileCall call, int n, int number, const std::string& w
   faults_.push_back({call, std::max(n, 1), false, number, where});
 }
 
+void FaultyFiles::BeforeNth(FileCall call, int n, std::function<void()> action, const std::string& where) {
+  const std::lock_guard lock(mutex_);
+  faults_.push_back({call, std::max(n, 1), false, 0, where, std::move(action)});
+}
+
 void FaultyFiles::FailAlways(FileCall call, int number, const std::string& where) {
   const std::lock_guard lock(mutex_);
   faults_.push_back({call, 0, true, number, where});
@@ -112,14 +117,18 @@ int FaultyFiles::Count(FileCall call) const {
 }
 
 int FaultyFiles::Strike(FileCall call, const std::string& path) {
-  const std::lock_guard lock(mutex_);
+  std::function<void()> action;
+  std::unique_lock lock(mutex_);
   ++counts_[call];
   int number = 0;
   for (Fault& fault : faults_) {
     if (fault.Call != call || path.find(fault.Where) == std::string::npos) continue;
     if (!fault.Always && --fault.Left != 0) continue;
     if (number == 0) number = fault.Number;
+    if (fault.Action) action = fault.Action;
   }
+  lock.unlock();
+  if (action) action();
   return number;
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <map>
 #include <memory>
 #include <mutex>
@@ -46,6 +47,8 @@ class FaultyFiles : public Files {
   void FailNth(FileCall call, int n, int number, const std::string& where = {});
   // Every such call from now on.
   void FailAlways(FileCall call, int number, const std::string& where = {});
+  // Right before the n-th such call from now on somebody else does this, once.
+  void BeforeNth(FileCall call, int n, std::function<void()> action, const std::string& where = {});
   // So many more bytes can be written, whole or in part; then writes raise 61. What fits of a write is written.
   void FillDiskAfter(std::int64_t bytes);
   // Nothing at this path or below it can be seen or made any more: 53 and 76. Open files there fail with 57.
@@ -93,6 +96,7 @@ class FaultyFiles : public Files {
     bool Always = false;
     int Number = 0;
     std::string Where;
+    std::function<void()> Action{};
   };
 
   // Counts the call and tells the error number that it must fail with, 0 for none.

@@ -126,12 +126,15 @@ std::vector<std::uint8_t> EncodeBmp(const Bitmap& bitmap) {
 }
 
 Picture CodecPictures::Load(const std::string& path) {
+  return Load(*files_.Open(path, OpenMode::Read));
+}
+
+Picture CodecPictures::Load(File& file) {
   return WithMemoryErrors([&] {
-    const std::unique_ptr<File> file = files_.Open(path, OpenMode::Read);
-    ByteReader in(*file);
+    ByteReader in(file);
     FileBytes bytes;
     return Picture(Decode(in, [&] {
-      bytes.Read(*file);
+      bytes.Read(file);
       return bytes.Bytes();
     }));
   });

@@ -145,7 +145,7 @@ int TurboJpegCodec::ReadBlock(JPEG_CORE_PROPERTIES& record, int denominator) {
 }
 
 int TurboJpegCodec::ijlWrite(JPEG_CORE_PROPERTIES& record, int mode) {
-  if (mode != ijl::FileWriteWhole) return jpeg::BadRecord;
+  if (mode != ijl::FileWriteWhole && mode != ijl::BufferWriteWhole) return jpeg::BadRecord;
   const std::optional<SurfaceRows> rows = RowsOf(record);
   if (!rows) return jpeg::BadRecord;
   if (record.DIBChannels != 3) return jpeg::Unsupported;
@@ -156,8 +156,9 @@ int TurboJpegCodec::ijlWrite(JPEG_CORE_PROPERTIES& record, int mode) {
   JpegBytes encoded;
   const int status = WriteJpeg(rows->top, rows->step, record.DIBWidth, height, record.jquality, encoded);
   if (status != jpeg::Ok) return status;
+  const std::span<const std::uint8_t> bytes = encoded.Bytes();
   const int number = ErrorsIgnored([&] {
-    const std::span<const std::uint8_t> bytes = encoded.Bytes();
+    if (mode == ijl::BufferWriteWhole) return record.JPGWritten.assign(bytes.begin(), bytes.end());
     files_.Open(record.JPGFile, OpenMode::Replace)->WriteAt(0, bytes.data(), bytes.size());
   });
   return number == error::None ? jpeg::Ok : StatusOfError(number, jpeg::CannotWrite);

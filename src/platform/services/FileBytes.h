@@ -35,6 +35,8 @@ class FileBytes {
   std::span<const std::uint8_t> Bytes() const { return {buffer_.get(), size_}; }
   const std::uint8_t* Data() const { return buffer_.get(); }
   std::size_t Size() const { return size_; }
+  // Bytes of the block, which is kept for the next file.
+  std::size_t Capacity() const { return capacity_; }
 
  private:
   std::unique_ptr<std::uint8_t[]> buffer_;

@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
 namespace pixorra {
 
@@ -20,6 +21,7 @@ struct JPEG_CORE_PROPERTIES {
   std::string JPGFile;
   const std::uint8_t* JPGBytes = nullptr;
   std::int32_t JPGSizeBytes = 0;
+  std::vector<std::uint8_t> JPGWritten;  // the file that was written into memory
   std::int32_t JPGWidth = 0;
   std::int32_t JPGHeight = 0;
   std::int32_t JPGChannels = 3;
@@ -42,6 +44,7 @@ inline constexpr int BufferReadParams = 1;
 inline constexpr int FileReadWhole = 2;
 inline constexpr int BufferReadWhole = 3;
 inline constexpr int FileWriteWhole = 8;
+inline constexpr int BufferWriteWhole = 9;
 inline constexpr int FileReadHalf = 14;
 inline constexpr int BufferReadHalf = 15;
 inline constexpr int FileReadQuarter = 16;

@@ -10,6 +10,8 @@
 
 namespace pixorra {
 
+class File;
+
 class Pictures {
  public:
   virtual ~Pictures() = default;
@@ -17,6 +19,8 @@ class Pictures {
   // FileNotFound and PathAccess where the file cannot be read, BadPicture where it is no picture or so damaged that
   // there is nothing to show, OutOfMemory where memory runs out.
   virtual Picture Load(const std::string& path) = 0;
+  // The same of an open file.
+  virtual Picture Load(File& file) = 0;
   // The picture in such a file's bytes. Raises BadPicture and OutOfMemory, as Load does.
   virtual Picture FromBytes(std::span<const std::uint8_t> file) = 0;
   // A 24-bit bottom-up bitmap file: 54 bytes of header, then the rows. Raises BadPropertyValue for a
