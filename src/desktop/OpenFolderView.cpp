@@ -231,6 +231,10 @@ void DestScrollbar_Scroll(MainForm& main) {
   ScrollView(main);
 }
 
+void ScrollDestBy(MainForm& main, double pixels) {
+  MoveBarBy(main.desk.DestScrollbar, main.desk.DestBarScale, pixels);
+}
+
 void DestThumbnail_MouseDown(MainForm& main, int index, int /*mouseButton*/) {
   DesktopState& desk = main.desk;
   if (index == 0) return;

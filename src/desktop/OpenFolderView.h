@@ -25,6 +25,9 @@ void RemoveDestPhoto(DesktopState& desk, const std::string& path, const Picture&
 void SetDestCellPath(DesktopState& desk, int index, const std::string& path);
 void DestScrollbar_Change(MainForm& main);
 void DestScrollbar_Scroll(MainForm& main);
+// Moves the view by so many pixels, positive towards its end, within the bar's range. Pixels below one unit of the bar
+// are kept for the next call.
+void ScrollDestBy(MainForm& main, double pixels);
 void DestThumbnail_MouseDown(MainForm& main, int index, int mouseButton);
 
 }  // namespace pixorra

@@ -48,6 +48,11 @@ void SrcScrollbar_Scroll(MainForm& main) {
   strip.AutoScrollPending = false;
 }
 
+void ScrollStripBy(MainForm& main, double pixels) {
+  MoveBarBy(main.strip.SrcScrollbar, main.strip.SrcBarScale, pixels);
+  main.strip.AutoScrollPending = false;
+}
+
 void AutoScrollStep(MainForm& main) {
   FilmStripState& strip = main.strip;
   strip.SrcScrollbar.SetMax(strip.SrcScrollbar.Max());

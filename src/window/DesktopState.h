@@ -3,6 +3,7 @@
 
 #include <string>
 
+#include "base/Bars.h"
 #include "base/Host.h"
 #include "base/LoadedPaths.h"
 #include "platform/controls/ControlArray.h"
@@ -36,6 +37,7 @@ struct DesktopState {
   int DestSlotCount = 0;     // cells loaded in the open folder's view
   int DestColumns = 2;       // cells in a row
   int DestPageBase = 0;      // cells that lie before the canvas's origin
+  BarScale DestBarScale;     // of DestScrollbar
   std::string DestLoadedPath;
   LoadedPaths loadedPaths;
 

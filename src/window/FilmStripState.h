@@ -3,6 +3,7 @@
 
 #include <string>
 
+#include "base/Bars.h"
 #include "base/Host.h"
 #include "base/LoadedPaths.h"
 #include "platform/controls/Buttons.h"
@@ -32,6 +33,7 @@ struct FilmStripState {
   int SrcSlotCount = 0;       // the highest slot number; 0 is the template and not counted
   int SrcShownCount = 0;      // slots shown now
   int SrcPageBase = 0;        // first shown position of the present page, a multiple of 50
+  BarScale SrcBarScale;       // of SrcScrollbar
   std::string SrcLoadedPath;  // folder that the loaded slots belong to
   bool NoFilmStrip = true;
   std::string CameraLocation;

@@ -234,6 +234,28 @@ TEST_F(OpenFolderViewTest, MovingTheBarMovesTheCanvasTwoPixelsAUnit) {
   EXPECT_TRUE(desk.DestScrollbar.Enabled());
 }
 
+TEST_F(OpenFolderViewTest, AMoveByARowBringsTheNextRowToTheTop) {
+  Open("A", 30);
+  const auto topOf = [&](int cell) { return desk.DestCanvas.Top() + desk.DestBackground(cell).Top(); };
+  ASSERT_EQ(topOf(1), -2) << "the bar's least value is 1";
+  for (int row = 1; row <= 11; ++row) {
+    ScrollDestBy(main, 89);
+    ASSERT_NEAR(topOf(2 * row + 1), -2, 1) << row;
+  }
+  for (int i = 0; i < 8; ++i) ScrollDestBy(main, 0.25);
+  EXPECT_NEAR(topOf(23), -4, 1);
+}
+
+TEST_F(OpenFolderViewTest, AMoveByPixelsBeyondAnEndStopsThere) {
+  Open("A", 30);
+  ScrollDestBy(main, 1e12);
+  EXPECT_EQ(desk.DestScrollbar.Value(), desk.DestScrollbar.Max());
+  ScrollDestBy(main, -2);
+  EXPECT_EQ(desk.DestScrollbar.Value(), desk.DestScrollbar.Max() - 1);
+  ScrollDestBy(main, -1e12);
+  EXPECT_EQ(desk.DestScrollbar.Value(), 1);
+}
+
 TEST_F(OpenFolderViewTest, OpeningAnotherFolderStartsAtItsTop) {
   Open("A", 20);
   Show(MakePhotos("B", 20));

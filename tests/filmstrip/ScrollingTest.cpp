@@ -155,5 +155,57 @@ TEST_F(ScrollingTest, AViewThatGetsShorterThanItsPlaceGoesBackToItsEnd) {
   EXPECT_EQ(strip.SrcPicsCount.Caption(), "10 pics");
 }
 
+// --- by pixels, as a wheel and a touch pad do ------------------------------------------------------------------------
+
+TEST_F(ScrollingTest, AMoveByAFrameBringsTheNextPhotoToTheLeftEdge) {
+  WriteEmpty(60);
+  ProgramRun& run = LoadedStrip();
+  for (int photo = 2; photo <= 52; ++photo) {
+    ScrollStripBy(run.main, 97);
+    ASSERT_NEAR(OnScreen(run, photo), 0, 1) << photo;
+  }
+  EXPECT_EQ(run.main.strip.SrcPageBase, 50);
+  for (int photo = 51; photo >= 1; --photo) {
+    ScrollStripBy(run.main, -97);
+    ASSERT_NEAR(OnScreen(run, photo), 0, 1) << photo;
+  }
+  EXPECT_EQ(run.main.strip.SrcScrollbar.Value(), 0);
+}
+
+TEST_F(ScrollingTest, MovesOfLessThanAUnitAddUp) {
+  WriteEmpty(20);
+  ProgramRun& run = LoadedStrip();
+  for (int i = 0; i < 64; ++i) ScrollStripBy(run.main, 0.25);
+  EXPECT_EQ(OnScreen(run, 1), -16);
+  for (int i = 0; i < 16; ++i) ScrollStripBy(run.main, -0.75);
+  EXPECT_EQ(OnScreen(run, 1), -4);
+}
+
+TEST_F(ScrollingTest, AMoveBeyondAnEndStopsThereAndTheWayBackBeginsAtOnce) {
+  WriteEmpty(20);
+  ProgramRun& run = LoadedStrip();
+  const ScrollBar& bar = run.main.strip.SrcScrollbar;
+  ScrollStripBy(run.main, 1e12);
+  EXPECT_EQ(bar.Value(), bar.Max());
+  ScrollStripBy(run.main, 1);
+  ScrollStripBy(run.main, -2);
+  EXPECT_EQ(bar.Value(), bar.Max() - 1);
+  ScrollStripBy(run.main, -1e12);
+  EXPECT_EQ(bar.Value(), 0);
+  ScrollStripBy(run.main, -1);
+  ScrollStripBy(run.main, 2);
+  EXPECT_EQ(bar.Value(), 1);
+}
+
+TEST_F(ScrollingTest, EvenASmallMoveByPixelsStopsAPendingAutoScroll) {
+  WriteEmpty(20);
+  ProgramRun& run = LoadedStrip();
+  for (const double pixels : {0.25, 97.0}) {
+    run.main.strip.AutoScrollPending = true;
+    ScrollStripBy(run.main, pixels);
+    EXPECT_FALSE(run.main.strip.AutoScrollPending) << pixels;
+  }
+}
+
 }  // namespace
 }  // namespace pixorra
