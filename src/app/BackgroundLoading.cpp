@@ -53,7 +53,7 @@ void LoadOpenFolder(MainForm& main) {
     ClearDestThumbnails(main);
     desk.DestLoadedPath = desk.DestFileList.Path();
   }
-  const bool missing = desk.DestSlotCount < desk.DestFileList.ListCount();
+  const bool missing = desk.DestSlotCount < CellsWanted(desk);
   if (desk.OpenFolderIndex == 0 || !missing || IsPaused(main.strip)) {
     main.host.readAhead.Expect(ReadAhead::Reader::OpenFolder, {}, 0);
     return;
@@ -69,7 +69,7 @@ void LoadFilmStrip(MainForm& main) {
     ClearFilmStrip(main);
     strip.SrcLoadedPath = strip.SrcFileList.Path();
   }
-  const bool missing = strip.SrcSlotCount < strip.SrcFileList.ListCount();
+  const bool missing = strip.SrcSlotCount < SlotsWanted(strip);
   if (strip.NoFilmStrip || !missing || IsPaused(strip)) {
     main.host.readAhead.Expect(ReadAhead::Reader::FilmStrip, {}, 0);
     return;

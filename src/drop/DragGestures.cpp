@@ -72,7 +72,7 @@ void AllButton_DragOver(MainForm& main, Control& source, DragState state) {
       return;
     }
   }
-  if (main.strip.SrcSlotCount < main.strip.SrcFileList.ListCount()) {
+  if (main.strip.SrcSlotCount < SlotsWanted(main.strip)) {
     AskInDrag(main, "The thumbnails are still loading.\nWait until it is finished loading, then try again.",
               BoxIcon::Exclamation, BoxButtons::Ok, "WARNING: Can't Drag Film Strip yet.");
     return;
@@ -82,7 +82,7 @@ void AllButton_DragOver(MainForm& main, Control& source, DragState state) {
 
 void AllButton_MouseMove(MainForm& main) {
   FilmStripState& strip = main.strip;
-  const int count = strip.SrcFileList.ListCount();
+  const int count = SlotsWanted(strip);
   const bool ready = count > 0 && count == strip.SrcSlotCount;
   strip.AllButton.SetMouseIcon(ready ? strip.BrowseButton.MouseIcon() : main.drop.NotReadyIcon);
 }

@@ -2,7 +2,9 @@
 
 #include "base/ShownNames.h"
 #include "filmstrip/Marks.h"
+#include "filmstrip/Scrolling.h"
 #include "pictures/PaintPhoto.h"
+#include "platform/runtime/AtExit.h"
 #include "platform/runtime/Errors.h"
 #include "platform/runtime/Numbers.h"
 #include "window/FilmStripState.h"
@@ -37,13 +39,12 @@ void SetSrcSlotPath(FilmStripState& strip, int slot, const std::string& path) {
 
 namespace {
 
-// Pixels: of a thumbnail in its frame, from a thumbnail to its name, and what the canvas and the bar's range have
-// beyond the last frame.
+// Pixels: of a thumbnail in its frame, from a thumbnail to its name, and what the canvas has beyond the last
+// frame.
 constexpr int ThumbnailInset = 10;
 constexpr int ThumbnailDrop = 17;
 constexpr int NameGap = 1;
 constexpr int RoomBesideFrames = 74;
-constexpr int RoomToScroll = 120;
 
 void PlaceBackground(FilmStripState& strip, int slot, int position) {
   ImageBox& background = strip.SrcBackground(slot);
@@ -70,18 +71,9 @@ void PlaceSrcSlot(FilmStripState& strip, int slot, int position) {
   PlaceThumbnail(strip, slot);
 }
 
-void FitSrcCanvas(FilmStripState& strip, int lastSlot, int shown) {
+void FitSrcCanvas(FilmStripState& strip, int lastSlot) {
   const ImageBox& last = strip.SrcBackground(lastSlot);
   ErrorsIgnored([&] { strip.SrcCanvas.SetWidth(last.Left() + last.Width() + RoomBesideFrames); });
-  // Past 16 bits the assignment fails and the former Max is kept. A strip that fits its window is scrolled back to its
-  // start by the first of the two.
-  const double max =
-      (shown * static_cast<double>(SrcFrameWidth) - strip.SrcThumbsWindow.ScaleWidth() + RoomToScroll) / 2;
-  ErrorsIgnored([&] { strip.SrcScrollbar.SetMax(max); });
-  ErrorsIgnored([&] {
-    if (strip.SrcScrollbar.Max() < LeastBarMax) strip.SrcScrollbar.SetMax(LeastBarMax);
-  });
-  strip.SrcScrollbar.Refresh();
 }
 
 void ShowSrcCount(FilmStripState& strip) {
@@ -90,7 +82,11 @@ void ShowSrcCount(FilmStripState& strip) {
 
 void AddSrcSlot(MainForm& main, const std::string& path) {
   FilmStripState& strip = main.strip;
+  if (strip.SrcSlotCount >= MostThumbnails) return;
   const int slot = strip.SrcSlotCount + 1;
+  const AtExit undone([&strip, slot] {
+    if (strip.SrcSlotCount < slot) UnloadSrcSlot(strip, slot);
+  });
   ImageBox& thumbnail = strip.SrcThumbnail.Load(slot);
   strip.SrcBackground.Load(slot);
   Label& name = strip.SrcThumbName.Load(slot);
@@ -98,11 +94,14 @@ void AddSrcSlot(MainForm& main, const std::string& path) {
   PlaceBackground(strip, slot, strip.SrcShownCount);
   bool bDragged = false;
   PaintThumbnail(main, thumbnail, path, bDragged);
+  // A long step may have let the strip be cleared.
+  if (strip.SrcSlotCount != slot - 1) return;
   name.SetCaption(ShownBaseName(main.host.files, path));
   name.SetToolTipText(ShownFileName(main.host.files, path));
   PlaceThumbnail(strip, slot);
   // The slot does not count yet: a bar that moves now arranges the others alone.
-  FitSrcCanvas(strip, slot, strip.SrcShownCount);
+  FitSrcCanvas(strip, slot);
+  ErrorsIgnored([&] { FitSrcScrollbar(main, strip.SrcShownCount); });
   if (pageBase != strip.SrcPageBase) PlaceSrcSlot(strip, slot, strip.SrcShownCount);
   strip.SrcSlotCount = slot;
   ++strip.SrcShownCount;
@@ -110,6 +109,12 @@ void AddSrcSlot(MainForm& main, const std::string& path) {
   ShowSrcCount(strip);
   name.SetTag("");
   if (bDragged) ErrorsIgnored([&] { MarkDragged(main, thumbnail); });
+}
+
+void UnloadSrcSlot(FilmStripState& strip, int slot) {
+  ErrorsIgnored([&] { strip.SrcThumbnail.Unload(slot); });
+  ErrorsIgnored([&] { strip.SrcBackground.Unload(slot); });
+  ErrorsIgnored([&] { strip.SrcThumbName.Unload(slot); });
 }
 
 }  // namespace pixorra

@@ -12,16 +12,19 @@ struct MainForm;
 void SrcFileList_PathChange(MainForm& main);
 // No film strip is chosen: the captions say so.
 void ShowNoFilmStrip(FilmStripState& strip);
-// Makes the next slot, for the photo at the full path.
+// Makes the next slot, for the photo at the full path; nothing beyond MostThumbnails. Where it raises, no part of the
+// slot is left.
 void AddSrcSlot(MainForm& main, const std::string& path);
 
+// Unloads what is there of a slot.
+void UnloadSrcSlot(FilmStripState& strip, int slot);
 // A slot's photo has another path now; empty: it is there no longer, and the slot is dead. The only way to set a slot's
 // Tag.
 void SetSrcSlotPath(FilmStripState& strip, int slot, const std::string& path);
 // Puts the three controls of a slot at a shown position, from 0, on the present page, and shows them.
 void PlaceSrcSlot(FilmStripState& strip, int slot, int position);
-// The canvas's width by the last slot, and the bar's range by the number of slots shown.
-void FitSrcCanvas(FilmStripState& strip, int lastSlot, int shown);
+// The canvas's width by the last slot.
+void FitSrcCanvas(FilmStripState& strip, int lastSlot);
 void ShowSrcCount(FilmStripState& strip);
 
 }  // namespace pixorra

@@ -1,5 +1,7 @@
 #include "filmstrip/Scrolling.h"
 
+#include <algorithm>
+
 #include "base/Bars.h"
 #include "filmstrip/Views.h"
 #include "platform/runtime/Errors.h"
@@ -15,20 +17,37 @@ namespace {
 // Pixels that one step of the auto scroll moves the strip while the next photo is marked too.
 constexpr int PastMarkedStep = 15;
 constexpr double PageWidth = SrcFramesPerPage * SrcFrameWidth;
+// Pixels that the bar's range has beyond the last frame.
+constexpr int RoomToScroll = 120;
 
-// The bar counts in units of 2 pixels, and slots are placed relative to a page of 50 frames: both keep long strips
-// within 16 bits. The canvas is moved by the page's width, so that no photo jumps when the page changes.
+// The first position of the page that the bar's value is on.
+int PageBaseAtBar(const FilmStripState& strip) {
+  const int frame = CLng(ScrolledPixels(strip.SrcScrollbar, strip.SrcBarScale) / strip.SrcBackground(0).Width());
+  return frame / SrcFramesPerPage * SrcFramesPerPage;
+}
+
+// The bar counts in units of 2 pixels or more, and slots are placed relative to a page of 50 frames: both keep long
+// strips within 16 bits. The canvas is moved by the page's width, so that no photo jumps when the page changes.
 void ScrollStrip(MainForm& main) {
   FilmStripState& strip = main.strip;
-  const int value = strip.SrcScrollbar.Value();
-  const int frame = CLng(value * 2.0 / strip.SrcBackground(0).Width());
-  const int page = frame / SrcFramesPerPage;
-  const int base = page * SrcFramesPerPage;
-  if (base != strip.SrcPageBase) {
+  // A strip that has become shorter takes the bar back, maybe to another page.
+  for (int base = PageBaseAtBar(strip); base != strip.SrcPageBase; base = PageBaseAtBar(strip)) {
     strip.SrcPageBase = base;
     Redisplay_FilmStrip(main);
   }
-  strip.SrcCanvas.SetLeft(-2.0 * value + page * PageWidth - SrcFrameWidth);
+  const double pages = strip.SrcPageBase / SrcFramesPerPage * PageWidth;
+  strip.SrcCanvas.SetLeft(pages - ScrolledPixels(strip.SrcScrollbar, strip.SrcBarScale) - SrcFrameWidth);
+}
+
+// In units of 2 pixels a step that leads past the bar's end fails. In larger ones a step may be less than a unit: steps
+// add up, so that the strip keeps its speed.
+void StepOn(FilmStripState& strip, int step) {
+  ScrollBar& bar = strip.SrcScrollbar;
+  if (strip.SrcBarScale.Unit == LeastBarUnit) {
+    bar.SetValue((ScrolledPixels(bar, strip.SrcBarScale) + step) / LeastBarUnit);
+  } else {
+    MoveBarBy(bar, strip.SrcBarScale, step);
+  }
 }
 
 }  // namespace
@@ -53,6 +72,27 @@ void ScrollStripBy(MainForm& main, double pixels) {
   main.strip.AutoScrollPending = false;
 }
 
+bool IsInView(const FilmStripState& strip, int slot) {
+  const ImageBox& background = strip.SrcBackground(slot);
+  const int left = strip.SrcCanvas.Left() + background.Left();
+  return left >= 0 && left + background.Width() <= strip.SrcThumbsWindow.Width();
+}
+
+void ScrollStripTo(FilmStripState& strip, int slot, int framesAhead) {
+  ScrollBar& bar = strip.SrcScrollbar;
+  // Slots are placed relative to the page, a frame to the right.
+  const double wanted = strip.SrcBackground(slot).Left() + (strip.SrcPageBase - framesAhead - 1.0) * SrcFrameWidth;
+  const double value = RoundHalfEven(wanted / strip.SrcBarScale.Unit);
+  const double nearest = std::clamp<double>(value, bar.Min(), bar.Max());
+  if (value == nearest || !IsInView(strip, slot)) bar.SetValue(nearest);
+}
+
+void FitSrcScrollbar(MainForm& main, int shown) {
+  FilmStripState& strip = main.strip;
+  const double pixels = shown * static_cast<double>(SrcFrameWidth) - strip.SrcThumbsWindow.ScaleWidth() + RoomToScroll;
+  if (FitBar(strip.SrcScrollbar, strip.SrcBarScale, pixels)) ScrollStrip(main);
+}
+
 void AutoScrollStep(MainForm& main) {
   FilmStripState& strip = main.strip;
   strip.SrcScrollbar.SetMax(strip.SrcScrollbar.Max());
@@ -69,7 +109,7 @@ void AutoScrollStep(MainForm& main) {
   if (first == 0 || !IsMarked(strip, first)) return;
   int step = CLng(rightEdge / 10.0 + 1);
   if (first < strip.SrcSlotCount && IsMarked(strip, first + 1)) step = PastMarkedStep;
-  ErrorsIgnored([&] { strip.SrcScrollbar.SetValue((2 * strip.SrcScrollbar.Value() + step) / 2.0); });
+  ErrorsIgnored([&] { StepOn(strip, step); });
   // The change of the bar has taken this for a move by the user.
   strip.AutoScrollPending = true;
 }

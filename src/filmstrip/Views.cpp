@@ -2,6 +2,7 @@
 
 #include "base/Bars.h"
 #include "filmstrip/Listing.h"
+#include "filmstrip/Scrolling.h"
 #include "platform/runtime/Errors.h"
 #include "platform/runtime/Numbers.h"
 #include "preview/PreviewPane.h"
@@ -34,7 +35,8 @@ int PlaceSlots(FilmStripState& strip, const Shows& shows) {
 
 void ShowArranged(MainForm& main, int shown) {
   FilmStripState& strip = main.strip;
-  FitSrcCanvas(strip, strip.SrcSlotCount, shown);
+  FitSrcCanvas(strip, strip.SrcSlotCount);
+  FitSrcScrollbar(main, shown);
   strip.SrcShownCount = shown;
   ShowSrcCount(strip);
   strip.SrcPicsTotal.SetCaption(TrimmedStr(strip.SrcFileList.ListCount()) + " Total");
@@ -56,7 +58,7 @@ void FollowSelection(MainForm& main) {
   });
 }
 
-// Keeps the selected photo in view, three frames from the left edge.
+// Brings the selected photo into view, the third from the left edge.
 void ScrollToSelection(MainForm& main) {
   FilmStripState& strip = main.strip;
   ErrorsIgnored([&] {
@@ -64,7 +66,17 @@ void ScrollToSelection(MainForm& main) {
     const ImageBox& thumbnail = strip.SrcThumbnail(selected);
     if (!strip.SrcThumbFrame.Visible() || !thumbnail.Visible()) return;
     strip.SrcThumbFrame.Move(thumbnail.Left(), thumbnail.Top());
-    strip.SrcScrollbar.SetValue((strip.SrcBackground(selected).Left() - 3 * SrcFrameWidth) / 2.0);
+    ScrollStripTo(strip, selected, 2);
+  });
+}
+
+// The selected photo, if it is shown still, is in view before and after.
+void ArrangeAroundSelection(MainForm& main, void (*arrange)(MainForm&)) {
+  FilmStripState& strip = main.strip;
+  ScrollToSelection(main);
+  arrange(main);
+  ErrorsIgnored([&] {
+    if (!IsInView(strip, SelectedSlot(strip))) ScrollToSelection(main);
   });
 }
 
@@ -72,14 +84,14 @@ void ScrollToSelection(MainForm& main) {
 
 void Redisplay_FilmStrip(MainForm& main) {
   FilmStripState& strip = main.strip;
-  const int value = strip.SrcScrollbar.Value();
+  const double place = ScrolledPixels(strip.SrcScrollbar, strip.SrcBarScale);
   strip.SrcCanvas.SetVisible(false);
   strip.SrcFileList.Refresh();
   if (strip.RemainingOption.Value()) {
     ArrangeRemaining(main);
   } else {
     ArrangeAll(main);
-    ErrorsIgnored([&] { strip.SrcScrollbar.SetValue(value); });
+    ErrorsIgnored([&] { strip.SrcScrollbar.SetValue(place / strip.SrcBarScale.Unit); });
     if (!strip.SrcThumbFrame.Visible() && strip.AutoScrollOption.Value()) strip.AutoScrollPending = true;
   }
   strip.SrcCanvas.SetVisible(true);
@@ -105,11 +117,7 @@ void ArrangeRemaining(MainForm& main) {
 
 void ClearFilmStrip(MainForm& main) {
   FilmStripState& strip = main.strip;
-  for (int i = 1; i <= strip.SrcSlotCount; ++i) {
-    ErrorsIgnored([&] { strip.SrcThumbnail.Unload(i); });
-    ErrorsIgnored([&] { strip.SrcBackground.Unload(i); });
-    ErrorsIgnored([&] { strip.SrcThumbName.Unload(i); });
-  }
+  for (int i = 1; i <= strip.SrcSlotCount; ++i) UnloadSrcSlot(strip, i);
   strip.loadedPaths.Clear();
   strip.SrcCanvas.SetPicture(Picture());
   HideSlot(strip, 0);
@@ -119,26 +127,24 @@ void ClearFilmStrip(MainForm& main) {
   strip.SrcThumbFrame.SetVisible(false);
   strip.SrcCanvas.Refresh();
   strip.SrcScrollbar.SetLargeChange(1);
+  strip.SrcBarScale = {};
   strip.SrcScrollbar.SetMax(LeastBarMax);
   TakeFocusOff(strip.SrcScrollbar);
 }
 
 void AllOption_Click(MainForm& main) {
-  ScrollToSelection(main);
-  ArrangeAll(main);
+  ArrangeAroundSelection(main, ArrangeAll);
   main.strip.SrcScrollbar.Refresh();
 }
 
 void RemainingOption_Click(MainForm& main) {
-  ScrollToSelection(main);
-  ArrangeRemaining(main);
+  ArrangeAroundSelection(main, ArrangeRemaining);
   main.strip.AutoScrollPending = false;
   main.strip.SrcScrollbar.Refresh();
 }
 
 void AutoScrollOption_Click(MainForm& main) {
-  ScrollToSelection(main);
-  ArrangeAll(main);
+  ArrangeAroundSelection(main, ArrangeAll);
   main.strip.AutoScrollPending = true;
   main.strip.SrcScrollbar.Refresh();
 }

@@ -1,6 +1,7 @@
 // The Desktop: eight folder slots and the Trashcan, and the view of the open folder's photos beside it.
 #pragma once
 
+#include <algorithm>
 #include <string>
 
 #include "base/Bars.h"
@@ -38,6 +39,8 @@ struct DesktopState {
   int DestColumns = 2;       // cells in a row
   int DestPageBase = 0;      // cells that lie before the canvas's origin
   BarScale DestBarScale;     // of DestScrollbar
+  int KeptCell = 0;          // that the last change of DestColumns has left in its place; 0 none
+  int KeptAtValue = 0;       // of DestScrollbar then
   std::string DestLoadedPath;
   LoadedPaths loadedPaths;
 
@@ -83,6 +86,10 @@ struct DesktopState {
 // The full path of the photo in a cell of the open folder's view, from 1.
 inline const std::string& PhotoOf(const DesktopState& desk, int cell) {
   return desk.DestThumbnail(cell).Tag();
+}
+// How many cells the open folder's view is to have.
+inline int CellsWanted(const DesktopState& desk) {
+  return std::min(desk.DestFileList.ListCount(), MostThumbnails);
 }
 // The cell that was selected last, 0 before the first; DestThumbFrame is visible while it is selected still.
 int SelectedCell(const DesktopState& desk);

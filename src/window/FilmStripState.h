@@ -1,6 +1,7 @@
 // The film strip: its folder's list, the slots, the bar, the buttons below it, and their counters.
 #pragma once
 
+#include <algorithm>
 #include <string>
 
 #include "base/Bars.h"
@@ -84,6 +85,10 @@ inline const std::string& PhotoOf(const FilmStripState& strip, int slot) {
 // Its photo has been dragged.
 inline bool IsMarked(const FilmStripState& strip, int slot) {
   return !strip.SrcThumbName(slot).Tag().empty();
+}
+// How many slots the folder is to have.
+inline int SlotsWanted(const FilmStripState& strip) {
+  return std::min(strip.SrcFileList.ListCount(), MostThumbnails);
 }
 // The slot that was selected last, 0 before the first; SrcThumbFrame is visible while it is selected still.
 int SelectedSlot(const FilmStripState& strip);

@@ -17,7 +17,7 @@ inline constexpr int CellWidth = 97;
 inline constexpr int CellHeight = 89;
 inline constexpr int RowsPerPage = 50;
 
-// The least Max of the two bars, in their units of 2 pixels.
-inline constexpr int LeastBarMax = 50;
+// Slots and cells have numbers of 16 bits: photos beyond that are counted, and not loaded.
+inline constexpr int MostThumbnails = 32767;
 
 }  // namespace pixorra

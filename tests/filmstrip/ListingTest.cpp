@@ -5,6 +5,7 @@
 #include "base/Palette.h"
 #include "filmstrip/Listing.h"
 #include "filmstrip/Views.h"
+#include "platform/runtime/Errors.h"
 #include "tests/filmstrip/StripTest.h"
 #include "window/FilmStripState.h"
 #include "window/PicturesState.h"
@@ -188,18 +189,19 @@ TEST_F(ListingTest, APhotoWhoseSlotTakesAnotherPathIsMissingAtOnce) {
   EXPECT_EQ(NextSrcPhoto(run.main.strip), PathOf(NumberedName(1)));
 }
 
-TEST_F(ListingTest, MaxStaysWhereItPassesSixteenBitsAndSlotsComeUpAllTheSame) {
-  // (n * 97 - 488 + 120) / 2 is 32,747.5 for the 679 slots before the 680th, and for one more 32,796, past 16 bits.
-  WriteEmpty(690);
-  ProgramRun& run = StartedOnStrip();
-  run.main.Window.Hide();
-  run.LoadAll();
-  EXPECT_EQ(run.main.strip.SrcSlotCount, 690);
-  EXPECT_EQ(run.main.strip.SrcScrollbar.Max(), 32748);
-  EXPECT_TRUE(run.main.strip.SrcThumbnail(690).Visible());
-  EXPECT_EQ(run.main.strip.SrcPicsCount.Caption(), "690 pics");
-  ArrangeAll(run.main);
-  EXPECT_EQ(run.main.strip.SrcScrollbar.Max(), 32748);
+TEST_F(ListingTest, ASlotThatCannotBeMadeLeavesNothingBehindItsNumber) {
+  WriteEmpty(3);
+  ProgramRun& run = LoadedStrip();
+  FilmStripState& strip = run.main.strip;
+  strip.SrcThumbName.Load(4);  // in the way of the last of the three
+  EXPECT_THROW(AddSrcSlot(run.main, PathOf("later.bmp")), RuntimeError);
+  EXPECT_EQ(strip.SrcThumbnail.UBound(), 3);
+  EXPECT_EQ(strip.SrcBackground.UBound(), 3);
+  EXPECT_EQ(strip.SrcThumbName.UBound(), 3);
+  EXPECT_EQ(strip.SrcSlotCount, 3);
+  AddSrcSlot(run.main, PathOf("later.bmp"));
+  EXPECT_EQ(strip.SrcSlotCount, 4);
+  EXPECT_EQ(strip.SrcPicsCount.Caption(), "4 pics");
 }
 
 TEST_F(ListingTest, ThePhotosToolTipInvitesToDragItAndTheReelsToDragAll) {

@@ -1,7 +1,7 @@
 // Moving the strip by its bar: units of 2 pixels, and pages of 50 frames that nobody sees turning.
 #include <gtest/gtest.h>
 
-#include "filmstrip/Marks.h"
+#include "filmstrip/Listing.h"
 #include "filmstrip/Scrolling.h"
 #include "tests/filmstrip/StripTest.h"
 #include "window/FilmStripState.h"
@@ -153,6 +153,31 @@ TEST_F(ScrollingTest, AViewThatGetsShorterThanItsPlaceGoesBackToItsEnd) {
   EXPECT_EQ(strip.SrcPageBase, 0);
   EXPECT_EQ(OnScreen(run, 10), 9 * 97 - 602);
   EXPECT_EQ(strip.SrcPicsCount.Caption(), "10 pics");
+}
+
+TEST_F(ScrollingTest, AThumbPulledOverAPageOfAStripThatHasBecomeShorterShowsWhatTheBarSays) {
+  WriteEmpty(130);
+  ProgramRun& run = LoadedStrip();
+  FilmStripState& strip = run.main.strip;
+  for (int i = 60; i <= 130; ++i) SetSrcSlotPath(strip, i, "");
+  strip.SrcScrollbar.UserScrolledTo(5500);
+  EXPECT_EQ(strip.SrcScrollbar.Max(), 2678);  // (59 x 97 - 488 + 120) / 2 = 2677.5
+  EXPECT_EQ(strip.SrcScrollbar.Value(), 2678);
+  EXPECT_EQ(strip.SrcPageBase, 50);
+  EXPECT_EQ(OnScreen(run, 59), 58 * 97 - 2 * 2678);
+  strip.SrcScrollbar.UserLetGo();
+  EXPECT_EQ(OnScreen(run, 59), 58 * 97 - 2 * 2678);
+}
+
+TEST_F(ScrollingTest, AClickIntoABarWhoseStripHasBecomeShorterShowsWhatTheBarSays) {
+  WriteEmpty(130);
+  ProgramRun& run = LoadedStrip();
+  FilmStripState& strip = run.main.strip;
+  for (int i = 60; i <= 130; ++i) SetSrcSlotPath(strip, i, "");
+  run.person.MoveBar(strip.SrcScrollbar, 5500);
+  EXPECT_EQ(strip.SrcScrollbar.Value(), 2678);
+  EXPECT_EQ(strip.SrcPageBase, 50);
+  EXPECT_EQ(OnScreen(run, 59), 58 * 97 - 2 * 2678);
 }
 
 // --- by pixels, as a wheel and a touch pad do ------------------------------------------------------------------------

@@ -65,13 +65,18 @@ class StripTest : public ProgramTest {
     return slots;
   }
   static bool IsMarked(const ProgramRun& run, int slot) { return run.main.strip.SrcThumbName(slot).Tag() == "MARK"; }
+  // Wholly in the strip's window.
+  static bool IsInView(const ProgramRun& run, int slot) {
+    const int left = OnScreen(run, slot);
+    return run.main.strip.SrcThumbnail(slot).Visible() && left >= 0 &&
+           left + 97 <= run.main.strip.SrcThumbsWindow.Width();
+  }
   // Clicks on the photo, scrolled into view where it is not.
   static void Select(ProgramRun& run, int slot) {
     FilmStripState& strip = run.main.strip;
-    const int left = OnScreen(run, slot);
-    if (left < 0 || left >= strip.SrcThumbsWindow.Width()) {
-      constexpr int TwoFrames = 97;  // in the bar's units of 2 pixels; the view moves on to whole frames
-      run.person.MoveBar(strip.SrcScrollbar, strip.SrcBackground(slot).Left() / 2 - TwoFrames);
+    if (!IsInView(run, slot)) {
+      const int ahead = strip.SrcPageBase * 97 + strip.SrcBackground(slot).Left() - 2 * 97;  // pixels
+      run.person.MoveBar(strip.SrcScrollbar, ahead / strip.SrcBarScale.Unit);
     }
     run.person.Click(strip.SrcThumbnail(slot));
   }

@@ -206,6 +206,37 @@ TEST_F(ViewsTest, APhotoTooNearTheStartLeavesTheBarWhereItIs) {
   ExpectFrameOn(run, 2);
 }
 
+TEST_F(ViewsTest, AClickOnAModeBringsTheSelectedPhotoIntoViewFromAndOnEveryPage) {
+  WriteEmpty(130);
+  ProgramRun& run = LoadedStrip();
+  FilmStripState& strip = run.main.strip;
+  for (const int slot : {1, 3, 40, 51, 77, 101, 127, 130}) {
+    for (const int value : {0, 2600, 6000}) {
+      for (OptionButton* option : {&strip.RemainingOption, &strip.AllOption, &strip.AutoScrollOption}) {
+        Select(run, slot);
+        run.person.MoveBar(strip.SrcScrollbar, value);
+        run.person.Click(*option);
+        EXPECT_TRUE(IsInView(run, slot)) << option->Name() << " " << slot << " from " << value;
+        ExpectFrameOn(run, slot);
+      }
+    }
+  }
+}
+
+TEST_F(ViewsTest, APhotoThatMovesUpInRemainingOrDownInAllStaysInView) {
+  WriteEmpty(130);
+  ProgramRun& run = LoadedStrip();
+  FilmStripState& strip = run.main.strip;
+  for (int i = 1; i <= 80; ++i) strip.SrcThumbName(i).SetTag("MARK");
+  Select(run, 120);
+  run.person.Click(strip.RemainingOption);
+  EXPECT_TRUE(IsInView(run, 120));
+  EXPECT_EQ(strip.SrcPageBase, 0);
+  run.person.Click(strip.AutoScrollOption);
+  EXPECT_TRUE(IsInView(run, 120));
+  EXPECT_EQ(strip.SrcPageBase, 100);
+}
+
 TEST_F(ViewsTest, WithNothingSelectedTheBarStays) {
   WriteEmpty(30);
   ProgramRun& run = LoadedStrip();
