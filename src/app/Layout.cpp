@@ -71,10 +71,10 @@ void PlaceControls(MainForm& main, LayoutWindow window) {
   window.ScaleHeight = main.Window.ScaleHeight();
   window.CellWidth = main.desk.DestBackground(0).Width();
   places = PlacesIn(window, places);
-  main.desk.DestColumns = places.DestColumns;
   for (const auto& [moved, place] : controls) {
     ErrorsIgnored([&control = moved, &to = place] { control.Move(to.Left, to.Top, to.Width, to.Height); });
   }
+  ErrorsIgnored([&] { SetDestColumns(main, places.DestColumns); });
   Label& company = main.core.CompanyNameLabel;
   company.SetVisible(places.CompanyNameShown);
   if (!places.CompanyNameShown) return;

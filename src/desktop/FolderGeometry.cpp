@@ -98,19 +98,19 @@ Spot CellPlace(int cell, int pageBase, int columns) {
   return {static_cast<double>(column) * CellWidth, static_cast<double>(row) * CellHeight + CellHeight};
 }
 
-int PageBaseFor(int barValue, int columns) {
+int PageBaseFor(double scrolled, int columns) {
   const int step = columns * RowsPerPage;
-  const int topCell = CLng(barValue * 2.0 * columns / CellHeight);
+  const int topCell = CLng(scrolled * columns / CellHeight);
   return topCell / step * step;
 }
 
-double CanvasTopFor(int barValue, int pageBase, int columns) {
-  return pageBase * static_cast<double>(CellHeight) / columns - barValue * 2.0 - CellHeight;
+double CanvasTopFor(double scrolled, int pageBase, int columns) {
+  return pageBase * static_cast<double>(CellHeight) / columns - scrolled - CellHeight;
 }
 
-int BarMaxFor(int cells, int columns, int windowHeight) {
+double ScrollLengthFor(int cells, int columns, int windowHeight) {
   const int rows = (cells + 1) / columns;
-  return CInt((rows * static_cast<double>(CellHeight) - windowHeight + CellHeight) / 2);
+  return rows * static_cast<double>(CellHeight) - windowHeight + CellHeight;
 }
 
 }  // namespace pixorra

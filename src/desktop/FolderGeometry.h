@@ -45,12 +45,12 @@ TrashcanPlaces PlacesAtTrashcan(const FolderGrid& grid, int trashcanHeight);
 
 // Of the background of a cell, from 1, on the canvas; `pageBase` cells lie before the canvas's origin.
 Spot CellPlace(int cell, int pageBase, int columns);
-// The number of cells before the page that the bar's value falls on, a multiple of 50 rows.
-int PageBaseFor(int barValue, int columns);
-// The canvas's top for the bar's value: it makes up for the page, so that nothing jumps when it turns.
-double CanvasTopFor(int barValue, int pageBase, int columns);
-// The bar's Max for so many cells in a window of that height, before it is raised to LeastBarMax. Raises Overflow
-// past 16 bits.
-int BarMaxFor(int cells, int columns, int windowHeight);
+// For a view that is scrolled by so many pixels: the number of cells before the page that its top edge is on, a
+// multiple of 50 rows.
+int PageBaseFor(double scrolled, int columns);
+// The canvas's top for it: it makes up for the page, so that nothing jumps when it turns.
+double CanvasTopFor(double scrolled, int pageBase, int columns);
+// How far a window of that height scrolls over so many cells, pixels; below 0 where they fit.
+double ScrollLengthFor(int cells, int columns, int windowHeight);
 
 }  // namespace pixorra

@@ -59,6 +59,15 @@ void OpenNone(DesktopState& desk) {
   desk.DestContentsLabel.SetToolTipText("");
 }
 
+// A folder that has photos has a preview, and one without has none. A preview that is shown stays.
+void ShowPreviewByList(MainForm& main, int slot) {
+  if (slot == TrashcanSlot) return;
+  const FileListBox& list = main.desk.DestFolderFiles(slot);
+  const ImageBox& preview = main.desk.DestFolderPreview(slot);
+  const bool shown = preview.Visible() && !preview.GetPicture().IsNothing();
+  if (list.ListCount() == 0 || !shown) ShowNewestPhoto(main, slot, list.Path(), Picture());
+}
+
 }  // namespace
 
 void Select_a_Folder(MainForm& main, int slot) {
@@ -98,6 +107,7 @@ void RefreshFolder(MainForm& main, int slot) {
   desk.DestFileList.Refresh();
   desk.DestFolderFiles(slot).Refresh();
   ShowFolderCount(desk, slot);
+  ShowPreviewByList(main, slot);
   QuickThumbsOf(main).DeleteQuickThumbs(desk.DestFileList.Path());
   desk.DestLoadedPath.clear();
 }

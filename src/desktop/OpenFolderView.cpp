@@ -1,12 +1,14 @@
 #include "desktop/OpenFolderView.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include "base/Bars.h"
 #include "base/ShownNames.h"
 #include "desktop/FolderGeometry.h"
 #include "desktop/FolderSlots.h"
 #include "pictures/PaintPhoto.h"
+#include "platform/runtime/AtExit.h"
 #include "platform/runtime/Errors.h"
 #include "platform/runtime/Numbers.h"
 #include "preview/PreviewPane.h"
@@ -57,17 +59,33 @@ void FitCanvasHeight(DesktopState& desk, int room) {
   ErrorsIgnored([&] { desk.DestCanvas.SetHeight(last.Top() + last.Height() + room); });
 }
 
-// Past 16 bits the assignment fails and the former Max is kept. A view that fits its window is scrolled back by
-// the first of the two.
-void FitScrollbar(DesktopState& desk) {
-  ScrollBar& bar = desk.DestScrollbar;
-  ErrorsIgnored([&] { bar.SetMax(BarMaxFor(desk.DestSlotCount, Columns(desk), desk.DestThumbsWindow.Height())); });
-  if (bar.Max() < LeastBarMax) ErrorsIgnored([&] { bar.SetMax(LeastBarMax); });
-  bar.Refresh();
+double Scrolled(const DesktopState& desk) {
+  return ScrolledPixels(desk.DestScrollbar, desk.DestBarScale);
 }
 
 void PlaceCanvas(DesktopState& desk) {
-  desk.DestCanvas.SetTop(CanvasTopFor(desk.DestScrollbar.Value(), desk.DestPageBase, Columns(desk)));
+  desk.DestCanvas.SetTop(CanvasTopFor(Scrolled(desk), desk.DestPageBase, Columns(desk)));
+}
+
+void ScrollView(MainForm& main) {
+  DesktopState& desk = main.desk;
+  const auto baseAtBar = [&desk] { return PageBaseFor(Scrolled(desk), Columns(desk)); };
+  // A view that has become shorter takes the bar back, maybe to another page.
+  for (int base = baseAtBar(); base != desk.DestPageBase; base = baseAtBar()) {
+    desk.DestPageBase = base;
+    Redisplay_DestThumbnails(main);
+  }
+  PlaceCanvas(desk);
+}
+
+[[nodiscard]] bool FitBarToCells(DesktopState& desk) {
+  return FitBar(desk.DestScrollbar, desk.DestBarScale,
+                ScrollLengthFor(desk.DestSlotCount, Columns(desk), desk.DestThumbsWindow.Height()));
+}
+
+// The photos in view stay in view.
+void FitScrollbar(MainForm& main) {
+  if (FitBarToCells(main.desk)) ScrollView(main);
 }
 
 void ShowSlotCount(DesktopState& desk) {
@@ -88,14 +106,24 @@ void FollowSelection(MainForm& main) {
   desk.DestThumbFrame.SetVisible(true);
 }
 
-void ScrollView(MainForm& main) {
-  DesktopState& desk = main.desk;
-  const int base = PageBaseFor(desk.DestScrollbar.Value(), Columns(desk));
-  if (base != desk.DestPageBase) {
-    desk.DestPageBase = base;
-    Redisplay_DestThumbnails(main);
+void UnloadCell(DesktopState& desk, int cell) {
+  ErrorsIgnored([&] { desk.DestThumbnail.Unload(cell); });
+  ErrorsIgnored([&] { desk.DestBackground.Unload(cell); });
+  ErrorsIgnored([&] { desk.DestThumbName.Unload(cell); });
+}
+
+// The cell that keeps its place when the rows become others: the selected one if it is in view, or that of the change
+// before, so that a window made wider and narrower again shows what it did, or the first of the row at the top.
+int CellToKeep(const DesktopState& desk) {
+  const double top = Scrolled(desk);
+  if (desk.DestThumbFrame.Visible()) {
+    const int selected = OrElse(0, [&] { return SelectedCell(desk); });
+    const double above = (selected - 1) / Columns(desk) * static_cast<double>(CellHeight);
+    if (selected >= 1 && above >= top && above + CellHeight <= top + desk.DestThumbsWindow.Height()) return selected;
   }
-  PlaceCanvas(desk);
+  if (desk.KeptCell != 0 && desk.KeptAtValue == desk.DestScrollbar.Value()) return desk.KeptCell;
+  // A row that only the bar's unit has cut off is not at the top.
+  return CLng(std::floor((top + desk.DestBarScale.Unit) / CellHeight)) * Columns(desk) + 1;
 }
 
 LoadedPaths::PathOf CellPaths(DesktopState& desk) {
@@ -120,7 +148,14 @@ void SetDestCellPath(DesktopState& desk, int index, const std::string& path) {
 
 void AddDestThumbnail(MainForm& main, const std::string& path) {
   DesktopState& desk = main.desk;
+  if (desk.DestSlotCount >= MostThumbnails) return;
   const int cell = desk.DestSlotCount + 1;
+  bool settled = false;
+  const AtExit undone([&] {
+    if (settled) return;
+    UnloadCell(desk, cell);
+    desk.DestSlotCount = std::min(desk.DestSlotCount, cell - 1);
+  });
   const Watch<ImageBox> thumbnail(desk.DestThumbnail.Load(cell));
   desk.DestBackground.Load(cell);
   desk.DestThumbName.Load(cell);
@@ -130,16 +165,20 @@ void AddDestThumbnail(MainForm& main, const std::string& path) {
   bool bDragged = false;
   PaintThumbnail(main, *thumbnail.Get(), path, bDragged);
   // A long step may have let the window close.
-  if (!thumbnail) return;
+  if (!thumbnail) {
+    settled = true;
+    return;
+  }
   desk.DestThumbName(cell).SetCaption(ShownBaseName(main.host.files, path));
   desk.DestThumbName(cell).SetToolTipText(ShownFileName(main.host.files, path));
   PlaceThumbnail(desk, cell);
   FitCanvasHeight(desk, RoomBelowNewCell);
-  FitScrollbar(desk);
+  FitScrollbar(main);
   // Clearing left the canvas at the window's top edge, a row too low; the first cell brings it to the bar's place.
   if (cell == 1) PlaceCanvas(desk);
   thumbnail->SetTag(path);
   desk.loadedPaths.Add(path, cell);
+  settled = true;
   ShowSlotCount(desk);
 }
 
@@ -154,17 +193,33 @@ void Redisplay_DestThumbnails(MainForm& main) {
     PlaceThumbnail(desk, i);
   }
   FitCanvasHeight(desk, RoomBelowCells);
-  FitScrollbar(desk);
+  FitScrollbar(main);
   if (selected) FollowSelection(main);
+}
+
+void SetDestColumns(MainForm& main, int columns) {
+  DesktopState& desk = main.desk;
+  if (columns == desk.DestColumns) return;
+  desk.KeptCell = CellToKeep(desk);
+  const int kept = desk.KeptCell - 1;
+  const double below = kept / Columns(desk) * static_cast<double>(CellHeight) - Scrolled(desk);
+  desk.DestColumns = columns;
+  if (desk.DestSlotCount != 0) {
+    ScrollBar& bar = desk.DestScrollbar;
+    const ScrollInProgress silent(bar);
+    static_cast<void>(FitBarToCells(desk));
+    const double place = kept / Columns(desk) * static_cast<double>(CellHeight) - below;
+    bar.SetValue(std::clamp<double>(RoundHalfEven(place / desk.DestBarScale.Unit), bar.Min(), bar.Max()));
+  }
+  desk.KeptAtValue = desk.DestScrollbar.Value();
+  desk.DestPageBase = PageBaseFor(Scrolled(desk), Columns(desk));
+  Redisplay_DestThumbnails(main);
+  PlaceCanvas(desk);
 }
 
 void ClearDestThumbnails(MainForm& main) {
   DesktopState& desk = main.desk;
-  for (int i = 1; i <= desk.DestSlotCount; ++i) {
-    ErrorsIgnored([&] { desk.DestThumbnail.Unload(i); });
-    ErrorsIgnored([&] { desk.DestBackground.Unload(i); });
-    ErrorsIgnored([&] { desk.DestThumbName.Unload(i); });
-  }
+  for (int i = 1; i <= desk.DestSlotCount; ++i) UnloadCell(desk, i);
   desk.loadedPaths.Clear();
   desk.DestCanvas.SetPicture(Picture());
   desk.DestThumbnail(0).SetVisible(false);
@@ -174,9 +229,11 @@ void ClearDestThumbnails(MainForm& main) {
   desk.DestThumbFrame.SetVisible(false);
   if (selected) ResetPreview(main, ApplicationTitle);
   desk.DestSlotCount = 0;
+  desk.KeptCell = 0;
   desk.DestCountLabel.SetCaption("");
   desk.DestCanvas.SetTop(0);
   desk.DestCanvas.Refresh();
+  desk.DestBarScale = {};
   ErrorsIgnored([&] { desk.DestScrollbar.SetMin(1); });
   ErrorsIgnored([&] { desk.DestScrollbar.SetMax(LeastBarMax); });
   TakeFocusOff(desk.DestScrollbar);

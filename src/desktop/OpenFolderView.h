@@ -14,9 +14,13 @@ struct MainForm;
 std::string NextDestThumbFile(DesktopState& desk);
 // The first `most` of them.
 std::vector<std::string> NextDestThumbFiles(DesktopState& desk, int most);
+// Makes the next cell, for the photo at the full path; nothing beyond MostThumbnails. Where it raises, no part of the
+// cell is left.
 void AddDestThumbnail(MainForm& main, const std::string& path);
 void ClearDestThumbnails(MainForm& main);
 void Redisplay_DestThumbnails(MainForm& main);
+// So many cells make a row. The selected photo, or else the first of the row at the top, keeps its place in the window.
+void SetDestColumns(MainForm& main, int columns);
 // Deletes a cell; those after it move up. 0 does nothing.
 void DeleteDestThumbnail(DesktopState& desk, int index);
 // The cell of the photo at the full path, if there is one, is blanked with the picture and deleted.

@@ -2,7 +2,6 @@
 #include <gtest/gtest.h>
 
 #include "desktop/FolderGeometry.h"
-#include "platform/runtime/Errors.h"
 
 namespace pixorra {
 namespace {
@@ -74,39 +73,30 @@ TEST(FolderGeometryTest, TheRowAheadOfThePageStandsWholeAboveIt) {
 
 TEST(FolderGeometryTest, ThePageTurnsEveryFiftyRows) {
   // Row 50 begins at 4450 pixels, 2225 units; the cell on top is rounded.
-  EXPECT_EQ(PageBaseFor(1, 3), 0);
-  EXPECT_EQ(PageBaseFor(2217, 3), 0);    // 149.46
-  EXPECT_EQ(PageBaseFor(2218, 3), 150);  // 149.53
-  EXPECT_EQ(PageBaseFor(4449, 3), 300);  // 299.93
-  EXPECT_EQ(PageBaseFor(2225, 1), 50);
+  EXPECT_EQ(PageBaseFor(2 * 1, 3), 0);
+  EXPECT_EQ(PageBaseFor(2 * 2217, 3), 0);    // 149.46
+  EXPECT_EQ(PageBaseFor(2 * 2218, 3), 150);  // 149.53
+  EXPECT_EQ(PageBaseFor(2 * 4449, 3), 300);  // 299.93
+  EXPECT_EQ(PageBaseFor(2 * 2225, 1), 50);
 }
 
 TEST(FolderGeometryTest, NothingJumpsWhenThePageTurns) {
-  constexpr int value = 2225;
-  const double onFirstPage = CellPlace(151, 0, 3).Top + CanvasTopFor(value, 0, 3);
-  const double onSecondPage = CellPlace(151, 150, 3).Top + CanvasTopFor(value, 150, 3);
+  constexpr int scrolled = 4450;
+  const double onFirstPage = CellPlace(151, 0, 3).Top + CanvasTopFor(scrolled, 0, 3);
+  const double onSecondPage = CellPlace(151, 150, 3).Top + CanvasTopFor(scrolled, 150, 3);
   EXPECT_EQ(onFirstPage, onSecondPage);
   EXPECT_EQ(onSecondPage, 0);
 }
 
-TEST(FolderGeometryTest, TheCanvasMovesTwoPixelsAUnit) {
+TEST(FolderGeometryTest, TheCanvasMovesWithTheView) {
   EXPECT_EQ(CanvasTopFor(0, 0, 2), -89);
-  EXPECT_EQ(CanvasTopFor(10, 0, 2), -109);
+  EXPECT_EQ(CanvasTopFor(20, 0, 2), -109);
 }
 
-TEST(FolderGeometryTest, TheBarsRangeGrowsWithTheRows) {
-  EXPECT_EQ(BarMaxFor(20, 2, 348), 316);  // (10 x 89 - 348 + 89) / 2 = 315.5
-  EXPECT_EQ(BarMaxFor(1, 2, 348), -85);   // fits the window
-}
-
-TEST(FolderGeometryTest, TheBarsRangeEndsAtSixteenBits) {
-  EXPECT_EQ(BarMaxFor(1477, 2, 348), 32756);
-  try {
-    BarMaxFor(1479, 2, 348);
-    FAIL() << "no error";
-  } catch (const RuntimeError& e) {
-    EXPECT_EQ(e.Number(), error::Overflow);
-  }
+TEST(FolderGeometryTest, TheViewScrollsFurtherWithMoreRows) {
+  EXPECT_EQ(ScrollLengthFor(20, 2, 348), 631);
+  EXPECT_EQ(ScrollLengthFor(1, 2, 348), -170);  // fits the window
+  EXPECT_EQ(ScrollLengthFor(32767, 4, 348), 728829);
 }
 
 TEST(FolderGeometryTest, AWideNameStaysOnTheDesktopAndOffItsNeighbours) {

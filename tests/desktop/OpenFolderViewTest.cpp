@@ -1,6 +1,7 @@
 // The open folder's thumbnails: loading, scrolling, deleting, selecting, refreshing.
 #include <gmock/gmock.h>
 
+#include "platform/runtime/Errors.h"
 #include "tests/desktop/DesktopTest.h"
 #include "window/FilmStripState.h"
 #include "window/MenuBar.h"
@@ -310,15 +311,74 @@ TEST_F(OpenFolderViewTest, ClosingTheFolderOfTheSelectedPhotoResetsThePreview) {
   EXPECT_EQ(main.preview.PicPreview.Tag(), "");
 }
 
-TEST_F(OpenFolderViewTest, AViewTooLongForSixteenBitsKeepsItsFormerRange) {
-  Open("A", 20);
-  desk.DestColumns = 1;
-  const int max = desk.DestScrollbar.Max();
-  for (int i = 21; i <= 760; ++i) AddDestThumbnail(main, Folder("A") + "\\p001.bmp");
-  EXPECT_EQ(desk.DestSlotCount, 760);
-  EXPECT_EQ(desk.DestCountLabel.Caption(), "760");
-  EXPECT_GT(desk.DestScrollbar.Max(), max);
-  EXPECT_LE(desk.DestScrollbar.Max(), 32767);
+TEST_F(OpenFolderViewTest, ACellThatCannotBeMadeLeavesNothingBehindItsNumber) {
+  Open("A", 3);
+  desk.DestThumbName.Load(4);  // in the way of the last of the three
+  EXPECT_THROW(AddDestThumbnail(main, Folder("A") + "\\later.bmp"), RuntimeError);
+  EXPECT_EQ(desk.DestThumbnail.UBound(), 3);
+  EXPECT_EQ(desk.DestBackground.UBound(), 3);
+  EXPECT_EQ(desk.DestThumbName.UBound(), 3);
+  EXPECT_EQ(desk.DestSlotCount, 3);
+  AddDestThumbnail(main, Folder("A") + "\\later.bmp");
+  EXPECT_THAT(CellNames(), ElementsAre("p001", "p002", "p003", "later"));
+  EXPECT_EQ(desk.DestCountLabel.Caption(), "4");
+}
+
+TEST_F(OpenFolderViewTest, AThumbPulledOverAPageOfAViewThatHasBecomeShorterShowsWhatTheBarSays) {
+  Open("A", 1);
+  for (int i = 2; i <= 240; ++i) AddDestThumbnail(main, Folder("A") + "\\none.bmp");
+  Redisplay_DestThumbnails(main);
+  const int longer = desk.DestScrollbar.Max();
+  for (int i = 240; i > 150; --i) {
+    desk.DestThumbnail.Unload(i);
+    desk.DestBackground.Unload(i);
+    desk.DestThumbName.Unload(i);
+  }
+  desk.DestSlotCount = 150;
+  desk.DestScrollbar.UserScrolledTo(longer);
+  EXPECT_LT(desk.DestScrollbar.Value(), longer);
+  EXPECT_EQ(desk.DestScrollbar.Value(), desk.DestScrollbar.Max());
+  EXPECT_EQ(desk.DestPageBase, 100);
+  EXPECT_EQ(desk.DestCanvas.Top() + desk.DestBackground(149).Top(), 74 * 89 - 2 * desk.DestScrollbar.Value());
+}
+
+// --- refreshing
+// --------------------------------------------------------------------------------------------------------
+
+TEST_F(OpenFolderViewTest, ARefreshShowsTheSmallPreviewOfAFolderThatWasEmpty) {
+  Open("A", 0);
+  ASSERT_FALSE(desk.DestFolderPreview(1).Visible());
+  AddPhoto(Folder("A"), 6);
+  AddPhoto(Folder("A"), 7);
+  person.ChooseMenu(main.menu.RefreshOpenFolderMenuItem);
+  EXPECT_EQ(desk.DestPicsCount(1).Caption(), "2 pics");
+  EXPECT_TRUE(desk.DestFolderPreview(1).Visible());
+  EXPECT_EQ(PhotoIn(desk.DestFolderPreview(1).GetPicture()), 7);
+}
+
+TEST_F(OpenFolderViewTest, ARefreshHidesTheSmallPreviewOfAFolderThatHasBecomeEmpty) {
+  Open("A", 1);
+  ASSERT_TRUE(desk.DestFolderPreview(1).Visible());
+  drive.Remove(Folder("A") + "\\p001.bmp");
+  person.ChooseMenu(main.menu.RefreshOpenFolderMenuItem);
+  EXPECT_EQ(desk.DestPicsCount(1).Caption(), " Empty");
+  EXPECT_FALSE(desk.DestFolderPreview(1).Visible());
+}
+
+TEST_F(OpenFolderViewTest, ARefreshLeavesThePreviewThatAFolderHas) {
+  Open("A", 3);
+  const Picture before = desk.DestFolderPreview(1).GetPicture();
+  AddPhoto(Folder("A"), 9);
+  person.ChooseMenu(main.menu.RefreshOpenFolderMenuItem);
+  EXPECT_TRUE(desk.DestFolderPreview(1).Visible());
+  EXPECT_TRUE(desk.DestFolderPreview(1).GetPicture() == before);
+}
+
+TEST_F(OpenFolderViewTest, TheTrashcanIsRefreshedWithoutAPreview) {
+  Select_a_Folder(main, 9);
+  drive.Write(desk.DestFolderFiles(9).Path() + "\\a.bmp", "");
+  RefreshFolder(main, 9);
+  EXPECT_EQ(desk.DestPicsCount(9).Caption(), "1 pics");
 }
 
 TEST_F(OpenFolderViewTest, ADamagedPhotoHasACellToo) {
