@@ -47,7 +47,9 @@ void ApplyPicturePattern(MainForm& main) {
   main.core.PicturePattern = pattern;
   main.strip.SrcFileList.SetPattern(pattern);
   main.desk.DestFileList.SetPattern(pattern);
-  for (int i = 1; i <= main.desk.FoldersShown; ++i) ApplyToSlot(main, i);
+  for (int i = 1; i <= FolderSlots; ++i) {
+    if (IsSlotInUse(main.desk, i)) ApplyToSlot(main, i);
+  }
   ApplyToSlot(main, TrashcanSlot);
 }
 

@@ -231,5 +231,24 @@ TEST_F(PreferencesTest, FoldersAreCountedAndPreviewedAnew) {
   EXPECT_TRUE(desk.DestFolderPreview(2).Visible());
 }
 
+TEST_F(PreferencesTest, FoldersBeyondAGapAreCountedAnewAndTheGapStaysEmpty) {
+  for (const char* folder : {"One", "Two", "Three"}) {
+    drive.Write("C:\\" + std::string(folder) + "\\a.bmp", BmpOf(PlainBitmap(80, 60, 0x00123456)));
+    drive.Write("C:\\" + std::string(folder) + "\\b.gif", "");
+  }
+  WriteSavedState(StateLines("C:\\", {"C:\\One", "C:\\Two", "C:\\Three"}));
+  ProgramRun& run = Started();
+  DesktopState& desk = run.main.desk;
+  run.person.Click(desk.DestFolder(2));
+  if (desk.OpenFolderIndex != 2) run.person.Click(desk.DestFolder(2));
+  run.person.ChooseMenu(run.main.menu.HideFolderMenuItem);
+  ASSERT_FALSE(desk.DestFolder(2).Visible());
+  ASSERT_EQ(desk.DestPicsCount(3).Caption(), "2 pics");
+  InTheDialog(run, {&run.main.preferences.GifCheckbox});
+  EXPECT_EQ(desk.DestPicsCount(1).Caption(), "1 pics");
+  EXPECT_EQ(desk.DestPicsCount(3).Caption(), "1 pics");
+  EXPECT_FALSE(desk.DestFolderPreview(2).Visible());
+}
+
 }  // namespace
 }  // namespace pixorra
