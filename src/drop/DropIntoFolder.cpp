@@ -10,6 +10,7 @@
 #include "drop/Naming.h"
 #include "drop/RenameAskForm.h"
 #include "filmstrip/Marks.h"
+#include "filmstrip/Scrolling.h"
 #include "pictures/PaintPhoto.h"
 #include "platform/controls/Toolkit.h"
 #include "platform/runtime/Errors.h"
@@ -154,9 +155,12 @@ void FinishDrop(MainForm& main, const Drop& drop, const std::string& destination
   if (drop.Slot == desk.OpenFolderIndex) ErrorsIgnored([&] { ShowEndOfView(desk); });
   ErrorsIgnored([&] { MarkDragged(main, *drop.Source.Get()); });
   if (!drop.Source) return;
-  ErrorsIgnored([&] { main.drop.LastDropSrcIndex = CInt(drop.Source->Index()); });
-  main.drop.LastDropFolder = static_cast<std::int16_t>(drop.Slot);
-  main.drop.LastDropFile = destination;
+  // All three or none: an undo must not pair the new file with the photo of a drop before.
+  ErrorsIgnored([&] {
+    main.drop.LastDropSrcIndex = CInt(drop.Source->Index());
+    main.drop.LastDropFolder = static_cast<std::int16_t>(drop.Slot);
+    main.drop.LastDropFile = destination;
+  });
 }
 
 // The run goes on only while it has the strip and the folder that it began with.
@@ -195,10 +199,7 @@ void DropWholeStrip(MainForm& main, int slot) {
   for (int i = 1; i <= last; ++i) {
     if (!WaitsForItsTurn(strip, i)) continue;
     // The strip is scrolled to the photo whose turn it is.
-    ErrorsIgnored([&] {
-      const double left = strip.SrcBackground(i).Left();
-      strip.SrcScrollbar.SetValue(CInt((left - 2 * SrcFrameWidth) / 2));
-    });
+    ErrorsIgnored([&] { ScrollStripTo(strip, i, 1); });
     CopyDraggedPhoto(main, slot, strip.SrcThumbnail(i));
     main.host.toolkit.DoEvents();
     if (!run.GoesOn()) return;
