@@ -16,7 +16,9 @@ void Container::Add(Control& control) {
   control.slot_ = static_cast<int>(controls_.size());
   control.z_ = ++front_;
   controls_.push_back(&control);
-  if (control.IsNative()) CountNatives(1);
+  if (!control.IsNative()) return;
+  CountNatives(1);
+  if (Peer* window = GetForm().GetPeer()) window->Update(Change::Controls);
 }
 
 void Container::CountNatives(int change) {

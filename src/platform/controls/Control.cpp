@@ -205,6 +205,15 @@ void Control::DropPeer() {
   peer_.reset();
 }
 
+void Control::ChangePeer() {
+  const Watch<Control> self(*this);
+  if (peer_ != nullptr) {
+    DropPeer();
+    MakePeer();
+  }
+  if (self) Changed(Change::Look);
+}
+
 void Control::CopyFrom(const Control& source) {
   bounds_ = source.bounds_;
   tag_ = source.tag_;

@@ -122,6 +122,8 @@ class Control {
   // For Load of a control array: takes over the properties of the template, except that it is hidden.
   void CopyFrom(const Control& source);
   void Changed(Change change);
+  // It is shown by a widget of another sort from now on.
+  void ChangePeer();
   // What it shows is out of date on the screen.
   void Invalidate() const;
   // Called when bounds_ has changed: updates peers and repaints. Containers and forms do more.

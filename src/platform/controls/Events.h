@@ -52,6 +52,19 @@ struct MouseArgs {
   double Y = 0;
 };
 
+// What a turn of the mouse wheel, or a stroke on a touch pad, carries: how far towards the right and the bottom, in
+// notches of a wheel (parts of one where the wheel is finer) or, from a device that is precise to the pixel, in pixels,
+// the notches then being 0; keys held; pixels within the control.
+struct WheelArgs {
+  double NotchesX = 0;
+  double NotchesY = 0;
+  double PixelsX = 0;
+  double PixelsY = 0;
+  int Shift = 0;
+  double X = 0;
+  double Y = 0;
+};
+
 enum class DragState : std::uint8_t { Enter, Leave, Over };
 
 // What a drag over a control, or a drop on it, carries: the control that is dragged; pixels within the target; a drop's
@@ -80,6 +93,8 @@ struct Events {
   std::function<void(Control&, const MouseArgs&)> MouseDown;
   std::function<void(Control&, const MouseArgs&)> MouseMove;
   std::function<void(Control&, const MouseArgs&)> MouseUp;
+  // To the control under the pointer or, where that has no handler, to the nearest container of it that has one.
+  std::function<void(Control&, const WheelArgs&)> MouseWheel;
   std::function<void(Control&, const DragArgs&)> DragOver;  // to the target, as DragDrop
   std::function<void(Control&, const DragArgs&)> DragDrop;
   // A handler that sets the code to 0 has used the key. KeyPress takes the character's code point.

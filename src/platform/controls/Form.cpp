@@ -249,7 +249,12 @@ void Form::UserMoved(double twipsLeft, double twipsTop) {
 }
 
 void Form::UserClosed() {
-  if (toolkit_.TakesInput(*this)) Unload();
+  if (!toolkit_.TakesInput(*this)) return;
+  if (hidesWhenClosed_) {
+    Hide();
+  } else {
+    Unload();
+  }
 }
 
 void Form::Resized() {

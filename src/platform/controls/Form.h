@@ -86,6 +86,10 @@ class Form : public Container {
   // Raises QueryUnload, then Unload; then it is hidden and no longer loaded. It can be loaded again.
   void Unload();
 
+  // A person who closes it by its frame hides it and no more: it stays loaded, with what its controls hold.
+  bool HidesWhenClosed() const { return hidesWhenClosed_; }
+  void SetHidesWhenClosed(bool hides) { hidesWhenClosed_ = hides; }
+
   // The form sees keys before its controls do.
   bool KeyPreview() const { return keyPreview_; }
   void SetKeyPreview(bool preview) { keyPreview_ = preview; }
@@ -131,6 +135,7 @@ class Form : public Container {
   bool onTop_ = false;
   bool keyPreview_ = false;
   bool unloading_ = false;
+  bool hidesWhenClosed_ = false;
   bool fullScreen_ = false;
 };
 

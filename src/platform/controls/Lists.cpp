@@ -102,7 +102,7 @@ void ComboBox::SetText(const std::string& text) {
 void ComboBox::SetEditable(bool editable) {
   if (editable == editable_) return;
   editable_ = editable;
-  Changed(Change::Look);
+  ChangePeer();
 }
 
 void ComboBox::UserTyped(const std::string& text) {

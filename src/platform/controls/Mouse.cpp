@@ -1,4 +1,6 @@
 // The mouse: presses and clicks, and what is under it.
+#include <utility>
+
 #include "platform/controls/Form.h"
 #include "platform/controls/HitTest.h"
 #include "platform/controls/Toolkit.h"
@@ -80,6 +82,25 @@ void Toolkit::MouseLeft(Form& form) {
     return;
   }
   Hover(form, nullptr);
+}
+
+bool Toolkit::WheelTurned(Form& form, int x, int y, const WheelArgs& turn) {
+  if (!TakesInput(form) || drags_.Runs()) return false;
+  Control* control = ControlAt(form, x, y);
+  // A widget acts on the wheel by itself unless the program has a use for it.
+  const bool widget = TraitsOf(control->GetKind()).Shown == ShownAs::Widget;
+  while (control != nullptr && !control->On().MouseWheel) control = widget ? nullptr : control->GetContainer();
+  if (control == nullptr) return false;
+  WheelArgs args = turn;
+  if ((turn.Shift & shift::Shift) != 0 && turn.NotchesX == 0 && turn.PixelsX == 0) {
+    std::swap(args.NotchesX, args.NotchesY);
+    std::swap(args.PixelsX, args.PixelsY);
+  }
+  const MouseArgs at = MouseArgsFor(*control, x, y, 0, turn.Shift);
+  args.X = at.X;
+  args.Y = at.Y;
+  Raise(control->On().MouseWheel, *control, args);
+  return true;
 }
 
 void Toolkit::Hover(Form& form, Control* control) {

@@ -10,14 +10,15 @@ enum class Change {
   Position,  // place, size, or a container's
   Visible,   // its own, or a container's
   Enabled,
-  Look,     // picture, colours, border, pointer, tool tip, checked
-  Text,     // caption, text, title, selection within it
-  Value,    // value and its range
-  Items,    // entries of a list or tree, and which is selected
-  Focus,    // it has taken the focus
-  State,    // a form's window state, modality or owner, staying on top
-  Menu,     // something in a form's menu
-  Refresh,  // show now what waits to be shown
+  Look,      // picture, colours, border, pointer, tool tip, checked
+  Text,      // caption, text, title, selection within it
+  Value,     // value and its range
+  Items,     // entries of a list or tree, and which is selected
+  Focus,     // it has taken the focus
+  State,     // a form's window state, modality or owner, staying on top
+  Menu,      // something in a form's menu
+  Controls,  // a form has one more control that needs a widget
+  Refresh,   // show now what waits to be shown
 };
 
 class Peer {

@@ -14,7 +14,7 @@ ScrollBar::ScrollBar(Container& container, const std::string& name, Orientation 
 void ScrollBar::SetSlider(bool slider) {
   if (slider == slider_) return;
   slider_ = slider;
-  Changed(Change::Look);
+  ChangePeer();
 }
 
 void ScrollBar::SetMin(double min) {

@@ -27,7 +27,7 @@ void TextBox::Select(int start, int length) {
 void TextBox::SetMultiLine(bool multiLine) {
   if (multiLine == multiLine_) return;
   multiLine_ = multiLine;
-  Changed(Change::Look);
+  ChangePeer();
 }
 
 void TextBox::SetLocked(bool locked) {

@@ -54,6 +54,9 @@ class Toolkit {
   void MouseMoved(Form& form, int x, int y, int buttons, int shift);
   void MouseReleased(Form& form, int x, int y, int button, int shift);
   void MouseLeft(Form& form);
+  // The place within the control is worked out here. Shift turns a wheel that moves up and down sideways. True: a
+  // handler had it.
+  bool WheelTurned(Form& form, int x, int y, const WheelArgs& turn);
   // A key goes to the form first if it previews keys, then to menus' shortcuts, then to the focused control's handlers;
   // what is left is the control's own to act on.
   bool KeyPressed(Form& form, int keyCode, int shift);

@@ -35,6 +35,10 @@ class Person {
   void Release(int shift = 0);
   void ClickAt(Form& form, int x, int y, int button = button::Left, int shift = 0);
   void DoubleClickAt(Form& form, int x, int y);
+  // The mouse wheel, or a stroke on a touch pad, over what is there; on a widget that acts on it by itself nothing
+  // happens.
+  void TurnWheelAt(Form& form, int x, int y, const WheelArgs& turn);
+  void TurnWheel(Control& control, const WheelArgs& turn);
   // Off the form, to no other one.
   void LeaveForm();
   // On a control, at a point where nothing covers it: its middle if it can be had.

@@ -95,6 +95,10 @@ void Person::DoubleClickAt(Form& form, int x, int y) {
   Release();
 }
 
+void Person::TurnWheelAt(Form& form, int x, int y, const WheelArgs& turn) {
+  Act([&] { toolkit_.WheelTurned(form, x, y, turn); });
+}
+
 void Person::LeaveForm() {
   if (const Watch<Form> form = mouseForm_) Act([&] { toolkit_.MouseLeft(*form.Get()); });
 }
@@ -142,6 +146,15 @@ void Person::MoveTo(Control& control, int shift) {
     MoveTo(control.GetForm(), at->X, at->Y, shift);
   } else {
     Fail("move to: " + WhyOutOfReach(control));
+  }
+}
+
+void Person::TurnWheel(Control& control, const WheelArgs& turn) {
+  if (!MustTakeInput(control.GetForm(), "wheel over " + control.Name())) return;
+  if (const auto at = PointOn(control)) {
+    TurnWheelAt(control.GetForm(), at->X, at->Y, turn);
+  } else {
+    Fail("wheel over: " + WhyOutOfReach(control));
   }
 }
 

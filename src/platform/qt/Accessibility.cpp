@@ -81,9 +81,23 @@ class ClientAccessible final : public QAccessibleWidget {
   mutable std::map<const Control*, QAccessible::Id> children_;
 };
 
+class WindowAccessible final : public QAccessibleWidget {
+ public:
+  explicit WindowAccessible(FormWindow& window) : QAccessibleWidget(&window, QAccessible::Window), window_(window) {}
+
+  QAccessible::Role role() const override {
+    const FormPeer* peer = window_.GetPeer();
+    return peer != nullptr && peer->GetForm().Owner() != nullptr ? QAccessible::Dialog : QAccessible::Window;
+  }
+
+ private:
+  FormWindow& window_;
+};
+
 QAccessibleInterface* MakeAccessible(const QString&, QObject* object) {
-  auto* client = dynamic_cast<ClientArea*>(object);
-  return client != nullptr ? new ClientAccessible(*client) : nullptr;
+  if (auto* client = dynamic_cast<ClientArea*>(object)) return new ClientAccessible(*client);
+  if (auto* window = dynamic_cast<FormWindow*>(object)) return new WindowAccessible(*window);
+  return nullptr;
 }
 
 }  // namespace

@@ -1,5 +1,6 @@
-// What screen readers and other helpers find of light controls: each that can be seen and says something is a child of
-// its form's client area, beside the widgets there, and can be pressed.
+// What screen readers and other helpers find of forms and light controls: a form is a window or, with an owner, a
+// dialog; each light control that can be seen and says something is a child of its form's client area, beside the
+// widgets there, and can be pressed.
 #pragma once
 
 namespace pixorra {

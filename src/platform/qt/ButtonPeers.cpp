@@ -1,4 +1,5 @@
 // Push buttons, check boxes and option buttons as widgets.
+#include <QButtonGroup>
 #include <QCheckBox>
 #include <QKeyEvent>
 #include <QPushButton>
@@ -55,8 +56,11 @@ class CheckPeer final : public PeerOf<QCheckBox, CheckBox> {
 class OptionPeer final : public PeerOf<QRadioButton, OptionButton> {
  public:
   OptionPeer(QtBackend& backend, OptionButton& control) : PeerOf(backend, control, new WholeButton<QRadioButton>) {
-    // The model settles which one of a group is set.
-    Widget().setAutoExclusive(false);
+    // The model settles which one of a group is set, so each is alone in a group that settles nothing. Without
+    // `autoExclusive` helpers would take it for a check box.
+    group_.setExclusive(false);
+    group_.addButton(&Widget());
+    Widget().setAutoExclusive(true);
     QObject::connect(&Widget(), &QRadioButton::clicked, Context(), [this] { Act([this] { Model().UserClicked(); }); });
   }
 
@@ -91,6 +95,8 @@ class OptionPeer final : public PeerOf<QRadioButton, OptionButton> {
     const auto count = static_cast<int>(group.size());
     return at == count ? Model() : *group[static_cast<std::size_t>((at + step + count) % count)];
   }
+
+  QButtonGroup group_;
 };
 
 }  // namespace

@@ -4,6 +4,7 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QToolTip>
+#include <QWheelEvent>
 
 #include "platform/controls/Form.h"
 #include "platform/controls/Toolkit.h"
@@ -83,6 +84,15 @@ void ClientArea::mouseReleaseEvent(QMouseEvent* event) {
   QtBackend& backend = peer_->GetBackend();
   backend.Dispatch([&, at = PixelOf(*event), form = &peer_->GetForm()] {
     backend.GetToolkit().MouseReleased(*form, at.x(), at.y(), ToButton(event->button()), ToShift(event->modifiers()));
+  });
+}
+
+void ClientArea::wheelEvent(QWheelEvent* event) {
+  const std::optional<WheelArgs> turn = ToWheel(*event);
+  if (peer_ == nullptr || !turn) return;
+  QtBackend& backend = peer_->GetBackend();
+  backend.Dispatch([&, at = event->position(), form = &peer_->GetForm()] {
+    backend.GetToolkit().WheelTurned(*form, qFloor(at.x()), qFloor(at.y()), *turn);
   });
 }
 

@@ -2,6 +2,7 @@
 
 #include <QFontMetrics>
 #include <QKeyEvent>
+#include <QWheelEvent>
 #include <algorithm>
 #include <cstring>
 
@@ -190,6 +191,23 @@ int ToButtons(Qt::MouseButtons buttons) {
     if (buttons.testFlag(one)) result |= ToButton(one);
   }
   return result;
+}
+
+// Pixels count only from a device that says when it is stroked: some drivers give them for a plain wheel too, in units
+// of their own. Qt counts upwards and to the left.
+std::optional<WheelArgs> ToWheel(const QWheelEvent& event) {
+  constexpr double Notch = QWheelEvent::DefaultDeltasPerStep;
+  WheelArgs turn;
+  turn.Shift = ToShift(event.modifiers());
+  if (event.phase() != Qt::NoScrollPhase && !event.pixelDelta().isNull()) {
+    turn.PixelsX = -event.pixelDelta().x();
+    turn.PixelsY = -event.pixelDelta().y();
+    return turn;
+  }
+  if (event.angleDelta().isNull()) return std::nullopt;
+  turn.NotchesX = -event.angleDelta().x() / Notch;
+  turn.NotchesY = -event.angleDelta().y() / Notch;
+  return turn;
 }
 
 }  // namespace pixorra

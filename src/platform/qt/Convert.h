@@ -7,14 +7,17 @@
 #include <QPalette>
 #include <QRect>
 #include <QString>
+#include <optional>
 #include <string>
 
+#include "platform/controls/Events.h"
 #include "platform/controls/Geometry.h"
 #include "platform/controls/Label.h"
 #include "platform/pixels/Picture.h"
 #include "platform/services/TextDrawing.h"
 
 class QKeyEvent;
+class QWheelEvent;
 
 namespace pixorra {
 
@@ -52,5 +55,7 @@ int ToKeyCode(const QKeyEvent& event);
 int ToShift(Qt::KeyboardModifiers modifiers);
 int ToButton(Qt::MouseButton button);
 int ToButtons(Qt::MouseButtons buttons);
+// Nothing is turned where the event only begins or ends a stroke.
+std::optional<WheelArgs> ToWheel(const QWheelEvent& event);
 
 }  // namespace pixorra

@@ -70,8 +70,27 @@ void FormPeer::Update(Change change) {
     return;
   }
   if (change == Change::Menu) menuChanged_ = true;
+  if (change == Change::Controls) controlsAdded_ = true;
   if (change == Change::Position || change == Change::State || change == Change::Visible) placeChanged_ = true;
   backend_.AtEndOfTurn().Add(*this);
+  if (change == Change::Visible && form_.Visible() && !window_->isVisible() &&
+      WishedState(form_) == Qt::WindowMaximized) {
+    ComeUpMaximised();
+  }
+}
+
+// A maximised window has its size from the window system. A program finds it when Show returns, and nothing that is
+// arranged for another size is seen.
+void FormPeer::ComeUpMaximised() {
+  const Watch<Form> form(form_);
+  Client().hide();
+  Flush();
+  const QSize asked = agreedSize_;
+  WaitForWindow([asked](const FormWindow& window) { return window.size() != asked; });
+  if (!form || form->GetPeer() != this) return;
+  placeChanged_ = false;
+  backend_.Dispatch([this] { ReportFrame(); });
+  if (form && form->GetPeer() == this) Client().show();
 }
 
 // One that stands above another form without stopping it: it tells of work that lets no events run meanwhile.
@@ -79,17 +98,24 @@ bool FormPeer::IsProgressWindow() const {
   return form_.Owner() != nullptr && !form_.IsModal() && form_.Visible();
 }
 
-// Neither timers nor a person come in here: only what the window system needs to bring the window up.
 void FormPeer::ShowNow() {
   const QPointer<FormWindow> window = window_;
   backend_.AtEndOfTurn().RunAll();
+  WaitForWindow([](const FormWindow&) { return true; });
+  if (window != nullptr) window->repaint();
+}
+
+// Until it is on the screen and ready. Neither timers nor a person come in here: only what the window system needs to
+// bring the window up. The peer may be gone afterwards.
+void FormPeer::WaitForWindow(const std::function<bool(const FormWindow&)>& ready) {
+  const QPointer<FormWindow> window = window_;
+  const auto isUp = [&] { return window->windowHandle()->isExposed() && ready(*window); };
   QElapsedTimer waiting;
   waiting.start();
-  while (window != nullptr && !window->windowHandle()->isExposed() && waiting.elapsed() < MostPatience) {
+  while (window != nullptr && !isUp() && waiting.elapsed() < MostPatience) {
     QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents | QEventLoop::X11ExcludeTimers);
     QThread::msleep(1);
   }
-  if (window != nullptr) window->repaint();
 }
 
 void FormPeer::Invalidate(const Rect& rect) {
@@ -101,6 +127,10 @@ void FormPeer::Invalidate(const Rect& rect) {
 }
 
 void FormPeer::Flush() {
+  if (controlsAdded_) {
+    controlsAdded_ = false;
+    form_.MakePeersWithin();
+  }
   if (menuChanged_) SyncMenus();
   window_->ShowMenuBar(form_.HasMenuBar());
   window_->setWindowTitle(ToQString(form_.Caption()));
@@ -145,7 +175,8 @@ void FormPeer::ApplyFrame() {
 // A window that covers the screen leaves that state before it takes its own bounds.
 void FormPeer::ApplyState() {
   const Qt::WindowStates all = Qt::WindowMinimized | Qt::WindowMaximized | Qt::WindowFullScreen;
-  window_->setWindowState((window_->windowState() & ~all) | WishedState(form_));
+  agreedState_ = WishedState(form_);
+  window_->setWindowState((window_->windowState() & ~all) | agreedState_);
 }
 
 void FormPeer::ApplyOwner() {
@@ -177,8 +208,8 @@ void FormPeer::ApplyPlace() {
 
 void FormPeer::ApplyVisible() {
   const bool visible = form_.Visible();
-  if (visible && (form_.FullScreen() ? !window_->isFullScreen() : StateOf(*window_) != form_.WindowState()))
-    ApplyState();
+  // A state that a person has chosen, and that is not reported yet, is left alone.
+  if (visible && WishedState(form_) != agreedState_) ApplyState();
   if (visible == window_->isVisible()) return;
   if (!visible) {
     placeChanged_ = true;
@@ -188,6 +219,8 @@ void FormPeer::ApplyVisible() {
   if (!everShown_) FocusFirst();
   everShown_ = true;
   window_->show();
+  // It would be brought up by this.
+  if (form_.WindowState() == windowstate::Minimised) return;
   window_->raise();
   window_->activateWindow();
 }
@@ -207,6 +240,10 @@ void FormPeer::ReportFrame() {
     return;
   }
   const int state = StateOf(*window_);
+  if (WishedState(form_) == agreedState_) {
+    agreedState_ = window_->windowState() & (Qt::WindowMinimized | Qt::WindowMaximized);
+    if (agreedState_.testFlag(Qt::WindowMinimized)) agreedState_ = Qt::WindowMinimized;
+  }
   const QPoint place = window_->geometry().topLeft();
   if (state == windowstate::Normal && place != PlaceOf(form_)) {
     agreedPlace_ = place;

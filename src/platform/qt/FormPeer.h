@@ -4,6 +4,7 @@
 
 #include <QPointer>
 #include <QRegion>
+#include <functional>
 
 #include "platform/controls/Form.h"
 #include "platform/controls/Toolkit.h"
@@ -29,7 +30,7 @@ class FormPeer final : public Peer, public Pending {
   void Invalidate(const Rect& rect) override;
   void Flush() override;
 
-  Form& GetForm() { return form_; }
+  Form& GetForm() const { return form_; }
   QtBackend& GetBackend() { return backend_; }
   FormWindow& Window() { return *window_; }
   ClientArea& Client() { return window_->Client(); }
@@ -50,6 +51,8 @@ class FormPeer final : public Peer, public Pending {
   void ApplyState();
   void ApplyPlace();
   void ApplyVisible();
+  void ComeUpMaximised();
+  void WaitForWindow(const std::function<bool(const FormWindow&)>& ready);
   void SyncMenus();
   bool IsProgressWindow() const;
   void ShowNow();
@@ -64,11 +67,13 @@ class FormPeer final : public Peer, public Pending {
   QRegion outdated_;
   QSize agreedSize_;  // of the window, known to both sides
   QPoint agreedPlace_;
+  Qt::WindowStates agreedState_ = Qt::WindowNoState;
   Toolkit::PointerShown pointer_;
   // State and size come in events of their own, in either order: they are looked at when both are settled.
   PostedCall report_;
   bool menuChanged_ = true;
   bool placeChanged_ = true;
+  bool controlsAdded_ = false;
   bool everShown_ = false;
 };
 

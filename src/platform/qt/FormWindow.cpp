@@ -41,8 +41,9 @@ bool FormWindow::event(QEvent* event) {
 
 void FormWindow::closeEvent(QCloseEvent* event) {
   if (peer_ != nullptr) peer_->PersonCloses();
-  // A form that has gone lets its window close, so that a session's end is not held up; any other keeps it.
-  event->setAccepted(peer_ == nullptr);
+  // A form that has gone or is hidden lets its window close, so that a session's end is not held up; any other keeps
+  // it.
+  event->setAccepted(peer_ == nullptr || !peer_->GetForm().Visible());
 }
 
 void FormWindow::resizeEvent(QResizeEvent*) {

@@ -13,6 +13,8 @@ class FormWindow final : public QWidget {
  public:
   FormWindow(FormPeer& peer, int menuBarHeight);
 
+  // Null once the form has gone.
+  FormPeer* GetPeer() const { return peer_; }
   ClientArea& Client() { return *client_; }
   QMenuBar& MenuBar() { return *menuBar_; }
   void ShowMenuBar(bool shown);

@@ -5,6 +5,7 @@
 #include <QFocusEvent>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
+#include <QWheelEvent>
 
 #include "platform/controls/Form.h"
 #include "platform/controls/Toolkit.h"
@@ -196,6 +197,8 @@ bool NativePeer::Filter(QObject& watched, QEvent& event) {
     case QEvent::FocusIn:
       FocusTaken(static_cast<QFocusEvent&>(event).reason());
       return false;
+    case QEvent::Wheel:
+      return FilterWheel(static_cast<QWheelEvent&>(event));
     case QEvent::Enter: {
       const QPoint at = widget_->mapToParent(static_cast<QEnterEvent&>(event).position().toPoint());
       backend_.Dispatch([this, at] { backend_.GetToolkit().MouseMoved(control_.GetForm(), at.x(), at.y(), 0, 0); });
@@ -218,6 +221,17 @@ bool NativePeer::FilterKey(QObject& watched, QKeyEvent& event) {
   // Given to the widget from here, so that what it leaves does not come to the window as a second key.
   receiver->event(&event);
   event.accept();
+  return true;
+}
+
+// A widget whose wheel the program has a use for does not act on it by itself.
+bool NativePeer::FilterWheel(const QWheelEvent& event) {
+  if (!control_.On().MouseWheel) return false;
+  const std::optional<WheelArgs> turn = ToWheel(event);
+  if (!turn) return true;
+  const QPoint at = widget_->mapToParent(event.position().toPoint());
+  backend_.Dispatch(
+      [this, at, &turn] { backend_.GetToolkit().WheelTurned(control_.GetForm(), at.x(), at.y(), *turn); });
   return true;
 }
 

@@ -11,6 +11,7 @@
 #include "platform/qt/Pending.h"
 
 class QKeyEvent;
+class QWheelEvent;
 
 namespace pixorra {
 
@@ -43,6 +44,7 @@ class NativePeer : public Peer, public Pending {
  private:
   class Hook;
   bool Filter(QObject& watched, QEvent& event);
+  bool FilterWheel(const QWheelEvent& event);
   bool FilterKey(QObject& watched, QKeyEvent& event);
   void FocusTaken(Qt::FocusReason reason);
   void ApplyPlace();

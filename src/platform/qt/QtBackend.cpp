@@ -64,7 +64,8 @@ void QtBackend::FollowActiveForm() {
   if (active == nullptr || PeerOf(*active) == nullptr || QApplication::activePopupWidget() != nullptr) return;
   FormWindow& window = PeerOf(*active)->Window();
   const QWidget* modal = QApplication::activeModalWidget();
-  if (!window.isVisible() || window.isActiveWindow() || (modal != nullptr && modal != &window)) return;
+  if (!window.isVisible() || window.isMinimized() || window.isActiveWindow() || (modal != nullptr && modal != &window))
+    return;
   if (QGuiApplication::applicationState() != Qt::ApplicationActive) return;
   window.raise();
   window.activateWindow();
@@ -72,6 +73,13 @@ void QtBackend::FollowActiveForm() {
 
 void QtBackend::Run() {
   while (!toolkit_->Ended()) loop_.exec();
+}
+
+void QtBackend::Run(const std::function<void()>& startUp) {
+  Dispatch(startUp);
+  const std::vector<Form*>& forms = toolkit_->Forms();
+  if (std::ranges::none_of(forms, [](const Form* form) { return form->Visible(); })) toolkit_->End();
+  Run();
 }
 
 void QtBackend::ProcessEvents() {

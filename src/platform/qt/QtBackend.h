@@ -30,6 +30,9 @@ class QtBackend final : public Backend {
   Toolkit& GetToolkit() { return *toolkit_; }
   // Handles events, asleep between them, until the program ends.
   void Run();
+  // The same after a start-up. An error that it raises goes to the error handler; if it has shown no window it has
+  // failed, and the program ends: it must not stay unseen.
+  void Run(const std::function<void()>& startUp);
 
   std::unique_ptr<Peer> MakePeer(Control& control) override;
   void ProcessEvents() override;

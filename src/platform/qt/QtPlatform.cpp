@@ -4,9 +4,7 @@
 #include <QIcon>
 #include <QSocketNotifier>
 #include <QWidget>
-#include <algorithm>
 #include <utility>
-#include <vector>
 
 #include "platform/controls/Form.h"
 #include "platform/qt/Accessibility.h"
@@ -71,11 +69,7 @@ QtPlatform::QtPlatform(int& argc, char** argv)
 QtPlatform::~QtPlatform() = default;
 
 int QtPlatform::Run(const std::function<void()>& startUp) {
-  parts_->backend.Dispatch(startUp);
-  // A start that has shown no window has failed, and must not stay behind unseen.
-  const std::vector<Form*>& forms = toolkit.Forms();
-  if (std::ranges::none_of(forms, [](const Form* form) { return form->Visible(); })) toolkit.End();
-  parts_->backend.Run();
+  parts_->backend.Run(startUp);
   return 0;
 }
 

@@ -28,6 +28,7 @@ class MenuItem;
 class ScrollBar;
 class Toolkit;
 class TreeView;
+struct WheelArgs;
 
 // What a person sees of a form or a control with a widget of its own.
 struct Seen {
@@ -89,7 +90,8 @@ class ContractPlatform {
   virtual void Press(Form& form, int x, int y, int button, int shift) = 0;
   virtual void Move(Form& form, int x, int y) = 0;  // with the button held that was pressed, if one is
   virtual void Release(Form& form, int x, int y, int button, int shift) = 0;
-  virtual void DoubleClick(Form& form, int x, int y) = 0;  // the whole of it, both clicks
+  virtual void DoubleClick(Form& form, int x, int y) = 0;                       // the whole of it, both clicks
+  virtual void TurnWheel(Form& form, int x, int y, const WheelArgs& turn) = 0;  // over what is there
   // At a control's middle, with the left button, press and release; widgets of their own included.
   virtual void Click(Control& control) = 0;
   virtual void MoveBar(ScrollBar& bar, int value) = 0;  // as by its arrows

@@ -7,6 +7,7 @@
 #include "platform/controls/Label.h"
 #include "platform/controls/Menu.h"
 #include "platform/controls/PictureBox.h"
+#include "platform/controls/ScrollBar.h"
 #include "platform/controls/TextBox.h"
 #include "tests/platform/contract/ContractTest.h"
 
@@ -61,6 +62,29 @@ TEST_F(MouseContract, MovesAreToldWithTheButtonsHeld) {
   platform->Move(form, 350, 80);
   platform->Release(form, 350, 80, button::Left, 0);
   EXPECT_THAT(Heard(), ElementsAre("1 240", "Image MouseUp"));
+}
+
+TEST_F(MouseContract, WheelIsTurnedOverALightControlAWidgetAndTheirContainer) {
+  ScrollBar bar(box, "Bar", Orientation::Vertical);
+  bar.Move(150, 0, 17, 100);
+  Show();
+  for (Control* control : {static_cast<Control*>(&box), static_cast<Control*>(&bar)}) {
+    control->On().MouseWheel = [this](Control& turned, const WheelArgs& turn) {
+      Log(turned.Name() + " " + std::to_string(static_cast<int>(turn.NotchesX * 100)) + "," +
+          std::to_string(static_cast<int>(turn.NotchesY * 100)) + " " + std::to_string(static_cast<int>(turn.PixelsX)) +
+          "," + std::to_string(static_cast<int>(turn.PixelsY)) + " at " + std::to_string(static_cast<int>(turn.X)) +
+          "," + std::to_string(static_cast<int>(turn.Y)));
+    };
+  }
+  platform->TurnWheel(form, 115, 77, {.NotchesY = 1});
+  platform->TurnWheel(form, 115, 77, {.NotchesX = -0.5});
+  platform->TurnWheel(form, 115, 77, {.PixelsX = 3, .PixelsY = -7});
+  platform->TurnWheel(form, 115, 77, {.NotchesY = 2, .Shift = shift::Shift});
+  platform->TurnWheel(form, 255, 60, {.NotchesY = -1});
+  platform->TurnWheel(form, 20, 20, {.NotchesY = 1});
+  EXPECT_THAT(Heard(), ElementsAre("Box 0,100 0,0 at 15,27", "Box -50,0 0,0 at 15,27", "Box 0,0 3,-7 at 15,27",
+                                   "Box 200,0 0,0 at 15,27", "Bar 0,-100 0,0 at 5,10"));
+  EXPECT_EQ(bar.Value(), 0);
 }
 
 TEST_F(MouseContract, DragEntersLeavesAndDrops) {

@@ -81,6 +81,48 @@ TEST_F(WindowContract, PersonsCloseUnloads) {
   EXPECT_FALSE(form.IsLoaded());
 }
 
+TEST_F(WindowContract, WindowThatHidesWhenClosedStaysLoadedAndCanBeShownAgain) {
+  form.SetHidesWhenClosed(true);
+  form.On().QueryUnload = [this](Control&) { Log("query"); };
+  CheckBox box(form, "Box");
+  box.Move(10, 10, 80, 25);
+  Show();
+  platform->Click(box);
+  platform->CloseWindow(form);
+  platform->Settle();
+  EXPECT_FALSE(platform->Look(form).Visible);
+  EXPECT_TRUE(form.IsLoaded());
+  EXPECT_THAT(Heard(), IsEmpty());
+  Show();
+  EXPECT_TRUE(platform->Look(form).Visible);
+  EXPECT_EQ(platform->Look(box).Value, 1);
+  // Asked for by name it goes all the same.
+  form.Unload();
+  EXPECT_THAT(Heard(), ElementsAre("query"));
+  EXPECT_FALSE(form.IsLoaded());
+}
+
+TEST_F(WindowContract, WindowShownMaximisedHasItsSizeAtOnce) {
+  form.SetSizable(true);
+  form.SetWindowState(windowstate::Maximised);
+  const double width = form.TwipsWidth();
+  form.Show();
+  const double maximised = form.TwipsWidth();
+  EXPECT_GT(maximised, width);
+  platform->Settle();
+  EXPECT_EQ(form.TwipsWidth(), maximised);
+  EXPECT_EQ(form.WindowState(), windowstate::Maximised);
+}
+
+TEST_F(WindowContract, WindowShownMinimisedStaysSoWithItsSizeKept) {
+  form.SetSizable(true);
+  form.SetWindowState(windowstate::Minimised);
+  const double width = form.TwipsWidth();
+  Show();
+  EXPECT_EQ(form.WindowState(), windowstate::Minimised);
+  EXPECT_EQ(form.TwipsWidth(), width);
+}
+
 TEST_F(WindowContract, MaximisedWindowIsLargeAndGoesBackToItsBounds) {
   form.SetSizable(true);
   form.SetTwipsLeft(600);

@@ -4,6 +4,7 @@
 #include "platform/controls/ImageBox.h"
 #include "platform/controls/Label.h"
 #include "platform/controls/PictureBox.h"
+#include "platform/controls/ScrollBar.h"
 #include "platform/controls/Shape.h"
 #include "platform/controls/Toolkit.h"
 #include "tests/platform/controls/ModelTest.h"
@@ -199,6 +200,93 @@ TEST_F(MouseTest, ControlThatGoesUnderThePointerLeavesTheDefault) {
   gone.reset();
   EXPECT_EQ(toolkit.PointerFor(form).Pointer, pointer::Default);
   person.MoveTo(form, 211, 210);
+}
+
+// --- the wheel -------------------------------------------------------------------------------------------------------
+
+class WheelTest : public ShownModelTest {
+ protected:
+  WheelTest() {
+    box.Move(100, 50, 200, 200);
+    image.Move(10, 20, 80, 60);
+  }
+  void ListenToWheel(Control& control) {
+    control.On().MouseWheel = [this](Control& turned, const WheelArgs& turn) {
+      Log(turned.Name());
+      last = turn;
+    };
+  }
+
+  PictureBox box{form, "Box"};
+  ImageBox image{box, "Image"};
+  WheelArgs last;
+};
+
+TEST_F(WheelTest, TheControlUnderThePointerIsToldInItsOwnPixels) {
+  ListenToWheel(box);
+  ListenToWheel(image);
+  EXPECT_TRUE(toolkit.WheelTurned(form, 115, 77, {.NotchesY = 1.5, .Shift = shift::Ctrl}));
+  EXPECT_THAT(Heard(), ElementsAre("Image"));
+  EXPECT_EQ(last.NotchesY, 1.5);
+  EXPECT_EQ(last.Shift, shift::Ctrl);
+  EXPECT_EQ(last.X, 5);
+  EXPECT_EQ(last.Y, 7);
+}
+
+TEST_F(WheelTest, WhatAControlHasNoUseForIsItsContainers) {
+  ListenToWheel(box);
+  EXPECT_TRUE(toolkit.WheelTurned(form, 115, 77, {.NotchesY = 1}));
+  EXPECT_THAT(Heard(), ElementsAre("Box"));
+  EXPECT_EQ(last.X, 15);
+  EXPECT_EQ(last.Y, 27);
+  EXPECT_FALSE(toolkit.WheelTurned(form, 20, 20, {.NotchesY = 1}));
+  ListenToWheel(form);
+  EXPECT_TRUE(toolkit.WheelTurned(form, 20, 20, {.NotchesY = 1}));
+  EXPECT_THAT(Heard(), ElementsAre("MainForm"));
+}
+
+TEST_F(WheelTest, ShiftTurnsItSideways) {
+  ListenToWheel(image);
+  toolkit.WheelTurned(form, 115, 77, {.NotchesY = 2, .Shift = shift::Shift});
+  EXPECT_EQ(last.NotchesX, 2);
+  EXPECT_EQ(last.NotchesY, 0);
+  toolkit.WheelTurned(form, 115, 77, {.PixelsX = 5, .PixelsY = 1, .Shift = shift::Shift});
+  EXPECT_EQ(last.PixelsX, 5) << "a device that has both directions keeps them";
+  EXPECT_EQ(last.PixelsY, 1);
+}
+
+TEST_F(WheelTest, AWidgetKeepsItsOwnWheelUnlessItHasAHandler) {
+  ScrollBar bar(box, "Bar", Orientation::Vertical);
+  bar.Move(150, 0, 17, 100);
+  ListenToWheel(box);
+  EXPECT_FALSE(toolkit.WheelTurned(form, 255, 60, {.NotchesY = 1}));
+  EXPECT_THAT(Heard(), IsEmpty());
+  ListenToWheel(bar);
+  EXPECT_TRUE(toolkit.WheelTurned(form, 255, 60, {.NotchesY = 1}));
+  EXPECT_THAT(Heard(), ElementsAre("Bar"));
+}
+
+TEST_F(WheelTest, NothingIsTurnedInADragOrBehindAModalForm) {
+  ListenToWheel(form);
+  image.SetAutomaticDrag(true);
+  person.Press(image);
+  EXPECT_FALSE(toolkit.WheelTurned(form, 20, 20, {.NotchesY = 1}));
+  person.Release();
+  Form ask(toolkit, "AskForm");
+  person.ExpectForm("AskForm", [this](Person&, Form& asked) {
+    EXPECT_FALSE(toolkit.WheelTurned(form, 20, 20, {.NotchesY = 1}));
+    asked.Hide();
+  });
+  ask.ShowModal(&form);
+  EXPECT_THAT(Heard(), IsEmpty());
+}
+
+TEST_F(WheelTest, AHandlerMayDestroyItsControl) {
+  auto gone = std::make_unique<ImageBox>(form, "Gone");
+  gone->Move(0, 0, 50, 50);
+  gone->On().MouseWheel = [&gone](Control&, const WheelArgs&) { gone.reset(); };
+  EXPECT_TRUE(toolkit.WheelTurned(form, 20, 20, {.NotchesY = 1}));
+  EXPECT_EQ(gone, nullptr);
 }
 
 }  // namespace

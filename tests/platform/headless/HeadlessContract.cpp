@@ -132,6 +132,9 @@ class HeadlessContract : public ContractPlatform {
   void Move(Form& form, int x, int y) override { host_.person.MoveTo(form, x, y); }
   void Release(Form&, int, int, int, int shift) override { host_.person.Release(shift); }
   void DoubleClick(Form& form, int x, int y) override { host_.person.DoubleClickAt(form, x, y); }
+  void TurnWheel(Form& form, int x, int y, const WheelArgs& turn) override {
+    host_.person.TurnWheelAt(form, x, y, turn);
+  }
   void Click(Control& control) override {
     const Rect at = control.FormRect();
     host_.person.ClickAt(control.GetForm(), at.Left + at.Width / 2, at.Top + at.Height / 2);

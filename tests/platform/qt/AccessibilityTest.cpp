@@ -56,6 +56,24 @@ TEST_F(AccessibilityTest, WidgetsStandBesideThem) {
   EXPECT_EQ(Names(), QStringList({"Go", "Open a folder", "Select a Film Strip"}));
 }
 
+TEST_F(AccessibilityTest, AFormIsAWindowAndADialogWhereItHasAnOwner) {
+  EXPECT_EQ(QAccessible::queryAccessibleInterface(&WindowOf(form))->role(), QAccessible::Window);
+  Form ask(toolkit, "AskForm");
+  ask.ShowOwned(&form);
+  Settle();
+  EXPECT_EQ(QAccessible::queryAccessibleInterface(&WindowOf(ask))->role(), QAccessible::Dialog);
+}
+
+TEST_F(AccessibilityTest, AnOptionIsARadioButtonAndABoxACheckBox) {
+  OptionButton option(form, "Option");
+  option.SetCaption("One of three");
+  CheckBox box(form, "Box");
+  box.SetCaption("By itself");
+  Settle();
+  EXPECT_EQ(Named("One of three").role(), QAccessible::RadioButton);
+  EXPECT_EQ(Named("By itself").role(), QAccessible::CheckBox);
+}
+
 TEST_F(AccessibilityTest, WhatCanBePressedIsAButtonAndPressed) {
   QAccessibleInterface& button = Named("Open a folder");
   EXPECT_EQ(button.role(), QAccessible::Button);

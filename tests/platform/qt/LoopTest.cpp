@@ -74,6 +74,28 @@ TEST_F(LoopTest, TheLoopEndsWhenTheProgramDoes) {
   backend.Run();  // does not begin again
 }
 
+TEST_F(LoopTest, AStartThatFailsIsToldAndEndsTheProgramWhereNothingIsShown) {
+  int told = 0;
+  backend.SetErrorHandler([&](int number, const std::string&) { told = number; });
+  backend.Run([] { throw RuntimeError(error::PathAccess); });
+  EXPECT_EQ(told, error::PathAccess);
+  EXPECT_TRUE(toolkit.Ended());
+}
+
+TEST_F(LoopTest, AStartThatFailsWithItsWindowOnShowGoesOn) {
+  int told = 0;
+  backend.SetErrorHandler([&](int number, const std::string&) { told = number; });
+  Meanwhile([&] {
+    EXPECT_FALSE(toolkit.Ended());
+    toolkit.End();
+  });
+  backend.Run([this] {
+    form.Show();
+    throw RuntimeError(error::Overflow);
+  });
+  EXPECT_EQ(told, error::Overflow);
+}
+
 TEST_F(LoopTest, TheEndReachesThroughNestedWaits) {
   Meanwhile([&] {
     Meanwhile([&] { toolkit.End(); });

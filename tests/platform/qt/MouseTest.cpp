@@ -54,6 +54,23 @@ TEST_F(MouseTest, ButtonsAndKeysAreTold) {
   EXPECT_EQ(got.Shift, shift::Shift + shift::Alt);
 }
 
+// A driver that gives pixels for a plain wheel gives them in units of its own.
+TEST_F(MouseTest, PixelsCountOnlyFromADeviceThatSaysWhenItIsStroked) {
+  WheelArgs got;
+  target.On().MouseWheel = [&](Control&, const WheelArgs& turn) { got = turn; };
+  const auto turn = [this](Qt::ScrollPhase phase) {
+    QWheelEvent event(QPointF(105, 107), QPointF(105, 107), QPoint(0, -15), QPoint(0, -30), Qt::NoButton,
+                      Qt::NoModifier, phase, false);
+    QApplication::sendEvent(&ClientOf(form), &event);
+  };
+  turn(Qt::NoScrollPhase);
+  EXPECT_EQ(got.NotchesY, 0.25);
+  EXPECT_EQ(got.PixelsY, 0);
+  turn(Qt::ScrollUpdate);
+  EXPECT_EQ(got.NotchesY, 0);
+  EXPECT_EQ(got.PixelsY, 15);
+}
+
 TEST_F(MouseTest, ADoubleClickTakesThePlaceOfTheSecondPress) {
   std::vector<std::string> events;
   target.On().MouseDown = [&](Control&, const MouseArgs&) { events.emplace_back("down"); };

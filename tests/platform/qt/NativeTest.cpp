@@ -48,6 +48,45 @@ TEST_F(NativeTest, AWidgetStandsWhereItsContainersPutIt) {
   EXPECT_EQ(WidgetOf<QPushButton>(button).geometry(), QRect(10, 20, 30, 25));
 }
 
+TEST_F(NativeTest, AControlThatIsMadeWhenItsFormIsOnShowHasAWidgetToo) {
+  PictureBox box(form, "Box");
+  box.Move(50, 60, 100, 100);
+  ShowForm();
+  CommandButton button(box, "Button");
+  button.Move(10, 20, 30, 25);
+  auto gone = std::make_unique<TextBox>(form, "Gone");
+  gone.reset();
+  ScrollBar slider(form, "Slider", Orientation::Horizontal);
+  slider.SetSlider(true);
+  Settle();
+  EXPECT_EQ(WidgetOf<QPushButton>(button).geometry(), QRect(60, 80, 30, 25));
+  EXPECT_TRUE(WidgetOf<QPushButton>(button).isVisible());
+  EXPECT_TRUE(WidgetOf<QSlider>(slider).isVisible());
+}
+
+TEST_F(NativeTest, AControlThatChangesItsSortHasTheWidgetForIt) {
+  ScrollBar bar(form, "Bar", Orientation::Vertical);
+  bar.Move(10, 10, 20, 100);
+  bar.SetMax(10);
+  TextBox text(form, "Text");
+  text.SetText("one\r\ntwo");
+  ComboBox combo(form, "Combo");
+  ShowForm();
+  text.SetFocus();
+  bar.SetSlider(true);
+  text.SetMultiLine(true);
+  combo.SetEditable(true);
+  Settle();
+  EXPECT_EQ(WidgetOf<QSlider>(bar).geometry(), QRect(10, 10, 20, 100));
+  EXPECT_EQ(WidgetOf<QSlider>(bar).maximum(), 10);
+  EXPECT_EQ(WidgetOf<QPlainTextEdit>(text).toPlainText(), "one\ntwo");
+  EXPECT_TRUE(text.HasFocus());
+  EXPECT_TRUE(WidgetOf<QPlainTextEdit>(text).hasFocus());
+  EXPECT_TRUE(WidgetOf<QComboBox>(combo).isEditable());
+  WidgetOf<QSlider>(bar).setSliderPosition(4);
+  EXPECT_EQ(bar.Value(), 4);
+}
+
 TEST_F(NativeTest, AWidgetIsSeenOnlyWhileItsContainersAre) {
   PictureBox box(form, "Box");
   CommandButton button(box, "Button");

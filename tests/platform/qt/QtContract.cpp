@@ -164,6 +164,7 @@ class QtContract final : public ContractPlatform {
     hands_.Release(form, {x, y}, button, shift);
   }
   void DoubleClick(Form& form, int x, int y) override { hands_.DoubleClick(form, {x, y}); }
+  void TurnWheel(Form& form, int x, int y, const WheelArgs& turn) override { Hands::TurnWheel(form, {x, y}, turn); }
   void Click(Control& control) override {
     Form& form = control.GetForm();
     const QPoint at = Hands::MiddleOf(control);

@@ -151,6 +151,34 @@ TEST_F(WindowTest, MaximisingAndRestoringGoBothWays) {
   EXPECT_EQ(form.ScaleWidth(), 300);
 }
 
+TEST_F(WindowTest, APersonsMaximiseIsNotUndoneByWhatWasPutOff) {
+  form.Show();
+  Settle();
+  form.InvalidateAll();
+  WindowOf(form).showMaximized();
+  backend.AtEndOfTurn().RunAll();
+  Settle();
+  EXPECT_EQ(form.WindowState(), windowstate::Maximised);
+  EXPECT_TRUE(WindowOf(form).isMaximized());
+}
+
+// What a program arranges for the size that it finds after Show is what its user sees first.
+TEST_F(WindowTest, AFormThatIsShownMaximisedIsFirstPaintedAtThatSize) {
+  form.SetWindowState(windowstate::Maximised);
+  form.Load();
+  form.MakePeer();
+  PaintCounter painted(ClientOf(form));
+  form.Show();
+  EXPECT_EQ(painted.Count, 0);
+  EXPECT_EQ(resizes, 1);
+  EXPECT_TRUE(WindowOf(form).isMaximized());
+  EXPECT_EQ(form.ScaleWidth(), ClientOf(form).width());
+  Settle();
+  EXPECT_EQ(painted.Count, 1);
+  EXPECT_EQ(painted.Last, ClientOf(form).rect());
+  EXPECT_EQ(resizes, 1);
+}
+
 TEST_F(WindowTest, AFormThatIsNotSizableHasAFixedSize) {
   form.SetSizable(false);
   form.Show();

@@ -92,6 +92,18 @@ void StagePerson::DoubleClickAt(Form& form, int x, int y) {
   Settle();
 }
 
+void StagePerson::TurnWheelAt(Form& form, int x, int y, const WheelArgs& turn) {
+  Settle();
+  Hands::TurnWheel(form, {x, y}, turn);
+  Settle();
+}
+
+void StagePerson::TurnWheel(Control& control, const WheelArgs& turn) {
+  if (!CanReach(control, "wheel over")) return;
+  const QPoint at = *PointOn(control);
+  TurnWheelAt(control.GetForm(), at.x(), at.y(), turn);
+}
+
 void StagePerson::Press(Control& control, int button, int shift) {
   if (!CanReach(control, "press")) return;
   const QPoint at = *PointOn(control);

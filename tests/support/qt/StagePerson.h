@@ -34,6 +34,8 @@ class StagePerson {
   void Release(int shift = 0);
   void ClickAt(Form& form, int x, int y, int button = button::Left, int shift = 0);
   void DoubleClickAt(Form& form, int x, int y);
+  void TurnWheelAt(Form& form, int x, int y, const WheelArgs& turn);
+  void TurnWheel(Control& control, const WheelArgs& turn);
   void Press(Control& control, int button = button::Left, int shift = 0);
   void MoveTo(Control& control, int shift = 0);
   void Click(Control& control, int shift = 0);

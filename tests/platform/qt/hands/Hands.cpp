@@ -9,6 +9,7 @@
 #include <QMenuBar>
 #include <QMouseEvent>
 #include <QTimer>
+#include <QWheelEvent>
 #include <QtTest/qtestspontaneevent.h>
 #include <algorithm>
 
@@ -178,6 +179,21 @@ void Hands::DoubleClick(Form& form, QPoint at) {
   pressed_ = under != nullptr ? under : client;
   SendMouse(*pressed_, QEvent::MouseButtonDblClick, pressed_->mapFrom(client, at), Qt::LeftButton, Qt::LeftButton);
   Release(form, at);
+}
+
+void Hands::TurnWheel(Form& form, QPoint at, const WheelArgs& turn) {
+  QWidget* client = ClientOf(form);
+  if (client == nullptr || IsBlocked(*client)) return;
+  QWidget* under = client->childAt(at);
+  QWidget& to = under != nullptr ? *under : *client;
+  // Away from the hand, and to the left, count upwards; a touch pad gives both measures and says when it is stroked.
+  const bool stroke = turn.PixelsX != 0 || turn.PixelsY != 0;
+  const QPoint pixels(qRound(-turn.PixelsX), qRound(-turn.PixelsY));
+  const QPoint angle = stroke ? pixels * 8 : QPoint(qRound(-turn.NotchesX * 120), qRound(-turn.NotchesY * 120));
+  QWheelEvent event(QPointF(to.mapFrom(client, at)), QPointF(client->mapToGlobal(at)), pixels, angle, Qt::NoButton,
+                    ToModifiers(turn.Shift), stroke ? Qt::ScrollUpdate : Qt::NoScrollPhase, false);
+  QSpontaneKeyEvent::setSpontaneous(&event);
+  QApplication::instance()->notify(&to, &event);
 }
 
 void Hands::ClickWidget(QWidget& widget, QPoint at) {

@@ -35,6 +35,8 @@ class Hands {
   void Move(Form& form, QPoint at, int shift = 0);
   void Release(Form& form, QPoint at, int button = button::Left, int shift = 0);
   void DoubleClick(Form& form, QPoint at);
+  // Over what is there.
+  static void TurnWheel(Form& form, QPoint at, const WheelArgs& turn);
   // The middle of what is seen of a control.
   static QPoint MiddleOf(Control& control);
 
