@@ -28,6 +28,12 @@ void ConnectView(MainForm& main) {
   DesktopState& desk = main.desk;
   Connect(desk.DestScrollbar.On().Change, [&main](Control&) { DestScrollbar_Change(main); });
   Connect(desk.DestScrollbar.On().Scroll, [&main](Control&) { DestScrollbar_Scroll(main); });
+  // A notch is one row.
+  for (Control* control : {static_cast<Control*>(&desk.DestThumbsWindow), static_cast<Control*>(&desk.DestScrollbar)}) {
+    Connect(control->On().MouseWheel, [&main](Control&, const WheelArgs& turn) {
+      ScrollDestBy(main, turn.NotchesY * CellHeight + turn.PixelsY);
+    });
+  }
   Connect(desk.DestThumbnail.On().MouseDown,
           [&main](Control& cell, const MouseArgs& args) { DestThumbnail_MouseDown(main, cell.Index(), args.Button); });
 }

@@ -1,3 +1,5 @@
+#include <cmath>
+
 #include "app/BackgroundLoading.h"
 #include "app/Wiring.h"
 #include "filmstrip/Listing.h"
@@ -20,6 +22,13 @@ void ConnectPressedLook(ImageBox& box) {
           [](Control& control, const MouseArgs&) { static_cast<ImageBox&>(control).SetBorderStyle(0); });
 }
 
+// A notch is one frame. A wheel that only turns up and down moves the strip too; a stroke that is not quite straight
+// counts by its main direction.
+void TurnStrip(MainForm& main, const WheelArgs& turn) {
+  const auto along = [](double x, double y) { return std::abs(x) > std::abs(y) ? x : y; };
+  ScrollStripBy(main, along(turn.NotchesX, turn.NotchesY) * SrcFrameWidth + along(turn.PixelsX, turn.PixelsY));
+}
+
 }  // namespace
 
 void ConnectFilmStrip(MainForm& main) {
@@ -29,6 +38,9 @@ void ConnectFilmStrip(MainForm& main) {
   Connect(strip.AutoScrollTimer.On().Timer, [&main](Control&) { AutoScrollStep(main); });
   Connect(strip.SrcScrollbar.On().Change, [&main](Control&) { SrcScrollbar_Change(main); });
   Connect(strip.SrcScrollbar.On().Scroll, [&main](Control&) { SrcScrollbar_Scroll(main); });
+  for (Control* control : {static_cast<Control*>(&strip.SrcThumbsWindow), static_cast<Control*>(&strip.SrcScrollbar)}) {
+    Connect(control->On().MouseWheel, [&main](Control&, const WheelArgs& turn) { TurnStrip(main, turn); });
+  }
   // The arrow keys are the selection's, not the bar's.
   Connect(strip.SrcScrollbar.On().KeyDown, [](Control&, int& code, int) { code = 0; });
   Connect(strip.AllOption.On().Click, [&main](Control&) { AllOption_Click(main); });

@@ -55,6 +55,7 @@ PreferencesForm::PreferencesForm(Toolkit& toolkit) : Window(toolkit, "Preference
   CloseButton.Move(HelpButton.Left() - Margin - 96, buttons, 96, 28);
   CloseButton.SetDefault(true);
   CloseButton.SetCancel(true);
+  Window.SetHidesWhenClosed(true);  // its controls are the settings
   Window.SetClientSize(width, buttons + 28 + Margin);
   Default_Settings();
 }

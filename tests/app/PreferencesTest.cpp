@@ -122,7 +122,7 @@ TEST_F(PreferencesTest, CloseHidesTheDialogAndItsValuesStayReadable) {
   EXPECT_EQ(run.main.preferences.KeepDateCheckBox.Value(), 0);
 }
 
-TEST_F(PreferencesTest, TheDialogsFrameClosesItAsWell) {
+TEST_F(PreferencesTest, TheDialogsFrameHidesItAsWellAndItCanBeOpenedAgain) {
   ProgramRun& run = Started();
   run.person.ExpectForm("PreferencesForm", [&run](Person& person, Form& form) {
     EXPECT_TRUE(form.IsModal());
@@ -131,9 +131,13 @@ TEST_F(PreferencesTest, TheDialogsFrameClosesItAsWell) {
     person.Close(form);
   });
   run.person.ChooseMenu(run.main.menu.PreferenceMenuItem);
+  EXPECT_FALSE(run.main.preferences.Window.Visible());
+  EXPECT_TRUE(run.main.preferences.Window.IsLoaded());
   EXPECT_EQ(run.main.core.PicturePattern, "*.jpg;*.jpeg;*.bmp");
   InTheDialog(run, {&run.main.preferences.GifCheckbox});
   EXPECT_EQ(run.main.core.PicturePattern, "*.jpg;*.jpeg;*.bmp;*.gif");
+  run.Close();
+  EXPECT_FALSE(run.main.preferences.Window.IsLoaded()) << "it goes with the program";
 }
 
 TEST_F(PreferencesTest, TheShortcutBoxShowsTheRegistrysState) {

@@ -136,31 +136,47 @@ TEST_F(StartupTest, NoSlotIsLoadedBeforeTheFirstTick) {
   ProgramRun& run = Started();
   EXPECT_EQ(run.main.strip.SrcSlotCount, 0);
   EXPECT_EQ(run.main.strip.SrcPicsTotal.Caption(), "1 Total");
-  run.Wait(0.02);
-  EXPECT_EQ(run.main.strip.SrcSlotCount, 1);
+  EXPECT_TRUE(run.platform.toolkit.WaitUntil([&run] { return run.main.strip.SrcSlotCount == 1; }));
 }
 
 TEST_F(StartupTest, ASizeFromTheSavedStateIsLaidOutOnceAndNotAgain) {
   SavedState saved;
-  saved.Window = "15000,12000,300,300,0";
+  saved.Window = "11880,10500,300,300,0";
   WriteSavedState(saved);
   ProgramRun& run = Started();
   EXPECT_EQ(run.main.core.LayoutCountdown, 1) << "the resize during the load is overwritten";
-  EXPECT_EQ(run.main.core.LastWidth, 15000);
+  EXPECT_EQ(run.main.core.LastWidth, 11880);
   run.main.strip.CameraButton.SetLeft(5);
   run.Wait(1);
   EXPECT_EQ(run.main.strip.CameraButton.Left(), 5);
 }
 
-TEST_F(StartupTest, AMaximisedStartIsLaidOutOnceAndNotAgain) {
+TEST_F(StartupTest, AMaximisedStartIsLaidOutForTheScreenAtOnceAndNotAgain) {
   SavedState saved;
   saved.Window = "19200,15360,0,0,2";
   WriteSavedState(saved);
   ProgramRun& run = Started();
-  EXPECT_EQ(run.main.preview.PicPreview.Width(), 350);
+  EXPECT_GE(run.main.Window.TwipsWidth(), run.platform.toolkit.GetScreen().Width);
+  EXPECT_EQ(run.main.core.LastWidth, run.main.Window.TwipsWidth());
+  EXPECT_EQ(run.main.strip.SrcThumbsWindow.Bounds().Right(), CLng(run.main.Window.TwipsWidth() / 15) - 22);
   run.main.strip.CameraButton.SetLeft(5);
   run.Wait(1);
   EXPECT_EQ(run.main.strip.CameraButton.Left(), 5);
+  EXPECT_EQ(run.main.Window.WindowState(), windowstate::Maximised);
+}
+
+TEST_F(StartupTest, AMinimisedStartStaysDownAndIsLaidOutWhenItComesUp) {
+  SavedState saved;
+  saved.Window = "11880,10500,300,300,1";
+  WriteSavedState(saved);
+  ProgramRun& run = Started();
+  run.Wait(0.5);
+  EXPECT_EQ(run.main.Window.WindowState(), windowstate::Minimised);
+  EXPECT_EQ(run.main.core.LastWidth, 0);
+  run.person.Restore(run.main.Window);
+  EXPECT_TRUE(run.platform.toolkit.WaitUntil([&run] { return run.main.core.LastWidth != 0; }));
+  EXPECT_EQ(run.main.core.LastWidth, run.main.Window.TwipsWidth());
+  EXPECT_EQ(run.main.Window.WindowState(), windowstate::Normal);
 }
 
 TEST_F(StartupTest, FileTypesFromTheSavedStateGovernAllLists) {
@@ -214,6 +230,7 @@ TEST_F(StartupTest, ABackgroundThatCannotBeShownLeavesTheDesktopAndNoWord) {
 TEST_F(StartupTest, EscapeAsksARunningBatchToStop) {
   ProgramRun& run = Started();
   EXPECT_FALSE(run.main.drop.DropAllAbort);
+  run.Wait(0.2);
   run.person.Key(key::Escape);
   EXPECT_TRUE(run.main.drop.DropAllAbort);
 }
@@ -231,7 +248,7 @@ TEST_F(StartupTest, TwoMainWindowsLiveInOneProcessEachByItself) {
   other.Start();
   one.LoadAll();
   EXPECT_EQ(one.main.strip.SrcSlotCount, 3);
-  EXPECT_EQ(other.main.strip.SrcSlotCount, 0);
+  EXPECT_LE(other.main.strip.SrcSlotCount, 1);
   other.main.preferences.AutoPreviewCheckBox.SetValue(1);
   EXPECT_EQ(one.main.preferences.AutoPreviewCheckBox.Value(), 0);
   one.Close();

@@ -181,6 +181,9 @@ void FormPeer::ApplyState() {
 
 void FormPeer::ApplyOwner() {
   FormPeer* owner = form_.Owner() != nullptr ? FormPeerOf(*form_.Owner()) : nullptr;
+  // A window that is to be minimised from the start must be made by its show: made earlier, it is brought up.
+  const bool made = window_->testAttribute(Qt::WA_WState_Created);
+  if (!made && owner == nullptr && WishedState(form_) == Qt::WindowMinimized) return;
   window_->winId();  // makes the window that the owner is told to
   QWindow* above = owner != nullptr ? owner->Window().windowHandle() : nullptr;
   window_->windowHandle()->setTransientParent(above);

@@ -64,8 +64,8 @@ void QtBackend::FollowActiveForm() {
   if (active == nullptr || PeerOf(*active) == nullptr || QApplication::activePopupWidget() != nullptr) return;
   FormWindow& window = PeerOf(*active)->Window();
   const QWidget* modal = QApplication::activeModalWidget();
-  if (!window.isVisible() || window.isMinimized() || window.isActiveWindow() || (modal != nullptr && modal != &window))
-    return;
+  if (active->WindowState() == windowstate::Minimised) return;
+  if (!window.isVisible() || window.isActiveWindow() || (modal != nullptr && modal != &window)) return;
   if (QGuiApplication::applicationState() != Qt::ApplicationActive) return;
   window.raise();
   window.activateWindow();

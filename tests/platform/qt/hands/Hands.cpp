@@ -190,10 +190,19 @@ void Hands::TurnWheel(Form& form, QPoint at, const WheelArgs& turn) {
   const bool stroke = turn.PixelsX != 0 || turn.PixelsY != 0;
   const QPoint pixels(qRound(-turn.PixelsX), qRound(-turn.PixelsY));
   const QPoint angle = stroke ? pixels * 8 : QPoint(qRound(-turn.NotchesX * 120), qRound(-turn.NotchesY * 120));
-  QWheelEvent event(QPointF(to.mapFrom(client, at)), QPointF(client->mapToGlobal(at)), pixels, angle, Qt::NoButton,
-                    ToModifiers(turn.Shift), stroke ? Qt::ScrollUpdate : Qt::NoScrollPhase, false);
-  QSpontaneKeyEvent::setSpontaneous(&event);
-  QApplication::instance()->notify(&to, &event);
+  const auto send = [&](QPoint moved, QPoint turned, Qt::ScrollPhase phase) {
+    QWheelEvent event(QPointF(to.mapFrom(client, at)), QPointF(client->mapToGlobal(at)), moved, turned, Qt::NoButton,
+                      ToModifiers(turn.Shift), phase, false);
+    QSpontaneKeyEvent::setSpontaneous(&event);
+    QApplication::instance()->notify(&to, &event);
+  };
+  if (!stroke) {
+    send(pixels, angle, Qt::NoScrollPhase);
+    return;
+  }
+  send({}, {}, Qt::ScrollBegin);
+  send(pixels, angle, Qt::ScrollUpdate);
+  send({}, {}, Qt::ScrollEnd);
 }
 
 void Hands::ClickWidget(QWidget& widget, QPoint at) {
