@@ -49,7 +49,7 @@ struct BenchRun {
   explicit BenchRun(TemporaryDrive& drive, DecodeAhead* ahead = nullptr)
       : files(drive.DriveFiles()),
         jpeg(files, ahead),
-        pictures(files),
+        pictures(files, ahead),
         places(drive.DrivePlaces()),
         readAhead(ahead != nullptr ? static_cast<ReadAhead&>(*ahead) : noReadAhead) {
     platform.failures.OnFailure = [](const std::string& text) { std::fprintf(stderr, "%s\n", text.c_str()); };

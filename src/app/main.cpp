@@ -49,8 +49,8 @@ int main(int argc, char** argv) {
   PosixFolderReader folderReader(mapping, qt.posting);
   PosixVolumes volumes(environment, mapping);
   PosixSettings settings(environment.ConfigHome + "/pixorra/settings");
-  CodecPictures pictures(files);
   DecodeAhead readAhead(files);
+  CodecPictures pictures(files, &readAhead);
   TurboJpegCodec jpeg(files, &readAhead);
 
   Host host{qt.toolkit,   files, places,   clock,    pictures,  qt.artwork, jpeg,         qt.dialogs, qt.printing,

@@ -6,6 +6,7 @@
 
 #include "platform/codecs/BmpDecoder.h"
 #include "platform/codecs/ByteReader.h"
+#include "platform/codecs/DecodeAhead.h"
 #include "platform/codecs/GifDecoder.h"
 #include "platform/codecs/JpegReader.h"
 #include "platform/runtime/Errors.h"
@@ -96,6 +97,36 @@ void PutOverWhite(const std::uint8_t* from, std::uint8_t* to, int width) {
   }
 }
 
+std::size_t BmpRowBytes(const Bitmap& bitmap) {
+  return (static_cast<std::size_t>(bitmap.Width()) * 3 + 3) / 4 * 4;
+}
+
+// Passes a bitmap file on, part by part.
+template <typename Sink>
+void ForEachBmpPart(const Bitmap& bitmap, const Sink& sink) {
+  // Small enough to stay in the processor's cache between its making and its writing.
+  constexpr std::size_t PartBytes = std::size_t{256} * 1024;
+  const std::size_t used = static_cast<std::size_t>(bitmap.Width()) * 3;
+  const std::size_t rowBytes = BmpRowBytes(bitmap);
+  const std::size_t pixelBytes = rowBytes * static_cast<std::size_t>(bitmap.Height());
+  std::vector<std::uint8_t> part;
+  part.reserve(std::min(PartBytes, pixelBytes) + 54 + rowBytes);
+  PutBmpHeader(part, bitmap, static_cast<std::uint32_t>(pixelBytes));
+  for (int y = bitmap.Height() - 1; y >= 0; --y) {
+    const std::uint8_t* row = bitmap.Row(y);
+    if (bitmap.Format() == PixelFormat::Bgr24) {
+      part.insert(part.end(), row, row + used);
+    } else {
+      part.resize(part.size() + used);
+      PutOverWhite(row, part.data() + part.size() - used, bitmap.Width());
+    }
+    part.resize(part.size() + rowBytes - used);
+    if (part.size() < PartBytes && y > 0) continue;
+    sink(part);
+    part.clear();
+  }
+}
+
 }  // namespace
 
 Bitmap DecodePicture(std::span<const std::uint8_t> file) {
@@ -106,22 +137,10 @@ Bitmap DecodePicture(std::span<const std::uint8_t> file) {
 }
 
 std::vector<std::uint8_t> EncodeBmp(const Bitmap& bitmap) {
-  const auto width = static_cast<std::size_t>(bitmap.Width());
-  const std::size_t rowBytes = (width * 3 + 3) / 4 * 4;
-  const std::size_t pixelBytes = rowBytes * static_cast<std::size_t>(bitmap.Height());
   std::vector<std::uint8_t> file;
-  file.reserve(54 + pixelBytes);
-  PutBmpHeader(file, bitmap, static_cast<std::uint32_t>(pixelBytes));
-  for (int y = bitmap.Height() - 1; y >= 0; --y) {
-    const std::uint8_t* row = bitmap.Row(y);
-    if (bitmap.Format() == PixelFormat::Bgr24) {
-      file.insert(file.end(), row, row + width * 3);
-    } else {
-      file.resize(file.size() + width * 3);
-      PutOverWhite(row, file.data() + file.size() - width * 3, bitmap.Width());
-    }
-    file.resize(file.size() + rowBytes - width * 3);
-  }
+  file.reserve(54 + BmpRowBytes(bitmap) * static_cast<std::size_t>(bitmap.Height()));
+  ForEachBmpPart(bitmap,
+                 [&](const std::vector<std::uint8_t>& part) { file.insert(file.end(), part.begin(), part.end()); });
   return file;
 }
 
@@ -141,6 +160,9 @@ Picture CodecPictures::Load(File& file) {
 }
 
 Picture CodecPictures::FromBytes(std::span<const std::uint8_t> file) {
+  if (ahead_ != nullptr) {
+    if (Bitmap made = ahead_->Decoded(file); !made.IsEmpty()) return Picture(std::move(made));
+  }
   return Picture(DecodePicture(file));
 }
 
@@ -150,8 +172,14 @@ std::vector<std::uint8_t> CodecPictures::BitmapFile(const Picture& picture) {
 }
 
 void CodecPictures::Save(const Picture& picture, const std::string& path) {
-  const std::vector<std::uint8_t> bytes = BitmapFile(picture);
-  files_.Open(path, OpenMode::Replace)->WriteAt(0, bytes.data(), bytes.size());
+  if (picture.IsNothing()) throw RuntimeError(error::BadPropertyValue);
+  const Bitmap& pixels = picture.Pixels();  // which may have to be drawn first
+  const std::unique_ptr<File> file = files_.Open(path, OpenMode::Replace);
+  std::int64_t at = 0;
+  ForEachBmpPart(pixels, [&](const std::vector<std::uint8_t>& part) {
+    file->WriteAt(at, part.data(), part.size());
+    at += static_cast<std::int64_t>(part.size());
+  });
 }
 
 Picture CodecPictures::SaveAndLoad(const Picture& picture, const std::string& path) {

@@ -12,9 +12,12 @@
 
 namespace pixorra {
 
+class DecodeAhead;
+
 class CodecPictures final : public Pictures {
  public:
-  explicit CodecPictures(Files& files) : files_(files) {}
+  // What was decoded ahead, if anything, serves FromBytes where the bytes are the same.
+  explicit CodecPictures(Files& files, DecodeAhead* ahead = nullptr) : files_(files), ahead_(ahead) {}
 
   Picture Load(const std::string& path) override;
   Picture Load(File& file) override;
@@ -25,11 +28,11 @@ class CodecPictures final : public Pictures {
 
  private:
   Files& files_;
+  DecodeAhead* ahead_;
 };
 
 // The picture in a file's bytes: a bitmap ("BM"), a GIF ("GIF") or a JPEG (FF D8), recognised by its first bytes.
-// JPEG pictures are as they are stored, whatever orientation their camera notes. Raises BadPicture and OutOfMemory, as
-// Load does.
+// JPEG pictures come upright. Raises BadPicture and OutOfMemory, as Load does.
 Bitmap DecodePicture(std::span<const std::uint8_t> file);
 
 // A bitmap file: 54 bytes of header, then the rows bottom-up at 24 bits, padded to 4 bytes with zeros. The resolution

@@ -9,9 +9,12 @@
 #include <system_error>
 #include <unistd.h>
 
+#include "platform/codecs/CodecPictures.h"
 #include "platform/codecs/JpegReader.h"
+#include "platform/codecs/JpegWriter.h"
 #include "platform/runtime/Errors.h"
 #include "platform/services/FileBytes.h"
+#include "platform/services/JpegCodec.h"
 
 namespace pixorra {
 
@@ -28,6 +31,7 @@ struct DecodeAhead::Job {
   std::unique_ptr<File> file;
   FileBytes bytes;
   ReducedRows rows;
+  SmallJpeg small;
 };
 
 namespace {
@@ -43,6 +47,17 @@ void GiveWay() {
 bool IsJpeg(File& file) {
   std::array<std::uint8_t, 2> start{};
   return file.ReadAt(0, start.data(), start.size()) == start.size() && start[0] == 0xFF && start[1] == 0xD8;
+}
+
+// In the quality that a transfer has unless another is asked for. Without one the rows alone are ready.
+void MakeSmallJpeg(const ReducedRows& rows, SmallJpeg& small) {
+  const int quality = JPEG_CORE_PROPERTIES().jquality;
+  JpegBytes encoded;
+  const std::ptrdiff_t step = std::ptrdiff_t{rows.width} * 3;
+  if (WriteJpeg(rows.bytes.data(), step, rows.width, rows.height, quality, encoded) != jpeg::Ok) return;
+  small.picture = DecodePicture(encoded.Bytes());
+  small.file.assign(encoded.Bytes().begin(), encoded.Bytes().end());
+  small.quality = quality;
 }
 
 bool IsScale(int scale) {
@@ -130,7 +145,9 @@ bool DecodeAhead::IsReady(const std::string& path, int scale) {
   return job == nullptr || job->state == Job::State::Ready || job->state == Job::State::Not;
 }
 
-std::optional<ReducedRows> DecodeAhead::Take(std::span<const std::uint8_t> file, int denominator) {
+const ReducedRows* DecodeAhead::Take(std::span<const std::uint8_t> file, int denominator) {
+  takenRows_ = {};
+  takenJpeg_ = {};
   const std::lock_guard lock(mutex_);
   for (Jobs& jobs : expected_) {
     const auto same = std::ranges::find_if(jobs, [&](const auto& job) {
@@ -138,14 +155,32 @@ std::optional<ReducedRows> DecodeAhead::Take(std::span<const std::uint8_t> file,
              std::memcmp(job->bytes.Data(), file.data(), file.size()) == 0;
     });
     if (same == jobs.end()) continue;
-    ReducedRows rows = std::move((*same)->rows);
+    takenRows_ = std::move((*same)->rows);
+    takenJpeg_ = std::move((*same)->small);
     (*same)->bytes = {};
     (*same)->length = 0;
     (*same)->state = Job::State::Not;  // where the other reader expects it too
     jobs.erase(same);
-    return rows;
+    return &takenRows_;
   }
-  return std::nullopt;
+  return nullptr;
+}
+
+std::span<const std::uint8_t> DecodeAhead::Encoded(const std::uint8_t* topRow, std::ptrdiff_t step, int width,
+                                                   int height, int quality) const {
+  if (takenJpeg_.quality != quality || takenRows_.width != width || takenRows_.height != height) return {};
+  const auto length = static_cast<std::size_t>(width) * 3;
+  for (int y = 0; y < height; ++y) {
+    const std::uint8_t* own = takenRows_.bytes.data() + static_cast<std::size_t>(y) * length;
+    if (std::memcmp(topRow + y * step, own, length) != 0) return {};
+  }
+  return takenJpeg_.file;
+}
+
+Bitmap DecodeAhead::Decoded(std::span<const std::uint8_t> file) {
+  if (file.empty() || !std::ranges::equal(file, takenJpeg_.file)) return {};
+  takenRows_ = {};
+  return std::exchange(takenJpeg_, {}).picture;
 }
 
 void DecodeAhead::Settle() {
@@ -208,7 +243,7 @@ std::int64_t DecodeAhead::ReadyBytes() const {
   std::int64_t sum = 0;
   for (const Jobs& jobs : expected_) {
     for (const auto& job : jobs)
-      if (job->state == Job::State::Ready) sum += static_cast<std::int64_t>(job->rows.bytes.size());
+      if (job->state == Job::State::Ready) sum += 2 * static_cast<std::int64_t>(job->rows.bytes.size());
   }
   return sum;
 }
@@ -235,12 +270,14 @@ bool DecodeAhead::Decode(Job& job) {
   const std::int64_t step = std::int64_t{reader.ReducedWidth()} * 3;
   const std::int64_t size = step * reader.ReducedHeight();
   if (size > MostRowBytes) return false;
-  claim.emplace(*this, job, size + reader.WorkingMemory());
+  claim.emplace(*this, job, 2 * size + reader.WorkingMemory());
   if (!claim->IsGranted()) return false;
   rows.width = reader.ReducedWidth();
   rows.height = reader.ReducedHeight();
   rows.bytes.resize(static_cast<std::size_t>(size));
-  return reader.Read(rows.bytes.data(), static_cast<std::ptrdiff_t>(step), 3) == jpeg::Ok;
+  if (reader.Read(rows.bytes.data(), static_cast<std::ptrdiff_t>(step), 3) != jpeg::Ok) return false;
+  MakeSmallJpeg(rows, job.small);
+  return true;
 }
 
 void DecodeAhead::Work() {
@@ -266,6 +303,7 @@ void DecodeAhead::Work() {
     if (!ready) {
       job->bytes = {};
       job->rows = {};
+      job->small = {};
     }
     lock.lock();
     job->state = ready ? Job::State::Ready : Job::State::Not;

@@ -1,5 +1,6 @@
-// JPEG photos read and decoded ahead of their turn by threads of this back end. What they made serves a decode only
-// when that one's bytes are the same to the last; errors are left to it.
+// JPEG photos read and decoded ahead of their turn by threads of this back end, and the small JPEG file that the
+// program makes of each, with its picture. What they made serves only where the bytes asked about are the same to the
+// last; errors are left to who asks.
 #pragma once
 
 #include <array>
@@ -14,6 +15,7 @@
 #include <thread>
 #include <vector>
 
+#include "platform/pixels/Picture.h"
 #include "platform/services/Files.h"
 #include "platform/services/ReadAhead.h"
 
@@ -24,6 +26,13 @@ struct ReducedRows {
   int width = 0;
   int height = 0;
   std::vector<std::uint8_t> bytes;
+};
+
+// What becomes of a reduction next.
+struct SmallJpeg {
+  int quality = 0;
+  std::vector<std::uint8_t> file;
+  Bitmap picture;  // what that file shows
 };
 
 // Used by one thread; its own stay inside. They start when the first photo is expected.
@@ -37,7 +46,7 @@ class DecodeAhead : public ReadAhead {
   // All that is held and decoded at a time takes no more than this, in bytes: files, reductions, and what the JPEG
   // library keeps of progressive pictures.
   static constexpr std::int64_t MostMemory = 256 * 1024 * 1024;
-  // The largest reduction that is kept, in bytes.
+  // The largest reduction that is kept, in bytes; its picture takes as much again.
   static constexpr std::int64_t MostRowBytes = 16 * 1024 * 1024;
 
   explicit DecodeAhead(Files& files);
@@ -49,8 +58,15 @@ class DecodeAhead : public ReadAhead {
   void Expect(Reader reader, const std::vector<std::string>& paths, int scale) override;
   bool IsReady(const std::string& path, int scale) override;
 
-  // What was made of a file of these bytes at 1/denominator, if it was; it is handed out once.
-  std::optional<ReducedRows> Take(std::span<const std::uint8_t> file, int denominator);
+  // What was made of a file of these bytes at 1/denominator, else null. It is handed out once, and lives until the next
+  // call.
+  const ReducedRows* Take(std::span<const std::uint8_t> file, int denominator);
+  // The JPEG file of these pixels in this quality, if they are those that were taken last; else nothing. It lives until
+  // the next Take. Rows as WriteJpeg has them.
+  std::span<const std::uint8_t> Encoded(const std::uint8_t* topRow, std::ptrdiff_t step, int width, int height,
+                                        int quality) const;
+  // What that file shows, if these are its bytes, else an empty bitmap. It is handed out once.
+  Bitmap Decoded(std::span<const std::uint8_t> file);
 
   // Waits until all that is expected has been worked on.
   void Settle();
@@ -74,6 +90,8 @@ class DecodeAhead : public ReadAhead {
 
   Files& files_;
   const std::size_t mostThreads_;
+  ReducedRows takenRows_;  // by the using thread, as what follows
+  SmallJpeg takenJpeg_;
   bool noThreads_ = false;  // the system cannot start any
   std::vector<std::thread> threads_;
   std::mutex mutex_;  // for all below, and for the state of jobs

@@ -11,7 +11,7 @@ namespace {
 constexpr std::int64_t BlockWork = 10;
 constexpr std::int64_t CoefficientWork = 1;
 // What every file may take.
-constexpr std::int64_t MostWork = 500'000'000;
+constexpr std::int64_t MostWork = 250'000'000;
 // Usual progressive files take 140 to 190 units for each block of the picture, files of the most scans that writers
 // use some more.
 constexpr std::int64_t UsualWorkOfABlock = 256;

@@ -139,7 +139,8 @@ int TurboJpegCodec::ijlRead(JPEG_CORE_PROPERTIES& record, int mode) {
 int TurboJpegCodec::ReadBlock(JPEG_CORE_PROPERTIES& record, int denominator) {
   const std::span<const std::uint8_t> bytes(record.JPGBytes, static_cast<std::size_t>(record.JPGSizeBytes));
   if (ahead_ != nullptr && denominator != 0) {
-    if (const auto kept = ahead_->Take(bytes, denominator); kept && CopyRows(*kept, record)) return jpeg::Ok;
+    const ReducedRows* const kept = ahead_->Take(bytes, denominator);
+    if (kept != nullptr && CopyRows(*kept, record)) return jpeg::Ok;
   }
   return ReadFrom(bytes, record, denominator);
 }
@@ -152,6 +153,12 @@ int TurboJpegCodec::ijlWrite(JPEG_CORE_PROPERTIES& record, int mode) {
   const auto height = static_cast<int>(std::abs(std::int64_t{record.DIBHeight}));
   if (record.JPGWidth != record.DIBWidth || record.JPGHeight != height) return jpeg::Mismatch;
 
+  if (ahead_ != nullptr && mode == ijl::BufferWriteWhole) {
+    const std::span<const std::uint8_t> made =
+        ahead_->Encoded(rows->top, rows->step, record.DIBWidth, height, record.jquality);
+    record.JPGWritten.assign(made.begin(), made.end());
+    if (!made.empty()) return jpeg::Ok;
+  }
   // The file is not made until there is something to put in it.
   JpegBytes encoded;
   const int status = WriteJpeg(rows->top, rows->step, record.DIBWidth, height, record.jquality, encoded);

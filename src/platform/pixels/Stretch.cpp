@@ -278,17 +278,23 @@ class Stretcher {
         Put(first, row++);
         continue;
       }
-      BlendRows(first, fetch(point.second), point.fraction, line_.data(), line_.size());
-      Put(line_.data(), row++);
+      const Byte* second = fetch(point.second);
+      if (Channels == 3 && target_.BytesPerPixel() == 3) {
+        BlendRows(first, second, point.fraction, Place(row++), line_.size());
+      } else {
+        BlendRows(first, second, point.fraction, line_.data(), line_.size());
+        Put(line_.data(), row++);
+      }
     }
   }
 
+  Byte* Place(int row) { return target_.Row(row) + std::ptrdiff_t{x_ + columns_.from} * target_.BytesPerPixel(); }
+
   void Put(const Byte* line, int row) {
-    const int bytes = target_.BytesPerPixel();
-    Byte* to = target_.Row(row) + std::ptrdiff_t{x_ + columns_.from} * bytes;
+    Byte* to = Place(row);
     if constexpr (Channels == 4) {
       LayOver(line, to, Pixels(), target_.Format());
-    } else if (bytes == 3) {
+    } else if (target_.BytesPerPixel() == 3) {
       std::memcpy(to, line, line_.size());
     } else {
       AddOpaqueAlpha(line, to, Pixels());

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 #include <vector>
 
+#include "platform/codecs/CodecPictures.h"
 #include "platform/codecs/DecodeAhead.h"
 #include "platform/codecs/JpegStatus.h"
 #include "platform/codecs/TurboJpegCodec.h"
@@ -119,11 +120,46 @@ TEST_F(DecodeAheadTest, OnlyTheSameBytesAndScaleAreServedAndOnlyOnce) {
   EXPECT_FALSE(ahead.Take(Bytes(other), 8));
   EXPECT_FALSE(ahead.Take(Bytes(jpeg).first(jpeg.size() - 1), 8));
   EXPECT_FALSE(ahead.Take(Bytes(jpeg), 4));
-  const std::optional<ReducedRows> rows = ahead.Take(Bytes(jpeg), 8);
+  const ReducedRows* const rows = ahead.Take(Bytes(jpeg), 8);
   ASSERT_TRUE(rows);
   EXPECT_EQ(rows->width, 101);
   EXPECT_EQ(rows->height, 76);
   EXPECT_FALSE(ahead.Take(Bytes(jpeg), 8));
+}
+
+TEST_F(DecodeAheadTest, ThePhotosSmallFileAndItsPictureArePreparedToo) {
+  TurboJpegCodec plain(files);
+  TurboJpegCodec codec(files, &ahead);
+  CodecPictures pictures(files, &ahead);
+  const std::string jpeg = LongJpeg(14);
+  Prepare({Write("a.jpg", jpeg)}, 4);
+  JPEG_CORE_PROPERTIES record;
+  Decoded decoded = Read(codec, jpeg, 4, ijl::BufferReadQuarter);
+  record.DIBBytes = decoded.bytes.data();
+  record.DIBWidth = record.JPGWidth = 201;
+  record.JPGHeight = 151;
+  record.DIBHeight = -151;
+  record.DIBPadBytes = 1;
+  ASSERT_EQ(plain.ijlWrite(record, ijl::BufferWriteWhole), ijl::Ok);
+  const std::vector<std::uint8_t> file = record.JPGWritten;
+  const std::uint8_t* top = decoded.bytes.data() + 150 * 604;
+  EXPECT_EQ(ahead.Encoded(top, -604, 201, 151, 75).size(), file.size()) << "it is what serves";
+  EXPECT_TRUE(ahead.Encoded(top, -604, 201, 151, 76).empty());
+  EXPECT_TRUE(ahead.Encoded(top, -604, 201, 150, 75).empty());
+  ASSERT_EQ(codec.ijlWrite(record, ijl::BufferWriteWhole), ijl::Ok);
+  EXPECT_EQ(record.JPGWritten, file);
+  // Pixels that have been changed meanwhile are encoded themselves.
+  decoded.bytes[0] = static_cast<std::uint8_t>(decoded.bytes[0] ^ 0xFF);
+  EXPECT_TRUE(ahead.Encoded(top, -604, 201, 151, 75).empty());
+  ASSERT_EQ(codec.ijlWrite(record, ijl::BufferWriteWhole), ijl::Ok);
+  EXPECT_NE(record.JPGWritten, file);
+
+  EXPECT_TRUE(ahead.Decoded(record.JPGWritten).IsEmpty()) << "another file";
+  const Picture shown = pictures.FromBytes(file);
+  EXPECT_TRUE(ahead.Decoded(file).IsEmpty()) << "it was not what served";
+  const Bitmap own = DecodePicture(file);
+  ASSERT_EQ(shown.Width(), 201);
+  for (int y = 0; y < 151; ++y) EXPECT_TRUE(std::equal(own.Row(y), own.Row(y) + 603, shown.Pixels().Row(y))) << y;
 }
 
 TEST_F(DecodeAheadTest, AFileChangedAfterwardsIsDecodedAnew) {

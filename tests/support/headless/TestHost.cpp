@@ -7,7 +7,7 @@ namespace pixorra {
 TestHost::TestHost(TemporaryDrive& drive, DecodeAhead* ahead)
     : files(drive.DriveFiles()),
       jpeg(files, ahead),
-      pictures(files),
+      pictures(files, ahead),
       places(drive.DrivePlaces()),
       readAhead(ahead != nullptr ? static_cast<ReadAhead&>(*ahead) : noReadAhead),
       host{platform.toolkit,
