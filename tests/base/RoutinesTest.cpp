@@ -14,6 +14,7 @@ class FewPlaces : public Places {
   std::string WindowsFolder() override { return windowsFolder; }
   std::string TemporaryFolder() override { return "C:\\cache"; }
   std::string SpecialFolder(int number) override { return number == 16 ? "C:\\home\\anna\\Desktop" : ""; }
+  std::vector<std::string> KeptFolders() override { return {}; }
 
   std::string windowsFolder = "C:\\config";
 };

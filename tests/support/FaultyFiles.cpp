@@ -227,6 +227,12 @@ void FaultyFiles::MakeFolder(const std::string& path) {
   inner_->MakeFolder(path);
 }
 
+void FaultyFiles::RemoveTree(const std::string& path) {
+  Check(FileCall::RemoveTree, path);
+  AboutToChange();
+  inner_.RemoveTree(path);
+}
+
 void FaultyFiles::RemoveFolder(const std::string& path) {
   Check(FileCall::RemoveFolder, path);
   AboutToChange();

@@ -31,6 +31,7 @@ enum class FileCall {
   Rename,
   MakeFolder,
   RemoveFolder,
+  RemoveTree,
   FlushFolder,
   LastWriteTime,
   SetTimes,
@@ -79,6 +80,7 @@ class FaultyFiles : public Files {
   void RenameOver(const std::string& from, const std::string& to) override;
   void MakeFolder(const std::string& path) override;
   void RemoveFolder(const std::string& path) override;
+  void RemoveTree(const std::string& path) override;
   void FlushFolder(const std::string& path) override;
   std::optional<CalendarTime> LastWriteTime(const std::string& path) override;
   bool SetTimes(const std::string& path, const CalendarTime& time) override;

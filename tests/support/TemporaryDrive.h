@@ -3,6 +3,7 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "platform/posix/PosixFiles.h"
 #include "platform/services/Places.h"
@@ -19,6 +20,9 @@ class TestPlaces : public Places {
   std::string WindowsFolder() override { return Made("C:\\Windows"); }
   std::string TemporaryFolder() override { return Made("C:\\Temp"); }
   std::string SpecialFolder(int number) override;
+  std::vector<std::string> KeptFolders() override { return Kept; }
+
+  std::vector<std::string> Kept;
 
  private:
   std::string Made(const std::string& path);

@@ -1,6 +1,7 @@
 // Files and folders of the host: what is asked of names.
 #include "platform/posix/PosixFiles.h"
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <cstdio>
@@ -15,6 +16,7 @@
 #include "platform/posix/HostLookup.h"
 #include "platform/posix/LocalTimes.h"
 #include "platform/posix/RenameFile.h"
+#include "platform/posix/TreeRemoval.h"
 
 namespace pixorra {
 
@@ -49,6 +51,14 @@ void MustBeReachable(const Located& located) {
 
 void MustNotBeRoot(const HostPath& path) {
   if (path.IsRoot()) throw RuntimeError(error::PathAccess);
+}
+
+// A file of another case is another file, and so is one in a folder of another case, unless the disk itself finds it by
+// this name. How a share is mounted is spelled in several ways.
+bool IsSpelledAs(const HostPath& asked, const Located& located) {
+  return std::equal(asked.Names.begin() + static_cast<std::ptrdiff_t>(asked.RootNames), asked.Names.end(),
+                    located.Path.Names.begin() + static_cast<std::ptrdiff_t>(asked.RootNames),
+                    located.Path.Names.end());
 }
 
 // Of what a link leads to.
@@ -170,10 +180,7 @@ void PosixFiles::Delete(const std::string& path) {
   const Located located = Locate(asked);
   MustExist(located);
   MustNotBeRoot(located.Path);
-  // A file of another case is another file, and so is one in a folder of another case, unless the disk itself finds it
-  // by this name. How a share is mounted is spelled in several ways.
-  for (std::size_t i = asked.RootNames; i < asked.Names.size(); ++i)
-    if (located.Path.Names[i] != asked.Names[i]) throw RuntimeError(error::FileNotFound);
+  if (!IsSpelledAs(asked, located)) throw RuntimeError(error::FileNotFound);
   // unlink itself refuses folders.
   if (unlink(located.Path.Text().c_str()) != 0) RaiseFor(located.Path, errno);
 }
@@ -226,6 +233,26 @@ void PosixFiles::RemoveFolder(const std::string& path) {
   if (rmdir(located.Path.Text().c_str()) == 0) return;
   // Some file systems call a folder that is not empty an existing one.
   RaiseFor(located.Path, errno == EEXIST ? ENOTEMPTY : errno);
+}
+
+void PosixFiles::RemoveTree(const std::string& path) {
+  const HostPath asked = mapping_->Current().ToHost(path);
+  MustNotBeRoot(asked);
+  const Located located = Locate(asked);
+  if (located.Failure == ENOENT || !IsSpelledAs(asked, located)) throw RuntimeError(error::PathNotFound);
+  MustExist(located);
+  if (!S_ISDIR(located.Entry.st_mode) && !S_ISLNK(located.Entry.st_mode)) throw RuntimeError(error::PathNotFound);
+  switch (const int failure = RemoveHostTree(located.Path)) {
+    case 0:
+      return;
+    case ENOENT:
+      throw RuntimeError(error::PathNotFound);
+    case EXDEV:    // another file system in it
+    case ENOTDIR:  // a link
+      throw RuntimeError(error::PathAccess);
+    default:
+      RaiseHostError(failure == EEXIST ? ENOTEMPTY : failure);
+  }
 }
 
 void PosixFiles::FlushFolder(const std::string& path) {

@@ -46,6 +46,27 @@ std::string PosixPlaces::SpecialFolder(int number) {
   }
 }
 
+std::vector<std::string> PosixPlaces::KeptFolders() {
+  std::vector<std::string> kept;
+  const auto keep = [&](const std::string& hostPath) {
+    std::string path = Program(hostPath);
+    if (!path.empty()) kept.push_back(std::move(path));
+  };
+  for (const char* folder :
+       {"bin",     "boot",       "cdrom", "dev", "efi", "etc", "home", "lib",      "lib32",  "lib64",     "libx32",
+        "libexec", "lost+found", "media", "mnt", "nix", "opt", "proc", "root",     "run",    "run/media", "run/user",
+        "sbin",    "snap",       "srv",   "sys", "tmp", "usr", "var",  "var/home", "var/tmp"})
+    keep(std::string("/") + folder);
+  keep(environment_.Home);
+  for (const std::string& folder :
+       {environment_.RuntimeDir, "/media/" + environment_.User, "/run/media/" + environment_.User})
+    if (folder.starts_with('/') && !folder.ends_with('/')) keep(folder);
+  g_reload_user_special_dirs_cache();
+  for (int directory = 0; directory < G_USER_N_DIRECTORIES; ++directory)
+    if (const char* listed = g_get_user_special_dir(static_cast<GUserDirectory>(directory))) keep(listed);
+  return kept;
+}
+
 std::string PosixPlaces::Own(const std::string& base) {
   const std::string folder = base + "/pixorra";
   static_cast<void>(MakeFolders(folder));

@@ -28,6 +28,8 @@ class PosixPlaces : public Places {
   // 8      the list of recent documents: the data folder
   // Not all of them need be there.
   std::string SpecialFolder(int number) override;
+  // The top folders of the system, the home folder, and all that the desktop's list names.
+  std::vector<std::string> KeptFolders() override;
 
  private:
   std::string Own(const std::string& base);

@@ -21,6 +21,8 @@ class UniqueFd {
     if (fd_ >= 0) close(fd_);
   }
   int Get() const { return fd_; }
+  // Somebody else closes it from here on.
+  int Release() { return std::exchange(fd_, -1); }
   explicit operator bool() const { return fd_ >= 0; }
 
  private:

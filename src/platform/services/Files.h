@@ -108,6 +108,11 @@ class Files {
   virtual void RenameOver(const std::string& from, const std::string& to) = 0;
   virtual void MakeFolder(const std::string& path) = 0;
   virtual void RemoveFolder(const std::string& path) = 0;  // only an empty one, never through a link
+  // Removes a folder with all that is in it, what is hidden or read-only included. A link in it goes as a link: nothing
+  // that it leads to is touched. Raises PathAccess, and removes nothing, where the folder is a root, where it or a
+  // folder on the way to it is a link, and where another file system is mounted on it or in it. Otherwise raises the
+  // error of the first folder that cannot be removed; what went before has gone.
+  virtual void RemoveTree(const std::string& path) = 0;
   // The folder's entries are on stable storage when this returns.
   virtual void FlushFolder(const std::string& path) = 0;
 

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 namespace pixorra {
 
@@ -18,6 +19,9 @@ class Places {
   // A shell folder by its number: 0 and 16 desktop, 2 programs, 3 controls, 5 documents, 6 favourites, 8 recent,
   // 11 start menu, 39 pictures. Empty where the host has none.
   virtual std::string SpecialFolder(int number) = 0;
+  // Folders beside those above that no command may delete or rename: the system's, the user's home and what the user
+  // has set aside for documents, pictures and the like. Not all of them need be there.
+  virtual std::vector<std::string> KeptFolders() = 0;
 };
 
 }  // namespace pixorra

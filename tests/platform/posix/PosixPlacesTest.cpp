@@ -1,4 +1,5 @@
 // Contract of Places and Clock on the host.
+#include <algorithm>
 #include <cmath>
 #include <ctime>
 #include <gtest/gtest.h>
@@ -43,6 +44,24 @@ TEST_F(OnPosixPlaces, TheProgramsFoldersAreMadeOnFirstUseForTheUserAlone) {
     ASSERT_EQ(stat(drive_.HostPath(folder).c_str(), &entry), 0) << folder;
     EXPECT_EQ(entry.st_mode & 0777U, 0700U) << folder;
   }
+}
+
+TEST_F(OnPosixPlaces, TheHomeTheUsersFoldersAndTheSystemsAreKept) {
+  drive_.Write("C:\\home\\anna\\.config\\user-dirs.dirs",
+               "XDG_DOWNLOAD_DIR=\"$HOME/Saved\"\nXDG_MUSIC_DIR=\"$HOME/Songs\"\n");
+  InAnnasSession([&](PosixPlaces& places) {
+    const std::vector<std::string> kept = places.KeptFolders();
+    for (const char* folder : {"C:\\home\\anna", "C:\\home\\anna\\Saved", "C:\\home\\anna\\Songs"})
+      EXPECT_EQ(std::count(kept.begin(), kept.end(), folder), 1) << folder;
+  });
+  // The system's are not on this drive.
+  InOwnProcess({}, [&] {
+    PosixPlaces places(environment_, std::make_shared<FixedMapping>(PathMapping()));
+    const std::vector<std::string> kept = places.KeptFolders();
+    for (const char* folder : {"bin", "boot", "etc", "home", "lib", "lib64", "media", "mnt", "opt", "root", "run",
+                               "sbin", "srv", "usr", "var"})
+      EXPECT_EQ(std::count(kept.begin(), kept.end(), std::string("C:\\") + folder), 1) << folder;
+  });
 }
 
 TEST_F(OnPosixPlaces, AFolderThatIsThereKeepsItsMode) {

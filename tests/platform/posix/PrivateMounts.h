@@ -36,4 +36,22 @@ class MemoryDisk {
   bool mounted_ = false;
 };
 
+// What is at one host path, a folder or a file, at another one too, for the life of this object.
+class BoundFolder {
+ public:
+  BoundFolder(const std::string& from, std::string to) : to_(std::move(to)) {
+    mounted_ = HavePrivateMounts() && mount(from.c_str(), to_.c_str(), nullptr, MS_BIND, nullptr) == 0;
+  }
+  ~BoundFolder() {
+    if (mounted_) umount2(to_.c_str(), MNT_DETACH);
+  }
+  BoundFolder(const BoundFolder&) = delete;
+  BoundFolder& operator=(const BoundFolder&) = delete;
+  bool Mounted() const { return mounted_; }
+
+ private:
+  std::string to_;
+  bool mounted_ = false;
+};
+
 }  // namespace pixorra

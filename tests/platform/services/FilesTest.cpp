@@ -27,6 +27,7 @@ class OneAnswer : public Files {
   void RenameOver(const std::string&, const std::string&) override {}
   void MakeFolder(const std::string&) override {}
   void RemoveFolder(const std::string&) override {}
+  void RemoveTree(const std::string&) override {}
   void FlushFolder(const std::string&) override {}
   std::optional<CalendarTime> LastWriteTime(const std::string&) override { return {}; }
   bool SetTimes(const std::string&, const CalendarTime&) override { return false; }
