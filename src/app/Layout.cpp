@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "app/LayoutSums.h"
+#include "desktop/FolderRename.h"
 #include "desktop/FolderSlots.h"
 #include "desktop/OpenFolderView.h"
 #include "platform/controls/Toolkit.h"
@@ -117,6 +118,7 @@ void Form_Resize(MainForm& main) {
 }
 
 void Window_Layout(MainForm& main) {
+  EndFolderRename(main);
   Form& window = main.Window;
   if (window.WindowState() == windowstate::Minimised) return;
   if (HasLastSize(main)) return;

@@ -1,8 +1,10 @@
 #include "app/Shutdown.h"
 
 #include "app/INIfile.h"
+#include "desktop/FolderRename.h"
 #include "desktop/FolderSlots.h"
 #include "desktop/OpenFolderView.h"
+#include "desktop/Trashcan.h"
 #include "filmstrip/Views.h"
 #include "pictures/QuickThumbs.h"
 #include "platform/controls/Toolkit.h"
@@ -17,6 +19,8 @@
 namespace pixorra {
 
 void Form_QueryUnload(MainForm& main) {
+  EndFolderRename(main);
+  if (main.preferences.EmptyTrashcanCheckbox.Value() == 1) EmptyTrashcan(main);
   // A state that cannot be saved gives a message and must not keep the window open.
   try {
     WriteSavedState(main);

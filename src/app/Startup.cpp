@@ -8,6 +8,7 @@
 #include "app/Wiring.h"
 #include "base/Bars.h"
 #include "base/Routines.h"
+#include "desktop/FolderRename.h"
 #include "desktop/FolderSlots.h"
 #include "desktop/OpenFolderView.h"
 #include "filmstrip/Listing.h"
@@ -125,7 +126,8 @@ void ConnectEvents(MainForm& main) {
   Connect(window.QueryUnload, [&main](Control&) { Form_QueryUnload(main); });
   Connect(window.Unload, [&main](Control&) { Form_Unload(main); });
   Connect(window.KeyPress, [&main](Control&, int& code) {
-    if (code == key::Escape) main.drop.DropAllAbort = true;
+    // The box in which a folder is renamed has its own use for the key.
+    if (code == key::Escape && !IsFolderBeingRenamed(main.desk)) main.drop.DropAllAbort = true;
   });
   Connect(main.menu.ExitMenuItem, [&main] { main.Window.Unload(); });
   Connect(main.menu.PreferenceMenuItem, [&main] { PreferenceMenuItem_Click(main); });

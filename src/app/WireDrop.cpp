@@ -2,6 +2,7 @@
 #include <functional>
 
 #include "app/Wiring.h"
+#include "desktop/FolderRename.h"
 #include "drop/DragGestures.h"
 #include "drop/DropIntoFolder.h"
 #include "window/DesktopState.h"
@@ -53,12 +54,14 @@ void ConnectViewTargets(MainForm& main) {
 
 void ConnectSources(MainForm& main) {
   FilmStripState& strip = main.strip;
-  Connect(strip.SrcThumbnail.On().DragOver, [&main](Control& target, const DragArgs& drag) {
-    SrcThumbnail_DragOver(main, target.Index(), drag.Source, drag.State);
-  });
+  // Both are targets of their own drag first: that is the press of the mouse.
+  Connect(strip.SrcThumbnail.On().DragOver, EndingRename(main, [&main](Control& target, const DragArgs& drag) {
+            SrcThumbnail_DragOver(main, target.Index(), drag.Source, drag.State);
+          }));
   Connect(strip.SrcThumbnail.On().DragDrop, [&main](Control&, const DragArgs&) { SrcThumbnail_DragDrop(main); });
-  Connect(strip.AllButton.On().DragOver,
-          [&main](Control&, const DragArgs& drag) { AllButton_DragOver(main, drag.Source, drag.State); });
+  Connect(strip.AllButton.On().DragOver, EndingRename(main, [&main](Control&, const DragArgs& drag) {
+            AllButton_DragOver(main, drag.Source, drag.State);
+          }));
   Connect(strip.AllButton.On().MouseMove, [&main](Control&, const MouseArgs&) { AllButton_MouseMove(main); });
 }
 

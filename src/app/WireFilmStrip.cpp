@@ -2,6 +2,7 @@
 
 #include "app/BackgroundLoading.h"
 #include "app/Wiring.h"
+#include "desktop/FolderRename.h"
 #include "filmstrip/Listing.h"
 #include "filmstrip/Marks.h"
 #include "filmstrip/Scrolling.h"
@@ -14,10 +15,10 @@ namespace pixorra {
 namespace {
 
 // A picture button looks pressed from a left press until it is let go.
-void ConnectPressedLook(ImageBox& box) {
-  Connect(box.On().MouseDown, [](Control& control, const MouseArgs& mouse) {
-    if (mouse.Button == button::Left) static_cast<ImageBox&>(control).SetBorderStyle(1);
-  });
+void ConnectPressedLook(MainForm& main, ImageBox& box) {
+  Connect(box.On().MouseDown, EndingRename(main, [](Control& control, const MouseArgs& mouse) {
+            if (mouse.Button == button::Left) static_cast<ImageBox&>(control).SetBorderStyle(1);
+          }));
   Connect(box.On().MouseUp,
           [](Control& control, const MouseArgs&) { static_cast<ImageBox&>(control).SetBorderStyle(0); });
 }
@@ -52,7 +53,7 @@ void ConnectFilmStrip(MainForm& main) {
           [&main](Control& slot, const MouseArgs&) { SrcBackground_MouseMove(main, slot.Index()); });
   for (ImageBox* box : {&strip.CameraButton, &strip.BrowseButton, &strip.SwapButton, &strip.DeleteButton,
                         &strip.UndoButton, &strip.PrintButton}) {
-    ConnectPressedLook(*box);
+    ConnectPressedLook(main, *box);
   }
 }
 

@@ -1,4 +1,5 @@
 #include "app/Wiring.h"
+#include "desktop/FolderRename.h"
 #include "preview/PreviewPane.h"
 #include "window/MainForm.h"
 #include "window/MenuBar.h"
@@ -9,6 +10,7 @@ namespace pixorra {
 void ConnectPreview(MainForm& main) {
   PreviewState& preview = main.preview;
   Connect(preview.PicPreview.On().Click, [&main](Control&) { main.preview.bPicEdited = false; });
+  Connect(preview.PicPreview.On().MouseDown, [&main](Control&, const MouseArgs&) { EndFolderRename(main); });
   Connect(preview.PicPreview.On().MouseMove, [&main](Control&, const MouseArgs&) { PicPreview_MouseMove(main); });
   Connect(preview.PicPreviewSize.On().MouseMove,
           [&main](Control&, const MouseArgs&) { main.preview.PicPreviewSizeAutoClrTimer.SetEnabled(false); });

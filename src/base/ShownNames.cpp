@@ -33,4 +33,12 @@ std::string ShownBaseName(Files& files, const std::string& path) {
   return name.substr(0, name.find('.'));
 }
 
+// Paths have two spellings, so the name goes by way of one.
+std::string TypedName(Files& files, const std::string& name) {
+  if (name.find('/') != std::string::npos) return name;
+  const std::string path = files.ProgramPath("/" + name);
+  const std::string typed = FileNameOf(path);
+  return path.starts_with('/') || typed.empty() ? name : typed;
+}
+
 }  // namespace pixorra

@@ -13,4 +13,7 @@ std::string ShownFolderName(Files& files, const std::string& path);
 std::string ShownFileName(Files& files, const std::string& path);
 std::string ShownBaseName(Files& files, const std::string& path);
 
+// The program's spelling of a file's or folder's name that a person has typed in the host's.
+std::string TypedName(Files& files, const std::string& name);
+
 }  // namespace pixorra

@@ -3,6 +3,7 @@
 #include "base/Host.h"
 #include "base/Routines.h"
 #include "desktop/FolderGeometry.h"
+#include "desktop/Trashcan.h"
 #include "platform/runtime/Errors.h"
 #include "platform/services/Files.h"
 #include "platform/services/Places.h"
@@ -19,7 +20,7 @@ void MoveTo(Control& control, const Spot& place) {
 // The Trashcan is always this one folder, with no setting to move it.
 void FindTrashcan(DesktopState& desk, Host& host) {
   FileListBox& list = desk.DestFolderFiles(TrashcanSlot);
-  const std::string path = StripTrailingBackslash(host.places.ProgramFolder()) + "\\Trashcan";
+  const std::string path = TrashcanFolder(host.places);
   if (ErrorsIgnored([&] { list.SetPath(path); }) == error::None) return;
   ErrorsIgnored([&] { host.files.MakeFolder(path); });
   ErrorsIgnored([&] { list.SetPath(path); });

@@ -106,6 +106,14 @@ int Display_a_New_Folder(MainForm& main, const std::string& path) {
   return slot;
 }
 
+void TakeOffDesktop(DesktopState& desk, int slot) {
+  desk.DestFolder(slot).SetVisible(false);
+  desk.DestPicsCount(slot).SetVisible(false);
+  desk.DestFolderName(slot).SetVisible(false);
+  desk.DestFolderPreview(slot).SetVisible(false);
+  --desk.FoldersShown;
+}
+
 void Remove_Open_Folder(MainForm& main) {
   DesktopState& desk = main.desk;
   const int slot = desk.OpenFolderIndex;
@@ -115,13 +123,9 @@ void Remove_Open_Folder(MainForm& main) {
     return;
   }
   if (desk.FoldersShown == 0) return;
-  desk.DestFolder(slot).SetVisible(false);
-  desk.DestPicsCount(slot).SetVisible(false);
-  desk.DestFolderName(slot).SetVisible(false);
-  desk.DestFolderPreview(slot).SetVisible(false);
   desk.DestContentsLabel.SetCaption("");
   desk.DestContentsLabel.SetToolTipText("");
-  --desk.FoldersShown;
+  TakeOffDesktop(desk, slot);
   Select_a_Folder(main, 0);
   for (int i = FolderSlots; i >= 1; --i) {
     if (IsSlotInUse(desk, i)) {

@@ -67,8 +67,10 @@ TEST_F(StartupTest, OfTheMenusOnlyWhatCanBeDoneCanBeChosen) {
   };
   for (const MenuItem* menu : main.Window.Menus()) collect(*menu);
   EXPECT_THAT(enabled, ElementsAre("HideFolderMenuItem", "PreferenceMenuItem", "ExitMenuItem",
-                                   "RefreshOpenFolderMenuItem", "OpenFolderPopupItem", "RefreshFolderPopupItem",
-                                   "HideFolderPopupItem", "OpenTrashcanPopupItem", "RefreshTrashcanPopupItem"));
+                                   "RefreshOpenFolderMenuItem", "RenameOpenFolderMenuItem", "DeleteOpenFolderMenuItem",
+                                   "OpenFolderPopupItem", "RefreshFolderPopupItem", "HideFolderPopupItem",
+                                   "RenameFolderPopupItem", "DeleteFolderPopupItem", "OpenTrashcanPopupItem",
+                                   "RefreshTrashcanPopupItem", "EmptyTrashcanPopupItem"));
 }
 
 TEST_F(StartupTest, TheWindowIsCaptionedWithTitleAndVersion) {

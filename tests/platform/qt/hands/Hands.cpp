@@ -296,7 +296,10 @@ void Hands::ChooseFromPopup(MenuItem* item) {
     const int index = IndexOf(step->Parent()->Items(), *step);
     QMenu* below = menu->actions().at(index)->menu();
     if (below == nullptr) {
+      const QPointer<QWidget> window = WindowOf(item->GetForm());
       ClickAction(*menu, index);
+      // As a window system does when a pop-up window has gone.
+      if (window != nullptr && window->isVisible() && !IsBlocked(*window)) window->activateWindow();
       return;
     }
     below->popup(QPoint(0, 0));
