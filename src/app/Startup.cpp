@@ -71,9 +71,7 @@ void SetGeometry(MainForm& main) {
 }
 
 void ClearUndoAndPreview(MainForm& main) {
-  main.drop.LastDropSrcIndex = 0;
-  main.drop.LastDropFolder = 0;
-  main.drop.LastDropFile.clear();
+  main.drop.ForgetLastDrop();
   ResetPreview(main);
   main.desk.PopupFolderIndex = 0;
 }
@@ -136,6 +134,7 @@ void ConnectEvents(MainForm& main) {
   ConnectPreview(main);
   ConnectDesktop(main);
   ConnectDrop(main);
+  ConnectBrowse(main);
   ConnectHelp(main);
   ConnectSpoken(main);
 }

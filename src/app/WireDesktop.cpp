@@ -22,9 +22,6 @@ void ConnectFolders(MainForm& main) {
               DestFolder_MouseDown(main, slot.Index(), args.Button);
             }));
   }
-  Connect(desk.DesktopImage.On().Click, EndingRename(main, [&main](Control&) { ShowFolder_Click(main); }));
-  Connect(desk.ShowFolder.On().Click, EndingRename(main, [&main](Control&) { ShowFolder_Click(main); }));
-  Connect(desk.NoFolderHint.On().Click, EndingRename(main, [&main](Control&) { ShowFolder_Click(main); }));
   Connect(desk.HideFolder.On().Click, EndingRename(main, [&main](Control&) { HideFolder_Click(main); }));
 }
 

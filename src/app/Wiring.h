@@ -5,6 +5,7 @@ namespace pixorra {
 
 struct MainForm;
 
+void ConnectBrowse(MainForm& main);
 void ConnectDesktop(MainForm& main);
 void ConnectDrop(MainForm& main);
 void ConnectFilmStrip(MainForm& main);

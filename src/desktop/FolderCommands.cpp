@@ -3,7 +3,6 @@
 #include "desktop/OpenFolder.h"
 #include "desktop/ShownFolders.h"
 #include "filmstrip/Listing.h"
-#include "platform/services/Dialogs.h"
 #include "window/DesktopState.h"
 #include "window/FilmStripState.h"
 #include "window/MainForm.h"
@@ -37,13 +36,6 @@ void DestFolder_MouseDown(MainForm& main, int slot, int mouseButton) {
   MenuItem& first = slot == TrashcanSlot ? menu.OpenTrashcanPopupItem : menu.OpenFolderPopupItem;
   first.SetCaption(main.desk.OpenFolderIndex == slot ? "Close" : "Open");
   main.Window.PopupMenu(slot == TrashcanSlot ? menu.TrashcanPopupMenu : menu.FolderPopupMenu);
-}
-
-void ShowFolder_Click(MainForm& main) {
-  if (main.desk.FoldersShown != FolderSlots) return;
-  main.host.dialogs.MsgBox(
-      "You already have a maximum of 8 folders on your desktop.\nPlease close one before trying again.",
-      BoxIcon::Exclamation, BoxButtons::Ok, "WARNING: Unable to Show folder");
 }
 
 void HideFolder_Click(MainForm& main) {

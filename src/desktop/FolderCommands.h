@@ -9,8 +9,6 @@ struct MainForm;
 void DestFolder_Click(MainForm& main, int slot);
 // The right button opens the slot's pop-up menu.
 void DestFolder_MouseDown(MainForm& main, int slot, int mouseButton);
-// The show command; also a click on the Desktop itself.
-void ShowFolder_Click(MainForm& main);
 void HideFolder_Click(MainForm& main);
 void HideFolderPopupItem_Click(MainForm& main);
 // The menu is about to open: its items say what they would do.

@@ -180,6 +180,26 @@ void QuickThumbs::SetQuickThumbMark(const std::string& path, const std::string& 
   ErrorsIgnored([&] { MarkEntry(path, !text.empty()); });
 }
 
+void QuickThumbs::ClearQuickThumbMarks(const std::string& folder) const {
+  ErrorsIgnored([&] {
+    const std::string path = CachePath(StripTrailingBackslash(folder));
+    if (!files_.FileExists(path)) return;
+    const std::unique_ptr<File> cache = files_.Open(path, OpenMode::ReadWrite);
+    const std::int64_t end = cache->Length();
+    constexpr std::array<std::uint8_t, 2> unmarked{};
+    bool changed = false;
+    for (std::int64_t record = 1; OffsetOf(record) + static_cast<std::int64_t>(FieldsBytes) <= end; ++record) {
+      const std::int64_t place = OffsetOf(record) + static_cast<std::int64_t>(MarkOffset);
+      std::array<std::uint8_t, 2> mark{};
+      cache->ReadAt(place, mark.data(), mark.size());
+      if (mark == unmarked) continue;
+      cache->WriteAt(place, unmarked.data(), unmarked.size());
+      changed = true;
+    }
+    if (changed) index_.Forget(path);
+  });
+}
+
 void QuickThumbs::DeleteQuickThumbs(const std::string& folder) const {
   const std::string stripped = StripTrailingBackslash(folder);
   if (stripped.empty()) return;

@@ -39,6 +39,9 @@ class QuickThumbs {
   void AddQuickThumb(const std::string& path, const Picture& picture, const FileStamp& decoded) const;
   // An empty text clears the mark, any other sets it; without an entry nothing changes.
   void SetQuickThumbMark(const std::string& path, const std::string& text) const;
+  // Clears the marks of all photos of a folder. Only the cache file is looked at, not the photos: a camera would fetch
+  // each of them whole.
+  void ClearQuickThumbMarks(const std::string& folder) const;
   // Deletes the folder's cache file.
   void DeleteQuickThumbs(const std::string& folder) const;
 

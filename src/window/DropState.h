@@ -19,6 +19,13 @@ struct DropState {
   std::int16_t LastDropFolder = 0;    // 0 none
   std::string LastDropFile;
 
+  // There is nothing to undo any more.
+  void ForgetLastDrop() {
+    LastDropSrcIndex = 0;
+    LastDropFolder = 0;
+    LastDropFile.clear();
+  }
+
   Picture DropIcon;
   Picture ReelDragIcon;
   Picture NotReadyIcon;

@@ -15,6 +15,9 @@ class FewPlaces : public Places {
   std::string TemporaryFolder() override { return "C:\\cache"; }
   std::string SpecialFolder(int number) override { return number == 16 ? "C:\\home\\anna\\Desktop" : ""; }
   std::vector<std::string> KeptFolders() override { return {}; }
+  std::string HomeFolder() override { return {}; }
+  std::vector<std::string> UserFolders() override { return {}; }
+  std::vector<Bookmark> Bookmarks() override { return {}; }
 
   std::string windowsFolder = "C:\\config";
 };

@@ -78,6 +78,12 @@ std::string TestPlaces::SpecialFolder(int number) {
   }
 }
 
+std::vector<std::string> TestPlaces::UserFolders() {
+  std::vector<std::string> folders = {"C:\\Desktop", "C:\\Documents", "C:\\Pictures", "C:\\Downloads"};
+  std::erase_if(folders, [this](const std::string& folder) { return !files_.FolderExists(folder); });
+  return folders;
+}
+
 std::string TestPlaces::Made(const std::string& path) {
   if (!files_.FolderExists(path)) static_cast<void>(ErrorsIgnored([&] { files_.MakeFolder(path); }));
   return path;

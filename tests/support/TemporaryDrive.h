@@ -13,6 +13,8 @@ namespace pixorra {
 // The program's folders inside the drive, made on first use. Special folders: "C:\Desktop" (0, 16), "C:\Programs" (2),
 // "C:\Controls" (3), "C:\Documents" (5), "C:\Favorites" (6), "C:\Recent" (8), "C:\StartMenu" (11), "C:\Pictures" (39);
 // they are not made.
+// The user's folders are those of "C:\Desktop", "C:\Documents", "C:\Pictures" and "C:\Downloads" that are there; home
+// is "C:\Home".
 class TestPlaces : public Places {
  public:
   explicit TestPlaces(Files& files) : files_(files) {}
@@ -21,8 +23,12 @@ class TestPlaces : public Places {
   std::string TemporaryFolder() override { return Made("C:\\Temp"); }
   std::string SpecialFolder(int number) override;
   std::vector<std::string> KeptFolders() override { return Kept; }
+  std::string HomeFolder() override { return "C:\\Home"; }
+  std::vector<std::string> UserFolders() override;
+  std::vector<Bookmark> Bookmarks() override { return Marked; }
 
   std::vector<std::string> Kept;
+  std::vector<Bookmark> Marked;
 
  private:
   std::string Made(const std::string& path);

@@ -215,7 +215,9 @@ std::shared_ptr<DecodeAhead::Job> DecodeAhead::NewJob(const std::string& path, i
 
 // The first photo of each reader is decoded before the second of any.
 std::shared_ptr<DecodeAhead::Job> DecodeAhead::NextWaiting() const {
-  for (std::size_t i = 0; i < std::max(expected_[0].size(), expected_[1].size()); ++i) {
+  std::size_t longest = 0;
+  for (const Jobs& jobs : expected_) longest = std::max(longest, jobs.size());
+  for (std::size_t i = 0; i < longest; ++i) {
     for (const Jobs& jobs : expected_) {
       if (i < jobs.size() && jobs[i]->state == Job::State::Waiting) return jobs[i];
     }

@@ -97,7 +97,7 @@ class DecodeAhead : public ReadAhead {
   std::mutex mutex_;  // for all below, and for the state of jobs
   std::condition_variable wake_;
   std::condition_variable worked_;
-  std::array<Jobs, 2> expected_;  // by reader; changed by the using thread alone
+  std::array<Jobs, Readers> expected_;  // by reader; changed by the using thread alone
   std::int64_t claimed_ = 0;      // bytes that decodes under way have been granted
   bool ending_ = false;
 };

@@ -7,6 +7,7 @@
 #include <stdexcept>
 #include <string>
 #include <utility>
+#include <vector>
 
 namespace pixorra {
 
@@ -76,6 +77,14 @@ struct DragArgs {
   DragState State = DragState::Over;
 };
 
+// Files and folders of another program that a person lets go over a control: as the host spells them; pixels within the
+// control.
+struct FilesArgs {
+  const std::vector<std::string>& Paths;
+  double X = 0;
+  double Y = 0;
+};
+
 // One set of handlers serves a control, or all elements of a control array; the element's Index says which.
 struct Events {
   std::function<void(Control&)> Click;
@@ -97,6 +106,8 @@ struct Events {
   std::function<void(Control&, const WheelArgs&)> MouseWheel;
   std::function<void(Control&, const DragArgs&)> DragOver;  // to the target, as DragDrop
   std::function<void(Control&, const DragArgs&)> DragDrop;
+  // To the control under the pointer or, where that has no handler, to the nearest container of it that has one.
+  std::function<void(Control&, const FilesArgs&)> FilesDropped;
   // A handler that sets the code to 0 has used the key. KeyPress takes the character's code point.
   std::function<void(Control&, int&, int)> KeyDown;
   std::function<void(Control&, int&)> KeyPress;

@@ -40,6 +40,15 @@ void FileListBox::SetPattern(const std::string& pattern) {
   Refresh();
 }
 
+void FileListBox::SetListing(const std::string& path, const std::string& pattern, std::vector<std::string> names) {
+  const bool moved = path != path_;
+  path_ = path;
+  pattern_ = pattern;
+  names_ = std::move(names);
+  ++generation_;
+  if (moved) Raise(On().PathChange, static_cast<Control&>(*this));
+}
+
 void FileListBox::Refresh() {
   names_ = files_.Names(path_, pattern_, attribute::Normal);
   std::sort(names_.begin(), names_.end(), NameLess);

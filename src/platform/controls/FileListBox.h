@@ -22,6 +22,9 @@ class FileListBox : public Control {
   void SetPath(const std::string& path);
   const std::string& Pattern() const { return pattern_; }
   void SetPattern(const std::string& pattern);  // lists anew when it differs
+  // The folder, the pattern and the names by the order of NameLess, as they have been read elsewhere. A path different
+  // from the present one raises PathChange. Looks at no disk and raises nothing itself.
+  void SetListing(const std::string& path, const std::string& pattern, std::vector<std::string> names);
   // Reads the folder again; a folder that has gone is empty.
   void Refresh();
 

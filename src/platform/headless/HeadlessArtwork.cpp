@@ -49,7 +49,9 @@ const std::vector<std::string>& HeadlessArtwork::Names() {
 }
 
 Picture HeadlessArtwork::Drawing(const std::string& name, int width, int height) {
-  if (std::find(Names().begin(), Names().end(), name) == Names().end()) throw RuntimeError(error::FileNotFound);
+  const bool ofDesktop = name.starts_with("desktop:");
+  if (!ofDesktop && std::find(Names().begin(), Names().end(), name) == Names().end())
+    throw RuntimeError(error::FileNotFound);
   Picture& picture = drawn_[{name, width, height}];
   if (picture.IsNothing()) {
     std::uint32_t hash = 2166136261U;

@@ -1,6 +1,9 @@
 #include "platform/headless/HeadlessFolderReader.h"
 
+#include <algorithm>
 #include <utility>
+
+#include "platform/runtime/Text.h"
 
 namespace pixorra {
 
@@ -16,9 +19,9 @@ class HeadlessFolderReader::Held : public Reading {
   std::shared_ptr<Request> request_;
 };
 
-std::unique_ptr<FolderReader::Reading> HeadlessFolderReader::Read(const std::string& folder, int attributes,
-                                                                  Handler handler) {
-  const auto request = std::make_shared<Request>(Request{folder, attributes, std::move(handler)});
+std::unique_ptr<FolderReader::Reading> HeadlessFolderReader::Ask(const std::string& folder, Look look,
+                                                                 Handler handler) {
+  const auto request = std::make_shared<Request>(Request{folder, std::move(look), std::move(handler)});
   if (hold_) {
     waiting_.push_back(request);
   } else {
@@ -27,12 +30,43 @@ std::unique_ptr<FolderReader::Reading> HeadlessFolderReader::Read(const std::str
   return std::make_unique<Held>(request);
 }
 
+std::unique_ptr<FolderReader::Reading> HeadlessFolderReader::Read(const std::string& folder, int attributes,
+                                                                  Handler handler) {
+  const auto look = [&files = files_, folder, attributes](FolderReader::Answer& answer) {
+    answer.Names = files.Folders(folder, attributes);
+  };
+  return Ask(folder, look, std::move(handler));
+}
+
+std::unique_ptr<FolderReader::Reading> HeadlessFolderReader::ReadFiles(const std::string& folder,
+                                                                       const std::string& pattern, Handler handler) {
+  const auto look = [&files = files_, folder, pattern](FolderReader::Answer& answer) {
+    answer.Path = files.FolderPath(folder);
+    answer.Names = files.Names(answer.Path, pattern, attribute::Normal);
+    std::sort(answer.Names.begin(), answer.Names.end(), NameLess);
+    const std::string start = answer.Path + (answer.Path.ends_with('\\') ? "" : "\\");
+    for (const std::string& name : answer.Names) {
+      std::optional<std::int64_t>& length = answer.Lengths.emplace_back();
+      ErrorsIgnored([&] { length = files.Length(start + name); });
+    }
+  };
+  return Ask(folder, look, std::move(handler));
+}
+
+std::unique_ptr<FolderReader::Reading> HeadlessFolderReader::FindFolder(const std::string& folder, Handler handler) {
+  const auto look = [&files = files_, folder](FolderReader::Answer& answer) { answer.Path = files.FolderPath(folder); };
+  return Ask(folder, look, std::move(handler));
+}
+
 void HeadlessFolderReader::AnswerSoon(const std::shared_ptr<Request>& request) {
-  posting_.Post([&files = files_, request] {
+  posting_.Post([request] {
     const Handler then = std::exchange(request->Then, {});
     if (!then) return;
     FolderReader::Answer answer;
-    answer.Error = ErrorsIgnored([&] { answer.Names = files.Folders(request->Folder, request->Attributes); });
+    if (const int failure = ErrorsIgnored([&] { request->Look(answer); }); failure != error::None) {
+      answer = {};
+      answer.Error = failure;
+    }
     then(answer);
   });
 }

@@ -17,6 +17,8 @@ class HeadlessFolderReader : public FolderReader {
   HeadlessFolderReader(Files& files, Posting& posting) : files_(files), posting_(posting) {}
 
   std::unique_ptr<Reading> Read(const std::string& folder, int attributes, Handler handler) override;
+  std::unique_ptr<Reading> ReadFiles(const std::string& folder, const std::string& pattern, Handler handler) override;
+  std::unique_ptr<Reading> FindFolder(const std::string& folder, Handler handler) override;
 
   // From here on no folder answers by itself, or each one does in the next turn of the loop, as at first.
   void Hold(bool hold) { hold_ = hold; }
@@ -27,11 +29,13 @@ class HeadlessFolderReader : public FolderReader {
 
  private:
   class Held;
+  using Look = std::function<void(FolderReader::Answer&)>;
   struct Request {
     std::string Folder;
-    int Attributes = 0;
+    HeadlessFolderReader::Look Look;
     Handler Then;
   };
+  std::unique_ptr<Reading> Ask(const std::string& folder, Look look, Handler handler);
   void AnswerSoon(const std::shared_ptr<Request>& request);
 
   Files& files_;

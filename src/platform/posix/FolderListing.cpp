@@ -6,6 +6,7 @@
 #include <dirent.h>
 #include <fcntl.h>
 #include <memory>
+#include <unistd.h>
 
 #include "platform/posix/HostErrors.h"
 #include "platform/posix/HostLookup.h"
@@ -92,6 +93,18 @@ std::vector<std::string> ListFolder(const std::string& folder, const std::string
     names.push_back(std::move(name));
   }
   return names;
+}
+
+std::string PathOfFolder(const PathMapping& mapping, const std::string& path) {
+  std::optional<std::string> program;
+  static_cast<void>(ErrorsIgnored([&] {
+    const std::string hostPath = LocateInDiskCase(mapping.ToHost(path)).Path.Text();
+    struct stat entry {};
+    if (stat(hostPath.c_str(), &entry) != 0 || !S_ISDIR(entry.st_mode)) return;
+    if (faccessat(AT_FDCWD, hostPath.c_str(), R_OK | X_OK, AT_EACCESS) == 0) program = mapping.ToProgram(hostPath);
+  }));
+  if (!program) throw RuntimeError(error::PathNotFound);
+  return *program;
 }
 
 std::vector<std::string> ListFolders(const PathMapping& mapping, const HostPath& folder, int attributes) {

@@ -1,7 +1,9 @@
 // What stands in a folder of the host, by the program's attributes.
 #pragma once
 
+#include <cstdint>
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <sys/stat.h>
@@ -17,6 +19,19 @@ int AttributesOfEntry(const std::string& path, std::string_view name, const stru
 // As Files::Names tells. Folders that `leaveOut` takes, by their host paths, do not come.
 std::vector<std::string> ListFolder(const std::string& folder, const std::string& pattern, int attributes,
                                     const std::function<bool(const std::string&)>& leaveOut);
+
+// As Files::FolderPath does; raises PathNotFound.
+std::string PathOfFolder(const PathMapping& mapping, const std::string& path);
+
+struct ListedFile {
+  std::string Name;
+  std::optional<std::int64_t> Length;  // bytes; nothing where it cannot be looked at
+};
+// As Files::Names gives them, but hidden ones and folders never, by the order of NameLess. One listing and one look at
+// each file; on a device that the desktop mounts, the desktop's own enumeration, which needs no look. Raises
+// PathNotFound for a folder that cannot be read, DeviceIO where the listing breaks off.
+std::vector<ListedFile> ListFiles(const PathMapping& mapping, const std::string& hostFolder,
+                                  const std::string& pattern);
 
 // As Files::Folders tells. Where a volume of the mapping is mounted another drive begins: such a folder does not come.
 std::vector<std::string> ListFolders(const PathMapping& mapping, const HostPath& folder, int attributes);

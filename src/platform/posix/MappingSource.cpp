@@ -7,6 +7,7 @@
 
 #include "platform/posix/HostNames.h"
 #include "platform/posix/Mounts.h"
+#include "platform/posix/PosixVolumes.h"
 #include "platform/posix/SmallFiles.h"
 #include "platform/runtime/Errors.h"
 
@@ -42,18 +43,24 @@ bool MountedMapping::MountsChanged() {
 }
 
 void MountedMapping::Read() {
-  std::vector<Mount> media;
+  std::vector<Volume> media;  // without their letters
   std::vector<std::string> keys;
-  for (Mount& mount : AllMounts()) {
+  for (const Mount& mount : AllMounts()) {
     if (!IsUserMedium(mount, user_)) continue;
     keys.push_back(MediumKey(mount));
-    media.push_back(std::move(mount));
+    media.push_back({0, mount.Point, ShownName(mount.Point)});
+  }
+  for (const std::string& folder : DesktopMounts(shareMounts_)) {
+    const PlaceOfVolume device = VolumeOfDesktopMount(folder);
+    if (device.Kind != VolumeKind::Camera) continue;
+    keys.push_back(device.Identity);
+    media.push_back({0, shareMounts_ + '/' + folder, device.Label});
   }
   const std::vector<RememberedLetter> before = remembered_;
   const std::vector<char> letters = GiveLetters(keys, remembered_);
   std::vector<Volume> volumes{{'C', "/", "File System"}};
   for (std::size_t i = 0; i < media.size(); ++i)
-    if (letters[i] != 0) volumes.push_back({letters[i], media[i].Point, ShownName(media[i].Point)});
+    if (letters[i] != 0) volumes.push_back({letters[i], media[i].HostRoot, media[i].ShownName});
   mapping_ = PathMapping(std::move(volumes), shareMounts_);
   if (remembered_ == before) return;
   // A letter that cannot be remembered is given anew next time.

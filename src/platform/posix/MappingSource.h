@@ -18,6 +18,8 @@ class MappingSource {
   virtual ~MappingSource() = default;
   // Good until the next call.
   virtual const PathMapping& Current() = 0;
+  // What the desktop mounts in its own folder has changed, of which the kernel says nothing.
+  virtual void ReadAgain() {}
 };
 
 class FixedMapping : public MappingSource {
@@ -29,12 +31,14 @@ class FixedMapping : public MappingSource {
   PathMapping mapping_;
 };
 
-// C: is the host's "/"; the user's media are drives of their own, and shares are looked for in the session's folder of
+// C: is the host's "/"; the user's media are drives of their own, and so are the cameras and phones that the desktop
+// mounts, each from its root on; shares are looked for in the session's folder of
 // mounts. Letters are remembered in "pixorra/drives" of the configuration folder.
 class MountedMapping : public MappingSource {
  public:
   explicit MountedMapping(const Environment& environment);
   const PathMapping& Current() override;
+  void ReadAgain() override { Read(); }
 
  private:
   bool MountsChanged();

@@ -3,15 +3,20 @@
 #include <dirent.h>
 #include <gio/gunixmounts.h>
 #include <memory>
+#include <optional>
 #include <sys/stat.h>
+#include <sys/sysmacros.h>
 #include <unordered_map>
 #include <utility>
+
+#include "platform/posix/SmallFiles.h"
 
 namespace pixorra {
 
 namespace {
 
 constexpr const char* identitiesFolder = "/dev/disk/by-uuid";
+constexpr const char* labelsFolder = "/dev/disk/by-label";
 
 bool IsBelow(std::string_view path, std::string_view folder) {
   return path.size() > folder.size() + 1 && path.starts_with(folder) && path[folder.size()] == '/';
@@ -46,20 +51,44 @@ bool IsUserMedium(const Mount& mount, std::string_view user) {
   return !user.empty() && IsBelow(mount.Point, "/run/media/" + std::string(user));
 }
 
-std::string MediumKey(const Mount& mount) {
-  std::string place = "at:" + mount.Point;
-  struct stat source {};
-  if (stat(mount.Source.c_str(), &source) != 0 || !S_ISBLK(source.st_mode)) return place;
-  const std::unique_ptr<DIR, int (*)(DIR*)> identities(opendir(identitiesFolder), closedir);
-  if (!identities) return place;
-  while (const dirent* entry = readdir(identities.get())) {
+namespace {
+
+// The name by which a folder of links to devices knows this one.
+std::optional<std::string> NameOfDevice(const char* folder, dev_t wanted) {
+  const std::unique_ptr<DIR, int (*)(DIR*)> names(opendir(folder), closedir);
+  if (!names) return std::nullopt;
+  while (const dirent* entry = readdir(names.get())) {
     struct stat device {};
     const char* name = static_cast<const char*>(entry->d_name);
-    if (fstatat(dirfd(identities.get()), name, &device, 0) == 0 && S_ISBLK(device.st_mode) &&
-        device.st_rdev == source.st_rdev)
-      return std::string("id:") + name;
+    if (fstatat(dirfd(names.get()), name, &device, 0) == 0 && S_ISBLK(device.st_mode) && device.st_rdev == wanted)
+      return name;
   }
-  return place;
+  return std::nullopt;
+}
+
+// Of the block device that is mounted there; nothing for any other mount.
+std::optional<dev_t> DeviceOf(const Mount& mount) {
+  struct stat source {};
+  if (stat(mount.Source.c_str(), &source) != 0 || !S_ISBLK(source.st_mode)) return std::nullopt;
+  return source.st_rdev;
+}
+
+}  // namespace
+
+std::string MediumKey(const Mount& mount) {
+  const std::optional<dev_t> device = DeviceOf(mount);
+  const std::optional<std::string> identity = device ? NameOfDevice(identitiesFolder, *device) : std::nullopt;
+  return identity ? "id:" + *identity : "at:" + mount.Point;
+}
+
+std::string MediumIdentity(const Mount& mount) {
+  const std::optional<dev_t> device = DeviceOf(mount);
+  const std::optional<std::string> identity = device ? NameOfDevice(identitiesFolder, *device) : std::nullopt;
+  if (!identity) return {};
+  const std::string number = std::to_string(major(*device)) + ':' + std::to_string(minor(*device));
+  const std::string sectors = ReadSmallFile("/sys/dev/block/" + number + "/size").value_or("");
+  return *identity + '|' + NameOfDevice(labelsFolder, *device).value_or("") + '|' +
+         sectors.substr(0, sectors.find('\n'));
 }
 
 }  // namespace pixorra

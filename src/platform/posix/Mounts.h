@@ -22,4 +22,8 @@ bool IsUserMedium(const Mount& mount, std::string_view user);
 // The same for the same medium wherever it is mounted: the file system's own identity where it has one, else its place.
 std::string MediumKey(const Mount& mount);
 
+// The medium's identity, label and size together, as cards that one camera has formatted may share any one of them;
+// empty where it has no identity. The same in any reader and at any place.
+std::string MediumIdentity(const Mount& mount);
+
 }  // namespace pixorra

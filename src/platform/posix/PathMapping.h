@@ -41,6 +41,8 @@ class PathMapping {
   explicit PathMapping(std::vector<Volume> volumes, std::string shareMounts = {}, bool shownAsProgram = false);
 
   const std::vector<Volume>& Volumes() const { return volumes_; }
+  // The host's folder in which the desktop mounts shares and devices; empty for none.
+  const std::string& ShareMounts() const { return shareMounts_; }
   bool IsVolumeRoot(std::string_view hostPath) const;
 
   // "C:" counts as "C:\"; doubled and final backslashes are ignored. Raises BadFileName for a path without a drive or

@@ -90,11 +90,40 @@ void PosixFolderReader::Work(const std::shared_ptr<Queue>& queue) {
 
 std::unique_ptr<FolderReader::Reading> PosixFolderReader::Read(const std::string& folder, int attributes,
                                                                Handler handler) {
+  const auto look = [folder, attributes](const PathMapping& mapping, Answer& answer) {
+    answer.Names = ListFolders(mapping, mapping.ToHost(folder), attributes);
+  };
+  return Begin(look, std::move(handler));
+}
+
+std::unique_ptr<FolderReader::Reading> PosixFolderReader::ReadFiles(const std::string& folder,
+                                                                    const std::string& pattern, Handler handler) {
+  const auto look = [folder, pattern](const PathMapping& mapping, Answer& answer) {
+    answer.Path = PathOfFolder(mapping, folder);
+    for (ListedFile& file : ListFiles(mapping, mapping.ToHost(answer.Path).Text(), pattern)) {
+      answer.Names.push_back(std::move(file.Name));
+      answer.Lengths.push_back(file.Length);
+    }
+  };
+  return Begin(look, std::move(handler));
+}
+
+std::unique_ptr<FolderReader::Reading> PosixFolderReader::FindFolder(const std::string& folder, Handler handler) {
+  const auto look = [folder](const PathMapping& mapping, Answer& answer) {
+    answer.Path = PathOfFolder(mapping, folder);
+  };
+  return Begin(look, std::move(handler));
+}
+
+std::unique_ptr<FolderReader::Reading> PosixFolderReader::Begin(Look look, Handler handler) {
   const auto task = std::make_shared<Task>();
   // The mapping follows the mounts by itself, and only here.
-  task->Look = [mapping = mapping_->Current(), folder, attributes] {
+  task->Look = [mapping = mapping_->Current(), look = std::move(look)] {
     Answer answer;
-    answer.Error = ErrorsIgnored([&] { answer.Names = ListFolders(mapping, mapping.ToHost(folder), attributes); });
+    if (const int failure = ErrorsIgnored([&] { look(mapping, answer); }); failure != error::None) {
+      answer = {};
+      answer.Error = failure;
+    }
     return answer;
   };
   task->Then = std::move(handler);

@@ -21,11 +21,15 @@ class PosixFolderReader : public FolderReader {
   PosixFolderReader(const PosixFolderReader&) = delete;
   PosixFolderReader& operator=(const PosixFolderReader&) = delete;
 
-  // Raises OutOfMemory where no thread can be had.
+  // Each raises OutOfMemory where no thread can be had.
   std::unique_ptr<Reading> Read(const std::string& folder, int attributes, Handler handler) override;
+  std::unique_ptr<Reading> ReadFiles(const std::string& folder, const std::string& pattern, Handler handler) override;
+  std::unique_ptr<Reading> FindFolder(const std::string& folder, Handler handler) override;
 
  private:
   struct Queue;
+  using Look = std::function<void(const PathMapping&, Answer&)>;
+  std::unique_ptr<Reading> Begin(Look look, Handler handler);
   static void Work(const std::shared_ptr<Queue>& queue);
 
   std::shared_ptr<MappingSource> mapping_;

@@ -30,6 +30,10 @@ class PosixPlaces : public Places {
   std::string SpecialFolder(int number) override;
   // The top folders of the system, the home folder, and all that the desktop's list names.
   std::vector<std::string> KeptFolders() override;
+  std::string HomeFolder() override { return Program(environment_.Home); }
+  std::vector<std::string> UserFolders() override;
+  // Those of "gtk-3.0/bookmarks" in the configuration folder that are folders of the file system or of a mounted share.
+  std::vector<Bookmark> Bookmarks() override;
 
  private:
   std::string Own(const std::string& base);

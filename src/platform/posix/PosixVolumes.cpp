@@ -19,28 +19,28 @@ namespace {
 
 constexpr const char* mountInfoFile = "/proc/self/mountinfo";
 
-// In order. Only the names: a look at what they stand for might wait for a device.
-std::vector<std::string> NamesIn(const std::string& folder) {
-  std::vector<std::string> names;
-  const std::unique_ptr<DIR, int (*)(DIR*)> open(folder.empty() ? nullptr : opendir(folder.c_str()), closedir);
-  if (!open) return names;
-  while (const dirent* entry = readdir(open.get())) {
-    if (static_cast<const char*>(entry->d_name)[0] != '.') names.emplace_back(static_cast<const char*>(entry->d_name));
-  }
-  std::sort(names.begin(), names.end(), NaturalLess);
-  return names;
-}
-
 bool IsOfNetwork(std::string_view fileSystem) {
   constexpr std::array network = {"nfs", "nfs4", "cifs", "smb3", "fuse.sshfs", "davfs", "fuse.davfs2", "9p"};
   return std::find(network.begin(), network.end(), fileSystem) != network.end();
 }
 
-VolumeKind KindAt(const std::string& mountPoint, const std::vector<Mount>& mounts) {
-  if (mountPoint == "/") return VolumeKind::FileSystem;
-  for (const Mount& mount : mounts)
-    if (mount.Point == mountPoint && IsOfNetwork(mount.FileSystem)) return VolumeKind::Share;
-  return VolumeKind::Removable;
+// What is mounted there, if the volume's root is a mount.
+const Mount* MountAt(const std::string& point, const std::vector<Mount>& mounts) {
+  const auto found = std::ranges::find_if(mounts, [&](const Mount& mount) { return mount.Point == point; });
+  return found != mounts.end() ? &*found : nullptr;
+}
+
+PlaceOfVolume PlaceOf(const Volume& volume, const std::vector<Mount>& mounts) {
+  PlaceOfVolume place{volume.ShownName, VolumeKind::Removable, {volume.Letter, ':', '\\'}};
+  const Mount* mount = MountAt(volume.HostRoot, mounts);
+  if (volume.HostRoot == "/") {
+    place.Kind = VolumeKind::FileSystem;
+  } else if (mount != nullptr && IsOfNetwork(mount->FileSystem)) {
+    place.Kind = VolumeKind::Share;
+  } else if (mount != nullptr) {
+    place.Identity = MediumIdentity(*mount);
+  }
+  return place;
 }
 
 // The name of a device: its identity for the desktop, percent signs undone, low lines for blanks.
@@ -53,6 +53,17 @@ std::string DeviceName(std::string_view text) {
 
 }  // namespace
 
+std::vector<std::string> DesktopMounts(const std::string& folder) {
+  std::vector<std::string> names;
+  const std::unique_ptr<DIR, int (*)(DIR*)> open(folder.empty() ? nullptr : opendir(folder.c_str()), closedir);
+  if (!open) return names;
+  while (const dirent* entry = readdir(open.get())) {
+    if (static_cast<const char*>(entry->d_name)[0] != '.') names.emplace_back(static_cast<const char*>(entry->d_name));
+  }
+  std::sort(names.begin(), names.end(), NaturalLess);
+  return names;
+}
+
 PlaceOfVolume VolumeOfDesktopMount(const std::string& folder) {
   if (const std::optional<Share> share = ShareOfMount(folder))
     return {NameForPeople(NameFromHost(share->Name)) + " on " + NameForPeople(NameFromHost(share->Server)),
@@ -61,7 +72,9 @@ PlaceOfVolume VolumeOfDesktopMount(const std::string& folder) {
   for (const std::string_view device : {"gphoto2:host=", "mtp:host="}) {
     if (!folder.starts_with(device)) continue;
     const std::string_view host = std::string_view(folder).substr(device.size());
-    return {DeviceName(host.substr(0, host.find(','))), VolumeKind::Camera, {}};
+    // What follows the host is a storage's name, which may change with the language of the device.
+    const std::string_view named = host.substr(0, host.find(','));
+    return {DeviceName(named), VolumeKind::Camera, {}, "device:" + std::string(device) + std::string(named)};
   }
   return {};
 }
@@ -70,15 +83,17 @@ PosixVolumes::PosixVolumes(const Environment& environment, std::shared_ptr<Mappi
     : desktopMounts_(environment.RuntimeDir.empty() ? std::string() : environment.RuntimeDir + "/gvfs"),
       mapping_(std::move(mapping)),
       mountInfo_(open(mountInfoFile, O_RDONLY | O_CLOEXEC)),
-      seen_(NamesIn(desktopMounts_)) {}
+      seen_(DesktopMounts(desktopMounts_)) {}
 
 std::vector<PlaceOfVolume> PosixVolumes::List() {
   const PathMapping& mapping = mapping_->Current();
   const std::vector<Mount> mounts = AllMounts();
   std::vector<PlaceOfVolume> volumes;
-  for (const Volume& volume : mapping.Volumes())
-    volumes.push_back({volume.ShownName, KindAt(volume.HostRoot, mounts), {volume.Letter, ':', '\\'}});
-  for (const std::string& folder : NamesIn(desktopMounts_)) {
+  for (const Volume& volume : mapping.Volumes()) {
+    const bool ofDesktop = !desktopMounts_.empty() && volume.HostRoot.starts_with(desktopMounts_ + '/');
+    if (!ofDesktop) volumes.push_back(PlaceOf(volume, mounts));
+  }
+  for (const std::string& folder : DesktopMounts(desktopMounts_)) {
     PlaceOfVolume volume = VolumeOfDesktopMount(folder);
     const std::optional<std::string> path = mapping.ToProgram(desktopMounts_ + '/' + folder);
     if (volume.Label.empty() || !path) continue;
@@ -92,8 +107,10 @@ std::uint64_t PosixVolumes::Stamp() {
   // The kernel raises this once for each change since the last look.
   pollfd look{mountInfo_.Get(), POLLPRI, 0};
   const bool changed = mountInfo_ && poll(&look, 1, 0) > 0 && (look.revents & (POLLERR | POLLPRI)) != 0;
-  std::vector<std::string> names = NamesIn(desktopMounts_);
+  std::vector<std::string> names = DesktopMounts(desktopMounts_);
   if (!changed && names == seen_) return stamp_;
+  // A device that has come or gone is a drive that has.
+  if (names != seen_) mapping_->ReadAgain();
   seen_ = std::move(names);
   return ++stamp_;
 }

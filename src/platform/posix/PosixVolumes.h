@@ -29,5 +29,7 @@ class PosixVolumes : public Volumes {
 // The volume that the desktop's virtual file system shows as this folder, such as "mtp:host=Maker_Phone" or
 // "smb-share:server=nas,share=photos"; without its path. No label where it is of another kind.
 PlaceOfVolume VolumeOfDesktopMount(const std::string& folder);
+// The names in the desktop's folder of mounts, in order; nothing is looked at below it.
+std::vector<std::string> DesktopMounts(const std::string& folder);
 
 }  // namespace pixorra

@@ -1,9 +1,11 @@
 #include "platform/qt/ArtStore.h"
 
+#include <QApplication>
 #include <QFile>
-#include <QGuiApplication>
+#include <QIcon>
 #include <QImageReader>
 #include <QPainter>
+#include <QStyle>
 #include <QSvgRenderer>
 
 #include "platform/qt/Convert.h"
@@ -32,6 +34,23 @@ QString PhotographFile(const QString& name) {
   return QLatin1String(":/") + name + QLatin1String(".jpg");
 }
 
+const QLatin1String desktopPrefix("desktop:");
+
+QImage DesktopIcon(const QString& name, QSize size) {
+  const QStyle& style = *QApplication::style();
+  QStyle::StandardPixmap plain = QStyle::SP_DirIcon;
+  if (name == QLatin1String("user-home")) plain = QStyle::SP_DirHomeIcon;
+  if (name == QLatin1String("user-desktop")) plain = QStyle::SP_DesktopIcon;
+  if (name == QLatin1String("computer")) plain = QStyle::SP_ComputerIcon;
+  if (name == QLatin1String("drive-harddisk") || name.startsWith(QLatin1String("media-")))
+    plain = QStyle::SP_DriveHDIcon;
+  if (name == QLatin1String("network-workgroup")) plain = QStyle::SP_DriveNetIcon;
+  const QIcon icon = QIcon::fromTheme(name, style.standardIcon(plain));
+  QImage image = icon.pixmap(size, 1).toImage().convertToFormat(QImage::Format_ARGB32_Premultiplied);
+  image.setDevicePixelRatio(1);
+  return image.size() == size ? image : image.scaled(size, Qt::KeepAspectRatio, Qt::SmoothTransformation);
+}
+
 }  // namespace
 
 ArtStore::ArtStore() : rendered_(CacheKilobytes), reduced_(CacheKilobytes) {
@@ -51,10 +70,12 @@ QSvgRenderer* ArtStore::Find(const QString& name) {
 }
 
 bool ArtStore::Has(const std::string& name) const {
+  if (name.starts_with(desktopPrefix.data())) return true;
   return QFile::exists(DrawingFile(ToQString(name))) || QFile::exists(PhotographFile(ToQString(name)));
 }
 
 QImage ArtStore::Draw(const QString& name, QSize size) {
+  if (name.startsWith(desktopPrefix)) return DesktopIcon(name.sliced(desktopPrefix.size()), size);
   QSvgRenderer* source = Find(name);
   if (source == nullptr) {
     // The decoder leaves out what would be scaled away.

@@ -1,11 +1,15 @@
 #include "platform/qt/ClientArea.h"
 
+#include <QDropEvent>
 #include <QHelpEvent>
+#include <QMimeData>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QToolTip>
 #include <QWheelEvent>
+#include <QUrl>
 
+#include "platform/controls/FileDrops.h"
 #include "platform/controls/Form.h"
 #include "platform/controls/Toolkit.h"
 #include "platform/qt/Convert.h"
@@ -27,6 +31,7 @@ ClientArea::ClientArea(FormPeer& peer, QWidget* window) : QWidget(window), peer_
   setMouseTracking(true);
   setAttribute(Qt::WA_OpaquePaintEvent);
   setFont(ToQFont(Font{}));
+  setAcceptDrops(true);
 }
 
 bool ClientArea::event(QEvent* event) {
@@ -100,6 +105,42 @@ void ClientArea::leaveEvent(QEvent*) {
   if (peer_ == nullptr) return;
   QtBackend& backend = peer_->GetBackend();
   backend.Dispatch([&, form = &peer_->GetForm()] { backend.GetToolkit().MouseLeft(*form); });
+}
+
+void ClientArea::dragEnterEvent(QDragEnterEvent* event) {
+  if (event->mimeData()->hasUrls()) event->accept();
+}
+
+// Folders are shown where they are: whoever drags them must never take them for moved.
+void ClientArea::dragMoveEvent(QDragMoveEvent* event) {
+  const QPoint at = event->position().toPoint();
+  const bool taken = peer_ != nullptr && (event->possibleActions() & (Qt::CopyAction | Qt::LinkAction)) != 0 &&
+                     TargetOfFiles(peer_->GetForm(), at.x(), at.y()) != nullptr;
+  if (!taken) {
+    event->ignore();
+    return;
+  }
+  const bool link = (event->possibleActions() & Qt::LinkAction) != 0;
+  event->setDropAction(link ? Qt::LinkAction : Qt::CopyAction);
+  event->accept();
+}
+
+// The other program waits until the drop is done, and what the drop brings up may wait for the user.
+void ClientArea::dropEvent(QDropEvent* event) {
+  dragMoveEvent(static_cast<QDragMoveEvent*>(event));
+  if (!event->isAccepted()) return;
+  std::vector<std::string> paths;
+  for (const QUrl& url : event->mimeData()->urls())
+    paths.push_back(ToUtf8(url.isLocalFile() ? url.toLocalFile() : url.toString(QUrl::FullyDecoded)));
+  const QPoint at = event->position().toPoint();
+  QMetaObject::invokeMethod(
+      this,
+      [this, at, paths] {
+        if (peer_ == nullptr) return;
+        QtBackend& backend = peer_->GetBackend();
+        backend.Dispatch([&, form = &peer_->GetForm()] { UserDroppedFiles(*form, at.x(), at.y(), paths); });
+      },
+      Qt::QueuedConnection);
 }
 
 }  // namespace pixorra

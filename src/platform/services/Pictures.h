@@ -32,7 +32,9 @@ class Pictures {
   virtual Picture SaveAndLoad(const Picture& picture, const std::string& path) = 0;
 };
 
-// The program's own drawings, by name ("ClosedFolder"). A picture has the size asked for, in pixels.
+// The program's own drawings, by name ("ClosedFolder"), and the desktop's icons, by the names that desktops agree on
+// after "desktop:" ("desktop:user-home"); one that the desktop lacks is a plain folder's. A picture has the size asked
+// for, in pixels.
 class Artwork {
  public:
   virtual ~Artwork() = default;

@@ -22,6 +22,19 @@ class Places {
   // Folders beside those above that no command may delete or rename: the system's, the user's home and what the user
   // has set aside for documents, pictures and the like. Not all of them need be there.
   virtual std::vector<std::string> KeptFolders() = 0;
+
+  // The user's home folder; empty where the host has none.
+  virtual std::string HomeFolder() = 0;
+  // The user's desktop, documents, pictures and downloads, in this order: those that are there, and are not the home
+  // folder itself. No folder is entered.
+  virtual std::vector<std::string> UserFolders() = 0;
+  // A place that the user has marked in the file manager.
+  struct Bookmark {
+    std::string Path;
+    std::string Label;  // what the user calls it; empty for the folder's name
+  };
+  // In the file manager's order. None of them is looked at: they may be far away, or gone.
+  virtual std::vector<Bookmark> Bookmarks() = 0;
 };
 
 }  // namespace pixorra

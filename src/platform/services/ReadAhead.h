@@ -2,6 +2,7 @@
 // pictures, the messages and their order are the same, whichever photos are decoded in time.
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <vector>
 
@@ -10,7 +11,8 @@ namespace pixorra {
 class ReadAhead {
  public:
   // Who wants photos, one after another.
-  enum class Reader { FilmStrip, OpenFolder };
+  enum class Reader { FilmStrip, OpenFolder, Browser };
+  static constexpr std::size_t Readers = 3;
 
   virtual ~ReadAhead() = default;
   // How many photos ahead a reader may name; 0 where nothing is ever decoded ahead.

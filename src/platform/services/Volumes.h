@@ -13,6 +13,8 @@ struct PlaceOfVolume {
   std::string Label;  // the name that its owner knows it by
   VolumeKind Kind = VolumeKind::FileSystem;
   std::string Path;  // the program's path of its root, such as "D:\" or "\\nas\photos"
+  // The same for the same medium or device wherever it is mounted, and no other's; empty where the host cannot say.
+  std::string Identity{};
   bool operator==(const PlaceOfVolume&) const = default;
 };
 
