@@ -12,6 +12,7 @@
 #include "platform/controls/Toolkit.h"
 #include "platform/runtime/AtExit.h"
 #include "platform/runtime/Text.h"
+#include "platform/services/Files.h"
 #include "platform/services/ReadAhead.h"
 #include "window/CoreState.h"
 #include "window/DesktopState.h"
@@ -47,6 +48,11 @@ bool IsPrepared(MainForm& main, ReadAhead::Reader reader, const std::string& nex
   return ahead.IsReady(next, main.pictures.lDecodeScale);
 }
 
+// A card that has been pulled out leaves what is loaded, and the rest away until it is back.
+bool HasGone(MainForm& main, const FileListBox& list) {
+  return !main.host.files.FolderExists(list.Path());
+}
+
 void LoadOpenFolder(MainForm& main) {
   DesktopState& desk = main.desk;
   if (desk.DestFileList.Path() != desk.DestLoadedPath) {
@@ -54,7 +60,7 @@ void LoadOpenFolder(MainForm& main) {
     desk.DestLoadedPath = desk.DestFileList.Path();
   }
   const bool missing = desk.DestSlotCount < CellsWanted(desk);
-  if (desk.OpenFolderIndex == 0 || !missing || IsPaused(main.strip)) {
+  if (desk.OpenFolderIndex == 0 || !missing || IsPaused(main.strip) || HasGone(main, desk.DestFileList)) {
     main.host.readAhead.Expect(ReadAhead::Reader::OpenFolder, {}, 0);
     return;
   }
@@ -70,7 +76,7 @@ void LoadFilmStrip(MainForm& main) {
     strip.SrcLoadedPath = strip.SrcFileList.Path();
   }
   const bool missing = strip.SrcSlotCount < SlotsWanted(strip);
-  if (strip.NoFilmStrip || !missing || IsPaused(strip)) {
+  if (strip.NoFilmStrip || !missing || IsPaused(strip) || HasGone(main, strip.SrcFileList)) {
     main.host.readAhead.Expect(ReadAhead::Reader::FilmStrip, {}, 0);
     return;
   }

@@ -58,9 +58,7 @@ void BrowseFolderLocationForm::ShowFolder() {
 
 void BrowseFolderLocationForm::UseAsFilmStrip() {
   const std::string path = File1.Path();
-  if (!MaySelectFilmStrip(main_, path)) return;
-  SelectFilmStrip(main_, path);
-  Close();
+  if (MaySelectFilmStrip(main_, path) && SelectFilmStrip(main_, path)) Close();
 }
 
 void BrowseFolderLocationForm::UseAsCamera() {

@@ -71,11 +71,11 @@ bool MayShowFolder(MainForm& main, const std::string& path) {
   return true;
 }
 
-void SelectFilmStrip(MainForm& main, const std::string& path) {
+bool SelectFilmStrip(MainForm& main, const std::string& path) {
   FilmStripState& strip = main.strip;
   if (ErrorsIgnored([&] { strip.SrcFileList.SetPath(path); }) != error::None) {
     main.host.dialogs.Beep();
-    return;
+    return false;
   }
   // The same folder is read anew too.
   strip.SrcFileList.Refresh();
@@ -86,6 +86,7 @@ void SelectFilmStrip(MainForm& main, const std::string& path) {
   main.drop.ForgetLastDrop();
   QuickThumbsOf(main).ClearQuickThumbMarks(strip.SrcFileList.Path());
   AddToPreviousList(strip, strip.SrcFileList.Path());
+  return true;
 }
 
 int ShowFolderOnDesktop(MainForm& main, const std::string& path) {

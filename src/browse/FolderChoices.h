@@ -14,8 +14,8 @@ struct MainForm;
 bool MaySelectFilmStrip(MainForm& main, const std::string& path);
 bool MayShowFolder(MainForm& main, const std::string& path);
 
-// Makes the folder the film strip, its photos with no mark. A beep where it cannot be entered any more.
-void SelectFilmStrip(MainForm& main, const std::string& path);
+// Makes the folder the film strip, its photos with no mark. False, after a beep, where it cannot be entered any more.
+bool SelectFilmStrip(MainForm& main, const std::string& path);
 // Puts the folder on the Desktop and opens it. Returns its slot; 0, after a message, where it is not shown.
 int ShowFolderOnDesktop(MainForm& main, const std::string& path);
 

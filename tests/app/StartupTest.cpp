@@ -18,8 +18,6 @@
 namespace pixorra {
 namespace {
 
-using ::testing::ElementsAre;
-
 using StartupTest = ProgramTest;
 
 TEST_F(StartupTest, WithNoSavedStateTheStripIsEmptyAndNoFolderIsShown) {
@@ -66,11 +64,23 @@ TEST_F(StartupTest, OfTheMenusOnlyWhatCanBeDoneCanBeChosen) {
     for (const MenuItem* below : item.Items()) collect(*below);
   };
   for (const MenuItem* menu : main.Window.Menus()) collect(*menu);
-  EXPECT_THAT(enabled, ElementsAre("HideFolderMenuItem", "PreferenceMenuItem", "ExitMenuItem",
-                                   "RefreshOpenFolderMenuItem", "RenameOpenFolderMenuItem", "DeleteOpenFolderMenuItem",
-                                   "OpenFolderPopupItem", "RefreshFolderPopupItem", "HideFolderPopupItem",
-                                   "RenameFolderPopupItem", "DeleteFolderPopupItem", "OpenTrashcanPopupItem",
-                                   "RefreshTrashcanPopupItem", "EmptyTrashcanPopupItem"));
+  const std::vector<std::string> expected = {"OpenFilmStripMenuItem",     "ShowFolderMenuItem",
+                                             "HideFolderMenuItem",        "PreferenceMenuItem",
+                                             "SetCameraLocationMenuItem", "ExitMenuItem",
+                                             "RefreshOpenFolderMenuItem", "SwapOpenFolderMenuItem",
+                                             "RenameOpenFolderMenuItem",  "DeleteOpenFolderMenuItem",
+                                             "HelpMenuItem_General",      "HelpSelectFilmStripMenuItem",
+                                             "HelpShowFolderMenuItem",    "HelpSetCameraLocationMenuItem",
+                                             "HelpMenuItem_Preferences",  "HelpMenuItem_Rename",
+                                             "HelpMenuItem_Duplicate",    "HelpMenuItem_Delete",
+                                             "HelpMenuItem_Printing",     "HelpMenuItem_SlideShow",
+                                             "OpenFolderPopupItem",       "RefreshFolderPopupItem",
+                                             "SwapFolderMenuItem",        "ShowFolderPopupItem",
+                                             "HideFolderPopupItem",       "RenameFolderPopupItem",
+                                             "DeleteFolderPopupItem",     "OpenTrashcanPopupItem",
+                                             "RefreshTrashcanPopupItem",  "SwapTrashcanMenuItem",
+                                             "EmptyTrashcanPopupItem"};
+  EXPECT_EQ(enabled, expected);
 }
 
 TEST_F(StartupTest, TheWindowIsCaptionedWithTitleAndVersion) {

@@ -167,6 +167,20 @@ TEST_F(ChooseFilmStripTest, TheMouseOverTheButtonLooksAtTheCameraOnceInASecond) 
   EXPECT_EQ(run.files.Count(FileCall::FolderPath), before + 1);
 }
 
+TEST_F(ChooseFilmStripTest, ACardThatGoesWhileItsPhotosLoadEndsQuietlyAndGoesOnWhenItIsBack) {
+  strip.CameraLocation = MakePhotos("C:\\Media\\Card\\DCIM", 5);
+  ExpectCameraQuestion("C:\\Media\\Card\\DCIM", BoxAnswer::Yes);
+  person.Click(strip.CameraButton);
+  while (strip.SrcSlotCount < 2) run.Wait(0.02);
+  run.files.TakeAway("C:\\Media\\Card");
+  run.Wait(2);
+  EXPECT_EQ(strip.SrcSlotCount, 2);
+  EXPECT_TRUE(strip.SrcThumbnail(2).Visible());
+  run.files.Heal();
+  run.LoadAll();
+  EXPECT_EQ(strip.SrcSlotCount, 5);
+}
+
 TEST_F(ChooseFilmStripTest, ACardIsFoundAgainAtAnotherPlace) {
   MakePhotos("C:\\Media\\Reader1\\DCIM\\100", 1);
   SetVolumes({{"EOS", VolumeKind::Removable, "C:\\Media\\Reader1", "1A2B|EOS|640"}});

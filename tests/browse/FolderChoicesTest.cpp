@@ -91,6 +91,15 @@ TEST_F(FolderChoicesTest, ASlotThatIsNotInUseIsNotAskedAbout) {
   EXPECT_FALSE(strip.NoFilmStrip);
 }
 
+TEST_F(FolderChoicesTest, AFolderThatHasGoneSinceItWasListedIsNotSelected) {
+  OpenedAt(BrowseMode::FilmStrip, MakePhotos("C:\\Home\\Card", 1));
+  drive.Remove("C:\\Home\\Card");
+  person.Click(Browser().SelectButton);
+  EXPECT_EQ(run.platform.dialogs.Beeps(), 1);
+  EXPECT_TRUE(IsOpen());
+  EXPECT_TRUE(strip.NoFilmStrip);
+}
+
 TEST_F(FolderChoicesTest, TheTrashcanMayBeTheFilmStripWithNoQuestion) {
   SelectIn(BrowseMode::FilmStrip, "C:\\Program\\Trashcan");
   EXPECT_EQ(strip.SrcFileList.Path(), "C:\\Program\\Trashcan");

@@ -300,9 +300,9 @@ TEST_F(FolderSlotsTest, TheTrashcanAsFilmStripIsBlankedByAClickOnTheTrashcan) {
   EXPECT_EQ(main.strip.SrcSlotCount, 0);
 }
 
-TEST_F(FolderSlotsTest, WhatCannotBeDoneYetCannotBeChosen) {
-  EXPECT_FALSE(main.menu.ShowFolderMenuItem.Enabled());
-  EXPECT_FALSE(main.menu.ShowFolderPopupItem.Enabled());
+TEST_F(FolderSlotsTest, WhatTheMenusDoCanBeChosen) {
+  EXPECT_TRUE(main.menu.ShowFolderMenuItem.Enabled());
+  EXPECT_TRUE(main.menu.ShowFolderPopupItem.Enabled());
   EXPECT_TRUE(main.menu.RefreshFolderPopupItem.Enabled());
   EXPECT_TRUE(main.menu.RefreshOpenFolderMenuItem.Enabled());
   EXPECT_TRUE(main.menu.RefreshTrashcanPopupItem.Enabled());

@@ -98,7 +98,7 @@ class DecodeAhead : public ReadAhead {
   std::condition_variable wake_;
   std::condition_variable worked_;
   std::array<Jobs, Readers> expected_;  // by reader; changed by the using thread alone
-  std::int64_t claimed_ = 0;      // bytes that decodes under way have been granted
+  std::int64_t claimed_ = 0;            // bytes that decodes under way have been granted
   bool ending_ = false;
 };
 

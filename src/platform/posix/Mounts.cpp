@@ -1,5 +1,9 @@
 #include "platform/posix/Mounts.h"
 
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cstdlib>
 #include <dirent.h>
 #include <gio/gunixmounts.h>
 #include <memory>
@@ -73,7 +77,44 @@ std::optional<dev_t> DeviceOf(const Mount& mount) {
   return source.st_rdev;
 }
 
+std::string SectorsOf(dev_t device) {
+  const std::string number = std::to_string(major(device)) + ':' + std::to_string(minor(device));
+  const std::string text = ReadSmallFile("/sys/dev/block/" + number + "/size").value_or("");
+  return text.substr(0, text.find('\n'));
+}
+
 }  // namespace
+
+std::string LabelOfLink(std::string_view name) {
+  std::string label;
+  for (std::size_t i = 0; i < name.size(); ++i) {
+    unsigned value = 0;
+    const std::string_view digits = name.substr(std::min(i + 2, name.size()), 2);
+    const bool coded = name.substr(i, 2) == "\\x" && digits.size() == 2 &&
+                       std::from_chars(digits.data(), digits.data() + 2, value, 16).ptr == digits.data() + 2;
+    label += coded ? static_cast<char>(value) : name[i];
+    if (coded) i += 3;
+  }
+  return label;
+}
+
+std::string VolumeOfSize(std::uint64_t bytes) {
+  constexpr std::uint64_t Thousand = 1000;
+  constexpr std::array units = {"MB", "GB", "TB"};
+  std::uint64_t size = bytes / (Thousand * Thousand);
+  std::size_t unit = 0;
+  for (; size >= Thousand && unit + 1 < units.size(); ++unit) size = (size + Thousand / 2) / Thousand;
+  return std::to_string(size) + ' ' + units.at(unit) + " Volume";
+}
+
+std::string MediumLabel(const Mount& mount) {
+  const std::optional<dev_t> device = DeviceOf(mount);
+  if (!device) return {};
+  if (const std::optional<std::string> label = NameOfDevice(labelsFolder, *device)) return LabelOfLink(*label);
+  constexpr std::uint64_t SectorBytes = 512;
+  const std::string sectors = SectorsOf(*device);
+  return sectors.empty() ? std::string() : VolumeOfSize(std::strtoull(sectors.c_str(), nullptr, 10) * SectorBytes);
+}
 
 std::string MediumKey(const Mount& mount) {
   const std::optional<dev_t> device = DeviceOf(mount);
@@ -85,10 +126,7 @@ std::string MediumIdentity(const Mount& mount) {
   const std::optional<dev_t> device = DeviceOf(mount);
   const std::optional<std::string> identity = device ? NameOfDevice(identitiesFolder, *device) : std::nullopt;
   if (!identity) return {};
-  const std::string number = std::to_string(major(*device)) + ':' + std::to_string(minor(*device));
-  const std::string sectors = ReadSmallFile("/sys/dev/block/" + number + "/size").value_or("");
-  return *identity + '|' + NameOfDevice(labelsFolder, *device).value_or("") + '|' +
-         sectors.substr(0, sectors.find('\n'));
+  return *identity + '|' + NameOfDevice(labelsFolder, *device).value_or("") + '|' + SectorsOf(*device);
 }
 
 }  // namespace pixorra

@@ -39,6 +39,7 @@ PlaceOfVolume PlaceOf(const Volume& volume, const std::vector<Mount>& mounts) {
     place.Kind = VolumeKind::Share;
   } else if (mount != nullptr) {
     place.Identity = MediumIdentity(*mount);
+    if (const std::string label = MediumLabel(*mount); !label.empty()) place.Label = NameForPeople(NameFromHost(label));
   }
   return place;
 }

@@ -23,14 +23,22 @@ bool MayBeFolder(const std::string& hostPath) {
 }  // namespace
 
 std::vector<std::string> PosixPlaces::UserFolders() {
-  constexpr std::array<GUserDirectory, 4> wanted = {G_USER_DIRECTORY_DESKTOP, G_USER_DIRECTORY_DOCUMENTS,
-                                                    G_USER_DIRECTORY_PICTURES, G_USER_DIRECTORY_DOWNLOAD};
+  // With the names that they usually have, for a user whose desktop keeps no list.
+  struct Wanted {
+    GUserDirectory Directory;
+    const char* Usual;
+  };
+  constexpr std::array<Wanted, 4> wanted = {{{G_USER_DIRECTORY_DESKTOP, "Desktop"},
+                                             {G_USER_DIRECTORY_DOCUMENTS, "Documents"},
+                                             {G_USER_DIRECTORY_PICTURES, "Pictures"},
+                                             {G_USER_DIRECTORY_DOWNLOAD, "Downloads"}}};
   g_reload_user_special_dirs_cache();
   std::vector<std::string> folders;
-  for (const GUserDirectory directory : wanted) {
+  for (const auto& [directory, usual] : wanted) {
     const char* listed = g_get_user_special_dir(directory);
-    if (listed == nullptr || !MayBeFolder(listed)) continue;
-    std::string path = Program(listed);
+    const std::string folder = listed != nullptr ? listed : environment_.Home + '/' + usual;
+    if (!MayBeFolder(folder)) continue;
+    std::string path = Program(folder);
     if (path.empty() || path == HomeFolder()) continue;
     if (std::find(folders.begin(), folders.end(), path) == folders.end()) folders.push_back(std::move(path));
   }

@@ -6,8 +6,8 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QToolTip>
-#include <QWheelEvent>
 #include <QUrl>
+#include <QWheelEvent>
 
 #include "platform/controls/FileDrops.h"
 #include "platform/controls/Form.h"

@@ -55,17 +55,29 @@ class FolderReaderContract : public ContractTest {
     drive.MakeFolder("C:\\Photos\\.hidden");
     drive.Write("C:\\Photos\\a.jpg", "a");
   }
-  // What comes for a folder, or nothing when the handler was not called.
-  FolderReader::Answer AnswerFor(const std::string& folder, int attributes = attribute::Normal) {
+  using Ask = std::function<std::unique_ptr<FolderReader::Reading>(FolderReader::Handler)>;
+  // What comes, or nothing when the handler was not called.
+  FolderReader::Answer AnswerTo(const Ask& ask) {
     FolderReader::Answer result;
     bool came = false;
-    const auto reading = reader->Read(folder, attributes, [&](const FolderReader::Answer& answer) {
+    const auto reading = ask([&](const FolderReader::Answer& answer) {
       result = answer;
       came = true;
     });
     EXPECT_FALSE(came) << "not before the loop has run";
     EXPECT_TRUE(toolkit.WaitUntil([&] { return came; }));
     return result;
+  }
+  FolderReader::Answer AnswerFor(const std::string& folder, int attributes = attribute::Normal) {
+    return AnswerTo(
+        [&](FolderReader::Handler handler) { return reader->Read(folder, attributes, std::move(handler)); });
+  }
+  FolderReader::Answer FilesOf(const std::string& folder, const std::string& pattern) {
+    return AnswerTo(
+        [&](FolderReader::Handler handler) { return reader->ReadFiles(folder, pattern, std::move(handler)); });
+  }
+  FolderReader::Answer Found(const std::string& folder) {
+    return AnswerTo([&](FolderReader::Handler handler) { return reader->FindFolder(folder, std::move(handler)); });
   }
   TemporaryDrive drive;
   std::unique_ptr<FolderReader> reader = platform->MakeFolderReader(drive);
@@ -82,6 +94,35 @@ TEST_F(FolderReaderContract, FailureComesAsAnAnswerToo) {
   EXPECT_EQ(AnswerFor("C:\\Nowhere").Error, error::PathNotFound);
   EXPECT_EQ(AnswerFor("C:\\Photos\\a.jpg").Error, error::PathNotFound);
   EXPECT_EQ(AnswerFor("no path").Error, error::BadFileName);
+}
+
+TEST_F(FolderReaderContract, FilesComeWithTheirLengthsByTheOrderOfNames) {
+  drive.Write("C:\\Photos\\c10.JPG", std::string(300, 'c'));
+  drive.Write("C:\\Photos\\c9.jpg", "");
+  drive.Write("C:\\Photos\\.dot.jpg", "hidden");
+  drive.Write("C:\\Photos\\notes.txt", "other");
+  drive.MakeFolder("C:\\Photos\\folder.jpg");
+  drive.MakeLink("C:\\Photos\\link.jpg", "a.jpg");
+  drive.MakeLink("C:\\Photos\\lost.jpg", "nowhere");
+  drive.MakeFifo("C:\\Photos\\pipe.jpg");
+  const FolderReader::Answer answer = FilesOf("c:\\PHOTOS\\", "*.jpg;*.gif");
+  EXPECT_EQ(answer.Error, error::None);
+  EXPECT_EQ(answer.Path, "C:\\Photos");
+  EXPECT_THAT(answer.Names, ElementsAre("a.jpg", "c10.JPG", "c9.jpg", "link.jpg"));
+  EXPECT_THAT(answer.Lengths, ElementsAre(1, 300, 0, 1));
+}
+
+TEST_F(FolderReaderContract, FilesOfAFolderThatIsNotThereAreAFailure) {
+  EXPECT_EQ(FilesOf("C:\\Nowhere", "*.jpg").Error, error::PathNotFound);
+  EXPECT_EQ(FilesOf("C:\\Photos\\a.jpg", "*.jpg").Error, error::PathNotFound);
+}
+
+TEST_F(FolderReaderContract, FolderIsFoundByItsPathAsTheDiskSpellsIt) {
+  EXPECT_EQ(Found("c:\\photos\\TRIP 9\\").Path, "C:\\Photos\\Trip 9");
+  EXPECT_EQ(Found("C:").Path, "C:\\");
+  EXPECT_EQ(Found("C:\\Photos\\a.jpg").Error, error::PathNotFound);
+  EXPECT_EQ(Found("C:\\Nowhere").Error, error::PathNotFound);
+  EXPECT_EQ(Found("no path").Error, error::PathNotFound);
 }
 
 TEST_F(FolderReaderContract, EndedReadingIsNotAnswered) {

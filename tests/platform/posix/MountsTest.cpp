@@ -55,6 +55,21 @@ TEST(Mounts, AMediumWithoutAnIdentityIsKnownByItsPlace) {
   EXPECT_EQ(MediumKey({"/mnt/a", "ext4", "/dev/null"}), "at:/mnt/a");
 }
 
+TEST(Mounts, ALabelIsReadAsItsOwnerWroteIt) {
+  EXPECT_EQ(LabelOfLink("EOS_DIGITAL"), "EOS_DIGITAL");
+  EXPECT_EQ(LabelOfLink("Mum\\x27s\\x20card"), "Mum's card");
+  EXPECT_EQ(LabelOfLink("odd\\xzz\\x4"), "odd\\xzz\\x4");
+  EXPECT_EQ(LabelOfLink(""), "");
+}
+
+TEST(Mounts, AMediumWithoutALabelIsCalledByItsSize) {
+  EXPECT_EQ(VolumeOfSize(640'000'000), "640 MB Volume");
+  EXPECT_EQ(VolumeOfSize(31'914'983'424), "32 GB Volume");
+  EXPECT_EQ(VolumeOfSize(2'000'398'934'016), "2 TB Volume");
+  EXPECT_EQ(MediumLabel({"/mnt/a", "tmpfs", "tmpfs"}), "");
+  EXPECT_EQ(MediumIdentity({"/mnt/a", "tmpfs", "tmpfs"}), "");
+}
+
 TEST(VolumeLetters, NewMediaGetLettersFromDOn) {
   std::vector<RememberedLetter> remembered;
   EXPECT_THAT(GiveLetters({"id:a", "id:b"}, remembered), ElementsAre('D', 'E'));

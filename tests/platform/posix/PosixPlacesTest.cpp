@@ -106,6 +106,44 @@ TEST_F(OnPosixPlaces, WithoutAListTheUsualFoldersOrTheHomeFolderAreTaken) {
   });
 }
 
+TEST_F(OnPosixPlaces, TheUsersFoldersAreThoseOfTheDesktopsListThatAreThere) {
+  drive_.Write("C:\\home\\anna\\.config\\user-dirs.dirs",
+               "XDG_DESKTOP_DIR=\"$HOME/Schreibtisch\"\nXDG_PICTURES_DIR=\"$HOME/Bilder\"\n"
+               "XDG_DOCUMENTS_DIR=\"$HOME/Texte\"\nXDG_DOWNLOAD_DIR=\"$HOME/\"\n");
+  drive_.MakeFolder("C:\\home\\anna\\Schreibtisch");
+  drive_.MakeFolder("C:\\home\\anna\\Bilder");
+  InAnnasSession([](PosixPlaces& places) {
+    EXPECT_EQ(places.HomeFolder(), "C:\\home\\anna");
+    EXPECT_EQ(places.UserFolders(),
+              (std::vector<std::string>{"C:\\home\\anna\\Schreibtisch", "C:\\home\\anna\\Bilder"}));
+  });
+}
+
+TEST_F(OnPosixPlaces, WithoutAListTheUsersFoldersHaveTheirUsualNames) {
+  for (const char* name : {"Downloads", "Desktop", "Pictures"})
+    drive_.MakeFolder(std::string("C:\\home\\anna\\") + name);
+  InAnnasSession([](PosixPlaces& places) {
+    EXPECT_EQ(places.UserFolders(), (std::vector<std::string>{"C:\\home\\anna\\Desktop", "C:\\home\\anna\\Pictures",
+                                                              "C:\\home\\anna\\Downloads"}));
+  });
+}
+
+TEST_F(OnPosixPlaces, BookmarksAreTheFileManagersAndNoneIsLookedAt) {
+  EXPECT_TRUE(Made().Bookmarks().empty());
+  drive_.Write("C:\\home\\anna\\.config\\gtk-3.0\\bookmarks",
+               "file://" + drive_.HostRoot() + "/data/Our%20photos Holidays by the sea\n" + "file://" +
+                   drive_.HostRoot() + "/gone\n" +
+                   "smb://nas/photos/2024 NAS\nsftp://host/far Far\n\nnonsense\nfile:///elsewhere/than/the/drive x\n");
+  const std::vector<Places::Bookmark> bookmarks = Made().Bookmarks();
+  ASSERT_EQ(bookmarks.size(), 3U);
+  EXPECT_EQ(bookmarks[0].Path, "C:\\data\\Our photos");
+  EXPECT_EQ(bookmarks[0].Label, "Holidays by the sea");
+  EXPECT_EQ(bookmarks[1].Path, "C:\\gone");
+  EXPECT_EQ(bookmarks[1].Label, "");
+  EXPECT_EQ(bookmarks[2].Path, "\\\\nas\\photos\\2024");
+  EXPECT_EQ(bookmarks[2].Label, "NAS");
+}
+
 TEST_F(OnPosixPlaces, EveryProtectedNumberHasAFolderAndOthersNone) {
   InAnnasSession([](PosixPlaces& places) {
     for (const int number : {0, 2, 3, 5, 6, 8, 11, 16, 39}) {

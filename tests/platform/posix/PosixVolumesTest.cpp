@@ -82,5 +82,35 @@ TEST_F(PosixVolumesTest, NothingOfTheDesktopIsNoFault) {
   EXPECT_EQ(volumes.Stamp(), volumes.Stamp());
 }
 
+TEST_F(PosixVolumesTest, ADeviceKeepsItsIdentityWhateverTheNameOfItsStorage) {
+  EXPECT_EQ(VolumeOfDesktopMount("mtp:host=Maker_Phone,storage=Karte").Identity, "device:mtp:host=Maker_Phone");
+  EXPECT_EQ(VolumeOfDesktopMount("mtp:host=Maker_Phone").Identity, "device:mtp:host=Maker_Phone");
+  EXPECT_EQ(VolumeOfDesktopMount("smb-share:server=nas,share=photos").Identity, "");
+}
+
+// Its root is then a root to every rule that keeps roots from harm.
+TEST_F(PosixVolumesTest, ACameraThatTheDesktopMountsIsADriveOfItsOwn) {
+  environment.ConfigHome = drive.HostPath("C:\\config");
+  const auto mounted = std::make_shared<MountedMapping>(environment);
+  PosixVolumes volumes(environment, mounted);
+  const std::uint64_t before = volumes.Stamp();
+  Mount("gphoto2:host=EOS_90D");
+  std::filesystem::create_directory(drive.HostPath("C:\\run\\gvfs") + "/gphoto2:host=EOS_90D/DCIM");
+  EXPECT_NE(volumes.Stamp(), before);
+  const PlaceOfVolume camera = volumes.List().back();
+  EXPECT_EQ(camera.Label, "EOS 90D");
+  EXPECT_EQ(camera.Kind, VolumeKind::Camera);
+  ASSERT_EQ(camera.Path.size(), 3U) << camera.Path;
+  EXPECT_EQ(camera.Path.substr(1), ":\\");
+  PosixFiles files(mounted);
+  EXPECT_EQ(files.FolderPath(camera.Path + "dcim"), camera.Path + "DCIM");
+  std::filesystem::remove_all(drive.HostPath("C:\\run\\gvfs") + "/gphoto2:host=EOS_90D");
+  volumes.Stamp();
+  EXPECT_FALSE(files.FolderExists(camera.Path));
+  Mount("gphoto2:host=EOS_90D");
+  volumes.Stamp();
+  EXPECT_EQ(volumes.List().back().Path, camera.Path) << "the same letter again";
+}
+
 }  // namespace
 }  // namespace pixorra
