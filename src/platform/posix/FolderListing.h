@@ -1,4 +1,4 @@
-// What stands in a folder of the host, by the program's attributes.
+// What is in a folder of the host, by the program's attributes.
 #pragma once
 
 #include <cstdint>
@@ -13,10 +13,10 @@
 
 namespace pixorra {
 
-// `entry` is what stands at the host path itself, `name` its last name in the host's spelling.
+// `entry` is of the host path itself, `name` its last name in the host's spelling.
 int AttributesOfEntry(const std::string& path, std::string_view name, const struct stat& entry);
 
-// As Files::Names tells. Folders that `leaveOut` takes, by their host paths, do not come.
+// For Files::Names. Folders that `leaveOut` takes, by their host paths, are left out.
 std::vector<std::string> ListFolder(const std::string& folder, const std::string& pattern, int attributes,
                                     const std::function<bool(const std::string&)>& leaveOut);
 
@@ -33,7 +33,7 @@ struct ListedFile {
 std::vector<ListedFile> ListFiles(const PathMapping& mapping, const std::string& hostFolder,
                                   const std::string& pattern);
 
-// As Files::Folders tells. Where a volume of the mapping is mounted another drive begins: such a folder does not come.
+// For Files::Folders. Where a volume of the mapping is mounted another drive begins: such a folder is left out.
 std::vector<std::string> ListFolders(const PathMapping& mapping, const HostPath& folder, int attributes);
 
 }  // namespace pixorra

@@ -49,7 +49,7 @@ std::vector<Mount> AllMounts() {
 }
 
 bool IsUserMedium(const Mount& mount, std::string_view user) {
-  // The place where a medium will come is not one yet.
+  // A place that waits for its medium is no mount yet.
   if (mount.FileSystem == "autofs") return false;
   if (mount.Point == "/mnt" || IsBelow(mount.Point, "/mnt") || IsBelow(mount.Point, "/media")) return true;
   return !user.empty() && IsBelow(mount.Point, "/run/media/" + std::string(user));

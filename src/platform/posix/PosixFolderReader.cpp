@@ -135,7 +135,7 @@ std::unique_ptr<FolderReader::Reading> PosixFolderReader::Begin(Look look, Handl
       std::thread([queue = queue_] { Work(queue); }).detach();
       ++queue_->Threads;
     } catch (const std::system_error&) {
-      // Those that run will come to it.
+      // Those that run will take it.
       if (queue_->Threads == 0) {
         queue_->Waiting.pop_back();
         throw RuntimeError(error::OutOfMemory);
