@@ -12,6 +12,7 @@
 #include "filmstrip/Marks.h"
 #include "filmstrip/Scrolling.h"
 #include "pictures/PaintPhoto.h"
+#include "pictures/QuickThumbs.h"
 #include "platform/controls/Toolkit.h"
 #include "platform/runtime/Errors.h"
 #include "platform/runtime/Numbers.h"
@@ -89,10 +90,11 @@ void TakeVanishedFolderOff(MainForm& main, const Drop& drop, int openBefore) {
 // The copy's full path, by the naming policy; empty: the drop is over.
 std::string ChooseDestination(MainForm& main, const Drop& drop, const std::string& name) {
   Files& files = main.host.files;
-  std::string destination = MakeUniqueName(files, drop.Folder, name);
-  if (main.preferences.RenameAlwaysOption.Value()) destination = MakeGeneratedName(files, drop.Folder, name);
-  if (!main.preferences.RenameAskOption.Value()) return destination;
-  destination = JoinPath(drop.Folder, name);
+  const bool asks = main.preferences.RenameAskOption.Value();
+  if (!asks && main.preferences.RenameAlwaysOption.Value()) return MakeGeneratedName(files, drop.Folder, name);
+  // Also where none of the options is set.
+  if (!asks) return MakeUniqueName(files, drop.Folder, name);
+  std::string destination = JoinPath(drop.Folder, name);
   while (files.NameTaken(destination)) {
     destination = RenameNewPhoto(main, destination);
     if (destination.empty() || !main.host.toolkit.WaitFor(RenamePause) || !IsStillPossible(main, drop)) return {};
@@ -130,13 +132,14 @@ void ShowEndOfView(DesktopState& desk) {
 void RefreshLists(DesktopState& desk, int slot) {
   ErrorsIgnored([&] {
     desk.DestFolderFiles(slot).Refresh();
-    desk.DestFileList.Refresh();
+    desk.DestFileList.RefreshAs(desk.DestFolderFiles(slot));
   });
 }
 
 void SettleDuplicate(MainForm& main, const Drop& drop, std::string newFile) {
   if (main.preferences.DuplicatesAllowOption.Value()) return;
-  const std::string equalFile = FindDuplicate(main.host.files, main.desk.DestFolderFiles(drop.Slot), newFile);
+  const std::string equalFile =
+      FindDuplicate(main.host.files, main.desk.DestFolderFiles(drop.Slot), newFile, &main.drop.seenLengths);
   if (equalFile.empty()) return;
   ResolveDuplicate(main, equalFile, newFile, drop.Slot);
   if (IsStillPossible(main, drop)) RefreshLists(main.desk, drop.Slot);
@@ -152,7 +155,10 @@ void FinishDrop(MainForm& main, const Drop& drop, const std::string& destination
   ErrorsIgnored([&] { SettleDuplicate(main, drop, destination); });
   if (!IsStillPossible(main, drop)) return;
   ErrorsIgnored([&] { ShowFolderCount(main.desk, drop.Slot); });
-  if (drop.Slot == desk.OpenFolderIndex) ErrorsIgnored([&] { ShowEndOfView(desk); });
+  if (drop.Slot == desk.OpenFolderIndex) {
+    ErrorsIgnored([&] { ShowEndOfView(desk); });
+    QuickThumbsOf(main).CopyQuickThumb(drop.Photo, destination);
+  }
   ErrorsIgnored([&] { MarkDragged(main, *drop.Source.Get()); });
   if (!drop.Source) return;
   // All three or none: an undo must not pair the new file with the photo of a drop before.
@@ -210,6 +216,7 @@ void DropWholeStrip(MainForm& main, int slot) {
 
 void DropOnFolder(MainForm& main, int slot, Control& source) {
   main.drop.DropAllAbort = false;
+  if (!main.drop.DropAllRunning) main.drop.seenLengths = {};
   if (!IsAllButton(source)) {
     auto* photo = dynamic_cast<ImageBox*>(&source);
     if (photo == nullptr) return;

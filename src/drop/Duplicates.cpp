@@ -13,6 +13,7 @@
 #include "platform/runtime/Errors.h"
 #include "platform/runtime/Text.h"
 #include "window/DesktopState.h"
+#include "window/DropState.h"
 #include "window/MainForm.h"
 #include "window/PicturesState.h"
 #include "window/PreferencesForm.h"
@@ -42,6 +43,10 @@ ContentComparison::ContentComparison(Files& files, const std::string& path)
 }
 
 ContentComparison::~ContentComparison() = default;
+
+std::int64_t ContentComparison::Length() const {
+  return state_->length;
+}
 
 bool ContentComparison::SameContent(const std::string& candidate) {
   State& state = *state_;
@@ -74,14 +79,36 @@ bool ContentComparison::SameContent(const std::string& candidate) {
   return true;
 }
 
-std::string FindDuplicate(Files& files, const FileListBox& list, std::string& newFile) {
+namespace {
+
+// The file's length, looked at where this run has not seen it yet.
+std::int64_t LengthOf(Files& files, const FileListBox& list, int i, SeenLengths& seen) {
+  const auto [known, isNew] = seen.Of.try_emplace(list.List(i), 0);
+  if (!isNew) return known->second;
+  const int failure = ErrorsIgnored([&] { known->second = files.Length(list.FullPath(i)); });
+  if (failure == error::None) return known->second;
+  seen.Of.erase(known);
+  throw RuntimeError(failure);
+}
+
+}  // namespace
+
+std::string FindDuplicate(Files& files, const FileListBox& list, std::string& newFile, SeenLengths* seen) {
   newFile = Trim(newFile);
   if (newFile.empty()) return {};
   if (list.ListCount() == 0) return {};
   ContentComparison comparison(files, newFile);
+  SeenLengths none;
+  SeenLengths& lengths = seen != nullptr ? *seen : none;
+  if (lengths.Folder != list.Path()) lengths = {.Folder = list.Path(), .Of = {}};
+  // Another file may have had its name before.
+  const std::string newName = FileNameOf(newFile);
+  lengths.Of.erase(newName);
   for (int i = 0; i < list.ListCount(); ++i) {
+    if (list.List(i) == newName && list.FullPath(i) == newFile) continue;
+    if (LengthOf(files, list, i, lengths) != comparison.Length()) continue;
     std::string candidate = list.FullPath(i);
-    if (candidate == newFile || !comparison.SameContent(candidate)) continue;
+    if (!comparison.SameContent(candidate)) continue;
     // A link is no copy. A hard link, and another spelling on a disk that ignores case, is the new file itself.
     if (!files.IsLink(candidate) && !files.IsSameFile(candidate, newFile)) return candidate;
   }

@@ -5,6 +5,7 @@
 #include <memory>
 #include <optional>
 #include <span>
+#include <utility>
 #include <vector>
 
 #include "base/FileDateTime.h"
@@ -126,19 +127,37 @@ bool QuickThumbs::IsStill(const std::string& path, const FileStamp& decoded) con
   return files_.Open(path, OpenMode::Read)->Stamp() == decoded;
 }
 
+// `record` has the bitmap and is otherwise empty. There are never two records of one photo.
+void QuickThumbs::AddRecord(const Sought& sought, const Entry& entry, std::vector<std::uint8_t> record) const {
+  if (entry.Record != 0) return;
+  std::ranges::copy(sought.Key, record.begin() + KeyOffset);
+  const std::int64_t number = QuickThumbsIndex::NextRecord(entry.Cache->Length());
+  if (OffsetOf(number) + RecordBytes > LongestFile) return;
+  entry.Cache->WriteAt(OffsetOf(number), record.data(), record.size());
+  index_.Added(sought.Cache, *entry.Cache, sought.Key, number);
+}
+
 void QuickThumbs::AddEntry(const std::string& path, const Picture& picture, const FileStamp& decoded) const {
   const std::optional<Sought> sought = Seek(path);
   // Looked at after its length and date, which are then those of the file that was decoded.
   if (!sought || !IsStill(path, decoded)) return;
   const Entry entry = FindEntry(*sought);
   if (entry.Record != 0) return;
-  std::optional<std::vector<std::uint8_t>> record = BitmapRecord(picture);
-  if (!record) return;
-  std::ranges::copy(sought->Key, record->begin() + KeyOffset);
-  const std::int64_t number = QuickThumbsIndex::NextRecord(entry.Cache->Length());
-  if (OffsetOf(number) + RecordBytes > LongestFile) return;
-  entry.Cache->WriteAt(OffsetOf(number), record->data(), record->size());
-  index_.Added(sought->Cache, *entry.Cache, sought->Key, number);
+  if (std::optional<std::vector<std::uint8_t>> record = BitmapRecord(picture))
+    AddRecord(*sought, entry, *std::move(record));
+}
+
+void QuickThumbs::CopyEntry(const std::string& from, const std::string& to) const {
+  const std::optional<Sought> source = Seek(from);
+  const std::optional<Sought> sought = Seek(to);
+  if (!source || !sought) return;
+  const Entry known = FindEntryToRead(*source);
+  if (known.Record == 0) return;
+  std::vector<std::uint8_t> record(ThumbnailBytes);
+  known.Cache->ReadAt(OffsetOf(known.Record), record.data(), BitmapBytes);
+  if (!IsThumbnail(record)) return;
+  record.resize(RecordBytes);
+  AddRecord(*sought, FindEntry(*sought), std::move(record));
 }
 
 void QuickThumbs::MarkEntry(const std::string& path, bool dragged) const {
@@ -174,6 +193,10 @@ bool QuickThumbs::HasQuickThumb(const std::string& path) const {
 
 void QuickThumbs::AddQuickThumb(const std::string& path, const Picture& picture, const FileStamp& decoded) const {
   ErrorsIgnored([&] { AddEntry(path, picture, decoded); });
+}
+
+void QuickThumbs::CopyQuickThumb(const std::string& from, const std::string& to) const {
+  ErrorsIgnored([&] { CopyEntry(from, to); });
 }
 
 void QuickThumbs::SetQuickThumbMark(const std::string& path, const std::string& text) const {

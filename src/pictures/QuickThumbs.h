@@ -37,6 +37,8 @@ class QuickThumbs {
   // `decoded` is the stamp that the photo's file had before the picture was made of it. A photo that has been changed
   // or replaced since gets no entry: the picture is not its own.
   void AddQuickThumb(const std::string& path, const Picture& picture, const FileStamp& decoded) const;
+  // The photo at `to` is a copy of the one at `from`: it takes over the thumbnail, unmarked, and need not be decoded.
+  void CopyQuickThumb(const std::string& from, const std::string& to) const;
   // An empty text clears the mark, any other sets it; without an entry nothing changes.
   void SetQuickThumbMark(const std::string& path, const std::string& text) const;
   // Clears the marks of all photos of a folder. Only the cache file is looked at, not the photos: a camera would fetch
@@ -55,8 +57,10 @@ class QuickThumbs {
   Entry FindEntryToRead(const Sought& sought) const;
   bool ReadEntry(const std::string& path, ImageBox& target, bool& bDragged) const;
   std::optional<std::vector<std::uint8_t>> BitmapRecord(const Picture& picture) const;
+  void AddRecord(const Sought& sought, const Entry& entry, std::vector<std::uint8_t> record) const;
   bool IsStill(const std::string& path, const FileStamp& decoded) const;
   void AddEntry(const std::string& path, const Picture& picture, const FileStamp& decoded) const;
+  void CopyEntry(const std::string& from, const std::string& to) const;
   void MarkEntry(const std::string& path, bool dragged) const;
 
   Files& files_;

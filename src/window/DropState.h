@@ -3,12 +3,20 @@
 
 #include <cstdint>
 #include <string>
+#include <unordered_map>
 
 #include "platform/pixels/Picture.h"
 
 namespace pixorra {
 
 struct Host;
+
+// Lengths of a folder's files, by their names, as one run of the whole strip has seen them. Each drop looks for an
+// equal file among all that the folder lists; only those that are new to the run are looked at.
+struct SeenLengths {
+  std::string Folder;
+  std::unordered_map<std::string, std::int64_t> Of;  // bytes
+};
 
 struct DropState {
   explicit DropState(Host& host);
@@ -30,6 +38,7 @@ struct DropState {
   Picture ReelDragIcon;
   Picture NotReadyIcon;
 
+  SeenLengths seenLengths;      // begun anew by each gesture that is not part of a run
   bool dragQuestionUp = false;  // a box that a drag of AllButton has brought up is shown
 };
 

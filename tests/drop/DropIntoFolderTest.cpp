@@ -2,8 +2,11 @@
 #include <gmock/gmock.h>
 
 #include "drop/DropIntoFolder.h"
+#include "pictures/PaintPhoto.h"
+#include "platform/runtime/Errors.h"
 #include "tests/drop/DropTest.h"
 #include "window/DropState.h"
+#include "window/PicturesState.h"
 #include "window/PreferencesForm.h"
 
 namespace pixorra {
@@ -26,6 +29,44 @@ TEST_F(DropIntoFolderTest, APhotoDroppedOnAFolderIsCopiedCountedMarkedAndRemembe
   EXPECT_EQ(main.drop.LastDropFolder, 1);
   EXPECT_EQ(main.drop.LastDropFile, Folder("F") + "\\b.bmp");
   EXPECT_EQ(main.Window.MousePointer(), pointer::Default);
+}
+
+TEST_F(DropIntoFolderTest, AnArrivalInTheOpenFolderTakesOverTheStripsThumbnailAndIsNotDecodedAgain) {
+  LoadStrip({"a.bmp"});
+  Show("F");
+  Select_a_Folder(main, 1);
+  run.LoadAll();
+  run.files.FailAlways(FileCall::OpenToRead, error::DeviceIO, "F\\a.bmp");
+  person.Drag(strip.SrcThumbnail(1), desk.DestFolder(1));
+  run.LoadAll();
+  ASSERT_EQ(desk.DestSlotCount, 1);
+  EXPECT_FALSE(desk.DestThumbnail(1).GetPicture() == main.pictures.InvalidPicture);
+  // What a decode puts there is the same, byte by byte.
+  run.files.Heal();
+  const std::string copied = BytesIn("F", "Thumbnails.tmp");
+  drive.Remove(Folder("F") + "\\Thumbnails.tmp");
+  bool bDragged = true;
+  PaintThumbnail(main, desk.DestThumbnail(1), Folder("F") + "\\a.bmp", bDragged);
+  EXPECT_TRUE(BytesIn("F", "Thumbnails.tmp") == copied);
+  EXPECT_FALSE(bDragged);
+}
+
+TEST_F(DropIntoFolderTest, AFolderThatIsNotOpenGetsNoCacheFile) {
+  LoadStrip({"a.bmp"});
+  Show("F");
+  person.Drag(strip.SrcThumbnail(1), desk.DestFolder(1));
+  EXPECT_FALSE(Has("F", "Thumbnails.tmp"));
+}
+
+TEST_F(DropIntoFolderTest, AFolderIsLookedThroughForOneNameOnly) {
+  LoadStrip({"a.bmp"});
+  Show("F");
+  for (OptionButton* policy : {&main.preferences.RenameAlwaysOption, &main.preferences.RenameExistsOption}) {
+    policy->SetValue(true);
+    const int looks = run.files.Count(FileCall::NameTaken);
+    DropOnFolder(main, 1, strip.SrcThumbnail(1));
+    EXPECT_EQ(run.files.Count(FileCall::NameTaken), looks + 1);
+  }
 }
 
 TEST_F(DropIntoFolderTest, TheSamePhotoTwiceIsNumberedAndBothCopiesCount) {

@@ -7,6 +7,7 @@
 #include "tests/support/FaultyFiles.h"
 #include "tests/support/TemporaryDrive.h"
 #include "tests/support/headless/HeadlessTest.h"
+#include "window/DropState.h"
 
 namespace pixorra {
 namespace {
@@ -67,6 +68,42 @@ TEST_F(FindDuplicateTest, FilesOfOtherLengthsAreNotRead) {
   EXPECT_EQ(Find("C:\\F\\new.bmp"), "");
   EXPECT_EQ(files.Count(FileCall::Read), reads);
   EXPECT_LE(files.Count(FileCall::OpenToRead), opens + 1);
+}
+
+TEST_F(FindDuplicateTest, WithinARunEachLengthIsLookedAtOnceAndNewFilesAreFoundAllTheSame) {
+  SeenLengths seen;
+  for (int i = 0; i < 20; ++i)
+    drive.Write("C:\\F\\" + std::to_string(i) + ".bmp", std::string(static_cast<std::size_t>(100 + i), 'x'));
+  const auto drop = [&](const std::string& name, const std::string& bytes) {
+    std::string path = "C:\\F\\" + name;
+    drive.Write(path, bytes);
+    list.Refresh();
+    return FindDuplicate(files, list, path, &seen);
+  };
+  EXPECT_EQ(drop("first.bmp", "abc"), "");
+  const int looks = files.Count(FileCall::Length);
+  EXPECT_EQ(drop("second.bmp", "abcd"), "");
+  EXPECT_EQ(files.Count(FileCall::Length), looks + 1) << "only at the first photo";
+  EXPECT_EQ(drop("third.bmp", "abc"), "C:\\F\\first.bmp");
+  drive.Remove("C:\\F\\third.bmp");
+  // A name that had another file before, and one that comes from elsewhere.
+  drive.Write("C:\\F\\elsewhere.bmp", "abcdef");
+  EXPECT_EQ(drop("third.bmp", "abcdef"), "C:\\F\\elsewhere.bmp");
+  EXPECT_EQ(drop("fourth.bmp", "abcd"), "C:\\F\\second.bmp");
+}
+
+TEST_F(FindDuplicateTest, AnotherFolderOfTheRunHasLengthsOfItsOwn) {
+  SeenLengths seen;
+  drive.Write("C:\\F\\old.bmp", "abc");
+  drive.Write("C:\\F\\new.bmp", "abcd");
+  list.Refresh();
+  std::string path = "C:\\F\\new.bmp";
+  EXPECT_EQ(FindDuplicate(files, list, path, &seen), "");
+  drive.Write("C:\\G\\old.bmp", "abcd");
+  drive.Write("C:\\G\\new.bmp", "abcd");
+  list.SetPath("C:\\G");
+  path = "C:\\G\\new.bmp";
+  EXPECT_EQ(FindDuplicate(files, list, path, &seen), "C:\\G\\old.bmp");
 }
 
 TEST_F(FindDuplicateTest, BlanksAroundTheNewFilesPathAreTakenOff) {

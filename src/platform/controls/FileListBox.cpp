@@ -1,6 +1,9 @@
 #include "platform/controls/FileListBox.h"
 
 #include <algorithm>
+#include <iterator>
+#include <unordered_set>
+#include <utility>
 
 #include "platform/runtime/Errors.h"
 #include "platform/runtime/Text.h"
@@ -50,8 +53,26 @@ void FileListBox::SetListing(const std::string& path, const std::string& pattern
 }
 
 void FileListBox::Refresh() {
-  names_ = files_.Names(path_, pattern_, attribute::Normal);
-  std::sort(names_.begin(), names_.end(), NameLess);
+  TakeNames(files_.Names(path_, pattern_, attribute::Normal));
+}
+
+void FileListBox::RefreshAs(const FileListBox& other) {
+  if (other.path_ == path_ && other.pattern_ == pattern_) {
+    names_ = other.names_;
+    ++generation_;
+  } else {
+    Refresh();
+  }
+}
+
+// Most names have been listed before, and keep their order: only the others are sorted.
+void FileListBox::TakeNames(std::vector<std::string> names) {
+  std::unordered_set<std::string> added(std::make_move_iterator(names.begin()), std::make_move_iterator(names.end()));
+  std::erase_if(names_, [&](const std::string& name) { return added.erase(name) == 0; });
+  const auto known = std::ssize(names_);
+  while (!added.empty()) names_.push_back(std::move(added.extract(added.begin()).value()));
+  std::sort(names_.begin() + known, names_.end(), NameLess);
+  std::inplace_merge(names_.begin(), names_.begin() + known, names_.end(), NameLess);
   ++generation_;
 }
 

@@ -27,6 +27,9 @@ class FileListBox : public Control {
   void SetListing(const std::string& path, const std::string& pattern, std::vector<std::string> names);
   // Reads the folder again; a folder that has gone is empty.
   void Refresh();
+  // Takes the names of another list that has just been refreshed, where both show one folder by one pattern; else
+  // Refresh.
+  void RefreshAs(const FileListBox& other);
 
   int ListCount() const { return static_cast<int>(names_.size()); }
   const std::string& List(int index) const;  // raises error 9 outside the list
@@ -36,6 +39,8 @@ class FileListBox : public Control {
   unsigned Generation() const { return generation_; }
 
  private:
+  void TakeNames(std::vector<std::string> names);
+
   Files& files_;
   std::string path_;
   std::string pattern_;

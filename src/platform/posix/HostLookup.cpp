@@ -31,24 +31,36 @@ std::optional<std::string> FirstName(const std::string& folder, Accepts&& accept
   std::optional<std::string> best;
   if (!open) return best;
   while (const dirent* entry = readdir(open.get())) {
-    const std::string name = static_cast<const char*>(entry->d_name);
+    const std::string_view name = static_cast<const char*>(entry->d_name);
     if (name == "." || name == ".." || !accepts(name, entry->d_ino)) continue;
-    if (!best || NameLess(name, *best)) best = name;
+    if (!best || NameLess(name, *best)) best = std::string(name);
   }
   return best;
 }
 
+// Host names that may differ in case alone. Most names of a folder do not even begin alike, and are done with here.
+bool MayBeAlike(std::string_view a, std::string_view b) {
+  const auto isAscii = [](char c) { return static_cast<unsigned char>(c) < 0x80; };
+  const auto lower = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; };
+  for (std::size_t i = 0; i < a.size() && i < b.size(); ++i) {
+    if (!isAscii(a[i]) || !isAscii(b[i])) return true;
+    if (lower(a[i]) != lower(b[i])) return false;
+  }
+  return a.size() == b.size() || !isAscii(a.size() > b.size() ? a[b.size()] : b[a.size()]);
+}
+
 std::optional<std::string> OtherCase(const std::string& folder, const std::string& wanted) {
   const std::string spelled = NameFromHost(wanted);
-  return FirstName(folder,
-                   [&](const std::string& name, ino_t) { return EqualIgnoringCase(NameFromHost(name), spelled); });
+  return FirstName(folder, [&](std::string_view name, ino_t) {
+    return MayBeAlike(name, wanted) && EqualIgnoringCase(NameFromHost(name), spelled);
+  });
 }
 
 // Mounts of one share differ in more than case: fields may be added, and be in another order.
 std::optional<std::string> OtherMount(const std::string& folder, const std::string& wanted) {
   const std::optional<Share> share = ShareOfMount(wanted);
   if (!share) return std::nullopt;
-  return FirstName(folder, [&](const std::string& name, ino_t) {
+  return FirstName(folder, [&](std::string_view name, ino_t) {
     const std::optional<Share> mounted = ShareOfMount(name);
     return mounted && EqualIgnoringCase(mounted->Server, share->Server) &&
            EqualIgnoringCase(mounted->Name, share->Name);
@@ -89,7 +101,7 @@ std::string NameInDiskCase(const std::string& folder, const std::string& name) {
   if (other == name || Look(folder + '/' + name, entry) != 0 || Look(folder + '/' + other, twin) != 0) return name;
   if (entry.st_dev != twin.st_dev || entry.st_ino != twin.st_ino) return name;
   const std::string spelled = NameFromHost(name);
-  const std::optional<std::string> onDisk = FirstName(folder, [&](const std::string& candidate, ino_t inode) {
+  const std::optional<std::string> onDisk = FirstName(folder, [&](std::string_view candidate, ino_t inode) {
     return inode == entry.st_ino && EqualIgnoringCase(NameFromHost(candidate), spelled);
   });
   return onDisk.value_or(name);

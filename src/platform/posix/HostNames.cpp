@@ -1,6 +1,7 @@
 // Spelling of single names.
 #include "platform/posix/HostNames.h"
 
+#include <algorithm>
 #include <cstddef>
 
 #include "platform/runtime/Utf8.h"
@@ -24,6 +25,13 @@ bool StandsForByte(char32_t code) {
 
 bool Reserved(char32_t code) {
   return StandsForCharacter(code) || StandsForByte(code);
+}
+
+// The same in both spellings, as most names are.
+bool IsPlain(std::string_view name) {
+  return std::ranges::all_of(name, [](char c) {
+    return static_cast<unsigned char>(c) < 0x80 && withoutRoom.find(c) == std::string_view::npos;
+  });
 }
 
 bool HoldsByteCharacter(std::string_view name) {
@@ -55,6 +63,7 @@ std::string Decoded(std::string_view name) {
 }  // namespace
 
 std::string NameFromHost(std::string_view hostName) {
+  if (IsPlain(hostName)) return std::string(hostName);
   std::string name;
   name.reserve(hostName.size());
   for (std::size_t at = 0; at < hostName.size();) {

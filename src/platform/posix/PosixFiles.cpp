@@ -29,7 +29,7 @@ bool IsFolder(const std::string& hostPath) {
   return stat(hostPath.c_str(), &entry) == 0 && S_ISDIR(entry.st_mode);
 }
 
-// The folder in which the last name stands.
+// The folder that the last name is in.
 std::string FolderOf(const HostPath& path) {
   return path.Names.empty() ? path.Text() : path.Text(path.Names.size() - 1);
 }
@@ -123,10 +123,28 @@ void PosixFiles::SetAttributes(const std::string& path, int attributes) {
   if (mode != old && fchmodat(AT_FDCWD, located.Path.Text().c_str(), mode, 0) != 0) RaiseFor(located.Path, errno);
 }
 
+// The look at a free name reads the whole folder. It need not be read again to make the file, as long as nothing in it
+// has changed since; and a file that takes just this name is noticed when it is made.
+void PosixFiles::RememberFree(const std::string& path, const Located& located) {
+  if (located.Found + 1 != located.Path.Names.size()) return;
+  free_ = {path, located.Path.Text(), FolderOf(located.Path), {}};
+  if (stat(free_.HostFolder.c_str(), &free_.Folder) != 0) free_ = {};
+}
+
+bool PosixFiles::IsStillFree(const std::string& path) const {
+  struct stat now {};
+  const auto same = [](const timespec& a, const timespec& b) { return a.tv_sec == b.tv_sec && a.tv_nsec == b.tv_nsec; };
+  return !free_.Path.empty() && free_.Path == path && stat(free_.HostFolder.c_str(), &now) == 0 &&
+         now.st_dev == free_.Folder.st_dev && now.st_ino == free_.Folder.st_ino &&
+         same(now.st_mtim, free_.Folder.st_mtim) && same(now.st_ctim, free_.Folder.st_ctim);
+}
+
 NameState PosixFiles::LookAtName(const std::string& path) {
   // What cannot be a name here is surely no name of anything.
   return OrElse(NameState::Free, [&] {
-    switch (Find(path).Failure) {
+    const Located located = Find(path);
+    if (located.Failure == ENOENT) RememberFree(path, located);
+    switch (located.Failure) {
       case 0:
         return NameState::Taken;
       case ENOENT:
@@ -166,6 +184,7 @@ std::unique_ptr<File> PosixFiles::OpenOfLength(const std::string& path, std::int
 }
 
 std::unique_ptr<File> PosixFiles::Open(const std::string& path, OpenMode mode) {
+  if (mode == OpenMode::CreateNew && IsStillFree(path)) return OpenHostFile(free_.HostPath, mode);
   const Located located = Find(path);
   MustNotBeRoot(located.Path);
   MustBeReachable(located);

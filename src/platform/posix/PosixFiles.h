@@ -2,6 +2,8 @@
 #pragma once
 
 #include <memory>
+#include <string>
+#include <sys/stat.h>
 
 #include "platform/posix/MappingSource.h"
 #include "platform/services/Files.h"
@@ -40,9 +42,20 @@ class PosixFiles : public Files {
   std::string ProgramPath(const std::string& typed) override;
 
  private:
+  // A name that was looked at and was free, and its folder as it was then.
+  struct FreeName {
+    std::string Path;      // as it was asked for
+    std::string HostPath;  // in the disk's own case
+    std::string HostFolder;
+    struct stat Folder {};
+  };
+
   Located Find(const std::string& path);
+  void RememberFree(const std::string& path, const Located& located);
+  bool IsStillFree(const std::string& path) const;
 
   std::shared_ptr<MappingSource> mapping_;
+  FreeName free_;
 };
 
 }  // namespace pixorra

@@ -52,6 +52,36 @@ TEST_F(FileListBoxTest, NamesThatDifferInCaseAloneBothStand) {
   EXPECT_THAT(All(list), ElementsAre("A.JPG", "a.jpg", "A2.jpg", "B.JPG"));
 }
 
+TEST_F(FileListBoxTest, WhatIsAddedRenamedAndDeletedIsInItsPlaceAfterARefresh) {
+  list.SetPath("C:\\Photos");
+  for (const char* name : {"0.jpg", "b.jpg", "z.jpg", "a10.jpg"}) drive.Write(std::string("C:\\Photos\\") + name, "x");
+  drive.Remove("C:\\Photos\\A2.jpg");
+  drive.DriveFiles().Rename("C:\\Photos\\a.jpg", "C:\\Photos\\x.jpg");
+  list.Refresh();
+  EXPECT_THAT(All(list), ElementsAre("0.jpg", "a10.jpg", "B.JPG", "b.jpg", "x.jpg", "z.jpg"));
+  list.Refresh();
+  EXPECT_THAT(All(list), ElementsAre("0.jpg", "a10.jpg", "B.JPG", "b.jpg", "x.jpg", "z.jpg"));
+}
+
+TEST_F(FileListBoxTest, TheNamesOfAnotherListAreTakenOnlyForTheSameFolderAndPattern) {
+  FileListBox other(form, "Other", drive.DriveFiles());
+  other.SetPattern("*.jpg");
+  other.SetPath("C:\\Photos");
+  list.SetPath("C:\\Photos");
+  drive.Write("C:\\Photos\\new.jpg", "x");
+  const unsigned before = list.Generation();
+  list.RefreshAs(other);
+  EXPECT_THAT(All(list), ElementsAre("a.jpg", "A2.jpg", "B.JPG")) << "as the other one has them";
+  EXPECT_NE(list.Generation(), before);
+  other.SetPattern("*.txt");
+  list.RefreshAs(other);
+  EXPECT_THAT(All(list), ElementsAre("a.jpg", "A2.jpg", "B.JPG", "new.jpg"));
+  other.SetPattern("*.jpg");
+  other.SetPath("C:\\Empty");
+  list.RefreshAs(other);
+  EXPECT_EQ(list.ListCount(), 4);
+}
+
 TEST_F(FileListBoxTest, PathChangeComesWithADifferentPathOnlyAndSeesItsFiles) {
   list.SetPath("C:\\Photos");
   list.SetPath("C:\\Photos\\");

@@ -138,6 +138,20 @@ TEST_P(FilesOpening, CreateNewMakesAFileOnlyWhereNothingHasTheName) {
   EXPECT_EQ(NumberOfOpen("C:\\gone\\new.jpg", OpenMode::CreateNew), error::PathNotFound);
 }
 
+TEST_P(FilesOpening, ANameThatWasFreeAndIsTakenSinceInAnyCaseIsNotMade) {
+  drive_.MakeFolder("C:\\p");
+  EXPECT_FALSE(TheFiles().NameTaken("C:\\p\\a.jpg"));
+  drive_.Write("C:\\p\\A.JPG", "1");
+  EXPECT_EQ(NumberOfOpen("C:\\p\\a.jpg", OpenMode::CreateNew), error::FileExists);
+  EXPECT_FALSE(TheFiles().NameTaken("C:\\P\\b.jpg"));
+  EXPECT_EQ(NumberOfOpen("C:\\P\\b.jpg", OpenMode::CreateNew), error::None);
+  EXPECT_TRUE(drive_.Exists("C:\\p\\b.jpg"));
+  EXPECT_EQ(NumberOfOpen("C:\\P\\b.jpg", OpenMode::CreateNew), error::FileExists);
+  EXPECT_FALSE(TheFiles().NameTaken("C:\\p\\c.jpg"));
+  drive_.Remove("C:\\p");
+  EXPECT_EQ(NumberOfOpen("C:\\p\\c.jpg", OpenMode::CreateNew), error::PathNotFound);
+}
+
 TEST_P(FilesOpening, AFileTakesTheFirstBytesOfAnother) {
   std::string bytes(3'000'017, '\0');
   for (std::size_t i = 0; i < bytes.size(); ++i) bytes[i] = static_cast<char>(i * 7 + i / 251);
