@@ -230,7 +230,7 @@ void FaultyFiles::MakeFolder(const std::string& path) {
 void FaultyFiles::RemoveTree(const std::string& path) {
   Check(FileCall::RemoveTree, path);
   AboutToChange();
-  inner_.RemoveTree(path);
+  inner_->RemoveTree(path);
 }
 
 void FaultyFiles::RemoveFolder(const std::string& path) {
