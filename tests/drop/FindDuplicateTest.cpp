@@ -90,6 +90,10 @@ TEST_F(FindDuplicateTest, WithinARunEachLengthIsLookedAtOnceAndNewFilesAreFoundA
   drive.Write("C:\\F\\elsewhere.bmp", "abcdef");
   EXPECT_EQ(drop("third.bmp", "abcdef"), "C:\\F\\elsewhere.bmp");
   EXPECT_EQ(drop("fourth.bmp", "abcd"), "C:\\F\\second.bmp");
+  EXPECT_EQ(drop("other.bmp", "xy"), "") << "and the third has been looked at";
+  drive.Remove("C:\\F\\third.bmp");
+  EXPECT_EQ(drop("third.bmp", "abcdefgh"), "");
+  EXPECT_EQ(drop("fifth.bmp", "abcdefgh"), "C:\\F\\third.bmp");
 }
 
 TEST_F(FindDuplicateTest, AnotherFolderOfTheRunHasLengthsOfItsOwn) {
