@@ -1,6 +1,7 @@
-// drop_run_bench PHOTOS [ROUNDS [BEFORE [MOST]]]: drags the whole film strip into an open folder, in the window, and
-// copies the same photos by `cp -p` with a flush of each file and of its folder, in turns. The folder holds so many
-// other photos before. Tells medians for a photo, in milliseconds, and the ratio of the two.
+// drop_run_bench PHOTOS [ROUNDS [BEFORE [MOST]]]: drags the whole film strip into a folder, in the window, and copies
+// the same photos by `cp -p` with a flush of each file and of its folder, in turns. The folder is open, unless it holds
+// so many other photos before. At most so many of the photos are taken. Medians for a photo, in milliseconds, and the
+// ratio.
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
