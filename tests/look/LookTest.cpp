@@ -148,6 +148,25 @@ TEST_P(LookTest, EveryTextOfTheDialogsIsReadable) {
   EXPECT_EQ(looks, 3);
 }
 
+TEST_P(LookTest, EveryTextOfTheBrowserIsReadableInEachOfItsWays) {
+  SavedState state;
+  state.FilmStrip = StripFolder;
+  WriteSavedState(state);
+  ProgramRun& run = Started();
+  MenuBar& menu = run.main.menu;
+  for (MenuItem* way : {&menu.OpenFilmStripMenuItem, &menu.ShowFolderMenuItem, &menu.SetCameraLocationMenuItem}) {
+    run.person.ChooseMenu(*way);
+    run.Wait(0.5);
+    Form* form = run.person.Window("BrowseFolderLocationForm");
+    ASSERT_NE(form, nullptr);
+    LookAt look(*form);
+    EXPECT_THAT(look.Faults(), IsEmpty()) << way->Name();
+    EXPECT_GT(look.Texts(), 5) << way->Name();
+    run.person.Key(key::Escape);
+    run.Wait(0.1);
+  }
+}
+
 TEST_P(LookTest, TheGroundsFollowTheDesktop) {
   ProgramRun& run = Started();
   run.LoadAll();
