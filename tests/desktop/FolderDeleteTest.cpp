@@ -1,4 +1,6 @@
 // Deleting a folder of the Desktop: what is asked, what goes, and what never does.
+#include <filesystem>
+
 #include "desktop/FolderDelete.h"
 #include "platform/controls/Toolkit.h"
 #include "tests/desktop/DesktopTest.h"
@@ -114,13 +116,24 @@ TEST_F(FolderDeleteTest, SubFoldersOnTheDesktopVanishWithTheParentWithoutAMessag
 }
 
 TEST_F(FolderDeleteTest, ANetworkFolderThatDoesNotAnswerStays) {
+  const std::string share = drive.HostShare("nas", "photos");
+  std::filesystem::create_directories(share + "/Trip");
   const int one = Show(MakePhotos("One", 0));
-  const int share = Show(MakePhotos("Share", 1));
-  // As one is that was shown while its server answered.
-  desk.DestFolderFiles(share).SetPath("C:\\");
+  const int trip = Show("\\\\nas\\photos\\Trip");
+  Show(MakePhotos("Last", 1));  // the one that opens in between
+  std::filesystem::remove_all(share);
   ExpectQuestion("One", "This folder is empty.");
   DeleteFolderAsked(main, one);
-  EXPECT_TRUE(desk.DestFolder(share).Visible());
+  EXPECT_FALSE(desk.DestFolder(one).Visible());
+  EXPECT_TRUE(desk.DestFolder(trip).Visible());
+}
+
+TEST_F(FolderDeleteTest, TheRootOfANetworkShareIsNeverDeleted) {
+  std::filesystem::create_directories(drive.HostShare("nas", "photos") + "/Trip");
+  const int slot = Show("\\\\nas\\photos");
+  ExpectRefused("\\\\nas\\photos", Root);
+  DeleteFolderAsked(main, slot);
+  EXPECT_TRUE(std::filesystem::exists(drive.HostShare("nas", "photos") + "/Trip"));
 }
 
 TEST_F(FolderDeleteTest, AFolderThatCannotBeDeletedLeavesTheDesktopAllTheSame) {

@@ -21,9 +21,7 @@ class ChooseFoldersTest : public ProgramTest {
   static BrowseFolderLocationForm& Browser(ProgramRun& run) {
     return run.main.modeless.Get<BrowseFolderLocationForm>(run.main);
   }
-  static TreeView& Tree(ProgramRun& run) {
-    return static_cast<TreeView&>(*Browser(run).PicDirTree.Controls().front());
-  }
+  static TreeView& Tree(ProgramRun& run) { return static_cast<TreeView&>(*Browser(run).PicDirTree.Controls().front()); }
   // Goes down the tree by hand, each folder opened in its turn.
   static void ChooseInTree(ProgramRun& run, const std::vector<std::string>& way) {
     for (std::size_t depth = 1; depth < way.size(); ++depth) {

@@ -90,7 +90,7 @@ std::string TestPlaces::Made(const std::string& path) {
 }
 
 TemporaryDrive::TemporaryDrive()
-    : root_(FreshFolder()), files_(PathMapping({{'C', root_, "Test"}}, {}, true)), places_(files_) {}
+    : root_(FreshFolder()), files_(PathMapping({{'C', root_, "Test"}}, root_ + "/mounted", true)), places_(files_) {}
 
 TemporaryDrive::~TemporaryDrive() {
   RemoveAll(root_);

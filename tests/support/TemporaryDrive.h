@@ -46,6 +46,10 @@ class TemporaryDrive {
   const std::string& HostRoot() const { return root_; }
   // "C:\a\b" as the host knows it. Exact case.
   std::string HostPath(const std::string& path) const;
+  // The host folder of a share; the share is mounted once this is made.
+  std::string HostShare(const std::string& server, const std::string& share) const {
+    return root_ + "/mounted/smb-share:server=" + server + ",share=" + share;
+  }
   PosixFiles& DriveFiles() { return files_; }
   TestPlaces& DrivePlaces() { return places_; }
 
