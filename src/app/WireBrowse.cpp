@@ -50,24 +50,26 @@ void ConnectButtons(MainForm& main) {
 
 void ConnectMenus(MainForm& main) {
   MenuBar& menu = main.menu;
-  Connect(menu.OpenFilmStripMenuItem, [&main] { Browse(main, BrowseMode::FilmStrip); });
-  Connect(menu.SetCameraLocationMenuItem, [&main] { Browse(main, BrowseMode::Camera); });
+  const auto connect = [&main](MenuItem& item, auto operation) { Connect(item, EndingRename(main, operation)); };
+  connect(menu.OpenFilmStripMenuItem, [&main] { Browse(main, BrowseMode::FilmStrip); });
+  connect(menu.SetCameraLocationMenuItem, [&main] { Browse(main, BrowseMode::Camera); });
   for (MenuItem* item : {&menu.ShowFolderMenuItem, &menu.ShowFolderPopupItem})
-    Connect(*item, [&main] { ShowFolder_Click(main); });
-  Connect(menu.SwapOpenFolderMenuItem, [&main] { SwapOpenFolderMenuItem_Click(main); });
+    connect(*item, [&main] { ShowFolder_Click(main); });
+  connect(menu.SwapOpenFolderMenuItem, [&main] { SwapOpenFolderMenuItem_Click(main); });
   for (MenuItem* item : {&menu.SwapFolderMenuItem, &menu.SwapTrashcanMenuItem})
-    Connect(*item, [&main] { SwapFolderMenuItem_Click(main); });
+    connect(*item, [&main] { SwapFolderMenuItem_Click(main); });
 }
 
 void ConnectDrops(MainForm& main) {
   FilmStripState& strip = main.strip;
   DesktopState& desk = main.desk;
   Connect(strip.SrcThumbsWindow.On().FilesDropped,
-          [&main](Control&, const FilesArgs& files) { DropOnFilmStrip(main, files.Paths); });
+          EndingRename(main, [&main](Control&, const FilesArgs& files) { DropOnFilmStrip(main, files.Paths); }));
   for (Events* on :
        {&desk.DesktopImage.On(), &desk.DestFolder.On(), &desk.DestFolderName.On(), &desk.DestFolderPreview.On(),
         &desk.DestPicsCount.On(), &desk.ShowFolder.On(), &desk.HideFolder.On(), &desk.NoFolderHint.On()})
-    Connect(on->FilesDropped, [&main](Control&, const FilesArgs& files) { DropOnDesktop(main, files.Paths); });
+    Connect(on->FilesDropped,
+            EndingRename(main, [&main](Control&, const FilesArgs& files) { DropOnDesktop(main, files.Paths); }));
 }
 
 }  // namespace

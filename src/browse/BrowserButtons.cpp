@@ -4,6 +4,7 @@
 #include "browse/BrowseFolderLocationForm.h"
 #include "browse/CameraVolume.h"
 #include "browse/FolderChoices.h"
+#include "desktop/FolderRename.h"
 #include "platform/runtime/Errors.h"
 #include "platform/runtime/Text.h"
 #include "platform/services/Dialogs.h"
@@ -106,7 +107,8 @@ void BrowseFolderLocationForm::CreateButton_Click() {
   }
   File1.SetListing(path, main_.core.PicturePattern, {});
   Close();
-  ShowFolderOnDesktop(main_, path);
+  // Its name is typed at once.
+  RenameFolderStart(main_, ShowFolderOnDesktop(main_, path));
 }
 
 void BrowseFolderLocationForm::HelpButton_Click() {

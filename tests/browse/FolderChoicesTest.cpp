@@ -175,7 +175,7 @@ TEST_F(FolderChoicesTest, TheCamerasLocationIsSet) {
   EXPECT_FALSE(IsOpen());
 }
 
-TEST_F(FolderChoicesTest, ANewFolderIsMadeShownAndOpened) {
+TEST_F(FolderChoicesTest, ANewFolderIsMadeShownOpenedAndNamedAtOnce) {
   OpenedAt(BrowseMode::Show, "C:\\Home");
   person.Click(Browser().CreateButton);
   EXPECT_TRUE(drive.Exists("C:\\Home\\New Folder"));
@@ -183,6 +183,22 @@ TEST_F(FolderChoicesTest, ANewFolderIsMadeShownAndOpened) {
   EXPECT_EQ(desk.DestFolderFiles(1).Path(), "C:\\Home\\New Folder");
   EXPECT_EQ(desk.OpenFolderIndex, 1);
   EXPECT_THAT(Previous(), ElementsAre("C:\\Home\\New Folder"));
+  EXPECT_TRUE(desk.FolderRenameBox.HasFocus());
+  person.Type("Family");
+  person.Key(key::Return);
+  EXPECT_TRUE(drive.Exists("C:\\Home\\Family"));
+  EXPECT_FALSE(drive.Exists("C:\\Home\\New Folder"));
+  EXPECT_EQ(desk.DestFolderName(1).Caption(), " Family ");
+  EXPECT_THAT(Previous(), ElementsAre("C:\\Home\\Family"));
+}
+
+TEST_F(FolderChoicesTest, ARunningRenameIsDoneBeforeTheBrowserOpens) {
+  OpenedAt(BrowseMode::Show, "C:\\Home");
+  person.Click(Browser().CreateButton);
+  person.Type("Family");
+  person.ChooseMenu(main.menu.ShowFolderMenuItem);
+  EXPECT_TRUE(IsOpen());
+  EXPECT_TRUE(drive.Exists("C:\\Home\\Family"));
 }
 
 TEST_F(FolderChoicesTest, ASecondNewFolderInOnePlaceIsNewFolder1) {

@@ -62,6 +62,10 @@ TEST_F(ChooseFoldersTest, ACardIsFoundFoldersAreMadeAndStripAndFolderChangePlace
   person.Click(Browser(run).CreateButton);
   run.Wait(0.3);
   EXPECT_TRUE(drive.Exists("C:\\Home\\Pictures\\New Folder"));
+  person.Type("Family");
+  person.Key(key::Return);
+  run.Wait(0.2);
+  EXPECT_TRUE(drive.Exists("C:\\Home\\Pictures\\Family"));
   EXPECT_EQ(desk.FoldersShown, 1);
   EXPECT_EQ(desk.OpenFolderIndex, 1);
 
@@ -75,7 +79,7 @@ TEST_F(ChooseFoldersTest, ACardIsFoundFoldersAreMadeAndStripAndFolderChangePlace
 
   person.Click(strip.SwapButton);
   run.LoadAll();
-  EXPECT_EQ(strip.SrcFolderPath.Caption(), "New Folder");
+  EXPECT_EQ(strip.SrcFolderPath.Caption(), "Family");
   EXPECT_EQ(desk.DestFolderName(desk.OpenFolderIndex).Caption(), " Camera Photos ");
   person.Click(strip.SwapButton);
   run.LoadAll();
@@ -91,7 +95,7 @@ TEST_F(ChooseFoldersTest, ACardIsFoundFoldersAreMadeAndStripAndFolderChangePlace
   again.LoadAll();
   EXPECT_EQ(again.main.strip.SrcFolderPath.Caption(), "Camera Photos");
   EXPECT_EQ(again.main.strip.SrcSlotCount, 3);
-  EXPECT_EQ(again.main.strip.PreviousList.List(0), "C:\\Home\\Pictures\\New Folder");
+  EXPECT_EQ(again.main.strip.PreviousList.List(0), "C:\\Home\\Pictures\\Family");
   EXPECT_EQ(again.main.desk.FoldersShown, 1);
 }
 
