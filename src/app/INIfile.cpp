@@ -60,9 +60,10 @@ void WriteSavedState(MainForm& main) {
   // A folder that may not be written takes no new file, but may still let the file itself be written. After any other
   // failure, a full disk among them, the state before stays.
   if (!besideItself && opened != error::PathAccess && opened != error::PermissionDenied) throw RuntimeError(opened);
+  // In place it is cut short first: nothing but the writing itself must come after that.
+  const std::string bytes = Compose(main);
   if (!besideItself) file = files.Open(path, OpenMode::Replace);
   const int failure = ErrorsIgnored([&] {
-    const std::string bytes = Compose(main);
     file->WriteAt(0, bytes.data(), bytes.size());
     file->Flush();
     file.reset();

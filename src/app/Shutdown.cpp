@@ -8,6 +8,7 @@
 #include "filmstrip/Views.h"
 #include "pictures/QuickThumbs.h"
 #include "platform/controls/Toolkit.h"
+#include "platform/runtime/ErrorReport.h"
 #include "platform/runtime/Errors.h"
 #include "platform/services/Dialogs.h"
 #include "window/CoreState.h"
@@ -25,8 +26,7 @@ void Form_QueryUnload(MainForm& main) {
   try {
     WriteSavedState(main);
   } catch (const RuntimeError& failure) {
-    main.host.dialogs.MsgBox(std::to_string(failure.Number()) + "  " + failure.Description(), BoxIcon::Critical,
-                             BoxButtons::Ok, ApplicationTitle);
+    main.host.dialogs.MsgBox(ErrorReport(failure), BoxIcon::Critical, BoxButtons::Ok, ApplicationTitle);
   }
 }
 

@@ -221,7 +221,7 @@ TEST_F(INIfileTest, ADiskThatTakesNoNewFileLeavesTheStateBeforeAndIsTold) {
   const std::string before = drive.Read(StateFile);
   run.main.core.CompanyNameLabel.SetCaption("Changed");
   run.files.FailAlways(FileCall::OpenToWrite, error::DiskFull, "Pixorra.sav.new");
-  run.person.ExpectBox("Pixorra", "61  Disk full");
+  run.person.ExpectBox("Pixorra", "Error 61: Disk full");
   run.Close();
   EXPECT_EQ(drive.Read(StateFile), before);
 }

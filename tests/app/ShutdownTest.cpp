@@ -99,7 +99,7 @@ TEST_P(ShutdownTest, AStateThatCannotBeWrittenIsToldAndTheWindowClosesAllTheSame
   ProgramRun& run = Loaded("C:\\Strip");
   drive.Write(SavedAtExit, "the run before");
   run.files.FailAlways(FileCall::OpenToWrite, error::PathAccess, "Pixorra.sav");
-  run.person.ExpectBox("Pixorra", "75  Path/File access error");
+  run.person.ExpectBox("Pixorra", "Error 75: Path/File access error");
   GetParam().close(run);
   EXPECT_EQ(State(), "the run before");
   EXPECT_FALSE(run.main.Window.IsLoaded());

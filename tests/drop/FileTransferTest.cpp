@@ -112,7 +112,7 @@ TEST_F(FileTransferTest, ACopyThatCouldNotBeFlushedIsEmptied) {
 
 TEST_F(FileTransferTest, TheDateIsSetAheadOfTheFlush) {
   main.preferences.KeepDateCheckBox.SetValue(1);
-  run.files.FailNth(FileCall::FlushFolder, 1, error::DeviceIO);
+  run.files.FailNth(FileCall::Flush, 1, error::DeviceIO);
   const int times = run.files.Count(FileCall::SetTimes);
   EXPECT_EQ(ErrorOfCopy(), error::DeviceIO);
   EXPECT_EQ(run.files.Count(FileCall::SetTimes), times + 1);

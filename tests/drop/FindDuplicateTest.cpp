@@ -1,4 +1,5 @@
 // The file of a list that equals a new one. What counts as equal is tried by whole drops, too.
+#include <filesystem>
 #include <gtest/gtest.h>
 
 #include "drop/Duplicates.h"
@@ -37,6 +38,16 @@ TEST_F(FindDuplicateTest, OfSeveralEqualFilesTheFirstInTheListsOrderIsFound) {
   drive.Write("C:\\F\\a first one.bmp", "another");
   ListFolder();
   EXPECT_EQ(Find("C:\\F\\new.bmp"), "C:\\F\\Again.bmp");
+}
+
+TEST_F(FindDuplicateTest, AnotherNameOfTheNewFileIsNoDuplicateAndOneOfAnEqualFileIs) {
+  std::filesystem::create_hard_link(drive.HostPath("C:\\F\\new.bmp"), drive.HostPath("C:\\F\\also new.bmp"));
+  ListFolder();
+  EXPECT_EQ(Find("C:\\F\\new.bmp"), "");
+  drive.Write("C:\\G\\old.bmp", "a photo");
+  std::filesystem::create_hard_link(drive.HostPath("C:\\G\\old.bmp"), drive.HostPath("C:\\F\\old.bmp"));
+  ListFolder();
+  EXPECT_EQ(Find("C:\\F\\new.bmp"), "C:\\F\\old.bmp");
 }
 
 TEST_F(FindDuplicateTest, TheNewFileIsNotItsOwnDuplicateInWhateverSpelling) {

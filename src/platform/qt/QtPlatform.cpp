@@ -16,6 +16,7 @@
 #include "platform/qt/QtPosting.h"
 #include "platform/qt/QtPrinting.h"
 #include "platform/qt/QtShipped.h"
+#include "platform/runtime/ErrorReport.h"
 
 namespace pixorra {
 
@@ -61,8 +62,7 @@ QtPlatform::QtPlatform(int& argc, char** argv)
   InstallAccessibility();
   parts_->backend.Attach(parts_->toolkit);
   parts_->backend.SetErrorHandler([this](int number, const std::string& description) {
-    const std::string text = "Error " + std::to_string(number) + ": " + description;
-    dialogs.MsgBox(text, BoxIcon::Critical, BoxButtons::Ok, "Pixorra");
+    dialogs.MsgBox(ErrorReport(RuntimeError(number, description)), BoxIcon::Critical, BoxButtons::Ok, "Pixorra");
   });
 }
 
