@@ -57,5 +57,19 @@ TEST_F(ShownNamesTest, AFileIsItsNameAndABaseNameEndsAtTheFirstFullStop) {
   EXPECT_EQ(ShownBaseName(files, "C:\\x.y\\.hidden"), "");
 }
 
+// With the host's own root as drive C:, and nothing looked at.
+TEST(TypedName, ANameInTheHostsSpellingIsTakenAsTheProgramSpellsIt) {
+  PosixFiles host{PathMapping()};
+  EXPECT_EQ(TypedName(host, "Photos"), "Photos");
+  const std::string colon = TypedName(host, "10:30");
+  EXPECT_EQ(colon.find(':'), std::string::npos);
+  EXPECT_EQ(ShownFolderName(host, "C:\\" + colon), "10:30");
+}
+
+TEST(TypedName, WhatLeadsElsewhereStaysAsItWasTyped) {
+  PosixFiles host{PathMapping()};
+  for (const char* name : {"..", ".", "a/b", "/", ""}) EXPECT_EQ(TypedName(host, name), name);
+}
+
 }  // namespace
 }  // namespace pixorra
