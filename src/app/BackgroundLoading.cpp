@@ -5,6 +5,7 @@
 
 #include "app/Hints.h"
 #include "app/Layout.h"
+#include "app/StripMedium.h"
 #include "desktop/OpenFolderView.h"
 #include "filmstrip/Listing.h"
 #include "filmstrip/Views.h"
@@ -106,6 +107,7 @@ void ThumbsTimer_Timer(MainForm& main) {
   // On a screen that is too small the layout has ended the program.
   if (main.host.toolkit.Ended()) return;
   ShowHints(main);
+  WatchStripMedium(main);
   if (!strip.ThumbsTimer.Tag().empty()) {
     strip.ThumbsTimer.SetTag("");
     LoadOpenFolder(main);

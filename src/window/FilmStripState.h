@@ -2,6 +2,7 @@
 #pragma once
 
 #include <algorithm>
+#include <cstdint>
 #include <string>
 
 #include "base/Bars.h"
@@ -21,6 +22,16 @@
 #include "window/ThumbnailGeometry.h"
 
 namespace pixorra {
+
+// The volume of the film strip's folder, as it was when the strip was loaded.
+struct WatchedMedium {
+  std::string Folder;
+  std::string Root;
+  std::string Identity;
+  std::uint64_t Stamp = 0;  // of the list of volumes
+  bool Away = false;
+  int Turns = 0;  // since the last look
+};
 
 struct FilmStripState {
  private:
@@ -42,6 +53,7 @@ struct FilmStripState {
   std::string ThumbsPaused = "False";  // a text, read by converting it
   int ThumbsTimerGuard = 0;            // 12345 while the handler of ThumbsTimer runs
   LoadedPaths loadedPaths;
+  WatchedMedium SrcMedium;
 
   // --- controls, back to front -------------------------------------------------------------------------------------
   FileListBox SrcFileList{window_, "SrcFileList", host_.files};

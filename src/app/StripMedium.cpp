@@ -1,0 +1,46 @@
+#include "app/StripMedium.h"
+
+#include <vector>
+
+#include "browse/TreePlaces.h"
+#include "platform/runtime/Errors.h"
+#include "platform/services/Volumes.h"
+#include "window/FilmStripState.h"
+#include "window/MainForm.h"
+
+namespace pixorra {
+
+namespace {
+
+constexpr int TurnsBetweenLooks = 50;  // of ThumbsTimer, a second in all
+
+}  // namespace
+
+void WatchStripMedium(MainForm& main) {
+  FilmStripState& strip = main.strip;
+  WatchedMedium& watched = strip.SrcMedium;
+  if (++watched.Turns < TurnsBetweenLooks && watched.Folder == strip.SrcFileList.Path()) return;
+  watched.Turns = 0;
+  const std::uint64_t stamp = main.host.volumes.Stamp();
+  if (stamp == watched.Stamp && watched.Folder == strip.SrcFileList.Path()) return;
+  watched.Stamp = stamp;
+  const std::vector<PlaceOfVolume> volumes = main.host.volumes.List();
+  const PlaceOfVolume* volume = VolumeOf(volumes, strip.SrcFileList.Path());
+  const PlaceOfVolume medium = volume != nullptr ? *volume : PlaceOfVolume();
+  if (watched.Folder != strip.SrcFileList.Path()) {
+    watched = {strip.SrcFileList.Path(), medium.Path, medium.Identity, stamp};
+    return;
+  }
+  // Where nothing is mounted, another volume, or none, is what the folder lies on.
+  if (medium.Path != watched.Root) {
+    watched.Away = true;
+    return;
+  }
+  if (!watched.Away && medium.Identity == watched.Identity) return;
+  watched.Away = false;
+  watched.Identity = medium.Identity;
+  strip.SrcFileList.Refresh();
+  strip.SrcLoadedPath.clear();
+}
+
+}  // namespace pixorra
