@@ -213,7 +213,7 @@ void BrowseFolderLocationForm::Closed() {
   listing_.reset();
   finding_.reset();
   reading_.clear();
-  selectWhenListed_ = false;
+  whenListed_ = {};
   glance_.Stop();
   main_.preview.bPreviewNoButtons = false;
 }
@@ -224,9 +224,12 @@ void BrowseFolderLocationForm::SelectedPathChanged(const std::string& path) {
   if (path.empty()) {
     listing_.reset();
     reading_.clear();
-    selectWhenListed_ = false;
+    whenListed_ = {};
     ShowNoFolder();
+  } else if (listing_ == nullptr && path == File1.Path() && File1.Pattern() != NoPattern) {
+    if (MyFiles.ListCount() > 0) MyFiles.SetListIndex(0);
   } else if (path != reading_) {
+    whenListed_ = {};
     ReadFolder(path);
   }
 }
@@ -234,7 +237,6 @@ void BrowseFolderLocationForm::SelectedPathChanged(const std::string& path) {
 // A folder of a network, or a sleeping disk, takes its time: the list follows when it answers.
 void BrowseFolderLocationForm::ReadFolder(const std::string& path) {
   reading_ = path;
-  selectWhenListed_ = false;
   listing_ = main_.host.folderReader.ReadFiles(path, main_.core.PicturePattern,
                                                [this](const FolderReader::Answer& answer) { Listed(answer); });
 }
@@ -242,10 +244,10 @@ void BrowseFolderLocationForm::ReadFolder(const std::string& path) {
 void BrowseFolderLocationForm::Listed(const FolderReader::Answer& answer) {
   const auto done = std::move(listing_);
   const std::string path = std::exchange(reading_, {});
-  const bool select = std::exchange(selectWhenListed_, false);
+  const std::function<void()> action = std::exchange(whenListed_, {});
   if (answer.Error != error::None || UCase(answer.Path) != UCase(path)) {
     ShowNoFolder();
-    if (select) main_.host.dialogs.Beep();
+    if (action) main_.host.dialogs.Beep();
     return;
   }
   lengths_ = answer.Lengths;
@@ -253,7 +255,7 @@ void BrowseFolderLocationForm::Listed(const FolderReader::Answer& answer) {
   File1.SetListing(answer.Path, main_.core.PicturePattern, answer.Names);
   if (!moved) File1_PathChange();
   if (MyFiles.ListCount() > 0) MyFiles.SetListIndex(0);
-  if (select && IsRunning()) SelectButton_Click();
+  if (action && IsRunning()) action();
 }
 
 // The place is no folder whose photos can be listed. The choice stays the last one that was.
@@ -321,13 +323,15 @@ std::string BrowseFolderLocationForm::ProgramPathOf(const std::string& typed) co
 void BrowseFolderLocationForm::GoTo(const std::string& path) {
   finding_ = main_.host.folderReader.FindFolder(path, [this](const FolderReader::Answer& answer) {
     const auto done = std::move(finding_);
-    if (answer.Error == error::None) {
-      DirTree.MyDirTree_SetPath(answer.Path);
-      // The tree has it selected already: its text comes back.
-      if (answer.Path == File1.Path()) PreviousList.SetText(main_.host.files.ShownPath(answer.Path));
-    } else {
+    if (answer.Error != error::None) {
+      whenListed_ = {};
       main_.host.dialogs.Beep();
+      return;
     }
+    ReadFolder(answer.Path);
+    DirTree.MyDirTree_SetPath(answer.Path);
+    // Where the folder stays the same nothing else brings its text back.
+    PreviousList.SetText(main_.host.files.ShownPath(answer.Path));
   });
 }
 

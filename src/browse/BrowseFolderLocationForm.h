@@ -1,6 +1,7 @@
 // The browser: the one dialog in which a place on disk is chosen. It does not hold up the main window.
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -75,6 +76,9 @@ class BrowseFolderLocationForm {
   void GoTo(const std::string& typed);
   std::string ProgramPathOf(const std::string& typed) const;
 
+  // Puts off what is to be done with the choice while a folder that has been chosen has not answered: the one before it
+  // is not meant any more. True where it is put off.
+  bool PutOff(std::function<void()> action);
   void SelectButton_Click();
   void ShowFolder();
   void UseAsFilmStrip();
@@ -90,7 +94,7 @@ class BrowseFolderLocationForm {
   std::unique_ptr<FolderReader::Reading> finding_;
   std::vector<std::optional<std::int64_t>> lengths_;  // of File1's entries
   std::vector<std::string> previous_;                 // the paths of PreviousList's entries
-  bool selectWhenListed_ = false;
+  std::function<void()> whenListed_;                  // what has been put off
   PhotoGlance glance_;
 };
 

@@ -37,12 +37,14 @@ std::string FreeNameIn(Files& files, const std::string& folder) {
 
 }  // namespace
 
-// A folder that has been chosen and has not answered yet is waited for: the one before it is not meant any more.
+bool BrowseFolderLocationForm::PutOff(std::function<void()> action) {
+  if (listing_ == nullptr && finding_ == nullptr) return false;
+  whenListed_ = std::move(action);
+  return true;
+}
+
 void BrowseFolderLocationForm::SelectButton_Click() {
-  if (listing_ != nullptr) {
-    selectWhenListed_ = true;
-    return;
-  }
+  if (PutOff([this] { SelectButton_Click(); })) return;
   if (Names(SelectButton, "SHOW FOLDER")) ShowFolder();
   if (Names(SelectButton, "SELECT FILM STRIP")) UseAsFilmStrip();
   if (Names(SelectButton, "SET CAMERA LOCATION")) UseAsCamera();
@@ -91,6 +93,7 @@ bool BrowseFolderLocationForm::MayCreateIn(const std::string& folder) {
 }
 
 void BrowseFolderLocationForm::CreateButton_Click() {
+  if (PutOff([this] { CreateButton_Click(); })) return;
   const std::string parent = File1.Path();
   if (!MayCreateIn(parent)) return;
   Files& files = main_.host.files;

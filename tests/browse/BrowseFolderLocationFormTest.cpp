@@ -241,6 +241,37 @@ TEST_F(BrowseFolderLocationFormTest, AFolderThatHasNotAnsweredYetIsWaitedForByTh
   EXPECT_EQ(desk.DestFolderFiles(1).Path(), "C:\\Home\\Far");
 }
 
+TEST_F(BrowseFolderLocationFormTest, ATypedFolderIsWaitedForByTheButtonsToo) {
+  MakePhotos("C:\\Home\\Far", 2);
+  Opened(BrowseMode::Show);
+  run.folderReader.Hold(true);
+  GoTo("C:\\Home\\Far");
+  person.Click(Browser().CreateButton);
+  EXPECT_FALSE(drive.Exists("C:\\Home\\New Folder"));
+  run.folderReader.Hold(false);
+  run.folderReader.Answer("C:\\Home\\Far");
+  run.Wait(0.1);
+  EXPECT_TRUE(drive.Exists("C:\\Home\\Far\\New Folder"));
+  EXPECT_FALSE(IsOpen());
+}
+
+TEST_F(BrowseFolderLocationFormTest, WhatWasPutOffIsForgottenWithAnotherChoice) {
+  MakePhotos("C:\\Home\\Far", 2);
+  MakePhotos("C:\\Home\\Near", 1);
+  Opened(BrowseMode::Show);
+  person.Expand(Tree(), {"Home"});
+  run.Wait(0.1);
+  run.folderReader.Hold(true);
+  person.Choose(Tree(), {"Home", "Far"});
+  person.Click(Browser().SelectButton);
+  run.folderReader.Hold(false);
+  person.Choose(Tree(), {"Home", "Near"});
+  run.Wait(0.2);
+  EXPECT_TRUE(IsOpen());
+  EXPECT_EQ(desk.FoldersShown, 0);
+  EXPECT_EQ(Browser().File1.Path(), "C:\\Home\\Near");
+}
+
 TEST_F(BrowseFolderLocationFormTest, ItGrowsByHalvesAndKeepsItsSizeForTheNextTime) {
   Opened(BrowseMode::Show);
   const int tree = Browser().PicDirTree.Width();
