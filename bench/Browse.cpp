@@ -26,24 +26,27 @@
 namespace pixorra {
 namespace {
 
-// From when the loop wakes to when it sleeps again, milliseconds of the thread's own time.
+// What runs between two signs of life of the loop, milliseconds of the thread's own time.
 class Turns {
  public:
   Turns() {
     QAbstractEventDispatcher& loop = *QCoreApplication::eventDispatcher();
-    QObject::connect(&loop, &QAbstractEventDispatcher::awake, &context_, [this] {
-      if (began_ == 0) began_ = Now(CLOCK_THREAD_CPUTIME_ID);
-    });
-    QObject::connect(&loop, &QAbstractEventDispatcher::aboutToBlock, &context_, [this] {
-      if (began_ != 0) longest_ = std::max(longest_, (Now(CLOCK_THREAD_CPUTIME_ID) - began_) * 1e3);
-      began_ = 0;
-    });
+    QObject::connect(&loop, &QAbstractEventDispatcher::awake, &context_, [this] { Mark(); });
+    QObject::connect(&loop, &QAbstractEventDispatcher::aboutToBlock, &context_, [this] { Mark(); });
   }
-  double Longest() { return std::exchange(longest_, 0); }
+  double Longest() {
+    Mark();
+    return std::exchange(longest_, 0);
+  }
 
  private:
+  void Mark() {
+    const double now = Now(CLOCK_THREAD_CPUTIME_ID);
+    longest_ = std::max(longest_, (now - last_) * 1e3);
+    last_ = now;
+  }
   QObject context_;
-  double began_ = 0;
+  double last_ = Now(CLOCK_THREAD_CPUTIME_ID);
   double longest_ = 0;
 };
 
