@@ -16,16 +16,23 @@ DateValue ThroughText(const CalendarTime& time) {
   return ParseDate(date + "  " + hours);
 }
 
-// What a file time of zero tells.
-DateValue NoFileDate() {
-  return ThroughText(CalendarTime{});
+DateValue DateOf(const std::optional<CalendarTime>& time) {
+  return time ? OrElse(NoFileDate(), [&] { return ThroughText(*time); }) : NoFileDate();
 }
 
 }  // namespace
 
+// A file time of zero.
+DateValue NoFileDate() {
+  return ThroughText(CalendarTime{});
+}
+
 DateValue GetFileDate(Files& files, const std::string& path) {
-  const std::optional<CalendarTime> time = files.LastWriteTime(path);
-  return time ? OrElse(NoFileDate(), [&] { return ThroughText(*time); }) : NoFileDate();
+  return DateOf(files.LastWriteTime(path));
+}
+
+DateValue GetFileDateToRead(Files& files, const std::string& path) {
+  return DateOf(files.LastWriteTimeToRead(path));
 }
 
 void SetFileDate(Files& files, Clock& clock, const std::string& path, DateValue date) {

@@ -14,6 +14,7 @@ namespace pixorra::quickthumbs {
 inline constexpr std::int64_t RecordBytes = 14776;
 inline constexpr std::size_t BitmapBytes = 14454;     // a whole bitmap file, at the record's start
 inline constexpr std::size_t BitmapHeaderBytes = 54;  // of it; the pixels follow
+inline constexpr std::size_t BitmapInfoBytes = 40;    // of the header, after the file's own 14
 inline constexpr std::size_t ThumbnailBytes = 14455;  // the field that holds it is one byte longer
 inline constexpr std::size_t NameBytes = 100;
 inline constexpr std::size_t KeyOffset = ThumbnailBytes;         // name, length (4 bytes), date (8 bytes)

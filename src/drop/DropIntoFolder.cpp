@@ -147,7 +147,7 @@ void SettleDuplicate(MainForm& main, const Drop& drop, std::string newFile) {
 
 // What follows the copy: preview, lists, duplicates (which may delete a file), count, view, mark and the memory of the
 // drop. Each step by itself: one that fails is passed over.
-void FinishDrop(MainForm& main, const Drop& drop, const std::string& destination) {
+void FinishDrop(MainForm& main, const Drop& drop, const std::string& destination, const CopyStamps& stamps) {
   DesktopState& desk = main.desk;
   if (drop.Slot != TrashcanSlot) ErrorsIgnored([&] { ShowNewArrival(main, drop); });
   if (!IsStillPossible(main, drop)) return;
@@ -157,7 +157,7 @@ void FinishDrop(MainForm& main, const Drop& drop, const std::string& destination
   ErrorsIgnored([&] { ShowFolderCount(main.desk, drop.Slot); });
   if (drop.Slot == desk.OpenFolderIndex) {
     ErrorsIgnored([&] { ShowEndOfView(desk); });
-    QuickThumbsOf(main).CopyQuickThumb(drop.Photo, destination);
+    QuickThumbsOf(main).CopyQuickThumb({drop.Photo, stamps.Source, destination, stamps.Copy});
   }
   ErrorsIgnored([&] { MarkDragged(main, *drop.Source.Get()); });
   if (!drop.Source) return;
@@ -240,18 +240,19 @@ void CopyDraggedPhoto(MainForm& main, int slot, ImageBox& source) {
     return;
   }
   std::string destination;
+  CopyStamps stamps;
   int failure = error::FileExists;
   // A name that someone else takes between the look and the copy is left to them, and the next one is chosen.
   for (int tries = 0; failure == error::FileExists && tries < MostNames; ++tries) {
     destination = ChooseDestination(main, drop, name);
     if (main.preferences.RenameAskOption.Value() && destination.empty()) return;
-    failure = ErrorsIgnored([&] { CopyPhotoFile(main, drop.Photo, destination, OpenMode::CreateNew); });
+    failure = ErrorsIgnored([&] { stamps = CopyPhotoFile(main, drop.Photo, destination, OpenMode::CreateNew); });
   }
   if (failure != error::None) {
     ShowCopyFailure(main, drop);
     return;
   }
-  FinishDrop(main, drop, destination);
+  FinishDrop(main, drop, destination, stamps);
 }
 
 }  // namespace pixorra

@@ -45,14 +45,18 @@ bool IsThumbnail(std::span<const std::uint8_t> file) {
     return value;
   };
   return file.size() >= BitmapHeaderBytes && file[0] == 'B' && file[1] == 'M' && number(2, 4) == BitmapBytes &&
-         number(10, 4) == BitmapHeaderBytes && number(18, 4) == ThumbnailWidth && number(22, 4) == ThumbnailHeight &&
-         number(28, 2) == 24 && number(30, 4) == 0;
+         number(10, 4) == BitmapHeaderBytes && number(14, 4) == BitmapInfoBytes && number(18, 4) == ThumbnailWidth &&
+         number(22, 4) == ThumbnailHeight && number(28, 2) == 24 && number(30, 4) == 0;
 }
 
 }  // namespace
 
 struct QuickThumbs::Sought {
+  std::string Path;
+  std::string Name;
   std::string Cache;
+  std::int32_t Length = 0;
+  DateValue Date = 0;  // NoFileDate for a photo that cannot be written
   EntryKey Key;
 };
 
@@ -76,13 +80,25 @@ std::optional<QuickThumbs::Sought> QuickThumbs::Seek(const std::string& path) co
   const std::int64_t length = files_.Length(path);
   if (length > INT32_MAX) throw RuntimeError(error::Overflow);
   const DateValue date = GetFileDate(files_, path);
-  return Sought{CachePath(folder), MakeEntryKey(name, static_cast<std::int32_t>(length), date)};
+  const auto bytes = static_cast<std::int32_t>(length);
+  return Sought{path, name, CachePath(folder), bytes, date, MakeEntryKey(name, bytes, date)};
 }
 
+// By the date that the photo really has, 0 also where it has none. What is found is of no photo that was once in its
+// place: those that cannot be written all have one date.
+std::int64_t QuickThumbs::FindByTrueDate(const Sought& sought, File& cache) const {
+  if (sought.Date != NoFileDate()) return index_.Find(sought.Cache, cache, sought.Key);
+  const DateValue date = GetFileDateToRead(files_, sought.Path);
+  if (date == NoFileDate()) return 0;
+  return index_.Find(sought.Cache, cache, MakeEntryKey(sought.Name, sought.Length, date));
+}
+
+// A photo on a card that was locked only later has its record under its true date.
 QuickThumbs::Entry QuickThumbs::FindEntry(const Sought& sought, OpenMode mode) const {
   Entry entry;
   entry.Cache = files_.Open(sought.Cache, mode);
   entry.Record = index_.Find(sought.Cache, *entry.Cache, sought.Key);
+  if (entry.Record == 0 && sought.Date == NoFileDate()) entry.Record = FindByTrueDate(sought, *entry.Cache);
   return entry;
 }
 
@@ -147,15 +163,18 @@ void QuickThumbs::AddEntry(const std::string& path, const Picture& picture, cons
     AddRecord(*sought, entry, *std::move(record));
 }
 
-void QuickThumbs::CopyEntry(const std::string& from, const std::string& to) const {
-  const std::optional<Sought> source = Seek(from);
-  const std::optional<Sought> sought = Seek(to);
+void QuickThumbs::CopyEntry(const CopiedPhoto& photo) const {
+  const std::optional<Sought> source = Seek(photo.From);
+  const std::optional<Sought> sought = Seek(photo.To);
   if (!source || !sought) return;
   const Entry known = FindEntryToRead(*source);
-  if (known.Record == 0) return;
+  const std::int64_t number = known.Record != 0 ? FindByTrueDate(*source, *known.Cache) : 0;
+  if (number == 0) return;
   std::vector<std::uint8_t> record(ThumbnailBytes);
-  known.Cache->ReadAt(OffsetOf(known.Record), record.data(), BitmapBytes);
+  known.Cache->ReadAt(OffsetOf(number), record.data(), BitmapBytes);
   if (!IsThumbnail(record)) return;
+  // Looked at after the lengths and dates, which are then those of the bytes that were copied.
+  if (!IsStill(photo.From, photo.Copied) || !IsStill(photo.To, photo.Copy)) return;
   record.resize(RecordBytes);
   AddRecord(*sought, FindEntry(*sought), std::move(record));
 }
@@ -195,8 +214,8 @@ void QuickThumbs::AddQuickThumb(const std::string& path, const Picture& picture,
   ErrorsIgnored([&] { AddEntry(path, picture, decoded); });
 }
 
-void QuickThumbs::CopyQuickThumb(const std::string& from, const std::string& to) const {
-  ErrorsIgnored([&] { CopyEntry(from, to); });
+void QuickThumbs::CopyQuickThumb(const CopiedPhoto& photo) const {
+  ErrorsIgnored([&] { CopyEntry(photo); });
 }
 
 void QuickThumbs::SetQuickThumbMark(const std::string& path, const std::string& text) const {

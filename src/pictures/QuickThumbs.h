@@ -17,6 +17,14 @@ class Places;
 class QuickThumbsIndex;
 struct MainForm;
 
+// A photo's copy, and the stamps that the two files had then.
+struct CopiedPhoto {
+  std::string From;
+  FileStamp Copied;
+  std::string To;
+  FileStamp Copy;
+};
+
 // The cache of a folder's photos is one file in it; the camera's is kept in the program's folder. No function raises:
 // what cannot be cached is a miss.
 class QuickThumbs {
@@ -37,8 +45,9 @@ class QuickThumbs {
   // `decoded` is the stamp that the photo's file had before the picture was made of it. A photo that has been changed
   // or replaced since gets no entry: the picture is not its own.
   void AddQuickThumb(const std::string& path, const Picture& picture, const FileStamp& decoded) const;
-  // The photo at `to` is a copy of the one at `from`: it takes over the thumbnail, unmarked, and need not be decoded.
-  void CopyQuickThumb(const std::string& from, const std::string& to) const;
+  // The copy takes over the photo's thumbnail, unmarked, and need not be decoded. It gets none where either file has
+  // been changed or replaced since, and none of a record without a date: that may be of another photo.
+  void CopyQuickThumb(const CopiedPhoto& photo) const;
   // An empty text clears the mark, any other sets it; without an entry nothing changes.
   void SetQuickThumbMark(const std::string& path, const std::string& text) const;
   // Clears the marks of all photos of a folder. Only the cache file is looked at, not the photos: a camera would fetch
@@ -53,6 +62,7 @@ class QuickThumbs {
 
   std::string CachePath(const std::string& folder) const;
   std::optional<Sought> Seek(const std::string& path) const;
+  std::int64_t FindByTrueDate(const Sought& sought, File& cache) const;
   Entry FindEntry(const Sought& sought, OpenMode mode = OpenMode::ReadWrite) const;
   Entry FindEntryToRead(const Sought& sought) const;
   bool ReadEntry(const std::string& path, ImageBox& target, bool& bDragged) const;
@@ -60,7 +70,7 @@ class QuickThumbs {
   void AddRecord(const Sought& sought, const Entry& entry, std::vector<std::uint8_t> record) const;
   bool IsStill(const std::string& path, const FileStamp& decoded) const;
   void AddEntry(const std::string& path, const Picture& picture, const FileStamp& decoded) const;
-  void CopyEntry(const std::string& from, const std::string& to) const;
+  void CopyEntry(const CopiedPhoto& photo) const;
   void MarkEntry(const std::string& path, bool dragged) const;
 
   Files& files_;

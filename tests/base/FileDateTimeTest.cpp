@@ -41,6 +41,12 @@ TEST_F(FileDateTimeTest, AFileThatCannotBeOpenedForWritingGivesTheFirstMomentOfF
   EXPECT_EQ(GetFileDate(files, "C:\\missing.jpg"), DateSerial(1601, 1, 1));
 }
 
+TEST_F(FileDateTimeTest, ToReadAFileThatCannotBeWrittenHasItsDate) {
+  files.FailAlways(FileCall::LastWriteTime, error::PathAccess);
+  EXPECT_EQ(GetFileDateToRead(files, Photo), ToDateValue({2001, 5, 6, 13, 14, 15}));
+  EXPECT_EQ(GetFileDateToRead(files, "C:\\missing.jpg"), NoFileDate());
+}
+
 TEST_F(FileDateTimeTest, SettingKeepsTheSecondsAndTakesTheMillisecondsOfNow) {
   platform.clock.SetNow({2020, 1, 1, 10, 20, 30, 321});
   SetFileDate(files, platform.clock, Photo, ToDateValue({1999, 12, 31, 23, 59, 58}));

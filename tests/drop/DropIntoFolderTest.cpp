@@ -36,7 +36,7 @@ TEST_F(DropIntoFolderTest, AnArrivalInTheOpenFolderTakesOverTheStripsThumbnailAn
   Show("F");
   Select_a_Folder(main, 1);
   run.LoadAll();
-  run.files.FailAlways(FileCall::OpenToRead, error::DeviceIO, "F\\a.bmp");
+  run.files.FailAlways(FileCall::Read, error::DeviceIO, "F\\a.bmp");
   person.Drag(strip.SrcThumbnail(1), desk.DestFolder(1));
   run.LoadAll();
   ASSERT_EQ(desk.DestSlotCount, 1);
@@ -49,6 +49,71 @@ TEST_F(DropIntoFolderTest, AnArrivalInTheOpenFolderTakesOverTheStripsThumbnailAn
   PaintThumbnail(main, desk.DestThumbnail(1), Folder("F") + "\\a.bmp", bDragged);
   EXPECT_TRUE(BytesIn("F", "Thumbnails.tmp") == copied);
   EXPECT_FALSE(bDragged);
+}
+
+Colour MiddleOf(const Picture& picture) {
+  if (picture.IsNothing()) return 0;
+  const std::uint8_t* pixel = picture.Pixels().Row(30) + 3 * 40;
+  return static_cast<Colour>(pixel[0] << 16 | pixel[1] << 8 | pixel[2]);
+}
+
+TEST_F(DropIntoFolderTest, ALockedPhotosRecordMayBeOfAnotherPhotoAndIsNotTakenOver) {
+  run.files.FailAlways(FileCall::LastWriteTime, error::PathAccess, "Strip\\a.bmp");
+  LoadStrip({"a.bmp"});
+  Show("F");
+  Select_a_Folder(main, 1);
+  run.LoadAll();
+  MakePhoto(Photo("a.bmp"), 0x00405060);
+  person.Drag(strip.SrcThumbnail(1), desk.DestFolder(1));
+  run.LoadAll();
+  ASSERT_EQ(desk.DestSlotCount, 1);
+  EXPECT_EQ(MiddleOf(desk.DestThumbnail(1).GetPicture()), 0x00405060U);
+}
+
+TEST_F(DropIntoFolderTest, APhotoThatIsAnotherOneAfterItsCopyGivesItsThumbnailToNoCopy) {
+  LoadStrip({"a.bmp"});
+  const Colour copied = MiddleOf(strip.SrcThumbnail(1).GetPicture());
+  Show("F");
+  Select_a_Folder(main, 1);
+  run.LoadAll();
+  run.files.BeforeNth(
+      FileCall::Flush, 1,
+      [this] {
+        MakePhoto(Photo("a.bmp"), 0x00405060);
+        drive.SetTime(Photo("a.bmp"), {2004, 6, 15, 12, 0, 0, 0});
+        bool bDragged = false;
+        PaintThumbnail(main, strip.SrcThumbnail(1), Photo("a.bmp"), bDragged);
+      },
+      "F\\a.bmp");
+  person.Drag(strip.SrcThumbnail(1), desk.DestFolder(1));
+  run.LoadAll();
+  ASSERT_EQ(desk.DestSlotCount, 1);
+  EXPECT_EQ(MiddleOf(desk.DestThumbnail(1).GetPicture()), copied);
+}
+
+TEST_F(DropIntoFolderTest, ACopyThatSomebodyWritesOverTakesNoThumbnailOver) {
+  LoadStrip({"a.bmp"});
+  Show("F");
+  Select_a_Folder(main, 1);
+  run.LoadAll();
+  bool written = false;
+  run.files.BeforeNth(
+      FileCall::FlushFolder, 1,
+      [&] {
+        run.files.BeforeNth(
+            FileCall::Names, 1,
+            [&] {
+              MakePhoto(Folder("F") + "\\a.bmp", 0x00405060);
+              written = true;
+            },
+            "Home\\F");
+      },
+      "Home\\F");
+  person.Drag(strip.SrcThumbnail(1), desk.DestFolder(1));
+  run.LoadAll();
+  EXPECT_TRUE(written);
+  ASSERT_EQ(desk.DestSlotCount, 1);
+  EXPECT_EQ(MiddleOf(desk.DestThumbnail(1).GetPicture()), 0x00405060U);
 }
 
 TEST_F(DropIntoFolderTest, AFolderThatIsNotOpenGetsNoCacheFile) {

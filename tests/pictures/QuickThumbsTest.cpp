@@ -366,8 +366,9 @@ TEST_F(QuickThumbsTest, ACacheThatMayOnlyBeReadIsRead) {
 }
 
 TEST_F(QuickThumbsTest, OnlyAThumbnailsOwnBitmapIsTakenFromARecord) {
-  // The byte that is changed: the file's kind and length, where its pixels are, width, height, depth, compression.
-  for (const std::size_t at : {0U, 1U, 3U, 10U, 18U, 22U, 28U, 30U}) {
+  // The byte that is changed: the file's kind and length, where its pixels are, the kind of header, width, height,
+  // depth, compression.
+  for (const std::size_t at : {0U, 1U, 3U, 10U, 14U, 17U, 18U, 22U, 28U, 30U}) {
     HandRecord record = HandMade(7);
     record.Thumbnail[at] = static_cast<char>(record.Thumbnail[at] ^ 1);
     drive.Write(Cache, HandBytes(record));

@@ -250,6 +250,11 @@ std::optional<CalendarTime> FaultyFiles::LastWriteTime(const std::string& path) 
   return inner_->LastWriteTime(path);
 }
 
+std::optional<CalendarTime> FaultyFiles::LastWriteTimeToRead(const std::string& path) {
+  if (Strike(FileCall::OpenToRead, path) != 0 || IsAway(path)) return std::nullopt;
+  return inner_->LastWriteTimeToRead(path);
+}
+
 bool FaultyFiles::SetTimes(const std::string& path, const CalendarTime& time) {
   if (Strike(FileCall::SetTimes, path) != 0 || IsAway(path)) return false;
   AboutToChange();

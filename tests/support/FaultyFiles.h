@@ -14,7 +14,7 @@
 namespace pixorra {
 
 // What can fail. Names, Attributes, LastWriteTime and SetTimes fail by answering as for nothing there, NameTaken by
-// not knowing; the others raise.
+// not knowing; the others raise. LastWriteTimeToRead counts as OpenToRead, and answers as for nothing there.
 enum class FileCall {
   Names,
   Attributes,
@@ -83,6 +83,7 @@ class FaultyFiles : public Files {
   void RemoveTree(const std::string& path) override;
   void FlushFolder(const std::string& path) override;
   std::optional<CalendarTime> LastWriteTime(const std::string& path) override;
+  std::optional<CalendarTime> LastWriteTimeToRead(const std::string& path) override;
   bool SetTimes(const std::string& path, const CalendarTime& time) override;
   std::vector<Drive> Drives() override { return inner_->Drives(); }
   std::string FolderPath(const std::string& path) override;

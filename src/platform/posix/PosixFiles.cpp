@@ -298,6 +298,15 @@ std::optional<CalendarTime> PosixFiles::LastWriteTime(const std::string& path) {
   return time;
 }
 
+std::optional<CalendarTime> PosixFiles::LastWriteTimeToRead(const std::string& path) {
+  std::optional<CalendarTime> time;
+  static_cast<void>(ErrorsIgnored([&] {
+    const FileStamp stamp = Open(path, OpenMode::Read)->Stamp();
+    time = LocalTimeOf({.tv_sec = stamp.Seconds, .tv_nsec = stamp.Nanoseconds});
+  }));
+  return time;
+}
+
 bool PosixFiles::SetTimes(const std::string& path, const CalendarTime& time) {
   const std::optional<timespec> moment = MomentOf(time);
   bool set = false;

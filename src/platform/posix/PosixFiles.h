@@ -35,6 +35,7 @@ class PosixFiles : public Files {
   void RemoveTree(const std::string& path) override;
   void FlushFolder(const std::string& path) override;
   std::optional<CalendarTime> LastWriteTime(const std::string& path) override;
+  std::optional<CalendarTime> LastWriteTimeToRead(const std::string& path) override;
   bool SetTimes(const std::string& path, const CalendarTime& time) override;
   std::vector<Drive> Drives() override;
   std::string FolderPath(const std::string& path) override;

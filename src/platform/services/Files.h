@@ -119,6 +119,8 @@ class Files {
   // The last-write time in local time of a file that opens for reading and writing; nothing where it does not.
   // Deliberate: see base/FileDateTime.h for what relies on a file that may not be written having no date.
   virtual std::optional<CalendarTime> LastWriteTime(const std::string& path) = 0;
+  // The same of a file that opens for reading, whether or not it may be written.
+  virtual std::optional<CalendarTime> LastWriteTimeToRead(const std::string& path) = 0;
   // Sets all the times that the file system keeps to one; false where it cannot.
   virtual bool SetTimes(const std::string& path, const CalendarTime& time) = 0;
 

@@ -40,6 +40,12 @@ TEST_P(FilesTimes, ASetTimeIsReadBackWithItsMilliseconds) {
   EXPECT_EQ(TheFiles().LastWriteTime("C:\\p\\a.jpg"), time);
 }
 
+TEST_P(FilesTimes, TheTimeOfAFileThatIsReadIsTheSame) {
+  const CalendarTime time{2024, 2, 29, 13, 14, 15, 678};
+  ASSERT_TRUE(TheFiles().SetTimes("C:\\p\\a.jpg", time));
+  EXPECT_EQ(TheFiles().LastWriteTimeToRead("C:\\p\\A.JPG"), time);
+}
+
 TEST_P(FilesTimes, AllTimesBecomeOne) {
   const CalendarTime time{2001, 9, 9, 1, 46, 40, 0};
   ASSERT_TRUE(TheFiles().SetTimes("C:\\p\\a.jpg", time));
@@ -111,6 +117,7 @@ TEST_P(FilesTimes, WhatIsNoOrdinaryFileHasNoTime) {
   drive_.MakeLink("C:\\p\\nowhere", "missing");
   for (const char* path : {"C:\\p", "C:\\p\\fifo", "C:\\p\\nowhere", "C:\\p\\missing", "C:\\", "", "C:\\p\\.."}) {
     EXPECT_EQ(TheFiles().LastWriteTime(path), std::nullopt) << path;
+    EXPECT_EQ(TheFiles().LastWriteTimeToRead(path), std::nullopt) << path;
     EXPECT_FALSE(TheFiles().SetTimes(path, {2011, 1, 1, 0, 0, 0, 0})) << path;
   }
   EXPECT_FALSE(drive_.Exists("C:\\p\\missing"));

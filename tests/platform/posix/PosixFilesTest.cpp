@@ -47,8 +47,10 @@ TEST_F(OnARealDisk, WhatIsNoOrdinaryFileIsNotEvenTouched) {
   EXPECT_EQ(read(watch.Get(), &opened, sizeof(opened)), -1) << "somebody at the other end would have noticed";
 }
 
-TEST_F(OnARealDisk, AReadOnlyFileOpensForReadingOnlyAndHasNoTime) {
+TEST_F(OnARealDisk, AReadOnlyFileOpensForReadingOnlyAndHasATimeOnlyToRead) {
   drive_.Write("C:\\p\\a.jpg", "1");
+  const CalendarTime time{2001, 5, 6, 13, 14, 15, 0};
+  drive_.SetTime("C:\\p\\a.jpg", time);
   drive_.SetMode("C:\\p\\a.jpg", 0444);
   const OrdinaryUser user(drive_.HostRoot());
   if (!user.Binds()) GTEST_SKIP() << "permissions bind nobody here";
@@ -56,6 +58,7 @@ TEST_F(OnARealDisk, AReadOnlyFileOpensForReadingOnlyAndHasNoTime) {
   EXPECT_EQ(NumberOfOpen("C:\\p\\a.jpg", OpenMode::ReadWrite), error::PathAccess);
   EXPECT_EQ(NumberOfOpen("C:\\p\\a.jpg", OpenMode::Replace), error::PathAccess);
   EXPECT_EQ(files_.LastWriteTime("C:\\p\\a.jpg"), std::nullopt);
+  EXPECT_EQ(files_.LastWriteTimeToRead("C:\\p\\a.jpg"), time);
   EXPECT_FALSE(files_.SetTimes("C:\\p\\a.jpg", {2000, 1, 1, 0, 0, 0, 0}));
   EXPECT_EQ(drive_.Read("C:\\p\\a.jpg"), "1");
 }

@@ -30,6 +30,7 @@ class OneAnswer : public Files {
   void RemoveTree(const std::string&) override {}
   void FlushFolder(const std::string&) override {}
   std::optional<CalendarTime> LastWriteTime(const std::string&) override { return {}; }
+  std::optional<CalendarTime> LastWriteTimeToRead(const std::string&) override { return {}; }
   bool SetTimes(const std::string&, const CalendarTime&) override { return false; }
   std::vector<Drive> Drives() override { return {}; }
   std::string FolderPath(const std::string& path) override { return path; }
