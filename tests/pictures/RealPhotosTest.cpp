@@ -67,7 +67,7 @@ TEST_F(RealPhotosTest, EveryFileIsShownOrRefusedByBothRoutesAndNoneIsTouched) {
     bool bDragged = true;
     PaintThumbnail(main, thumbnail, path, bDragged);
     EXPECT_FALSE(thumbnail.GetPicture().IsNothing());
-    // Thumbnails come by the fast route, which refuses pictures of four channels.
+    // Thumbnails come by the fast route.
     EXPECT_EQ(thumbnail.GetPicture() == main.pictures.InvalidPicture, !quickly);
     EXPECT_EQ(bDragged, !quickly);
     if (quickly) ++shown;
