@@ -68,10 +68,6 @@ std::string KeyOf(const std::string& place, const std::string& path) {
   return place + '|' + path;
 }
 
-std::string PlaceOfKey(const std::string& key) {
-  return key.substr(0, key.find('|'));
-}
-
 std::string PathOfKey(const std::string& key) {
   return key.substr(key.find('|') + 1);
 }
@@ -103,8 +99,10 @@ std::vector<TreeEntry> ShareEntries(Host& host, const std::vector<PlaceOfVolume>
 }
 
 TreeEntry FolderEntry(Host& host, const std::string& parentKey, const std::string& name) {
-  const std::string path = JoinPath(PathOfKey(parentKey), name);
-  return Entry(KeyOf(PlaceOfKey(parentKey), path), NeedsSpelling(name) ? ShownFileName(host.files, path) : name, {});
+  // A key ends with the path, so that one text makes both.
+  TreeEntry entry{JoinPath(parentKey, name), name, true, {}, {}, {}};
+  if (NeedsSpelling(name)) entry.Text = ShownFileName(host.files, PathOfKey(entry.Key));
+  return entry;
 }
 
 const PlaceOfVolume* VolumeOf(const std::vector<PlaceOfVolume>& volumes, const std::string& path) {

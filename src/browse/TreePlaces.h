@@ -13,7 +13,6 @@ struct Host;
 
 // The key of a node says in which place it lies and what its path is: the same folder may be reached by several ways.
 std::string KeyOf(const std::string& place, const std::string& path);
-std::string PlaceOfKey(const std::string& key);
 // Empty for a node that is no folder.
 std::string PathOfKey(const std::string& key);
 
