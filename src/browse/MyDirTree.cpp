@@ -1,5 +1,7 @@
 #include "browse/MyDirTree.h"
 
+#include <iterator>
+
 #include "base/Definition.h"
 #include "base/Host.h"
 #include "base/Routines.h"
@@ -14,6 +16,8 @@ namespace pixorra {
 namespace {
 
 constexpr int WatchInterval = 1000;  // milliseconds
+constexpr int FillingInterval = 1;
+constexpr int IconSize = 16;  // pixels
 constexpr const char* Late = " (not answering)";
 constexpr int RefreshKey = key::F1 + 4;
 
@@ -23,7 +27,8 @@ MyDirTree::MyDirTree(Host& host, PictureBox& hostControl)
     : host_(host),
       hostControl_(hostControl),
       tree_(hostControl, "DirTree"),
-      watch_(hostControl, "DirTreeWatch", WatchInterval) {
+      watch_(hostControl, "DirTreeWatch", WatchInterval),
+      filling_(hostControl, "DirTreeFilling", FillingInterval) {
   tree_.SetAccessibleName("Folders");
   tree_.SetFiller([this](TreeView&, Node& node) { Ask(node); });
   Connect(tree_.On().Change, [this](Control&) { Selected(); });
@@ -33,6 +38,7 @@ MyDirTree::MyDirTree(Host& host, PictureBox& hostControl)
     if (Node* node = tree_.Selected()) ReadAgain(*node);
   });
   Connect(watch_.On().Timer, [this](Control&) { Tick(); });
+  Connect(filling_.On().Timer, [this](Control&) { FillOn(); });
 }
 
 void MyDirTree::MyDirTree_Create() {
@@ -49,7 +55,9 @@ void MyDirTree::MyDirTree_Create() {
 void MyDirTree::MyDirTree_Destroy() {
   running_ = false;
   watch_.SetEnabled(false);
+  filling_.SetEnabled(false);
   reads_.clear();
+  toCome_.clear();
   extras_.clear();
   alive_.reset();
   EndWalk();
@@ -110,20 +118,52 @@ void MyDirTree::Answered(const std::string& key, const FolderReader::Answer& ans
     WalkOn();
     return;
   }
+  toCome_.erase(key);
+  FillSlowly(*node, EntriesOf(*node, answer.Names));
+  WalkOn();
+}
+
+std::vector<TreeEntry> MyDirTree::EntriesOf(const Node& node, const std::vector<std::string>& names) {
   std::vector<TreeEntry> entries;
-  entries.reserve(answer.Names.size());
-  const Picture icon = Drawing(host_, "desktop:folder", 16, 16);
-  const Picture openIcon = Drawing(host_, "desktop:folder-open", 16, 16);
-  for (const std::string& name : answer.Names) {
-    entries.push_back(FolderEntry(host_, key, name));
+  entries.reserve(names.size());
+  const Picture icon = Drawing(host_, "desktop:folder", IconSize, IconSize);
+  const Picture openIcon = Drawing(host_, "desktop:folder-open", IconSize, IconSize);
+  for (const std::string& name : names) {
+    entries.push_back(FolderEntry(host_, node.Key(), name));
     entries.back().Icon = icon;
     entries.back().OpenIcon = openIcon;
   }
-  for (const auto& child : node->Children()) {
+  for (const auto& child : node.Children()) {
     if (!extras_.contains(child->Key())) continue;
     entries.push_back({child->Key(), child->Text(), true, icon, openIcon, {}});
   }
-  tree_.Fill(*node, std::move(entries));
+  return entries;
+}
+
+// A node that has children already is brought up to date at once: those that stay cost little.
+void MyDirTree::FillSlowly(Node& node, std::vector<TreeEntry> entries) {
+  if (entries.size() > MostInATurn && node.Children().empty()) {
+    std::vector<TreeEntry>& rest = toCome_[node.Key()];
+    rest.assign(std::make_move_iterator(entries.rbegin()),
+                std::make_move_iterator(entries.rend() - static_cast<std::ptrdiff_t>(MostInATurn)));
+    entries.resize(MostInATurn);
+    filling_.SetEnabled(true);
+  }
+  tree_.Fill(node, std::move(entries));
+}
+
+void MyDirTree::FillOn() {
+  filling_.SetEnabled(!toCome_.empty());
+  if (toCome_.empty()) return;
+  const auto next = toCome_.begin();
+  Node* node = tree_.Find(next->first);
+  std::vector<TreeEntry>& rest = next->second;
+  for (std::size_t i = 0; node != nullptr && i < MostInATurn && !rest.empty(); ++i) {
+    if (tree_.Find(rest.back().Key) == nullptr) tree_.Add(*node, std::move(rest.back()));
+    rest.pop_back();
+  }
+  if (node != nullptr && !rest.empty()) return;
+  toCome_.erase(next);
   WalkOn();
 }
 
@@ -182,6 +222,7 @@ void MyDirTree::WalkOn() {
       tree_.Select(node);
       break;
     }
+    if (toCome_.contains(at_)) break;
     if (!node->Known()) {
       // Opening it asks; a folder that is open or closed and has been asked answers some time.
       if (!node->Asked()) tree_.Ask(*node);
@@ -199,7 +240,7 @@ MyDirTree::Node* MyDirTree::NextOnTheWay(Node& node) {
   TreeEntry entry = FolderEntry(host_, node.Key(), name);
   if (Node* known = tree_.Find(entry.Key)) return known;
   // Hidden, or made since: it was asked for by its name.
-  entry.Icon = Drawing(host_, "desktop:folder", 16, 16);
+  entry.Icon = Drawing(host_, "desktop:folder", IconSize, IconSize);
   extras_.insert(entry.Key);
   return &tree_.Add(node, std::move(entry));
 }

@@ -24,6 +24,9 @@ class MyDirTree {
   // A folder that has not answered for so long says so, seconds.
   static constexpr double NotAnsweringAfter = 5;
 
+  // A folder of more folders than this comes in several turns of the loop, so that none of them takes long.
+  static constexpr std::size_t MostInATurn = 2000;
+
   // The tree fills the host control, which must outlive it.
   MyDirTree(Host& host, PictureBox& hostControl);
   MyDirTree(const MyDirTree&) = delete;
@@ -58,6 +61,9 @@ class MyDirTree {
   void RefreshTop();
   void Ask(Node& node);
   void Answered(const std::string& key, const FolderReader::Answer& answer);
+  std::vector<TreeEntry> EntriesOf(const Node& node, const std::vector<std::string>& names);
+  void FillSlowly(Node& node, std::vector<TreeEntry> entries);
+  void FillOn();
   void Find(const std::string& path);
   void WalkTo(const std::string& path);
   void WalkOn();
@@ -73,10 +79,13 @@ class MyDirTree {
   PictureBox& hostControl_;
   TreeView tree_;
   Timer watch_;
+  Timer filling_;
   bool running_ = false;
   std::uint64_t volumesSeen_ = 0;
   std::vector<PlaceOfVolume> volumes_;
   std::map<std::string, Read> reads_;  // by the node's key
+  // What is still to come below a node, by its key, the last one first.
+  std::map<std::string, std::vector<TreeEntry>> toCome_;
   // Nodes that no listing names but that were asked for by name: hidden folders.
   std::set<std::string> extras_;
   std::unique_ptr<FolderReader::Reading> finding_;

@@ -227,6 +227,20 @@ TEST_F(MyDirTreeTest, AHiddenFolderIsShownWhereItWasAskedForByItsName) {
   EXPECT_THAT(WayToSelected(), ElementsAre("Home", ".secret", "inner")) << "reading anew leaves it";
 }
 
+TEST_F(MyDirTreeTest, ThousandsOfFoldersComeInTheirOrderAndTheWayLeadsToTheLastOfThem) {
+  for (int i = 1; i <= 4500; ++i) drive.MakeFolder("C:\\Home\\Many\\DSC" + std::to_string(i));
+  Opened(BrowseMode::FilmStrip);
+  GoTo("C:\\Home\\Many\\DSC4500");
+  run.Wait(0.2);
+  EXPECT_THAT(WayToSelected(), ElementsAre("Home", "Many", "DSC4500"));
+  const std::vector<std::string> folders = Below({"Home", "Many"});
+  ASSERT_EQ(folders.size(), 4500U);
+  for (int i = 1; i <= 4500; ++i) ASSERT_EQ(folders[static_cast<std::size_t>(i) - 1], "DSC" + std::to_string(i));
+  Browser().DirTree.ReadAgain(At({"Home", "Many"}));
+  run.Wait(0.2);
+  EXPECT_EQ(Below({"Home", "Many"}).size(), 4500U);
+}
+
 TEST_F(MyDirTreeTest, F5ReadsTheFolderAgain) {
   drive.MakeFolder("C:\\Home\\One");
   Opened(BrowseMode::FilmStrip);
