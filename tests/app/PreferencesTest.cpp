@@ -243,8 +243,8 @@ TEST_F(PreferencesTest, FoldersBeyondAGapAreCountedAnewAndTheGapStaysEmpty) {
   WriteSavedState(StateLines("C:\\", {"C:\\One", "C:\\Two", "C:\\Three"}));
   ProgramRun& run = Started();
   DesktopState& desk = run.main.desk;
-  run.person.Click(desk.DestFolder(2));
-  if (desk.OpenFolderIndex != 2) run.person.Click(desk.DestFolder(2));
+  run.person.Click(desk.DestFolderName(2));
+  if (desk.OpenFolderIndex != 2) run.person.Click(desk.DestFolderName(2));
   run.person.ChooseMenu(run.main.menu.HideFolderMenuItem);
   ASSERT_FALSE(desk.DestFolder(2).Visible());
   ASSERT_EQ(desk.DestPicsCount(3).Caption(), "2 pics");

@@ -112,7 +112,7 @@ TEST_F(PreviewPaneTest, AFileWithNoRegisteredProgramGivesAnEmptyName) {
 
 TEST_F(PreviewPaneTest, BackgroundLoadingRestsDuringThePaint) {
   main.strip.ThumbsTimer.SetEnabled(true);
-  run.files.FailNth(FileCall::OpenToRead, 1, error::OutOfMemory, "photo.bmp");
+  run.files.FailNth(FileCall::Read, 2, error::OutOfMemory, "photo.bmp");
   run.person.ExpectBox("Pixorra - Out of Memory", "", BoxAnswer::Ok,
                        [&] { EXPECT_FALSE(main.strip.ThumbsTimer.Enabled()); });
   PaintPicPreview(main, Photo);

@@ -121,9 +121,8 @@ TEST_F(RenameFolderTest, APressOnAnyOtherPartOfTheWindowRenames) {
   FilmStripState& strip = run.main.strip;
   int number = 0;
   for (Control* elsewhere : std::initializer_list<Control*>{
-           &strip.UndoButton, &strip.DeleteButton, &strip.CameraButton, &strip.BrowseButton, &strip.SwapButton,
-           &strip.PrintButton, &strip.AllButton, &run.main.preview.PicPreview, &strip.SrcBackground(1),
-           &desk.DestCanvas, &desk.DestFolder(9)}) {
+           &strip.UndoButton, &strip.DeleteButton, &strip.PrintButton, &strip.AllButton, &run.main.preview.PicPreview,
+           &strip.SrcBackground(1), &desk.DestCanvas, &desk.DestFolder(9)}) {
     StartRename(run);
     const std::string name = "Name " + std::to_string(++number);
     run.person.Type(name);
@@ -132,6 +131,16 @@ TEST_F(RenameFolderTest, APressOnAnyOtherPartOfTheWindowRenames) {
     ExpectClosed(run, " " + name + " ");
     EXPECT_TRUE(drive.Exists("C:\\Home\\" + name)) << elsewhere->Name();
   }
+}
+
+TEST_F(RenameFolderTest, TheCamerasButtonRenamesAndThenAsks) {
+  ProgramRun& run = Begin();
+  StartRename(run);
+  run.person.Type("Two");
+  run.person.ExpectBox("Select film strip in Camera", "You must first set the location of your camera.", BoxAnswer::Ok,
+                       [&] { ExpectClosed(run, " Two "); });
+  run.person.Click(run.main.strip.CameraButton);
+  EXPECT_TRUE(drive.Exists("C:\\Home\\Two"));
 }
 
 TEST_F(RenameFolderTest, AClickOnAPhotoOfTheOpenFolderRenames) {
