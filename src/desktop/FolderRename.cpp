@@ -1,6 +1,7 @@
 #include "desktop/FolderRename.h"
 
 #include <string_view>
+#include <utility>
 
 #include "base/Routines.h"
 #include "base/ShownNames.h"
@@ -100,7 +101,8 @@ void LetOthersFollow(MainForm& main, int renamed, const std::string& from, const
 
 void ShowRenamed(MainForm& main, int slot, const std::string& path) {
   DesktopState& desk = main.desk;
-  ShowNewPath(main, slot, path);
+  // On the disk it is done, and what follows from that must be shown even if the folder cannot be read.
+  ErrorsIgnored([&] { ShowNewPath(main, slot, path); });
   desk.DestFolder(slot).BringToFront();
   desk.DestPicsCount(slot).BringToFront();
   desk.DestFolderName(slot).BringToFront();
@@ -121,6 +123,7 @@ void RenameFolderStart(MainForm& main, int slot) {
   EndFolderRename(main);
   if (!IsSlotInUse(desk, slot) || slot == TrashcanSlot) return;
   if (RefusesProtected(main, desk.DestFolderFiles(slot).Path())) return;
+  desk.FolderBeingRenamed = desk.DestFolderFiles(slot).Path();
   desk.FolderRenameBox.SetTag(TrimmedStr(slot));
   desk.FolderRenameBox.SetVisible(true);
   desk.FolderRenameBox.SetFocus();
@@ -157,7 +160,9 @@ void EndFolderRename(MainForm& main) {
   DesktopState& desk = main.desk;
   if (!IsFolderBeingRenamed(desk)) return;
   const std::string text = desk.FolderRenameBox.Text();
+  const std::string path = std::exchange(desk.FolderBeingRenamed, {});
   const int slot = CloseBox(desk);
+  if (!IsSlotInUse(desk, slot) || desk.DestFolderFiles(slot).Path() != path) return;
   if (text.empty()) {
     WarnOfName(main, "You have left the folder name blank.");
     return;
@@ -171,6 +176,7 @@ void RenameFolderFinish(MainForm& main, int slot, const std::string& name) {
   if (!IsSlotInUse(desk, slot)) return;
   Files& files = main.host.files;
   const std::string before = desk.DestFolderFiles(slot).Path();
+  if (RefusesProtected(main, before)) return;
   const std::string typed = TypedName(files, name);
   const std::string path = ParentPathOf(before) + typed;
   const int failure = IsUnusable(typed) ? error::BadFileName : RenameOnDisk(files, before, path);
@@ -183,7 +189,8 @@ void RenameFolderFinish(MainForm& main, int slot, const std::string& name) {
     return;
   }
   ShowRenamed(main, slot, path);
-  LetOthersFollow(main, slot, before, desk.DestFolderFiles(slot).Path());
+  const std::string& shown = desk.DestFolderFiles(slot).Path();
+  LetOthersFollow(main, slot, before, shown == before ? path : shown);
 }
 
 }  // namespace pixorra

@@ -17,9 +17,10 @@ bool IsFolderBeingRenamed(const DesktopState& desk);
 // Opens the box for the slot; a protected folder gets a message instead. Nothing for 0, for a slot that is not in use
 // and for the Trashcan.
 void RenameFolderStart(MainForm& main, int slot);
-// Renames the slot's folder on the disk, or shows why that cannot be.
+// Renames the slot's folder on the disk, or shows why that cannot be: it may be protected by now.
 void RenameFolderFinish(MainForm& main, int slot, const std::string& name);
-// What was typed so far is the new name. Nothing where no rename is running.
+// What was typed so far is the new name. Nothing where no rename is running; where the slot shows another folder by
+// now, the box is closed and nothing renamed.
 void EndFolderRename(MainForm& main);
 
 void FolderRenameBox_GotFocus(MainForm& main);

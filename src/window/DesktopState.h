@@ -76,6 +76,7 @@ struct DesktopState {
   ControlArray<Label> DestThumbName{DestCanvas, "DestThumbName"};
   Shape DestThumbFrame{DestCanvas, "DestThumbFrame"};
   ScrollBar DestScrollbar{window_, "DestScrollbar", Orientation::Vertical};
+  std::string FolderBeingRenamed;                       // its path
   TextBox FolderRenameBox{window_, "FolderRenameBox"};  // its Tag holds the slot being renamed
 
  private:

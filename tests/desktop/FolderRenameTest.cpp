@@ -173,6 +173,53 @@ TEST_F(FolderRenameTest, AnyOtherFailureGetsItsTextAndTheOldNameStays) {
   ExpectNotRenamed(slot, Folder("Old"));
 }
 
+TEST_F(FolderRenameTest, AFolderThatCannotBeShownUnderItsNewNameIsRenamedAllTheSame) {
+  const int slot = Show(MakePhotos("Old", 1));
+  main.strip.PreviousList.AddItem(Folder("Old"));
+  run.files.FailAlways(FileCall::FolderPath, error::PathNotFound, Folder("New"));
+  Rename(slot, "New");
+  EXPECT_TRUE(drive.Exists(Folder("New")));
+  EXPECT_EQ(desk.DestFolderName(slot).Caption(), " New ");
+  EXPECT_EQ(main.strip.PreviousList.List(0), Folder("New"));
+}
+
+TEST_F(FolderRenameTest, TheNameTypedForOneFolderIsNeverGivenToAnother) {
+  const int slot = Show(MakePhotos("One", 1));
+  MakePhotos("Two", 1);
+  RenameFolderStart(main, slot);
+  person.Type("New");
+  Select_a_Folder(main, slot);
+  Remove_Open_Folder(main);
+  ASSERT_EQ(Show(Folder("Two")), slot);
+  EndFolderRename(main);
+  ExpectNotRenamed(slot, Folder("Two"));
+  EXPECT_TRUE(drive.Exists(Folder("One")));
+  EXPECT_FALSE(drive.Exists(Folder("New")));
+  EXPECT_FALSE(desk.FolderRenameBox.Visible());
+  EXPECT_FALSE(IsFolderBeingRenamed(desk));
+  EXPECT_TRUE(desk.DestFolderName(slot).Visible());
+}
+
+TEST_F(FolderRenameTest, ABlankNameTypedForAFolderThatHasLeftTheDesktopIsNoMatter) {
+  const int slot = Show(MakePhotos("One", 1));
+  RenameFolderStart(main, slot);
+  desk.FolderRenameBox.SetText("");
+  Select_a_Folder(main, slot);
+  Remove_Open_Folder(main);
+  EndFolderRename(main);
+  EXPECT_FALSE(desk.FolderRenameBox.Visible());
+}
+
+TEST_F(FolderRenameTest, AFolderThatIsProtectedByThenIsNotRenamed) {
+  const int slot = Show(MakePhotos("One", 1));
+  RenameFolderStart(main, slot);
+  person.Type("New");
+  drive.DrivePlaces().Kept = {Folder("One")};
+  person.ExpectBox(CannotRename, Folder("One") + "\n\nIt is a protected system folder.");
+  EndFolderRename(main);
+  ExpectNotRenamed(slot, Folder("One"));
+}
+
 TEST_F(FolderRenameTest, RootsAndProtectedFoldersAreNotRenamed) {
   drive.DrivePlaces().Kept = {"C:\\Home\\Anna"};
   drive.MakeFolder("C:\\Home\\Anna");
