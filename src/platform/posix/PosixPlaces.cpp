@@ -1,5 +1,6 @@
 #include "platform/posix/PosixPlaces.h"
 
+#include <algorithm>
 #include <sys/stat.h>
 #include <utility>
 
@@ -64,6 +65,9 @@ std::vector<std::string> PosixPlaces::KeptFolders() {
   g_reload_user_special_dirs_cache();
   for (int directory = 0; directory < G_USER_N_DIRECTORIES; ++directory)
     if (const char* listed = g_get_user_special_dir(static_cast<GUserDirectory>(directory))) keep(listed);
+  // Also those that are not in the list and have their usual names.
+  for (std::string& folder : UserFolders())
+    if (std::find(kept.begin(), kept.end(), folder) == kept.end()) kept.push_back(std::move(folder));
   return kept;
 }
 

@@ -64,6 +64,17 @@ TEST_F(OnPosixPlaces, TheHomeTheUsersFoldersAndTheSystemsAreKept) {
   });
 }
 
+TEST_F(OnPosixPlaces, TheUsersFoldersAreKeptWithoutAListToo) {
+  for (const char* name : {"Downloads", "Documents", "Pictures", "Desktop"})
+    drive_.MakeFolder(std::string("C:\\home\\anna\\") + name);
+  InAnnasSession([](PosixPlaces& places) {
+    const std::vector<std::string> kept = places.KeptFolders();
+    for (const std::string& folder : places.UserFolders())
+      EXPECT_EQ(std::count(kept.begin(), kept.end(), folder), 1) << folder;
+    EXPECT_EQ(std::count(kept.begin(), kept.end(), "C:\\home\\anna\\Pictures"), 1);
+  });
+}
+
 TEST_F(OnPosixPlaces, AFolderThatIsThereKeepsItsMode) {
   drive_.MakeFolder("C:\\home\\anna\\.config\\pixorra");
   drive_.SetMode("C:\\home\\anna\\.config\\pixorra", 0755);
