@@ -10,6 +10,7 @@
 #include "platform/posix/HostNames.h"
 #include "platform/posix/Mounts.h"
 #include "platform/posix/ShareMounts.h"
+#include "platform/runtime/Errors.h"
 #include "platform/runtime/NaturalOrder.h"
 #include "platform/runtime/Text.h"
 
@@ -102,6 +103,18 @@ std::vector<PlaceOfVolume> PosixVolumes::List() {
     volumes.push_back(std::move(volume));
   }
   return volumes;
+}
+
+bool PosixVolumes::IsMountOfDesktop(const std::string& path) {
+  if (desktopMounts_.empty()) return false;
+  const std::string host = OrElse(std::string(), [&] { return mapping_->Current().ToHost(path).Text(); });
+  if (host == desktopMounts_) return true;
+  if (!host.starts_with(desktopMounts_ + '/')) return false;
+  const std::string below = host.substr(desktopMounts_.size() + 1);
+  const std::size_t end = below.find('/');
+  if (end == std::string::npos) return true;
+  const bool device = below.starts_with("mtp:") || below.starts_with("gphoto2:");
+  return device && below.find('/', end + 1) == std::string::npos;
 }
 
 std::uint64_t PosixVolumes::Stamp() {

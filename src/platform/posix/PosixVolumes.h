@@ -16,6 +16,7 @@ class PosixVolumes : public Volumes {
  public:
   PosixVolumes(const Environment& environment, std::shared_ptr<MappingSource> mapping);
   std::vector<PlaceOfVolume> List() override;
+  bool IsMountOfDesktop(const std::string& path) override;
   std::uint64_t Stamp() override;
 
  private:

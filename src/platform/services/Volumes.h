@@ -23,6 +23,9 @@ class Volumes {
   virtual ~Volumes() = default;
   // Those that are there now: the file system first, then as they came. No folder of theirs is looked at.
   virtual std::vector<PlaceOfVolume> List() = 0;
+  // The path is where something begins that the desktop has mounted, listed or not, or a store of a camera or phone, or
+  // the folder that holds such mounts. By its names alone, in the disk's own case: nothing is looked at.
+  virtual bool IsMountOfDesktop(const std::string& path) = 0;
   // A number that is another one after each change of the list. Cheap enough to be asked for on a timer.
   virtual std::uint64_t Stamp() = 0;
 };

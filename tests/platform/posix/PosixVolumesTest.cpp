@@ -88,6 +88,32 @@ TEST_F(PosixVolumesTest, ADeviceKeepsItsIdentityWhateverTheNameOfItsStorage) {
   EXPECT_EQ(VolumeOfDesktopMount("smb-share:server=nas,share=photos").Identity, "");
 }
 
+TEST_F(PosixVolumesTest, AllThatTheDesktopMountsIsItsMountListedOrNot) {
+  PosixVolumes volumes(environment, mapping);
+  const auto isMount = [&](const std::string& below) {
+    return volumes.IsMountOfDesktop(mapping->Current().ToProgram(drive.HostPath("C:\\run\\gvfs") + below).value());
+  };
+  for (const char* mount : {"", "/sftp:host=far", "/dav:host=cloud,ssl=true", "/ftp:host=old", "/nfs:host=nas",
+                            "/smb-share:server=nas,share=photos", "/afc:host=phone", "/mtp:host=Phone",
+                            "/mtp:host=Phone/Internal storage", "/gphoto2:host=EOS", "/gphoto2:host=EOS/DCIM"})
+    EXPECT_TRUE(isMount(mount)) << mount;
+  for (const char* folder : {"/sftp:host=far/photos", "/mtp:host=Phone/Internal storage/DCIM",
+                             "/gphoto2:host=EOS/DCIM/100CANON", "/smb-share:server=nas,share=photos/Trip"})
+    EXPECT_FALSE(isMount(folder)) << folder;
+  for (const char* path : {"C:\\", "E:\\", "E:\\DCIM", "Q:\\x", "C:\\home\\anna", "\\\\nas", ""})
+    EXPECT_FALSE(volumes.IsMountOfDesktop(path)) << path;
+}
+
+TEST_F(PosixVolumesTest, TheStoresOfADeviceWithALetterAreMountsToo) {
+  const auto lettered = std::make_shared<FixedMapping>(
+      PathMapping({{'C', "/", "File System"}, {'F', drive.HostPath("C:\\run\\gvfs") + "/mtp:host=Phone", "Phone"}},
+                  drive.HostPath("C:\\run\\gvfs")));
+  PosixVolumes volumes(environment, lettered);
+  EXPECT_TRUE(volumes.IsMountOfDesktop("F:\\"));
+  EXPECT_TRUE(volumes.IsMountOfDesktop("F:\\Internal storage"));
+  EXPECT_FALSE(volumes.IsMountOfDesktop("F:\\Internal storage\\DCIM"));
+}
+
 // Its root is then a root to every rule that keeps roots from harm.
 TEST_F(PosixVolumesTest, ACameraThatTheDesktopMountsIsADriveOfItsOwn) {
   environment.ConfigHome = drive.HostPath("C:\\config");
