@@ -44,7 +44,8 @@ int Measure(int folders, int files) {
   std::vector<double> own, other;
   for (int i = 0; i < 5; ++i) {
     if (!MakeTree(host, folders, files)) return 1;
-    own.push_back(WallOf([&] { drive.DriveFiles().RemoveTree("C:\\tree"); }));
+    own.push_back(
+        WallOf([&] { drive.DriveFiles().RemoveTree("C:\\tree", drive.DriveFiles().IdentityOf("C:\\tree")); }));
     if (!MakeTree(host, folders, files)) return 1;
     int result = 0;
     other.push_back(WallOf([&] { result = std::system(("rm -rf '" + host + "'").c_str()); }));

@@ -12,7 +12,7 @@ namespace pixorra {
 namespace {
 
 std::int32_t CountNames(Files& files, const std::string& path, int attributes) {
-  const std::vector<std::string> names = files.Names(StripTrailingBackslash(path), "*.*", attributes);
+  const std::vector<std::string> names = files.CompleteNames(StripTrailingBackslash(path), "*.*", attributes);
   const auto caches = std::count(names.begin(), names.end(), "Thumbnails.tmp");
   return static_cast<std::int32_t>(static_cast<std::ptrdiff_t>(names.size()) - caches);
 }
@@ -25,16 +25,16 @@ FolderContents Count(Files& files, const std::string& path, int attributes) {
 
 }  // namespace
 
-bool DeleteTree(Files& files, const std::string& path) {
-  return ErrorsIgnored([&] { files.RemoveTree(path); }) == error::None;
+bool DeleteTree(Files& files, const std::string& path, const FolderIdentity& meant) {
+  return ErrorsIgnored([&] { files.RemoveTree(path, meant); }) == error::None;
 }
 
 std::int32_t TotalFilesRemaining(Files& files, const std::string& path) {
-  return Count(files, path, attribute::Normal).Files;
+  return OrElse(FolderContents(), [&] { return Count(files, path, attribute::Normal); }).Files;
 }
 
 std::int32_t TotalDirectoriesRemaining(Files& files, const std::string& path) {
-  return Count(files, path, attribute::Normal).Folders;
+  return OrElse(FolderContents(), [&] { return Count(files, path, attribute::Normal); }).Folders;
 }
 
 FolderContents ContentsToLose(Files& files, const std::string& path) {

@@ -1,5 +1,6 @@
 #include "desktop/FolderDelete.h"
 
+#include <optional>
 #include <string>
 
 #include "base/Routines.h"
@@ -9,6 +10,7 @@
 #include "desktop/ProtectedFolders.h"
 #include "desktop/ShownFolders.h"
 #include "platform/controls/Toolkit.h"
+#include "platform/runtime/Errors.h"
 #include "platform/runtime/Numbers.h"
 #include "platform/services/Dialogs.h"
 #include "platform/services/Files.h"
@@ -42,7 +44,7 @@ bool RefusesProtected(MainForm& main, int slot, const std::string& path) {
   return false;
 }
 
-// Deliberate: what is hidden is counted too. It is lost with the rest.
+// Deliberate: what is hidden is counted too. It is lost with the rest. Raises as ContentsToLose does.
 std::string Prompt(Files& files, const std::string& path) {
   const FolderContents contents = ContentsToLose(files, path);
   std::string text = "You are about to Delete this folder.\n";
@@ -69,59 +71,103 @@ bool AsksToEmpty(MainForm& main) {
   return Asks(main, "Do you want to delete the contents of the Trashcan?", title);
 }
 
-bool AsksToDelete(MainForm& main, int slot, const std::string& path) {
-  return Asks(main, main.host.files.ShownPath(path) + "\n\n" + Prompt(main.host.files, path),
+bool AsksToDelete(MainForm& main, int slot, const std::string& path, const std::string& prompt) {
+  return Asks(main, main.host.files.ShownPath(path) + "\n\n" + prompt,
               main.desk.DestFolderName(slot).Caption() + " - Delete this folder");
 }
 
 void ShowPresentContents(DesktopState& desk, int slot) {
-  desk.DestFolderFiles(slot).Refresh();
+  ErrorsIgnored([&] { desk.DestFolderFiles(slot).Refresh(); });
   ShowFolderCount(desk, slot);
   if (desk.DestFolderFiles(slot).Path() != desk.DestFileList.Path()) return;
-  desk.DestFileList.Refresh();
+  ErrorsIgnored([&] { desk.DestFileList.Refresh(); });
   desk.DestLoadedPath.clear();
   desk.DestContentsLabel.SetCaption("");
   desk.DestContentsLabel.SetToolTipText("");
 }
 
-// Those that were in the deleted folder.
+// It was in the deleted folder. A folder that cannot be looked at now stays.
+bool HasVanished(Files& files, const std::string& path) {
+  return ErrorsIgnored([&] { files.IdentityOf(path); }) == error::PathNotFound;
+}
+
 void TakeVanishedFoldersOff(MainForm& main) {
   for (int i = 1; i <= FolderSlots; ++i) {
     if (!IsSlotInUse(main.desk, i)) continue;
     const std::string& path = main.desk.DestFolderFiles(i).Path();
-    if (!path.starts_with("\\\\") && !main.host.files.FolderExists(path)) TakeOffDesktop(main.desk, i);
+    if (!path.starts_with("\\\\") && HasVanished(main.host.files, path)) TakeOffDesktop(main.desk, i);
   }
 }
 
-void DeleteSlot(MainForm& main, int slot, const std::string& path) {
-  DesktopState& desk = main.desk;
-  const int before = desk.OpenFolderIndex;
+void WarnOfFailure(MainForm& main, const std::string& path) {
+  Warn(main, path, "Unable to delete folder.", "Error - Deleting Folder");
+}
+
+// The slot's folder is open and then off the Desktop; false where it can no longer be entered. The selection has taken
+// it off then.
+bool CouldTakeOffSlot(MainForm& main, int slot) {
   Select_a_Folder(main, slot);
-  // A folder that can no longer be entered has been taken off by the selection already.
-  if (desk.OpenFolderIndex == slot) Remove_Open_Folder(main);
-  if (!DeleteTree(main.host.files, path)) {
-    Warn(main, path, "Unable to delete folder.", "Error - Deleting Folder");
+  if (main.desk.OpenFolderIndex != slot) return false;
+  Remove_Open_Folder(main);
+  return true;
+}
+
+void DeleteSlot(MainForm& main, int slot, const std::string& path, const FolderIdentity& asked) {
+  const int before = main.desk.OpenFolderIndex;
+  bool entered = false;
+  ErrorsIgnored([&] { entered = CouldTakeOffSlot(main, slot); });
+  if (!entered || !DeleteTree(main.host.files, path, asked)) {
+    WarnOfFailure(main, path);
     return;
   }
-  Select_a_Folder(main, 0);
+  ErrorsIgnored([&] { Select_a_Folder(main, 0); });
   TakeVanishedFoldersOff(main);
-  Select_a_Folder(main, before);
+  ErrorsIgnored([&] { Select_a_Folder(main, before); });
+}
+
+// Nothing where it cannot be known which folder that is, or what is in it.
+struct Asked {
+  FolderIdentity Folder;
+  std::string Prompt;
+};
+std::optional<Asked> WhatToAsk(Files& files, const std::string& path) {
+  return OrElse(std::optional<Asked>(), [&] { return Asked{files.IdentityOf(path), Prompt(files, path)}; });
+}
+
+// While the question was up the program may have ended, and the slot may have been given to another folder.
+bool IsStillShown(const MainForm& main, int slot, const std::string& path) {
+  return !main.host.toolkit.Ended() && IsSlotInUse(main.desk, slot) && main.desk.DestFolderFiles(slot).Path() == path;
+}
+
+// Deliberate: the photos in the Trashcan go when the program ends, and not before.
+void AskOfTrashcan(MainForm& main) {
+  const std::string path = main.desk.DestFolderFiles(TrashcanSlot).Path();
+  if (AsksToEmpty(main) && IsStillShown(main, TrashcanSlot, path)) ShowPresentContents(main.desk, TrashcanSlot);
+}
+
+void AskOfFolder(MainForm& main, int slot, const std::string& path) {
+  const std::optional<Asked> asked = WhatToAsk(main.host.files, path);
+  if (!asked) {
+    WarnOfFailure(main, path);
+    return;
+  }
+  if (!AsksToDelete(main, slot, path, asked->Prompt) || !IsStillShown(main, slot, path)) return;
+  if (RefusesProtected(main, slot, path)) return;
+  ShowPresentContents(main.desk, slot);
+  DeleteSlot(main, slot, path, asked->Folder);
 }
 
 }  // namespace
 
 void DeleteFolderAsked(MainForm& main, int slot) {
-  DesktopState& desk = main.desk;
-  if (!IsSlotInUse(desk, slot)) return;
-  const std::string path = desk.DestFolderFiles(slot).Path();
+  if (!IsSlotInUse(main.desk, slot)) return;
+  const std::string path = main.desk.DestFolderFiles(slot).Path();
   if (RefusesProtected(main, slot, path)) return;
-  if (!(slot == TrashcanSlot ? AsksToEmpty(main) : AsksToDelete(main, slot, path))) return;
-  // While the question was up the program may have ended, and the slot may have been given to another folder.
-  if (main.host.toolkit.Ended() || !IsSlotInUse(desk, slot) || desk.DestFolderFiles(slot).Path() != path) return;
-  ShowPresentContents(desk, slot);
-  // Deliberate: the photos in the Trashcan go when the program ends, and not before.
-  if (slot == TrashcanSlot) return;
-  DeleteSlot(main, slot, path);
+  if (slot == TrashcanSlot) {
+    AskOfTrashcan(main);
+  } else {
+    AskOfFolder(main, slot, path);
+  }
 }
 
 }  // namespace pixorra

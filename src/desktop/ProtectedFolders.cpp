@@ -20,7 +20,7 @@ bool IsSamePath(const std::string& a, const std::string& b) {
 }
 
 bool IsRoot(Host& host, const std::string& path) {
-  if (IsRootPath(path)) return true;
+  if (IsRootPath(path) || host.volumes.IsMountOfDesktop(path)) return true;
   const std::vector<PlaceOfVolume> volumes = host.volumes.List();
   return std::any_of(volumes.begin(), volumes.end(),
                      [&path](const PlaceOfVolume& volume) { return IsSamePath(volume.Path, path); });
@@ -43,6 +43,16 @@ std::vector<std::string> OwnFolders(Host& host, bool trashcanToo) {
   return folders;
 }
 
+// Those among them that are reached through a link, without it: the folder that holds such a one holds it no less.
+std::vector<std::string> RealPaths(Files& files, const std::vector<std::string>& folders) {
+  std::vector<std::string> real;
+  for (const std::string& folder : folders) {
+    std::string path = OrElse(folder, [&] { return files.RealPath(folder); });
+    if (!IsSamePath(path, folder)) real.push_back(std::move(path));
+  }
+  return real;
+}
+
 // The folder is that one or holds it, by name or in fact. `path` has no final backslash.
 bool Holds(Files& files, const std::string& path, std::string folder) {
   folder = StripTrailingBackslash(folder);
@@ -63,6 +73,7 @@ Protection ProtectionOf(Host& host, const std::string& path, bool trashcanToo) {
   if (IsRoot(host, asked) || IsRoot(host, found)) return Protection::Root;
   std::vector<std::string> folders = SystemFolders(host);
   for (std::string& folder : OwnFolders(host, trashcanToo)) folders.push_back(std::move(folder));
+  for (std::string& folder : RealPaths(files, folders)) folders.push_back(std::move(folder));
   const bool kept = std::any_of(folders.begin(), folders.end(), [&](const std::string& folder) {
     return Holds(files, asked, folder) || Holds(files, found, folder);
   });

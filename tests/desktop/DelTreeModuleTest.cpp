@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "desktop/DelTreeModule.h"
+#include "platform/runtime/Errors.h"
 #include "tests/support/FaultyFiles.h"
 #include "tests/support/TemporaryDrive.h"
 
@@ -42,12 +43,20 @@ TEST_F(DelTreeModuleTest, WhatWouldBeLostIsMore) {
   EXPECT_EQ(contents.Files + contents.Folders, 7);
 }
 
+TEST_F(DelTreeModuleTest, WhatWouldBeLostIsUnknownWhereTheFolderCannotBeRead) {
+  FaultyFiles faulty(files_);
+  faulty.FailNth(FileCall::Names, 2, error::DeviceIO);
+  EXPECT_EQ(ErrorsIgnored([&] { ContentsToLose(faulty, "C:\\p"); }), error::DeviceIO);
+  EXPECT_EQ(ErrorsIgnored([&] { ContentsToLose(faulty, "C:\\missing"); }), error::PathNotFound);
+}
+
 TEST_F(DelTreeModuleTest, ATreeIsGoneOrTheAnswerIsNo) {
-  EXPECT_TRUE(DeleteTree(files_, "C:\\p\\"));
+  const FolderIdentity folder = files_.IdentityOf("C:\\p");
+  EXPECT_FALSE(DeleteTree(files_, "C:\\p\\sub", folder));
+  EXPECT_TRUE(drive_.Exists("C:\\p\\sub\\c.jpg"));
+  EXPECT_TRUE(DeleteTree(files_, "C:\\p\\", folder));
   EXPECT_FALSE(drive_.Exists("C:\\p"));
-  EXPECT_FALSE(DeleteTree(files_, "C:\\p"));
-  EXPECT_FALSE(DeleteTree(files_, "C:\\"));
-  EXPECT_FALSE(DeleteTree(files_, ""));
+  for (const char* path : {"C:\\p", "C:\\", ""}) EXPECT_FALSE(DeleteTree(files_, path, folder)) << path;
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 #include "desktop/FolderDelete.h"
 #include "platform/controls/Toolkit.h"
 #include "tests/desktop/DesktopTest.h"
+#include "tests/platform/posix/OrdinaryUser.h"
 #include "window/MenuBar.h"
 
 namespace pixorra {
@@ -24,6 +25,9 @@ class FolderDeleteTest : public DesktopTest {
     const std::string last = name.substr(name.rfind('\\') == std::string::npos ? 0 : name.rfind('\\') + 1);
     person.ExpectBox(" " + last + "  - Delete this folder", Question(Folder(name), contents), answer,
                      std::move(meanwhile));
+  }
+  void ExpectFailure(const std::string& name) {
+    person.ExpectBox("Error - Deleting Folder", Folder(name) + "\n\nUnable to delete folder.");
   }
   void ExpectRefused(const std::string& path, const std::string& why) {
     person.ExpectBox(CannotDelete, path + "\n\n" + why);
@@ -140,7 +144,7 @@ TEST_F(FolderDeleteTest, AFolderThatCannotBeDeletedLeavesTheDesktopAllTheSame) {
   const int slot = Show(MakePhotos("One", 1));
   run.files.FailNth(FileCall::RemoveTree, 1, error::PathAccess);
   ExpectQuestion("One", Holds(" 1 files"));
-  person.ExpectBox("Error - Deleting Folder", Folder("One") + "\n\nUnable to delete folder.");
+  ExpectFailure("One");
   DeleteFolderAsked(main, slot);
   EXPECT_TRUE(drive.Exists(Folder("One") + "\\p001.bmp"));
   EXPECT_FALSE(desk.DestFolder(slot).Visible());
@@ -187,11 +191,88 @@ TEST_F(FolderDeleteTest, AFolderThatGoesDuringTheQuestionCostsNoOtherFolder) {
   const int two = ShowAndOpen(MakePhotos("Two", 1));
   ExpectQuestion("One", Holds(" 1 files"), BoxAnswer::Yes, [&] { drive.Remove(Folder("One")); });
   person.ExpectBox("Pixorra - Unable to Open folder", "?? Folder Not Found\n\n" + Folder("One"));
-  person.ExpectBox("Error - Deleting Folder", Folder("One") + "\n\nUnable to delete folder.");
+  ExpectFailure("One");
   DeleteFolderAsked(main, one);
   EXPECT_FALSE(desk.DestFolder(one).Visible());
   EXPECT_TRUE(desk.DestFolder(two).Visible());
   EXPECT_TRUE(drive.Exists(Folder("Two") + "\\p001.bmp"));
+}
+
+TEST_F(FolderDeleteTest, AFolderThatCannotBeListedIsNeitherCalledEmptyNorDeleted) {
+  const int slot = Show(MakePhotos("One", 2));
+  drive.SetMode(Folder("One"), 0300);
+  {
+    const OrdinaryUser user(drive.HostRoot());
+    if (!user.Binds()) GTEST_SKIP() << "permissions bind nobody here";
+    ExpectFailure("One");
+    DeleteFolderAsked(main, slot);
+  }
+  EXPECT_TRUE(drive.Exists(Folder("One") + "\\p002.bmp"));
+}
+
+TEST_F(FolderDeleteTest, AFolderWhoseListingFailsIsNeitherCalledEmptyNorDeleted) {
+  const int slot = Show(MakePhotos("One", 2));
+  run.files.FailAlways(FileCall::Names, error::DeviceIO, Folder("One"));
+  ExpectFailure("One");
+  DeleteFolderAsked(main, slot);
+  EXPECT_TRUE(drive.Exists(Folder("One") + "\\p002.bmp"));
+}
+
+TEST_F(FolderDeleteTest, AFolderThatCannotBeOpenedAfterTheQuestionStays) {
+  const int slot = Show(MakePhotos("One", 1));
+  ExpectQuestion("One", Holds(" 1 files"), BoxAnswer::Yes,
+                 [&] { run.files.FailAlways(FileCall::FolderPath, error::PathNotFound, Folder("One")); });
+  person.ExpectBox("Pixorra - Unable to Open folder", "?? Folder Not Found\n\n" + Folder("One"));
+  ExpectFailure("One");
+  DeleteFolderAsked(main, slot);
+  EXPECT_TRUE(drive.Exists(Folder("One") + "\\p001.bmp"));
+}
+
+TEST_F(FolderDeleteTest, AnotherFolderThatTakesItsNameDuringTheQuestionStays) {
+  const int slot = Show(MakePhotos("One", 1));
+  ExpectQuestion("One", Holds(" 1 files"), BoxAnswer::Yes, [&] {
+    std::filesystem::rename(drive.HostPath(Folder("One")), drive.HostPath(Folder("Moved")));
+    MakePhotos("One", 3);
+  });
+  ExpectFailure("One");
+  DeleteFolderAsked(main, slot);
+  EXPECT_TRUE(drive.Exists(Folder("One") + "\\p003.bmp"));
+  EXPECT_TRUE(drive.Exists(Folder("Moved") + "\\p001.bmp"));
+}
+
+TEST_F(FolderDeleteTest, AFolderThatIsProtectedAtTheAnswerStays) {
+  const int slot = Show(MakePhotos("One", 1));
+  ExpectQuestion("One", Holds(" 1 files"), BoxAnswer::Yes, [&] { drive.DrivePlaces().Kept = {Folder("One")}; });
+  ExpectRefused(Folder("One"), System);
+  DeleteFolderAsked(main, slot);
+  EXPECT_TRUE(drive.Exists(Folder("One") + "\\p001.bmp"));
+  EXPECT_TRUE(desk.DestFolder(slot).Visible());
+}
+
+TEST_F(FolderDeleteTest, AnotherFolderThatCannotBeLookedAtNowStaysOnTheDesktop) {
+  const int one = Show(MakePhotos("One", 0));
+  const int two = Show(MakePhotos("Two", 1));
+  Show(MakePhotos("Last", 1));  // the one that opens in between
+  ExpectQuestion("One", "This folder is empty.", BoxAnswer::Yes, [&] {
+    run.files.FailAlways(FileCall::Attributes, error::DeviceIO, Folder("Two"));
+    run.files.FailAlways(FileCall::IdentityOf, error::DeviceIO, Folder("Two"));
+  });
+  DeleteFolderAsked(main, one);
+  EXPECT_FALSE(drive.Exists(Folder("One")));
+  EXPECT_TRUE(desk.DestFolder(two).Visible());
+}
+
+TEST_F(FolderDeleteTest, AStepThatFailsAfterTheAnswerStopsNoOther) {
+  const int slot = ShowAndOpen(MakePhotos("One", 1));
+  ExpectQuestion("One", Holds(" 1 files"), BoxAnswer::Yes, [&] {
+    for (const int n : {1, 2})
+      run.files.BeforeNth(
+          FileCall::Names, n, [] { throw RuntimeError(error::OutOfMemory); }, Folder("One"));
+  });
+  DeleteFolderAsked(main, slot);
+  EXPECT_FALSE(drive.Exists(Folder("One")));
+  EXPECT_FALSE(desk.DestFolder(slot).Visible());
+  EXPECT_EQ(desk.DestContentsLabel.Caption(), "");
 }
 
 TEST_F(FolderDeleteTest, NoSlotAndAFreeSlotDoNothing) {
@@ -249,6 +330,26 @@ TEST_F(FolderDeleteTest, AProtectedFolderUnderAnotherNameStays) {
   ExpectRefused(Folder("mine"), System);
   DeleteFolderAsked(main, slot);
   EXPECT_TRUE(drive.Exists(Folder("Pictures") + "\\p001.bmp"));
+}
+
+TEST_F(FolderDeleteTest, AFolderThatHoldsTheHomeInFactStays) {
+  drive.MakeFolder("C:\\Data\\people\\anna");
+  drive.MakeLink("C:\\Home\\Anna", "../Data/people/anna");
+  drive.DrivePlaces().Kept = {"C:\\Home\\Anna"};
+  for (const char* path : {"C:\\Data\\people", "C:\\Data"}) {
+    const int slot = Show(path);
+    ExpectRefused(path, System);
+    DeleteFolderAsked(main, slot);
+    EXPECT_TRUE(drive.Exists("C:\\Data\\people\\anna"));
+  }
+}
+
+TEST_F(FolderDeleteTest, WhatTheDesktopMountsIsARoot) {
+  const int slot = Show(MakePhotos("far", 1));
+  run.platform.volumes.DesktopMounts = {Folder("far")};
+  ExpectRefused(Folder("far"), Root);
+  DeleteFolderAsked(main, slot);
+  EXPECT_TRUE(drive.Exists(Folder("far") + "\\p001.bmp"));
 }
 
 TEST_F(FolderDeleteTest, SubFoldersOfProtectedFoldersAreNotProtected) {

@@ -156,6 +156,17 @@ std::vector<std::string> FaultyFiles::Names(const std::string& folder, const std
   return names;
 }
 
+std::vector<std::string> FaultyFiles::CompleteNames(const std::string& folder, const std::string& pattern,
+                                                    int attributes) {
+  const int number = Strike(FileCall::Names, folder);
+  if (number != 0) throw RuntimeError(number);
+  if (IsAway(folder)) throw RuntimeError(error::PathNotFound);
+  std::vector<std::string> names = inner_->CompleteNames(folder, pattern, attributes);
+  std::erase_if(names,
+                [&](const std::string& name) { return IsAway(folder + (folder.ends_with('\\') ? "" : "\\") + name); });
+  return names;
+}
+
 std::vector<std::string> FaultyFiles::Folders(const std::string& folder, int attributes) {
   const int number = Strike(FileCall::Folders, folder);
   if (number != 0) throw RuntimeError(number);
@@ -227,10 +238,10 @@ void FaultyFiles::MakeFolder(const std::string& path) {
   inner_->MakeFolder(path);
 }
 
-void FaultyFiles::RemoveTree(const std::string& path) {
+void FaultyFiles::RemoveTree(const std::string& path, const FolderIdentity& meant) {
   Check(FileCall::RemoveTree, path);
   AboutToChange();
-  inner_->RemoveTree(path);
+  inner_->RemoveTree(path, meant);
 }
 
 void FaultyFiles::RemoveFolder(const std::string& path) {
@@ -259,6 +270,18 @@ bool FaultyFiles::SetTimes(const std::string& path, const CalendarTime& time) {
   if (Strike(FileCall::SetTimes, path) != 0 || IsAway(path)) return false;
   AboutToChange();
   return inner_->SetTimes(path, time);
+}
+
+FolderIdentity FaultyFiles::IdentityOf(const std::string& path) {
+  const int number = Strike(FileCall::IdentityOf, path);
+  if (number != 0) throw RuntimeError(number);
+  if (IsAway(path)) throw RuntimeError(error::PathNotFound);
+  return inner_->IdentityOf(path);
+}
+
+std::string FaultyFiles::RealPath(const std::string& path) {
+  if (IsAway(path)) throw RuntimeError(error::PathNotFound);
+  return inner_->RealPath(path);
 }
 
 std::string FaultyFiles::FolderPath(const std::string& path) {

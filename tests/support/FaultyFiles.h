@@ -13,8 +13,9 @@
 
 namespace pixorra {
 
-// What can fail. Names, Attributes, LastWriteTime and SetTimes fail by answering as for nothing there, NameTaken by
-// not knowing; the others raise. LastWriteTimeToRead counts as OpenToRead, and answers as for nothing there.
+// What can fail; CompleteNames fails with Names, and raises. Names, Attributes, LastWriteTime and SetTimes fail by
+// answering as for nothing there, NameTaken by not knowing; the others raise. LastWriteTimeToRead counts as OpenToRead,
+// and answers as for nothing there.
 enum class FileCall {
   Names,
   Attributes,
@@ -36,6 +37,7 @@ enum class FileCall {
   LastWriteTime,
   SetTimes,
   FolderPath,
+  IdentityOf,
   Folders,
 };
 
@@ -67,6 +69,8 @@ class FaultyFiles : public Files {
   int Count(FileCall call) const;
 
   std::vector<std::string> Names(const std::string& folder, const std::string& pattern, int attributes) override;
+  std::vector<std::string> CompleteNames(const std::string& folder, const std::string& pattern,
+                                         int attributes) override;
   std::vector<std::string> Folders(const std::string& folder, int attributes) override;
   std::optional<int> Attributes(const std::string& path) override;
   void SetAttributes(const std::string& path, int attributes) override;
@@ -80,13 +84,15 @@ class FaultyFiles : public Files {
   void RenameOver(const std::string& from, const std::string& to) override;
   void MakeFolder(const std::string& path) override;
   void RemoveFolder(const std::string& path) override;
-  void RemoveTree(const std::string& path) override;
+  void RemoveTree(const std::string& path, const FolderIdentity& meant) override;
   void FlushFolder(const std::string& path) override;
   std::optional<CalendarTime> LastWriteTime(const std::string& path) override;
   std::optional<CalendarTime> LastWriteTimeToRead(const std::string& path) override;
   bool SetTimes(const std::string& path, const CalendarTime& time) override;
   std::vector<Drive> Drives() override { return inner_->Drives(); }
   std::string FolderPath(const std::string& path) override;
+  FolderIdentity IdentityOf(const std::string& path) override;
+  std::string RealPath(const std::string& path) override;
   std::string ShownPath(const std::string& path) override { return inner_->ShownPath(path); }
   std::string ProgramPath(const std::string& typed) override { return inner_->ProgramPath(typed); }
 

@@ -9,6 +9,7 @@
 
 #include "platform/posix/PathMapping.h"
 #include "platform/posix/UniqueFd.h"
+#include "platform/services/Files.h"
 
 namespace pixorra {
 
@@ -16,6 +17,10 @@ struct FolderEntry {
   std::string Name;  // the host's bytes
   bool IsFolder = false;
 };
+
+// The identity of a host's folder; a link counts as what it leads to. 0, or the host's error: ENOTDIR where that is no
+// folder.
+int LookAtFolder(const std::string& hostPath, FolderIdentity& identity);
 
 enum class Access {
   AsItIs,
@@ -34,27 +39,27 @@ class FolderDescent {
   // All of it but "." and "..", read once. What cannot be read is left out.
   std::vector<FolderEntry> List() const;
 
+  const FolderIdentity& Is() const { return levels_.back().Is; }
+  // The identity of what has the name in this folder, a link by itself. 0, or the host's error.
+  int LookAt(const std::string& name, FolderIdentity& identity) const;
+
   // Into a folder of this one. 0, or the host's error: ENOTDIR where that is no folder, or is a link; EXDEV where
-  // another file system is mounted on it.
+  // another file system is mounted on it; ESTALE where it has been moved elsewhere just now.
   int Enter(const std::string& name, Access access);
-  // Back to the folder above. 0, or the host's error: ESTALE where it is not the one that was left, as folders have
-  // been moved meanwhile.
+  // Back to the folder above. 0, or the host's error: ESTALE where this folder is no longer in the one that it was
+  // entered from, as folders have been moved meanwhile.
   int Leave();
+  // 0 where this folder and those above it, as far as they are open, are in each other still, or else ESTALE: one of
+  // them has been moved since it was entered.
+  int CheckWay() const;
 
  private:
-  struct Identity {
-    std::uint64_t Disk = 0;
-    std::uint64_t Number = 0;
-    std::uint64_t Mount = 0;  // 0 on hosts that do not say
-    unsigned Mode = 0;
-  };
   struct Level {
     UniqueFd Fd;  // empty where so many lie below it that it has been closed
-    Identity Is;
+    FolderIdentity Is;
   };
-  static int Look(int fd, Identity& identity);
-  static UniqueFd OpenWidened(int parent, const std::string& name, const Identity& above);
-  static bool SameMount(const Identity& a, const Identity& b);
+  int CheckAbove(std::size_t level) const;
+  static UniqueFd OpenWidened(int parent, const std::string& name, const FolderIdentity& above);
 
   std::vector<Level> levels_;
   int failure_ = 0;

@@ -76,12 +76,14 @@ int AttributesOfEntry(const std::string& path, std::string_view name, const stru
 }
 
 std::vector<std::string> ListFolder(const std::string& folder, const std::string& pattern, int attributes,
-                                    const std::function<bool(const std::string&)>& leaveOut) {
+                                    const std::function<bool(const std::string&)>& leaveOut, int& failure) {
   std::vector<std::string> names;
   const std::unique_ptr<DIR, int (*)(DIR*)> open(opendir(folder.c_str()), closedir);
+  failure = open ? 0 : errno;
   if (!open) return names;
   const std::string start = folder == "/" ? folder : folder + '/';
-  while (const dirent* entry = readdir(open.get())) {
+  errno = 0;
+  for (; const dirent* entry = readdir(open.get()); errno = 0) {
     const std::string hostName = static_cast<const char*>(entry->d_name);
     if (hostName == "." || hostName == "..") continue;
     if (hostName[0] == '.' && (attributes & attribute::Hidden) == 0) continue;
@@ -92,6 +94,7 @@ std::vector<std::string> ListFolder(const std::string& folder, const std::string
     if (kind == Kind::Folder && leaveOut(start + hostName)) continue;
     names.push_back(std::move(name));
   }
+  failure = errno;
   return names;
 }
 

@@ -16,9 +16,10 @@ namespace pixorra {
 // `entry` is of the host path itself, `name` its last name in the host's spelling.
 int AttributesOfEntry(const std::string& path, std::string_view name, const struct stat& entry);
 
-// For Files::Names. Folders that `leaveOut` takes, by their host paths, are left out.
+// For Files::Names. Folders that `leaveOut` takes, by their host paths, are left out. `failure` is the host's error
+// that ended the reading early, with what was read until then returned, or 0.
 std::vector<std::string> ListFolder(const std::string& folder, const std::string& pattern, int attributes,
-                                    const std::function<bool(const std::string&)>& leaveOut);
+                                    const std::function<bool(const std::string&)>& leaveOut, int& failure);
 
 // As Files::FolderPath does; raises PathNotFound.
 std::string PathOfFolder(const PathMapping& mapping, const std::string& path);

@@ -5,11 +5,14 @@
 #include <array>
 #include <cerrno>
 #include <cstdio>
+#include <cstdlib>
 #include <fcntl.h>
+#include <memory>
 #include <sys/stat.h>
 #include <unistd.h>
 #include <utility>
 
+#include "platform/posix/FolderDescent.h"
 #include "platform/posix/FolderListing.h"
 #include "platform/posix/HostErrors.h"
 #include "platform/posix/HostFile.h"
@@ -82,16 +85,29 @@ Located PosixFiles::Find(const std::string& path) {
 }
 
 std::vector<std::string> PosixFiles::Names(const std::string& folder, const std::string& pattern, int attributes) {
-  std::vector<std::string> names;
-  static_cast<void>(ErrorsIgnored([&] {
-    const Located located = Find(folder);
-    if (!located.Exists()) return;
-    // Where a volume is mounted another drive begins; it has a letter of its own.
-    const PathMapping& mapping = mapping_->Current();
-    names = ListFolder(located.Path.Text(), pattern, attributes,
-                       [&mapping](const std::string& path) { return mapping.IsVolumeRoot(path); });
-  }));
+  int failure = 0;
+  return OrElse(std::vector<std::string>(), [&] { return NamesIn(folder, pattern, attributes, failure); });
+}
+
+std::vector<std::string> PosixFiles::CompleteNames(const std::string& folder, const std::string& pattern,
+                                                   int attributes) {
+  int failure = 0;
+  std::vector<std::string> names = NamesIn(folder, pattern, attributes, failure);
+  if (failure == ENOENT) throw RuntimeError(error::PathNotFound);
+  if (failure != 0) RaiseHostError(failure);
   return names;
+}
+
+std::vector<std::string> PosixFiles::NamesIn(const std::string& folder, const std::string& pattern, int attributes,
+                                             int& failure) {
+  const Located located = Find(folder);
+  failure = located.Failure;
+  if (!located.Exists()) return {};
+  // Where a volume is mounted another drive begins; it has a letter of its own.
+  const PathMapping& mapping = mapping_->Current();
+  return ListFolder(
+      located.Path.Text(), pattern, attributes,
+      [&mapping](const std::string& path) { return mapping.IsVolumeRoot(path); }, failure);
 }
 
 std::vector<std::string> PosixFiles::Folders(const std::string& folder, int attributes) {
@@ -254,20 +270,21 @@ void PosixFiles::RemoveFolder(const std::string& path) {
   RaiseFor(located.Path, errno == EEXIST ? ENOTEMPTY : errno);
 }
 
-void PosixFiles::RemoveTree(const std::string& path) {
+void PosixFiles::RemoveTree(const std::string& path, const FolderIdentity& meant) {
   const HostPath asked = mapping_->Current().ToHost(path);
   MustNotBeRoot(asked);
   const Located located = Locate(asked);
   if (located.Failure == ENOENT || !IsSpelledAs(asked, located)) throw RuntimeError(error::PathNotFound);
   MustExist(located);
   if (!S_ISDIR(located.Entry.st_mode) && !S_ISLNK(located.Entry.st_mode)) throw RuntimeError(error::PathNotFound);
-  switch (const int failure = RemoveHostTree(located.Path)) {
+  switch (const int failure = RemoveHostTree(located.Path, meant)) {
     case 0:
       return;
     case ENOENT:
       throw RuntimeError(error::PathNotFound);
     case EXDEV:    // another file system in it
     case ENOTDIR:  // a link
+    case ESTALE:   // another folder, or one that has been moved
       throw RuntimeError(error::PathAccess);
     default:
       RaiseHostError(failure == EEXIST ? ENOTEMPTY : failure);
@@ -333,6 +350,23 @@ std::string PosixFiles::FolderPath(const std::string& path) {
     if (!IsFolder(hostPath) || faccessat(AT_FDCWD, hostPath.c_str(), R_OK | X_OK, AT_EACCESS) != 0) return;
     program = mapping_->Current().ToProgram(hostPath);
   }));
+  if (!program) throw RuntimeError(error::PathNotFound);
+  return *program;
+}
+
+FolderIdentity PosixFiles::IdentityOf(const std::string& path) {
+  const Located located = Find(path);
+  FolderIdentity identity;
+  const int failure = located.Exists() ? LookAtFolder(located.Path.Text(), identity) : located.Failure;
+  // A link that leads nowhere or in a circle.
+  if (failure == ENOENT || failure == ELOOP) throw RuntimeError(error::PathNotFound);
+  if (failure != 0) RaiseHostError(failure);
+  return identity;
+}
+
+std::string PosixFiles::RealPath(const std::string& path) {
+  const std::unique_ptr<char, void (*)(void*)> real(realpath(Find(path).Path.Text().c_str(), nullptr), std::free);
+  const std::optional<std::string> program = real ? mapping_->Current().ToProgram(real.get()) : std::nullopt;
   if (!program) throw RuntimeError(error::PathNotFound);
   return *program;
 }

@@ -18,6 +18,8 @@ class PosixFiles : public Files {
   explicit PosixFiles(std::shared_ptr<MappingSource> mapping);
 
   std::vector<std::string> Names(const std::string& folder, const std::string& pattern, int attributes) override;
+  std::vector<std::string> CompleteNames(const std::string& folder, const std::string& pattern,
+                                         int attributes) override;
   std::vector<std::string> Folders(const std::string& folder, int attributes) override;
   std::optional<int> Attributes(const std::string& path) override;
   void SetAttributes(const std::string& path, int attributes) override;
@@ -32,13 +34,15 @@ class PosixFiles : public Files {
   void RenameOver(const std::string& from, const std::string& to) override;
   void MakeFolder(const std::string& path) override;
   void RemoveFolder(const std::string& path) override;
-  void RemoveTree(const std::string& path) override;
+  void RemoveTree(const std::string& path, const FolderIdentity& meant) override;
   void FlushFolder(const std::string& path) override;
   std::optional<CalendarTime> LastWriteTime(const std::string& path) override;
   std::optional<CalendarTime> LastWriteTimeToRead(const std::string& path) override;
   bool SetTimes(const std::string& path, const CalendarTime& time) override;
   std::vector<Drive> Drives() override;
   std::string FolderPath(const std::string& path) override;
+  FolderIdentity IdentityOf(const std::string& path) override;
+  std::string RealPath(const std::string& path) override;
   std::string ShownPath(const std::string& path) override;
   std::string ProgramPath(const std::string& typed) override;
 
@@ -52,6 +56,7 @@ class PosixFiles : public Files {
   };
 
   Located Find(const std::string& path);
+  std::vector<std::string> NamesIn(const std::string& folder, const std::string& pattern, int attributes, int& failure);
   void RememberFree(const std::string& path, const Located& located);
   bool IsStillFree(const std::string& path) const;
 

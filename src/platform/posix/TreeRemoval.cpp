@@ -62,7 +62,8 @@ int LookForMounts(FolderDescent& way, const std::string& root) {
 // One walk through the tree, each folder read once and removed when all in it has gone.
 class Removal {
  public:
-  Removal(FolderDescent& way, const FolderListed& listed) : way_(way), listed_(listed) {}
+  Removal(FolderDescent& way, const FolderIdentity& meant, const FolderListed& listed)
+      : way_(way), meant_(meant), listed_(listed) {}
 
   int Run(const std::string& root) {
     int failure = Begin(root);
@@ -82,9 +83,11 @@ class Removal {
 
   int Begin(const std::string& name) {
     if (const int failure = way_.Enter(name, Access::Widened)) return failure;
+    if (levels_.empty() && way_.Is() != meant_) return ESTALE;
     levels_.push_back({name, way_.List()});
     if (listed_) listed_(Path());
-    return 0;
+    // What has been moved out of the tree is no longer to be removed.
+    return way_.CheckWay();
   }
 
   // A file that stays is no reason to stop, but its folder will be.
@@ -103,6 +106,10 @@ class Removal {
     const std::string name = std::move(levels_.back().Name);
     levels_.pop_back();
     if (const int failure = way_.Leave()) return failure;
+    // Time has passed in there.
+    if (!levels_.empty()) {
+      if (const int failure = way_.CheckWay()) return failure;
+    }
     return unlinkat(way_.Folder(), name.c_str(), AT_REMOVEDIR) == 0 || errno == ENOENT ? 0 : errno;
   }
 
@@ -113,20 +120,26 @@ class Removal {
   }
 
   FolderDescent& way_;
+  const FolderIdentity& meant_;
   const FolderListed& listed_;
   std::vector<Level> levels_;
 };
 
 }  // namespace
 
-int RemoveHostTree(const HostPath& path, const FolderListed& listed) {
+int RemoveHostTree(const HostPath& path, const FolderIdentity& meant, const FolderListed& listed) {
   FolderDescent way(path, path.Names.size() - 1);
   if (way.Failure() != 0) return way.Failure();
   const std::string& root = path.Names.back();
   const std::string above = KernelPath(way.Folder());
   if (!above.empty() && IsMountListed((above == "/" ? "" : above) + '/' + root)) return EXDEV;
-  if (const int failure = LookForMounts(way, root)) return failure;
-  return Removal(way, listed).Run(root);
+  // Before the rights of a folder are changed that may be another one.
+  FolderIdentity found;
+  const int failure = LookForMounts(way, root);
+  if (failure != 0) return failure;
+  if (const int lookFailure = way.LookAt(root, found)) return lookFailure;
+  if (found != meant) return ESTALE;
+  return Removal(way, meant, listed).Run(root);
 }
 
 }  // namespace pixorra

@@ -55,6 +55,16 @@ class File {
   std::int64_t CopyBlocks(File& source, std::int64_t offset, std::int64_t count);
 };
 
+// Which folder a path leads to: one that is put in its place is another. Equal for as long as the folder is there and
+// stays mounted. What the host does not know of it is 0.
+struct FolderIdentity {
+  std::uint64_t Disk = 0;
+  std::uint64_t Number = 0;  // on its disk
+  std::uint64_t Mount = 0;   // by which it was reached
+  std::int64_t Born = 0;     // nanoseconds since 1970
+  bool operator==(const FolderIdentity&) const = default;
+};
+
 enum class OpenMode {
   Read,       // must exist; only ordinary files open (nothing blocks on a FIFO)
   ReadWrite,  // made when missing, never shortened; not through a symbolic link
@@ -74,6 +84,11 @@ class Files {
   // what `attributes` adds (Hidden, System, Directory; never "." and ".."). A folder that cannot be read is empty.
   // With System, a link counts by itself and not as what it leads to.
   virtual std::vector<std::string> Names(const std::string& folder, const std::string& pattern, int attributes) = 0;
+
+  // As Names gives them, but all of them: raises PathNotFound, PathAccess or DeviceIO where the folder cannot be read
+  // to its end.
+  virtual std::vector<std::string> CompleteNames(const std::string& folder, const std::string& pattern,
+                                                 int attributes) = 0;
 
   // Names of the folders in a folder, and of links to folders, in the order of NaturalLess; hidden ones only where
   // `attributes` has Hidden. Nothing else of them is looked at, so thousands of files beside them cost little. Raises
@@ -109,10 +124,11 @@ class Files {
   virtual void MakeFolder(const std::string& path) = 0;
   virtual void RemoveFolder(const std::string& path) = 0;  // only an empty one, never through a link
   // Removes a folder with all that is in it, what is hidden or read-only included. A link in it goes as a link: nothing
-  // that it leads to is touched. Raises PathAccess, and removes nothing, where the folder is a root, where it or a
-  // folder on the way to it is a link, and where another file system is mounted on it or in it. Otherwise raises the
-  // error of the first folder that cannot be removed; what went before has gone.
-  virtual void RemoveTree(const std::string& path) = 0;
+  // that it leads to is touched. Raises PathAccess, and removes nothing, where the folder is a root or not the one that
+  // is meant, where it or a folder on the way to it is a link, and where another file system is mounted on it or in it.
+  // Otherwise raises the error of the first folder that cannot be removed, PathAccess where it has been moved
+  // meanwhile; what went before has gone.
+  virtual void RemoveTree(const std::string& path, const FolderIdentity& meant) = 0;
   // The folder's entries are on stable storage when this returns.
   virtual void FlushFolder(const std::string& path) = 0;
 
@@ -132,6 +148,11 @@ class Files {
   virtual std::vector<Drive> Drives() = 0;
   // The path in the disk's own case and one spelling; raises PathNotFound where no such folder can be entered.
   virtual std::string FolderPath(const std::string& path) = 0;
+  // The identity of the folder, or of the one that a link leads to. Raises PathNotFound where there is surely no such
+  // folder, and any other error where that cannot be known now.
+  virtual FolderIdentity IdentityOf(const std::string& path) = 0;
+  // The path of what it leads to, with no link in it; raises PathNotFound where it leads nowhere or out of all drives.
+  virtual std::string RealPath(const std::string& path) = 0;
   // How a person here writes the path, and back: either spelling is taken.
   virtual std::string ShownPath(const std::string& path) = 0;
   virtual std::string ProgramPath(const std::string& typed) = 0;

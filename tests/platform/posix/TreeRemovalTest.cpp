@@ -12,6 +12,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include "platform/posix/FolderDescent.h"
 #include "platform/posix/PathMapping.h"
 #include "platform/posix/TreeRemoval.h"
 #include "tests/platform/posix/OrdinaryUser.h"
@@ -36,7 +37,12 @@ class TreeRemoval : public ::testing::Test {
   }
   int Remove(const FolderListed& listed = {}) { return RemovePath("C:\\tree", listed); }
   int RemovePath(const std::string& path, const FolderListed& listed = {}) {
-    return RemoveHostTree(PathMapping({{'C', drive_.HostRoot(), "Test"}}).ToHost(path), listed);
+    return RemoveHostTree(PathMapping({{'C', drive_.HostRoot(), "Test"}}).ToHost(path), IdentityOf(path), listed);
+  }
+  FolderIdentity IdentityOf(const std::string& path) const {
+    FolderIdentity identity;
+    EXPECT_EQ(LookAtFolder(Host(path), identity), 0) << path;
+    return identity;
   }
   // The paths, kinds, permissions and contents of all that is not in the tree.
   std::set<std::string> Outside() const {
@@ -182,6 +188,45 @@ TEST_F(TreeRemoval, WhatSomebodyElseRemovesMeanwhileIsNoFailure) {
   ExpectOutsideUnchanged();
 }
 
+TEST_F(TreeRemoval, AnotherFolderThanTheOneThatIsMeantStays) {
+  const FolderIdentity meant = IdentityOf("C:\\tree");
+  fs::rename(Host("C:\\tree"), Host("C:\\precious\\tree"));
+  drive_.Write("C:\\tree\\other.jpg", "other");
+  drive_.SetMode("C:\\tree", 0500);
+  EXPECT_EQ(RemoveHostTree(PathMapping({{'C', drive_.HostRoot(), "Test"}}).ToHost("C:\\tree"), meant), ESTALE);
+  EXPECT_EQ(drive_.Read("C:\\tree\\other.jpg"), "other");
+  EXPECT_EQ(drive_.Read("C:\\precious\\tree\\a.jpg"), "a");
+  struct stat entry {};
+  ASSERT_EQ(stat(Host("C:\\tree").c_str(), &entry), 0);
+  EXPECT_EQ(entry.st_mode & 0777U, 0500U);
+}
+
+TEST_F(TreeRemoval, AFolderThatIsMovedOutMeanwhileKeepsWhatIsInIt) {
+  const auto move = [&](const std::string& folder) {
+    if (folder == "tree/sub") fs::rename(Host("C:\\tree\\sub"), Host("C:\\precious\\moved"));
+  };
+  EXPECT_EQ(Remove(move), ESTALE);
+  EXPECT_EQ(drive_.Read("C:\\precious\\moved\\b.jpg"), "b");
+  EXPECT_EQ(drive_.Read("C:\\precious\\moved\\deep\\c.jpg"), "c");
+}
+
+TEST_F(TreeRemoval, AFolderInOneThatIsMovedOutMeanwhileKeepsWhatIsInIt) {
+  const auto move = [&](const std::string& folder) {
+    if (folder == "tree/sub/deep") fs::rename(Host("C:\\tree\\sub"), Host("C:\\precious\\moved"));
+  };
+  EXPECT_EQ(Remove(move), ESTALE);
+  EXPECT_EQ(drive_.Read("C:\\precious\\moved\\deep\\c.jpg"), "c");
+}
+
+TEST_F(TreeRemoval, TheTreeItselfMovedMeanwhileKeepsWhatIsInIt) {
+  const auto move = [&](const std::string& folder) {
+    if (folder == "tree") fs::rename(Host("C:\\tree"), Host("C:\\precious\\tree"));
+  };
+  EXPECT_EQ(Remove(move), ESTALE);
+  EXPECT_EQ(drive_.Read("C:\\precious\\tree\\a.jpg"), "a");
+  EXPECT_EQ(drive_.Read("C:\\precious\\tree\\sub\\b.jpg"), "b");
+}
+
 // --- permissions -----------------------------------------------------------------------------------------------------
 
 TEST_F(TreeRemoval, ReadOnlyFilesAndFoldersGo) {
@@ -209,6 +254,20 @@ TEST_F(TreeRemoval, AFolderWhoseParentMayNotBeWrittenStaysAndIsEmptied) {
   struct stat parent {};
   ASSERT_EQ(stat(Host("C:\\parent").c_str(), &parent), 0);
   EXPECT_EQ(parent.st_mode & 0777U, 0555U);
+}
+
+TEST_F(TreeRemoval, FoldersThatMayBeReadButNotEnteredGoAtAnyDepth) {
+  drive_.Write("C:\\tree\\listed\\d.jpg", "d");
+  drive_.SetMode("C:\\tree\\listed", 0400);
+  std::string deep = "C:\\tree";
+  for (int i = 0; i < 80; ++i) deep += "\\d";
+  drive_.Write(deep + "\\e.jpg", "e");
+  drive_.SetMode(deep, 0400);
+  const OrdinaryUser user(drive_.HostRoot());
+  if (!user.Binds()) GTEST_SKIP() << "permissions bind nobody here";
+  EXPECT_EQ(Remove(), 0);
+  EXPECT_FALSE(TreeIsThere());
+  ExpectOutsideUnchanged();
 }
 
 // --- names and depths ------------------------------------------------------------------------------------------------

@@ -15,6 +15,7 @@ class OneAnswer : public Files {
   std::optional<int> Attributes(const std::string&) override { return attributes_; }
 
   std::vector<std::string> Names(const std::string&, const std::string&, int) override { return {}; }
+  std::vector<std::string> CompleteNames(const std::string&, const std::string&, int) override { return {}; }
   std::vector<std::string> Folders(const std::string&, int) override { return {}; }
   void SetAttributes(const std::string&, int) override {}
   NameState LookAtName(const std::string&) override { return attributes_ ? NameState::Taken : NameState::Free; }
@@ -27,13 +28,15 @@ class OneAnswer : public Files {
   void RenameOver(const std::string&, const std::string&) override {}
   void MakeFolder(const std::string&) override {}
   void RemoveFolder(const std::string&) override {}
-  void RemoveTree(const std::string&) override {}
+  void RemoveTree(const std::string&, const FolderIdentity&) override {}
   void FlushFolder(const std::string&) override {}
   std::optional<CalendarTime> LastWriteTime(const std::string&) override { return {}; }
   std::optional<CalendarTime> LastWriteTimeToRead(const std::string&) override { return {}; }
   bool SetTimes(const std::string&, const CalendarTime&) override { return false; }
   std::vector<Drive> Drives() override { return {}; }
   std::string FolderPath(const std::string& path) override { return path; }
+  FolderIdentity IdentityOf(const std::string&) override { return {}; }
+  std::string RealPath(const std::string& path) override { return path; }
   std::string ShownPath(const std::string& path) override { return path; }
   std::string ProgramPath(const std::string& typed) override { return typed; }
 
