@@ -17,11 +17,12 @@ double MaxFor(double pixels, int unit) {
   return unit == LeastBarUnit ? RoundHalfEven(pixels / unit) : std::ceil(pixels / unit);
 }
 
-void ChangeUnit(ScrollBar& bar, BarScale& scale, int unit, double max) {
+void ChangeUnit(ScrollBar& bar, BarScale& scale, int unit, int min, double max) {
   const ScrollInProgress silent(bar);
   const double place = ScrolledPixels(bar, scale) + scale.Rest;
   scale = {.Unit = unit, .Rest = 0};
-  // Both the former value and the one to come are in this range.
+  // Both the former value and the one to come are in this range, but for one below the least.
+  bar.SetMin(min);
   bar.SetMax(std::max<double>(bar.Max(), max));
   bar.SetValue(std::clamp<double>(RoundHalfEven(place / unit), bar.Min(), bar.Max()));
 }
@@ -34,11 +35,14 @@ int BarUnitFor(double pixels) {
   return unit;
 }
 
-bool FitBar(ScrollBar& bar, BarScale& scale, double pixels) {
+bool FitBar(ScrollBar& bar, BarScale& scale, double pixels, int least) {
   const int unit = BarUnitFor(pixels);
   const double max = MaxFor(pixels, unit);
   const bool changes = unit != scale.Unit;
-  if (changes) ErrorsIgnored([&] { ChangeUnit(bar, scale, unit, std::max<double>(max, LeastBarMax)); });
+  if (changes) {
+    const int min = unit == LeastBarUnit ? least : 0;
+    ErrorsIgnored([&] { ChangeUnit(bar, scale, unit, min, std::max<double>(max, LeastBarMax)); });
+  }
   // A view that fits its window is scrolled back to its start by the first of the two.
   ErrorsIgnored([&] { bar.SetMax(max); });
   ErrorsIgnored([&] {

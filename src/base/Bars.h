@@ -26,8 +26,9 @@ inline double ScrolledPixels(const ScrollBar& bar, const BarScale& scale) {
 int BarUnitFor(double pixels);
 // Gives the bar the range for a view that scrolls by so many pixels; LeastBarMax where those are fewer. True where the
 // unit has changed: the value then is that of the same place, as near as the unit allows, Change has done nothing, and
-// the caller has to place the view.
-[[nodiscard]] bool FitBar(ScrollBar& bar, BarScale& scale, double pixels);
+// the caller has to place the view. `least` is the bar's Min in units of LeastBarUnit; in larger ones it is 0, as one
+// such unit would cut off part of the view's start.
+[[nodiscard]] bool FitBar(ScrollBar& bar, BarScale& scale, double pixels, int least = 0);
 
 // Moves the bar by so many pixels of its view, positive towards the end, to the nearest unit in its range. What is left
 // is kept for the next call, so that small moves add up; at an end of the range it is dropped.

@@ -28,6 +28,8 @@ constexpr int NameGap = 1;
 constexpr int RoomBelowNewCell = 23;
 constexpr int RoomBelowCells = 230;
 
+constexpr int LeastValue = 1;  // of the bar, in units of LeastBarUnit
+
 int Columns(const DesktopState& desk) {
   return std::max(1, desk.DestColumns);
 }
@@ -80,7 +82,7 @@ void ScrollView(MainForm& main) {
 
 [[nodiscard]] bool FitBarToCells(DesktopState& desk) {
   return FitBar(desk.DestScrollbar, desk.DestBarScale,
-                ScrollLengthFor(desk.DestSlotCount, Columns(desk), desk.DestThumbsWindow.Height()));
+                ScrollLengthFor(desk.DestSlotCount, Columns(desk), desk.DestThumbsWindow.Height()), LeastValue);
 }
 
 // The photos in view stay in view.
@@ -234,7 +236,7 @@ void ClearDestThumbnails(MainForm& main) {
   desk.DestCanvas.SetTop(0);
   desk.DestCanvas.Refresh();
   desk.DestBarScale = {};
-  ErrorsIgnored([&] { desk.DestScrollbar.SetMin(1); });
+  ErrorsIgnored([&] { desk.DestScrollbar.SetMin(LeastValue); });
   ErrorsIgnored([&] { desk.DestScrollbar.SetMax(LeastBarMax); });
   TakeFocusOff(desk.DestScrollbar);
 }

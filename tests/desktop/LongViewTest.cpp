@@ -87,6 +87,35 @@ TEST_F(LongViewTest, TheLastPhotoIsReachedByThumbArrowAndPixels) {
   ExpectViewAtBar();
 }
 
+TEST_F(LongViewTest, TheFirstRowIsSeenWholeHoweverLongTheFolder) {
+  OpenWith(10000);
+  ASSERT_EQ(desk.DestBarScale.Unit, 14);
+  EXPECT_GE(TopOf(1), 0) << "as it has been loaded";
+  person.MoveBar(desk.DestScrollbar, 300);
+  ASSERT_LT(TopOf(1), 0);
+  person.MoveBar(desk.DestScrollbar, desk.DestScrollbar.Min());
+  EXPECT_EQ(TopOf(1), 0);
+  ScrollDestBy(main, 500);
+  ScrollDestBy(main, -600);
+  EXPECT_EQ(TopOf(1), 0);
+  ExpectViewAtBar();
+}
+
+TEST_F(LongViewTest, TheLeastValueIsOneAgainWhereTheViewFitsUnitsOfTwoPixels) {
+  OpenWith(1800);
+  ASSERT_EQ(desk.DestBarScale.Unit, 4);
+  person.MoveBar(desk.DestScrollbar, 0);
+  Resize(980, 606);
+  ASSERT_EQ(desk.DestBarScale.Unit, 2);
+  EXPECT_EQ(desk.DestScrollbar.Min(), 1);
+  EXPECT_EQ(desk.DestScrollbar.Value(), 1);
+  ExpectViewAtBar();
+  Resize(782, 606);
+  ASSERT_EQ(desk.DestBarScale.Unit, 4);
+  EXPECT_EQ(desk.DestScrollbar.Min(), 0);
+  EXPECT_EQ(TopOf(1), 0);
+}
+
 TEST_F(LongViewTest, TheLastOfAllCellsIsReached) {
   OpenWith(MostCells);
   EXPECT_EQ(desk.DestBarScale.Unit, 46);  // 16,384 rows of 89 pixels
