@@ -8,6 +8,7 @@
 #include <sys/resource.h>
 #include <system_error>
 #include <unistd.h>
+#include <utility>
 
 #include "platform/codecs/CodecPictures.h"
 #include "platform/codecs/JpegReader.h"
@@ -26,6 +27,7 @@ struct DecodeAhead::Job {
   int scale = 0;
   std::int64_t length = 0;
   State state = State::Not;
+  std::int64_t claimed = 0;  // bytes granted to its decode
   std::atomic<bool> dropped = false;
   // The thread's own while it runs.
   std::unique_ptr<File> file;
@@ -65,33 +67,6 @@ bool IsScale(int scale) {
 }
 
 }  // namespace
-
-// Memory granted to a decode. One that does not fit beside those under way waits for them; what does not fit at all is
-// left alone.
-class DecodeAhead::Claim {
- public:
-  Claim(DecodeAhead& ahead, const Job& job, std::int64_t bytes) : ahead_(ahead) {
-    std::unique_lock lock(ahead_.mutex_);
-    ahead_.worked_.wait(lock,
-                        [&] { return ahead_.ending_ || job.dropped || ahead_.claimed_ == 0 || ahead_.Fits(bytes); });
-    if (ahead_.ending_ || job.dropped || !ahead_.Fits(bytes)) return;
-    granted_ = bytes;
-    ahead_.claimed_ += granted_;
-  }
-  ~Claim() {
-    const std::lock_guard lock(ahead_.mutex_);
-    ahead_.claimed_ -= granted_;
-    ahead_.worked_.notify_all();
-  }
-  Claim(const Claim&) = delete;
-  Claim& operator=(const Claim&) = delete;
-
-  bool IsGranted() const { return granted_ > 0; }
-
- private:
-  DecodeAhead& ahead_;
-  std::int64_t granted_ = 0;
-};
 
 DecodeAhead::DecodeAhead(Files& files)
     : files_(files), mostThreads_(std::clamp<std::size_t>(std::thread::hardware_concurrency(), 1, MostThreads)) {}
@@ -233,9 +208,10 @@ bool DecodeAhead::IsBusy() const {
 }
 
 std::int64_t DecodeAhead::FileBytesInHand() const {
-  std::int64_t sum = 0;
+  std::int64_t sum = runningFileBytes_;
   for (const Jobs& jobs : expected_) {
-    for (const auto& job : jobs) sum += job->length;
+    for (const auto& job : jobs)
+      if (job->state != Job::State::Running) sum += job->length;
   }
   return sum;
 }
@@ -262,8 +238,18 @@ void DecodeAhead::StartThreads() {
   }
 }
 
+// Memory for a decode. One that does not fit beside those under way waits for them; what does not fit at all is left
+// alone. What is granted is held until Finish.
+bool DecodeAhead::Claim(Job& job, std::int64_t bytes) {
+  std::unique_lock lock(mutex_);
+  worked_.wait(lock, [&] { return ending_ || job.dropped || claimed_ == 0 || Fits(bytes); });
+  if (ending_ || job.dropped || !Fits(bytes)) return false;
+  job.claimed = bytes;
+  claimed_ += bytes;
+  return true;
+}
+
 bool DecodeAhead::Decode(Job& job) {
-  std::optional<Claim> claim;  // ahead of the reader, so that it is held until that has given back its memory
   JpegReader reader(job.bytes.Bytes());
   if (reader.Open() != jpeg::Ok) return false;
   reader.StopOn(job.dropped);
@@ -272,8 +258,7 @@ bool DecodeAhead::Decode(Job& job) {
   const std::int64_t step = std::int64_t{reader.ReducedWidth()} * 3;
   const std::int64_t size = step * reader.ReducedHeight();
   if (size > MostRowBytes) return false;
-  claim.emplace(*this, job, 2 * size + reader.WorkingMemory());
-  if (!claim->IsGranted()) return false;
+  if (!Claim(job, 2 * size + reader.WorkingMemory())) return false;
   rows.width = reader.ReducedWidth();
   rows.height = reader.ReducedHeight();
   rows.bytes.resize(static_cast<std::size_t>(size));
@@ -290,6 +275,7 @@ void DecodeAhead::Work() {
     wake_.wait(lock, [&] { return ending_ || (job = NextWaiting()) != nullptr; });
     if (ending_) return;
     job->state = Job::State::Running;
+    runningFileBytes_ += job->length;
     lock.unlock();
     bool ready = false;
     // Whatever is wrong shows again where the photo is wanted.
@@ -308,10 +294,17 @@ void DecodeAhead::Work() {
       job->small = {};
     }
     lock.lock();
-    job->state = ready ? Job::State::Ready : Job::State::Not;
-    if (!ready) job->length = 0;
-    worked_.notify_all();
+    Finish(*job, ready);
   }
+}
+
+// With the mutex held, so that nobody sees memory that counts neither as under way nor as ready.
+void DecodeAhead::Finish(Job& job, bool ready) {
+  claimed_ -= std::exchange(job.claimed, 0);
+  runningFileBytes_ -= job.length;
+  job.state = ready ? Job::State::Ready : Job::State::Not;
+  if (!ready) job.length = 0;
+  worked_.notify_all();
 }
 
 }  // namespace pixorra

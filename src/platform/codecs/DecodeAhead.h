@@ -9,7 +9,6 @@
 #include <cstdint>
 #include <memory>
 #include <mutex>
-#include <optional>
 #include <span>
 #include <string>
 #include <thread>
@@ -74,7 +73,6 @@ class DecodeAhead : public ReadAhead {
 
  private:
   struct Job;
-  class Claim;
   using Jobs = std::vector<std::shared_ptr<Job>>;
 
   std::shared_ptr<Job> Find(const std::string& path, int scale) const;
@@ -85,8 +83,10 @@ class DecodeAhead : public ReadAhead {
   std::int64_t ReadyBytes() const;
   bool Fits(std::int64_t bytes) const;
   void StartThreads();
+  bool Claim(Job& job, std::int64_t bytes);
   bool Decode(Job& job);
   void Work();
+  void Finish(Job& job, bool ready);
 
   Files& files_;
   const std::size_t mostThreads_;
@@ -99,6 +99,7 @@ class DecodeAhead : public ReadAhead {
   std::condition_variable worked_;
   std::array<Jobs, Readers> expected_;  // by reader; changed by the using thread alone
   std::int64_t claimed_ = 0;            // bytes that decodes under way have been granted
+  std::int64_t runningFileBytes_ = 0;   // of the files that are being read and decoded, expected still or not
   bool ending_ = false;
 };
 

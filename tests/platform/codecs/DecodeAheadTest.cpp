@@ -1,5 +1,6 @@
 // Photos decoded ahead: what they serve, what they leave alone, and what is let go.
 #include <cstdlib>
+#include <future>
 #include <gtest/gtest.h>
 #include <vector>
 
@@ -265,6 +266,31 @@ TEST_F(DecodeAheadTest, OfManyLongFilesOnlySomeAreHeld) {
   longFile.resize(static_cast<std::size_t>(DecodeAhead::LongestFile) + 1, 'x');
   Prepare({Write("longest.jpg", longFile)}, 8);
   EXPECT_FALSE(ahead.Take(Bytes(longFile), 8));
+}
+
+TEST_F(DecodeAheadTest, AFileThatIsStillReadCountsThoughItIsNoLongerExpected) {
+  const std::string photo = LongJpeg(21);
+  std::string longFile = photo;
+  longFile.resize(20 * 1024 * 1024, 'x');
+  const std::string former = Write("former.jpg", longFile);
+  const std::vector<std::string> wanted = {Write("a.jpg", longFile), Write("b.jpg", longFile)};
+  std::promise<void> begun, goOn;
+  files.BeforeNth(
+      FileCall::Read, 1,
+      [&] {
+        begun.set_value();
+        goOn.get_future().wait();
+      },
+      "former");
+  ahead.Expect(Strip, {former}, 8);
+  begun.get_future().wait();
+  ahead.Expect(Strip, wanted, 8);
+  goOn.set_value();
+  ahead.Settle();
+  EXPECT_TRUE(ahead.Take(Bytes(longFile), 8));
+  EXPECT_FALSE(ahead.Take(Bytes(longFile), 8)) << "three of these files were held";
+  Prepare(wanted, 8);
+  for (int i = 0; i < 2; ++i) EXPECT_TRUE(ahead.Take(Bytes(longFile), 8)) << i;
 }
 
 // A grey progressive photo, of which the library keeps two bytes for each pixel. What follows it is no matter.
