@@ -11,7 +11,8 @@ namespace pixorra {
 
 // The picture in a bitmap file, without its alpha. A cut or damaged file shows what it has and the rest black, or in
 // run lengths the first colour. Beside that picture, no more than 64 KiB are taken. Raises BadPicture where not even a
-// row is there, OutOfMemory where memory runs out and above MostPixels (SizeBound.h), and what reading does.
+// row is there or a large picture is nearly empty, OutOfMemory where memory runs out and above MostPixels
+// (SizeBound.h), and what reading does.
 Bitmap DecodeBmp(ByteReader& in);
 Bitmap DecodeBmp(std::span<const std::uint8_t> file);
 

@@ -6,6 +6,8 @@
 #include <cstdint>
 #include <utility>
 
+#include "platform/codecs/SizeBound.h"
+
 namespace pixorra {
 namespace {
 
@@ -13,26 +15,41 @@ class Runs {
  public:
   Runs(ByteReader& in, const BmpHeader& header) : in_(in), header_(header), at_(header.pixelsAt) {}
 
+  // Call one of the two, once.
+  std::int64_t CountPixels() {
+    Follow();
+    return pixels_;
+  }
   Bitmap Decode() {
-    while (y_ < header_.height && Left() >= 2) {
-      const unsigned count = in_.U8(at_++);
-      const unsigned value = in_.U8(at_++);
-      if (count == 0) {
-        if (!Escape(value)) break;
-      } else {
-        for (unsigned i = 0; i < count; ++i) Put(header_.bits == 8 ? value : Nibble(value, i));
-      }
-    }
+    drawing_ = true;
+    Follow();
     while (y_ < header_.height) BeginRow(y_ + 1);
     return std::move(bitmap_);
   }
 
  private:
+  // So many codes in a row that lead nowhere are followed; in a sound file there are none.
+  static constexpr int MostIdleCodes = 4096;
   static constexpr unsigned EndOfLine = 0;
   static constexpr unsigned EndOfBitmap = 1;
   static constexpr unsigned Delta = 2;
 
   static unsigned Nibble(unsigned byte, unsigned i) { return i % 2 == 0 ? byte >> 4 : byte & 15; }
+
+  void Follow() {
+    int idle = 0;
+    while (y_ < header_.height && Left() >= 2 && idle < MostIdleCodes) {
+      const int x = x_, y = y_;
+      const unsigned count = in_.U8(at_++);
+      const unsigned value = in_.U8(at_++);
+      if (count == 0) {
+        if (!Escape(value)) break;
+      } else {
+        Run(std::min(count, static_cast<unsigned>(header_.width - x_)), value);
+      }
+      idle = x_ == x && y_ == y ? idle + 1 : 0;
+    }
+  }
 
   std::size_t Left() const { return at_ < in_.Size() ? in_.Size() - at_ : 0; }
 
@@ -52,10 +69,23 @@ class Runs {
     for (int x = 0; x < header_.width; ++x) std::copy_n(header_.palette[0].begin(), 3, row_ + std::ptrdiff_t{x} * 3);
   }
 
+  void Run(unsigned count, unsigned value) {
+    if (drawing_) {
+      for (unsigned i = 0; i < count; ++i) Put(header_.bits == 8 ? value : Nibble(value, i));
+    } else {
+      pixels_ += count;
+      x_ += static_cast<int>(count);
+    }
+  }
+
   void Put(unsigned index) {
     if (x_ >= header_.width) return;
-    if (bitmap_.IsEmpty()) Begin();
-    std::copy_n(header_.palette[index].begin(), 3, row_ + std::ptrdiff_t{x_++} * 3);
+    if (drawing_) {
+      if (bitmap_.IsEmpty()) Begin();
+      std::copy_n(header_.palette[index].begin(), 3, row_ + std::ptrdiff_t{x_} * 3);
+    }
+    ++pixels_;
+    ++x_;
   }
 
   // False where the codes end.
@@ -96,6 +126,8 @@ class Runs {
   ByteReader& in_;
   const BmpHeader& header_;
   std::size_t at_;
+  bool drawing_ = false;
+  std::int64_t pixels_ = 0;  // that codes have, within the picture
   Bitmap bitmap_;
   std::uint8_t* row_ = nullptr;
   int x_ = 0;
@@ -105,6 +137,10 @@ class Runs {
 }  // namespace
 
 Bitmap DecodeBmpRuns(ByteReader& in, const BmpHeader& header) {
+  const auto backedBy = [&](std::int64_t pixels) {
+    return IsBacked(header.width, header.height, static_cast<std::size_t>(pixels), MostTimesMissing);
+  };
+  if (!backedBy(0) && !backedBy(Runs(in, header).CountPixels())) return {};
   return Runs(in, header).Decode();
 }
 

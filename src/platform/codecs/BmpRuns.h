@@ -8,8 +8,8 @@
 namespace pixorra {
 
 // The picture in the codes that begin at `header.pixelsAt`; what they pass over has the first colour. Ends quietly
-// where the codes end or leave the picture. An empty bitmap where they hold no pixel at all. Raises OutOfMemory, and
-// what reading does.
+// where the codes end, leave the picture, or lead nowhere for some thousand codes. An empty bitmap where they hold no
+// pixel at all, or of a large picture too small a part (SizeBound.h). Raises OutOfMemory, and what reading does.
 Bitmap DecodeBmpRuns(ByteReader& in, const BmpHeader& header);
 
 }  // namespace pixorra

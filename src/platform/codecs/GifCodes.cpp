@@ -11,11 +11,11 @@ bool GifBlocks::NextBlock() {
   return left_ > 0;
 }
 
-std::size_t GifBlocks::Count() const {
+std::size_t GifBlocks::Count(std::size_t enough) const {
   GifBlocks rest = *this;
   std::size_t count = rest.left_;
   rest.at_ += rest.left_;
-  while (rest.NextBlock()) {
+  while (count < enough && rest.NextBlock()) {
     count += rest.left_;
     rest.at_ += rest.left_;
   }
@@ -63,7 +63,7 @@ bool GifUnpacker::Take(unsigned code) {
   if (code == Clear()) {
     Reset();
     before_ = NoCode;
-    return true;
+    return ++idleClears_ < MostIdleClears;
   }
   if (code == End()) return false;
   if (before_ == NoCode) {
@@ -92,6 +92,7 @@ void GifUnpacker::Add(unsigned prefix, std::uint8_t last) {
 }
 
 void GifUnpacker::Write(unsigned code) {
+  idleClears_ -= length_[code];
   std::size_t place = written_ += length_[code];
   for (unsigned left = length_[code]; left > 0; --left) {
     texts_[--place] = last_[code];

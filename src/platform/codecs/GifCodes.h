@@ -23,8 +23,8 @@ class GifBlocks {
     --left_;
     return true;
   }
-  // How many bytes are left from here on, as far as the file goes.
-  std::size_t Count() const;
+  // How many bytes are left from here on, as far as the file goes. They are counted until there are `enough`.
+  std::size_t Count(std::size_t enough) const;
 
  private:
   bool NextBlock();
@@ -41,13 +41,15 @@ class GifUnpacker {
   GifUnpacker(GifBlocks blocks, unsigned rootBits);
 
   // The next indexes, until the next call; none after the last. Unpacking ends at the first code that does not exist
-  // yet.
+  // yet, and where clear codes are some thousand more than indexes.
   std::span<const std::uint8_t> Next();
 
  private:
   static constexpr unsigned MostCodes = 4096;
   static constexpr unsigned MostBits = 12;
   static constexpr unsigned NoCode = MostCodes;
+  // That many clear codes beyond one for each index; writers that never compress have one for a few.
+  static constexpr std::int64_t MostIdleClears = 4096;
 
   unsigned Clear() const { return 1U << rootBits_; }
   unsigned End() const { return Clear() + 1; }
@@ -64,6 +66,7 @@ class GifUnpacker {
   std::uint32_t window_ = 0;  // bits that are not used up
   unsigned held_ = 0;         // how many
   unsigned before_ = NoCode;
+  std::int64_t idleClears_ = 0;  // clear codes less indexes
   // Each code is short for the text of an earlier one and a last byte.
   unsigned bits_ = 0;
   unsigned size_ = 0;

@@ -237,7 +237,8 @@ Bitmap DecodeGif(ByteReader& in) {
     image.screenWidth = std::min(image.left + image.width, LongestSide);
     image.screenHeight = std::min(image.top + image.height, LongestSide);
   }
-  const std::size_t codes = GifBlocks(in, image.codesAt).Count();
+  const auto enough = static_cast<std::size_t>(std::int64_t{image.width} * image.height / GifPixelsPerByte);
+  const std::size_t codes = GifBlocks(in, image.codesAt).Count(enough);
   if (!IsBacked(image.width, image.height, codes, GifPixelsPerByte)) Refuse();
   if (!IsBacked(image.screenWidth, image.screenHeight, in.Size(), GifPixelsPerByte)) Refuse();
   if (!HasPixels(image, in)) Refuse();

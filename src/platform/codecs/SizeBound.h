@@ -18,7 +18,7 @@ inline constexpr std::int64_t MostPixels = 300'000'000;
 inline constexpr std::int64_t JpegPixelsPerByte = 512;
 inline constexpr std::int64_t GifPixelsPerByte = 4096;
 inline constexpr std::int64_t BmpPixelsPerByte = 512;
-// Plain rows, of which so many times more may be missing than are there: a cut file.
+// So many times more of a bitmap may be missing than is there: of plain rows in a cut file, or of the pixels in runs.
 inline constexpr std::int64_t MostTimesMissing = 64;
 
 // False for sizes that `bytes` bytes of data cannot back. A picture of up to 16 megapixels is let through in any case,

@@ -184,6 +184,17 @@ TEST_F(LargePicturesTest, ABitmapInRunsIsDrawnWithoutACopyOfItsPixels) {
   ExpectShown(Width, Height, [](const Bitmap& bitmap) { EXPECT_EQ(bitmap.Row(0)[(Width - 1) * 3], 200); });
 }
 
+TEST_F(LargePicturesTest, ALargeBitmapWhoseRunsSkipSomeRowsIsShown) {
+  constexpr int Width = 5100, Height = 4000;
+  std::string runs;
+  for (int i = 0; i < Width / 255; ++i) runs += "\xFF\x05";
+  runs += std::string("\0\0", 2) + std::string("\0\2\0\2", 4);
+  std::string bytes = BmpHead(Width, Height, 8, 1);
+  for (int y = 0; y < Height; y += 3) bytes += runs;
+  Write(bytes);
+  ExpectShown(Width, Height, [](const Bitmap& bitmap) { EXPECT_EQ(bitmap.Row(0)[(Width - 1) * 3], 200); });
+}
+
 TEST_F(LargePicturesTest, ASmallBitmapInALongFileCostsNoMoreThanASmallOne) {
   Write(BmpPhoto(400, 300), 1500 * MiB);
   ExpectShown(400, 300, [](const Bitmap& bitmap) { EXPECT_EQ(bitmap.Row(0)[399 * 3], 255); });
@@ -203,6 +214,13 @@ TEST_F(LargePicturesTest, AHeaderThatBoastsIsRefusedForLittle) {
   Write(GifWith(4000, 4000, -1, std::string("\x01\x40\0", 3)));  // not a pixel
   ExpectRefused(error::BadPicture);
   Write(BmpHead(4000, 4000, 8, 1) + std::string("\0\1", 2));
+  ExpectRefused(error::BadPicture);
+  const std::string head = BmpHead(20000, 15000, 8, 1);
+  Write(head + std::string("\1\1\0\1", 4), 600 * 1024);  // one pixel, and the end
+  ExpectRefused(error::BadPicture);
+  std::string skipping = head + "\1\1";
+  for (int i = 0; i < 60; ++i) skipping += std::string("\0\2\0\xFF", 4);
+  Write(skipping, 600 * 1024);  // one pixel, and on to the last row
   ExpectRefused(error::BadPicture);
 }
 
