@@ -80,13 +80,15 @@ void ListBox::SetColumns(const std::vector<ListColumn>& columns) {
 std::vector<std::string> ListBox::Cells(int index) const {
   const std::string& text = List(index);
   if (columns_.empty()) return {text};
-  std::vector<std::string> cells;
-  std::size_t start = 0;
-  for (std::size_t i = 0; i < columns_.size(); ++i) {
-    const std::size_t end = i + 1 < columns_.size() ? std::min(text.find('\t', start), text.size()) : text.size();
-    cells.push_back(Trim(text.substr(start, end - start)));
-    start = std::min(end + 1, text.size());
+  std::vector<std::string> cells(columns_.size());
+  const auto tabs = static_cast<std::size_t>(std::ranges::count(text, '\t'));
+  std::size_t end = text.size();
+  for (std::size_t i = std::min(tabs, columns_.size() - 1); i > 0; --i) {
+    const std::size_t tab = text.rfind('\t', end - 1);
+    cells[i] = Trim(text.substr(tab + 1, end - tab - 1));
+    end = tab;
   }
+  cells[0] = Trim(text.substr(0, end));
   return cells;
 }
 

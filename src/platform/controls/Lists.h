@@ -63,8 +63,8 @@ class ListBox : public ItemList {
   // None: each entry is shown as one text.
   const std::vector<ListColumn>& Columns() const { return columns_; }
   void SetColumns(const std::vector<ListColumn>& columns);
-  // As many as there are columns, from left to right; the last one has what follows further tabs too. Raises error 9
-  // outside the list.
+  // As many as there are columns, from left to right. The last tabs separate them: further ones stay in the first cell,
+  // as a file's name may have some. Raises BadSubscript outside the list.
   std::vector<std::string> Cells(int index) const;
 
  private:

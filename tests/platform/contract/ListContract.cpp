@@ -29,6 +29,21 @@ TEST_F(ListContract, RowHasACellForEachColumnAndItsTextStaysWhole) {
   EXPECT_EQ(platform->Look(list).Value, 1);
 }
 
+TEST_F(ListContract, ATabInANameStaysInItsCell) {
+  ListBox list(form, "List");
+  list.Move(10, 10, 200, 120);
+  list.SetColumns({{0, Alignment::Left}, {60, Alignment::Right}, {60, Alignment::Left}});
+  list.AddItem("a\tb.jpg   \t 12Kb\t 1 May");
+  list.AddItem("\t\tc.jpg\t1000Kb\t");
+  list.AddItem("sea.jpg\t7Kb");
+  list.AddItem("");
+  Show();
+  EXPECT_THAT(list.Cells(0), ElementsAre("a\tb.jpg", "12Kb", "1 May"));
+  EXPECT_THAT(list.Cells(1), ElementsAre("\t\tc.jpg", "1000Kb", ""));
+  EXPECT_THAT(list.Cells(2), ElementsAre("sea.jpg", "7Kb", ""));
+  EXPECT_THAT(list.Cells(3), ElementsAre("", "", ""));
+}
+
 TEST_F(ListContract, ColumnsMayComeAndGoWhileTheListIsSeen) {
   ListBox list(form, "List");
   list.Move(10, 10, 200, 120);
@@ -37,7 +52,7 @@ TEST_F(ListContract, ColumnsMayComeAndGoWhileTheListIsSeen) {
   EXPECT_THAT(list.Cells(0), ElementsAre("a\tb\tc"));
   list.SetColumns({{50, Alignment::Left}, {50, Alignment::Center}});
   platform->Settle();
-  EXPECT_THAT(list.Cells(0), ElementsAre("a", "b\tc"));
+  EXPECT_THAT(list.Cells(0), ElementsAre("a\tb", "c"));
   list.SetColumns({});
   platform->Settle();
   EXPECT_THAT(list.Cells(0), ElementsAre("a\tb\tc"));
