@@ -160,7 +160,7 @@ Bitmap DecodeAhead::Decoded(std::span<const std::uint8_t> file) {
 
 void DecodeAhead::Settle() {
   std::unique_lock lock(mutex_);
-  worked_.wait(lock, [this] { return noThreads_ || !IsBusy(); });
+  worked_.wait(lock, [this] { return noThreads_ || (!IsBusy() && runningFileBytes_ == 0); });
 }
 
 std::shared_ptr<DecodeAhead::Job> DecodeAhead::Find(const std::string& path, int scale) const {

@@ -67,7 +67,7 @@ class DecodeAhead : public ReadAhead {
   // What that file shows, if these are its bytes, else an empty bitmap. It is handed out once.
   Bitmap Decoded(std::span<const std::uint8_t> file);
 
-  // Waits until all that is expected has been worked on.
+  // Waits until all that is expected has been worked on, and nothing else is any more.
   void Settle();
   std::size_t ThreadsStarted() const { return threads_.size(); }
 
