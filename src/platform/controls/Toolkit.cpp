@@ -17,13 +17,18 @@ bool Toolkit::WaitUntil(const std::function<bool()>& done) {
   return true;
 }
 
-bool Toolkit::WaitFor(double seconds) {
+bool Toolkit::WaitUntil(const std::function<bool()>& done, double seconds) {
   const double end = backend_.Seconds() + seconds;
-  for (double left = seconds; left > Timers::SameMoment; left = end - backend_.Seconds()) {
-    if (ended_) return false;
+  for (double left = seconds; !done(); left = end - backend_.Seconds()) {
+    if (ended_ || left <= Timers::SameMoment) return false;
     backend_.WaitForEvents(left);
   }
   return true;
+}
+
+bool Toolkit::WaitFor(double seconds) {
+  WaitUntil([] { return false; }, seconds);
+  return !ended_;
 }
 
 void Toolkit::End() {

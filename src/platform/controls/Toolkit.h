@@ -30,6 +30,8 @@ class Toolkit {
   void DoEvents();
   // Lets events run, asleep between them, until `done` holds. False: the program ended first.
   bool WaitUntil(const std::function<bool()>& done);
+  // For so many seconds at most. False also where they have passed.
+  bool WaitUntil(const std::function<bool()>& done, double seconds);
   // Lets events run for so many seconds. False: the program ended first.
   bool WaitFor(double seconds);
   // Every wait ends, now and from here on.

@@ -164,6 +164,13 @@ void TreeView::Ask(Node& node) {
   Raise(filler_, *this, node);
 }
 
+void TreeView::GiveUp(Node& node) {
+  node.asked_ = false;
+  node.expanded_ = node.expanded_ && !node.children_.empty();
+  Touch(node);
+  Changed(Change::Items);
+}
+
 void TreeView::Expand(Node& node) {
   if (!node.HasChildren() || node.Expanded()) return;
   node.expanded_ = true;

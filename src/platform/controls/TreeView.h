@@ -44,6 +44,9 @@ class TreeView : public Control {
   void SetFiller(Filler filler) { filler_ = std::move(filler); }
   // Asks for the children of a node, also when they were asked for before. The node may be gone when this returns.
   void Ask(Node& node);
+  // There is no answer for the node: what it has below it stays, without anything it closes, and it is asked when it is
+  // opened next.
+  void GiveUp(Node& node);
   // Opens a node that can be opened, and asks for its children if nobody has yet.
   void Expand(Node& node);
   // A selection below the node moves to it.

@@ -24,6 +24,20 @@ TEST_F(TimeContract, BoundedWaitTakesItsTime) {
   EXPECT_GE(toolkit.Seconds() - start, 0.05 - Early);
 }
 
+TEST_F(TimeContract, BoundedWaitForSomethingEndsWithItOrWithItsTime) {
+  Timer timer(form, "Timer", 20);
+  bool ticked = false;
+  timer.On().Timer = [&](Control&) { ticked = true; };
+  timer.SetEnabled(true);
+  const double start = toolkit.Seconds();
+  EXPECT_TRUE(toolkit.WaitUntil([&] { return ticked; }, 60));
+  EXPECT_LT(toolkit.Seconds() - start, 30);
+  timer.SetEnabled(false);
+  const double second = toolkit.Seconds();
+  EXPECT_FALSE(toolkit.WaitUntil([] { return false; }, 0.05));
+  EXPECT_GE(toolkit.Seconds() - second, 0.05 - Early);
+}
+
 TEST_F(TimeContract, TicksAreNeverCloserThanTheInterval) {
   Timer timer(form, "Timer", 20);
   const double start = toolkit.Seconds();

@@ -112,6 +112,21 @@ TEST_F(TreeContract, AnswerThatNeverComesLeavesTheTreeInUse) {
   EXPECT_THAT(Look(), ElementsAre("- a", ". b *"));
 }
 
+TEST_F(TreeContract, NodeThatIsGivenUpClosesAndIsAskedWhenItIsOpenedNext) {
+  TreeView::Node& a = tree.Add(tree.Root(), Named("a", true));
+  int asked = 0;
+  tree.SetFiller([&](TreeView&, TreeView::Node&) { ++asked; });
+  Show();
+  platform->ClickOpener(tree, {"a"}, true);
+  tree.GiveUp(a);
+  EXPECT_THAT(Look(), ElementsAre("+ a"));
+  platform->ClickOpener(tree, {"a"}, true);
+  EXPECT_EQ(asked, 2);
+  tree.Fill(a, {Named("a/1")});
+  tree.GiveUp(a);
+  EXPECT_THAT(Look(), ElementsAre("- a", "  . 1"));
+}
+
 TEST_F(TreeContract, AnswerForANodeThatHasGoneFindsThatOut) {
   TreeView::Node& a = tree.Add(tree.Root(), Named("a", true));
   TreeHandle asked;
