@@ -1,5 +1,8 @@
 #include "browse/FindFolder.h"
 
+#include <cstddef>
+#include <memory>
+
 #include "base/Host.h"
 #include "platform/controls/Toolkit.h"
 #include "platform/services/FolderReader.h"
@@ -7,18 +10,23 @@
 namespace pixorra {
 
 std::optional<std::string> FindFolder(Host& host, const std::string& path) {
+  return FindFolders(host, {path}).front();
+}
+
+std::vector<std::optional<std::string>> FindFolders(Host& host, const std::vector<std::string>& paths) {
   constexpr double Patience = 5;  // seconds
-  constexpr double Slice = 0.02;  // seconds
-  bool answered = false;
-  std::optional<std::string> found;
-  const auto reading = host.folderReader.FindFolder(path, [&](const FolderReader::Answer& answer) {
-    answered = true;
-    if (answer.Error == error::None) found = answer.Path;
-  });
-  const double end = host.toolkit.Seconds() + Patience;
-  while (!answered && host.toolkit.Seconds() < end && host.toolkit.WaitFor(Slice)) {
+  std::vector<std::optional<std::string>> found(paths.size());
+  std::size_t answers = 0;
+  std::vector<std::unique_ptr<FolderReader::Reading>> readings;
+  for (std::size_t i = 0; i < paths.size(); ++i) {
+    readings.push_back(host.folderReader.FindFolder(paths[i], [&, i](const FolderReader::Answer& answer) {
+      ++answers;
+      if (answer.Error == error::None) found[i] = answer.Path;
+    }));
   }
-  return host.toolkit.Ended() ? std::nullopt : found;
+  host.toolkit.WaitUntil([&] { return answers == paths.size(); }, Patience);
+  if (host.toolkit.Ended()) found.assign(paths.size(), std::nullopt);
+  return found;
 }
 
 }  // namespace pixorra

@@ -8,22 +8,30 @@
 
 namespace pixorra {
 
-void DropOnFilmStrip(MainForm& main, const std::vector<std::string>& paths) {
-  for (const std::string& path : paths) {
-    const std::optional<std::string> folder = FindFolder(main.host, main.host.files.ProgramPath(path));
-    if (!folder) continue;
-    if (MaySelectFilmStrip(main, *folder)) SelectFilmStrip(main, *folder);
-    return;
+namespace {
+
+// Those that are folders, in their order, as the disk spells them.
+std::vector<std::string> FoldersAmong(MainForm& main, const std::vector<std::string>& paths) {
+  std::vector<std::string> asked;
+  for (const std::string& path : paths) asked.push_back(main.host.files.ProgramPath(path));
+  std::vector<std::string> folders;
+  for (const std::optional<std::string>& folder : FindFolders(main.host, asked)) {
+    if (folder) folders.push_back(*folder);
   }
+  return folders;
+}
+
+}  // namespace
+
+void DropOnFilmStrip(MainForm& main, const std::vector<std::string>& paths) {
+  const std::vector<std::string> folders = FoldersAmong(main, paths);
+  if (!folders.empty() && MaySelectFilmStrip(main, folders.front())) SelectFilmStrip(main, folders.front());
 }
 
 void DropOnDesktop(MainForm& main, const std::vector<std::string>& paths) {
-  for (const std::string& path : paths) {
-    const std::optional<std::string> folder = FindFolder(main.host, main.host.files.ProgramPath(path));
-    if (main.host.toolkit.Ended()) return;
-    if (!folder) continue;
-    if (IsDesktopFull(main)) return;
-    if (MayShowFolder(main, *folder)) ShowFolderOnDesktop(main, *folder);
+  for (const std::string& folder : FoldersAmong(main, paths)) {
+    if (main.host.toolkit.Ended() || IsDesktopFull(main)) return;
+    if (MayShowFolder(main, folder)) ShowFolderOnDesktop(main, folder);
   }
 }
 

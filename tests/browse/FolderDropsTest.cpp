@@ -3,6 +3,7 @@
 
 #include "desktop/ShownFolders.h"
 #include "platform/controls/FileDrops.h"
+#include "platform/controls/Toolkit.h"
 #include "tests/browse/BrowseTest.h"
 
 namespace pixorra {
@@ -68,6 +69,28 @@ TEST_F(FolderDropsTest, WhenAllSlotsAreTakenThatIsToldOnce) {
                    "You already have a maximum of 8 folders on your desktop.\nPlease close one before trying again.");
   Drop(desk.DesktopImage, folders);
   EXPECT_EQ(desk.FoldersShown, 8);
+}
+
+TEST_F(FolderDropsTest, HundredsOfFilesAmongThemCostNoTime) {
+  const std::string folder = MakePhotos("C:\\Home\\Card", 300);
+  std::vector<std::string> paths;
+  for (int i = 1; i <= 300; ++i) paths.push_back(folder + "\\p" + std::to_string(1000 + i).substr(1) + ".bmp");
+  paths.push_back(folder);
+  const double before = main.host.toolkit.Seconds();
+  Drop(desk.DesktopImage, paths);
+  EXPECT_LT(main.host.toolkit.Seconds() - before, 1);
+  EXPECT_EQ(desk.DestFolderFiles(1).Path(), folder);
+}
+
+TEST_F(FolderDropsTest, FoldersThatDoNotAnswerAreWaitedForOnlyOnce) {
+  const std::string near = MakePhotos("C:\\Home\\Near", 1);
+  run.folderReader.Hold(true);
+  person.During([&] { run.folderReader.Answer(near); });
+  const double before = main.host.toolkit.Seconds();
+  Drop(desk.DesktopImage, {"C:\\Far\\One", near, "C:\\Far\\Two", "C:\\Far\\Three"});
+  EXPECT_LT(main.host.toolkit.Seconds() - before, 6);
+  EXPECT_EQ(desk.FoldersShown, 1);
+  EXPECT_EQ(desk.DestFolderFiles(1).Path(), near);
 }
 
 }  // namespace
