@@ -126,14 +126,20 @@ void CameraLook::CameraButton_MouseMove() {
   constexpr double Pause = 1;  // seconds between two looks
   const std::string& location = main_.strip.CameraLocation;
   const double now = main_.host.clock.Seconds();
+  if (location != asked_) {
+    going_.reset();
+    lookedAt_.reset();
+  }
   if (location.empty()) {
     Show(false);
   } else if (going_ == nullptr && (!lookedAt_ || now - *lookedAt_ >= Pause)) {
     lookedAt_ = now;
     FollowCameraVolume(main_);
-    going_ = main_.host.folderReader.FindFolder(location, [this](const FolderReader::Answer& answer) {
+    asked_ = location;
+    going_ = main_.host.folderReader.FindFolder(asked_, [this](const FolderReader::Answer& answer) {
       const auto looked = std::move(going_);
-      Show(answer.Error == error::None);
+      // Another camera may have been set meanwhile.
+      if (asked_ == main_.strip.CameraLocation) Show(answer.Error == error::None);
     });
   }
   // The look at this drive is asked for whatever drives there are. It costs nothing.

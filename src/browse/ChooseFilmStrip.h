@@ -24,6 +24,7 @@ class CameraLook {
   void Show(bool there);
 
   MainForm& main_;
+  std::string asked_;               // the location that was looked at last
   std::optional<double> lookedAt_;  // by the clock
   std::unique_ptr<FolderReader::Reading> going_;
 };

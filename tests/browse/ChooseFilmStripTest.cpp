@@ -208,6 +208,70 @@ TEST_F(ChooseFilmStripTest, ACardThatIsInItsPlaceIsNotLookedForElsewhere) {
   EXPECT_EQ(strip.CameraLocation, "C:\\Media\\Card");
 }
 
+TEST_F(ChooseFilmStripTest, AnAnswerForTheFormerCameraIsNotTakenForTheNewOne) {
+  const Picture ready = strip.BrowseButton.MouseIcon();
+  strip.CameraLocation = MakePhotos("C:\\Media\\New\\DCIM", 1);
+  UseAsStrip(strip.CameraLocation);
+  ASSERT_TRUE(drive.Exists("C:\\Program\\CameraThumbs.tmp"));
+  strip.CameraLocation = "C:\\Media\\Old\\DCIM";
+  run.folderReader.Hold(true);
+  person.MoveTo(strip.CameraButton);
+  ASSERT_THAT(run.folderReader.Waiting(), ::testing::ElementsAre("C:\\Media\\Old\\DCIM"));
+  strip.CameraLocation = "C:\\Media\\New\\DCIM";
+  run.folderReader.Answer("C:\\Media\\Old\\DCIM");
+  run.Wait(0.1);
+  EXPECT_TRUE(drive.Exists("C:\\Program\\CameraThumbs.tmp"));
+  run.folderReader.Hold(false);
+  person.MoveTo(strip.CameraButton);
+  run.Wait(0.1);
+  EXPECT_EQ(strip.CameraButton.MouseIcon(), ready) << "the new one is looked at without a pause";
+}
+
+TEST_F(ChooseFilmStripTest, ALookAtTheFormerCameraDoesNotKeepTheNewOneWaiting) {
+  run.folderReader.Hold(true);
+  strip.CameraLocation = "C:\\Media\\Old\\DCIM";
+  person.MoveTo(strip.CameraButton);
+  strip.CameraLocation = "C:\\Media\\New\\DCIM";
+  person.MoveTo(strip.CameraButton);
+  EXPECT_THAT(run.folderReader.Waiting(), ::testing::ElementsAre("C:\\Media\\New\\DCIM"));
+}
+
+TEST_F(ChooseFilmStripTest, AfterACrashTheCardIsFollowedFromThePlaceThatWasSavedLast) {
+  const PlaceOfVolume first{"EOS", VolumeKind::Removable, "C:\\Media\\Reader1", "1A2B|EOS|640"};
+  const PlaceOfVolume second{"EOS", VolumeKind::Removable, "C:\\Media\\Reader2", "1A2B|EOS|640"};
+  SetVolumes({first});
+  SetCameraLocation(main, "C:\\Media\\Reader1\\DCIM\\100");
+  SetVolumes({second});
+  FollowCameraVolume(main);
+  ASSERT_EQ(strip.CameraLocation, "C:\\Media\\Reader2\\DCIM\\100");
+  // The program ended before the location was saved.
+  strip.CameraLocation = "C:\\Media\\Reader1\\DCIM\\100";
+  FollowCameraVolume(main);
+  EXPECT_EQ(strip.CameraLocation, "C:\\Media\\Reader2\\DCIM\\100");
+  strip.CameraLocation = "C:\\Media\\Reader1\\DCIM\\100";
+  SetVolumes({{"EOS", VolumeKind::Removable, "C:\\Media\\Reader3", "1A2B|EOS|640"}});
+  FollowCameraVolume(main);
+  EXPECT_EQ(strip.CameraLocation, "C:\\Media\\Reader3\\DCIM\\100");
+}
+
+TEST_F(ChooseFilmStripTest, AfterACrashACardThatIsTheCameraAsAWholeIsFollowedToo) {
+  SetVolumes({{"EOS", VolumeKind::Removable, "E:\\", "1A2B|EOS|640"}});
+  SetCameraLocation(main, "E:\\");
+  SetVolumes({{"EOS", VolumeKind::Removable, "F:\\", "1A2B|EOS|640"}});
+  FollowCameraVolume(main);
+  strip.CameraLocation = "E:\\";
+  FollowCameraVolume(main);
+  EXPECT_EQ(strip.CameraLocation, "F:\\");
+}
+
+TEST_F(ChooseFilmStripTest, ALocationThatIsNotTheRememberedOneIsLeftAlone) {
+  SetVolumes({{"EOS", VolumeKind::Removable, "C:\\Media\\Card", "1A2B|EOS|640"}});
+  SetCameraLocation(main, "C:\\Media\\Card\\DCIM");
+  strip.CameraLocation = "C:\\Home\\My DCIM";
+  FollowCameraVolume(main);
+  EXPECT_EQ(strip.CameraLocation, "C:\\Home\\My DCIM");
+}
+
 TEST_F(ChooseFilmStripTest, SwapPutsTheOpenFolderUpAndTheStripDown) {
   UseAsStrip(MakePhotos("C:\\Home\\Card", 3));
   ShowAndOpen(MakePhotos("C:\\Home\\Family", 2));
