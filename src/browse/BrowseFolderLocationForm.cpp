@@ -6,6 +6,7 @@
 #include "base/Definition.h"
 #include "base/Routines.h"
 #include "base/ShownNames.h"
+#include "browse/TreePlaces.h"
 #include "platform/controls/Toolkit.h"
 #include "platform/runtime/Errors.h"
 #include "platform/runtime/Format.h"
@@ -269,11 +270,15 @@ void BrowseFolderLocationForm::ShowNoFolder() {
 void BrowseFolderLocationForm::File1_PathChange() {
   const int count = File1.ListCount();
   PicCount.SetCaption(count == 0 ? "Empty" : TrimmedStr(count) + " pics");
+  std::vector<std::string> names;
   std::size_t longest = 0;
-  for (int i = 0; i < count; ++i) longest = std::max(longest, CharacterCount(File1.List(i)));
+  for (int i = 0; i < count; ++i) {
+    names.push_back(ShownNameIn(main_.host, File1.Path(), File1.List(i)));
+    longest = std::max(longest, CharacterCount(names.back()));
+  }
   MyFiles.Clear();
   for (int i = 0; i < count; ++i) {
-    const std::string& name = File1.List(i);
+    const std::string& name = names[static_cast<std::size_t>(i)];
     const auto length =
         static_cast<std::size_t>(i) < lengths_.size() ? lengths_[static_cast<std::size_t>(i)] : std::nullopt;
     MyFiles.AddItem(name + std::string(longest - CharacterCount(name), ' ') + '\t' + FormatPhotoSize(length));

@@ -1,6 +1,8 @@
 #include "browse/MyDirTree.h"
 
 #include <iterator>
+#include <unordered_set>
+#include <utility>
 
 #include "base/Definition.h"
 #include "base/Host.h"
@@ -118,6 +120,14 @@ void MyDirTree::Answered(const std::string& key, const FolderReader::Answer& ans
     WalkOn();
     return;
   }
+  if (answer.Error != error::None && answer.Error != error::PathNotFound) {
+    tree_.GiveUp(*node);
+    // A folder that may not be listed may still be passed through.
+    const bool onTheWay = at_ == key && PathOfKey(key).size() < goal_.size() && !toCome_.contains(key);
+    if (onTheWay) at_ = NextOnTheWay(*node)->Key();
+    WalkOn();
+    return;
+  }
   toCome_.erase(key);
   FillSlowly(*node, EntriesOf(*node, answer.Names));
   WalkOn();
@@ -128,8 +138,13 @@ std::vector<TreeEntry> MyDirTree::EntriesOf(const Node& node, const std::vector<
   entries.reserve(names.size());
   const Picture icon = Drawing(host_, "desktop:folder", IconSize, IconSize);
   const Picture openIcon = Drawing(host_, "desktop:folder-open", IconSize, IconSize);
+  std::unordered_set<std::string> listed;
   for (const std::string& name : names) {
-    entries.push_back(FolderEntry(host_, node.Key(), name));
+    TreeEntry entry = FolderEntry(host_, node.Key(), name);
+    // A folder that changes while it is listed may give a name twice.
+    if (!listed.insert(entry.Key).second) continue;
+    extras_.erase(entry.Key);
+    entries.push_back(std::move(entry));
     entries.back().Icon = icon;
     entries.back().OpenIcon = openIcon;
   }
@@ -288,7 +303,15 @@ void MyDirTree::LookAfterSelection() {
   if (volume == nullptr || volume->Kind == VolumeKind::Camera || volume->Kind == VolumeKind::Share) return;
   alive_ = host_.folderReader.FindFolder(path, [this, key = node->Key()](const FolderReader::Answer& answer) {
     const auto looked = std::move(alive_);
-    if (answer.Error != error::None) SelectionHasGone(key);
+    if (answer.Error != error::None) MakeSureItHasGone(key);
+  });
+}
+
+// A folder that may not be entered is not found either, but it is there. Listing it tells the one from the other.
+void MyDirTree::MakeSureItHasGone(const std::string& key) {
+  alive_ = host_.folderReader.Read(PathOfKey(key), attribute::Normal, [this, key](const FolderReader::Answer& answer) {
+    const auto looked = std::move(alive_);
+    if (answer.Error == error::PathNotFound) SelectionHasGone(key);
   });
 }
 

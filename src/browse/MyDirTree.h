@@ -73,6 +73,7 @@ class MyDirTree {
   void Tick();
   void TellOfLateOnes();
   void LookAfterSelection();
+  void MakeSureItHasGone(const std::string& key);
   void SelectionHasGone(const std::string& key);
 
   Host& host_;
@@ -86,7 +87,7 @@ class MyDirTree {
   std::map<std::string, Read> reads_;  // by the node's key
   // What is still to come below a node, by its key, the last one first.
   std::map<std::string, std::vector<TreeEntry>> toCome_;
-  // Nodes that no listing names but that were asked for by name: hidden folders.
+  // Nodes that were asked for by name and that no listing has named yet: hidden folders, and those made since.
   std::set<std::string> extras_;
   std::unique_ptr<FolderReader::Reading> finding_;
   std::string goal_;  // the path that is being walked to

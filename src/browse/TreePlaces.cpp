@@ -37,11 +37,17 @@ const char* IconOfVolume(const PlaceOfVolume& volume) {
   return "folder-remote";
 }
 
+bool Holds(const std::vector<TreeEntry>& entries, const std::string& key) {
+  return std::ranges::any_of(entries, [&](const TreeEntry& entry) { return entry.Key == key; });
+}
+
 std::vector<TreeEntry> Entries(Host& host, const std::vector<PlaceOfVolume>& volumes, bool shares) {
   std::vector<TreeEntry> entries;
   for (const PlaceOfVolume& volume : volumes) {
     if ((volume.Kind == VolumeKind::Share) != shares) continue;
-    entries.push_back(Entry(KeyOf("volume", volume.Path), volume.Label, Icon(host, IconOfVolume(volume))));
+    const std::string key = KeyOf("volume", volume.Path);
+    // The same share may be mounted twice.
+    if (!Holds(entries, key)) entries.push_back(Entry(key, volume.Label, Icon(host, IconOfVolume(volume))));
   }
   return entries;
 }
@@ -49,7 +55,7 @@ std::vector<TreeEntry> Entries(Host& host, const std::vector<PlaceOfVolume>& vol
 void AddPlace(Host& host, std::vector<TreeEntry>& entries, const std::string& path, const std::string& label,
               const char* icon) {
   const std::string key = KeyOf("place " + path, path);
-  if (std::ranges::any_of(entries, [&](const TreeEntry& entry) { return entry.Key == key; })) return;
+  if (Holds(entries, key)) return;
   entries.push_back(Entry(key, label.empty() ? ShownFolderName(host.files, path) : label, Icon(host, icon)));
 }
 
@@ -65,7 +71,10 @@ bool NeedsSpelling(const std::string& name) {
 }  // namespace
 
 std::string KeyOf(const std::string& place, const std::string& path) {
-  return place + '|' + path;
+  // The first bar ends the place. A path may hold bars, and never a slash.
+  std::string start = place;
+  std::ranges::replace(start, '|', '/');
+  return start + '|' + path;
 }
 
 std::string PathOfKey(const std::string& key) {
@@ -100,9 +109,11 @@ std::vector<TreeEntry> ShareEntries(Host& host, const std::vector<PlaceOfVolume>
 
 TreeEntry FolderEntry(Host& host, const std::string& parentKey, const std::string& name) {
   // A key ends with the path, so that one text makes both.
-  TreeEntry entry{JoinPath(parentKey, name), name, true, {}, {}, {}};
-  if (NeedsSpelling(name)) entry.Text = ShownFileName(host.files, PathOfKey(entry.Key));
-  return entry;
+  return {JoinPath(parentKey, name), ShownNameIn(host, PathOfKey(parentKey), name), true, {}, {}, {}};
+}
+
+std::string ShownNameIn(Host& host, const std::string& folder, const std::string& name) {
+  return NeedsSpelling(name) ? ShownFileName(host.files, JoinPath(folder, name)) : name;
 }
 
 const PlaceOfVolume* VolumeOf(const std::vector<PlaceOfVolume>& volumes, const std::string& path) {

@@ -27,6 +27,9 @@ std::vector<TreeEntry> VolumeEntries(Host& host, const std::vector<PlaceOfVolume
 std::vector<TreeEntry> ShareEntries(Host& host, const std::vector<PlaceOfVolume>& volumes);
 // A folder in a node's folder.
 TreeEntry FolderEntry(Host& host, const std::string& parentKey, const std::string& name);
+// The name of a file or folder in this folder, in the host's spelling. Costs little for a name that is the same in
+// both.
+std::string ShownNameIn(Host& host, const std::string& folder, const std::string& name);
 
 // The volume that the path lies on, null where it is not mounted.
 const PlaceOfVolume* VolumeOf(const std::vector<PlaceOfVolume>& volumes, const std::string& path);

@@ -301,5 +301,17 @@ TEST_F(BrowseFolderLocationFormTest, HelpIsThePageOfTheMode) {
   helpOf(BrowseMode::Camera, HelpTopic::SetCameraLocation);
 }
 
+TEST_F(BrowseFolderLocationFormTest, PhotosAreListedByTheNamesThatTheirOwnerGaveThem) {
+  PosixFiles spelled(PathMapping({{'C', drive.HostRoot(), "Test"}}));
+  run.files.PassOnTo(spelled);
+  drive.Write("C:\\Home\\Pics\\12\uF03A30.bmp", BmpOf(PlainBitmap(80, 60, 5)));
+  strip.SrcFileList.SetPath("C:\\Home\\Pics");
+  strip.NoFilmStrip = false;
+  Opened(BrowseMode::Show);
+  ASSERT_EQ(Browser().MyFiles.ListCount(), 1);
+  EXPECT_EQ(Row(0).front(), "12:30.bmp");
+  run.files.PassOnTo(drive.DriveFiles());
+}
+
 }  // namespace
 }  // namespace pixorra

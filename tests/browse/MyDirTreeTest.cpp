@@ -281,6 +281,88 @@ TEST_F(MyDirTreeTest, AFolderThatHasGoneWhenItIsOpenedGoesFromTheTree) {
   EXPECT_THAT(WayToSelected(), ElementsAre("Home"));
 }
 
+TEST_F(MyDirTreeTest, AFolderMadeSinceAndWalkedToIsThereOnceAfterF5) {
+  drive.MakeFolder("C:\\Home\\One");
+  Opened(BrowseMode::FilmStrip);
+  Expand({"Home"});
+  drive.MakeFolder("C:\\Home\\Two");
+  GoTo("C:\\Home\\Two");
+  ASSERT_THAT(Below({"Home"}), ElementsAre("One", "Two"));
+  Choose({"Home"});
+  Tree().SetFocus();
+  for (int i = 0; i < 2; ++i) {
+    person.Key(key::F1 + 4);
+    run.Wait(0.1);
+    EXPECT_THAT(Below({"Home"}), ElementsAre("One", "Two"));
+  }
+  drive.Remove("C:\\Home\\Two");
+  person.Key(key::F1 + 4);
+  run.Wait(0.1);
+  EXPECT_THAT(Below({"Home"}), ElementsAre("One")) << "a listing has named it: it was not asked for alone";
+}
+
+TEST_F(MyDirTreeTest, AFolderThatMayNotBeReadStaysWhereItIsSelected) {
+  drive.MakeFolder("C:\\Home\\Private");
+  Opened(BrowseMode::FilmStrip);
+  Expand({"Home"});
+  run.files.FailAlways(FileCall::FolderPath, error::PathNotFound, "Private");
+  run.files.FailAlways(FileCall::Folders, error::PathAccess, "Private");
+  Choose({"Home", "Private"});
+  run.Wait(5);
+  EXPECT_THAT(WayToSelected(), ElementsAre("Home", "Private"));
+  run.files.Heal();
+  drive.Remove("C:\\Home\\Private");
+  run.Wait(2);
+  EXPECT_THAT(WayToSelected(), ElementsAre("Home"));
+}
+
+TEST_F(MyDirTreeTest, AReadingThatFailsKeepsWhatWasThereAndIsTriedAgain) {
+  drive.MakeFolder("C:\\Home\\One\\Inner");
+  Opened(BrowseMode::FilmStrip);
+  run.files.FailNth(FileCall::Folders, 1, error::DeviceIO);
+  Expand({"Home"});
+  EXPECT_FALSE(At({"Home"}).Expanded());
+  Expand({"Home"});
+  EXPECT_THAT(Below({"Home"}), ElementsAre("One"));
+  Expand({"Home", "One"});
+  run.files.FailNth(FileCall::Folders, 1, error::DeviceIO);
+  Choose({"Home"});
+  person.Key(key::F1 + 4);
+  run.Wait(0.1);
+  EXPECT_THAT(Below({"Home"}), ElementsAre("One"));
+  EXPECT_THAT(Below({"Home", "One"}), ElementsAre("Inner"));
+}
+
+TEST_F(MyDirTreeTest, TheWayLeadsThroughAFolderThatMayNotBeRead) {
+  drive.MakeFolder("C:\\Home\\Private\\Mine\\May");
+  Opened(BrowseMode::FilmStrip);
+  run.files.FailAlways(FileCall::Folders, error::PathAccess, "C:\\Home\\Private");
+  GoTo("C:\\Home\\Private\\Mine\\May");
+  EXPECT_THAT(WayToSelected(), ElementsAre("Home", "Private", "Mine", "May"));
+}
+
+TEST_F(MyDirTreeTest, AShareThatIsMountedTwiceIsShownOnce) {
+  const PlaceOfVolume share{"photos on nas", VolumeKind::Share, "\\\\nas\\photos", {}};
+  SetVolumes({share, share});
+  Opened(BrowseMode::FilmStrip);
+  EXPECT_THAT(Below({"Network"}), ElementsAre("photos on nas"));
+  SetVolumes({share, share, card_});
+  run.Wait(2);
+  EXPECT_THAT(Below({"Network"}), ElementsAre("photos on nas"));
+  EXPECT_THAT(Below({"Computer"}), ElementsAre("File System", "EOS 90D"));
+}
+
+TEST_F(MyDirTreeTest, ABarInTheNameOfAPlaceIsLikeAnyOtherCharacter) {
+  MakePhotos("C:\\Home\\This | that\\May", 2);
+  run.places.Marked = {{"C:\\Home\\This | that", ""}};
+  Opened(BrowseMode::FilmStrip);
+  Expand({"This | that"});
+  EXPECT_THAT(Below({"This | that"}), ElementsAre("May"));
+  Choose({"This | that", "May"});
+  EXPECT_EQ(Browser().File1.Path(), "C:\\Home\\This | that\\May");
+  EXPECT_EQ(Browser().MyFiles.ListCount(), 2);
+}
+
 TEST_F(MyDirTreeTest, TypingTheBeginningOfANameGoesToIt) {
   for (const char* name : {"Apples", "Boats", "Birds"}) drive.MakeFolder(std::string("C:\\Home\\") + name);
   Opened(BrowseMode::FilmStrip);
