@@ -243,6 +243,7 @@ TEST_F(PreferencesTest, FoldersBeyondAGapAreCountedAnewAndTheGapStaysEmpty) {
   WriteSavedState(StateLines("C:\\", {"C:\\One", "C:\\Two", "C:\\Three"}));
   ProgramRun& run = Started();
   DesktopState& desk = run.main.desk;
+  run.Wait(0.3);
   run.person.Click(desk.DestFolderName(2));
   if (desk.OpenFolderIndex != 2) run.person.Click(desk.DestFolderName(2));
   run.person.ChooseMenu(run.main.menu.HideFolderMenuItem);

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <gtest/gtest.h>
 
+#include "filmstrip/Scrolling.h"
 #include "tests/platform/codecs/SeenAt.h"
 #include "tests/support/TestPictures.h"
 #include "tests/support/headless/ProgramTest.h"
@@ -102,6 +103,7 @@ class UprightPhotosTest : public ProgramTest {
     EXPECT_EQ(Corners(run.main.strip.SrcThumbnail(i).GetPicture()), "RGBW");
     EXPECT_EQ(Corners(run.main.desk.DestThumbnail(i).GetPicture()), "RGBW");
     const std::string caption = " W320 x H240   " + name + " ";
+    ScrollStripTo(run.main.strip, i, 1);
     for (ImageBox* thumbnail : {&run.main.strip.SrcThumbnail(i), &run.main.desk.DestThumbnail(i)}) {
       run.person.Click(*thumbnail);
       EXPECT_EQ(preview.PicPreviewSize.Caption(), caption);

@@ -112,23 +112,24 @@ void ClientArea::dragEnterEvent(QDragEnterEvent* event) {
 }
 
 // Folders are shown where they are: whoever drags them must never take them for moved.
-void ClientArea::dragMoveEvent(QDragMoveEvent* event) {
-  const QPoint at = event->position().toPoint();
-  const bool taken = peer_ != nullptr && (event->possibleActions() & (Qt::CopyAction | Qt::LinkAction)) != 0 &&
+bool ClientArea::TakesFiles(QDropEvent& event) {
+  const QPoint at = event.position().toPoint();
+  const bool taken = peer_ != nullptr && (event.possibleActions() & (Qt::CopyAction | Qt::LinkAction)) != 0 &&
                      TargetOfFiles(peer_->GetForm(), at.x(), at.y()) != nullptr;
-  if (!taken) {
-    event->ignore();
-    return;
-  }
-  const bool link = (event->possibleActions() & Qt::LinkAction) != 0;
-  event->setDropAction(link ? Qt::LinkAction : Qt::CopyAction);
-  event->accept();
+  event.setAccepted(taken);
+  if (!taken) return false;
+  const bool link = (event.possibleActions() & Qt::LinkAction) != 0;
+  event.setDropAction(link ? Qt::LinkAction : Qt::CopyAction);
+  return true;
+}
+
+void ClientArea::dragMoveEvent(QDragMoveEvent* event) {
+  TakesFiles(*event);
 }
 
 // The other program waits until the drop is done, and what the drop brings up may wait for the user.
 void ClientArea::dropEvent(QDropEvent* event) {
-  dragMoveEvent(static_cast<QDragMoveEvent*>(event));
-  if (!event->isAccepted()) return;
+  if (!TakesFiles(*event)) return;
   std::vector<std::string> paths;
   for (const QUrl& url : event->mimeData()->urls())
     paths.push_back(ToUtf8(url.isLocalFile() ? url.toLocalFile() : url.toString(QUrl::FullyDecoded)));

@@ -29,6 +29,9 @@ class ClientArea final : public QWidget {
   void dropEvent(QDropEvent* event) override;
 
  private:
+  // Accepts the event where the files can be dropped, never as a move.
+  bool TakesFiles(QDropEvent& event);
+
   FormPeer* peer_;
 };
 
