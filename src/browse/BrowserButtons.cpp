@@ -5,6 +5,7 @@
 #include "browse/CameraVolume.h"
 #include "browse/FolderChoices.h"
 #include "desktop/FolderRename.h"
+#include "desktop/FolderSlots.h"
 #include "platform/runtime/Errors.h"
 #include "platform/runtime/Text.h"
 #include "platform/services/Dialogs.h"
@@ -80,7 +81,7 @@ void BrowseFolderLocationForm::UseAsCamera() {
 bool BrowseFolderLocationForm::MayCreateIn(const std::string& folder) {
   for (int slot = 1; slot <= FolderSlots; ++slot) {
     const DesktopState& desk = main_.desk;
-    if (!desk.DestFolder(slot).Visible() || desk.DestFolderFiles(slot).Path() != folder) continue;
+    if (!IsSlotInUse(desk, slot) || desk.DestFolderFiles(slot).Path() != folder) continue;
     const std::string name = ShownFolderName(main_.host.files, folder);
     const std::string text = "You are about to create a 'New Folder' within the folder '" + name +
                              "' which is already\nshown in the work area. This is NOT recommended as the contents of "
