@@ -2,7 +2,7 @@
 
 #include <vector>
 
-#include "browse/TreePlaces.h"
+#include "base/VolumePaths.h"
 #include "platform/runtime/Errors.h"
 #include "platform/services/Volumes.h"
 #include "window/FilmStripState.h"

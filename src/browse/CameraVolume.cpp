@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "base/Routines.h"
+#include "base/VolumePaths.h"
 #include "browse/TreePlaces.h"
 #include "platform/runtime/Errors.h"
 #include "platform/runtime/Text.h"

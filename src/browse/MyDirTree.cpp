@@ -7,6 +7,7 @@
 #include "base/Definition.h"
 #include "base/Host.h"
 #include "base/Routines.h"
+#include "base/VolumePaths.h"
 #include "browse/TreePlaces.h"
 #include "platform/controls/Toolkit.h"
 #include "platform/runtime/Text.h"

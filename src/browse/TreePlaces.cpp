@@ -5,6 +5,7 @@
 #include "base/Definition.h"
 #include "base/Routines.h"
 #include "base/ShownNames.h"
+#include "base/VolumePaths.h"
 #include "platform/runtime/Text.h"
 #include "platform/services/Files.h"
 #include "platform/services/Places.h"
@@ -114,21 +115,6 @@ TreeEntry FolderEntry(Host& host, const std::string& parentKey, const std::strin
 
 std::string ShownNameIn(Host& host, const std::string& folder, const std::string& name) {
   return NeedsSpelling(name) ? ShownFileName(host.files, JoinPath(folder, name)) : name;
-}
-
-const PlaceOfVolume* VolumeOf(const std::vector<PlaceOfVolume>& volumes, const std::string& path) {
-  const PlaceOfVolume* nearest = nullptr;
-  for (const PlaceOfVolume& volume : volumes) {
-    if (!IsWithin(path, volume.Path)) continue;
-    if (nearest == nullptr || volume.Path.size() > nearest->Path.size()) nearest = &volume;
-  }
-  return nearest;
-}
-
-bool IsWithin(const std::string& path, const std::string& folder) {
-  const std::string start = StripTrailingBackslash(folder);
-  if (!EqualIgnoringCase(std::string_view(path).substr(0, start.size()), start)) return false;
-  return path.size() == start.size() || path[start.size()] == '\\';
 }
 
 }  // namespace pixorra

@@ -31,9 +31,4 @@ TreeEntry FolderEntry(Host& host, const std::string& parentKey, const std::strin
 // both.
 std::string ShownNameIn(Host& host, const std::string& folder, const std::string& name);
 
-// The volume that the path lies on, null where it is not mounted.
-const PlaceOfVolume* VolumeOf(const std::vector<PlaceOfVolume>& volumes, const std::string& path);
-// The folder itself, or one in it at any depth.
-bool IsWithin(const std::string& path, const std::string& folder);
-
 }  // namespace pixorra

@@ -4,6 +4,7 @@
 #include "desktop/FolderSlots.h"
 #include "desktop/OpenFolder.h"
 #include "desktop/ShownFolders.h"
+#include "drop/DeviceFolders.h"
 #include "drop/DragGestures.h"
 #include "drop/Duplicates.h"
 #include "drop/FileTransfer.h"
@@ -239,6 +240,8 @@ void CopyDraggedPhoto(MainForm& main, int slot, ImageBox& source) {
     TakeVanishedFolderOff(main, drop, openBefore);
     return;
   }
+  TellOfDeviceFolderOnce(main, drop.Folder);
+  if (!IsStillPossible(main, drop)) return;
   std::string destination;
   CopyStamps stamps;
   int failure = error::FileExists;

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <string>
 #include <unordered_map>
+#include <unordered_set>
 
 #include "platform/pixels/Picture.h"
 
@@ -38,8 +39,9 @@ struct DropState {
   Picture ReelDragIcon;
   Picture NotReadyIcon;
 
-  SeenLengths seenLengths;      // begun anew by each gesture that is not part of a run
-  bool dragQuestionUp = false;  // a box that a drag of AllButton has brought up is shown
+  std::unordered_set<std::string> KnownFolders;  // into which photos have been dropped in this run of the program
+  SeenLengths seenLengths;                       // begun anew by each gesture that is not part of a run
+  bool dragQuestionUp = false;                   // a box that a drag of AllButton has brought up is shown
 };
 
 }  // namespace pixorra

@@ -148,13 +148,6 @@ TEST_F(INIfileTest, EachCheckBoxWritesItsOwnLine) {
   }
 }
 
-TEST_F(INIfileTest, AMaximisedWindowStoresItsMaximisedSize) {
-  ProgramRun& run = Started();
-  run.person.MoveWindow(run.main.Window, 300, 150);
-  run.person.Maximise(run.main.Window);
-  EXPECT_EQ(LinesAfter(run)[0], "19200,15360,0,0,2");
-}
-
 TEST_F(INIfileTest, AFolderWithADoubleQuoteInItsNameComesBack) {
   drive.MakeFolder("C:\\Home");
   ASSERT_EQ(mkdir((drive.HostPath("C:\\Home") + "/the \"best\" of").c_str(), 0777), 0);
@@ -299,22 +292,12 @@ TEST_F(INIfileTest, TheCamerasFolderAsFilmStripIsCalledCameraPhotos) {
   EXPECT_EQ(run.main.strip.SrcFolderPath.ToolTipText(), "C:\\Camera");
 }
 
-TEST_F(INIfileTest, AMaximisedWindowComesBackSoAndItsNormalSizeIsUntouched) {
-  ProgramRun& run = StartedFrom(With(StateLines("", {}), 1, "19200,15360,0,0,2"));
-  EXPECT_EQ(run.main.Window.WindowState(), windowstate::Maximised);
-  EXPECT_EQ(run.main.Window.TwipsWidth(), 19200);
-  run.person.Restore(run.main.Window);
-  EXPECT_EQ(run.main.Window.TwipsWidth(), 11730);
-  EXPECT_EQ(run.main.Window.TwipsHeight(), 9090);
-}
-
 TEST_F(INIfileTest, AMinimisedWindowComesBackSoAndIsLaidOutWhenItIsRestored) {
   ProgramRun& run = StartedFrom(With(StateLines("", {}), 1, "15000,12000,300,300,1"));
   EXPECT_EQ(run.main.Window.WindowState(), windowstate::Minimised);
   EXPECT_EQ(run.main.core.LastWidth, 0);
   run.person.Restore(run.main.Window);
-  run.Wait(0.1);
-  EXPECT_EQ(run.main.core.LastWidth, 11730);
+  EXPECT_TRUE(run.platform.toolkit.WaitUntil([&] { return run.main.core.LastWidth == 11730; }, 5));
 }
 
 TEST_F(INIfileTest, FoldersCloseUpOverEmptyLines) {

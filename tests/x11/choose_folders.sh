@@ -37,6 +37,15 @@ within 10 opened "$(row 2)" "$before" || fail "Card does not open"
 click_in "$browser" 100 "$(row 2)"
 within 20 exists "$card/Thumbnails.tmp" || fail "the first photo is not shown"
 shot chosen
+# A node that is no folder has no photos to list.
+colours_of_list() { import -window "$browser" -crop 280x200+360+80 png:- | identify -format '%k' png:-; }
+list_is_empty() { [ "$(colours_of_list)" -eq 1 ]; }
+if list_is_empty; then fail "the photos are not listed"; fi
+click_in "$browser" 100 "$(row 3)"
+within 10 list_is_empty || fail "the list of photos stays"
+click_in "$browser" 100 "$(row 2)"
+list_is_full() { ! list_is_empty; }
+within 10 list_is_full || fail "the photos are not listed again"
 # shellcheck disable=SC2086
 click_in "$browser" $select_button
 wait_for_no_window "Select a Film Strip"

@@ -110,6 +110,8 @@ class ListPeer final : public PeerOf<QListWidget, ListBox> {
   void MirrorEntries() {
     const int count = Model().ListCount();
     if (count == 0) Widget().clear();
+    // The view paints what comes at once, and what has gone at its next layout only, which may be long after.
+    if (count < Widget().count() || count == 0) Widget().viewport()->update();
     while (Widget().count() > count) delete Widget().takeItem(Widget().count() - 1);
     for (int i = 0; i < Widget().count(); ++i) {
       const QString text = ToQString(Model().List(i));

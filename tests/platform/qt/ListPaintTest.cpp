@@ -1,5 +1,6 @@
 // The cells of a list are painted in their columns.
 #include <QListWidget>
+#include <QPaintEvent>
 #include <QStyleOptionViewItem>
 
 #include "platform/controls/Lists.h"
@@ -38,6 +39,17 @@ class ListPaintTest : public QtTest {
 
   Form form{toolkit, "ListForm"};
   ListBox list{form, "List"};
+};
+
+// What of a widget is painted while this lives.
+class Painted : public QObject {
+ public:
+  explicit Painted(QWidget& widget) { widget.installEventFilter(this); }
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    if (event->type() == QEvent::Paint) Region += static_cast<QPaintEvent*>(event)->region();
+    return QObject::eventFilter(watched, event);
+  }
+  QRegion Region;
 };
 
 TEST_F(ListPaintTest, ARightColumnEndsAtTheEdgeWhateverItsTexts) {
@@ -80,6 +92,19 @@ TEST_F(ListPaintTest, ColumnsThatComeLaterAreShownAtOnce) {
   Settle();
   list.SetColumns({{100, Alignment::Left}, {60, Alignment::Left}});
   EXPECT_GE(InkOf(0, 0, 1000).First, 100);
+}
+
+TEST_F(ListPaintTest, AListThatIsEmptiedIsPaintedEmpty) {
+  list.SetColumns({{0, Alignment::Left}, {70, Alignment::Right}});
+  for (int i = 0; i < 5; ++i) list.AddItem("H\tH");
+  list.SetListIndex(0);
+  form.Show();
+  Settle();
+  QWidget& rows = *WidgetOf<QListWidget>(list).viewport();
+  const Painted painted(rows);
+  list.Clear();
+  Settle();
+  EXPECT_EQ(QRegion(rows.rect()) - painted.Region, QRegion());
 }
 
 }  // namespace

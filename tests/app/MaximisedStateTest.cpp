@@ -1,0 +1,42 @@
+// A maximised window in the saved state file, by the numbers of the headless screen; x11/come_back.sh has it on a real
+// one.
+#include <gtest/gtest.h>
+
+#include "tests/support/headless/ProgramTest.h"
+
+namespace pixorra {
+namespace {
+
+class MaximisedStateTest : public ProgramTest {
+ protected:
+  ProgramRun& StartedFrom(const std::string& window) {
+    SavedState saved;
+    saved.Window = window;
+    WriteSavedState(saved);
+    return Started();
+  }
+  std::string FirstLineAfter(ProgramRun& run) {
+    run.Close();
+    const std::string state = drive.Read("C:\\Windows\\Pixorra.sav");
+    return state.substr(0, state.find("\r\n"));
+  }
+};
+
+TEST_F(MaximisedStateTest, AMaximisedWindowStoresItsMaximisedSize) {
+  ProgramRun& run = Started();
+  run.person.MoveWindow(run.main.Window, 300, 150);
+  run.person.Maximise(run.main.Window);
+  EXPECT_EQ(FirstLineAfter(run), "19200,15360,0,0,2");
+}
+
+TEST_F(MaximisedStateTest, AMaximisedWindowComesBackSoAndItsNormalSizeIsUntouched) {
+  ProgramRun& run = StartedFrom("19200,15360,0,0,2");
+  EXPECT_EQ(run.main.Window.WindowState(), windowstate::Maximised);
+  EXPECT_EQ(run.main.Window.TwipsWidth(), 19200);
+  run.person.Restore(run.main.Window);
+  EXPECT_EQ(run.main.Window.TwipsWidth(), 11730);
+  EXPECT_EQ(run.main.Window.TwipsHeight(), 9090);
+}
+
+}  // namespace
+}  // namespace pixorra
