@@ -92,11 +92,8 @@ TEST_F(INIfileTest, ANewInstallationLeavesTheFactorySettingsByteForByte) {
 }
 
 TEST_F(INIfileTest, EveryControlAndFieldComesToItsOwnLine) {
-  ProgramRun& run = Started();
+  ProgramRun& run = StartedFrom(With(StateLines("", {}), 1, OtherLines[0]));
   MainForm& main = run.main;
-  run.person.MoveWindow(main.Window, 600, 450);
-  main.Window.SetTwipsWidth(12000);
-  main.Window.SetTwipsHeight(9600);
   main.core.CompanyNameLabel.SetCaption("Anna, photos");
   main.preferences.RenameAskOption.SetValue(true);
   main.preferences.DuplicatesAutoOption.SetValue(true);
@@ -290,14 +287,6 @@ TEST_F(INIfileTest, TheCamerasFolderAsFilmStripIsCalledCameraPhotos) {
   ProgramRun& run = StartedFrom(With(StateLines("C:\\Camera", {}), 13, "\"C:\\Camera\""));
   EXPECT_EQ(run.main.strip.SrcFolderPath.Caption(), "Camera Photos");
   EXPECT_EQ(run.main.strip.SrcFolderPath.ToolTipText(), "C:\\Camera");
-}
-
-TEST_F(INIfileTest, AMinimisedWindowComesBackSoAndIsLaidOutWhenItIsRestored) {
-  ProgramRun& run = StartedFrom(With(StateLines("", {}), 1, "15000,12000,300,300,1"));
-  EXPECT_EQ(run.main.Window.WindowState(), windowstate::Minimised);
-  EXPECT_EQ(run.main.core.LastWidth, 0);
-  run.person.Restore(run.main.Window);
-  EXPECT_TRUE(run.platform.toolkit.WaitUntil([&] { return run.main.core.LastWidth == 11730; }, 5));
 }
 
 TEST_F(INIfileTest, FoldersCloseUpOverEmptyLines) {

@@ -6,7 +6,6 @@
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTimer>
-#include <QWindow>
 
 #include "platform/controls/Lists.h"
 #include "platform/controls/Menu.h"
@@ -237,12 +236,6 @@ void StagePerson::ChooseFromPopup(MenuItem& item) {
 void StagePerson::Resize(Form& form, int clientWidth, int clientHeight) {
   QWidget* window = Hands::WindowOf(form);
   window->resize(clientWidth, clientHeight + window->height() - Hands::ClientOf(form)->height());
-  backend_.GetToolkit().DoEvents();
-}
-
-void StagePerson::MoveWindow(Form& form, double twipsLeft, double twipsTop) {
-  Hands::WindowOf(form)->windowHandle()->setFramePosition(
-      {static_cast<int>(twipsLeft / TwipsPerPixel), static_cast<int>(twipsTop / TwipsPerPixel)});
   backend_.GetToolkit().DoEvents();
 }
 

@@ -63,7 +63,6 @@ class StagePerson {
   void ChooseFromPopup(MenuItem& item);
 
   void Resize(Form& form, int clientWidth, int clientHeight);
-  void MoveWindow(Form& form, double twipsLeft, double twipsTop);
   void Maximise(Form& form);
   void Minimise(Form& form);
   void Restore(Form& form);
