@@ -134,6 +134,8 @@ void ConnectEvents(MainForm& main) {
   ConnectPreview(main);
   ConnectDesktop(main);
   ConnectDrop(main);
+  ConnectDelete(main);
+  ConnectSelected(main);
   ConnectBrowse(main);
   ConnectHelp(main);
   ConnectSpoken(main);

@@ -6,11 +6,13 @@ namespace pixorra {
 struct MainForm;
 
 void ConnectBrowse(MainForm& main);
+void ConnectDelete(MainForm& main);
 void ConnectDesktop(MainForm& main);
 void ConnectDrop(MainForm& main);
 void ConnectFilmStrip(MainForm& main);
 void ConnectHelp(MainForm& main);
 void ConnectPreview(MainForm& main);
+void ConnectSelected(MainForm& main);
 void ConnectSpoken(MainForm& main);
 
 }  // namespace pixorra

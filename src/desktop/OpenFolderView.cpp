@@ -277,6 +277,16 @@ void RemoveDestPhoto(DesktopState& desk, const std::string& path, const Picture&
   }
 }
 
+int CellOf(const DesktopState& desk, const std::string& path) {
+  const auto has = [&](int cell) { return cell >= 1 && cell <= desk.DestSlotCount && PhotoOf(desk, cell) == path; };
+  const int selected = OrElse(0, [&] { return SelectedCell(desk); });
+  if (has(selected)) return selected;
+  for (int i = 1; i <= desk.DestSlotCount; ++i) {
+    if (has(i)) return i;
+  }
+  return 0;
+}
+
 void DestScrollbar_Change(MainForm& main) {
   ScrollBar& bar = main.desk.DestScrollbar;
   if (ScrollInProgress::On(bar)) return;

@@ -27,6 +27,8 @@ void DeleteDestThumbnail(DesktopState& desk, int index);
 void RemoveDestPhoto(DesktopState& desk, const std::string& path, const Picture& blank);
 // A cell's photo has another path now. The only way to set a cell's Tag.
 void SetDestCellPath(DesktopState& desk, int index, const std::string& path);
+// The cell that has the photo at the full path, the selected one if it is that; 0 where none has it.
+int CellOf(const DesktopState& desk, const std::string& path);
 void DestScrollbar_Change(MainForm& main);
 void DestScrollbar_Scroll(MainForm& main);
 // Moves the view by so many pixels, positive towards its end, within the bar's range. Pixels below one unit of the bar

@@ -179,6 +179,32 @@ void QuickThumbs::CopyEntry(const CopiedPhoto& photo) const {
   AddRecord(*sought, FindEntry(*sought), std::move(record));
 }
 
+// The record takes the new name. One that the new name has already, of a photo that was once called so, is of no use
+// any more: it takes over all that the photo's own record has, and that one is left behind.
+void QuickThumbs::RenameEntry(const std::string& from, const std::string& to) const {
+  const std::optional<Sought> renamed = Seek(to);
+  if (!renamed) return;
+  Sought former = *renamed;
+  former.Name = FileNameOf(from);
+  former.Key = MakeEntryKey(former.Name, former.Length, former.Date);
+  const Entry own = FindEntry(former);
+  if (own.Record == 0) return;
+  std::vector<std::uint8_t> fields(FieldsBytes);
+  own.Cache->ReadAt(OffsetOf(own.Record), fields.data(), fields.size());
+  const auto key = fields.begin() + KeyOffset;
+  // Its length and date stay as they are, also where it was found by a date that the photo does not have for others.
+  std::copy_n(renamed->Key.begin(), NameBytes, key);
+  EntryKey newKey;
+  std::copy_n(key, newKey.size(), newKey.begin());
+  const std::int64_t taken = index_.Find(renamed->Cache, *own.Cache, newKey);
+  index_.Forget(renamed->Cache);
+  if (taken == 0) {
+    own.Cache->WriteAt(OffsetOf(own.Record) + static_cast<std::int64_t>(KeyOffset), newKey.data(), newKey.size());
+  } else {
+    own.Cache->WriteAt(OffsetOf(taken), fields.data(), fields.size());
+  }
+}
+
 void QuickThumbs::MarkEntry(const std::string& path, bool dragged) const {
   const std::optional<Sought> sought = Seek(path);
   if (!sought) return;
@@ -216,6 +242,10 @@ void QuickThumbs::AddQuickThumb(const std::string& path, const Picture& picture,
 
 void QuickThumbs::CopyQuickThumb(const CopiedPhoto& photo) const {
   ErrorsIgnored([&] { CopyEntry(photo); });
+}
+
+void QuickThumbs::RenameQuickThumb(const std::string& from, const std::string& to) const {
+  ErrorsIgnored([&] { RenameEntry(from, to); });
 }
 
 void QuickThumbs::SetQuickThumbMark(const std::string& path, const std::string& text) const {

@@ -48,6 +48,8 @@ class QuickThumbs {
   // The copy takes over the photo's thumbnail, unmarked, and need not be decoded. It gets none where either file has
   // been changed or replaced since, and none of a record without a date: that may be of another photo.
   void CopyQuickThumb(const CopiedPhoto& photo) const;
+  // The photo has been renamed in its folder: its thumbnail and its mark are its own under the new name too.
+  void RenameQuickThumb(const std::string& from, const std::string& to) const;
   // An empty text clears the mark, any other sets it; without an entry nothing changes.
   void SetQuickThumbMark(const std::string& path, const std::string& text) const;
   // Clears the marks of all photos of a folder. Only the cache file is looked at, not the photos: a camera would fetch
@@ -71,6 +73,7 @@ class QuickThumbs {
   bool IsStill(const std::string& path, const FileStamp& decoded) const;
   void AddEntry(const std::string& path, const Picture& picture, const FileStamp& decoded) const;
   void CopyEntry(const CopiedPhoto& photo) const;
+  void RenameEntry(const std::string& from, const std::string& to) const;
   void MarkEntry(const std::string& path, bool dragged) const;
 
   Files& files_;

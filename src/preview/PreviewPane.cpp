@@ -1,11 +1,11 @@
 #include "preview/PreviewPane.h"
 
+#include "base/ExeFileInfo.h"
 #include "base/ShownNames.h"
 #include "pictures/DotScreen.h"
 #include "pictures/PaintPhoto.h"
 #include "pictures/QuickThumbs.h"
 #include "platform/runtime/Errors.h"
-#include "platform/runtime/Text.h"
 #include "platform/services/Files.h"
 #include "platform/services/Shell.h"
 #include "window/DesktopState.h"
@@ -21,15 +21,16 @@ namespace {
 
 // What the program registered for the file calls itself; empty where there is none.
 std::string EditorName(MainForm& main, const std::string& path) {
-  std::string name;
-  ErrorsIgnored([&] {
-    const std::string program = main.host.shell.FindExecutable(path);
-    if (program.empty()) return;
-    const Shell::VersionInfo info = main.host.shell.ReadVersionInfo(program);
-    name = Trim(info.ProductName);
-    if (name.empty()) name = Trim(info.FileDescription);
+  Shell& shell = main.host.shell;
+  return OrElse(std::string(), [&] {
+    const std::string program = AssociatedProgramPath(shell, path);
+    return program.empty() ? program : ProgramDisplayName(shell, program);
   });
-  return name;
+}
+
+// What has no operation yet stays disabled.
+void EnableConnected(MenuItem& item, bool enabled) {
+  item.SetEnabled(enabled && item.On().Click);
 }
 
 // Shown for two seconds from now on.
@@ -108,8 +109,14 @@ void PicPreview_MouseMove(MainForm& main) {
 
 void SelectedPhotoMenu_Click(MainForm& main) {
   const std::string& selected = SelectedPhoto(main.preview);
-  if (selected.empty()) return;
-  main.menu.SelectedEditMenuItem.SetCaption("Edit with \"" + EditorName(main, selected) + "\"");
+  MenuBar& menu = main.menu;
+  if (!selected.empty()) menu.SelectedEditMenuItem.SetCaption("Edit with \"" + EditorName(main, selected) + "\"");
+  for (MenuItem* item : {&menu.CopyMenuItem, &menu.SelectedPrintMenuItem, &menu.SelectedEditMenuItem,
+                         &menu.SelectedViewFullSizeMenuItem})
+    EnableConnected(*item, !selected.empty());
+  const int attributes = selected.empty() ? attribute::ReadOnly : main.host.files.Attributes(selected).value_or(0);
+  for (MenuItem* item : {&menu.RenameMenuItem, &menu.DeleteMenuItem})
+    EnableConnected(*item, (attributes & attribute::ReadOnly) == 0);
 }
 
 void AutoPicPreviewTimer_Timer(MainForm& main) {

@@ -134,12 +134,18 @@ constexpr const char* DuplicatePages[] = {
 };
 
 constexpr const char* DeletePages[] = {
-    "Dragging a photo never deletes it: it stays in the film strip\n"
-    "until it is deleted there.\n"
+    "Delete Selected Photo: the photo that is selected in the film\n"
+    "strip. 'Delete' in the 'Selected Photo' menu deletes it too,\n"
+    "and one that is selected in the open folder.\n"
     "\n"
-    "This version deletes no photos from the film strip: its\n"
-    "command is gray. Use your file manager once you have seen\n"
-    "that the folders have all that you want to keep.",
+    "Delete all Dragged: the photos that have been dragged. The\n"
+    "copy of each was safe on its disk before it was shaded.\n"
+    "\n"
+    "Delete All Photos in Film Strip: dragged or not. The location\n"
+    "goes too if nothing else is in it; the camera's stays.\n"
+    "\n"
+    "All of this is final: nothing goes to the Trashcan. If many\n"
+    "photos cannot be deleted, press Esc in a message to stop.",
 };
 
 constexpr const char* PrintingPages[] = {

@@ -1,0 +1,88 @@
+#include "delete/DeleteAllForm.h"
+
+#include <string>
+#include <vector>
+
+#include "base/Definition.h"
+#include "base/Routines.h"
+#include "delete/AskedFolder.h"
+#include "delete/DeleteConfirmation.h"
+#include "delete/DeleteFilmStripLocation.h"
+#include "filmstrip/Listing.h"
+#include "pictures/QuickThumbs.h"
+#include "platform/controls/Toolkit.h"
+#include "window/FilmStripState.h"
+#include "window/MainForm.h"
+
+namespace pixorra {
+
+namespace {
+
+constexpr int PictureSize = 96;  // pixels
+
+constexpr DeleteConfirmation::Texts Texts{
+    .Form = "DeleteAllForm",
+    .Caption = "Delete all photos in Film Strip",
+    .Question =
+        "Delete all photos in the current film strip whether they have been dragged into folders, or not.  "
+        "This will also delete the Film Strip location.",
+    .Subject = "DeleteAllMessage",
+    .Button = "&Delete Film Strip"};
+
+std::vector<std::string> ListedNames(const FileListBox& list) {
+  std::vector<std::string> names;
+  for (int i = 0; i < list.ListCount(); ++i) names.push_back(list.List(i));
+  return names;
+}
+
+std::string Message(const std::string& shownPath, std::size_t count) {
+  if (count == 0) return "Delete [" + shownPath + "]";
+  return "Delete all " + std::to_string(count) + " photos in    [" + shownPath + "]";
+}
+
+// The strip is loaded anew, from its cache, with the photos that are left.
+void ReloadStrip(FilmStripState& strip) {
+  strip.SrcFileList.Refresh();
+  strip.SrcLoadedPath.clear();
+}
+
+void ForgetStrip(FilmStripState& strip) {
+  strip.NoFilmStrip = true;
+  strip.SrcLoadedPath.clear();
+  ShowNoFilmStrip(strip);
+  strip.SrcFileList.Refresh();
+}
+
+void DeleteAll(MainForm& main, const AskedFolder& folder, const std::vector<std::string>& names, DeleteRun& run) {
+  for (const std::string& name : names) {
+    if (!run.GoesOn()) break;
+    run.Delete(JoinPath(folder.Path(), name));
+  }
+  if (main.host.toolkit.Ended()) return;
+  run.Flush();
+  if (run.IsStopped()) {
+    ReloadStrip(main.strip);
+    return;
+  }
+  // In another folder of that name, nothing is to be deleted.
+  if (folder.IsTheSame()) {
+    QuickThumbsOf(main).DeleteQuickThumbs(folder.Path());
+    DeleteFilmStripLocation(main, folder);
+  }
+  if (!main.host.toolkit.Ended()) ForgetStrip(main.strip);
+}
+
+}  // namespace
+
+void ShowDeleteAllForm(MainForm& main) {
+  const FileListBox& list = main.strip.SrcFileList;
+  const std::vector<std::string> names = ListedNames(list);
+  const AskedFolder folder(main.host.files, list.Path());
+  DeleteRun run(main, folder, "Unable to delete this Photo");
+  DeleteConfirmation form(main, Texts, Drawing(main.host, "DeleteAll", PictureSize, PictureSize), PictureSize,
+                          PictureSize);
+  form.Describe(Message(main.host.files.ShownPath(list.Path()), names.size()));
+  form.Show(run, [&] { DeleteAll(main, folder, names, run); });
+}
+
+}  // namespace pixorra

@@ -1,0 +1,77 @@
+// Which commands the menu of the selected photo offers.
+#include <gmock/gmock.h>
+
+#include "tests/selected/SelectedTest.h"
+
+namespace pixorra {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+class SelectedPhotoMenuTest : public SelectedTest {
+ protected:
+  // The menu is opened. Those of its commands that can be chosen; what has no operation yet cannot.
+  std::vector<std::string> Offered() {
+    main.menu.SelectedPhotoMenu.UserClicked();
+    std::vector<std::string> names;
+    for (const MenuItem* item :
+         {&main.menu.SelectedEditMenuItem, &main.menu.RenameMenuItem, &main.menu.DeleteMenuItem}) {
+      if (item->CanBeChosen()) names.push_back(item->Name());
+    }
+    return names;
+  }
+};
+
+TEST_F(SelectedPhotoMenuTest, WithNoPhotoSelectedNothingIsOffered) {
+  LoadStrip({"a.bmp"});
+  EXPECT_THAT(Offered(), IsEmpty());
+}
+
+TEST_F(SelectedPhotoMenuTest, ASelectedPhotoCanBeEditedRenamedAndDeleted) {
+  LoadStrip({"a.bmp"});
+  SelectInStrip(1);
+  EXPECT_THAT(Offered(), ElementsAre("SelectedEditMenuItem", "RenameMenuItem", "DeleteMenuItem"));
+}
+
+TEST_F(SelectedPhotoMenuTest, AWriteProtectedPhotoCanOnlyBeEdited) {
+  LoadStrip({"a.bmp", "b.bmp"});
+  drive.SetMode(Photo("a.bmp"), 0444);
+  SelectInStrip(1);
+  EXPECT_THAT(Offered(), ElementsAre("SelectedEditMenuItem"));
+  SelectInStrip(2);
+  EXPECT_THAT(Offered(), ElementsAre("SelectedEditMenuItem", "RenameMenuItem", "DeleteMenuItem"));
+}
+
+TEST_F(SelectedPhotoMenuTest, APhotoSelectedInTheOpenFolderOrTheTrashcanIsOfferedTheSame) {
+  OpenFamily({"x.bmp"});
+  SelectInView(1);
+  EXPECT_THAT(Offered(), ElementsAre("SelectedEditMenuItem", "RenameMenuItem", "DeleteMenuItem"));
+  MakePhoto("C:\\Program\\Trashcan\\t.bmp", 0x00203040);
+  desk.DestFolderFiles(TrashcanSlot).Refresh();
+  Select_a_Folder(main, TrashcanSlot);
+  run.Wait(0.08);
+  run.LoadAll();
+  EXPECT_THAT(Offered(), IsEmpty());
+  SelectInView(1);
+  EXPECT_THAT(Offered(), ElementsAre("SelectedEditMenuItem", "RenameMenuItem", "DeleteMenuItem"));
+}
+
+TEST_F(SelectedPhotoMenuTest, APhotoThatCannotBeShownIsNoneThatIsSelected) {
+  drive.Write(Photo("a.bmp"), "BM and nothing of a bitmap");
+  LoadStrip({});
+  SelectInStrip(1);
+  EXPECT_THAT(Offered(), IsEmpty());
+}
+
+TEST_F(SelectedPhotoMenuTest, WhatHasNoOperationYetStaysDisabled) {
+  LoadStrip({"a.bmp"});
+  SelectInStrip(1);
+  main.menu.SelectedPhotoMenu.UserClicked();
+  for (const MenuItem* item :
+       {&main.menu.CopyMenuItem, &main.menu.SelectedPrintMenuItem, &main.menu.SelectedViewFullSizeMenuItem})
+    EXPECT_EQ(item->Enabled(), static_cast<bool>(item->On().Click)) << item->Name();
+}
+
+}  // namespace
+}  // namespace pixorra
