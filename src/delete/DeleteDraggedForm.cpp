@@ -6,6 +6,7 @@
 #include "base/Definition.h"
 #include "delete/AskedFolder.h"
 #include "delete/DeleteConfirmation.h"
+#include "filmstrip/Marks.h"
 #include "filmstrip/Views.h"
 #include "platform/controls/Toolkit.h"
 #include "platform/runtime/Numbers.h"
@@ -47,7 +48,7 @@ void DeleteDragged(MainForm& main, const std::vector<MarkedSlot>& slots, DeleteR
   for (const MarkedSlot& slot : slots) {
     if (!run.GoesOn()) break;
     if (!IsStillMarked(main.strip, slot)) continue;
-    run.Delete(slot.Photo);
+    run.Delete(slot.Photo, LengthWhenMarked(main.strip, slot.Number));
     if (main.host.toolkit.Ended()) return;
     // Deliberate: also after a failure.
     if (IsStillMarked(main.strip, slot)) EmptySrcSlot(main.strip, slot.Number);

@@ -17,6 +17,12 @@ namespace {
 
 constexpr double EventsPause = 0.05;  // seconds between two turns of the window
 
+// Of a link only the link goes, and of a folder nothing.
+void MustHaveLength(Files& files, const std::string& path, std::optional<std::int64_t> length) {
+  if (length && files.FileExists(path) && !files.IsLink(path) && files.Length(path) != *length)
+    throw RuntimeError(error::PathAccess, "The photo has been changed since it was dragged.");
+}
+
 }  // namespace
 
 DeleteRun::DeleteRun(MainForm& main, const AskedFolder& folder, std::string failure)
@@ -30,13 +36,19 @@ bool DeleteRun::GoesOn() {
   return !stopped_ && !main_.host.toolkit.Ended();
 }
 
-void DeleteRun::Delete(const std::string& path) {
+void DeleteRun::Delete(const std::string& path, std::optional<std::int64_t> length) {
   Files& files = main_.host.files;
-  const int failure = ErrorsIgnored([&] { DeletePhoto(files, folder_, path); });
-  if (failure == error::None) return;
+  std::string failure;
+  try {
+    MustHaveLength(files, path, length);
+    DeletePhoto(files, folder_, path);
+    return;
+  } catch (const RuntimeError& raised) {
+    failure = raised.Description();
+  }
   // The Esc key that closes the box stops the run: what one photo fails at, hundreds may fail at.
-  const BoxAnswer answer = main_.host.dialogs.MsgBox(files.ShownPath(path) + "\n\n" + ErrorDescription(failure),
-                                                     BoxIcon::Critical, BoxButtons::Ok, failure_);
+  const BoxAnswer answer =
+      main_.host.dialogs.MsgBox(files.ShownPath(path) + "\n\n" + failure, BoxIcon::Critical, BoxButtons::Ok, failure_);
   if (answer == BoxAnswer::Cancel) stopped_ = true;
 }
 

@@ -1,14 +1,37 @@
 #include "filmstrip/Marks.h"
 
+#include <charconv>
+#include <system_error>
+
 #include "base/Palette.h"
 #include "filmstrip/Views.h"
 #include "pictures/DotScreen.h"
 #include "pictures/PaintPhoto.h"
 #include "pictures/QuickThumbs.h"
+#include "platform/runtime/Errors.h"
+#include "platform/services/Files.h"
 #include "window/FilmStripState.h"
 #include "window/MainForm.h"
 
 namespace pixorra {
+
+namespace {
+
+// Kept in the Tag of the slot's frame.
+void NoteLength(MainForm& main, const ImageBox& thumbnail) {
+  main.strip.SrcBackground(thumbnail.Index()).SetTag(OrElse(std::string(), [&] {
+    return std::to_string(main.host.files.Length(thumbnail.Tag()));
+  }));
+}
+
+}  // namespace
+
+std::optional<std::int64_t> LengthWhenMarked(const FilmStripState& strip, int slot) {
+  const std::string& kept = strip.SrcBackground(slot).Tag();
+  std::int64_t length = 0;
+  if (std::from_chars(kept.data(), kept.data() + kept.size(), length).ec != std::errc()) return std::nullopt;
+  return length;
+}
 
 void MarkDragged(MainForm& main, ImageBox& thumbnail) {
   FilmStripState& strip = main.strip;
@@ -16,6 +39,7 @@ void MarkDragged(MainForm& main, ImageBox& thumbnail) {
   Label& name = strip.SrcThumbName(thumbnail.Index());
   name.SetTag("MARK");
   name.SetForeColor(palette::DraggedText);
+  NoteLength(main, thumbnail);
   QuickThumbsOf(main).SetQuickThumbMark(thumbnail.Tag(), "MARK");
   if (strip.AutoScrollOption.Value()) strip.AutoScrollPending = true;
   if (strip.RemainingOption.Value()) ArrangeRemaining(main);

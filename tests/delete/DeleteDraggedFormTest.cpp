@@ -175,6 +175,26 @@ TEST_F(DeleteDraggedFormTest, PhotosOfAnotherFolderThatHasTakenTheFoldersNameSta
   EXPECT_THAT(FilesIn("C:\\Away"), ElementsAre("a.bmp", "b.bmp"));
 }
 
+TEST_F(DeleteDraggedFormTest, AnotherPhotoThatHasTakenADraggedOnesNameStays) {
+  LoadMarked({"a.bmp", "b.bmp"}, {1, 2});
+  drive.Write(Photo("a.bmp"), BmpPhoto(8, 8));
+  ExpectFailure("a.bmp", "The photo has been changed since it was dragged.");
+  DeleteThem();
+  EXPECT_THAT(FilesIn("C:\\Strip"), ElementsAre("a.bmp"));
+  EXPECT_TRUE(drive.Read(Photo("a.bmp")) == BmpPhoto(8, 8));
+}
+
+TEST_F(DeleteDraggedFormTest, MarksOfAnEarlierSessionAreGoodForWhatIsThereWhenTheyAreLoaded) {
+  LoadMarked({"a.bmp", "b.bmp"}, {1, 2});
+  strip.SrcLoadedPath.clear();
+  run.Wait(0.1);
+  run.LoadAll();
+  drive.Write(Photo("a.bmp"), BmpPhoto(8, 8));
+  ExpectFailure("a.bmp", "The photo has been changed since it was dragged.");
+  DeleteThem();
+  EXPECT_THAT(FilesIn("C:\\Strip"), ElementsAre("a.bmp"));
+}
+
 TEST_F(DeleteDraggedFormTest, OfALinkThatHasTakenAPhotosNameOnlyTheLinkGoes) {
   LoadMarked({"a.bmp", "b.bmp"}, {1, 2});
   drive.Write("C:\\Elsewhere\\kept.bmp", "kept");
