@@ -23,6 +23,7 @@ constexpr int PictureSize = 96;  // pixels
 constexpr DeleteConfirmation::Texts Texts{
     .Form = "DeleteAllForm",
     .Caption = "Delete all photos in Film Strip",
+    .Picture = "A strip of film",
     .Question =
         "Delete all photos in the current film strip whether they have been dragged into folders, or not.  "
         "This will also delete the Film Strip location.",
@@ -79,9 +80,11 @@ void ShowDeleteAllForm(MainForm& main) {
   const std::vector<std::string> names = ListedNames(list);
   const AskedFolder folder(main.host.files, list.Path());
   DeleteRun run(main, folder, "Unable to delete this Photo");
-  DeleteConfirmation form(main, Texts, Drawing(main.host, "DeleteAll", PictureSize, PictureSize), PictureSize,
-                          PictureSize);
-  form.Describe(Message(main.host.files.ShownPath(list.Path()), names.size()));
+  DeleteConfirmation form(main, Texts,
+                          {.Image = Drawing(main.host, "DeleteAll", PictureSize, PictureSize),
+                           .Width = PictureSize,
+                           .Height = PictureSize,
+                           .Subject = Message(main.host.files.ShownPath(list.Path()), names.size())});
   form.Show(run, [&] { DeleteAll(main, folder, names, run); });
 }
 

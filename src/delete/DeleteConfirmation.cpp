@@ -1,9 +1,12 @@
 #include "delete/DeleteConfirmation.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include "base/Dialog.h"
+#include "platform/controls/Toolkit.h"
 #include "platform/runtime/AtExit.h"
+#include "platform/services/TextDrawing.h"
 #include "window/MainForm.h"
 
 namespace pixorra {
@@ -12,7 +15,9 @@ namespace {
 
 // Pixels.
 constexpr int Margin = 16;
+// Of the texts: a long path makes the form wider, up to a bound.
 constexpr int TextWidth = 300;
+constexpr int MostTextWidth = 540;
 constexpr int QuestionHeight = 72;
 constexpr int SubjectHeight = 20;
 constexpr int ButtonHeight = 28;
@@ -22,27 +27,31 @@ constexpr int ButtonGap = 12;
 
 }  // namespace
 
-DeleteConfirmation::DeleteConfirmation(MainForm& main, const Texts& texts, const Picture& picture, int width,
-                                       int height)
+DeleteConfirmation::DeleteConfirmation(MainForm& main, const Texts& texts, const Shown& shown)
     : main_(main), window_(main.host.toolkit, texts.Form), subject_(window_, texts.Subject) {
   window_.SetCaption(texts.Caption);
   picture_.SetStretch(true);
-  picture_.SetPicture(picture);
+  picture_.SetPicture(shown.Image);
+  picture_.SetAccessibleName(texts.Picture);
   question_.SetCaption(texts.Question);
+  subject_.SetFont({"", 9, true});
+  subject_.SetCaption(shown.Subject);
+  subject_.SetToolTipText(shown.Subject);
+  subject_.SetShortensInMiddle(true);
   delete_.SetCaption(texts.Button);
-  PlaceControls(width, height);
+  PlaceControls(shown);
 }
 
-void DeleteConfirmation::PlaceControls(int pictureWidth, int pictureHeight) {
-  const int left = 2 * Margin + pictureWidth;
-  const int height = std::max(pictureHeight, QuestionHeight + SubjectHeight);
-  picture_.Move(Margin, Margin, pictureWidth, pictureHeight);
+void DeleteConfirmation::PlaceControls(const Shown& shown) {
+  const int left = 2 * Margin + shown.Width;
+  const int height = std::max(shown.Height, QuestionHeight + SubjectHeight);
+  const double needed = main_.host.toolkit.Text().Measure(subject_.GetFont(), subject_.Caption()).Width;
+  const int textWidth = static_cast<int>(std::clamp<double>(std::ceil(needed) + 2, TextWidth, MostTextWidth));
+  picture_.Move(Margin, Margin, shown.Width, shown.Height);
   question_.SetWordWrap(true);
-  question_.Move(left, Margin, TextWidth, QuestionHeight);
-  subject_.SetFont({"", 9, true});
-  subject_.SetShortensInMiddle(true);
-  subject_.Move(left, Margin + height - SubjectHeight, TextWidth, SubjectHeight);
-  const int width = left + TextWidth + Margin;
+  question_.Move(left, Margin, textWidth, QuestionHeight);
+  subject_.Move(left, Margin + height - SubjectHeight, textWidth, SubjectHeight);
+  const int width = left + textWidth + Margin;
   const int top = 2 * Margin + height;
   cancel_.SetCaption("&Cancel");
   cancel_.Move(width - Margin - CancelWidth, top, CancelWidth, ButtonHeight);
@@ -52,11 +61,6 @@ void DeleteConfirmation::PlaceControls(int pictureWidth, int pictureHeight) {
   cancel_.SetDefault(true);
   cancel_.SetFocus();
   window_.SetClientSize(width, top + ButtonHeight + Margin);
-}
-
-void DeleteConfirmation::Describe(const std::string& subject) {
-  subject_.SetCaption(subject);
-  subject_.SetToolTipText(subject);
 }
 
 void DeleteConfirmation::Show(DeleteRun& run, const std::function<void()>& deletes) {

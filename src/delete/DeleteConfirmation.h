@@ -21,20 +21,25 @@ class DeleteConfirmation {
   struct Texts {
     const char* Form;      // its name
     const char* Caption;   // of the form
+    const char* Picture;   // what it shows, for a screen reader
     const char* Question;  // in one or more lines
     const char* Subject;   // the name of the label that says what is deleted
     const char* Button;    // caption of DeleteButton
   };
-  // The picture is shown at the size given, pixels, and says `described` to a screen reader.
-  DeleteConfirmation(MainForm& main, const Texts& texts, const Picture& picture, int width, int height);
+  struct Shown {
+    Picture Image;
+    int Width;  // pixels
+    int Height;
+    std::string Subject;
+  };
+  DeleteConfirmation(MainForm& main, const Texts& texts, const Shown& shown);
 
-  void Describe(const std::string& subject);
   // Shows the form and returns when it has been closed. `deletes` runs once, when DeleteButton is pressed, and the form
   // is closed when it returns; until then CancelButton, Esc and closing the form stop the run.
   void Show(DeleteRun& run, const std::function<void()>& deletes);
 
  private:
-  void PlaceControls(int pictureWidth, int pictureHeight);
+  void PlaceControls(const Shown& shown);
 
   MainForm& main_;
   Form window_;

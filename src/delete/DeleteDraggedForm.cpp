@@ -22,6 +22,7 @@ constexpr int PictureSize = 96;  // pixels
 constexpr DeleteConfirmation::Texts Texts{
     .Form = "DeleteDraggedForm",
     .Caption = "Delete All Dragged Photos",
+    .Picture = "Photos that have been dragged",
     .Question = "Do you want to delete all of the photos that have already been dragged into folders?",
     .Subject = "DraggedCount",
     .Button = "&Delete them"};
@@ -64,9 +65,11 @@ void ShowDeleteDraggedForm(MainForm& main) {
   const std::vector<MarkedSlot> slots = MarkedSlots(main.strip);
   const AskedFolder folder(main.host.files, main.strip.SrcFileList.Path());
   DeleteRun run(main, folder, "Unable to delete dragged Photo");
-  DeleteConfirmation form(main, Texts, Drawing(main.host, "DeleteDragged", PictureSize, PictureSize), PictureSize,
-                          PictureSize);
-  form.Describe(TrimmedStr(static_cast<double>(slots.size())) + " Dragged Photos");
+  DeleteConfirmation form(main, Texts,
+                          {.Image = Drawing(main.host, "DeleteDragged", PictureSize, PictureSize),
+                           .Width = PictureSize,
+                           .Height = PictureSize,
+                           .Subject = TrimmedStr(static_cast<double>(slots.size())) + " Dragged Photos"});
   form.Show(run, [&] { DeleteDragged(main, slots, run); });
 }
 

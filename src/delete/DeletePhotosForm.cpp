@@ -45,6 +45,7 @@ struct DeletePhotosForm {
 
 DeletePhotosForm::DeletePhotosForm(MainForm& main) : Window(main.host.toolkit, "DeletePhotosForm") {
   Window.SetCaption(" Delete Photos in Film Strip");
+  Image1.SetAccessibleName("Photos to delete");
   Image1.SetPicture(Drawing(main.host, "DeletePhotos", PictureSize, PictureSize));
   PlaceControls();
   DeleteSelectedButton.SetEnabled(main.strip.SrcThumbFrame.Visible());

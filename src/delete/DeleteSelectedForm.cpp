@@ -31,6 +31,7 @@ constexpr int PictureHeight = 119;
 
 constexpr DeleteConfirmation::Texts Texts{.Form = "DeleteSelectedForm",
                                           .Caption = "Delete Selected Photo",
+                                          .Picture = "The photo",
                                           .Question = "Do you want to delete this photo?",
                                           .Subject = "PhotoName",
                                           .Button = "&Delete it"};
@@ -121,8 +122,11 @@ void DeleteMenuItem_Click(MainForm& main) {
 
 void ShowDeleteSelectedForm(MainForm& main) {
   const ShownPhoto photo(main.host.files, PhotoToDelete(main));
-  DeleteConfirmation form(main, Texts, PictureOf(main), PictureWidth, PictureHeight);
-  form.Describe(ShownFileName(main.host.files, photo.Path));
+  DeleteConfirmation form(main, Texts,
+                          {.Image = PictureOf(main),
+                           .Width = PictureWidth,
+                           .Height = PictureHeight,
+                           .Subject = ShownFileName(main.host.files, photo.Path)});
   DeleteRun run(main, photo.Folder, "Unable to delete Selected Photo");
   form.Show(run, [&] {
     try {

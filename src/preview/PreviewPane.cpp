@@ -61,6 +61,20 @@ void RepaintDestThumbnail(MainForm& main) {
   PaintThumbnail(main, main.desk.DestThumbnail(i), SelectedPhoto(main.preview), bDragged);
 }
 
+// Of a photo that cannot be shown: its file is there and has changed since it could not be shown the last time. An
+// editor is in the middle of it then, and the photo is looked at again.
+bool IsBeingSaved(MainForm& main, const std::string& photo) {
+  Timer& timer = main.preview.AutoPicPreviewTimer;
+  const std::string now = OrElse(std::string(), [&] {
+    const FileStamp stamp = main.host.files.Open(photo, OpenMode::Read)->Stamp();
+    return photo + "|" + std::to_string(stamp.Length) + "|" + std::to_string(stamp.Seconds) + "|" +
+           std::to_string(stamp.Nanoseconds);
+  });
+  const bool changed = !now.empty() && now != timer.Tag();
+  timer.SetTag(now);
+  return changed;
+}
+
 }  // namespace
 
 void PaintPicPreview(MainForm& main, const std::string& file) {
@@ -114,7 +128,9 @@ void SelectedPhotoMenu_Click(MainForm& main) {
   for (MenuItem* item : {&menu.CopyMenuItem, &menu.SelectedPrintMenuItem, &menu.SelectedEditMenuItem,
                          &menu.SelectedViewFullSizeMenuItem})
     EnableConnected(*item, !selected.empty());
-  const int attributes = selected.empty() ? attribute::ReadOnly : main.host.files.Attributes(selected).value_or(0);
+  // A photo that is there no longer can be neither renamed nor deleted.
+  const int attributes =
+      selected.empty() ? attribute::ReadOnly : main.host.files.Attributes(selected).value_or(attribute::ReadOnly);
   for (MenuItem* item : {&menu.RenameMenuItem, &menu.DeleteMenuItem})
     EnableConnected(*item, (attributes & attribute::ReadOnly) == 0);
 }
@@ -122,7 +138,12 @@ void SelectedPhotoMenu_Click(MainForm& main) {
 void AutoPicPreviewTimer_Timer(MainForm& main) {
   PreviewState& preview = main.preview;
   if (!preview.bPicEdited || SelectedPhoto(preview).empty()) return;
-  PaintPicPreview(main, std::string(SelectedPhoto(preview)));
+  const std::string photo = SelectedPhoto(preview);
+  PaintPicPreview(main, photo);
+  if (SelectedPhoto(preview).empty() && IsBeingSaved(main, photo)) {
+    preview.PicPreview.SetTag(photo);
+    return;
+  }
   if (main.strip.SrcThumbFrame.Visible()) RepaintSrcThumbnail(main);
   if (main.desk.DestThumbFrame.Visible()) RepaintDestThumbnail(main);
 }

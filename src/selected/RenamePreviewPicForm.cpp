@@ -18,9 +18,10 @@ namespace pixorra {
 namespace {
 
 // Pixels.
-constexpr int BoxWidth = 220;
+constexpr int BoxWidth = 260;
 constexpr int BoxHeight = 24;
-constexpr int Margin = 8;
+constexpr int Margin = 12;       // at the sides
+constexpr int MarginAbove = 18;  // and below: less than that no window leaves
 constexpr int FrameLeft = 4;
 constexpr int FrameTop = 23;
 
@@ -46,10 +47,10 @@ struct RenamePreviewPicForm {
 
 RenamePreviewPicForm::RenamePreviewPicForm(MainForm& main) : Window(main.host.toolkit, "RenamePreviewPicForm") {
   Window.SetCaption(" Rename Selected Photo");
-  NewPicNameBox.Move(Margin, Margin, BoxWidth, BoxHeight);
+  NewPicNameBox.Move(Margin, MarginAbove, BoxWidth, BoxHeight);
   NewPicNameBox.SetToolTipText("Press <ENTER> key to rename photo, or <ESC> to cancel");
   NewPicNameBox.SetAccessibleName("New name of the photo");
-  Window.SetClientSize(BoxWidth + 2 * Margin, BoxHeight + 2 * Margin);
+  Window.SetClientSize(BoxWidth + 2 * Margin, BoxHeight + 2 * MarginAbove);
   PlaceOver(main.Window, main.preview.PicPreview);
   Connect(NewPicNameBox.On().KeyPress,
           [this, &main](Control&, int& character) { NewPicNameBox_KeyPress(main.host.dialogs, character); });

@@ -85,6 +85,40 @@ TEST_F(EditSelectedPhotoTest, ASaveThatPutsANewFileInThePhotosPlaceShowsToo) {
   EXPECT_EQ(Middle(desk.DestThumbnail(1).GetPicture()), 0x000000FFU);
 }
 
+TEST_F(EditSelectedPhotoTest, ASaveThatIsSeenHalfWayIsFollowedToItsEnd) {
+  LoadStrip({"a.bmp"});
+  SelectInStrip(1);
+  Edit();
+  drive.Write(Photo("a.bmp"), "");
+  run.Wait(1.1);
+  drive.Write(Photo("a.bmp"), "BM");
+  run.Wait(1);
+  drive.Write(Photo("a.bmp"), BmpOf(PlainBitmap(320, 240, 0x000000FF)));
+  run.Wait(1);
+  EXPECT_EQ(SelectedPath(), Photo("a.bmp"));
+  EXPECT_EQ(Middle(main.preview.PicPreview.GetPicture()), 0x000000FFU);
+  EXPECT_EQ(Middle(strip.SrcThumbnail(1).GetPicture()), 0x000000FFU);
+}
+
+TEST_F(EditSelectedPhotoTest, APhotoThatIsLeftBrokenOrDeletedIsGivenUp) {
+  LoadStrip({"a.bmp"});
+  for (const bool deleted : {false, true}) {
+    MakePhoto(Photo("a.bmp"), 0x10);
+    SelectInStrip(1);
+    Edit();
+    if (deleted) {
+      drive.Remove(Photo("a.bmp"));
+    } else {
+      drive.Write(Photo("a.bmp"), "BM");
+    }
+    run.Wait(deleted ? 1.1 : 2.1);
+    EXPECT_EQ(SelectedPath(), "");
+    const int beeps = run.platform.dialogs.Beeps();
+    run.Wait(5);
+    EXPECT_EQ(run.platform.dialogs.Beeps(), beeps);
+  }
+}
+
 TEST_F(EditSelectedPhotoTest, AnEditedPhotoThatWasDraggedKeepsItsMarkForTheNextStart) {
   LoadStrip({"a.bmp"});
   SelectInStrip(1);
