@@ -95,7 +95,7 @@ TEST_F(EditSelectedPhotoTest, ASaveThatIsSeenHalfWayIsFollowedToItsEnd) {
   run.Wait(1);
   drive.Write(Photo("a.bmp"), BmpOf(PlainBitmap(320, 240, 0x000000FF)));
   run.Wait(1);
-  EXPECT_EQ(SelectedPath(), Photo("a.bmp"));
+  ASSERT_EQ(SelectedPath(), Photo("a.bmp"));
   EXPECT_EQ(Middle(main.preview.PicPreview.GetPicture()), 0x000000FFU);
   EXPECT_EQ(Middle(strip.SrcThumbnail(1).GetPicture()), 0x000000FFU);
 }

@@ -230,6 +230,7 @@ TEST_F(RenameSelectedPhotoTest, InTheStripNothingIsLoadedTwiceUnderTheOldName) {
   LoadStrip({"a.bmp", "b.bmp", "c.bmp"});
   SelectInStrip(2);
   RenameTo("z");
+  EXPECT_EQ(strip.SrcFileList.List(2), "z.bmp");
   MakePhoto(Photo("d.bmp"), 0x77);
   strip.SrcFileList.Refresh();
   run.LoadAll();

@@ -43,9 +43,18 @@ window_named() {
   xdotool search --onlyvisible --name "$1" | head -n 1 | grep .
 }
 
+# A look at all windows fails where one of them goes meanwhile; it is taken again then.
 wait_for_window() {
-  within 20 window_named "$1" || fail "no window named $1"
-  window_named "$1"
+  local asked id
+  for ((asked = 0; asked < 400; asked++)); do
+    if id=$(window_named "$1" 2>/dev/null); then
+      echo "$id"
+      return
+    fi
+    if gone 2>/dev/null; then break; fi
+    sleep 0.05
+  done
+  fail "no window named $1"
 }
 
 wait_for_no_window() {
