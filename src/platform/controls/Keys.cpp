@@ -16,12 +16,20 @@ bool EditsText(int keyCode, int shift) {
 }
 
 MenuItem* FindShortcut(MenuItem& menu, int keyCode, int shift) {
-  if (menu.ShortcutKey() == keyCode && menu.ShortcutShift() == shift && menu.CanBeChosen() && menu.Items().empty())
-    return &menu;
+  if (menu.ShortcutKey() == keyCode && menu.ShortcutShift() == shift && menu.Items().empty()) return &menu;
   for (MenuItem* item : menu.Items()) {
     if (MenuItem* found = FindShortcut(*item, keyCode, shift)) return found;
   }
   return nullptr;
+}
+
+// The menus above an item are told, the topmost first, as when a person opens them: what they enable and disable then
+// holds for the item's shortcut as well.
+void TellMenusAbove(const MenuItem& item) {
+  MenuItem* const menu = item.Parent();
+  if (menu == nullptr) return;
+  TellMenusAbove(*menu);
+  menu->UserClicked();
 }
 
 // Return presses the button that has the focus, or else the default button; Escape the cancel button. In a box of
@@ -61,10 +69,13 @@ bool Toolkit::RunShortcut(Form& form, int keyCode, int shift) {
   const bool typing = focus != nullptr && focus->GetKind() == Kind::TextBox && &focus->GetForm() == &form;
   if (keyCode == 0 || (typing && EditsText(keyCode, shift))) return false;
   for (MenuItem* menu : form.Menus()) {
-    if (MenuItem* item = FindShortcut(*menu, keyCode, shift)) {
-      item->UserClicked();
-      return true;
-    }
+    MenuItem* const item = FindShortcut(*menu, keyCode, shift);
+    if (item == nullptr) continue;
+    const Watch<MenuItem> watch(*item);
+    TellMenusAbove(*item);
+    if (!watch || !watch->CanBeChosen()) return false;
+    watch->UserClicked();
+    return true;
   }
   return false;
 }

@@ -232,9 +232,22 @@ TEST_F(MenuContract, ItemEnabledWhenItsMenuOpensCanBeChosen) {
 TEST_F(MenuContract, ShortcutRunsItsItem) {
   Show();
   platform->Key('S', shift::Ctrl);
+  EXPECT_THAT(Heard(), ElementsAre("opened", "save"));
   save.SetEnabled(false);
   platform->Key('S', shift::Ctrl);
+  EXPECT_THAT(Heard(), ElementsAre("opened"));
+}
+
+TEST_F(MenuContract, ShortcutOfAnItemThatItsMenuWouldEnableOrDisableActsByThat) {
+  bool can = true;
+  file.On().Click = [this, &can](Control&) { save.SetEnabled(can); };
+  save.SetEnabled(false);
+  Show();
+  platform->Key('S', shift::Ctrl);
   EXPECT_THAT(Heard(), ElementsAre("save"));
+  can = false;
+  platform->Key('S', shift::Ctrl);
+  EXPECT_THAT(Heard(), IsEmpty());
 }
 
 TEST_F(MenuContract, PopupReturnsWhenItIsClosedAndTheItemHasRun) {

@@ -83,6 +83,19 @@ TEST_F(KeysTest, ShortcutOfADisabledItemOrMenuIsAKeyLikeAnyOther) {
   EXPECT_THAT(Heard(), ElementsAre("form 83 2", "form 83 2"));
 }
 
+TEST_F(KeysTest, TheMenusAboveAShortcutsItemAreAskedTheTopmostFirst) {
+  MenuItem more(file, "MoreMenu", "More");
+  MenuItem again(more, "AgainItem", "Again", 'G', shift::Ctrl);
+  file.On().Click = [this](Control&) { Log("file"); };
+  more.On().Click = [this](Control&) { Log("more"); };
+  again.On().Click = [this](Control&) { Log("again"); };
+  EXPECT_TRUE(toolkit.KeyPressed(form, 'G', shift::Ctrl));
+  EXPECT_THAT(Heard(), ElementsAre("file", "more", "again"));
+  more.SetEnabled(false);
+  EXPECT_FALSE(toolkit.KeyPressed(form, 'G', shift::Ctrl));
+  EXPECT_THAT(Heard(), ElementsAre("file", "form 71 2"));
+}
+
 TEST_F(KeysTest, KeysThatEditATextGoToTheBoxAndNotToAMenu) {
   MenuItem remove(file, "DeleteItem", "Delete", key::Delete);
   MenuItem copy(file, "CopyItem", "Copy", 'C', shift::Ctrl);
