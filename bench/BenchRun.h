@@ -83,7 +83,8 @@ struct BenchRun {
             readAhead,
             platform.shipped,
             folderReader,
-            platform.volumes};
+            platform.volumes,
+            platform.memory};
   MainForm main{host};
 };
 

@@ -12,6 +12,7 @@
 #include "browse/BrowseFolderLocationForm.h"
 #include "platform/codecs/CodecPictures.h"
 #include "platform/codecs/TurboJpegCodec.h"
+#include "platform/headless/HeadlessMemory.h"
 #include "platform/headless/HeadlessRegistry.h"
 #include "platform/headless/HeadlessSettings.h"
 #include "platform/headless/HeadlessShell.h"
@@ -111,6 +112,7 @@ int main(int argc, char** argv) {
   HeadlessRegistry registry;
   HeadlessSettings settings;
   HeadlessVolumes volumes;
+  HeadlessMemory memory;
   NoReadAhead readAhead;
   const auto mapping = std::make_shared<FixedMapping>(PathMapping({{'C', drive.HostRoot(), "Drive"}}, {}, true));
   PosixFolderReader folderReader(mapping, qt.posting);
@@ -118,7 +120,7 @@ int main(int argc, char** argv) {
   TurboJpegCodec jpeg(files, nullptr);
   Host host{qt.toolkit, files,      drive.DrivePlaces(), clock,        pictures, qt.artwork,
             jpeg,       qt.dialogs, qt.printing,         qt.clipboard, shell,    registry,
-            settings,   readAhead,  qt.shipped,          folderReader, volumes};
+            settings,   readAhead,  qt.shipped,          folderReader, volumes,  memory};
   MainForm main(host);
   ConnectEvents(main);
   return qt.Run([&] {

@@ -39,9 +39,10 @@ struct WindowRun {
   HeadlessRegistry registry;
   HeadlessSettings settings;
   HeadlessVolumes volumes;
+  HeadlessMemory memory;
   HeadlessFolderReader folderReader{files, qt.posting};
   Host host{qt.toolkit,   files, places,   clock,    pictures, qt.artwork, jpeg,         qt.dialogs, qt.printing,
-            qt.clipboard, shell, registry, settings, ahead,    qt.shipped, folderReader, volumes};
+            qt.clipboard, shell, registry, settings, ahead,    qt.shipped, folderReader, volumes,    memory};
   MainForm main{host};
 };
 

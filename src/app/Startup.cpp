@@ -136,6 +136,7 @@ void ConnectEvents(MainForm& main) {
   ConnectDrop(main);
   ConnectDelete(main);
   ConnectSelected(main);
+  ConnectClipboard(main);
   ConnectBrowse(main);
   ConnectHelp(main);
   ConnectSpoken(main);

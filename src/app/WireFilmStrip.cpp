@@ -1,12 +1,14 @@
 #include <cmath>
 
 #include "app/BackgroundLoading.h"
+#include "app/ResourceMonitor.h"
 #include "app/Wiring.h"
 #include "desktop/FolderRename.h"
 #include "filmstrip/Listing.h"
 #include "filmstrip/Marks.h"
 #include "filmstrip/Scrolling.h"
 #include "filmstrip/Views.h"
+#include "window/CoreState.h"
 #include "window/FilmStripState.h"
 #include "window/MainForm.h"
 
@@ -36,6 +38,7 @@ void ConnectFilmStrip(MainForm& main) {
   FilmStripState& strip = main.strip;
   Connect(strip.SrcFileList.On().PathChange, [&main](Control&) { SrcFileList_PathChange(main); });
   Connect(strip.ThumbsTimer.On().Timer, [&main](Control&) { ThumbsTimer_Timer(main); });
+  Connect(main.core.SystemResourceStatusTimer.On().Timer, [&main](Control&) { SystemResourceStatusTimer_Timer(main); });
   Connect(strip.AutoScrollTimer.On().Timer, [&main](Control&) { AutoScrollStep(main); });
   Connect(strip.SrcScrollbar.On().Change, [&main](Control&) { SrcScrollbar_Change(main); });
   Connect(strip.SrcScrollbar.On().Scroll, [&main](Control&) { SrcScrollbar_Scroll(main); });
@@ -51,8 +54,7 @@ void ConnectFilmStrip(MainForm& main) {
   Connect(strip.SrcThumbName.On().DblClick, [&main](Control& slot) { SrcBackground_DblClick(main, slot.Index()); });
   Connect(strip.SrcBackground.On().MouseMove,
           [&main](Control& slot, const MouseArgs&) { SrcBackground_MouseMove(main, slot.Index()); });
-  for (ImageBox* box :
-       {&strip.CameraButton, &strip.BrowseButton, &strip.DeleteButton, &strip.UndoButton, &strip.PrintButton}) {
+  for (ImageBox* box : {&strip.CameraButton, &strip.BrowseButton, &strip.DeleteButton, &strip.PrintButton}) {
     ConnectPressedLook(main, *box);
   }
 }

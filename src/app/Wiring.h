@@ -6,6 +6,7 @@ namespace pixorra {
 struct MainForm;
 
 void ConnectBrowse(MainForm& main);
+void ConnectClipboard(MainForm& main);
 void ConnectDelete(MainForm& main);
 void ConnectDesktop(MainForm& main);
 void ConnectDrop(MainForm& main);

@@ -12,6 +12,7 @@
 #include "platform/posix/PosixClock.h"
 #include "platform/posix/PosixFiles.h"
 #include "platform/posix/PosixFolderReader.h"
+#include "platform/posix/PosixMemory.h"
 #include "platform/posix/PosixPlaces.h"
 #include "platform/posix/PosixRegistry.h"
 #include "platform/posix/PosixSettings.h"
@@ -48,13 +49,14 @@ int main(int argc, char** argv) {
   PosixRegistry registry(environment.DataHome, mapping);
   PosixFolderReader folderReader(mapping, qt.posting);
   PosixVolumes volumes(environment, mapping);
+  PosixMemory memory;
   PosixSettings settings(environment.ConfigHome + "/pixorra/settings");
   DecodeAhead readAhead(files);
   CodecPictures pictures(files, &readAhead);
   TurboJpegCodec jpeg(files, &readAhead);
 
   Host host{qt.toolkit,   files, places,   clock,    pictures,  qt.artwork, jpeg,         qt.dialogs, qt.printing,
-            qt.clipboard, shell, registry, settings, readAhead, qt.shipped, folderReader, volumes};
+            qt.clipboard, shell, registry, settings, readAhead, qt.shipped, folderReader, volumes,    memory};
   MainForm main(host);
   ConnectEvents(main);
   return qt.Run([&main] { StartUp(main); });

@@ -10,6 +10,7 @@ class Dialogs;
 class Files;
 class FolderReader;
 class JpegCodec;
+class Memory;
 class Pictures;
 class Places;
 class Printing;
@@ -39,6 +40,7 @@ struct Host {
   Shipped& shipped;
   FolderReader& folderReader;
   Volumes& volumes;
+  Memory& memory;
 };
 
 }  // namespace pixorra

@@ -44,5 +44,11 @@ inline constexpr Colour CountHalo = 0x00F0FAFF;
 // The caption over the preview.
 inline constexpr Colour CaptionBack = 0x00BDEAFB;
 inline constexpr Colour CaptionText = 0x00000000;
+// The notice of what has been done: letters with a shadow.
+inline constexpr Colour NoticeBack = 0x002A3138;
+inline constexpr Colour NoticeShadow = 0x00000000;
+inline constexpr Colour NoticeCopied = 0x00FFFFFF;
+inline constexpr Colour NoticeSaved = 0x0000FFFF;
+inline constexpr Colour NoticePrinting = 0x00FFA0A0;
 
 }  // namespace pixorra::palette

@@ -164,9 +164,8 @@ void FinishDrop(MainForm& main, const Drop& drop, const std::string& destination
   if (!drop.Source) return;
   // All three or none: an undo must not pair the new file with the photo of a drop before.
   ErrorsIgnored([&] {
-    main.drop.LastDropSrcIndex = CInt(drop.Source->Index());
-    main.drop.LastDropFolder = static_cast<std::int16_t>(drop.Slot);
-    main.drop.LastDropFile = destination;
+    main.drop.RememberDrop(CInt(drop.Source->Index()), drop.Slot, destination, stamps.Copy);
+    main.drop.RememberSource(drop.Photo, stamps.Source, *drop.Source.Get());
   });
 }
 

@@ -205,15 +205,16 @@ void QuickThumbs::RenameEntry(const std::string& from, const std::string& to) co
   }
 }
 
-void QuickThumbs::MarkEntry(const std::string& path, bool dragged) const {
+std::unique_ptr<File> QuickThumbs::MarkEntry(const std::string& path, bool dragged) const {
   const std::optional<Sought> sought = Seek(path);
-  if (!sought) return;
-  const Entry entry = FindEntry(*sought);
-  if (entry.Record == 0) return;
+  if (!sought) return nullptr;
+  Entry entry = FindEntry(*sought);
+  if (entry.Record == 0) return nullptr;
   const std::uint8_t half = dragged ? 0xFF : 0;
   const std::array<std::uint8_t, 2> mark{half, half};
   entry.Cache->WriteAt(OffsetOf(entry.Record) + static_cast<std::int64_t>(MarkOffset), mark.data(), mark.size());
   index_.Marked(sought->Cache, *entry.Cache);
+  return std::move(entry.Cache);
 }
 
 bool QuickThumbs::ReadQuickThumb(const std::string& path, ImageBox& target, bool& bDragged) const {
@@ -250,6 +251,12 @@ void QuickThumbs::RenameQuickThumb(const std::string& from, const std::string& t
 
 void QuickThumbs::SetQuickThumbMark(const std::string& path, const std::string& text) const {
   ErrorsIgnored([&] { MarkEntry(path, !text.empty()); });
+}
+
+void QuickThumbs::ClearQuickThumbMark(const std::string& path) const {
+  ErrorsIgnored([&] {
+    if (const std::unique_ptr<File> cache = MarkEntry(path, false)) cache->Flush();
+  });
 }
 
 void QuickThumbs::ClearQuickThumbMarks(const std::string& folder) const {

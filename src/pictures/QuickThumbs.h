@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <string>
 #include <utility>
@@ -52,6 +53,8 @@ class QuickThumbs {
   void RenameQuickThumb(const std::string& from, const std::string& to) const;
   // An empty text clears the mark, any other sets it; without an entry nothing changes.
   void SetQuickThumbMark(const std::string& path, const std::string& text) const;
+  // Clears the photo's mark; that is on stable storage when this returns.
+  void ClearQuickThumbMark(const std::string& path) const;
   // Clears the marks of all photos of a folder. Only the cache file is looked at, not the photos: a camera would fetch
   // each of them whole.
   void ClearQuickThumbMarks(const std::string& folder) const;
@@ -74,7 +77,8 @@ class QuickThumbs {
   void AddEntry(const std::string& path, const Picture& picture, const FileStamp& decoded) const;
   void CopyEntry(const CopiedPhoto& photo) const;
   void RenameEntry(const std::string& from, const std::string& to) const;
-  void MarkEntry(const std::string& path, bool dragged) const;
+  // The cache that the mark was written to; null where there is no entry.
+  std::unique_ptr<File> MarkEntry(const std::string& path, bool dragged) const;
 
   Files& files_;
   Places& places_;

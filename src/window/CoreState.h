@@ -27,7 +27,8 @@ struct CoreState {
 
   std::string PicturePattern = AllPictures;
   std::string DefaultPrinterName;
-  int LayoutCountdown = 1;  // ticks of ThumbsTimer until Window_Layout runs
+  bool PrintAborted = false;  // a person has stopped the print job that runs
+  int LayoutCountdown = 1;    // ticks of ThumbsTimer until Window_Layout runs
   // The window's size at the last layout, twips.
   double LastWidth = 0;
   double LastHeight = 0;

@@ -6,7 +6,9 @@
 #include <unordered_map>
 #include <unordered_set>
 
+#include "platform/controls/ImageBox.h"
 #include "platform/pixels/Picture.h"
+#include "platform/services/Files.h"
 
 namespace pixorra {
 
@@ -27,12 +29,39 @@ struct DropState {
   std::int16_t LastDropSrcIndex = 0;  // -1 after a paste
   std::int16_t LastDropFolder = 0;    // 0 none
   std::string LastDropFile;
+  // What the file was when it was made: an undo deletes no other one.
+  FileStamp LastDropStamp;
+  // The photo that the file is a copy of, what it was then, and its thumbnail while that is loaded. Empty after a
+  // paste.
+  std::string LastDropPhoto;
+  FileStamp LastDropPhotoStamp;
+  Watch<ImageBox> LastDropSource;
 
+  // A file was made in the folder of that slot: there is no other one to undo.
+  void RememberDrop(std::int16_t srcIndex, int slot, const std::string& file, const FileStamp& made) {
+    LastDropSrcIndex = srcIndex;
+    LastDropFolder = static_cast<std::int16_t>(slot);
+    LastDropFile = file;
+    LastDropStamp = made;
+    LastDropPhoto.clear();
+    LastDropPhotoStamp = {};
+    LastDropSource = {};
+  }
+  // It is a copy of that thumbnail's photo, as that was when it was copied.
+  void RememberSource(const std::string& photo, const FileStamp& copied, ImageBox& thumbnail) {
+    LastDropPhoto = photo;
+    LastDropPhotoStamp = copied;
+    LastDropSource = Watch<ImageBox>(thumbnail);
+  }
   // There is nothing to undo any more.
   void ForgetLastDrop() {
     LastDropSrcIndex = 0;
     LastDropFolder = 0;
     LastDropFile.clear();
+    LastDropStamp = {};
+    LastDropPhoto.clear();
+    LastDropPhotoStamp = {};
+    LastDropSource = {};
   }
 
   Picture DropIcon;

@@ -156,6 +156,7 @@ TEST_F(BackgroundLoadingTest, PausedLoadingWaitsAndGoesOn) {
   WriteEmpty(4);
   WriteOpenFolder(4);
   ProgramRun& run = StartedOnStrip({"C:\\One"});
+  run.main.core.SystemResourceStatusTimer.SetEnabled(false);  // it would look for itself
   run.Wait(2 * ThumbsTick);
   for (const char* paused : {"True", "true"}) {
     run.main.strip.ThumbsPaused = paused;
@@ -173,6 +174,7 @@ TEST_F(BackgroundLoadingTest, ThePausedStripStillClearsForANewFolder) {
   WriteEmpty(2);
   drive.Write("C:\\Next\\x.bmp", "");
   ProgramRun& run = LoadedStrip();
+  run.main.core.SystemResourceStatusTimer.SetEnabled(false);  // it would look for itself
   run.main.strip.ThumbsPaused = "True";
   run.main.strip.SrcFileList.SetPath("C:\\Next");
   run.Wait(1);

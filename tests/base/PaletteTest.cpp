@@ -29,6 +29,9 @@ constexpr Pair Pairs[] = {
     {"open folder", palette::OpenLabelText, palette::OpenLabelBack},
     {"count", palette::CountText, palette::CountHalo},
     {"preview's caption", palette::CaptionText, palette::CaptionBack},
+    {"notice of a copy", palette::NoticeCopied, palette::NoticeBack},
+    {"notice of a file", palette::NoticeSaved, palette::NoticeBack},
+    {"notice of printing", palette::NoticePrinting, palette::NoticeBack},
 };
 
 TEST(Palette, EveryTextStandsOutFromItsGround) {

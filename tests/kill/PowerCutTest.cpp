@@ -10,6 +10,7 @@
 #include "tests/support/headless/ProgramTest.h"
 #include "window/DesktopState.h"
 #include "window/FilmStripState.h"
+#include "window/MenuBar.h"
 #include "window/PreferencesForm.h"
 
 namespace pixorra {
@@ -175,6 +176,25 @@ TEST_F(PowerCutTest, WhileMarksAreTakenOffAndSetAgainByDrops) {
   }
   ExpectSafeThroughout(20);
   EXPECT_EQ(mostMarked_, 1U);
+}
+
+// The copy goes only once the mark is off for good.
+TEST_F(PowerCutTest, InADropThatIsTakenBack) {
+  DropOne(1, 1);
+  run_->person.Click(run_->main.strip.UndoButton);
+  EXPECT_FALSE(drive.Exists(JoinedTo(Holiday, "a.bmp")));
+  ExpectSafeThroughout(4);
+  EXPECT_EQ(mostMarked_, 1U);
+}
+
+TEST_F(PowerCutTest, InAPasteAndItsUndo) {
+  run_->platform.clipboard.CopyElsewhere(Picture(PlainBitmap(40, 30, 0x00123456)));
+  run_->person.ChooseMenu(run_->main.menu.PasteMenuItem);
+  const std::string pasted = JoinedTo(Family, "Clipboard.jpg");
+  ASSERT_TRUE(drive.Exists(pasted));
+  run_->person.Click(run_->main.strip.UndoButton);
+  EXPECT_FALSE(drive.Exists(pasted));
+  ExpectSafeThroughout(4);
 }
 
 TEST_F(PowerCutTest, WhenTheProgramEndsTheSavedStateIsTheOldOneOrTheNewOne) {

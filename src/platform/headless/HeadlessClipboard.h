@@ -1,6 +1,7 @@
 // A clipboard of the test's own.
 #pragma once
 
+#include "platform/pixels/Stretch.h"
 #include "platform/services/Clipboard.h"
 
 namespace pixorra {
@@ -8,14 +9,25 @@ namespace pixorra {
 class HeadlessClipboard : public Clipboard {
  public:
   bool HasBitmap() override { return !bitmap_.IsNothing(); }
-  Picture GetBitmap() override { return bitmap_; }
+  Picture GetBitmap() override { return readable_ ? bitmap_ : Picture(); }
   void Clear() override { bitmap_ = Picture(); }
   void SetBitmap(const Picture& picture) override {
-    if (!picture.IsNothing()) bitmap_ = picture;
+    if (picture.IsNothing()) return;
+    const Bitmap& pixels = picture.Pixels();
+    Bitmap flat(pixels.Width(), pixels.Height(), PixelFormat::Bgr24);
+    flat.Fill(0xFFFFFF);
+    Stretch(pixels, flat, 0, 0, pixels.Width(), pixels.Height());
+    bitmap_ = Picture(std::move(flat));
   }
+
+  // As another program does it.
+  void CopyElsewhere(const Picture& picture) { bitmap_ = picture; }
+  // Whether the program that has put the picture there hands it out; it does at first.
+  void SetReadable(bool readable) { readable_ = readable; }
 
  private:
   Picture bitmap_;
+  bool readable_ = true;
 };
 
 }  // namespace pixorra

@@ -9,6 +9,7 @@
 #include "platform/headless/HeadlessClipboard.h"
 #include "platform/headless/HeadlessClock.h"
 #include "platform/headless/HeadlessDialogs.h"
+#include "platform/headless/HeadlessMemory.h"
 #include "platform/headless/HeadlessPrinting.h"
 #include "platform/headless/HeadlessRegistry.h"
 #include "platform/headless/HeadlessSettings.h"
@@ -42,6 +43,7 @@ struct HeadlessPlatform {
   HeadlessSettings settings;
   HeadlessShipped shipped;
   HeadlessVolumes volumes;
+  HeadlessMemory memory;
   Posting& posting = backend;
   Person person{toolkit, backend, dialogs, script, failures};
 };

@@ -74,6 +74,9 @@ class ContractPlatform {
   // For the folders of that drive, which outlives it.
   virtual std::unique_ptr<FolderReader> MakeFolderReader(TemporaryDrive& drive) = 0;
 
+  // Another program puts a picture on the clipboard.
+  virtual void CopyElsewhere(const Picture& picture) = 0;
+
   // From here on documents are kept. False where this host has no program to look at them with.
   virtual bool CatchPrint() = 0;
   // The last document that was ended.

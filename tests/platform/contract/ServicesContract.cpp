@@ -100,6 +100,59 @@ TEST_F(ServicesContract, EmptyPictureLeavesTheClipboardAsItIs) {
   EXPECT_EQ(clipboard.GetBitmap().Width(), 5);
 }
 
+// The left half blue and opaque, the right half red and to be seen through by half.
+Picture HalfTransparent() {
+  Bitmap pixels(4, 2, PixelFormat::Bgra32);
+  for (int y = 0; y < 2; ++y) {
+    for (int x = 0; x < 4; ++x) {
+      std::uint8_t* pixel = pixels.Row(y) + 4 * x;
+      const bool left = x < 2;
+      pixel[0] = left ? 255 : 0;
+      pixel[1] = 0;
+      pixel[2] = left ? 0 : 128;
+      pixel[3] = left ? 255 : 128;
+    }
+  }
+  return Picture(std::move(pixels));
+}
+
+TEST_F(ServicesContract, WhatIsTransparentIsPutOnTheClipboardOnWhite) {
+  Clipboard& clipboard = platform->GetClipboard();
+  clipboard.SetBitmap(HalfTransparent());
+  const Picture back = clipboard.GetBitmap();
+  ASSERT_EQ(back.Width(), 4);
+  const Bitmap& pixels = back.Pixels();
+  const std::uint8_t* left = pixels.Row(1);
+  const std::uint8_t* right = pixels.Row(1) + 3 * pixels.BytesPerPixel();
+  EXPECT_EQ(left[0], 255);
+  EXPECT_EQ(left[1], 0);
+  EXPECT_EQ(left[2], 0);
+  EXPECT_NEAR(right[0], 127, 2);
+  EXPECT_NEAR(right[1], 127, 2);
+  EXPECT_NEAR(right[2], 255, 2);
+}
+
+TEST_F(ServicesContract, APictureOfAnotherProgramKeepsWhatIsTransparentInIt) {
+  Clipboard& clipboard = platform->GetClipboard();
+  platform->CopyElsewhere(HalfTransparent());
+  ASSERT_TRUE(clipboard.HasBitmap());
+  const Picture back = clipboard.GetBitmap();
+  ASSERT_EQ(back.Width(), 4);
+  ASSERT_EQ(back.Pixels().Format(), PixelFormat::Bgra32);
+  const std::uint8_t* right = back.Pixels().Row(1) + 12;
+  EXPECT_NEAR(right[2], 128, 2);
+  EXPECT_EQ(right[3], 128);
+  platform->CopyElsewhere(Chequered(5, 3));
+  EXPECT_EQ(clipboard.GetBitmap().Pixels().Format(), PixelFormat::Bgr24);
+}
+
+TEST_F(ServicesContract, WhatIsPutOnTheClipboardTakesThePlaceOfWhatWasThere) {
+  Clipboard& clipboard = platform->GetClipboard();
+  platform->CopyElsewhere(HalfTransparent());
+  clipboard.SetBitmap(Chequered(5, 3));
+  EXPECT_EQ(clipboard.GetBitmap().Width(), 5);
+}
+
 // --- text ----------------------------------------------------------------------------------------------------------
 
 TEST_F(ServicesContract, LongerTextsAndLargerFontsMeasureMore) {

@@ -64,6 +64,8 @@ class HeadlessContract : public ContractPlatform {
     return std::make_unique<HeadlessFolderReader>(drive.DriveFiles(), host_.posting);
   }
 
+  void CopyElsewhere(const Picture& picture) override { host_.clipboard.CopyElsewhere(picture); }
+
   bool CatchPrint() override { return true; }
   std::vector<PrintedSheet> Printed() override {
     std::vector<PrintedSheet> sheets;

@@ -1,4 +1,5 @@
-// The registry, settings and shell without a desktop, for the contract.
+// The registry, settings, shell and memory without a desktop, for the contract.
+#include "platform/headless/HeadlessMemory.h"
 #include "platform/headless/HeadlessRegistry.h"
 #include "platform/headless/HeadlessSettings.h"
 #include "platform/headless/HeadlessShell.h"
@@ -12,6 +13,8 @@ class HeadlessHost : public ContractHost {
   HeadlessHost() { shell_.SetFiles(drive.DriveFiles()); }
   Registry& GetRegistry() override { return registry_; }
   Settings& GetSettings() override { return settings_; }
+  Memory& GetMemory() override { return memory_; }
+  void SetAvailableMemory(std::optional<std::int64_t> bytes) override { memory_.SetAvailable(bytes); }
   void WithShell(const std::function<void(Shell&)>& body) override { body(shell_); }
 
   void AddProgram(const std::string& path) override { drive.Write(path, "a program"); }
@@ -33,6 +36,7 @@ class HeadlessHost : public ContractHost {
  private:
   HeadlessRegistry registry_;
   HeadlessSettings settings_;
+  HeadlessMemory memory_;
   HeadlessShell shell_;
 };
 

@@ -1,4 +1,5 @@
-// The host's registry, settings and shell, for the contract.
+// The host's registry, settings, shell and memory, for the contract.
+#include "platform/posix/PosixMemory.h"
 #include "platform/posix/PosixRegistry.h"
 #include "platform/posix/PosixSettings.h"
 #include "platform/posix/PosixShell.h"
@@ -12,6 +13,12 @@ class PosixHost : public ContractHost {
  public:
   Registry& GetRegistry() override { return registry_; }
   Settings& GetSettings() override { return settings_; }
+  Memory& GetMemory() override { return memory_; }
+  void SetAvailableMemory(std::optional<std::int64_t> bytes) override {
+    std::string text = "MemTotal:       99999999 kB\nMemFree:               1 kB\n";
+    if (bytes) text += "MemAvailable:   " + std::to_string(*bytes / 1024) + " kB\n";
+    drive.Write("C:\\proc\\meminfo", text + "Buffers:               2 kB\n");
+  }
   void WithShell(const std::function<void(Shell&)>& body) override {
     InOwnProcess(SessionIn(drive.HostRoot()), [&] {
       PosixShell shell(mapping_);
@@ -51,6 +58,7 @@ class PosixHost : public ContractHost {
       std::make_shared<FixedMapping>(PathMapping({{'C', drive.HostRoot(), "Test"}}));
   PosixRegistry registry_{drive.HostPath("C:\\data"), mapping_};
   PosixSettings settings_{drive.HostPath("C:\\config\\pixorra\\settings")};
+  PosixMemory memory_{drive.HostRoot()};
 };
 
 }  // namespace

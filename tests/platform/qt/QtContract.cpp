@@ -2,6 +2,7 @@
 #include <QAbstractButton>
 #include <QAbstractSlider>
 #include <QAccessible>
+#include <QClipboard>
 #include <QComboBox>
 #include <QInputDialog>
 #include <QLineEdit>
@@ -104,6 +105,10 @@ class QtContract final : public ContractPlatform {
   std::unique_ptr<FolderReader> MakeFolderReader(TemporaryDrive& drive) override {
     PathMapping mapping({{'C', drive.HostRoot(), "File System"}});
     return std::make_unique<PosixFolderReader>(std::make_shared<FixedMapping>(std::move(mapping)), posting_);
+  }
+
+  void CopyElsewhere(const Picture& picture) override {
+    QGuiApplication::clipboard()->setImage(SharedImage(picture.Pixels()).copy());
   }
 
   bool CatchPrint() override {

@@ -26,7 +26,8 @@ TestHost::TestHost(TemporaryDrive& drive, DecodeAhead* ahead)
            readAhead,
            platform.shipped,
            folderReader,
-           platform.volumes} {
+           platform.volumes,
+           platform.memory} {
   platform.shell.SetFiles(drive.DriveFiles());
   platform.failures.OnFailure = [](const std::string& text) { ADD_FAILURE() << text; };
 }

@@ -4,6 +4,7 @@
 
 #include "platform/controls/Toolkit.h"
 #include "platform/headless/Failures.h"
+#include "platform/headless/HeadlessMemory.h"
 #include "platform/headless/HeadlessPrinting.h"
 #include "platform/headless/HeadlessRegistry.h"
 #include "platform/headless/HeadlessSettings.h"
@@ -47,6 +48,7 @@ struct StagePlatform {
   HeadlessSettings settings;
   QtShipped shipped{backend.Art()};
   HeadlessVolumes volumes;
+  HeadlessMemory memory;
   QtPosting posting{backend};
   Person person{backend, script, failures};
 };

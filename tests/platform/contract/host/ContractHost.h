@@ -1,12 +1,14 @@
-// What a back end must offer so that its registry, settings and shell are held to the contract. Each test program that
-// builds these tests defines MakeContractHost for its own back end.
+// What a back end must offer so that its registry, settings, shell and memory are held to the contract. Each test
+// program that builds these tests defines MakeContractHost for its own back end.
 #pragma once
 
 #include <functional>
 #include <gtest/gtest.h>
 #include <memory>
+#include <optional>
 #include <string>
 
+#include "platform/services/Memory.h"
 #include "platform/services/Registry.h"
 #include "platform/services/Settings.h"
 #include "platform/services/Shell.h"
@@ -20,6 +22,9 @@ class ContractHost {
 
   virtual Registry& GetRegistry() = 0;
   virtual Settings& GetSettings() = 0;
+  virtual Memory& GetMemory() = 0;
+  // From here on the host has so many bytes left, in whole kibibytes; or does not say.
+  virtual void SetAvailableMemory(std::optional<std::int64_t> bytes) = 0;
   // A host may read its desktop once for each process: what is registered later than the first call may not count.
   virtual void WithShell(const std::function<void(Shell&)>& body) = 0;
 

@@ -1,0 +1,43 @@
+// The notice of what has just been done, or of a print job's progress, that is shown above the main window.
+#pragma once
+
+#include <string>
+
+#include "platform/controls/Form.h"
+#include "platform/controls/Label.h"
+#include "platform/controls/Timer.h"
+
+namespace pixorra {
+
+struct MainForm;
+
+class ConfirmForm {
+ public:
+  explicit ConfirmForm(MainForm& main);
+
+  // The one of the main window, made when it is first wanted.
+  static ConfirmForm& Of(MainForm& main);
+
+  // These two let events run, so that the notice is seen before what follows, and the program may end in them. The
+  // notice goes by itself after two seconds; meanwhile keys are the main window's.
+  void ConfirmClipboard();
+  void ConfirmSave();
+  // Paints the notice at once, and lets no events run. It stays until the form is unloaded. A click or a key press asks
+  // whether to stop, and sets PrintAborted.
+  void ConfirmPrint(const std::string& text);
+
+  Form Window;
+  Label Label1{Window, "Label1"};  // the shadow
+  Label Label2{Window, "Label2"};
+  Timer Timer1{Window, "Timer1", 0};
+
+ private:
+  void Write(const std::string& text, Colour colour);
+  void Show();
+  void Clicked();
+
+  MainForm& main_;
+  bool printing_ = false;
+};
+
+}  // namespace pixorra

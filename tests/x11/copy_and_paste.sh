@@ -1,0 +1,83 @@
+#!/usr/bin/env bash
+# The clipboard, shared with a program that is not this one: a picture of its own is pasted, a photo of the strip is copied
+# and read back there, and a picture that no JPEG file can hold is refused.
+source "$(dirname "${BASH_SOURCE[0]}")/support/steps.bash"
+source "$(dirname "${BASH_SOURCE[0]}")/support/strip.bash"
+
+for tool in xclip convert compare; do
+  if ! command -v "$tool" >/dev/null; then
+    echo "Skipped: $tool is missing."
+    exit 77
+  fi
+done
+
+photos="$(cd "$(dirname "${BASH_SOURCE[0]}")/../data/photos" && pwd)"
+card="$HOME/Card"
+family="$HOME/Family"
+state="$HOME/.config/pixorra/Pixorra.sav"
+mkdir -p "$card" "$family" "$(dirname "$state")"
+fill_card
+printf '%s\r\n' '11730,9090,300,600,0' '"Pixorra - Kestrelia Corp"' 2 3 1 1 1 1 1 1 1 0 '""' \
+  "\"$(backslash "$card")\"" "\"$(backslash "$family")\"" '""' '""' '""' '""' '""' '""' '""' 0 >"$state"
+
+# offer FILE: the other program has this picture on the clipboard.
+offer() { xclip -selection clipboard -t image/png -i "$1"; }
+# take FILE: the other program reads the clipboard.
+take() { timeout 20 xclip -selection clipboard -t image/png -o >"$1"; }
+size_of() { identify -format '%wx%h' "$1"; }
+colour() { convert "$1" -crop "1x1+$2+$3" -format '%[fx:round(255*u.r)] %[fx:round(255*u.g)] %[fx:round(255*u.b)]' info:; }
+in_front() { xdotool windowactivate --sync "$window"; }
+
+convert -size 300x200 xc:none -fill 'rgb(20,120,220)' -draw 'rectangle 150,0 299,199' "$HOME/offered.png"
+convert -size 65501x2 xc:orange "$HOME/wide.png"
+
+start_program
+window=$(wait_for_window "^Pixorra v")
+within 20 cached || fail "the strip's thumbnails do not come up"
+within 20 stands_still || fail "the strip does not come to a stop"
+
+# Pasted, on white where it is transparent.
+offer "$HOME/offered.png"
+in_front
+xdotool key ctrl+v
+pasted() { [ "$(size_of "$family/Clipboard.jpg")" = 300x200 ]; }
+within 20 pasted || fail "the picture is not pasted"
+[ "$(colour "$family/Clipboard.jpg" 40 100)" = "255 255 255" ] || fail "transparent is $(colour "$family/Clipboard.jpg" 40 100)"
+read -r red green blue <<<"$(colour "$family/Clipboard.jpg" 250 100)"
+((red < 30 && green > 110 && green < 130 && blue > 210)) || fail "the rest is $red $green $blue"
+shot pasted
+
+# Taken back.
+in_front
+xdotool key ctrl+z
+unpasted() { [ ! -e "$family/Clipboard.jpg" ]; }
+within 20 unpasted || fail "the paste is not taken back"
+
+# Too large for a JPEG file.
+offer "$HOME/wide.png"
+in_front
+xdotool key ctrl+v
+box=$(wait_for_window "^Can't Paste Photo")
+shot too-large
+[ "$(find "$family" -name 'Clipboard*' | wc -l)" -eq 0 ] || fail "something is left of the large picture"
+xdotool windowactivate --sync "$box" key Return
+wait_for_no_window "^Can't Paste Photo"
+[ "$(find "$family" -name 'Clipboard*' | wc -l)" -eq 0 ] || fail "something is left of the large picture"
+
+# Copied, at full size and upright.
+click 320 80
+sleep 0.3
+in_front
+xdotool key ctrl+c
+wait_for_window "^Pixorra$" >/dev/null
+shot copied
+convert "$card/IMG_0001.JPG" -auto-orient "$HOME/whole.png"
+copied() { take "$HOME/copied.png" && [ "$(size_of "$HOME/copied.png")" = "$(size_of "$HOME/whole.png")" ]; }
+within 20 copied || fail "the copy is $(size_of "$HOME/copied.png") instead of $(size_of "$HOME/whole.png")"
+difference=$(compare -metric MAE "$HOME/whole.png" "$HOME/copied.png" null: 2>&1 | sed 's/ .*//') || true
+awk -v difference="$difference" 'BEGIN { exit !(difference < 400) }' || fail "the copy differs from the photo by $difference"
+# The notice goes by itself.
+wait_for_no_window "^Pixorra$"
+
+close_window "$window"
+expect_exit 0
