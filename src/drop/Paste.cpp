@@ -59,7 +59,7 @@ Picture PictureToPaste(MainForm& main) {
   if (failure != error::None || std::max(picture.Width(), picture.Height()) > MostJpegPixels) {
     Refuse(main,
            "The picture on the Clipboard is too large.\n"
-           "A photo can have 65500 pixels a side.");
+           "A photo can have 65500 pixels a side at most.");
     return {};
   }
   return picture;

@@ -250,7 +250,7 @@ TEST_F(PasteTest, APictureThatIsTooLargeForAJpegFileIsToldAndLeavesNothing) {
   main.preferences.RenameAskOption.SetValue(true);
   for (const auto& [width, height] : {std::pair{65501, 2}, {2, 65501}}) {
     PutPicture(Picture(PlainBitmap(width, height, 0x00FF8040)));
-    person.ExpectBox(CannotPaste, "too large.\nA photo can have 65500 pixels a side.");
+    person.ExpectBox(CannotPaste, "too large.\nA photo can have 65500 pixels a side at most.");
     Paste();
     EXPECT_THAT(In(Folder("F")), IsEmpty());
   }
