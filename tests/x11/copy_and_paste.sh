@@ -29,15 +29,18 @@ colour() { convert "$1" -crop "1x1+$2+$3" -format '%[fx:round(255*u.r)] %[fx:rou
 in_front() { xdotool windowactivate --sync "$window"; }
 
 convert -size 300x200 xc:none -fill 'rgb(20,120,220)' -draw 'rectangle 150,0 299,199' "$HOME/offered.png"
-# Wider than what the tools here are allowed to make.
-python3 - "$HOME/wide.png" <<'PNG'
+# One wider than any JPEG file, and one as large as cameras of our day make them.
+python3 - "$HOME" <<'PNG'
 import struct, sys, zlib
 def chunk(kind, data):
     return struct.pack(">I", len(data)) + kind + data + struct.pack(">I", zlib.crc32(kind + data))
-rows = (b"\0" + b"\xff\x80\x00" * 65501) * 2
-with open(sys.argv[1], "wb") as out:
-    out.write(b"\x89PNG\r\n\x1a\n" + chunk(b"IHDR", struct.pack(">IIBBBBB", 65501, 2, 8, 2, 0, 0, 0))
-              + chunk(b"IDAT", zlib.compress(rows)) + chunk(b"IEND", b""))
+def write(path, width, height):
+    rows = (b"\0" + b"\xff\x80\x00" * width) * height
+    with open(path, "wb") as out:
+        out.write(b"\x89PNG\r\n\x1a\n" + chunk(b"IHDR", struct.pack(">IIBBBBB", width, height, 8, 2, 0, 0, 0))
+                  + chunk(b"IDAT", zlib.compress(rows, 1)) + chunk(b"IEND", b""))
+write(sys.argv[1] + "/wide.png", 65501, 2)
+write(sys.argv[1] + "/large.png", 8000, 5000)
 PNG
 
 start_program
@@ -62,6 +65,16 @@ xdotool key ctrl+z
 unpasted() { [ ! -e "$family/Clipboard.jpg" ]; }
 within 20 unpasted || fail "the paste is not taken back"
 
+# Large, and not too large.
+offer "$HOME/large.png"
+in_front
+xdotool key ctrl+v
+large_pasted() { [ "$(size_of "$family/Clipboard.jpg")" = 8000x5000 ]; }
+within 30 large_pasted || fail "the large picture is not pasted"
+in_front
+xdotool key ctrl+z
+within 20 unpasted || fail "the large picture is not taken back"
+
 # Too large for a JPEG file.
 offer "$HOME/wide.png"
 in_front
@@ -85,8 +98,27 @@ copied() { take "$HOME/copied.png" && [ "$(size_of "$HOME/copied.png")" = "$(siz
 within 20 copied || fail "the copy is $(size_of "$HOME/copied.png") instead of $(size_of "$HOME/whole.png")"
 difference=$(compare -metric MAE "$HOME/whole.png" "$HOME/copied.png" null: 2>&1 | sed 's/ .*//') || true
 awk -v difference="$difference" 'BEGIN { exit !(difference < 400) }' || fail "the copy differs from the photo by $difference"
+# While the notice is up, keys are the main window's.
+in_front
+xdotool key ctrl+c
+notice=$(wait_for_window "^Pixorra$")
+xdotool windowactivate --sync "$notice" key ctrl+v
+copy_pasted() { [ "$(size_of "$family/Clipboard.jpg")" = "$(size_of "$HOME/whole.png")" ]; }
+within 20 copy_pasted || fail "a key that the notice has got goes nowhere"
 # The notice goes by itself.
 wait_for_no_window "^Pixorra$"
 
-close_window "$window"
-expect_exit 0
+# What was copied outlives the program where a clipboard manager runs.
+if python3 -c 'import Xlib' 2>/dev/null; then
+  mkfifo "$HOME/ready"
+  timeout 30 python3 "$(dirname "${BASH_SOURCE[0]}")/support/clipboard_keeper.py" "$HOME/kept.png" >"$HOME/ready" &
+  keeper=$!
+  read -r -t 20 _ <"$HOME/ready" || fail "the clipboard manager does not start"
+  close_window "$window"
+  expect_exit 0
+  wait "$keeper" || fail "the clipboard manager fails"
+  [ "$(size_of "$HOME/kept.png")" = "$(size_of "$HOME/whole.png")" ] || fail "the copy is gone with the program"
+else
+  close_window "$window"
+  expect_exit 0
+fi
