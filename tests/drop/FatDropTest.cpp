@@ -46,6 +46,18 @@ TEST_F(FatDropTest, ADateIsKeptToTwoSecondsAndTheThumbnailIsFoundByItAgain) {
   EXPECT_TRUE(BytesIn("Card", "Thumbnails.tmp") == cache) << "it was decoded once more";
 }
 
+TEST_F(FatDropTest, ADropOnACardIsTakenBackAlsoWhenTheCardHasBeenListedAndFilledSince) {
+  LoadStrip({"a.bmp", "b.bmp"});
+  person.Drag(strip.SrcThumbnail(1), desk.DestFolder(1));
+  for (int i = 0; i < 20; ++i) drive.Write(Folder("Card") + "\\other" + std::to_string(i) + ".txt", "x");
+  Select_a_Folder(main, 1);
+  run.LoadAll();
+  person.Click(strip.UndoButton);
+  EXPECT_EQ(Arrived().size(), 0U);
+  EXPECT_EQ(CountOf(1), " Empty");
+  EXPECT_FALSE(IsMarked(1));
+}
+
 TEST_F(FatDropTest, PhotosWhoseNamesDifferInCaseAloneBothArrive) {
   LoadStrip({"a.bmp", "A.bmp"});
   person.Drag(strip.AllButton, desk.DestFolder(1));

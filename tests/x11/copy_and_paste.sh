@@ -105,8 +105,11 @@ notice=$(wait_for_window "^Pixorra$")
 xdotool windowactivate --sync "$notice" key ctrl+v
 copy_pasted() { [ "$(size_of "$family/Clipboard.jpg")" = "$(size_of "$HOME/whole.png")" ]; }
 within 20 copy_pasted || fail "a key that the notice has got goes nowhere"
-# The notice goes by itself.
+# The notice goes by itself, and keys are the main window's again.
 wait_for_no_window "^Pixorra$"
+sleep 0.3
+xdotool key ctrl+z
+within 20 unpasted || fail "a key after the notice goes nowhere"
 
 # What was copied outlives the program where a clipboard manager runs.
 if python3 -c 'import Xlib' 2>/dev/null; then
