@@ -2,7 +2,9 @@
 
 #include <algorithm>
 
+#include "platform/controls/FineSurface.h"
 #include "platform/controls/Menu.h"
+#include "platform/controls/PictureBox.h"
 #include "platform/controls/Toolkit.h"
 #include "platform/runtime/AtExit.h"
 #include "platform/runtime/Errors.h"
@@ -12,10 +14,12 @@ namespace pixorra {
 
 namespace {
 
-// The size, in twips, that the system gives to a window that asks for `twips`. On a screen that is smaller than the
-// smallest window, the screen decides.
+// The size, in twips, that the system gives to a window that asks for `twips`; it counts in pixels. On a screen that is
+// smaller than the smallest window, the screen decides.
 double Granted(double twips, int smallest, double screen) {
-  return std::min(std::max<double>(smallest * TwipsPerPixel, RoundHalfEven(twips)), screen);
+  const double wanted = RoundHalfEven(twips);
+  const bool tooSmall = RoundHalfEven(wanted / TwipsPerPixel) < smallest;
+  return std::min(tooSmall ? smallest * TwipsPerPixel : wanted, screen);
 }
 
 }  // namespace
@@ -80,8 +84,15 @@ void Form::SetTwipsHeight(double twips) {
 
 void Form::SetClientSize(int width, int height) {
   const int menu = HasMenuBar() ? toolkit_.MenuBarHeight() : 0;
-  SetTwipsWidth((width + FrameWidth) * TwipsPerPixel);
-  SetTwipsHeight((height + FrameHeight + menu) * TwipsPerPixel);
+  SetTwipsWidth(width * TwipsPerPixel + frameWidth_);
+  SetTwipsHeight((height + menu) * TwipsPerPixel + frameHeight_);
+}
+
+void Form::SetFrame(double twipsWidth, double twipsHeight) {
+  if (twipsWidth == frameWidth_ && twipsHeight == frameHeight_) return;
+  frameWidth_ = twipsWidth;
+  frameHeight_ = twipsHeight;
+  Resized();
 }
 
 void Form::CentreOn(const Form* owner) {
@@ -113,13 +124,37 @@ void Form::ScreenChanged() {
 
 int Form::ScaleWidth() const {
   if (fullScreen_) return CLng(toolkit_.GetScreen().Width / TwipsPerPixel);
-  return std::max(0, CLng(width_ / TwipsPerPixel) - FrameWidth);
+  return std::max(0, CLng((width_ - frameWidth_) / TwipsPerPixel));
 }
 
 int Form::ScaleHeight() const {
   if (fullScreen_) return CLng(toolkit_.GetScreen().Height / TwipsPerPixel);
   const int menu = HasMenuBar() ? toolkit_.MenuBarHeight() : 0;
-  return std::max(0, CLng(height_ / TwipsPerPixel) - FrameHeight - menu);
+  return std::max(0, CLng((height_ - frameHeight_) / TwipsPerPixel) - menu);
+}
+
+void Form::PaintPicture(const Picture& picture, double x, double y, double width, double height) {
+  if (picture.IsNothing()) throw RuntimeError(error::BadPicture);
+  const Rect at{CLng(x), CLng(y), CLng(width), CLng(height)};
+  const PixelSize size{ScaleWidth(), ScaleHeight()};
+  const double fineness = toolkit_.Fineness();
+  const Rect whole = FineRect({0, 0, size.Width, size.Height}, fineness);
+  if (size != drawingSize_ || whole.Width != drawing_.Width() || whole.Height != drawing_.Height()) {
+    drawing_ = Bitmap();
+    drawing_ = Bitmap(whole.Width, whole.Height, PixelFormat::Bgr24);
+    // What is drawn stays as it is when the desktop turns dark.
+    drawing_.Fill(SolidColour(toolkit_.PlainColour(backColor_, false)));
+    drawingSize_ = size;
+  }
+  StretchFine(picture, drawing_, at, fineness);
+  InvalidateAll();
+}
+
+void Form::Cls() {
+  if (drawing_.IsEmpty()) return;
+  drawing_ = Bitmap();
+  drawingSize_ = {};
+  InvalidateAll();
 }
 
 void Form::Load() {
@@ -193,6 +228,7 @@ void Form::Unload() {
   Raise(On().Unload, static_cast<Control&>(*this));
   if (!form) return;
   loaded_ = false;
+  Cls();
   toolkit_.GetTimers().Changed();
   Hide();
   DropPeersWithin();

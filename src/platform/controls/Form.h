@@ -1,5 +1,6 @@
 // A window. Its own place and size are twips, 15 to a pixel, and count a frame of 4 pixels at each side and 23 at the
-// top, whatever frame the host draws; inside it everything is pixels.
+// top, whatever frame the host draws; inside it everything is pixels. What is painted straight onto it lies below its
+// controls.
 #pragma once
 
 #include <string>
@@ -41,8 +42,8 @@ class Form : public Container {
   bool Sizable() const { return sizable_; }
   void SetSizable(bool sizable);
 
-  // Outer size and place, twips; code that sets a size raises Resize when it differs. A size outside of what the system
-  // gives, from the smallest window to all screens together, becomes the nearest within.
+  // Outer size and place, twips; code that sets a size raises Resize when it differs. A size that is in whole pixels
+  // outside of what the system gives, from the smallest window to all screens together, becomes the nearest within.
   double TwipsLeft() const { return left_; }
   double TwipsTop() const { return top_; }
   double TwipsWidth() const { return width_; }
@@ -53,6 +54,10 @@ class Form : public Container {
   void SetTwipsHeight(double twips);
   // Sizes the window such that this many pixels are left inside, below the menu bar.
   void SetClientSize(int width, int height);
+  // How much of its size is counted for the frame, in place of the usual figures; twips.
+  void SetFrame(double twipsWidth, double twipsHeight);
+  double FrameTwipsWidth() const { return frameWidth_; }
+  double FrameTwipsHeight() const { return frameHeight_; }
   void CentreOn(const Form* owner);
   // Covers the screen without a frame or menu bar, above all other windows; what is left inside is the whole screen.
   // Its own place and size are kept for when it is no longer so. Raises Resize.
@@ -67,6 +72,15 @@ class Form : public Container {
   // What is left inside, in pixels, below the menu bar.
   int ScaleWidth() const override;
   int ScaleHeight() const override;
+
+  // Stretches a picture into a rectangle, pixels; what lies outside the form is cut off. It is drawn in the screen's
+  // own pixels and stays until Cls, an unload, or a picture that is painted when the form has another size. Raises
+  // BadPicture for nothing, OutOfMemory.
+  void PaintPicture(const Picture& picture, double x, double y, double width, double height);
+  void Cls();
+  // What has been painted, empty for nothing; it fills DrawingSize from the top left.
+  const Bitmap& Drawing() const { return drawing_; }
+  PixelSize DrawingSize() const { return drawingSize_; }
 
   // Makes it ready without showing it: the first time after an unload raises Load.
   void Load();
@@ -122,10 +136,14 @@ class Form : public Container {
   std::vector<MenuItem*> menus_;
   std::string caption_;
   Watch<Form> owner_;
+  Bitmap drawing_;
+  PixelSize drawingSize_;
   double left_ = 0;
   double top_ = 0;
   double width_ = 400 * TwipsPerPixel;
   double height_ = 300 * TwipsPerPixel;
+  double frameWidth_ = FrameWidth * TwipsPerPixel;
+  double frameHeight_ = FrameHeight * TwipsPerPixel;
   Colour backColor_ = ButtonFace;
   int windowState_ = windowstate::Normal;
   bool hasPlace_ = false;

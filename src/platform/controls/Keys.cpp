@@ -1,9 +1,12 @@
 // The keyboard: the form's preview, menu shortcuts, the focused control.
+#include <algorithm>
+
 #include "platform/controls/Buttons.h"
 #include "platform/controls/Form.h"
 #include "platform/controls/Menu.h"
 #include "platform/controls/TextBox.h"
 #include "platform/controls/Toolkit.h"
+#include "platform/runtime/AtExit.h"
 
 namespace pixorra {
 
@@ -81,8 +84,11 @@ bool Toolkit::RunShortcut(Form& form, int keyCode, int shift) {
 }
 
 // A form that a handler has closed gets no more of the key.
-bool Toolkit::KeyPressed(Form& form, int keyCode, int shift) {
+bool Toolkit::KeyPressed(Form& form, int keyCode, int shift, KeyStroke stroke) {
   if (!TakesInput(form)) return true;
+  if (stroke == KeyStroke::Repeated && std::ranges::find(keyForms_, &form) != keyForms_.end()) return true;
+  keyForms_.push_back(&form);
+  const AtExit handled([this] { keyForms_.pop_back(); });
   const Watch<Form> watch(form);
   const auto used = [&](int code) { return code == 0 || !watch || !watch->Visible(); };
   int code = keyCode;

@@ -1,10 +1,10 @@
 #include "platform/controls/PictureBox.h"
 
 #include <algorithm>
-#include <cmath>
 #include <utility>
 #include <vector>
 
+#include "platform/controls/FineSurface.h"
 #include "platform/controls/Toolkit.h"
 #include "platform/pixels/Stretch.h"
 #include "platform/runtime/Errors.h"
@@ -26,22 +26,6 @@ Colour SolidColour(Colour colour) {
 }
 
 namespace {
-
-// The fine pixels that make up a rectangle of the box's. Neighbours meet without a gap.
-Rect FineRect(const Rect& at, double fineness) {
-  const auto edge = [fineness](double pixel) {
-    return static_cast<int>(std::clamp(std::nearbyint(pixel * fineness), -1e9, 1e9));
-  };
-  const int left = edge(at.Left);
-  const int top = edge(at.Top);
-  return {left, top, edge(static_cast<double>(at.Left) + at.Width) - left,
-          edge(static_cast<double>(at.Top) + at.Height) - top};
-}
-
-void StretchFine(const Picture& picture, Bitmap& fine, const Rect& at, double fineness) {
-  const Rect part = FineRect(at, fineness);
-  Stretch(picture.Pixels(), fine, part.Left, part.Top, part.Width, part.Height);
-}
 
 void SetPixel(Bitmap& surface, int x, int y, Colour colour) {
   std::uint8_t* pixel = surface.Row(y) + x * surface.BytesPerPixel();
@@ -134,7 +118,7 @@ Bitmap& PictureBox::MakeSurface() {
     // What is drawn stays as it is when the desktop turns dark.
     surface_.Fill(SolidColour(GetToolkit().PlainColour(backColor_, false)));
     if (!picture_.IsNothing()) {
-      Stretch(picture_.Pixels(), surface_, 0, 0, picture_.Width(), picture_.Height());
+      Stretch(picture_, surface_, 0, 0, picture_.Width(), picture_.Height());
     }
     MakeFineSurface();
   }
@@ -154,7 +138,7 @@ void PictureBox::MakeFineSurface() {
 void PictureBox::PaintPicture(const Picture& picture, double x, double y, double width, double height) {
   if (picture.IsNothing()) throw RuntimeError(error::BadPicture);
   const Rect at{CLng(x), CLng(y), CLng(width), CLng(height)};
-  Stretch(picture.Pixels(), MakeSurface(), at.Left, at.Top, at.Width, at.Height);
+  Stretch(picture, MakeSurface(), at.Left, at.Top, at.Width, at.Height);
   if (!fine_.IsEmpty()) StretchFine(picture, fine_, at, fineness_);
   Drawn();
 }

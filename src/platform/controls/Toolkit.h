@@ -4,6 +4,7 @@
 // Looks.cpp tones and pointers.
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <optional>
 #include <span>
@@ -18,6 +19,9 @@
 #include "platform/controls/Windows.h"
 
 namespace pixorra {
+
+// A key that is held down is pressed again and again.
+enum class KeyStroke : std::uint8_t { Pressed, Repeated };
 
 class Toolkit {
  public:
@@ -60,8 +64,9 @@ class Toolkit {
   // handler had it.
   bool WheelTurned(Form& form, int x, int y, const WheelArgs& turn);
   // A key goes to the form first if it previews keys, then to menus' shortcuts, then to the focused control's handlers;
-  // what is left is the control's own to act on.
-  bool KeyPressed(Form& form, int keyCode, int shift);
+  // what is left is the control's own to act on. A repeated stroke that comes while the form still handles one is
+  // dropped: what a key that is held down does ends when the key is let go.
+  bool KeyPressed(Form& form, int keyCode, int shift, KeyStroke stroke = KeyStroke::Pressed);
   // The character that a key made; code 0 after it has been refused.
   bool CharacterTyped(Form& form, int codePoint);
   // The focus has been put on a control by a person.
@@ -123,6 +128,7 @@ class Toolkit {
   Drags drags_;
   Timers timers_;
   Looks looks_;
+  std::vector<const Form*> keyForms_;  // whose keys are being handled, one within the other
   Watch<Control> pressed_;
   Watch<Control> hovered_;
   int pressedButton_ = 0;

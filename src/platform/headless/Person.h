@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "platform/controls/Form.h"
+#include "platform/controls/Toolkit.h"
 #include "platform/headless/HeadlessDialogs.h"
 
 namespace pixorra {
@@ -71,6 +72,8 @@ class Person {
   // --- keyboard; goes to the active form --------------------------------------------------------------------------
   void Type(const std::string& text);
   void Key(int keyCode, int shift = 0);
+  // The same once more, as a keyboard does it for a key that is held down.
+  void RepeatKey(int keyCode, int shift = 0);
 
   // --- menus ------------------------------------------------------------------------------------------------------
   // Opens the menus above the item in their order, so that their Click handlers run first, then chooses it.
@@ -121,6 +124,7 @@ class Person {
   Form* FormForKeys(const std::string& what);
   bool Choosable(const MenuItem& item);
   TreeNode* WayTo(TreeView& tree, const std::vector<std::string>& path);
+  void StrikeKey(int keyCode, int shift, KeyStroke stroke);
   void EditByKey(Control& control, int keyCode, int shift);
 
   Toolkit& toolkit_;

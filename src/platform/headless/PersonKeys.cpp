@@ -145,11 +145,19 @@ void Person::Type(const std::string& text) {
 }
 
 void Person::Key(int keyCode, int shift) {
+  StrikeKey(keyCode, shift, KeyStroke::Pressed);
+}
+
+void Person::RepeatKey(int keyCode, int shift) {
+  StrikeKey(keyCode, shift, KeyStroke::Repeated);
+}
+
+void Person::StrikeKey(int keyCode, int shift, KeyStroke stroke) {
   Form* form = FormForKeys("key " + std::to_string(keyCode));
   if (form == nullptr) return;
   const Watch<Form> watch(*form);
   Act([&] {
-    if (toolkit_.KeyPressed(*form, keyCode, shift)) return;
+    if (toolkit_.KeyPressed(*form, keyCode, shift, stroke)) return;
     const bool makesCharacter = keyCode == key::Return || keyCode == key::Escape || keyCode == key::Back ||
                                 keyCode == key::Tab || keyCode == key::Space;
     if (!watch || (makesCharacter && toolkit_.CharacterTyped(*form, keyCode))) return;

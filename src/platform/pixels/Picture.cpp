@@ -72,17 +72,30 @@ Picture::Picture(Bitmap pixels, std::string artName) {
   if (pixels.IsEmpty()) return;
   const int width = pixels.Width();
   const int height = pixels.Height();
-  data_ = std::make_shared<const Data>(Data{width, height, std::move(pixels), std::move(artName), nullptr});
+  data_ = std::make_shared<const Data>(Data{width, height, std::move(pixels), std::move(artName), nullptr, {}});
 }
 
 Picture::Picture(int width, int height, std::string artName, std::function<Bitmap()> draw) {
   if (width <= 0 || height <= 0) return;
-  data_ = std::make_shared<const Data>(Data{width, height, {}, std::move(artName), std::move(draw)});
+  data_ = std::make_shared<const Data>(Data{width, height, {}, std::move(artName), std::move(draw), {}});
+}
+
+Picture::Picture(int width, int height, std::vector<Bitmap> reductions, std::function<Bitmap()> draw) {
+  if (width <= 0 || height <= 0) return;
+  data_ = std::make_shared<const Data>(Data{width, height, {}, {}, std::move(draw), std::move(reductions)});
 }
 
 const Bitmap& Picture::Pixels() const {
   if (data_->pixels.IsEmpty()) data_->pixels = data_->draw();
   return data_->pixels;
+}
+
+const Bitmap* Picture::Reduction(int width, int height) const {
+  if (data_ == nullptr) return nullptr;
+  for (const Bitmap& reduction : data_->reductions) {
+    if (reduction.Width() == width && reduction.Height() == height) return &reduction;
+  }
+  return nullptr;
 }
 
 const std::string& Picture::ArtName() const {

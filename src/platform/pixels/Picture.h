@@ -8,6 +8,7 @@
 #include <memory>
 #include <string>
 #include <utility>
+#include <vector>
 
 namespace pixorra {
 
@@ -16,6 +17,12 @@ using Colour = std::uint32_t;
 inline constexpr Colour ButtonFace = 0x8000000FU;
 inline constexpr Colour WindowBackground = 0x80000005U;
 inline constexpr Colour ButtonText = 0x80000012U;
+
+struct PixelSize {
+  int Width = 0;
+  int Height = 0;
+  bool operator==(const PixelSize&) const = default;
+};
 
 enum class PixelFormat : std::uint8_t {
   Bgr24,   // three bytes a pixel: blue, green, red
@@ -65,6 +72,9 @@ class Picture {
   // A drawing of that size whose pixels are made when they are first asked for, which may be never. What `draw` makes
   // has that size.
   Picture(int width, int height, std::string artName, std::function<Bitmap()> draw);
+  // A photo of that size whose pixels are made as those of a drawing. These reductions have been made of them already,
+  // as Stretch makes them, each without alpha.
+  Picture(int width, int height, std::vector<Bitmap> reductions, std::function<Bitmap()> draw);
 
   bool IsNothing() const { return data_ == nullptr; }
   // The picture's own size in pixels; 0 for nothing.
@@ -72,6 +82,8 @@ class Picture {
   int Height() const { return data_ ? data_->height : 0; }
   // Not for nothing. Empty where a drawing cannot be made; raises what making it does.
   const Bitmap& Pixels() const;
+  // The whole picture stretched to that size, if that has been made already; else null.
+  const Bitmap* Reduction(int width, int height) const;
   // For a drawing of the program's own, its name, by which a back end can draw it sharper than its pixels are.
   const std::string& ArtName() const;
   bool operator==(const Picture& other) const { return data_ == other.data_; }
@@ -83,6 +95,7 @@ class Picture {
     mutable Bitmap pixels;
     std::string artName;
     std::function<Bitmap()> draw;
+    std::vector<Bitmap> reductions;
   };
   std::shared_ptr<const Data> data_;
 };

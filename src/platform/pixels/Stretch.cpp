@@ -257,6 +257,10 @@ class Stretcher {
 
   void Run() {
     if (columns_.IsEmpty() || rows_.IsEmpty()) return;
+    if (Channels == 3 && width_ == source_.Width() && height_ == source_.Height()) {
+      Copy();
+      return;
+    }
     if (width_ < source_.Width()) {
       average_.emplace(source_.Width(), width_, columns_.from, columns_.to);
     } else {
@@ -272,6 +276,11 @@ class Stretcher {
 
  private:
   std::size_t Pixels() const { return static_cast<std::size_t>(columns_.to - columns_.from); }
+
+  void Copy() {
+    line_.resize(Pixels() * Channels);
+    for (int y = rows_.from; y < rows_.to; ++y) Put(source_.Row(y) + std::ptrdiff_t{columns_.from} * Channels, y_ + y);
+  }
 
   template <typename Value>
   void Across(const Value* row, std::uint64_t rowTotal, Byte* out) const {
@@ -362,6 +371,11 @@ void Stretch(const Bitmap& source, Bitmap& target, int x, int y, int w, int h) {
   } else {
     Stretcher<4>(source, target, x, y, w, h).Run();
   }
+}
+
+void Stretch(const Picture& picture, Bitmap& target, int x, int y, int w, int h) {
+  const Bitmap* made = picture.Reduction(w, h);
+  Stretch(made != nullptr ? *made : picture.Pixels(), target, x, y, w, h);
 }
 
 }  // namespace pixorra

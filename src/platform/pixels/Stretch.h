@@ -10,5 +10,7 @@ namespace pixorra {
 // source with alpha is laid over what the target holds. Nothing is painted where w or h is below 1 or either bitmap is
 // empty. The two bitmaps must differ. Sides of the source up to 16,777,215 pixels.
 void Stretch(const Bitmap& source, Bitmap& target, int x, int y, int w, int h);
+// The same of a picture, which is not nothing. What has been made of it beforehand serves, and looks the same.
+void Stretch(const Picture& picture, Bitmap& target, int x, int y, int w, int h);
 
 }  // namespace pixorra

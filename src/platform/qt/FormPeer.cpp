@@ -258,8 +258,8 @@ void FormPeer::ReportFrame() {
   double height = form_.TwipsHeight();
   if (state != windowstate::Minimised && !IsAsWished(client)) {
     const int menu = form_.HasMenuBar() ? backend_.MenuBarHeight() : 0;
-    width = (client.width() + Form::FrameWidth) * TwipsPerPixel;
-    height = (client.height() + Form::FrameHeight + menu) * TwipsPerPixel;
+    width = client.width() * TwipsPerPixel + form_.FrameTwipsWidth();
+    height = (client.height() + menu) * TwipsPerPixel + form_.FrameTwipsHeight();
     agreedSize_ = window_->size();
   }
   form_.UserResized(width, height, state);

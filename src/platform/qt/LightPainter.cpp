@@ -30,6 +30,8 @@ QColor Blend(const QColor& over, const QColor& ground, double share) {
 void LightPainter::PaintForm(const Form& form, const Rect& exposed) {
   toolkit_ = &form.GetToolkit();
   Fill(ToQRect(exposed), form.BackColor());
+  const PixelSize drawn = form.DrawingSize();
+  DrawImage(painter_, QRect(0, 0, drawn.Width, drawn.Height), SharedImage(form.Drawing()));
   for (const PaintItem& item : ItemsToPaint(form, exposed)) {
     if (item.Clip.IsEmpty()) continue;
     painter_.setClipRect(ToQRect(item.Clip));

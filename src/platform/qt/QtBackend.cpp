@@ -209,6 +209,11 @@ void QtBackend::Dispatch(const std::function<void()>& act) {
   }
 }
 
+void QtBackend::DropWaitingRepeats() {
+  dropsRepeats_ = true;
+  repeatsWanted_.Post();
+}
+
 QWidget* QtBackend::WindowForBoxes() {
   pending_.RunAll();
   if (toolkit_ == nullptr) return nullptr;

@@ -11,6 +11,7 @@
 #include "platform/controls/Control.h"
 #include "platform/qt/ArtStore.h"
 #include "platform/qt/Pending.h"
+#include "platform/qt/PostedCall.h"
 #include "platform/qt/QtText.h"
 
 class QWidget;
@@ -54,6 +55,10 @@ class QtBackend final : public Backend {
   void Dispatch(const std::function<void()>& act);
   void SetErrorHandler(std::function<void(int number, const std::string& description)> handler);
 
+  // Repeats of a key that is held down, which wait to be handled now, are not handled any more.
+  void DropWaitingRepeats();
+  bool DropsRepeats() const { return dropsRepeats_; }
+
   // The window in front that a box should stand above; null where none is shown.
   QWidget* WindowForBoxes();
   PendingList& AtEndOfTurn() { return pending_; }
@@ -73,6 +78,9 @@ class QtBackend final : public Backend {
   QEventLoop loop_;
   std::function<void(int, const std::string&)> onError_;
   int menuBarHeight_;
+  // Runs when the events that are waiting have been handled.
+  PostedCall repeatsWanted_{[this] { dropsRepeats_ = false; }};
+  bool dropsRepeats_ = false;
 };
 
 }  // namespace pixorra

@@ -29,6 +29,13 @@ TEST_F(SizeContract, SmallestWindowIs85By86Pixels) {
   EXPECT_EQ(platform->Look(form).At, (Rect{0, 0, 85 - Form::FrameWidth, 86 - Form::FrameHeight}));
 }
 
+TEST_F(SizeContract, SizesAreComparedInWholePixels) {
+  form.SetTwipsHeight(86 * 15 - 5);
+  EXPECT_EQ(form.TwipsHeight(), 86 * 15 - 5) << "which is 86 pixels nearly";
+  form.SetTwipsHeight(86 * 15 - 8);
+  EXPECT_EQ(form.TwipsHeight(), 86 * 15);
+}
+
 TEST_F(SizeContract, LargestWindowIsTheScreen) {
   const Screen screen = toolkit.GetScreen();
   form.SetTwipsWidth(screen.Width);

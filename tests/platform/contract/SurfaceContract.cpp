@@ -54,5 +54,39 @@ TEST_F(SurfaceContract, SurfaceOfABoxThatSizedItselfIsOfThatSize) {
   EXPECT_EQ(box.Point(59, 49), 0x000000FFU);
 }
 
+// --- what is painted straight onto a form ----------------------------------------------------------------------------
+
+Colour FormPixel(const Form& form, int x, int y) {
+  const std::uint8_t* pixel = form.Drawing().Row(y) + static_cast<std::ptrdiff_t>(x) * 3;
+  return static_cast<Colour>(pixel[0] << 16 | pixel[1] << 8 | pixel[2]);
+}
+
+TEST_F(FormContract, WhatIsPaintedOnAFormStaysThroughHidingAndShowing) {
+  form.PaintPicture(Plain(30, 20), 10, 20, 60, 40);
+  Show();
+  form.Hide();
+  platform->Settle();
+  Show();
+  EXPECT_EQ(FormPixel(form, 10, 20), 0x000000FFU);
+  EXPECT_EQ(FormPixel(form, 69, 59), 0x000000FFU);
+  EXPECT_NE(FormPixel(form, 70, 59), 0x000000FFU);
+  EXPECT_NE(FormPixel(form, 9, 20), 0x000000FFU);
+}
+
+TEST_F(FormContract, WhatIsPaintedGoesWithClsWithAnUnloadAndWithAPaintInAnotherSize) {
+  Show();
+  form.PaintPicture(Plain(30, 20), 0, 0, 30, 20);
+  form.Cls();
+  EXPECT_TRUE(form.Drawing().IsEmpty());
+  form.PaintPicture(Plain(30, 20), 0, 0, 30, 20);
+  form.SetClientSize(200, 100);
+  form.PaintPicture(Plain(30, 20), 100, 50, 1000, 1000);
+  EXPECT_EQ(form.DrawingSize(), (PixelSize{200, 100}));
+  EXPECT_NE(FormPixel(form, 0, 0), 0x000000FFU);
+  EXPECT_EQ(FormPixel(form, 199, 99), 0x000000FFU);
+  form.Unload();
+  EXPECT_TRUE(form.Drawing().IsEmpty());
+}
+
 }  // namespace
 }  // namespace pixorra

@@ -42,6 +42,18 @@ TEST_F(FormTest, InsideIsTheOuterSizeLessFrameAndMenuBar) {
   EXPECT_EQ(form.ScaleHeight(), 300);
 }
 
+TEST_F(FormTest, InsideIsTheOuterSizeLessTheFrameThatIsCounted) {
+  form.SetFrame(60, 370);
+  form.SetTwipsWidth(640 * 15 + 60);
+  form.SetTwipsHeight(480 * 15 + 370);
+  EXPECT_EQ(form.ScaleWidth(), 640);
+  EXPECT_EQ(form.ScaleHeight(), 480);
+  form.SetClientSize(200, 100);
+  EXPECT_EQ(form.TwipsWidth(), 200 * 15 + 60);
+  EXPECT_EQ(form.ScaleWidth(), 200);
+  EXPECT_EQ(form.ScaleHeight(), 100);
+}
+
 TEST_F(FormTest, ResizeComesWithADifferentSizeOnly) {
   LogLife(form);
   form.SetTwipsWidth(form.TwipsWidth());

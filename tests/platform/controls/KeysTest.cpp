@@ -5,6 +5,7 @@
 #include "platform/controls/PictureBox.h"
 #include "platform/controls/TextBox.h"
 #include "platform/controls/Toolkit.h"
+#include "platform/runtime/Errors.h"
 #include "tests/platform/controls/ModelTest.h"
 
 namespace pixorra {
@@ -188,6 +189,35 @@ TEST_F(KeysTest, FormThatHasNoKeyPreviewIsNotAskedTwice) {
   form.SetFocus();
   toolkit.KeyPressed(form, 'A', 0);
   EXPECT_THAT(Heard(), ElementsAre("form 65 0"));
+}
+
+TEST_F(KeysTest, RepeatedStrokeIsDroppedWhileTheFormHandlesOneAndAnotherPressIsNot) {
+  form.SetKeyPreview(true);
+  Form other(toolkit, "Other");
+  other.SetKeyPreview(true);
+  other.On().KeyDown = [this](Control&, int&, int) { Log("other"); };
+  int depth = 0;
+  form.On().KeyDown = [&](Control&, int& code, int) {
+    code = 0;
+    Log("form");
+    if (++depth > 1) return;
+    EXPECT_TRUE(toolkit.KeyPressed(form, key::Right, 0, KeyStroke::Repeated));
+    toolkit.KeyPressed(other, key::Right, 0, KeyStroke::Repeated);
+    toolkit.KeyPressed(form, key::Right, 0);
+  };
+  toolkit.KeyPressed(form, key::Right, 0);
+  EXPECT_THAT(Heard(), ElementsAre("form", "other", "form"));
+  toolkit.KeyPressed(form, key::Right, 0, KeyStroke::Repeated);
+  EXPECT_THAT(Heard(), ElementsAre("form"));
+}
+
+TEST_F(KeysTest, HandlerThatRaisesDoesNotStopLaterRepeats) {
+  form.SetKeyPreview(true);
+  form.On().KeyDown = [](Control&, int&, int) { throw RuntimeError(error::DiskFull); };
+  EXPECT_THROW(toolkit.KeyPressed(form, key::Right, 0), RuntimeError);
+  form.On().KeyDown = [this](Control&, int&, int) { Log("form"); };
+  toolkit.KeyPressed(form, key::Right, 0, KeyStroke::Repeated);
+  EXPECT_THAT(Heard(), ElementsAre("form"));
 }
 
 }  // namespace

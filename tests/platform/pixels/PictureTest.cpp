@@ -149,5 +149,24 @@ TEST(Picture, ADrawingsPixelsAreMadeOnceAndNotBeforeTheyAreAskedFor) {
   EXPECT_TRUE(Picture(0, 2, "Logo", [] { return Bitmap(); }).IsNothing());
 }
 
+TEST(Picture, ReductionsAreFoundByTheirSizeAndThePixelsAreNotMadeForThem) {
+  int made = 0;
+  std::vector<Bitmap> reductions;
+  reductions.emplace_back(8, 6, PixelFormat::Bgr24);
+  reductions.emplace_back(4, 3, PixelFormat::Bgr24);
+  const Picture photo(80, 60, std::move(reductions), [&made] {
+    ++made;
+    return Bitmap(80, 60, PixelFormat::Bgr24);
+  });
+  ASSERT_NE(photo.Reduction(4, 3), nullptr);
+  EXPECT_EQ(photo.Reduction(4, 3)->Width(), 4);
+  EXPECT_EQ(photo.Reduction(4, 6), nullptr);
+  EXPECT_EQ(photo.Reduction(80, 60), nullptr);
+  EXPECT_EQ(Picture().Reduction(0, 0), nullptr);
+  EXPECT_EQ(made, 0);
+  EXPECT_EQ(photo.Pixels().Width(), 80);
+  EXPECT_EQ(made, 1);
+}
+
 }  // namespace
 }  // namespace pixorra

@@ -237,5 +237,24 @@ TEST(Stretch, OpaqueAlphaStaysOpaqueThroughEveryKindOfStretch) {
   }
 }
 
+TEST(Stretch, APictureMadeSmallerBeforehandIsPaintedFromThatWhereTheSizeIsTheSame) {
+  std::vector<Bitmap> reductions;
+  reductions.emplace_back(2, 2, PixelFormat::Bgr24);
+  reductions.back().Fill(0x000000FF);
+  const Picture photo(8, 8, std::move(reductions), [] {
+    Bitmap pixels(8, 8, PixelFormat::Bgr24);
+    pixels.Fill(0x0000FF00);
+    return pixels;
+  });
+  Bitmap target(10, 10, PixelFormat::Bgr24);
+  target.Fill(0);
+  Stretch(photo, target, 9, -1, 2, 2);  // half of it outside
+  Stretch(photo, target, 0, 0, 3, 3);
+  EXPECT_EQ(target.Row(0)[9 * 3 + 2], 0xFF);
+  EXPECT_EQ(target.Row(1)[9 * 3 + 2], 0);
+  EXPECT_EQ(target.Row(0)[1], 0xFF);
+  EXPECT_EQ(target.Row(0)[2], 0);
+}
+
 }  // namespace
 }  // namespace pixorra

@@ -70,6 +70,26 @@ TEST_F(FineScreenTest, APaintedPictureShowsAllOfItsPixels) {
   });
 }
 
+TEST_F(FineScreenTest, APictureOnTheFormItselfShowsAllOfItsPixels) {
+  OnAFineScreen([this] {
+    box.SetVisible(false);
+    Bitmap chequered(400, 300, PixelFormat::Bgr24);
+    chequered.Fill(0);
+    for (int y = 0; y < 300; ++y) {
+      for (int x = y % 2; x < 400; x += 2) chequered.Row(y)[3 * x + 2] = 0xFF;
+    }
+    form.PaintPicture(Picture(std::move(chequered)), 0, 0, 200, 150);
+    form.Show();
+    const QImage shot = Shot(form);
+    ASSERT_EQ(shot.size(), QSize(400, 300));
+    for (int y = 0; y < 300; ++y) {
+      for (int x = 0; x < 400; ++x) {
+        ASSERT_EQ(shot.pixelColor(x, y), (x + y) % 2 == 0 ? QColor(Qt::red) : QColor(Qt::black)) << x << " " << y;
+      }
+    }
+  });
+}
+
 TEST_F(FineScreenTest, PrintedLettersHaveTheScreensPixels) {
   OnAFineScreen([this] {
     form.SetBackColor(0x00FFFFFF);
