@@ -68,6 +68,17 @@ auto WithMemoryErrors(const Work& work) {
   }
 }
 
+Picture LoadNow(File& file) {
+  return WithMemoryErrors([&] {
+    ByteReader in(file);
+    FileBytes bytes;
+    return Picture(Decode(in, [&] {
+      bytes.Read(file);
+      return bytes.Bytes();
+    }));
+  });
+}
+
 void Put(std::vector<std::uint8_t>& out, std::uint32_t value, int bytes) {
   for (int i = 0; i < bytes; ++i) out.push_back(static_cast<std::uint8_t>(value >> 8 * i));
 }
@@ -149,14 +160,13 @@ Picture CodecPictures::Load(const std::string& path) {
 }
 
 Picture CodecPictures::Load(File& file) {
-  return WithMemoryErrors([&] {
-    ByteReader in(file);
-    FileBytes bytes;
-    return Picture(Decode(in, [&] {
-      bytes.Read(file);
-      return bytes.Bytes();
-    }));
-  });
+  if (ahead_ == nullptr || !ahead_->Whole().IsExpecting()) return LoadNow(file);
+  const FileStamp stamp = file.Stamp();
+  Picture picture = ahead_->Whole().Take(stamp);
+  if (!picture.IsNothing()) return picture;
+  picture = LoadNow(file);
+  ahead_->Whole().Keep(stamp, picture);
+  return picture;
 }
 
 Picture CodecPictures::FromBytes(std::span<const std::uint8_t> file) {

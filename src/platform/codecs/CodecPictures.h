@@ -16,7 +16,7 @@ class DecodeAhead;
 
 class CodecPictures final : public Pictures {
  public:
-  // What was decoded ahead, if anything, serves FromBytes where the bytes are the same.
+  // What was decoded ahead, if anything, serves FromBytes where the bytes are the same, and Load where the file is.
   explicit CodecPictures(Files& files, DecodeAhead* ahead = nullptr) : files_(files), ahead_(ahead) {}
 
   Picture Load(const std::string& path) override;

@@ -5,14 +5,13 @@
 #include <atomic>
 #include <cstring>
 #include <exception>
-#include <sys/resource.h>
 #include <system_error>
-#include <unistd.h>
 #include <utility>
 
 #include "platform/codecs/CodecPictures.h"
 #include "platform/codecs/JpegReader.h"
 #include "platform/codecs/JpegWriter.h"
+#include "platform/codecs/ThreadPriority.h"
 #include "platform/runtime/Errors.h"
 #include "platform/services/FileBytes.h"
 #include "platform/services/JpegCodec.h"
@@ -40,12 +39,6 @@ namespace {
 
 constexpr std::size_t MostThreads = 4;
 
-// Who waits for a photo must not wait for the ones after it too.
-void GiveWay() {
-  constexpr int Lower = 10;
-  setpriority(PRIO_PROCESS, static_cast<id_t>(gettid()), Lower);
-}
-
 bool IsJpeg(File& file) {
   std::array<std::uint8_t, 2> start{};
   return file.ReadAt(0, start.data(), start.size()) == start.size() && start[0] == 0xFF && start[1] == 0xD8;
@@ -69,7 +62,9 @@ bool IsScale(int scale) {
 }  // namespace
 
 DecodeAhead::DecodeAhead(Files& files)
-    : files_(files), mostThreads_(std::clamp<std::size_t>(std::thread::hardware_concurrency(), 1, MostThreads)) {}
+    : files_(files),
+      whole_(files),
+      mostThreads_(std::clamp<std::size_t>(std::thread::hardware_concurrency(), 1, MostThreads)) {}
 
 DecodeAhead::~DecodeAhead() {
   {
@@ -118,6 +113,14 @@ bool DecodeAhead::IsReady(const std::string& path, int scale) {
   const std::lock_guard lock(mutex_);
   const std::shared_ptr<Job> job = Find(path, scale);
   return job == nullptr || job->state == Job::State::Ready || job->state == Job::State::Not;
+}
+
+void DecodeAhead::ExpectWhole(const std::vector<std::string>& paths, const PaintedSizes& sizes) {
+  whole_.Expect(paths, sizes);
+}
+
+bool DecodeAhead::IsWholeReady(const std::string& path) {
+  return whole_.IsReady(path);
 }
 
 const ReducedRows* DecodeAhead::Take(std::span<const std::uint8_t> file, int denominator) {
@@ -268,7 +271,7 @@ bool DecodeAhead::Decode(Job& job) {
 }
 
 void DecodeAhead::Work() {
-  GiveWay();
+  LowerOwnPriority();
   std::unique_lock lock(mutex_);
   for (;;) {
     std::shared_ptr<Job> job;

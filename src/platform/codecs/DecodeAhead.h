@@ -1,6 +1,6 @@
 // JPEG photos read and decoded ahead of their turn by threads of this back end, and the small JPEG file that the
 // program makes of each, with its picture. What they made serves only where the bytes asked about are the same to the
-// last; errors are left to who asks.
+// last; errors are left to who asks. Photos that are wanted whole are in WholeAhead.
 #pragma once
 
 #include <array>
@@ -14,6 +14,7 @@
 #include <thread>
 #include <vector>
 
+#include "platform/codecs/WholeAhead.h"
 #include "platform/pixels/Picture.h"
 #include "platform/services/Files.h"
 #include "platform/services/ReadAhead.h"
@@ -56,6 +57,9 @@ class DecodeAhead : public ReadAhead {
   int Depth() const override;
   void Expect(Reader reader, const std::vector<std::string>& paths, int scale) override;
   bool IsReady(const std::string& path, int scale) override;
+  void ExpectWhole(const std::vector<std::string>& paths, const PaintedSizes& sizes) override;
+  bool IsWholeReady(const std::string& path) override;
+  WholeAhead& Whole() { return whole_; }
 
   // What was made of a file of these bytes at 1/denominator, else null. It is handed out once, and lives until the next
   // call.
@@ -89,6 +93,7 @@ class DecodeAhead : public ReadAhead {
   void Finish(Job& job, bool ready);
 
   Files& files_;
+  WholeAhead whole_;
   const std::size_t mostThreads_;
   ReducedRows takenRows_;  // by the using thread, as what follows
   SmallJpeg takenJpeg_;

@@ -3,8 +3,11 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <string>
 #include <vector>
+
+#include "platform/pixels/Picture.h"
 
 namespace pixorra {
 
@@ -22,6 +25,14 @@ class ReadAhead {
   virtual void Expect(Reader reader, const std::vector<std::string>& paths, int scale) = 0;
   // False while an expected photo is still being decoded. True for all others, and for those that cannot be decoded.
   virtual bool IsReady(const std::string& path, int scale) = 0;
+
+  // The sizes in which a photo of that size will be painted. Any thread may ask.
+  using PaintedSizes = std::function<std::vector<PixelSize>(int width, int height)>;
+  // The photos that are going to be loaded whole and painted, those wanted first ahead, in place of those that were
+  // named before; an empty list for no more. Raises nothing.
+  virtual void ExpectWhole(const std::vector<std::string>& paths, const PaintedSizes& sizes) = 0;
+  // The file, as it now is, is ready to be loaded whole in no time. Raises nothing.
+  virtual bool IsWholeReady(const std::string& path) = 0;
 };
 
 class NoReadAhead final : public ReadAhead {
@@ -29,6 +40,8 @@ class NoReadAhead final : public ReadAhead {
   int Depth() const override { return 0; }
   void Expect(Reader, const std::vector<std::string>&, int) override {}
   bool IsReady(const std::string&, int) override { return true; }
+  void ExpectWhole(const std::vector<std::string>&, const PaintedSizes&) override {}
+  bool IsWholeReady(const std::string&) override { return false; }
 };
 
 }  // namespace pixorra

@@ -1,0 +1,322 @@
+#include "platform/codecs/WholeAhead.h"
+
+#include <algorithm>
+#include <array>
+#include <atomic>
+#include <exception>
+#include <numeric>
+#include <system_error>
+#include <utility>
+
+#include "platform/codecs/CodecPictures.h"
+#include "platform/codecs/JpegReader.h"
+#include "platform/codecs/ThreadPriority.h"
+#include "platform/pixels/Stretch.h"
+#include "platform/runtime/Errors.h"
+#include "platform/services/FileBytes.h"
+
+namespace pixorra {
+
+struct WholeAhead::Job {
+  // Not: it is left to whoever wants it.
+  enum class State { Waiting, Running, Ready, Not };
+
+  std::string path;
+  FileStamp stamp;  // from before the file was read
+  ReadAhead::PaintedSizes sizes;
+  State state = State::Not;
+  bool decoding = false;  // it has been granted all that it takes
+  bool again = false;     // what was made, or could have been, is wanted anew
+  std::int64_t held = 0;  // bytes
+  std::atomic<bool> dropped = false;
+  Picture picture;
+  // The thread's own while it runs.
+  std::unique_ptr<File> file;
+  Picture made;
+  std::int64_t keeps = 0;  // bytes of what has been made
+};
+
+namespace {
+
+constexpr std::size_t MostThreads = 4;
+
+bool IsJpeg(File& file) {
+  std::array<std::uint8_t, 2> start{};
+  return file.ReadAt(0, start.data(), start.size()) == start.size() && start[0] == 0xFF && start[1] == 0xD8;
+}
+
+std::int64_t BytesOf(PixelSize size) {
+  return (std::int64_t{size.Width} * 3 + 3) * size.Height;
+}
+
+std::vector<PixelSize> SizesFor(const ReadAhead::PaintedSizes& sizes, int width, int height) {
+  std::vector<PixelSize> wanted = sizes(width, height);
+  std::erase_if(wanted, [](PixelSize size) { return size.Width < 1 || size.Height < 1; });
+  return wanted;
+}
+
+bool HasReductions(const Picture& picture, const ReadAhead::PaintedSizes& sizes) {
+  return std::ranges::all_of(SizesFor(sizes, picture.Width(), picture.Height()),
+                             [&](PixelSize size) { return picture.Reduction(size.Width, size.Height) != nullptr; });
+}
+
+}  // namespace
+
+WholeAhead::WholeAhead(Files& files, std::int64_t mostMemory) : files_(files), mostMemory_(mostMemory) {}
+
+WholeAhead::~WholeAhead() {
+  {
+    const std::lock_guard lock(mutex_);
+    ending_ = true;
+    for (const JobPointer& job : jobs_) job->dropped = true;
+  }
+  wake_.notify_all();
+  worked_.notify_all();
+  for (std::thread& thread : threads_) thread.join();
+}
+
+void WholeAhead::Expect(const std::vector<std::string>& paths, const ReadAhead::PaintedSizes& sizes) {
+  expecting_ = !paths.empty();
+  std::vector<JobPointer> wanted;
+  for (const std::string& path : paths) {
+    JobPointer job = Known(path, sizes);
+    wanted.push_back(job != nullptr ? std::move(job) : NewJob(path, sizes));
+  }
+  const std::lock_guard lock(mutex_);
+  DropKept();
+  jobs_.swap(wanted);
+  for (const JobPointer& job : wanted) {
+    if (std::ranges::find(jobs_, job) == jobs_.end()) LetGo(*job);
+  }
+  worked_.notify_all();
+  if (NextWaiting() == nullptr) return;
+  StartThreads();
+  wake_.notify_all();
+}
+
+bool WholeAhead::IsReady(const std::string& path) {
+  if (!expecting_) return false;
+  FileStamp stamp;
+  const int failed = ErrorsIgnored([&] { stamp = files_.Open(path, OpenMode::Read)->Stamp(); });
+  if (failed != error::None) return false;
+  const std::lock_guard lock(mutex_);
+  // What was made of another file, or of an earlier state of this one, is never wanted any more.
+  if (const auto outdated = Find(path); outdated != jobs_.end() && (*outdated)->stamp != stamp) {
+    LetGo(**outdated);
+    (*outdated)->again = true;
+  }
+  if (!kept_.IsNothing() && keptStamp_ == stamp) return true;
+  return std::ranges::any_of(
+      jobs_, [&](const JobPointer& job) { return job->state == Job::State::Ready && job->stamp == stamp; });
+}
+
+Picture WholeAhead::Take(const FileStamp& stamp) {
+  std::unique_lock lock(mutex_);
+  if (!kept_.IsNothing() && keptStamp_ == stamp) return kept_;
+  const auto found = std::ranges::find_if(
+      jobs_, [&](const JobPointer& job) { return job->stamp == stamp && job->state != Job::State::Not; });
+  if (found == jobs_.end()) return {};
+  const JobPointer job = *found;
+  if (job->state == Job::State::Running && job->decoding)
+    worked_.wait(lock, [&] { return job->state != Job::State::Running; });
+  if (job->state == Job::State::Waiting) {
+    job->state = Job::State::Not;
+    job->again = true;
+  } else if (job->state == Job::State::Running) {
+    job->dropped = true;
+    job->again = true;
+    worked_.notify_all();
+  }
+  return job->picture;
+}
+
+void WholeAhead::Keep(const FileStamp& stamp, const Picture& picture) {
+  if (!expecting_ || picture.IsNothing()) return;
+  const auto bytes = static_cast<std::int64_t>(picture.Pixels().Stride()) * picture.Height();
+  const std::lock_guard lock(mutex_);
+  DropKept();
+  if (!MakeRoom(nullptr, bytes)) return;
+  kept_ = picture;
+  keptStamp_ = stamp;
+  keptBytes_ = bytes;
+  Hold(bytes);
+}
+
+void WholeAhead::Settle() {
+  std::unique_lock lock(mutex_);
+  worked_.wait(lock, [this] { return threads_.empty() || (working_ == 0 && NextWaiting() == nullptr); });
+}
+
+std::int64_t WholeAhead::MostHeld() {
+  const std::lock_guard lock(mutex_);
+  return mostHeld_;
+}
+
+std::vector<WholeAhead::JobPointer>::const_iterator WholeAhead::Find(const std::string& path) const {
+  return std::ranges::find_if(jobs_, [&](const JobPointer& job) { return job->path == path; });
+}
+
+// The job that is there for the path, unless one is to be begun anew.
+WholeAhead::JobPointer WholeAhead::Known(const std::string& path, const ReadAhead::PaintedSizes& sizes) {
+  const std::lock_guard lock(mutex_);
+  const auto found = Find(path);
+  if (found == jobs_.end() || (*found)->again) return nullptr;
+  Job& job = **found;
+  if (job.state == Job::State::Ready && !HasReductions(job.picture, sizes)) return nullptr;
+  if (job.state == Job::State::Waiting) job.sizes = sizes;
+  return *found;
+}
+
+// The file is opened here, as paths are mapped to the host's on this thread only; an open file may be read by another.
+WholeAhead::JobPointer WholeAhead::NewJob(const std::string& path, const ReadAhead::PaintedSizes& sizes) const {
+  auto job = std::make_shared<Job>();
+  job->path = path;
+  job->sizes = sizes;
+  ErrorsIgnored([&] {
+    job->file = files_.Open(path, OpenMode::Read);
+    job->stamp = job->file->Stamp();
+    job->state = Job::State::Waiting;
+  });
+  return job;
+}
+
+WholeAhead::JobPointer WholeAhead::NextWaiting() const {
+  const auto found = std::ranges::find(jobs_, Job::State::Waiting, [](const JobPointer& job) { return job->state; });
+  return found != jobs_.end() ? *found : nullptr;
+}
+
+// A thread that is at it stops soon, and gives back what it holds.
+void WholeAhead::LetGo(Job& job) {
+  job.dropped = true;
+  if (job.state == Job::State::Running) return;
+  job.state = Job::State::Not;
+  job.picture = {};
+  Hold(-std::exchange(job.held, 0));
+}
+
+void WholeAhead::DropKept() {
+  kept_ = {};
+  Hold(-std::exchange(keptBytes_, 0));
+}
+
+void WholeAhead::StartThreads() {
+  const auto most = std::clamp<std::size_t>(std::thread::hardware_concurrency(), 1, MostThreads);
+  try {
+    while (threads_.size() < most) threads_.emplace_back([this] { Work(); });
+  } catch (const std::system_error&) {
+    return;  // with those that there are; without any, each photo is left to whoever wants it
+  }
+}
+
+void WholeAhead::Hold(std::int64_t more) {
+  held_ += more;
+  mostHeld_ = std::max(mostHeld_, held_);
+}
+
+// Takes what is ready from jobs that are wanted less than this one (null: less than all), the least wanted first, if
+// that makes room for so many bytes more.
+bool WholeAhead::MakeRoom(const Job* before, std::int64_t bytes) {
+  std::vector<Job*> ready;
+  std::int64_t room = mostMemory_ - held_;
+  for (auto job = jobs_.rbegin(); job != jobs_.rend() && job->get() != before && room < bytes; ++job) {
+    if ((*job)->state != Job::State::Ready) continue;
+    ready.push_back(job->get());
+    room += (*job)->held;
+  }
+  if (room < bytes) return false;
+  for (Job* job : ready) {
+    LetGo(*job);
+    job->again = true;
+  }
+  return true;
+}
+
+// Memory for a job, all that it is to hold. One that does not fit beside the decodes under way waits for them; what
+// does not fit at all is left alone.
+bool WholeAhead::Claim(std::unique_lock<std::mutex>& lock, Job& job, std::int64_t bytes) {
+  const auto fits = [&] { return MakeRoom(&job, bytes - job.held); };
+  worked_.wait(lock, [&] { return ending_ || job.dropped || decoding_ == 0 || fits(); });
+  if (ending_ || job.dropped) return false;
+  if (!fits()) {
+    job.again = bytes <= mostMemory_;
+    return false;
+  }
+  Hold(bytes - std::exchange(job.held, bytes));
+  return true;
+}
+
+bool WholeAhead::BeginReading(Job& job) {
+  std::unique_lock lock(mutex_);
+  return Claim(lock, job, job.stamp.Length);
+}
+
+bool WholeAhead::BeginDecoding(Job& job, std::int64_t bytes) {
+  std::unique_lock lock(mutex_);
+  if (!Claim(lock, job, bytes)) return false;
+  job.decoding = true;
+  ++decoding_;
+  return true;
+}
+
+void WholeAhead::Decode(Job& job) {
+  if (!IsJpeg(*job.file) || !BeginReading(job)) return;
+  const auto bytes = std::make_shared<FileBytes>();
+  bytes->Read(*job.file);
+  if (job.file->Stamp() != job.stamp) return;
+  JpegReader reader(bytes->Bytes());
+  if (reader.Open() != jpeg::Ok) return;
+  reader.StopOn(job.dropped);
+  if (reader.Reduce(1) != jpeg::Ok) return;
+  const PixelSize whole{reader.Width(), reader.Height()};
+  const std::vector<PixelSize> sizes = SizesFor(job.sizes, whole.Width, whole.Height);
+  const std::int64_t kept = std::accumulate(sizes.begin(), sizes.end(), job.stamp.Length,
+                                            [](std::int64_t sum, PixelSize size) { return sum + BytesOf(size); });
+  if (!BeginDecoding(job, kept + BytesOf(whole) + reader.WorkingMemory())) return;
+  Bitmap pixels = Bitmap::Cleared(whole.Width, whole.Height, PixelFormat::Bgr24);
+  if (reader.Read(pixels.Row(0), static_cast<std::ptrdiff_t>(pixels.Stride()), 3) != jpeg::Ok) return;
+  std::vector<Bitmap> reductions;
+  for (const PixelSize size : sizes) {
+    if (job.dropped) return;
+    reductions.emplace_back(size.Width, size.Height, PixelFormat::Bgr24);
+    Stretch(pixels, reductions.back(), 0, 0, size.Width, size.Height);
+  }
+  job.made =
+      Picture(whole.Width, whole.Height, std::move(reductions), [bytes] { return DecodePicture(bytes->Bytes()); });
+  job.keeps = kept;
+}
+
+void WholeAhead::Work() {
+  LowerOwnPriority();
+  std::unique_lock lock(mutex_);
+  for (;;) {
+    JobPointer job;
+    wake_.wait(lock, [&] { return ending_ || (job = NextWaiting()) != nullptr; });
+    if (ending_) return;
+    job->state = Job::State::Running;
+    ++working_;
+    lock.unlock();
+    // Whatever is wrong shows again where the photo is wanted.
+    try {
+      Decode(*job);
+    } catch (const std::exception&) {
+      job->made = {};
+    }
+    job->file.reset();
+    lock.lock();
+    Finish(*job);
+  }
+}
+
+void WholeAhead::Finish(Job& job) {
+  --working_;
+  if (std::exchange(job.decoding, false)) --decoding_;
+  const bool ready = !job.made.IsNothing() && !job.dropped;
+  job.picture = ready ? std::exchange(job.made, {}) : Picture();
+  job.made = {};
+  job.state = ready ? Job::State::Ready : Job::State::Not;
+  const std::int64_t keeps = ready ? job.keeps : 0;
+  Hold(keeps - std::exchange(job.held, keeps));
+  worked_.notify_all();
+}
+
+}  // namespace pixorra
