@@ -15,6 +15,7 @@
 #include "platform/services/Dialogs.h"
 #include "platform/services/Files.h"
 #include "platform/services/Places.h"
+#include "preview/FullSizePreview.h"
 #include "window/CoreState.h"
 #include "window/FilmStripState.h"
 #include "window/MainForm.h"
@@ -107,6 +108,7 @@ void BrowseFolderLocationForm::ConnectLists() {
   DirTree.MyDirTree_SelectedPathChanged = [this](const std::string& path) { SelectedPathChanged(path); };
   Connect(File1.On().PathChange, [this](Control&) { File1_PathChange(); });
   Connect(MyFiles.On().Click, [this](Control&) { MyFiles_Click(); });
+  Connect(PicPreview.On().MouseDown, [this](Control&, const MouseArgs& mouse) { PicPreview_MouseDown(mouse.Button); });
   Connect(PreviousList.On().Click, [this](Control&) {
     const auto chosen = static_cast<std::size_t>(PreviousList.ListIndex());
     if (chosen < previous_.size()) GoTo(previous_[chosen]);
@@ -302,6 +304,13 @@ void BrowseFolderLocationForm::MyFiles_Click() {
   }
   PicCount.SetCaption(TrimmedStr(index + 1) + " of " + TrimmedStr(File1.ListCount()) + " pics");
   glance_.Show(index);
+}
+
+// The thumbnail that is shown is the selected file's: one that is still awaited has no name yet.
+void BrowseFolderLocationForm::PicPreview_MouseDown(int mouseButton) {
+  const int index = MyFiles.ListIndex();
+  if (mouseButton != button::Right || PreviewName.Caption().empty()) return;
+  if (index >= 0 && index < File1.ListCount()) DisplayFullSizePreview(main_, File1.FullPath(index));
 }
 
 std::string FormatPhotoSize(std::optional<std::int64_t> length) {

@@ -72,6 +72,7 @@ class BrowseFolderLocationForm {
   void File1_PathChange();
   void ShowLogo();
   void MyFiles_Click();
+  void PicPreview_MouseDown(int mouseButton);
 
   void GoTo(const std::string& typed);
   std::string ProgramPathOf(const std::string& typed) const;

@@ -11,6 +11,7 @@
 #include "platform/runtime/AtExit.h"
 #include "platform/runtime/Errors.h"
 #include "platform/runtime/Numbers.h"
+#include "preview/FullSizePreview.h"
 #include "preview/PreviewPane.h"
 #include "window/CoreState.h"
 #include "window/DesktopState.h"
@@ -304,9 +305,12 @@ void ScrollDestBy(MainForm& main, double pixels) {
   MoveBarBy(main.desk.DestScrollbar, main.desk.DestBarScale, pixels);
 }
 
-void DestThumbnail_MouseDown(MainForm& main, int index, int /*mouseButton*/) {
+void DestThumbnail_MouseDown(MainForm& main, int index, int mouseButton) {
   DesktopState& desk = main.desk;
   if (index == 0) return;
+  const Watch<ImageBox> cell(desk.DestThumbnail(index));
+  if (mouseButton == button::Right && !PhotoOf(desk, index).empty()) DisplayFullSizePreview(main, PhotoOf(desk, index));
+  if (!cell) return;
   const ImageBox& thumbnail = desk.DestThumbnail(index);
   desk.DestThumbFrame.Move(thumbnail.Left(), thumbnail.Top());
   desk.DestThumbFrame.SetVisible(true);

@@ -67,21 +67,32 @@ void ReduceThumbnail(Host& host, Scratch<PictureBox>& canvas, const ImageBox& ph
   host.files.Delete(file);
 }
 
+// A photo is first composed on a canvas, of that size, in that place.
+struct Composition {
+  int Width = 0;
+  int Height = 0;
+  FittedRect Fitted;
+};
+
+Composition Compose(PixelSize target, PixelSize photo) {
+  const double factor = target.Width <= SmallTarget ? SmallTargetFactor : 1;
+  const int width = CLng(target.Width * factor);
+  const int height = CLng(target.Height * factor);
+  return {width, height, Fit(width, height, photo.Width, photo.Height)};
+}
+
 // Sets the photo's size as soon as it is known, and `ok` at the end.
 void ComposeImage(Host& host, Scratch<PictureBox>& canvas, ImageBox& photo, ImageBox& target, Colour backColour,
                   PaintedImage& painted) {
-  const double factor = target.Width() <= SmallTarget ? SmallTargetFactor : 1;
-  const int composedWidth = CLng(target.Width() * factor);
-  const int composedHeight = CLng(target.Height() * factor);
   painted.width = photo.Width();
   painted.height = photo.Height();
-  MakeCanvas(*canvas, composedWidth, composedHeight, backColour);
   const Picture picture = photo.GetPicture();
-  const FittedRect fitted = Fit(composedWidth, composedHeight, picture.Width(), picture.Height());
-  if (fitted.Fills) {
+  const Composition composed = Compose({target.Width(), target.Height()}, PixelSize{picture.Width(), picture.Height()});
+  MakeCanvas(*canvas, composed.Width, composed.Height, backColour);
+  if (composed.Fitted.Fills) {
     canvas->SetPicture(picture);  // at its own size; the last step stretches it over the target
   } else {
-    canvas->PaintPicture(picture, fitted.X, fitted.Y, fitted.Width, fitted.Height);
+    canvas->PaintPicture(picture, composed.Fitted.X, composed.Fitted.Y, composed.Fitted.Width, composed.Fitted.Height);
   }
   photo.SetPicture(canvas->Image());
 
@@ -126,6 +137,11 @@ void PaintThumbnail(MainForm& main, ImageBox& target, const std::string& path, b
     }
   }
   target.Refresh();
+}
+
+PixelSize StretchedSize(PixelSize target, PixelSize photo) {
+  const FittedRect fitted = Compose(target, photo).Fitted;
+  return fitted.Fills ? target : PixelSize{CLng(fitted.Width), CLng(fitted.Height)};
 }
 
 PaintedImage PaintImage(MainForm& main, const std::string& path, ImageBox& target, Colour backColour) {

@@ -17,6 +17,9 @@ struct PaintedImage {
   int height = 0;
   bool ok = false;
 };
+// The size, in pixels, in which PaintImage stretches a photo of that size for a target of that size. Raises
+// DivisionByZero for a photo or target without height.
+PixelSize StretchedSize(PixelSize target, PixelSize photo);
 PaintedImage PaintImage(MainForm& main, const std::string& path, ImageBox& target, Colour backColour);
 
 }  // namespace pixorra

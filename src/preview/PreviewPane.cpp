@@ -8,6 +8,7 @@
 #include "platform/runtime/Errors.h"
 #include "platform/services/Files.h"
 #include "platform/services/Shell.h"
+#include "preview/FullSizePreview.h"
 #include "window/DesktopState.h"
 #include "window/DropState.h"
 #include "window/FilmStripState.h"
@@ -33,6 +34,11 @@ void EnableConnected(MenuItem& item, bool enabled) {
   item.SetEnabled(enabled && item.On().Click);
 }
 
+// What has no operation yet stays disabled.
+void EnableConnected(MenuItem& item, bool enabled) {
+  item.SetEnabled(enabled && item.On().Click);
+}
+
 // Shown for two seconds from now on.
 void ShowCaption(PreviewState& preview) {
   preview.PicPreviewSize.SetVisible(true);
@@ -46,8 +52,10 @@ void RepaintSrcThumbnail(MainForm& main) {
   const int i = SelectedSlot(strip);
   ImageBox& thumbnail = strip.SrcThumbnail(i);
   const Watch<ImageBox> alive(thumbnail);
+  // Another may be selected while a message about this one is up.
+  const std::string photo = SelectedPhoto(main.preview);
   bool bDragged = false;
-  PaintThumbnail(main, thumbnail, SelectedPhoto(main.preview), bDragged);
+  PaintThumbnail(main, thumbnail, photo, bDragged);
   if (!alive) return;
   const std::string mark = strip.SrcThumbName(i).Tag();
   if (!mark.empty()) ShadeThumbnail(thumbnail);
@@ -57,8 +65,9 @@ void RepaintSrcThumbnail(MainForm& main) {
 
 void RepaintDestThumbnail(MainForm& main) {
   const int i = SelectedCell(main.desk);
+  const std::string photo = SelectedPhoto(main.preview);
   bool bDragged = false;
-  PaintThumbnail(main, main.desk.DestThumbnail(i), SelectedPhoto(main.preview), bDragged);
+  PaintThumbnail(main, main.desk.DestThumbnail(i), photo, bDragged);
 }
 
 // Of a photo that cannot be shown: its file is there and has changed since it could not be shown the last time. An
@@ -111,6 +120,16 @@ void ResetPreview(MainForm& main, const std::string& toolTip) {
   preview.PicPreview.SetTag("");
   preview.PicPreviewSize.SetCaption("");
   preview.PicPreviewSize.SetVisible(false);
+}
+
+void PicPreview_MouseDown(MainForm& main, int mouseButton) {
+  if (mouseButton == button::Right && !SelectedPhoto(main.preview).empty())
+    DisplayFullSizePreview(main, SelectedPhoto(main.preview));
+}
+
+void PicPreview_DblClick(MainForm& main) {
+  MenuItem& item = main.menu.SelectedEditMenuItem;
+  Raise(item.On().Click, static_cast<Control&>(item));
 }
 
 void PicPreview_MouseMove(MainForm& main) {
