@@ -8,11 +8,11 @@
 #include "app/Wiring.h"
 #include "base/Bars.h"
 #include "base/Routines.h"
+#include "desktop/Background.h"
 #include "desktop/FolderRename.h"
 #include "desktop/FolderSlots.h"
 #include "desktop/OpenFolderView.h"
 #include "filmstrip/Listing.h"
-#include "pictures/PictureLoader.h"
 #include "platform/runtime/Errors.h"
 #include "platform/services/Places.h"
 #include "platform/services/Printing.h"
@@ -76,16 +76,6 @@ void ClearUndoAndPreview(MainForm& main) {
   main.desk.PopupFolderIndex = 0;
 }
 
-void LoadBackground(MainForm& main) {
-  // The loader empties its target first; a file that cannot be shown must leave the Desktop as it is.
-  const Picture before = main.desk.DesktopImage.GetPicture();
-  const bool loaded = OrElse(false, [&] {
-    const std::string file = JoinPath(main.host.places.ProgramFolder(), "Background.pic");
-    return LoadPictureFile(main, file, main.desk.DesktopImage, false);
-  });
-  if (!loaded) main.desk.DesktopImage.SetPicture(before);
-}
-
 void StartTimers(MainForm& main) {
   main.preview.AutoPicPreviewTimer.SetEnabled(true);
   main.core.SystemResourceStatusTimer.SetEnabled(true);
@@ -139,6 +129,7 @@ void ConnectEvents(MainForm& main) {
   ConnectClipboard(main);
   ConnectBrowse(main);
   ConnectHelp(main);
+  ConnectKeys(main);
   ConnectSpoken(main);
 }
 

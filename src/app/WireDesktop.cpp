@@ -1,5 +1,6 @@
 // The events of the Desktop, of the open folder's view, and of their menus.
 #include "app/Wiring.h"
+#include "desktop/ChangeBackgroundForm.h"
 #include "desktop/FolderCommands.h"
 #include "desktop/FolderDelete.h"
 #include "desktop/FolderRename.h"
@@ -60,6 +61,7 @@ void ConnectMenus(MainForm& main) {
   MenuBar& menu = main.menu;
   const auto connect = [&main](MenuItem& item, auto operation) { Connect(item, EndingRename(main, operation)); };
   connect(menu.HideFolderMenuItem, [&main] { HideFolder_Click(main); });
+  connect(menu.ChangeBackgroundMenuItem, [&main] { ShowChangeBackground(main); });
   Connect(menu.OpenFolderMenu, [&main] { OpenFolderMenu_Click(main); });
   connect(menu.RefreshOpenFolderMenuItem, [&main] { RefreshFolder(main, main.desk.OpenFolderIndex); });
   connect(menu.RenameOpenFolderMenuItem, [&main] { RenameFolderStart(main, main.desk.OpenFolderIndex); });

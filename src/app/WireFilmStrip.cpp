@@ -45,8 +45,10 @@ void ConnectFilmStrip(MainForm& main) {
   for (Control* control : {static_cast<Control*>(&strip.SrcThumbsWindow), static_cast<Control*>(&strip.SrcScrollbar)}) {
     Connect(control->On().MouseWheel, [&main](Control&, const WheelArgs& turn) { TurnStrip(main, turn); });
   }
-  // The arrow keys are the selection's, not the bar's.
-  Connect(strip.SrcScrollbar.On().KeyDown, [](Control&, int& code, int) { code = 0; });
+  // The arrow keys are the selection's, not the bar's. The character that Esc makes is the window's.
+  Connect(strip.SrcScrollbar.On().KeyDown, [](Control&, int& code, int) {
+    if (code != key::Escape) code = 0;
+  });
   Connect(strip.AllOption.On().Click, [&main](Control&) { AllOption_Click(main); });
   Connect(strip.RemainingOption.On().Click, [&main](Control&) { RemainingOption_Click(main); });
   Connect(strip.AutoScrollOption.On().Click, [&main](Control&) { AutoScrollOption_Click(main); });

@@ -12,6 +12,7 @@ void ConnectDesktop(MainForm& main);
 void ConnectDrop(MainForm& main);
 void ConnectFilmStrip(MainForm& main);
 void ConnectHelp(MainForm& main);
+void ConnectKeys(MainForm& main);
 void ConnectPreview(MainForm& main);
 void ConnectSelected(MainForm& main);
 void ConnectSpoken(MainForm& main);

@@ -1,5 +1,7 @@
 #include "desktop/FolderSlots.h"
 
+#include <string>
+
 #include "base/Host.h"
 #include "base/Routines.h"
 #include "desktop/FolderGeometry.h"
@@ -24,6 +26,11 @@ void FindTrashcan(DesktopState& desk, Host& host) {
   if (ErrorsIgnored([&] { list.SetPath(path); }) == error::None) return;
   ErrorsIgnored([&] { host.files.MakeFolder(path); });
   ErrorsIgnored([&] { list.SetPath(path); });
+}
+
+// Which key drops there is to be seen where one drops by hand.
+std::string DropKeyHint(int slot) {
+  return "Press " + std::to_string(slot) + " to drop the selected photo here";
 }
 
 void ArrangeTrashcan(DesktopState& desk, const FolderGrid& grid) {
@@ -77,6 +84,8 @@ void CreateFolderSlots(DesktopState& desk, Host& host) {
     desk.DestFolderName.Load(i);
     desk.DestFolderPreview.Load(i);
     desk.DestFolderFiles.Load(i);
+    desk.DestFolder(i).SetToolTipText(DropKeyHint(i));
+    desk.DestFolderPreview(i).SetToolTipText(DropKeyHint(i));
   }
   desk.DestFolder.Load(TrashcanSlot);
   desk.DestPicsCount.Load(TrashcanSlot);
@@ -91,7 +100,7 @@ void CreateFolderSlots(DesktopState& desk, Host& host) {
   desk.DestPicsCount(TrashcanSlot).SetVisible(true);
   desk.DestFolder(TrashcanSlot).BringToFront();
   desk.DestPicsCount(TrashcanSlot).BringToFront();
-  desk.DestFolder(TrashcanSlot).SetToolTipText("Trashcan");
+  desk.DestFolder(TrashcanSlot).SetToolTipText("Trashcan\n" + DropKeyHint(TrashcanSlot));
   desk.DestFolderName(TrashcanSlot).SetCaption("Trashcan");
   ArrangeFolderSlots(desk);
 }

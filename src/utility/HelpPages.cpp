@@ -30,9 +30,10 @@ constexpr const char* GeneralPages[] = {
     "beside the Desktop. Right-Click on a folder for its menu.\n"
     "\n"
     "'Drag All Remaining Photos' is a button that is dragged onto\n"
-    "a folder like a photo. Press Esc to stop it. 'Undo Last'\n"
-    "deletes the copy that the last drop, or the last 'PASTE from\n"
-    "Clipboard', has made, and no other file.",
+    "a folder like a photo. Press Esc to stop it. The keys 1 to 8\n"
+    "drop the selected photo into that folder, 9 into the Trashcan.\n"
+    "'Undo Last' deletes the copy that the last drop, or the last\n"
+    "'PASTE from Clipboard', has made, and no other file.",
 };
 
 constexpr const char* SelectFilmStripPages[] = {

@@ -69,6 +69,7 @@ TEST_F(StartupTest, OfTheMenusOnlyWhatCanBeDoneCanBeChosen) {
                                              "HideFolderMenuItem",
                                              "PreferenceMenuItem",
                                              "SetCameraLocationMenuItem",
+                                             "ChangeBackgroundMenuItem",
                                              "ExitMenuItem",
                                              "CopyMenuItem",
                                              "UndoMenuItem",

@@ -169,7 +169,7 @@ TEST_F(FolderSlotsTest, TheTrashcanIsMadeInTheProgramsFolder) {
   EXPECT_TRUE(drive.Exists("C:\\Program\\Trashcan"));
   EXPECT_EQ(desk.DestPicsCount(9).Caption(), " Empty");
   EXPECT_FALSE(desk.DestFolderName(9).Visible());
-  EXPECT_EQ(desk.DestFolder(9).ToolTipText(), "Trashcan");
+  EXPECT_EQ(desk.DestFolder(9).ToolTipText(), "Trashcan\nPress 9 to drop the selected photo here");
   EXPECT_GT(desk.DestPicsCount(9).ZOrder(), desk.DestFolder(9).ZOrder());
 }
 

@@ -26,6 +26,9 @@ void Toolkit::Press(Form& form, int x, int y, int button, int shift, PressKind k
     Raise(pressed_->On().MouseDown, *pressed_.Get(), MouseArgsFor(*pressed_.Get(), x, y, button, shift));
     return;
   }
+  // Only the keyboard puts the focus on a light control: who takes the mouse has left it.
+  if (const Control* focus = Focus(); focus != nullptr && TraitsOf(focus->GetKind()).Shown == ShownAs::Light)
+    SetFocus(nullptr);
   const Watch<Control> control(*ControlAt(form, x, y));
   if (control->AutomaticDrag() && button == button::Left) {
     ReleaseCapture();  // the drag has the mouse from here on

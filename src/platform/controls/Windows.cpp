@@ -7,6 +7,21 @@
 
 namespace pixorra {
 
+namespace {
+
+// A light control shows by what its form paints that it has the focus.
+void RepaintFocus(const Control* control) {
+  if (control != nullptr && TraitsOf(control->GetKind()).Shown == ShownAs::Light)
+    control->GetForm().InvalidateRect(control->ShownRect());
+}
+
+// The peer that puts the focus on the control: its own or, where it has none, its form's.
+Peer* PeerForFocus(Control& control) {
+  return control.GetPeer() != nullptr ? control.GetPeer() : control.GetForm().GetPeer();
+}
+
+}  // namespace
+
 Form* Windows::Active() const {
   return active_.Get();
 }
@@ -85,7 +100,8 @@ void Windows::SetFocus(Control* control) {
   if (control != nullptr && !FocusWithin(control->GetForm())) focusBefore_ = focus_;
   focus_ = Watch<Control>::Of(control);
   const Watch<Control> now = focus_;
-  if (control != nullptr && control->GetPeer() != nullptr) control->GetPeer()->Update(Change::Focus);
+  for (const Control* changed : {before, control}) RepaintFocus(changed);
+  if (Peer* peer = control != nullptr ? PeerForFocus(*control) : nullptr) peer->Update(Change::Focus);
   if (before != nullptr) Raise(before->On().LostFocus, *before);
   if (now && focus_.Get() == now.Get()) Raise(now->On().GotFocus, *now.Get());
 }

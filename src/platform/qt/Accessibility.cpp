@@ -49,19 +49,12 @@ class ClientAccessible final : public QAccessibleWidget {
     return control != &form && !SpokenName(*control).isEmpty() ? InterfaceOf(*control) : nullptr;
   }
 
- private:
-  int Widgets() const { return QAccessibleWidget::childCount(); }
-
-  // Those out of sight are left out: there may be tens of thousands of them.
-  std::vector<Control*> Spoken() const {
-    std::vector<Control*> spoken;
-    if (client_.GetPeer() == nullptr) return spoken;
-    const Form& form = client_.GetPeer()->GetForm();
-    for (const PaintItem& item : ItemsToPaint(form, {0, 0, client_.width(), client_.height()})) {
-      if (item.Clip.IsEmpty() || TraitsOf(item.Source->GetKind()).Spoken == SpokenAs::Nothing) continue;
-      if (!SpokenName(*item.Source).isEmpty()) spoken.push_back(const_cast<Control*>(item.Source));
-    }
-    return spoken;
+  QAccessibleInterface* focusChild() const override {
+    if (client_.GetPeer() == nullptr) return QAccessibleWidget::focusChild();
+    Control* focus = client_.GetPeer()->GetBackend().GetToolkit().Focus();
+    const bool light = focus != nullptr && &focus->GetForm() == &client_.GetPeer()->GetForm() &&
+                       TraitsOf(focus->GetKind()).Shown == ShownAs::Light;
+    return light ? InterfaceOf(*focus) : QAccessibleWidget::focusChild();
   }
 
   // Helpers keep what they were given: a control has one interface as long as it lives.
@@ -75,6 +68,21 @@ class ClientAccessible final : public QAccessibleWidget {
     auto* made = new LightAccessible(client_, control);
     children_[&control] = QAccessible::registerAccessibleInterface(made);
     return made;
+  }
+
+ private:
+  int Widgets() const { return QAccessibleWidget::childCount(); }
+
+  // Those out of sight are left out: there may be tens of thousands of them.
+  std::vector<Control*> Spoken() const {
+    std::vector<Control*> spoken;
+    if (client_.GetPeer() == nullptr) return spoken;
+    const Form& form = client_.GetPeer()->GetForm();
+    for (const PaintItem& item : ItemsToPaint(form, {0, 0, client_.width(), client_.height()})) {
+      if (item.Clip.IsEmpty() || TraitsOf(item.Source->GetKind()).Spoken == SpokenAs::Nothing) continue;
+      if (!SpokenName(*item.Source).isEmpty()) spoken.push_back(const_cast<Control*>(item.Source));
+    }
+    return spoken;
   }
 
   ClientArea& client_;
@@ -101,6 +109,14 @@ QAccessibleInterface* MakeAccessible(const QString&, QObject* object) {
 }
 
 }  // namespace
+
+void TellFocused(ClientArea& client, Control& control) {
+  if (!QAccessible::isActive()) return;
+  const auto* area = dynamic_cast<ClientAccessible*>(QAccessible::queryAccessibleInterface(&client));
+  if (area == nullptr) return;
+  QAccessibleEvent event(area->InterfaceOf(control), QAccessible::Focus);
+  QAccessible::updateAccessibility(&event);
+}
 
 void InstallAccessibility() {
   QAccessible::installFactory(MakeAccessible);

@@ -5,6 +5,12 @@
 
 namespace pixorra {
 
+class ClientArea;
+class Control;
+
+// A light control on the client area has taken the focus.
+void TellFocused(ClientArea& client, Control& control);
+
 // Once, when the application stands.
 void InstallAccessibility();
 

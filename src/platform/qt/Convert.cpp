@@ -132,6 +132,9 @@ int ToKeyCode(const QKeyEvent& event) {
   switch (qtKey) {
     case Qt::Key_Backspace:
       return key::Back;
+    case Qt::Key_Tab:
+    case Qt::Key_Backtab:
+      return key::Tab;
     case Qt::Key_Return:
     case Qt::Key_Enter:
       return key::Return;

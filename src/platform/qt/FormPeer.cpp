@@ -6,6 +6,7 @@
 #include <QThread>
 #include <QWindow>
 
+#include "platform/qt/Accessibility.h"
 #include "platform/qt/ClientArea.h"
 #include "platform/qt/Convert.h"
 #include "platform/qt/DragOverlay.h"
@@ -69,6 +70,10 @@ void FormPeer::Update(Change change) {
     ShowNow();
     return;
   }
+  if (change == Change::Focus) {
+    FocusLight();
+    return;
+  }
   if (change == Change::Menu) menuChanged_ = true;
   if (change == Change::Controls) controlsAdded_ = true;
   if (change == Change::Position || change == Change::State || change == Change::Visible) placeChanged_ = true;
@@ -77,6 +82,13 @@ void FormPeer::Update(Change change) {
       WishedState(form_) == Qt::WindowMaximized) {
     ComeUpMaximised();
   }
+}
+
+// A light control has the focus: no widget may keep it, and helpers are told.
+void FormPeer::FocusLight() {
+  window_->setFocus(Qt::OtherFocusReason);
+  Control* focus = backend_.GetToolkit().Focus();
+  if (focus != nullptr && &focus->GetForm() == &form_) TellFocused(Client(), *focus);
 }
 
 // A maximised window has its size from the window system. A program finds it when Show returns, and nothing that is

@@ -59,6 +59,7 @@ class FormPeer final : public Peer, public Pending {
   void ReportFrame();
   bool IsAsWished(QSize client) const;
   void FocusFirst();
+  void FocusLight();
 
   QtBackend& backend_;
   Form& form_;

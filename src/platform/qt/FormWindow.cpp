@@ -1,6 +1,7 @@
 #include "platform/qt/FormWindow.h"
 
 #include <QCloseEvent>
+#include <QKeyEvent>
 #include <algorithm>
 
 #include "platform/qt/ClientArea.h"
@@ -36,6 +37,11 @@ void FormWindow::Arrange() {
 
 bool FormWindow::event(QEvent* event) {
   if (peer_ != nullptr && event->type() == QEvent::WindowBlocked) peer_->InputBlocked();
+  // Ahead of the widget's own use for it, which is to look for a widget that takes the focus.
+  if (peer_ != nullptr && event->type() == QEvent::KeyPress) {
+    auto& key = static_cast<QKeyEvent&>(*event);
+    if ((key.key() == Qt::Key_Tab || key.key() == Qt::Key_Backtab) && peer_->KeyPressed(key)) return true;
+  }
   return QWidget::event(event);
 }
 

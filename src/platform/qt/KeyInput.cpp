@@ -24,6 +24,30 @@ bool IsCharacter(char32_t code) {
   return code >= key::Space && code != 127;
 }
 
+bool Writes(const Control* control) {
+  if (control == nullptr) return false;
+  const Kind kind = control->GetKind();
+  return kind == Kind::TextBox || kind == Kind::ComboBox || kind == Kind::ListBox || kind == Kind::TreeView;
+}
+
+// A key that is held down goes on where it moves something or writes; a command runs once for each press.
+bool GoesOnWhileHeld(int code, const Control* focus) {
+  const bool moves = (code >= key::PageUp && code <= key::Down) || code == key::Tab;
+  return moves || Writes(focus);
+}
+
+// The key and the keys held with it, as the control model has them.
+struct Stroke {
+  int Code = 0;
+  int Shift = 0;
+};
+
+Stroke StrokeOf(const QKeyEvent& event) {
+  constexpr int F10 = key::F1 + 9;
+  if (event.key() == Qt::Key_Menu) return {.Code = F10, .Shift = shift::Shift};
+  return {.Code = ToKeyCode(event), .Shift = ToShift(event.modifiers())};
+}
+
 }  // namespace
 
 bool DeliverText(QtBackend& backend, Form& form, const QString& text) {
@@ -39,15 +63,17 @@ bool DeliverText(QtBackend& backend, Form& form, const QString& text) {
 }
 
 bool DeliverKey(QtBackend& backend, Form& form, const QKeyEvent& event) {
-  if (event.isAutoRepeat() && backend.DropsRepeats()) return true;
+  const Stroke stroke = StrokeOf(event);
+  if (stroke.Code == key::Tab && !form.KeyPreview()) return false;
+  const bool ends = stroke.Code != 0 && !GoesOnWhileHeld(stroke.Code, backend.GetToolkit().Focus());
+  if (event.isAutoRepeat() && (ends || backend.DropsRepeats())) return true;
   Watch<Form> watch(form);
   bool used = false;
   QElapsedTimer handling;
   handling.start();
   backend.Dispatch([&] {
-    const int code = ToKeyCode(event);
-    const KeyStroke stroke = event.isAutoRepeat() ? KeyStroke::Repeated : KeyStroke::Pressed;
-    if (code != 0) used = backend.GetToolkit().KeyPressed(form, code, ToShift(event.modifiers()), stroke);
+    const KeyStroke held = event.isAutoRepeat() ? KeyStroke::Repeated : KeyStroke::Pressed;
+    if (stroke.Code != 0) used = backend.GetToolkit().KeyPressed(form, stroke.Code, stroke.Shift, held);
   });
   if (handling.elapsed() > LongHandling) backend.DropWaitingRepeats();
   if (used || !watch) return true;

@@ -78,6 +78,8 @@ QAccessible::State LightAccessible::state() const {
     state.invalid = true;
     return state;
   }
+  state.focusable = CanBePressed();
+  state.focused = control_->HasFocus();
   state.disabled = !control_->Enabled();
   state.invisible = !control_->IsShown() || control_->ShownRect().IsEmpty();
   return state;

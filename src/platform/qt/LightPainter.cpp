@@ -36,6 +36,7 @@ void LightPainter::PaintForm(const Form& form, const Rect& exposed) {
     if (item.Clip.IsEmpty()) continue;
     painter_.setClipRect(ToQRect(item.Clip));
     Paint(*item.Source, ToQRect(item.At));
+    if (item.Source->HasFocus()) PaintFocus(ToQRect(item.At));
   }
 }
 
@@ -59,6 +60,16 @@ void LightPainter::Paint(const Control& control, const QRect& at) {
     default:
       break;
   }
+}
+
+// Two lines, light and dark, so that it is seen on any picture.
+void LightPainter::PaintFocus(const QRect& at) {
+  const QPalette palette = on_.palette();
+  painter_.setBrush(Qt::NoBrush);
+  painter_.setPen(QPen(palette.color(QPalette::Highlight), 2));
+  painter_.drawRect(at.adjusted(1, 1, -1, -1));
+  painter_.setPen(palette.color(QPalette::HighlightedText));
+  painter_.drawRect(at.adjusted(2, 2, -3, -3));
 }
 
 void LightPainter::Fill(const QRect& at, Colour colour) {

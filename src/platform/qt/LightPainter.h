@@ -39,6 +39,7 @@ class LightPainter {
   void PaintFrame(const Frame& frame, const QRect& at);
   void PaintRow(const Picture& picture, const QRect& at);
   void PaintPictureBox(const PictureBox& box, const QRect& at);
+  void PaintFocus(const QRect& at);
   QColor Shown(Colour colour) const;
   void DrawHalo(const QRect& at, int flags, const QString& text, const QColor& colour);
   void Fill(const QRect& at, Colour colour);

@@ -210,7 +210,9 @@ bool NativePeer::Filter(QObject& watched, QEvent& event) {
 }
 
 bool NativePeer::FilterKey(QObject& watched, QKeyEvent& event) {
-  if (event.key() == Qt::Key_Tab || event.key() == Qt::Key_Backtab) return false;
+  // Where the form has no order of its own the focus goes from widget to widget.
+  if (event.key() == Qt::Key_Tab || event.key() == Qt::Key_Backtab)
+    return DeliverKey(backend_, control_.GetForm(), event);
   const QPointer<Hook> hook = hook_;
   const QPointer<QObject> receiver = &watched;
   event.accept();

@@ -15,6 +15,8 @@
 #include "platform/controls/Form.h"
 #include "platform/controls/Menu.h"
 #include "platform/controls/Toolkit.h"
+#include "platform/qt/ClientArea.h"
+#include "platform/qt/Convert.h"
 #include "platform/qt/FormPeer.h"
 #include "platform/qt/FormWindow.h"
 #include "platform/qt/MenuView.h"
@@ -41,6 +43,15 @@ int ToMilliseconds(double seconds) {
 
 FormPeer* PeerOf(Form& form) {
   return static_cast<FormPeer*>(form.GetPeer());
+}
+
+// A menu that was asked for by key comes up at the light control that has the focus, any other one at the mouse.
+QPoint PlaceForMenu(const Toolkit& toolkit, Form& form) {
+  const Control* focus = toolkit.Focus();
+  FormPeer* peer = PeerOf(form);
+  const bool byKey = peer != nullptr && focus != nullptr && &focus->GetForm() == &form &&
+                     TraitsOf(focus->GetKind()).Shown == ShownAs::Light;
+  return byKey ? peer->Client().mapToGlobal(ToQRect(focus->ShownRect()).center()) : QCursor::pos();
 }
 
 }  // namespace
@@ -173,7 +184,7 @@ void QtBackend::PopupMenu(Form& form, MenuItem& menu) {
   // A chosen item runs when the menu is gone: what it asks may come up in its place.
   const auto chosen = std::make_shared<Watch<MenuItem>>();
   view->OnChosen([chosen](MenuItem& item) { *chosen = Watch<MenuItem>(item); });
-  view->exec(QCursor::pos());
+  view->exec(PlaceForMenu(*toolkit_, form));
   if (view != nullptr) view->deleteLater();
   if (*chosen && !toolkit_->Ended()) (*chosen)->UserClicked();
 }

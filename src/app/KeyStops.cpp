@@ -1,0 +1,152 @@
+#include "app/KeyStops.h"
+
+#include <algorithm>
+#include <vector>
+
+#include "app/SelectionKeys.h"
+#include "base/Bars.h"
+#include "desktop/FolderSlots.h"
+#include "platform/controls/Toolkit.h"
+#include "platform/services/Dialogs.h"
+#include "window/DesktopState.h"
+#include "window/FilmStripState.h"
+#include "window/MainForm.h"
+
+namespace pixorra {
+
+namespace {
+
+constexpr int F10 = key::F1 + 9;
+
+// Where Tab stops, from the window's top to its bottom. A bar stands for the photos that it scrolls. AllButton is not
+// among them: it can only be dragged.
+std::vector<Control*> Stops(const MainForm& main) {
+  FilmStripState& strip = main.strip;
+  DesktopState& desk = main.desk;
+  std::vector<Control*> stops = {&strip.SrcScrollbar,    &strip.CameraButton,    &strip.BrowseButton, &strip.SwapButton,
+                                 &strip.DeleteButton,    &strip.UndoButton,      &strip.PrintButton,  &strip.AllOption,
+                                 &strip.RemainingOption, &strip.AutoScrollOption};
+  for (int i = 1; i <= FolderSlots; ++i) {
+    if (IsSlotInUse(desk, i)) stops.push_back(&desk.DestFolder(i));
+  }
+  stops.insert(stops.end(), {&desk.ShowFolder, &desk.HideFolder});
+  if (IsSlotInUse(desk, TrashcanSlot)) stops.push_back(&desk.DestFolder(TrashcanSlot));
+  stops.push_back(&desk.DestScrollbar);
+  // A picture button that has no operation is passed over.
+  std::erase_if(stops, [&strip](const Control* stop) {
+    const bool acts = stop->GetKind() != Kind::ImageBox || stop->On().Click || stop == &strip.SwapButton;
+    return !acts || !stop->IsShown() || !stop->Enabled();
+  });
+  return stops;
+}
+
+void MoveFocus(MainForm& main, bool back) {
+  const std::vector<Control*> stops = Stops(main);
+  const auto count = std::ssize(stops);
+  if (count == 0) return;
+  const auto at = std::ranges::find(stops, main.host.toolkit.Focus()) - stops.begin();
+  // From elsewhere it begins at the first, or at the last.
+  auto next = back ? at - 1 : at + 1;
+  if (at == count) next = back ? count - 1 : 0;
+  stops[static_cast<std::size_t>((next + count) % count)]->SetFocus();
+}
+
+// As the left button of the mouse does. What is pressed may be hidden for a moment, which takes the focus off it.
+void PressPicture(MainForm& main, ImageBox& box) {
+  const Watch<ImageBox> pressed(box);
+  const MouseArgs left{.Button = button::Left};
+  const auto raise = [&pressed](const auto& handler, const auto&... args) {
+    if (pressed) Raise(handler, static_cast<Control&>(*pressed.Get()), args...);
+  };
+  raise(box.On().MouseDown, left);
+  if (pressed) raise(pressed->On().MouseUp, left);
+  if (pressed && pressed->IsShown()) raise(pressed->On().Click);
+  if (pressed && pressed->IsShown() && main.host.toolkit.Focus() == nullptr) pressed->SetFocus();
+}
+
+// The control of the main window that has the focus; null for none.
+Control* FocusIn(const MainForm& main) {
+  Control* focus = main.host.toolkit.Focus();
+  return focus != nullptr && &focus->GetForm() == &main.Window ? focus : nullptr;
+}
+
+bool PressFocused(MainForm& main) {
+  Control* const focus = FocusIn(main);
+  if (focus == nullptr) return false;
+  if (focus == &main.strip.SrcScrollbar) {
+    SelectInStrip(main);
+  } else if (focus == &main.desk.DestScrollbar) {
+    SelectInOpenFolder(main);
+  } else if (focus->GetKind() == Kind::OptionButton) {
+    static_cast<OptionButton*>(focus)->UserClicked();
+  } else if (focus->GetKind() == Kind::ImageBox) {
+    PressPicture(main, *static_cast<ImageBox*>(focus));
+  } else {
+    return false;
+  }
+  return true;
+}
+
+// The folder that has the focus or, where none has, the open one.
+void ShowFolderMenu(MainForm& main) {
+  DesktopState& desk = main.desk;
+  const Control* const focus = FocusIn(main);
+  const bool onFolder = focus != nullptr && focus->Name() == desk.DestFolder(0).Name();
+  const int slot = onFolder ? focus->Index() : desk.OpenFolderIndex;
+  if (!IsSlotInUse(desk, slot)) {
+    main.host.dialogs.Beep();
+    return;
+  }
+  ImageBox& folder = desk.DestFolder(slot);
+  Raise(folder.On().MouseDown, static_cast<Control&>(folder), MouseArgs{.Button = button::Right});
+}
+
+// Whole frames or rows.
+double PageOf(int room, int step) {
+  return std::max(1, room / step) * static_cast<double>(step);
+}
+
+bool Scroll(MainForm& main, int keyCode) {
+  FilmStripState& strip = main.strip;
+  DesktopState& desk = main.desk;
+  const bool inFolder = desk.DestThumbFrame.Visible() || FocusIn(main) == &desk.DestScrollbar;
+  ScrollBar& bar = inFolder ? desk.DestScrollbar : strip.SrcScrollbar;
+  BarScale& scale = inFolder ? desk.DestBarScale : strip.SrcBarScale;
+  const double page = inFolder ? PageOf(desk.DestThumbsWindow.Height(), CellHeight)
+                               : PageOf(strip.SrcThumbsWindow.Width(), SrcFrameWidth);
+  switch (keyCode) {
+    case key::PageUp:
+      MoveBarBy(bar, scale, -page);
+      break;
+    case key::PageDown:
+      MoveBarBy(bar, scale, page);
+      break;
+    case key::Home:
+      bar.SetValue(bar.Min());
+      break;
+    case key::End:
+      bar.SetValue(bar.Max());
+      break;
+    default:
+      return false;
+  }
+  if (!inFolder) strip.AutoScrollPending = false;
+  return true;
+}
+
+}  // namespace
+
+bool UseKeyOnFocus(MainForm& main, int keyCode, int shift) {
+  if (keyCode == key::Tab && (shift & ~shift::Shift) == 0) {
+    MoveFocus(main, shift == shift::Shift);
+    return true;
+  }
+  if (keyCode == F10 && shift == shift::Shift) {
+    ShowFolderMenu(main);
+    return true;
+  }
+  if (shift != shift::None) return false;
+  return keyCode == key::Return ? PressFocused(main) : Scroll(main, keyCode);
+}
+
+}  // namespace pixorra

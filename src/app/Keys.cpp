@@ -1,0 +1,102 @@
+#include "app/Keys.h"
+
+#include "app/KeyStops.h"
+#include "app/Reset.h"
+#include "app/SelectionKeys.h"
+#include "desktop/FolderRename.h"
+#include "desktop/FolderSlots.h"
+#include "filmstrip/Marks.h"
+#include "platform/controls/Toolkit.h"
+#include "platform/services/Dialogs.h"
+#include "window/DesktopState.h"
+#include "window/DropState.h"
+#include "window/FilmStripState.h"
+#include "window/MainForm.h"
+#include "window/PreviewState.h"
+
+namespace pixorra {
+
+namespace {
+
+constexpr int AllShiftKeys = shift::Shift | shift::Ctrl | shift::Alt;
+
+// What is typed is text, or the name of a folder is still to be settled.
+bool IsTextTyped(const MainForm& main) {
+  const Control* focus = main.host.toolkit.Focus();
+  return IsFolderBeingRenamed(main.desk) ||
+         (focus != nullptr && focus->GetKind() == Kind::TextBox && &focus->GetForm() == &main.Window);
+}
+
+// A drop, or a run of them, that waits for an answer or lets events run.
+bool IsDropping(const MainForm& main) {
+  return main.drop.DropAllRunning || main.Window.MousePointer() == pointer::Hourglass;
+}
+
+// The slot of the strip whose photo is selected; 0 for none.
+int SlotSelected(const FilmStripState& strip) {
+  if (!strip.SrcThumbFrame.Visible()) return 0;
+  const int slot = SelectedSlot(strip);
+  const bool there = slot >= 1 && strip.SrcThumbnail.IsLoaded(slot) && strip.SrcThumbnail(slot).Visible();
+  return there && !PhotoOf(strip, slot).empty() ? slot : 0;
+}
+
+// As if the photo had been dragged there: the drop goes to the folder's own target.
+void DropOnSlot(MainForm& main, int folder) {
+  const int slot = SlotSelected(main.strip);
+  if (slot == 0 || !IsSlotInUse(main.desk, folder)) {
+    main.host.dialogs.Beep();
+    return;
+  }
+  ImageBox& photo = main.strip.SrcThumbnail(slot);
+  const bool onPreview = folder != TrashcanSlot && main.desk.DestFolderPreview(folder).Visible();
+  ImageBox& target = onPreview ? main.desk.DestFolderPreview(folder) : main.desk.DestFolder(folder);
+  Raise(target.On().DragDrop, static_cast<Control&>(target), DragArgs{photo});
+}
+
+// As a double click on the photo's frame.
+void ToggleMark(MainForm& main) {
+  const int slot = SlotSelected(main.strip);
+  if (slot == 0) {
+    main.host.dialogs.Beep();
+  } else {
+    SrcBackground_DblClick(main, slot);
+  }
+}
+
+// Keys that need neither a selection nor a focus; false where the key is none of them.
+bool RunCommand(MainForm& main, int keyCode, int shift) {
+  if (keyCode == key::F1 && shift == AllShiftKeys) {
+    ResetToNewInstallation(main);
+    return true;
+  }
+  if (keyCode == key::Space) {
+    ImageBox& pane = main.preview.PicPreview;
+    Raise(pane.On().MouseDown, static_cast<Control&>(pane), MouseArgs{.Button = button::Right});
+    return true;
+  }
+  // With the Shift key too: there are keyboards that make their digits so.
+  if (keyCode >= '1' && keyCode <= '9' && (shift & ~shift::Shift) == 0) {
+    DropOnSlot(main, keyCode - '0');
+    return true;
+  }
+  if (keyCode == key::Insert && shift == shift::None) {
+    ToggleMark(main);
+    return true;
+  }
+  return false;
+}
+
+}  // namespace
+
+void Form_KeyDown(MainForm& main, int& keyCode, int shift) {
+  if (IsTextTyped(main)) return;
+  if (IsDropping(main)) {
+    // The character that the Esc key makes stops a run.
+    if (keyCode != key::Escape) keyCode = 0;
+    return;
+  }
+  if (RunCommand(main, keyCode, shift) || MoveSelection(main, keyCode) || UseKeyOnFocus(main, keyCode, shift))
+    keyCode = 0;
+}
+
+}  // namespace pixorra
