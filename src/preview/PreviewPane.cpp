@@ -34,11 +34,6 @@ void EnableConnected(MenuItem& item, bool enabled) {
   item.SetEnabled(enabled && item.On().Click);
 }
 
-// What has no operation yet stays disabled.
-void EnableConnected(MenuItem& item, bool enabled) {
-  item.SetEnabled(enabled && item.On().Click);
-}
-
 // Shown for two seconds from now on.
 void ShowCaption(PreviewState& preview) {
   preview.PicPreviewSize.SetVisible(true);
