@@ -6,6 +6,7 @@
 
 #include "platform/qt/ClientArea.h"
 #include "platform/qt/FormPeer.h"
+#include "platform/qt/QtBackend.h"
 
 namespace pixorra {
 
@@ -71,6 +72,11 @@ void FormWindow::changeEvent(QEvent* event) {
 // Only what no control with the focus has taken comes here.
 void FormWindow::keyPressEvent(QKeyEvent* event) {
   if (peer_ == nullptr || !peer_->KeyPressed(*event)) QWidget::keyPressEvent(event);
+}
+
+void FormWindow::keyReleaseEvent(QKeyEvent* event) {
+  if (peer_ != nullptr) peer_->GetBackend().Held().Released(*event);
+  QWidget::keyReleaseEvent(event);
 }
 
 }  // namespace pixorra

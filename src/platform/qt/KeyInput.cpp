@@ -65,14 +65,15 @@ bool DeliverText(QtBackend& backend, Form& form, const QString& text) {
 bool DeliverKey(QtBackend& backend, Form& form, const QKeyEvent& event) {
   const Stroke stroke = StrokeOf(event);
   if (stroke.Code == key::Tab && !form.KeyPreview()) return false;
+  const bool repeated = backend.Held().Repeats(event);
   const bool ends = stroke.Code != 0 && !GoesOnWhileHeld(stroke.Code, backend.GetToolkit().Focus());
-  if (event.isAutoRepeat() && (ends || backend.DropsRepeats())) return true;
+  if (repeated && (ends || backend.DropsRepeats())) return true;
   Watch<Form> watch(form);
   bool used = false;
   QElapsedTimer handling;
   handling.start();
   backend.Dispatch([&] {
-    const KeyStroke held = event.isAutoRepeat() ? KeyStroke::Repeated : KeyStroke::Pressed;
+    const KeyStroke held = repeated ? KeyStroke::Repeated : KeyStroke::Pressed;
     if (stroke.Code != 0) used = backend.GetToolkit().KeyPressed(form, stroke.Code, stroke.Shift, held);
   });
   if (handling.elapsed() > LongHandling) backend.DropWaitingRepeats();

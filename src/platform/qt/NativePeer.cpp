@@ -186,6 +186,9 @@ bool NativePeer::Filter(QObject& watched, QEvent& event) {
   switch (event.type()) {
     case QEvent::KeyPress:
       return FilterKey(watched, static_cast<QKeyEvent&>(event));
+    case QEvent::KeyRelease:
+      backend_.Held().Released(static_cast<QKeyEvent&>(event));
+      return false;
     case QEvent::InputMethod: {
       const QString typed = static_cast<QInputMethodEvent&>(event).commitString();
       return !typed.isEmpty() && DeliverText(backend_, control_.GetForm(), typed);

@@ -10,6 +10,7 @@
 #include "platform/controls/Backend.h"
 #include "platform/controls/Control.h"
 #include "platform/qt/ArtStore.h"
+#include "platform/qt/HeldKey.h"
 #include "platform/qt/Pending.h"
 #include "platform/qt/PostedCall.h"
 #include "platform/qt/QtText.h"
@@ -63,6 +64,7 @@ class QtBackend final : public Backend {
   QWidget* WindowForBoxes();
   PendingList& AtEndOfTurn() { return pending_; }
   ArtStore& Art() { return art_; }
+  HeldKey& Held() { return held_; }
 
  private:
   void RunTimers();
@@ -73,6 +75,7 @@ class QtBackend final : public Backend {
   ArtStore art_;
   QtText text_;
   PendingList pending_;
+  HeldKey held_;
   QElapsedTimer clock_;
   QTimer wake_;
   QEventLoop loop_;

@@ -60,6 +60,23 @@ TEST_F(FocusKeysTest, AHeldKeyRepeatsAMoveAndRunsACommandOnce) {
   EXPECT_EQ(codes, (std::vector<int>{'1', key::Space}));
 }
 
+TEST_F(FocusKeysTest, APressAtTheMomentOfItsReleaseIsARepeatToo) {
+  const auto send = [this](QEvent::Type type, quint64 moment) {
+    QKeyEvent event(type, Qt::Key_1, Qt::NoModifier, QStringLiteral("1"));
+    event.setTimestamp(moment);
+    QApplication::sendEvent(&WindowOf(form), &event);
+  };
+  send(QEvent::KeyPress, 1000);
+  for (const quint64 moment : {1660U, 1700U, 1740U}) {
+    send(QEvent::KeyRelease, moment);
+    send(QEvent::KeyPress, moment);
+  }
+  EXPECT_EQ(codes, std::vector<int>{'1'});
+  send(QEvent::KeyRelease, 1790);
+  send(QEvent::KeyPress, 1850);
+  EXPECT_EQ(codes, (std::vector<int>{'1', '1'})) << "a person is not so quick";
+}
+
 TEST_F(FocusKeysTest, InATextBoxAHeldKeyWritesOn) {
   box.SetFocus();
   Hold(WidgetOf<QLineEdit>(box), Qt::Key_1, QStringLiteral("1"), 3);
