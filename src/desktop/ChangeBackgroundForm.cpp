@@ -17,7 +17,7 @@ namespace {
 // Pixels.
 constexpr int Margin = 12;
 constexpr int Width = 360;
-constexpr int TextHeight = 72;
+constexpr int TextHeight = 56;
 constexpr int ButtonHeight = 30;
 constexpr int ButtonGap = 8;
 constexpr int CloseWidth = 88;

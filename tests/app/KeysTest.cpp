@@ -143,8 +143,10 @@ TEST_F(MainKeysTest, AtTheBarsLargerUnitsTheSelectionStaysInView) {
   run.person.MoveBar(strip.SrcScrollbar, strip.SrcScrollbar.Max());
   run.person.Click(strip.SrcThumbnail(898));
   for (int slot = 897; slot >= 840; --slot) {
+    const double before = ScrolledPixels(strip.SrcScrollbar, strip.SrcBarScale);
     run.person.Key(key::Left);
     ASSERT_EQ(Selected(run), slot);
+    ASSERT_LE(before - ScrolledPixels(strip.SrcScrollbar, strip.SrcBarScale), 4 * 97 + strip.SrcBarScale.Unit);
     ASSERT_GE(OnScreen(run, slot), -strip.SrcBarScale.Unit);
     ASSERT_LE(OnScreen(run, slot) + 97, strip.SrcThumbsWindow.Width());
   }

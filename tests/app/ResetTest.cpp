@@ -91,8 +91,12 @@ TEST_F(ResetTest, FoldersGoAlsoWhereThereIsAGapBetweenThem) {
   EXPECT_EQ(run.main.desk.FoldersShown, 0);
 }
 
-TEST_F(ResetTest, AnOpenTrashcanIsClosed) {
+TEST_F(ResetTest, AnOpenTrashcanIsClosedAlsoWhereItIsAlone) {
   ProgramRun& run = InUse();
+  for (const int slot : {1, 2}) {
+    Select_a_Folder(run.main, slot);
+    Remove_Open_Folder(run.main);
+  }
   Select_a_Folder(run.main, 9);
   PressReset(run);
   EXPECT_EQ(run.main.desk.OpenFolderIndex, 0);

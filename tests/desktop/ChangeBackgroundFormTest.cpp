@@ -190,6 +190,18 @@ TEST_F(ChangeBackgroundFormTest, APhotoThatIsNoPictureAnyMoreLeavesTheOldOne) {
   }
 }
 
+TEST_F(ChangeBackgroundFormTest, APhotoThatBecomesShorterWhileItIsCopiedLeavesTheOldOne) {
+  SelectPhoto("old.bmp", 0x00112233);
+  Press("SelectedPhotoButton");
+  SelectPhoto("new.bmp", 0x00998877);
+  const std::string whole = drive.Read(Folder("new.bmp"));
+  run.files.BeforeNth(
+      FileCall::Read, 1, [&] { drive.Write(Folder("new.bmp"), whole.substr(0, 2000)); }, "new.bmp");
+  Press("SelectedPhotoButton");
+  EXPECT_EQ(drive.Read(Kept), drive.Read(Folder("old.bmp")));
+  EXPECT_EQ(Shown(), 0x00112233U);
+}
+
 TEST_F(ChangeBackgroundFormTest, WhatAKilledProgramHasLeftOfOneGoesAtTheNextStart) {
   run.Close();
   drive.Write(Part, "half");

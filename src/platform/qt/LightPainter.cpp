@@ -62,14 +62,20 @@ void LightPainter::Paint(const Control& control, const QRect& at) {
   }
 }
 
-// Two lines, light and dark, so that it is seen on any picture.
+// Lines of two colours, so that they are seen on any picture.
 void LightPainter::PaintFocus(const QRect& at) {
   const QPalette palette = on_.palette();
-  painter_.setBrush(Qt::NoBrush);
-  painter_.setPen(QPen(palette.color(QPalette::Highlight), 2));
-  painter_.drawRect(at.adjusted(1, 1, -1, -1));
-  painter_.setPen(palette.color(QPalette::HighlightedText));
-  painter_.drawRect(at.adjusted(2, 2, -3, -3));
+  const auto frame = [this, &at](int inset, const QColor& colour) {
+    const QRect outer = at.adjusted(inset, inset, -inset, -inset);
+    painter_.fillRect(outer.x(), outer.y(), outer.width(), 1, colour);
+    painter_.fillRect(outer.x(), outer.bottom(), outer.width(), 1, colour);
+    painter_.fillRect(outer.x(), outer.y(), 1, outer.height(), colour);
+    painter_.fillRect(outer.right(), outer.y(), 1, outer.height(), colour);
+  };
+  frame(0, palette.color(QPalette::HighlightedText));
+  frame(1, palette.color(QPalette::Highlight));
+  frame(2, palette.color(QPalette::Highlight));
+  frame(3, palette.color(QPalette::HighlightedText));
 }
 
 void LightPainter::Fill(const QRect& at, Colour colour) {
