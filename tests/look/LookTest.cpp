@@ -144,8 +144,16 @@ TEST_P(LookTest, EveryTextOfTheDialogsIsReadable) {
     hand.Close(form);
   });
   run.person.ChooseMenu(run.main.menu.PreferenceMenuItem);
+  run.person.ExpectForm("ChangeBackgroundForm", [&](Person& hand, Form& form) {
+    LookAt look(form);
+    EXPECT_THAT(look.Faults(), IsEmpty()) << form.Name();
+    EXPECT_EQ(look.Texts(), 4) << form.Name();  // no photo is selected: one button is grey
+    ++looks;
+    hand.Key(key::Escape);
+  });
+  run.person.ChooseMenu(run.main.menu.ChangeBackgroundMenuItem);
   run.Wait(0.2);
-  EXPECT_EQ(looks, 3);
+  EXPECT_EQ(looks, 4);
 }
 
 TEST_P(LookTest, EveryTextOfTheBrowserIsReadableInEachOfItsWays) {
