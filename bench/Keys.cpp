@@ -6,6 +6,7 @@
 #include <cstdlib>
 #include <string>
 
+#include "app/BackgroundLoading.h"
 #include "bench/BenchRun.h"
 #include "bench/Timing.h"
 #include "filmstrip/Listing.h"
