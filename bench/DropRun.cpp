@@ -10,10 +10,9 @@
 #include "app/Startup.h"
 #include "bench/BenchRun.h"
 #include "bench/Timing.h"
+#include "bench/WindowRun.h"
 #include "desktop/OpenFolder.h"
 #include "drop/DropIntoFolder.h"
-#include "platform/posix/PosixClock.h"
-#include "platform/qt/QtPlatform.h"
 #include "window/DesktopState.h"
 #include "window/FilmStripState.h"
 
@@ -21,30 +20,6 @@ namespace pixorra {
 namespace {
 
 constexpr int MostRounds = 8;  // a folder of the Desktop for each
-
-// The program in its window, with files, codecs and a clock as it has them; what the desktop does beside it is left
-// out.
-struct WindowRun {
-  WindowRun(int& argc, char** argv, TemporaryDrive& drive)
-      : qt(argc, argv), files(drive.DriveFiles()), places(drive.DrivePlaces()) {}
-
-  QtPlatform qt;
-  PosixFiles& files;
-  TestPlaces& places;
-  PosixClock clock;
-  CodecPictures pictures{files};
-  DecodeAhead ahead{files};
-  TurboJpegCodec jpeg{files, &ahead};
-  HeadlessShell shell;
-  HeadlessRegistry registry;
-  HeadlessSettings settings;
-  HeadlessVolumes volumes;
-  HeadlessMemory memory;
-  HeadlessFolderReader folderReader{files, qt.posting};
-  Host host{qt.toolkit,   files, places,   clock,    pictures, qt.artwork, jpeg,         qt.dialogs, qt.printing,
-            qt.clipboard, shell, registry, settings, ahead,    qt.shipped, folderReader, volumes,    memory};
-  MainForm main{host};
-};
 
 struct Times {
   double Wall = 0;  // milliseconds a photo
@@ -72,12 +47,6 @@ void CopyOneByOne(const std::string& from, const std::string& to) {
 
 std::string RoundFolder(int round) {
   return "C:\\To" + std::to_string(round);
-}
-
-void AwaitStrip(WindowRun& run) {
-  const FilmStripState& strip = run.main.strip;
-  do run.qt.toolkit.WaitFor(0.05);
-  while (strip.SrcSlotCount < strip.SrcFileList.ListCount() || strip.SrcSlotCount == 0);
 }
 
 void AwaitOpenFolder(WindowRun& run) {

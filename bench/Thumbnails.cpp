@@ -5,11 +5,11 @@
 #include <cstdio>
 #include <fstream>
 #include <iterator>
-#include <jpeglib.h>
 #include <png.h>
 
 #include "base/FileDateTime.h"
 #include "base/QuickThumbsRecord.h"
+#include "bench/BareDecode.h"
 #include "bench/BenchRun.h"
 #include "pictures/PaintPhoto.h"
 #include "pictures/QuickThumbs.h"
@@ -54,29 +54,6 @@ void Fresh(benchmark::State& state, const std::string& folder) {
     QuickThumbsOf(run.main).DeleteQuickThumbs("C:\\Strip");
   }
   state.counters["scale"] = run.main.pictures.lDecodeScale;
-}
-
-unsigned DecodeBare(const std::vector<char>& file, unsigned scale, std::vector<unsigned char>& rows) {
-  jpeg_decompress_struct codec{};
-  jpeg_error_mgr errors{};
-  codec.err = jpeg_std_error(&errors);
-  jpeg_create_decompress(&codec);
-  jpeg_mem_src(&codec, reinterpret_cast<const unsigned char*>(file.data()), file.size());
-  jpeg_read_header(&codec, TRUE);
-  codec.scale_num = 1;
-  codec.scale_denom = scale;
-  codec.out_color_space = JCS_EXT_BGR;
-  jpeg_start_decompress(&codec);
-  const std::size_t step = codec.output_width * 3;
-  rows.resize(step * codec.output_height);
-  while (codec.output_scanline < codec.output_height) {
-    JSAMPROW row = rows.data() + codec.output_scanline * step;
-    jpeg_read_scanlines(&codec, &row, 1);
-  }
-  const unsigned width = codec.output_width;
-  jpeg_finish_decompress(&codec);
-  jpeg_destroy_decompress(&codec);
-  return width;
 }
 
 void Bare(benchmark::State& state, const std::string& folder) {

@@ -1,5 +1,7 @@
 #include "preview/PreviewForm.h"
 
+#include <algorithm>
+
 #include "platform/controls/Toolkit.h"
 #include "platform/runtime/Errors.h"
 #include "preview/FullSizePreview.h"
@@ -16,6 +18,7 @@ namespace {
 
 // Pixels.
 constexpr int ButtonWidth = 116;
+constexpr int LeastButtonWidth = 96;
 constexpr int ButtonHeight = 28;
 constexpr int Gap = 4;
 constexpr int Margin = 8;
@@ -71,22 +74,19 @@ void PreviewForm::ShowButtons(bool shown) {
 void PreviewForm::ArrangeButtons() {
   const int width = Window.ScaleWidth();
   const int height = Window.ScaleHeight();
-  const bool beside = width >= 3 * ButtonWidth + 4 * Gap + 2 * Margin;
-  const int across = beside ? 3 : 1;
-  const int down = beside ? 1 : 3;
-  const int boxWidth = across * ButtonWidth + (across + 1) * Gap;
-  const int boxHeight = down * ButtonHeight + (down + 1) * Gap;
+  const int room = (width - 4 * Gap) / 3;
+  const bool beside = room >= LeastButtonWidth;
+  const int each = beside ? std::min(room, ButtonWidth) : ButtonWidth;
+  const int boxWidth = beside ? 3 * each + 4 * Gap : each + 2 * Gap;
+  const int boxHeight = beside ? ButtonHeight + 2 * Gap : 3 * ButtonHeight + 4 * Gap;
   const bool hides = boxWidth > width || 2 * boxWidth * boxHeight > width * height;
   ButtonContainerPic.Move((width - boxWidth) / 2.0, hides ? height : height - boxHeight - Margin, boxWidth, boxHeight);
-  int left = Gap;
-  int top = Gap;
-  for (CommandButton* each : {&PreviousButton, &HideButton, &NextButton}) {
-    each->Move(left, top, ButtonWidth, ButtonHeight);
-    if (beside) {
-      left += ButtonWidth + Gap;
-    } else {
-      top += ButtonHeight + Gap;
-    }
+  int place = 0;
+  for (CommandButton* button : {&PreviousButton, &HideButton, &NextButton}) {
+    const int left = beside ? place * (each + Gap) : 0;
+    const int top = beside ? 0 : place * (ButtonHeight + Gap);
+    button->Move(Gap + left, Gap + top, each, ButtonHeight);
+    ++place;
   }
 }
 

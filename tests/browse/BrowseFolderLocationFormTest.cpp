@@ -313,5 +313,28 @@ TEST_F(BrowseFolderLocationFormTest, PhotosAreListedByTheNamesThatTheirOwnerGave
   run.files.PassOnTo(drive.DriveFiles());
 }
 
+TEST_F(BrowseFolderLocationFormTest, ARightClickOnThePictureShowsItAtFullSizeWithoutButtons) {
+  MakePhotos("C:\\Home\\A", 3);
+  drive.Write("C:\\Home\\A\\p002.bmp", BmpPhoto(320, 240));
+  OpenedAt(BrowseMode::Show, "C:\\Home\\A");
+  person.Choose(Browser().MyFiles, 1);
+  run.Wait(0.1);
+  person.Click(Browser().PicPreview);
+  EXPECT_EQ(person.Window("PreviewForm"), nullptr);
+  person.RightClick(Browser().PicPreview);
+  ASSERT_NE(person.Window("PreviewForm"), nullptr);
+  EXPECT_EQ(main.preview.sFullSizeFile, "C:\\Home\\A\\p002.bmp");
+  for (const Control* control : person.Window("PreviewForm")->Controls()) EXPECT_FALSE(control->Visible());
+  person.Key(key::Right);
+  EXPECT_EQ(person.Window("PreviewForm"), nullptr);
+  EXPECT_TRUE(IsOpen());
+}
+
+TEST_F(BrowseFolderLocationFormTest, ARightClickOnTheLogoShowsNothing) {
+  OpenedAt(BrowseMode::Show, MakePhotos("C:\\Home\\Empty", 0));
+  person.RightClick(Browser().PicPreview);
+  EXPECT_EQ(person.Window("PreviewForm"), nullptr);
+}
+
 }  // namespace
 }  // namespace pixorra

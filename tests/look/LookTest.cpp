@@ -11,6 +11,7 @@
 #include "drop/RenameAskForm.h"
 #include "filmstrip/Marks.h"
 #include "platform/qt/Convert.h"
+#include "preview/FullSizePreview.h"
 #include "preview/PreviewPane.h"
 #include "tests/look/LookAt.h"
 #include "tests/support/TestPictures.h"
@@ -172,6 +173,22 @@ TEST_P(LookTest, EveryTextOfTheBrowserIsReadableInEachOfItsWays) {
     EXPECT_GT(look.Texts(), 5) << way->Name();
     run.person.Key(key::Escape);
     run.Wait(0.1);
+  }
+}
+
+TEST_P(LookTest, TheButtonsOfAPhotoAtFullSizeAreReadableWhateverItsShape) {
+  ProgramRun& run = Started();
+  for (const PixelSize size : {PixelSize{1000, 700}, PixelSize{320, 240}, PixelSize{200, 600}}) {
+    const std::string path = "C:\\Home\\shape.jpg";
+    drive.Write(path, JpegPhoto(size.Width, size.Height));
+    DisplayFullSizePreview(run.main, path);
+    run.Wait(0.2);
+    Form* form = run.person.Window("PreviewForm");
+    ASSERT_NE(form, nullptr);
+    LookAt look(*form);
+    EXPECT_THAT(look.Faults(), IsEmpty()) << size.Width;
+    EXPECT_EQ(look.Texts(), 3);
+    run.person.Key(key::Escape);
   }
 }
 

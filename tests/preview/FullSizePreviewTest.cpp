@@ -307,6 +307,9 @@ TEST_F(FullSizeKeysTest, ButtonsLieInsideTheWindowWhateverThePhotosShape) {
   };
   Show(1200, 900);
   EXPECT_TRUE(inside());
+  Show(320, 240);
+  EXPECT_TRUE(inside());
+  EXPECT_EQ(Preview().PreviousButton.Top(), Preview().NextButton.Top());
   Show(200, 900);
   EXPECT_TRUE(inside());
   for (const CommandButton* each : {&Preview().PreviousButton, &Preview().HideButton, &Preview().NextButton})

@@ -197,6 +197,68 @@ TEST_F(PreviewPaneTest, TheMenuNamesTheProgramThatEditsTheSelectedPhoto) {
   EXPECT_EQ(main.menu.SelectedEditMenuItem.Caption(), "Edit with \"Brush\"");
 }
 
+// --- what the menu allows --------------------------------------------------------------------------------------------
+
+class SelectedPhotoMenuTest : public PreviewPaneTest {
+ protected:
+  SelectedPhotoMenuTest() {
+    // As if all of them could do something.
+    for (MenuItem* item : Items()) item->On().Click = [](Control&) {};
+  }
+  std::vector<MenuItem*> Items() {
+    MenuBar& menu = main.menu;
+    return {&menu.CopyMenuItem,         &menu.SelectedPrintMenuItem,
+            &menu.SelectedEditMenuItem, &menu.SelectedViewFullSizeMenuItem,
+            &menu.RenameMenuItem,       &menu.DeleteMenuItem};
+  }
+  // Of each item in this order, when the menu opens.
+  std::vector<bool> Enabled() {
+    SelectedPhotoMenu_Click(main);
+    std::vector<bool> enabled;
+    for (const MenuItem* item : Items()) enabled.push_back(item->Enabled());
+    return enabled;
+  }
+};
+
+TEST_F(SelectedPhotoMenuTest, WithoutASelectedPhotoNothingCanBeChosen) {
+  EXPECT_EQ(Enabled(), (std::vector<bool>{false, false, false, false, false, false}));
+}
+
+TEST_F(SelectedPhotoMenuTest, WithASelectedPhotoEverythingCanBeChosen) {
+  PaintPicPreview(main, Photo);
+  EXPECT_EQ(Enabled(), (std::vector<bool>{true, true, true, true, true, true}));
+  ResetPreview(main);
+  EXPECT_EQ(Enabled(), (std::vector<bool>{false, false, false, false, false, false}));
+}
+
+TEST_F(SelectedPhotoMenuTest, APhotoThatIsReadOnlyCanBeNeitherRenamedNorDeleted) {
+  drive.SetMode(Photo, 0444);
+  PaintPicPreview(main, Photo);
+  EXPECT_EQ(Enabled(), (std::vector<bool>{true, true, true, true, false, false}));
+  drive.SetMode(Photo, 0644);
+  EXPECT_EQ(Enabled(), (std::vector<bool>{true, true, true, true, true, true}));
+}
+
+TEST_F(SelectedPhotoMenuTest, APhotoThatIsNotThereAnyMoreCanBeNeitherRenamedNorDeleted) {
+  PaintPicPreview(main, Photo);
+  drive.Remove(Photo);
+  EXPECT_EQ(Enabled(), (std::vector<bool>{true, true, true, true, false, false}));
+}
+
+TEST_F(SelectedPhotoMenuTest, AnItemThatDoesNothingYetStaysDisabled) {
+  main.menu.SelectedPrintMenuItem.On().Click = {};
+  PaintPicPreview(main, Photo);
+  EXPECT_EQ(Enabled(), (std::vector<bool>{true, false, true, true, true, true}));
+}
+
+TEST_F(SelectedPhotoMenuTest, ADoubleClickOnThePaneEditsThePhoto) {
+  int edits = 0;
+  main.menu.SelectedEditMenuItem.On().Click = [&](Control&) { ++edits; };
+  PaintPicPreview(main, Photo);
+  run.person.DoubleClick(pane);
+  EXPECT_EQ(edits, 1);
+}
+
 TEST_F(PreviewPaneTest, AClickOnThePaneEndsAnOutsideEdit) {
   main.preview.bPicEdited = true;
   run.person.Click(pane);

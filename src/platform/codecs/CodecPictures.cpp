@@ -9,6 +9,7 @@
 #include "platform/codecs/DecodeAhead.h"
 #include "platform/codecs/GifDecoder.h"
 #include "platform/codecs/JpegReader.h"
+#include "platform/codecs/LargePages.h"
 #include "platform/runtime/Errors.h"
 #include "platform/services/FileBytes.h"
 
@@ -25,6 +26,7 @@ Bitmap DecodeJpeg(std::span<const std::uint8_t> file) {
   if (const int status = reader.Reduce(1); status != jpeg::Ok) Raise(status);
   // What is missing after damage is black.
   Bitmap bitmap = Bitmap::Cleared(reader.Width(), reader.Height(), PixelFormat::Bgr24);
+  UseLargePages(bitmap);
   const int status = reader.Read(bitmap.Row(0), static_cast<std::ptrdiff_t>(bitmap.Stride()), 3);
   if (status != jpeg::Ok) Raise(status);
   return bitmap;

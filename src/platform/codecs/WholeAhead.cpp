@@ -10,6 +10,7 @@
 
 #include "platform/codecs/CodecPictures.h"
 #include "platform/codecs/JpegReader.h"
+#include "platform/codecs/LargePages.h"
 #include "platform/codecs/ThreadPriority.h"
 #include "platform/pixels/Stretch.h"
 #include "platform/runtime/Errors.h"
@@ -273,6 +274,7 @@ void WholeAhead::Decode(Job& job) {
                                             [](std::int64_t sum, PixelSize size) { return sum + BytesOf(size); });
   if (!BeginDecoding(job, kept + BytesOf(whole) + reader.WorkingMemory())) return;
   Bitmap pixels = Bitmap::Cleared(whole.Width, whole.Height, PixelFormat::Bgr24);
+  UseLargePages(pixels);
   if (reader.Read(pixels.Row(0), static_cast<std::ptrdiff_t>(pixels.Stride()), 3) != jpeg::Ok) return;
   std::vector<Bitmap> reductions;
   for (const PixelSize size : sizes) {
