@@ -73,7 +73,7 @@ TEST_F(FullSizePreviewTest, TheCaptionHasNameSizePathAndDate) {
 }
 
 TEST_F(FullSizePreviewTest, APhotoThatMayOnlyBeReadHasItsDateToo) {
-  drive.SetMode(Small, 0444);
+  run.files.FailAlways(FileCall::LastWriteTime, error::PathAccess, "small");
   DisplayFullSizePreview(main, Small);
   EXPECT_NE(Window().Caption().find("5/Jul/2004"), std::string::npos) << Window().Caption();
 }
