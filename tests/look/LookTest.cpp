@@ -16,6 +16,7 @@
 #include "tests/look/LookAt.h"
 #include "tests/support/TestPictures.h"
 #include "tests/support/headless/ProgramTest.h"
+#include "utility/ConfirmForm.h"
 #include "window/DesktopState.h"
 #include "window/FilmStripState.h"
 #include "window/MenuBar.h"
@@ -155,6 +156,24 @@ TEST_P(LookTest, EveryTextOfTheDialogsIsReadable) {
   run.person.ChooseMenu(run.main.menu.ChangeBackgroundMenuItem);
   run.Wait(0.2);
   EXPECT_EQ(looks, 4);
+}
+
+TEST_P(LookTest, EveryNoticeIsReadable) {
+  ProgramRun& run = Started();
+  ConfirmForm& notice = ConfirmForm::Of(run.main);
+  const auto faults = [&] {
+    run.Wait(0.1);
+    return LookAt(notice.Window).Faults();
+  };
+  // The shadow of the letters lies below them.
+  const auto ofTheShadow = ::testing::StartsWith("Label1");
+  notice.ConfirmClipboard();
+  EXPECT_THAT(faults(), ::testing::Each(ofTheShadow));
+  notice.ConfirmSave();
+  EXPECT_THAT(faults(), ::testing::Each(ofTheShadow));
+  notice.ConfirmPrint("Printing IMG_0001, page 12 of 345");
+  EXPECT_THAT(faults(), ::testing::Each(ofTheShadow));
+  notice.Window.Unload();
 }
 
 TEST_P(LookTest, EveryTextOfTheBrowserIsReadableInEachOfItsWays) {
