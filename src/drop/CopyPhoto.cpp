@@ -2,7 +2,6 @@
 
 #include "pictures/PictureLoader.h"
 #include "pictures/Scratch.h"
-#include "platform/controls/Toolkit.h"
 #include "platform/runtime/Errors.h"
 #include "platform/services/Clipboard.h"
 #include "platform/services/Dialogs.h"
@@ -30,8 +29,8 @@ void CopyMenuItem_Click(MainForm& main) {
   const std::string photo = SelectedPhoto(main.preview);
   if (photo.empty()) return;
   ConfirmForm& notice = ConfirmForm::Of(main);
-  notice.ConfirmClipboard();
-  if (main.host.toolkit.Ended() || CopyToClipboard(main, photo)) return;
+  // Another photo may have been copied meanwhile.
+  if (!notice.ConfirmClipboard() || CopyToClipboard(main, photo)) return;
   notice.Window.Unload();
   main.host.dialogs.MsgBox(main.host.files.ShownPath(photo) + "\n\nThis photo cannot be read.", BoxIcon::Exclamation,
                            BoxButtons::Ok, "Can't Copy Photo to Clipboard.");

@@ -19,6 +19,8 @@ constexpr int Margin = 24;  // pixels, as all of these
 constexpr int ShadowOffset = 1;
 constexpr int LeastWidth = 280;
 constexpr int MillisecondsShown = 2000;
+// A window manager takes its time to put a frame around a window, and before that nothing is painted.
+constexpr double SecondsToPaint = 0.15;
 
 }  // namespace
 
@@ -55,24 +57,26 @@ ConfirmForm& ConfirmForm::Of(MainForm& main) {
   return main.modeless.Get<ConfirmForm>(main);
 }
 
-void ConfirmForm::ConfirmClipboard() {
-  Window.Load();
-  printing_ = false;
-  Write("Copied to Clipboard", palette::NoticeCopied);
-  Show();
-  main_.host.toolkit.DoEvents();
+bool ConfirmForm::ConfirmClipboard() {
+  return ShowForAWhile("Copied to Clipboard", palette::NoticeCopied);
 }
 
-void ConfirmForm::ConfirmSave() {
+bool ConfirmForm::ConfirmSave() {
+  return ShowForAWhile("Saved to File", palette::NoticeSaved);
+}
+
+bool ConfirmForm::ShowForAWhile(const std::string& text, Colour colour) {
+  const int own = ++notices_;
   Window.Load();
   printing_ = false;
-  Write("Saved to File", palette::NoticeSaved);
+  Write(text, colour);
   Show();
-  main_.host.toolkit.DoEvents();
+  return main_.host.toolkit.WaitFor(SecondsToPaint) && own == notices_;
 }
 
 void ConfirmForm::ConfirmPrint(const std::string& text) {
   Window.Load();
+  ++notices_;
   // After the load, which takes any notice for one that goes by itself.
   printing_ = true;
   Write(text, palette::NoticePrinting);

@@ -18,10 +18,11 @@ class ConfirmForm {
   // The one of the main window, made when it is first wanted.
   static ConfirmForm& Of(MainForm& main);
 
-  // These two let events run, so that the notice is seen before what follows, and the program may end in them. The
-  // notice goes by itself after two seconds; meanwhile keys are the main window's.
-  void ConfirmClipboard();
-  void ConfirmSave();
+  // These two let events run, so that the notice is seen before what follows. False where the program has ended in
+  // that, or another notice has come up: what this one is about has been overtaken. The notice goes by itself after two
+  // seconds; meanwhile keys are the main window's.
+  bool ConfirmClipboard();
+  bool ConfirmSave();
   // Paints the notice at once, and lets no events run. It stays until the form is unloaded. A click or a key press asks
   // whether to stop, and sets PrintAborted.
   void ConfirmPrint(const std::string& text);
@@ -32,12 +33,14 @@ class ConfirmForm {
   Timer Timer1{Window, "Timer1", 0};
 
  private:
+  bool ShowForAWhile(const std::string& text, Colour colour);
   void Write(const std::string& text, Colour colour);
   void Show();
   void Clicked();
 
   MainForm& main_;
   bool printing_ = false;
+  int notices_ = 0;  // shown so far
 };
 
 }  // namespace pixorra

@@ -103,7 +103,7 @@ TEST_F(CopyPhotoTest, TheNoticeIsUpBeforeThePhotoIsReadAndGoesAfterTwoSeconds) {
       FileCall::OpenToRead, 1, [&] { seen = NoticeIsUp(); }, "b.bmp");
   Copy();
   EXPECT_TRUE(seen);
-  run.Wait(1.9);
+  run.Wait(1.8);
   EXPECT_TRUE(NoticeIsUp());
   run.Wait(0.2);
   EXPECT_FALSE(NoticeIsUp());
@@ -115,6 +115,17 @@ TEST_F(CopyPhotoTest, AProgramThatEndsWhileTheNoticeIsPaintedCopiesNothing) {
   Copy();
   EXPECT_TRUE(run.host.toolkit.Ended());
   EXPECT_TRUE(Copied().IsNothing());
+}
+
+TEST_F(CopyPhotoTest, OfTwoCopiesSoonAfterOneAnotherTheLastOneCounts) {
+  Select("b.bmp", BmpPhoto(100, 80));
+  person.During([this] { return NoticeIsUp(); },
+                [this] {
+                  person.Click(strip.SrcThumbnail(1));
+                  Copy();
+                });
+  Copy();
+  EXPECT_EQ(Copied().Width(), 80);
 }
 
 // One copies, and goes on by key while the notice is up.

@@ -21,13 +21,13 @@ class ConfirmFormTest : public ProgramTest {
 TEST_F(ConfirmFormTest, EachNoticeHasItsTextWithAShadowAndItsColour) {
   EXPECT_EQ(notice.Window.Caption(), "Pixorra");
   const struct {
-    void (ConfirmForm::*Show)();
+    bool (ConfirmForm::*Show)();
     const char* Text;
     Colour Letters;
   } notices[] = {{&ConfirmForm::ConfirmClipboard, "Copied to Clipboard", 0x00FFFFFF},
                  {&ConfirmForm::ConfirmSave, "Saved to File", 0x0000FFFF}};
   for (const auto& [show, text, letters] : notices) {
-    (notice.*show)();
+    EXPECT_TRUE((notice.*show)());
     EXPECT_TRUE(notice.Window.Visible());
     EXPECT_FALSE(notice.Window.IsModal());
     EXPECT_EQ(notice.Window.Owner(), &main.Window);
@@ -46,7 +46,7 @@ TEST_F(ConfirmFormTest, ItGoesByItselfAfterTwoSecondsCountedFromTheLastNotice) {
   notice.ConfirmClipboard();
   run.Wait(1.5);
   notice.ConfirmSave();
-  run.Wait(1.9);
+  run.Wait(1.8);
   EXPECT_TRUE(notice.Window.Visible());
   run.Wait(0.2);
   EXPECT_FALSE(notice.Window.Visible());
