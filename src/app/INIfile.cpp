@@ -1,5 +1,6 @@
 #include "app/INIfile.h"
 
+#include <algorithm>
 #include <array>
 
 #include "base/Routines.h"
@@ -24,12 +25,18 @@ std::string SavedStateFile(MainForm& main) {
   return WindowsFolderPath(main.host.places) + "Pixorra.sav";
 }
 
+// A quotation mark would end the record, and what is after it would be taken for the next ones.
+std::string WithoutQuotationMarks(std::string text) {
+  std::replace(text.begin(), text.end(), '"', '\'');
+  return text;
+}
+
 std::string Compose(MainForm& main) {
   SavedRecordWriter record;
   const Form& window = main.Window;
   record.Numbers({window.TwipsWidth(), window.TwipsHeight(), window.TwipsTop(), window.TwipsLeft(),
                   static_cast<double>(window.WindowState())});
-  record.Text(main.core.CompanyNameLabel.Caption());
+  record.Text(WithoutQuotationMarks(main.core.CompanyNameLabel.Caption()));
   record.Number(main.preferences.RenameOptions().Chosen());
   record.Number(main.preferences.DuplicateOptions().Chosen());
   for (const CheckBox* box : main.preferences.StoredBoxes()) record.Number(box->Value());

@@ -17,6 +17,7 @@
 #include "platform/services/Places.h"
 #include "platform/services/Printing.h"
 #include "preview/PreviewPane.h"
+#include "utility/frmAbout.h"
 #include "window/CoreState.h"
 #include "window/DesktopState.h"
 #include "window/DropState.h"
@@ -96,11 +97,14 @@ void Form_Load(MainForm& main) {
   CreateFolderSlots(main.desk, main.host);
   ClearDestThumbnails(main);
   ClearUndoAndPreview(main);
+  frmAbout splash(main.host);
+  splash.ShowSplash(main.Window);
   ReadSavedState(main);
   ApplyPicturePattern(main);
   LoadBackground(main);
   TakeFocusOff(main.strip.SrcScrollbar);
   TakeFocusOff(main.desk.DestScrollbar);
+  splash.Window.Unload();
   StartTimers(main);
   main.core.LayoutCountdown = 1;
 }

@@ -1,6 +1,11 @@
-// The items of the Help menu, and the Help buttons of forms that are there from the start.
+// The items of the Help menu, the Help buttons of forms that are there from the start, and the company name.
 #include "app/Wiring.h"
+#include "desktop/FolderRename.h"
+#include "utility/CompanyName.h"
 #include "utility/HelpPages.h"
+#include "utility/ViewReadmeForm.h"
+#include "utility/frmAbout.h"
+#include "window/CoreState.h"
 #include "window/MainForm.h"
 #include "window/MenuBar.h"
 #include "window/PreferencesForm.h"
@@ -25,6 +30,12 @@ void ConnectHelp(MainForm& main) {
       {menu.HelpMenuItem_SlideShow, HelpTopic::SlideShow},
   };
   for (const auto& [item, topic] : topics) Connect(item, [&main, topic = topic] { ShowHelp(main, topic); });
+  Connect(menu.ViewReadmeMenuItem, EndingRename(main, [&main] { ViewReadmeMenuItem_Click(main); }));
+  Connect(menu.VisitKestreliaMenuItem, EndingRename(main, [&main] { VisitKestreliaMenuItem_Click(main); }));
+  Connect(menu.AboutMenuItem, EndingRename(main, [&main] { AboutMenuItem_Click(main); }));
+  Connect(menu.CompanyNameMenuItem, EndingRename(main, [&main] { CompanyNameMenuItem_Click(main); }));
+  Connect(main.core.CompanyNameLabel.On().DblClick,
+          EndingRename(main, [&main](Control&) { CompanyNameMenuItem_Click(main); }));
   Connect(main.preferences.HelpButton.On().Click, [&main](Control&) { ShowHelp(main, HelpTopic::Preferences); });
 }
 

@@ -68,6 +68,7 @@ TEST_F(StartupTest, OfTheMenusOnlyWhatCanBeDoneCanBeChosen) {
                                              "ShowFolderMenuItem",
                                              "HideFolderMenuItem",
                                              "PreferenceMenuItem",
+                                             "CompanyNameMenuItem",
                                              "SetCameraLocationMenuItem",
                                              "ChangeBackgroundMenuItem",
                                              "ExitMenuItem",
@@ -91,6 +92,9 @@ TEST_F(StartupTest, OfTheMenusOnlyWhatCanBeDoneCanBeChosen) {
                                              "HelpMenuItem_Delete",
                                              "HelpMenuItem_Printing",
                                              "HelpMenuItem_SlideShow",
+                                             "ViewReadmeMenuItem",
+                                             "VisitKestreliaMenuItem",
+                                             "AboutMenuItem",
                                              "OpenFolderPopupItem",
                                              "RefreshFolderPopupItem",
                                              "SwapFolderMenuItem",
@@ -146,6 +150,48 @@ TEST_F(StartupTest, ThePrinterFollowsTheDefaultAndItsNameIsKept) {
   run.Start();
   EXPECT_TRUE(run.platform.printing.TracksDefault());
   EXPECT_EQ(run.main.core.DefaultPrinterName, run.platform.printing.CurrentPrinterName());
+}
+
+TEST_F(StartupTest, ASplashIsUpWhileTheSavedStateIsReadAndGoneWhenTheWindowComes) {
+  drive.MakeFolder("C:\\Strip");
+  WriteSavedState(StateLines("C:\\Strip", {}));
+  ProgramRun& run = NewRun();
+  ConnectEvents(run.main);
+  const Form* splash = nullptr;
+  bool windowWasUp = true;
+  run.main.strip.SrcFileList.On().PathChange = [&](Control&) {
+    splash = run.person.Window("frmAbout");
+    windowWasUp = run.main.Window.Visible();
+  };
+  StartUp(run.main);
+  EXPECT_NE(splash, nullptr);
+  EXPECT_FALSE(windowWasUp);
+  EXPECT_EQ(run.person.Window("frmAbout"), nullptr);
+  EXPECT_TRUE(run.main.Window.Visible());
+  EXPECT_EQ(run.host.toolkit.ActiveForm(), &run.main.Window);
+}
+
+TEST_F(StartupTest, AQuestionOfTheStartIsAnsweredOverTheSplash) {
+  WriteSavedState(StateLines("", {"C:\\Gone"}));
+  ProgramRun& run = NewRun();
+  std::string above;
+  run.person.ExpectBox("WARNING: Can't display the folder", "Folder not found", BoxAnswer::Ok, [&] {
+    const Form* active = run.host.toolkit.ActiveForm();
+    if (active != nullptr && !active->StaysOnTop()) above = active->Name();
+  });
+  run.Start();
+  EXPECT_EQ(above, "frmAbout") << "a box belongs to the window that is in front";
+  EXPECT_EQ(run.person.Window("frmAbout"), nullptr);
+}
+
+TEST_F(StartupTest, ASplashThatItsUserClosesEndsNothing) {
+  WriteSavedState(StateLines("", {"C:\\Gone"}));
+  ProgramRun& run = NewRun();
+  run.person.ExpectBox("WARNING: Can't display the folder", "Folder not found", BoxAnswer::Ok,
+                       [&] { run.person.Window("frmAbout")->Unload(); });
+  run.Start();
+  EXPECT_TRUE(run.main.Window.Visible());
+  EXPECT_FALSE(run.host.toolkit.Ended());
 }
 
 TEST_F(StartupTest, TimersRunFromTheEndOfTheLoadExceptTheCaptions) {

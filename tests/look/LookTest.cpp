@@ -17,6 +17,8 @@
 #include "tests/support/TestPictures.h"
 #include "tests/support/headless/ProgramTest.h"
 #include "utility/ConfirmForm.h"
+#include "utility/ViewReadmeForm.h"
+#include "utility/frmAbout.h"
 #include "window/DesktopState.h"
 #include "window/FilmStripState.h"
 #include "window/MenuBar.h"
@@ -174,6 +176,28 @@ TEST_P(LookTest, EveryNoticeIsReadable) {
   notice.ConfirmPrint("Printing IMG_0001, page 12 of 345");
   EXPECT_THAT(faults(), ::testing::Each(ofTheShadow));
   notice.Window.Unload();
+}
+
+TEST_P(LookTest, EveryTextOfTheAboutWindowTheSplashAndTheReadMeIsReadable) {
+  ProgramRun& run = Started();
+  frmAbout about(run.host);
+  about.Window.Show();
+  run.Wait(0.2);
+  LookAt buttons(about.Window);
+  EXPECT_THAT(buttons.Faults(), IsEmpty());
+  EXPECT_EQ(buttons.Texts(), 4);
+  about.Window.Unload();
+  about.ShowSplash(run.main.Window);
+  LookAt bar(about.Window);
+  EXPECT_THAT(bar.Faults(), IsEmpty());
+  EXPECT_EQ(bar.Texts(), 2);
+  about.Window.Unload();
+  ViewReadmeForm readme(run.host);
+  readme.ShowIt(run.main.Window);
+  run.Wait(0.2);
+  LookAt text(readme.Window);
+  EXPECT_THAT(text.Faults(), IsEmpty());
+  EXPECT_EQ(text.Texts(), 2);
 }
 
 TEST_P(LookTest, EveryTextOfTheBrowserIsReadableInEachOfItsWays) {

@@ -124,6 +124,7 @@ std::vector<Line> SlideShowAndHelpMenus() {
       {2, "HelpMenuItem_Delete", "Deleting", ""},
       {2, "HelpMenuItem_Printing", "Printing", ""},
       {2, "HelpMenuItem_SlideShow", "Slide Show", ""},
+      {1, "ViewReadmeMenuItem", "Read Me", ""},
       {1, "VisitKestreliaMenuItem", "Visit Kestrelia", ""},
       Separator(1),
       {1, "AboutMenuItem", "About", "F1"},
@@ -202,7 +203,7 @@ void CollectItems(const MenuItem& item, std::vector<const MenuItem*>& items) {
 TEST_F(MenuBarTest, AnItemCanBeChosenOnceItIsConnected) {
   std::vector<const MenuItem*> items;
   for (const MenuItem* top : form.Menus()) CollectItems(*top, items);
-  EXPECT_EQ(items.size(), 63U);
+  EXPECT_EQ(items.size(), 64U);
   for (const MenuItem* item : items) EXPECT_FALSE(item->Enabled()) << item->Name();
   int runs = 0;
   Connect(menu.AboutMenuItem, [&runs] { ++runs; });

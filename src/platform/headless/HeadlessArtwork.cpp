@@ -40,6 +40,7 @@ const std::vector<std::string>& HeadlessArtwork::Names() {
       "SelectionFrame",
       "ShowFolder",
       "Splash",
+      "SplashDark",
       "SrcBackground",
       "SwapButton",
       "SwapButtonPressed",

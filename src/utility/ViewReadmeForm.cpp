@@ -1,0 +1,101 @@
+#include "utility/ViewReadmeForm.h"
+
+#include <algorithm>
+
+#include "base/Routines.h"
+#include "base/SavedRecords.h"
+#include "platform/runtime/AtExit.h"
+#include "platform/runtime/Text.h"
+#include "platform/runtime/Utf8.h"
+#include "platform/services/Places.h"
+#include "window/MainForm.h"
+#include "window/ModelessForms.h"
+
+namespace pixorra {
+
+namespace {
+
+// Pixels.
+constexpr int Margin = 12;
+constexpr int FirstWidth = 640;
+constexpr int FirstHeight = 480;
+constexpr int LeastWidth = 320;
+constexpr int LeastHeight = 160;
+constexpr int ButtonWidth = 96;
+constexpr int ButtonHeight = 28;
+
+constexpr std::string_view ByteOrderMark = "\xEF\xBB\xBF";
+
+void AppendReadable(std::string& text, std::string_view line) {
+  if (IsValidUtf8(line)) {
+    text += line;
+    return;
+  }
+  for (std::size_t at = 0; at < line.size();) {
+    const Utf8Character character = CharacterAt(line, at);
+    AppendCharacter(text, character.Code >= StrayByte ? character.Code - StrayByte : character.Code);
+    at += character.Bytes;
+  }
+}
+
+}  // namespace
+
+std::string TextOfFile(std::string_view bytes) {
+  if (bytes.starts_with(ByteOrderMark)) bytes.remove_prefix(ByteOrderMark.size());
+  std::string text;
+  text.reserve(bytes.size() + bytes.size() / 16);
+  for (std::string_view line : Lines(bytes)) {
+    if (line.ends_with('\r')) line.remove_suffix(1);
+    AppendReadable(text, line);
+    text += "\r\n";
+  }
+  return text;
+}
+
+ViewReadmeForm::ViewReadmeForm(Host& host) : Window(host.toolkit, "ViewReadmeForm"), host_(host) {
+  Window.SetCaption("Pixorra - Read Me");
+  Window.SetSizable(true);
+  Window.SetClientSize(FirstWidth, FirstHeight);
+  ReadmeTextbox.SetMultiLine(true);
+  ReadmeTextbox.SetLocked(true);
+  ReadmeTextbox.SetAccessibleName("Read Me");
+  PrintButton.SetCaption("&Print");
+  PrintButton.SetEnabled(false);
+  CancelButton.SetCaption("&Close");
+  CancelButton.SetDefault(true);
+  CancelButton.SetCancel(true);
+  ArrangeControls();
+  Connect(Window.On().Load, [this](Control&) { Form_Load(); });
+  Connect(Window.On().Resize, [this](Control&) { ArrangeControls(); });
+  Connect(CancelButton.On().Click, [this](Control&) { Window.Unload(); });
+}
+
+void ViewReadmeForm::ArrangeControls() {
+  const int width = std::max(LeastWidth, Window.ScaleWidth());
+  const int height = std::max(LeastHeight, Window.ScaleHeight());
+  const int buttons = height - Margin - ButtonHeight;
+  ReadmeTextbox.Move(Margin, Margin, width - 2 * Margin, buttons - 2 * Margin);
+  CancelButton.Move(width - Margin - ButtonWidth, buttons, ButtonWidth, ButtonHeight);
+  PrintButton.Move(CancelButton.Left() - Margin - ButtonWidth, buttons, ButtonWidth, ButtonHeight);
+}
+
+void ViewReadmeForm::Form_Load() {
+  ReadmeTextbox.SetText(TextOfFile(ReadWhole(host_.files, JoinPath(host_.places.ProgramFolder(), "Readme.txt"))));
+}
+
+void ViewReadmeForm::ShowIt(Form& owner) {
+  bool read = false;
+  const AtExit done([&] {
+    if (!read) Window.Unload();
+  });
+  Window.Load();
+  read = true;
+  if (!Window.Visible()) Window.CentreOn(&owner);
+  Window.ShowOwned(&owner);
+}
+
+void ViewReadmeMenuItem_Click(MainForm& main) {
+  main.modeless.Get<ViewReadmeForm>(main.host).ShowIt(main.Window);
+}
+
+}  // namespace pixorra

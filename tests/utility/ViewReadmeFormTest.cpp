@@ -1,0 +1,121 @@
+// The window that shows the read-me.
+#include <gtest/gtest.h>
+
+#include "platform/runtime/Errors.h"
+#include "platform/runtime/Text.h"
+#include "tests/support/headless/ProgramTest.h"
+#include "utility/ViewReadmeForm.h"
+#include "window/MenuBar.h"
+#include "window/ModelessForms.h"
+
+namespace pixorra {
+namespace {
+
+constexpr const char* ReadmeFile = "C:\\Program\\Readme.txt";
+
+class ViewReadmeFormTest : public ProgramTest {
+ protected:
+  ViewReadmeForm& Shown() {
+    run.person.Activate(main.Window);
+    run.person.ChooseMenu(main.menu.ViewReadmeMenuItem);
+    run.Wait(0.1);
+    auto& form = main.modeless.Get<ViewReadmeForm>(run.host);
+    EXPECT_TRUE(form.Window.Visible());
+    return form;
+  }
+  std::string TextShownFor(const std::string& bytes) {
+    drive.Write(ReadmeFile, bytes);
+    ViewReadmeForm& form = Shown();
+    const std::string text = form.ReadmeTextbox.Text();
+    run.person.Close(form.Window);
+    return text;
+  }
+
+  ProgramRun& run = Started();
+  MainForm& main = run.main;
+};
+
+TEST_F(ViewReadmeFormTest, TheMenuShowsTheFileThatComesWithTheProgram) {
+  ViewReadmeForm& form = Shown();
+  EXPECT_EQ(form.Window.Caption(), "Pixorra - Read Me");
+  EXPECT_EQ(form.ReadmeTextbox.Text(), "Read me.\r\nSecond line.\r\n");
+  EXPECT_TRUE(form.ReadmeTextbox.Locked());
+  EXPECT_FALSE(form.PrintButton.Enabled());
+  EXPECT_TRUE(run.host.toolkit.TakesInput(main.Window)) << "it is read while the program is used";
+}
+
+TEST_F(ViewReadmeFormTest, EachLineHasALineEndWhateverTheFileHas) {
+  EXPECT_EQ(TextShownFor("one\r\ntwo\n\nfour"), "one\r\ntwo\r\n\r\nfour\r\n");
+  EXPECT_EQ(TextShownFor(""), "");
+}
+
+TEST_F(ViewReadmeFormTest, Utf8IsShownAsItIsAndOtherBytesAsLatin1) {
+  EXPECT_EQ(TextShownFor("\xEF\xBB\xBF"
+                         "Größe 写真\n"),
+            "Größe 写真\r\n");
+  EXPECT_EQ(TextShownFor("Gr\xF6\xDF"
+                         "e\nGröße\n"),
+            "Größe\r\nGröße\r\n");
+}
+
+TEST_F(ViewReadmeFormTest, AMegabyteAndALineOfAMegabyteAreShownWhole) {
+  std::string lines;
+  while (lines.size() < 1'000'000) lines += "Photos that are dropped into a folder are copied there - 写真.\n";
+  EXPECT_EQ(Lines(TextShownFor(lines)).size(), Lines(lines).size());
+  const std::string line(1'000'000, 'x');
+  EXPECT_EQ(TextShownFor(line), line + "\r\n");
+}
+
+TEST_F(ViewReadmeFormTest, WithoutTheFileThereIsTheFilesErrorAndNoWindow) {
+  auto& form = main.modeless.Get<ViewReadmeForm>(run.host);
+  drive.Remove(ReadmeFile);
+  for (int attempt = 0; attempt < 2; ++attempt) {
+    EXPECT_EQ(ErrorsIgnored([&] { ViewReadmeMenuItem_Click(main); }), error::FileNotFound);
+    EXPECT_FALSE(form.Window.Visible());
+    EXPECT_FALSE(form.Window.IsLoaded());
+  }
+  drive.MakeFolder(ReadmeFile);
+  EXPECT_EQ(ErrorsIgnored([&] { ViewReadmeMenuItem_Click(main); }), error::PathAccess);
+  drive.Remove(ReadmeFile);
+  EXPECT_EQ(TextShownFor("Back again"), "Back again\r\n");
+}
+
+TEST_F(ViewReadmeFormTest, AReadErrorOnTheWayLeavesNoWindowEither) {
+  run.files.FailNth(FileCall::Read, 1, error::DeviceIO, "Readme.txt");
+  EXPECT_EQ(ErrorsIgnored([&] { ViewReadmeMenuItem_Click(main); }), error::DeviceIO);
+  EXPECT_EQ(run.person.Window("ViewReadmeForm"), nullptr);
+}
+
+TEST_F(ViewReadmeFormTest, ChosenAgainItIsTheSameWindowAndClosedItReadsTheFileAnew) {
+  ViewReadmeForm& form = Shown();
+  run.person.MoveWindow(form.Window, 300, 450);
+  drive.Write(ReadmeFile, "Another");
+  Shown();
+  EXPECT_EQ(form.Window.TwipsLeft(), 300);
+  EXPECT_EQ(form.ReadmeTextbox.Text(), "Read me.\r\nSecond line.\r\n");
+  run.person.Activate(form.Window);
+  run.person.Key(key::Escape);
+  EXPECT_FALSE(form.Window.IsLoaded());
+  EXPECT_EQ(Shown().ReadmeTextbox.Text(), "Another\r\n");
+  run.person.Click(form.CancelButton);
+  EXPECT_FALSE(form.Window.Visible());
+}
+
+TEST_F(ViewReadmeFormTest, TheTextTakesTheWindowsNewSize) {
+  ViewReadmeForm& form = Shown();
+  const int right = form.Window.ScaleWidth() - form.ReadmeTextbox.Bounds().Right();
+  const int below = form.Window.ScaleHeight() - form.ReadmeTextbox.Bounds().Bottom();
+  run.person.Resize(form.Window, 900, 700);
+  EXPECT_EQ(form.ReadmeTextbox.Bounds().Right(), 900 - right);
+  EXPECT_EQ(form.ReadmeTextbox.Bounds().Bottom(), 700 - below);
+  EXPECT_EQ(form.CancelButton.Bounds().Right(), 900 - right);
+}
+
+TEST_F(ViewReadmeFormTest, ItGoesWithTheMainWindow) {
+  Shown();
+  run.Close();
+  EXPECT_TRUE(run.host.toolkit.Ended());
+}
+
+}  // namespace
+}  // namespace pixorra
