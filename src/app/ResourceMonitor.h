@@ -5,7 +5,7 @@ namespace pixorra {
 
 struct MainForm;
 
-// Sets ThumbsPaused. Warns when loading stops, and says nothing when it goes on.
+// Sets ThumbsPaused. Warns when loading stops, and says nothing when it is resumed.
 void SystemResourceStatusTimer_Timer(MainForm& main);
 
 }  // namespace pixorra

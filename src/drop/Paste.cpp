@@ -33,7 +33,7 @@ constexpr int MostJpegPixels = 65500;  // a side
 // A folder that takes none of so many names, though they looked free, takes none.
 constexpr int MostNames = 100;
 
-// Where the picture goes. Dialogs let events run, and the folder may have gone when they return.
+// The folder that the picture is pasted into. Dialogs let events run: it may be off the Desktop when they return.
 struct Place {
   int Slot = 0;
   std::string Folder;

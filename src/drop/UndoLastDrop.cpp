@@ -52,7 +52,7 @@ struct LastDrop {
   Watch<ImageBox> Source;
 };
 
-// The file went along where its folder has been renamed since.
+// Where the folder has been renamed since, the file has another path.
 void FollowFolder(MainForm& main, LastDrop& drop) {
   if (!IsSlotInUse(main.desk, drop.Folder)) return;
   const std::string there = JoinPath(main.desk.DestFolderFiles(drop.Folder).Path(), FileNameOf(drop.File));
@@ -81,7 +81,7 @@ std::string SourcePhoto(const FilmStripState& strip, const LastDrop& drop) {
   return slot != 0 ? PhotoOf(strip, slot) : drop.Photo;
 }
 
-// A mark means that there is a copy: it goes ahead of the copy, also where the power goes in between.
+// A mark means that there is a copy: it is cleared, for good, before the copy is deleted.
 void ClearMark(MainForm& main, const LastDrop& drop) {
   const std::string photo = SourcePhoto(main.strip, drop);
   if (!photo.empty()) QuickThumbsOf(main).ClearQuickThumbMark(photo);
@@ -98,8 +98,8 @@ bool HoldSameBytes(Files& files, const std::string& a, const std::string& b) {
   return firstOf(a) == firstOf(b);
 }
 
-// The photo, if it is there still and unchanged, tells best whether the file is its copy: a file can be edited with its
-// date kept, and some disks number a file anew after a while. Otherwise the file must be the very one.
+// The file is compared with the photo if that is there still and unchanged: a file can be edited with its date kept,
+// and some disks number a file anew after a while. Otherwise the file must be the very one that was made.
 bool IsWhatWasMade(Files& files, const LastDrop& drop, const std::string& photo) {
   bool isSame = files.Open(drop.File, OpenMode::Read)->Stamp() == drop.Stamp;
   ErrorsIgnored([&] {
@@ -143,7 +143,7 @@ std::string FramedPhoto(const DesktopState& desk) {
   return OrElse(std::string(), [&] { return PhotoOf(desk, SelectedCell(desk)); });
 }
 
-// The frame stays with its photo; where that has gone, none is selected.
+// The frame stays with its photo; where that has no cell any more, none is selected.
 void FrameAgain(MainForm& main, const std::string& photo) {
   DesktopState& desk = main.desk;
   for (int cell = 1; cell <= desk.DestSlotCount; ++cell) {

@@ -48,7 +48,7 @@ ConfirmForm::ConfirmForm(MainForm& main) : Window(main.host.toolkit, "ConfirmFor
     Clicked();
   });
   Connect(Window.On().KeyDown, [this](Control&, int& code, int shift) {
-    // Who goes on by key has not asked for this window.
+    // Who works by key has not asked for this window.
     if (!printing_ && main_.host.toolkit.KeyPressed(main_.Window, code, shift)) code = 0;
   });
 }
@@ -77,7 +77,7 @@ bool ConfirmForm::ShowForAWhile(const std::string& text, Colour colour) {
 void ConfirmForm::ConfirmPrint(const std::string& text) {
   Window.Load();
   ++notices_;
-  // After the load, which takes any notice for one that goes by itself.
+  // After the load, which starts every notice as one that closes by itself.
   printing_ = true;
   Write(text, palette::NoticePrinting);
   Show();

@@ -19,8 +19,8 @@ class ConfirmForm {
   static ConfirmForm& Of(MainForm& main);
 
   // These two let events run, so that the notice is seen before what follows. False where the program has ended in
-  // that, or another notice has come up: what this one is about has been overtaken. The notice goes by itself after two
-  // seconds; meanwhile keys are the main window's.
+  // that, or another notice is shown by now: what this one is about has been overtaken. The notice closes by itself
+  // after two seconds; meanwhile keys are the main window's.
   bool ConfirmClipboard();
   bool ConfirmSave();
   // Paints the notice at once, and lets no events run. It stays until the form is unloaded. A click or a key press asks

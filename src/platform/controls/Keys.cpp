@@ -26,12 +26,12 @@ MenuItem* FindShortcut(MenuItem& menu, int keyCode, int shift) {
   return nullptr;
 }
 
-// The menus above an item are told, the topmost first, as when a person opens them: what they enable and disable then
-// holds for the item's shortcut as well.
-void TellMenusAbove(const MenuItem& item) {
+// The menus above an item raise Click, the topmost first, as when a person opens them: what they enable and disable
+// then holds for the item's shortcut as well.
+void RaiseMenusAbove(const MenuItem& item) {
   MenuItem* const menu = item.Parent();
   if (menu == nullptr) return;
-  TellMenusAbove(*menu);
+  RaiseMenusAbove(*menu);
   menu->UserClicked();
 }
 
@@ -75,7 +75,7 @@ bool Toolkit::RunShortcut(Form& form, int keyCode, int shift) {
     MenuItem* const item = FindShortcut(*menu, keyCode, shift);
     if (item == nullptr) continue;
     const Watch<MenuItem> watch(*item);
-    TellMenusAbove(*item);
+    RaiseMenusAbove(*item);
     if (!watch || !watch->CanBeChosen()) return false;
     watch->UserClicked();
     return true;
