@@ -69,27 +69,43 @@ TEST_F(RenamedThumbsTest, ItsRecordHasTheNewNameAndIsOtherwiseAsItWas) {
 }
 
 TEST_F(RenamedThumbsTest, AnUnmarkedPhotoDoesNotTakeOverTheMarkOfOneThatWasCalledSoBefore) {
-  Write("a.jpg");
-  Add("a.jpg", 1);
-  Write("b.jpg");
-  Add("b.jpg", 2);
-  Mark("b.jpg");
-  drive.Remove(Named("b.jpg"));
-  Rename("a.jpg", "b.jpg");
-  EXPECT_EQ(Read("b.jpg"), 1);
-  EXPECT_FALSE(bDragged);
+  for (const bool former : {true, false}) {
+    drive.MakeFolder("C:\\Photos");
+    drive.Remove("C:\\Photos");
+    // The record of the one that was called so is ahead of the photo's own, or after it.
+    for (const bool turn : {true, false}) {
+      Write(turn == former ? "b.jpg" : "a.jpg");
+      Add(turn == former ? "b.jpg" : "a.jpg", turn == former ? 2 : 1);
+    }
+    Mark("b.jpg");
+    drive.Remove(Named("b.jpg"));
+    Rename("a.jpg", "b.jpg");
+    EXPECT_EQ(Read("b.jpg"), 1);
+    EXPECT_FALSE(bDragged);
+  }
 }
 
 TEST_F(RenamedThumbsTest, AMarkMovesToARecordThatTheNewNameHasAlready) {
-  Write("a.jpg");
-  Add("a.jpg", 1);
   Write("b.jpg");
   Add("b.jpg", 2);
+  Write("a.jpg");
+  Add("a.jpg", 1);
   Mark("a.jpg");
   drive.Remove(Named("b.jpg"));
   Rename("a.jpg", "b.jpg");
   EXPECT_EQ(Read("b.jpg"), 1);
   EXPECT_TRUE(bDragged);
+}
+
+TEST_F(RenamedThumbsTest, ItIsFoundAtOnceAlsoWhereTheDisksClockStandsStill) {
+  Write("a.jpg");
+  Add("a.jpg", 1);
+  drive.SetTime(Named("Thumbnails.tmp"), Morning);
+  EXPECT_EQ(Read("a.jpg"), 1);
+  drive.DriveFiles().Rename(Named("a.jpg"), Named("b.jpg"));
+  quickThumbs.RenameQuickThumb(Named("a.jpg"), Named("b.jpg"));
+  drive.SetTime(Named("Thumbnails.tmp"), Morning);
+  EXPECT_EQ(Read("b.jpg"), 1);
 }
 
 TEST_F(RenamedThumbsTest, ThereAndBackAgainThePhotoHasItsOwn) {
