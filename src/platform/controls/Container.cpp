@@ -16,9 +16,14 @@ void Container::Add(Control& control) {
   control.slot_ = static_cast<int>(controls_.size());
   control.z_ = ++front_;
   controls_.push_back(&control);
+  places_.push_back(control.bounds_);
   if (!control.IsNative()) return;
   CountNatives(1);
   if (Peer* window = GetForm().GetPeer()) window->Update(Change::Controls);
+}
+
+void Container::Moved(const Control& control) {
+  places_[static_cast<std::size_t>(control.slot_)] = control.bounds_;
 }
 
 void Container::CountNatives(int change) {
@@ -31,6 +36,8 @@ void Container::Remove(Control& control) {
   controls_[slot] = controls_.back();
   controls_[slot]->slot_ = control.slot_;
   controls_.pop_back();
+  places_[slot] = places_.back();
+  places_.pop_back();
   control.slot_ = -1;
   if (control.IsNative()) CountNatives(-1);
 }

@@ -15,6 +15,9 @@ class Container : public Control {
 
   // In no order; ZOrder says which is in front.
   const std::vector<Control*>& Controls() const { return controls_; }
+  // The bounds of the same controls in the same order, side by side: thousands are looked through for those at one
+  // place several times as fast as the controls themselves would be.
+  const std::vector<Rect>& Places() const { return places_; }
   // The area that its controls share, in pixels.
   virtual int ScaleWidth() const { return Width(); }
   virtual int ScaleHeight() const { return Height(); }
@@ -34,11 +37,13 @@ class Container : public Control {
   friend class Control;
   void Add(Control& control);
   void Remove(Control& control);
+  void Moved(const Control& control);
 
   // Counts native controls within, at any depth: a strip of thousands of light ones is moved without asking each.
   void CountNatives(int change);
 
   std::vector<Control*> controls_;
+  std::vector<Rect> places_;
   int natives_ = 0;
   int front_ = 0;
   int back_ = 0;

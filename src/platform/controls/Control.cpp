@@ -63,6 +63,7 @@ void Control::SetBounds(const Rect& bounds) {
   const Rect before = bounds_;
   if (container_ != nullptr && visible_) Invalidate();
   bounds_ = bounds;
+  if (container_ != nullptr) container_->Moved(*this);
   BoundsChanged(before);
 }
 
@@ -216,6 +217,7 @@ void Control::ChangePeer() {
 
 void Control::CopyFrom(const Control& source) {
   bounds_ = source.bounds_;
+  if (container_ != nullptr) container_->Moved(*this);
   tag_ = source.tag_;
   toolTipText_ = source.toolTipText_;
   enabled_ = source.enabled_;

@@ -13,8 +13,11 @@ bool TakesMouse(const Control& control) {
 // Coordinates are the container's own.
 Control* FrontAt(Container& container, int x, int y) {
   Control* front = nullptr;
-  for (Control* control : container.Controls()) {
-    if (!control->Bounds().Contains(x, y) || !TakesMouse(*control)) continue;
+  const std::vector<Rect>& places = container.Places();
+  for (std::size_t i = 0; i < places.size(); ++i) {
+    if (!places[i].Contains(x, y)) continue;
+    Control* control = container.Controls()[i];
+    if (!TakesMouse(*control)) continue;
     if (front == nullptr || control->ZOrder() > front->ZOrder()) front = control;
   }
   if (front == nullptr) return &container;

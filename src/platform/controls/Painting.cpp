@@ -8,13 +8,24 @@ namespace pixorra {
 
 namespace {
 
+// The farthest that a control of any kind is painted beyond its bounds, pixels.
+constexpr int MostReach = [] {
+  int most = 0;
+  for (const KindTraits& traits : AllKinds) most = std::max(most, traits.Reach);
+  return most;
+}();
+
 bool IsPainted(const Control& control) {
   return TraitsOf(control.GetKind()).Shown == ShownAs::Light && control.Visible();
 }
 
 void Collect(const Container& container, int originX, int originY, const Rect& exposed, std::vector<PaintItem>& items) {
   std::vector<const Control*> seen;
-  for (const Control* control : container.Controls()) {
+  const std::vector<Rect>& places = container.Places();
+  const Rect within = exposed.Moved(-originX, -originY);
+  for (std::size_t i = 0; i < places.size(); ++i) {
+    if (places[i].Grown(MostReach).Intersected(within).IsEmpty()) continue;
+    const Control* control = container.Controls()[i];
     if (!IsPainted(*control)) continue;
     const Rect at = control->Bounds().Moved(originX, originY).Grown(TraitsOf(control->GetKind()).Reach);
     if (!at.Intersected(exposed).IsEmpty()) seen.push_back(control);

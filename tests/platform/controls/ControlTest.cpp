@@ -36,6 +36,27 @@ TEST_F(ControlTest, SizeBelowNothingRaises380AndChangesNothing) {
   EXPECT_EQ(image.Bounds(), (Rect{1, 2, 3, 4}));
 }
 
+TEST_F(ControlTest, AContainerKnowsWhereEachOfItsControlsIsWhateverComesAndGoes) {
+  PictureBox canvas(form, "Canvas");
+  ControlArray<ImageBox> images(canvas, "Images");
+  images(0).Move(1, 2, 30, 40);
+  const auto expectPlaces = [&canvas] {
+    ASSERT_EQ(canvas.Places().size(), canvas.Controls().size());
+    for (std::size_t i = 0; i < canvas.Controls().size(); ++i)
+      EXPECT_EQ(canvas.Places()[i], canvas.Controls()[i]->Bounds()) << i;
+  };
+  for (int i = 1; i <= 9; ++i) images.Load(i);
+  expectPlaces();
+  for (int i = 1; i <= 9; ++i) images(i).Move(10.0 * i, i, i, i);
+  expectPlaces();
+  for (const int gone : {9, 1, 5}) images.Unload(gone);
+  expectPlaces();
+  images.Load(1);
+  images(7).SetLeft(700);
+  images(2).SetHeight(3);
+  expectPlaces();
+}
+
 TEST_F(ControlTest, ShownNeedsEveryContainerVisible) {
   PictureBox outer(form, "Outer");
   ImageBox inner(outer, "Inner");
