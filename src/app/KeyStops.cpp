@@ -32,9 +32,10 @@ std::vector<Control*> Stops(const MainForm& main) {
   stops.insert(stops.end(), {&desk.ShowFolder, &desk.HideFolder});
   if (IsSlotInUse(desk, TrashcanSlot)) stops.push_back(&desk.DestFolder(TrashcanSlot));
   stops.push_back(&desk.DestScrollbar);
-  // A picture button that has no operation is passed over.
+  // A picture button that has no operation is passed over. Two have theirs on the press.
   std::erase_if(stops, [&strip](const Control* stop) {
-    const bool acts = stop->GetKind() != Kind::ImageBox || stop->On().Click || stop == &strip.SwapButton;
+    const bool onPress = stop == &strip.SwapButton || stop == &strip.UndoButton;
+    const bool acts = stop->GetKind() != Kind::ImageBox || stop->On().Click || onPress;
     return !acts || !stop->IsShown() || !stop->Enabled();
   });
   return stops;
