@@ -161,6 +161,7 @@ TEST_F(FullSizePreviewTest, TheProgramMayEndWhileAMessageIsUp) {
   run.person.ExpectBox("Pixorra - Out of Memory", "", BoxAnswer::Ok, [&] { main.Window.Unload(); });
   DisplayFullSizePreview(main, Small);
   EXPECT_FALSE(IsShown());
+  EXPECT_EQ(Beeps(), 0);
 }
 
 TEST_F(FullSizePreviewTest, TheNextPhotoTakesThePlaceOfTheOneBeforeInTheSameWindow) {
