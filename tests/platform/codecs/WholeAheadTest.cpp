@@ -97,8 +97,8 @@ TEST_F(WholeAheadTest, APhotoThatHasBeenReplacedOrWrittenToServesNothing) {
   Prepare({path});
   drive.Write("C:\\new.jpg", JpegOf(PlainBitmap(320, 240, 0)));
   files.RenameOver("C:\\new.jpg", path);
-  EXPECT_FALSE(ahead.IsReady(path));
   EXPECT_TRUE(Take(path).IsNothing());
+  EXPECT_FALSE(ahead.IsReady(path));
 
   Prepare({});
   Prepare({path});
@@ -108,8 +108,8 @@ TEST_F(WholeAheadTest, APhotoThatHasBeenReplacedOrWrittenToServesNothing) {
   bytes[bytes.size() / 2] = static_cast<char>(bytes[bytes.size() / 2] ^ 1);
   drive.Write(path, bytes);
   drive.SetTime(path, {2001, 2, 3, 4, 5, 6});
-  EXPECT_FALSE(ahead.IsReady(path));
   EXPECT_TRUE(Take(path).IsNothing());
+  EXPECT_FALSE(ahead.IsReady(path));
 }
 
 TEST_F(WholeAheadTest, AnOutdatedPhotoIsPreparedAnewOnceItHasBeenAskedAbout) {
