@@ -187,8 +187,11 @@ TEST_F(StartupTest, AQuestionOfTheStartIsAnsweredOverTheSplash) {
 TEST_F(StartupTest, ASplashThatItsUserClosesEndsNothing) {
   WriteSavedState(StateLines("", {"C:\\Gone"}));
   ProgramRun& run = NewRun();
-  run.person.ExpectBox("WARNING: Can't display the folder", "Folder not found", BoxAnswer::Ok,
-                       [&] { run.person.Window("frmAbout")->Unload(); });
+  run.person.ExpectBox("WARNING: Can't display the folder", "Folder not found", BoxAnswer::Ok, [&] {
+    Form* splash = run.person.Window("frmAbout");
+    ASSERT_NE(splash, nullptr);
+    splash->Unload();
+  });
   run.Start();
   EXPECT_TRUE(run.main.Window.Visible());
   EXPECT_FALSE(run.host.toolkit.Ended());

@@ -112,8 +112,9 @@ TEST_F(ViewReadmeFormTest, TheTextTakesTheWindowsNewSize) {
 }
 
 TEST_F(ViewReadmeFormTest, ItGoesWithTheMainWindow) {
-  Shown();
+  const ViewReadmeForm& form = Shown();
   run.Close();
+  EXPECT_FALSE(form.Window.IsLoaded());
   EXPECT_TRUE(run.host.toolkit.Ended());
 }
 
