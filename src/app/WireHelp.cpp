@@ -32,6 +32,8 @@ void ConnectHelp(MainForm& main) {
   for (const auto& [item, topic] : topics) Connect(item, [&main, topic = topic] { ShowHelp(main, topic); });
   Connect(menu.ViewReadmeMenuItem, EndingRename(main, [&main] { ViewReadmeMenuItem_Click(main); }));
   Connect(menu.VisitKestreliaMenuItem, EndingRename(main, [&main] { VisitKestreliaMenuItem_Click(main); }));
+  Connect(menu.HelpMenu, [&main] { HelpMenu_Click(main); });
+  HelpMenu_Click(main);
   Connect(menu.AboutMenuItem, EndingRename(main, [&main] { AboutMenuItem_Click(main); }));
   Connect(menu.CompanyNameMenuItem, EndingRename(main, [&main] { CompanyNameMenuItem_Click(main); }));
   Connect(main.core.CompanyNameLabel.On().DblClick,

@@ -26,12 +26,11 @@ constexpr int WideButtonWidth = 168;
 constexpr int BarHeight = 12;
 
 constexpr double MeasuredSeconds = 0.2;
-constexpr const char* HomePage = "https://www.kestrelia.example";
 
 constexpr const char* LegalLines =
     "Made by Kestrelia Corp. This copy comes without a licence text of its own: all rights are reserved.\n\n"
     "It uses Qt (GNU LGPL 3), GLib (GNU LGPL 2.1 or later) and libjpeg-turbo (IJG and BSD licences). "
-    "This software is based in part on the work of the Independent JPEG Group.\n\n";
+    "This software is based in part on the work of the Independent JPEG Group.";
 
 }  // namespace
 
@@ -46,7 +45,7 @@ int BarIntervalOf(std::int64_t count) {
 }
 
 std::string WebAddress(Host& host) {
-  return host.settings.GetSetting(ApplicationTitle, "About", "WebAddress", HomePage);
+  return host.settings.GetSetting(ApplicationTitle, "About", "WebAddress", "");
 }
 
 frmAbout::frmAbout(Host& host) : Window(host.toolkit, "frmAbout"), host_(host) {
@@ -82,7 +81,8 @@ void frmAbout::Form_Load() {
   Window.SetCaption(std::string("About ") + ApplicationTitle);
   lblTitle.SetCaption(std::string(ApplicationTitle) + " V" + std::to_string(VersionMajor) + "." +
                       std::to_string(VersionMinor) + "." + std::to_string(VersionRevision));
-  lblDisclaimer.SetCaption(LegalLines + WebAddress(host_));
+  const std::string address = WebAddress(host_);
+  lblDisclaimer.SetCaption(address.empty() ? LegalLines : LegalLines + ("\n\n" + address));
   ProgressBar1.SetValue(0);
   ProgressBar1.SetVisible(false);
   BarTimer.SetEnabled(false);
@@ -117,6 +117,10 @@ void frmAbout::StartSysInfo() {
 void AboutMenuItem_Click(MainForm& main) {
   frmAbout about(main.host);
   ShowDialog(about.Window, main.Window);
+}
+
+void HelpMenu_Click(MainForm& main) {
+  main.menu.VisitKestreliaMenuItem.SetEnabled(!WebAddress(main.host).empty());
 }
 
 void VisitKestreliaMenuItem_Click(MainForm& main) {

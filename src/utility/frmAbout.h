@@ -47,10 +47,12 @@ class frmAbout {
 // Milliseconds between two steps of the bar, 5 to 65,000, for what the clock has counted in 0.2 seconds: a faster
 // machine has a slower bar.
 int BarIntervalOf(std::int64_t count);
-// The maker's home page, or the address that is kept in its place as "WebAddress" of "About" in the program's settings.
+// The maker's home page: "WebAddress" of "About" in the program's settings, empty where none is set.
 std::string WebAddress(Host& host);
 // Shows the about window and returns when it has been closed.
 void AboutMenuItem_Click(MainForm& main);
+// Whether there is a home page to visit.
+void HelpMenu_Click(MainForm& main);
 // Opens the maker's home page in the desktop's web browser.
 void VisitKestreliaMenuItem_Click(MainForm& main);
 

@@ -93,7 +93,6 @@ TEST_F(StartupTest, OfTheMenusOnlyWhatCanBeDoneCanBeChosen) {
                                              "HelpMenuItem_Printing",
                                              "HelpMenuItem_SlideShow",
                                              "ViewReadmeMenuItem",
-                                             "VisitKestreliaMenuItem",
                                              "AboutMenuItem",
                                              "OpenFolderPopupItem",
                                              "RefreshFolderPopupItem",
