@@ -8,6 +8,7 @@
 #include "platform/services/Shell.h"
 #include "window/CoreState.h"
 #include "window/MainForm.h"
+#include "window/MenuBar.h"
 
 namespace pixorra {
 

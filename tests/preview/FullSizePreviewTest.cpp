@@ -16,14 +16,14 @@ namespace pixorra {
 namespace {
 
 constexpr const char* Small = "C:\\Photos\\small.v2.jpg";  // as large as a window can show it
-constexpr const char* Broken = "C:\\Photos\\broken.jpg";
+constexpr const char* BrokenJpeg = "C:\\Photos\\broken.jpg";
 
 class FullSizePreviewTest : public ProgramTest {
  protected:
   FullSizePreviewTest() {
     drive.Write(Small, JpegPhoto(640, 480));
     drive.SetTime(Small, {2004, 7, 5, 14, 7, 9});
-    drive.Write(Broken, "\xFF\xD8____JFIF and nothing of a photo after it");
+    drive.Write(BrokenJpeg, "\xFF\xD8____JFIF and nothing of a photo after it");
   }
   // A photo of that size, shown.
   void Show(int width, int height) {
@@ -127,11 +127,11 @@ TEST_F(FullSizePreviewTest, APhotoTooSmallForAWindowIsNotShownAndSaysNothing) {
 }
 
 TEST_F(FullSizePreviewTest, APhotoThatCannotBeLoadedBeepsAndLeavesTheWindowBlankWithNoCaption) {
-  DisplayFullSizePreview(main, Broken);
+  DisplayFullSizePreview(main, BrokenJpeg);
   EXPECT_FALSE(IsShown());
   EXPECT_EQ(Beeps(), 1);
   DisplayFullSizePreview(main, Small);
-  for (const char* path : {Broken, "C:\\Photos\\gone.jpg"}) {
+  for (const char* path : {BrokenJpeg, "C:\\Photos\\gone.jpg"}) {
     DisplayFullSizePreview(main, path);
     EXPECT_TRUE(IsShown());
     EXPECT_EQ(Window().Caption(), "");
