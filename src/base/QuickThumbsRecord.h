@@ -20,7 +20,12 @@ inline constexpr std::size_t NameBytes = 100;
 inline constexpr std::size_t KeyOffset = ThumbnailBytes;         // name, length (4 bytes), date (8 bytes)
 inline constexpr std::size_t KeyBytes = NameBytes + 4 + 8;       //
 inline constexpr std::size_t MarkOffset = KeyOffset + KeyBytes;  // 16 bits: 0, or -1 for a dragged photo
-inline constexpr std::size_t FieldsBytes = MarkOffset + 2;       // what follows them has no meaning
+inline constexpr std::size_t FieldsBytes = MarkOffset + 2;       // what follows them has no meaning for others
+// Four characters, EditedNote where the photo has been changed since it was dragged: it has the mark of its former
+// self. Anything else says nothing.
+inline constexpr std::size_t NoteOffset = FieldsBytes;
+inline constexpr std::size_t NoteBytes = 4;
+inline constexpr std::string_view EditedNote = "EDIT";
 // Records are addressed by 32 bits with sign.
 inline constexpr std::int64_t LongestFile = 0x7FFFFFFF;
 

@@ -6,8 +6,8 @@
 #include "base/Definition.h"
 #include "delete/AskedFolder.h"
 #include "delete/DeleteConfirmation.h"
-#include "filmstrip/Marks.h"
 #include "filmstrip/Views.h"
+#include "pictures/MarkedPhoto.h"
 #include "platform/controls/Toolkit.h"
 #include "platform/runtime/Numbers.h"
 #include "window/FilmStripState.h"
@@ -49,7 +49,9 @@ void DeleteDragged(MainForm& main, const std::vector<MarkedSlot>& slots, DeleteR
   for (const MarkedSlot& slot : slots) {
     if (!run.GoesOn()) break;
     if (!IsStillMarked(main.strip, slot)) continue;
-    run.Delete(slot.Photo, LengthWhenMarked(main.strip, slot.Number));
+    run.Delete(
+        slot.Photo, [&] { return IsChangedSinceMarked(main, slot.Number); },
+        "The photo has been changed since it was dragged.");
     if (main.host.toolkit.Ended()) return;
     // Deliberate: also after a failure.
     if (IsStillMarked(main.strip, slot)) EmptySrcSlot(main.strip, slot.Number);

@@ -17,12 +17,6 @@ namespace {
 
 constexpr double EventsPause = 0.05;  // seconds between two turns of the window
 
-// Of a link only the link goes, and of a folder nothing.
-void MustHaveLength(Files& files, const std::string& path, std::optional<std::int64_t> length) {
-  if (length && files.FileExists(path) && !files.IsLink(path) && files.Length(path) != *length)
-    throw RuntimeError(error::PathAccess, "The photo has been changed since it was dragged.");
-}
-
 }  // namespace
 
 DeleteRun::DeleteRun(MainForm& main, const AskedFolder& folder, std::string failure)
@@ -36,11 +30,13 @@ bool DeleteRun::GoesOn() {
   return !stopped_ && !main_.host.toolkit.Ended();
 }
 
-void DeleteRun::Delete(const std::string& path, std::optional<std::int64_t> length) {
+void DeleteRun::Delete(const std::string& path, const std::function<bool()>& another, const char* description) {
   Files& files = main_.host.files;
   std::string failure;
   try {
-    MustHaveLength(files, path, length);
+    folder_.MustBeTheSame();
+    if (another && files.FileExists(path) && !files.IsLink(path) && another())
+      throw RuntimeError(error::PathAccess, description);
     DeletePhoto(files, folder_, path);
     return;
   } catch (const RuntimeError& raised) {

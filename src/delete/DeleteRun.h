@@ -1,8 +1,7 @@
 // A run of deletes: one photo after the other, each failure shown, until it is stopped or at its end.
 #pragma once
 
-#include <cstdint>
-#include <optional>
+#include <functional>
 #include <string>
 
 #include "platform/controls/Form.h"
@@ -22,9 +21,10 @@ class DeleteRun {
   // where the run has been stopped or the program has ended.
   bool GoesOn();
   // Deletes a photo of the folder; a failure is shown in a box, while which events run.
-  void Delete(const std::string& path) { Delete(path, std::nullopt); }
-  // Fails as well for a file that does not have this length, in bytes, any more: it is another photo.
-  void Delete(const std::string& path, std::optional<std::int64_t> length);
+  void Delete(const std::string& path) { Delete(path, {}, ""); }
+  // Fails as well, with the description, where the file is `another` than the one that was asked about. Of a link only
+  // the link goes, and of a folder nothing: these are not asked about.
+  void Delete(const std::string& path, const std::function<bool()>& another, const char* description);
   bool IsStopped() const { return stopped_; }
   // What has been deleted so far stays deleted; nothing more is.
   void Stop() { stopped_ = true; }

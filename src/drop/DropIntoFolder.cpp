@@ -160,7 +160,7 @@ void FinishDrop(MainForm& main, const Drop& drop, const std::string& destination
     ErrorsIgnored([&] { ShowEndOfView(desk); });
     QuickThumbsOf(main).CopyQuickThumb({drop.Photo, stamps.Source, destination, stamps.Copy});
   }
-  ErrorsIgnored([&] { MarkDragged(main, *drop.Source.Get()); });
+  ErrorsIgnored([&] { MarkDragged(main, *drop.Source.Get(), stamps.Source); });
   if (!drop.Source) return;
   // All three or none: an undo must not pair the new file with the photo of a drop before.
   ErrorsIgnored([&] {

@@ -37,6 +37,17 @@ void SetSrcSlotPath(FilmStripState& strip, int slot, const std::string& path) {
   if (!path.empty()) strip.loadedPaths.Add(path, slot);
 }
 
+// The frame tells which of several slots with the photo is meant.
+int SlotOf(const FilmStripState& strip, const std::string& photo) {
+  const auto has = [&](int slot) { return slot >= 1 && slot <= strip.SrcSlotCount && PhotoOf(strip, slot) == photo; };
+  const int selected = OrElse(0, [&] { return SelectedSlot(strip); });
+  if (has(selected)) return selected;
+  for (int i = 1; i <= strip.SrcSlotCount; ++i) {
+    if (has(i)) return i;
+  }
+  return 0;
+}
+
 namespace {
 
 // Pixels: of a thumbnail in its frame, from a thumbnail to its name, and what the canvas has beyond the last
@@ -108,7 +119,7 @@ void AddSrcSlot(MainForm& main, const std::string& path) {
   SetSrcSlotPath(strip, slot, path);
   ShowSrcCount(strip);
   name.SetTag("");
-  if (bDragged) ErrorsIgnored([&] { MarkDragged(main, thumbnail); });
+  if (bDragged) ErrorsIgnored([&] { MarkLoaded(main, thumbnail); });
 }
 
 void UnloadSrcSlot(FilmStripState& strip, int slot) {

@@ -21,6 +21,8 @@ void UnloadSrcSlot(FilmStripState& strip, int slot);
 // A slot's photo has another path now; empty: it is there no longer, and the slot is dead. The only way to set a slot's
 // Tag.
 void SetSrcSlotPath(FilmStripState& strip, int slot, const std::string& path);
+// The selected slot if it has the photo, else the one that has it; 0 where none has.
+int SlotOf(const FilmStripState& strip, const std::string& photo);
 // Puts the three controls of a slot at a shown position, from 0, on the present page, and shows them.
 void PlaceSrcSlot(FilmStripState& strip, int slot, int position);
 // The canvas's width by the last slot.

@@ -1,14 +1,14 @@
 #include "filmstrip/Marks.h"
 
-#include <charconv>
-#include <system_error>
+#include <string>
 
 #include "base/Palette.h"
+#include "base/StampText.h"
 #include "filmstrip/Views.h"
 #include "pictures/DotScreen.h"
+#include "pictures/MarkedPhoto.h"
 #include "pictures/PaintPhoto.h"
 #include "pictures/QuickThumbs.h"
-#include "platform/runtime/Errors.h"
 #include "platform/services/Files.h"
 #include "window/FilmStripState.h"
 #include "window/MainForm.h"
@@ -17,32 +17,47 @@ namespace pixorra {
 
 namespace {
 
-// Kept in the Tag of the slot's frame.
-void NoteLength(MainForm& main, const ImageBox& thumbnail) {
-  main.strip.SrcBackground(thumbnail.Index()).SetTag(OrElse(std::string(), [&] {
-    return std::to_string(main.host.files.Length(thumbnail.Tag()));
-  }));
-}
-
-}  // namespace
-
-std::optional<std::int64_t> LengthWhenMarked(const FilmStripState& strip, int slot) {
-  const std::string& kept = strip.SrcBackground(slot).Tag();
-  std::int64_t length = 0;
-  if (std::from_chars(kept.data(), kept.data() + kept.size(), length).ec != std::errc()) return std::nullopt;
-  return length;
-}
-
-void MarkDragged(MainForm& main, ImageBox& thumbnail) {
+// The photo's stamp, kept in the Tag of the slot's frame; empty where it is not known.
+void ShowMark(MainForm& main, ImageBox& thumbnail, const std::string& stamp) {
   FilmStripState& strip = main.strip;
   ShadeThumbnail(thumbnail);
   Label& name = strip.SrcThumbName(thumbnail.Index());
   name.SetTag("MARK");
   name.SetForeColor(palette::DraggedText);
-  NoteLength(main, thumbnail);
-  QuickThumbsOf(main).SetQuickThumbMark(thumbnail.Tag(), "MARK");
+  strip.SrcBackground(thumbnail.Index()).SetTag(stamp);
+}
+
+void Follow(MainForm& main) {
+  FilmStripState& strip = main.strip;
   if (strip.AutoScrollOption.Value()) strip.AutoScrollPending = true;
   if (strip.RemainingOption.Value()) ArrangeRemaining(main);
+}
+
+void MarkAs(MainForm& main, ImageBox& thumbnail, const std::string& stamp) {
+  ShowMark(main, thumbnail, stamp);
+  const std::string photo = thumbnail.Tag();
+  const QuickThumbs thumbs = QuickThumbsOf(main);
+  thumbs.SetQuickThumbMark(photo, "MARK");
+  // At the next start nothing but the cache tells it from the one that was copied.
+  if (IsChangedSinceMarked(main, thumbnail.Index())) thumbs.NoteEdited(photo);
+  Follow(main);
+}
+
+}  // namespace
+
+void MarkDragged(MainForm& main, ImageBox& thumbnail) {
+  MarkAs(main, thumbnail, StampText(main.host.files, thumbnail.Tag()));
+}
+
+void MarkDragged(MainForm& main, ImageBox& thumbnail, const FileStamp& copied) {
+  MarkAs(main, thumbnail, StampText(copied));
+}
+
+// The cache knows the photo by its length and date: it is as it was when the mark was set.
+void MarkLoaded(MainForm& main, ImageBox& thumbnail) {
+  const bool edited = QuickThumbsOf(main).WasEditedSinceDragged(thumbnail.Tag());
+  ShowMark(main, thumbnail, edited ? std::string() : StampText(main.host.files, thumbnail.Tag()));
+  Follow(main);
 }
 
 int CheckDraggedPhotos(const FilmStripState& strip) {

@@ -1,21 +1,19 @@
 // Marks of photos that have been dragged: shaded, with a grey name, and kept in the cache.
 #pragma once
 
-#include <cstdint>
-#include <optional>
-#include <string>
-
 namespace pixorra {
 
 class ImageBox;
+struct FileStamp;
 struct FilmStripState;
 struct MainForm;
 
-// Marks the slot that the thumbnail belongs to.
+// Marks the slot that the thumbnail belongs to, by hand: of its photo as it is now.
 void MarkDragged(MainForm& main, ImageBox& thumbnail);
-// How long the slot's photo was when it was marked, bytes: it is then that it had been copied. Nothing where that could
-// not be known.
-std::optional<std::int64_t> LengthWhenMarked(const FilmStripState& strip, int slot);
+// After a drop: `copied` is the stamp that the photo had when it was copied.
+void MarkDragged(MainForm& main, ImageBox& thumbnail, const FileStamp& copied);
+// Of a slot that is loaded, whose photo has its mark already.
+void MarkLoaded(MainForm& main, ImageBox& thumbnail);
 // How many slots are marked.
 int CheckDraggedPhotos(const FilmStripState& strip);
 // A double click on a slot marks it, or recovers it.

@@ -150,7 +150,7 @@ PaintedImage PaintImage(MainForm& main, const std::string& path, ImageBox& targe
   Scratch<PictureBox> canvas(main.pictures.TempPic, scratch);
   const Watch<ImageBox> alive(target);
   PaintedImage painted;
-  const bool loaded = LoadPictureFile(main, path, *photo, false);
+  const bool loaded = LoadPictureFile(main, path, *photo, false, &painted.decoded);
   if (!alive) return painted;
   if (loaded) {
     ErrorsIgnored([&] { ComposeImage(main.host, canvas, *photo, target, backColour, painted); });

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "platform/controls/ImageBox.h"
+#include "platform/services/Files.h"
 
 namespace pixorra {
 
@@ -16,6 +17,7 @@ struct PaintedImage {
   int width = 0;  // the photo's own size, pixels; 0 where it cannot be shown
   int height = 0;
   bool ok = false;
+  FileStamp decoded;  // of the file, when the picture was made of it
 };
 // The size, in pixels, in which PaintImage stretches a photo of that size for a target of that size. Raises
 // DivisionByZero for a photo or target without height.

@@ -5,6 +5,7 @@
 #include <memory>
 #include <optional>
 #include <span>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -189,7 +190,7 @@ void QuickThumbs::RenameEntry(const std::string& from, const std::string& to) co
   former.Key = MakeEntryKey(former.Name, former.Length, former.Date);
   const Entry own = FindEntry(former);
   if (own.Record == 0) return;
-  std::vector<std::uint8_t> fields(FieldsBytes);
+  std::vector<std::uint8_t> fields(FieldsBytes + NoteBytes);
   own.Cache->ReadAt(OffsetOf(own.Record), fields.data(), fields.size());
   const auto key = fields.begin() + KeyOffset;
   // Its length and date stay as they are, also where it was found by a date that the photo does not have for others.
@@ -249,8 +250,45 @@ void QuickThumbs::RenameQuickThumb(const std::string& from, const std::string& t
   ErrorsIgnored([&] { RenameEntry(from, to); });
 }
 
+void QuickThumbs::WriteNote(const std::string& path, bool edited) const {
+  const std::optional<Sought> sought = Seek(path);
+  if (!sought) return;
+  const Entry entry = FindEntry(*sought);
+  if (entry.Record == 0) return;
+  const std::int64_t place = OffsetOf(entry.Record) + static_cast<std::int64_t>(NoteOffset);
+  std::array<char, NoteBytes> note{};
+  entry.Cache->ReadAt(place, note.data(), note.size());
+  if ((std::string_view(note.data(), note.size()) == EditedNote) == edited) return;
+  note.fill(0);
+  if (edited) std::ranges::copy(EditedNote, note.begin());
+  entry.Cache->WriteAt(place, note.data(), note.size());
+  index_.Marked(sought->Cache, *entry.Cache);
+}
+
+// The note first: a mark never has that of a mark before.
 void QuickThumbs::SetQuickThumbMark(const std::string& path, const std::string& text) const {
-  ErrorsIgnored([&] { MarkEntry(path, !text.empty()); });
+  ErrorsIgnored([&] {
+    WriteNote(path, false);
+    MarkEntry(path, !text.empty());
+  });
+}
+
+void QuickThumbs::NoteEdited(const std::string& path) const {
+  ErrorsIgnored([&] { WriteNote(path, true); });
+}
+
+bool QuickThumbs::WasEditedSinceDragged(const std::string& path) const {
+  bool edited = false;
+  ErrorsIgnored([&] {
+    const std::optional<Sought> sought = Seek(path);
+    if (!sought) return;
+    const Entry entry = FindEntryToRead(*sought);
+    if (entry.Record == 0) return;
+    std::array<char, NoteBytes> note{};
+    entry.Cache->ReadAt(OffsetOf(entry.Record) + static_cast<std::int64_t>(NoteOffset), note.data(), note.size());
+    edited = std::string_view(note.data(), note.size()) == EditedNote;
+  });
+  return edited;
 }
 
 void QuickThumbs::ClearQuickThumbMark(const std::string& path) const {

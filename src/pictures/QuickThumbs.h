@@ -53,6 +53,11 @@ class QuickThumbs {
   void RenameQuickThumb(const std::string& from, const std::string& to) const;
   // An empty text clears the mark, any other sets it; without an entry nothing changes.
   void SetQuickThumbMark(const std::string& path, const std::string& text) const;
+  // The mark of a photo that has been changed since it was dragged, to be called after the mark is set. It ends when
+  // the mark is set or cleared the next time.
+  void NoteEdited(const std::string& path) const;
+  // The photo has a mark that NoteEdited was called for.
+  bool WasEditedSinceDragged(const std::string& path) const;
   // Clears the photo's mark; that is on stable storage when this returns.
   void ClearQuickThumbMark(const std::string& path) const;
   // Clears the marks of all photos of a folder. Only the cache file is looked at, not the photos: a camera would fetch
@@ -79,6 +84,7 @@ class QuickThumbs {
   void RenameEntry(const std::string& from, const std::string& to) const;
   // The cache that the mark was written to; null where there is no entry.
   std::unique_ptr<File> MarkEntry(const std::string& path, bool dragged) const;
+  void WriteNote(const std::string& path, bool edited) const;
 
   Files& files_;
   Places& places_;

@@ -2,7 +2,9 @@
 
 #include "base/ExeFileInfo.h"
 #include "base/ShownNames.h"
+#include "base/StampText.h"
 #include "pictures/DotScreen.h"
+#include "pictures/MarkedPhoto.h"
 #include "pictures/PaintPhoto.h"
 #include "pictures/QuickThumbs.h"
 #include "platform/runtime/Errors.h"
@@ -42,38 +44,36 @@ void ShowCaption(PreviewState& preview) {
 }
 
 // The selected thumbnail of the film strip takes the photo as it now is, with its mark.
-void RepaintSrcThumbnail(MainForm& main) {
+void RepaintSrcThumbnail(MainForm& main, const std::string& edited) {
   FilmStripState& strip = main.strip;
   const int i = SelectedSlot(strip);
+  // The frame may be on another than the pane shows, and another may be selected while a message about this one is up.
+  if (PhotoOf(strip, i) != edited) return;
   ImageBox& thumbnail = strip.SrcThumbnail(i);
   const Watch<ImageBox> alive(thumbnail);
-  // Another may be selected while a message about this one is up.
-  const std::string photo = SelectedPhoto(main.preview);
   bool bDragged = false;
-  PaintThumbnail(main, thumbnail, photo, bDragged);
+  PaintThumbnail(main, thumbnail, SelectedPhoto(main.preview), bDragged);
   if (!alive) return;
   const std::string mark = strip.SrcThumbName(i).Tag();
   if (!mark.empty()) ShadeThumbnail(thumbnail);
   // A changed photo has a new entry, which takes over the mark.
-  QuickThumbsOf(main).SetQuickThumbMark(thumbnail.Tag(), mark);
+  QuickThumbsOf(main).SetQuickThumbMark(edited, mark);
+  if (!mark.empty() && IsChangedSinceMarked(main, i)) QuickThumbsOf(main).NoteEdited(edited);
 }
 
-void RepaintDestThumbnail(MainForm& main) {
+void RepaintDestThumbnail(MainForm& main, const std::string& edited) {
   const int i = SelectedCell(main.desk);
-  const std::string photo = SelectedPhoto(main.preview);
+  if (PhotoOf(main.desk, i) != edited) return;
   bool bDragged = false;
-  PaintThumbnail(main, main.desk.DestThumbnail(i), photo, bDragged);
+  PaintThumbnail(main, main.desk.DestThumbnail(i), SelectedPhoto(main.preview), bDragged);
 }
 
 // Of a photo that cannot be shown: its file is there and has changed since it could not be shown the last time. An
 // editor is in the middle of it then, and the photo is looked at again.
 bool IsBeingSaved(MainForm& main, const std::string& photo) {
   Timer& timer = main.preview.AutoPicPreviewTimer;
-  const std::string now = OrElse(std::string(), [&] {
-    const FileStamp stamp = main.host.files.Open(photo, OpenMode::Read)->Stamp();
-    return photo + "|" + std::to_string(stamp.Length) + "|" + std::to_string(stamp.Seconds) + "|" +
-           std::to_string(stamp.Nanoseconds);
-  });
+  const std::string stamp = StampText(main.host.files, photo);
+  const std::string now = stamp.empty() ? stamp : photo + "|" + stamp;
   const bool changed = !now.empty() && now != timer.Tag();
   timer.SetTag(now);
   return changed;
@@ -98,6 +98,8 @@ void PaintPicPreview(MainForm& main, const std::string& file) {
     ShowCaption(preview);
     preview.PicPreview.SetTag("");
   }
+  // What the picture was made of.
+  preview.PicPreviewSize.SetTag(painted.ok ? StampText(painted.decoded) : std::string());
   preview.PicPreviewSize.SetToolTipText(main.host.files.ShownPath(path));
   preview.PicPreview.SetToolTipText("Double-Click to Edit with \"" + EditorName(main, path) + "\"");
   main.strip.ThumbsTimer.SetEnabled(true);
@@ -158,8 +160,8 @@ void AutoPicPreviewTimer_Timer(MainForm& main) {
     preview.PicPreview.SetTag(photo);
     return;
   }
-  if (main.strip.SrcThumbFrame.Visible()) RepaintSrcThumbnail(main);
-  if (main.desk.DestThumbFrame.Visible()) RepaintDestThumbnail(main);
+  if (main.strip.SrcThumbFrame.Visible()) RepaintSrcThumbnail(main, photo);
+  if (main.desk.DestThumbFrame.Visible()) RepaintDestThumbnail(main, photo);
 }
 
 }  // namespace pixorra

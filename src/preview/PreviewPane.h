@@ -7,7 +7,8 @@ namespace pixorra {
 
 struct MainForm;
 
-// The photo becomes the selected one; one that cannot be shown leaves none selected.
+// The photo becomes the selected one; one that cannot be shown leaves none selected. The caption's Tag is the StampText
+// of the file that the picture was made of.
 void PaintPicPreview(MainForm& main, const std::string& file);
 // Back to the logo: no photo is selected. The pane's tool tips become the window's caption, or the text given.
 void ResetPreview(MainForm& main);

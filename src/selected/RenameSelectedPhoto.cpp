@@ -71,17 +71,6 @@ struct Renamed {
   std::string Folder;  // of both, without a final backslash
 };
 
-// The selected slot if it has the photo, else the one that has it; 0 where none has.
-int SlotOf(const FilmStripState& strip, const std::string& photo) {
-  const auto has = [&](int slot) { return slot >= 1 && slot <= strip.SrcSlotCount && PhotoOf(strip, slot) == photo; };
-  const int selected = OrElse(0, [&] { return SelectedSlot(strip); });
-  if (has(selected)) return selected;
-  for (int i = 1; i <= strip.SrcSlotCount; ++i) {
-    if (has(i)) return i;
-  }
-  return 0;
-}
-
 void ShowName(MainForm& main, Label& name, const std::string& path) {
   name.SetCaption(ShownBaseName(main.host.files, path));
   name.SetToolTipText(ShownFileName(main.host.files, path));

@@ -1,6 +1,7 @@
 // Deleting all photos that have been dragged: only those that were counted, each failure shown, and ways to stop.
 #include <gmock/gmock.h>
 
+#include "filmstrip/Marks.h"
 #include "tests/delete/DeleteTest.h"
 #include "tests/platform/posix/OrdinaryUser.h"
 
@@ -23,7 +24,7 @@ class DeleteDraggedFormTest : public DeleteTest {
     const std::string folder = "C:\\Strip of " + std::to_string(count);
     for (int i = 0; i < count; ++i) drive.Write(folder + "\\" + std::to_string(1000 + i) + ".bmp", "");
     LoadStrip({}, folder);
-    for (int i = 1; i <= count; ++i) strip.SrcThumbName(i).SetTag("MARK");
+    for (int i = 1; i <= count; ++i) MarkDragged(main, strip.SrcThumbnail(i));
     return folder;
   }
   // `first` happens while the question is up.
@@ -33,6 +34,25 @@ class DeleteDraggedFormTest : public DeleteTest {
   }
   void ExpectFailure(const std::string& name, const std::string& why, BoxAnswer answer = BoxAnswer::Ok) {
     person.ExpectBox(DraggedFailed, Photo(name) + "\n\n" + why, answer);
+  }
+  void ExpectChanged(const std::string& name) {
+    ExpectFailure(name, "The photo has been changed since it was dragged.");
+  }
+  // As the next start of the program loads it.
+  void ReloadStrip() {
+    strip.SrcLoadedPath.clear();
+    run.Wait(0.1);
+    run.LoadAll();
+  }
+  // An outside editor is started for the photo of the slot and saves it so; the program sees that.
+  void Edit(int slot, const std::string& bytes) {
+    SelectInStrip(slot);
+    main.preview.bPicEdited = true;
+    drive.Write(SelectedPhoto(main.preview), bytes);
+    drive.SetTime(SelectedPhoto(main.preview), {2031, 5, 6, 7, 8, 9, 0});
+    run.Wait(1.1);
+    main.preview.bPicEdited = false;
+    run.LoadAll();
   }
   // The photo becomes write-protected on the disk.
   void Protect(const std::string& name) { drive.SetMode(Photo(name), 0444); }
@@ -193,6 +213,81 @@ TEST_F(DeleteDraggedFormTest, MarksOfAnEarlierSessionAreGoodForWhatIsThereWhenTh
   ExpectFailure("a.bmp", "The photo has been changed since it was dragged.");
   DeleteThem();
   EXPECT_THAT(FilesIn("C:\\Strip"), ElementsAre("a.bmp"));
+}
+
+TEST_F(DeleteDraggedFormTest, AnotherPhotoOfTheSameLengthThatHasTakenADraggedOnesNameStays) {
+  LoadMarked({"a.bmp", "b.bmp"}, {1, 2});
+  MakePhoto(Photo("a.bmp"), 0x00FF0000);
+  drive.SetTime(Photo("a.bmp"), {2031, 5, 6, 7, 8, 9, 0});
+  ExpectChanged("a.bmp");
+  DeleteThem();
+  EXPECT_THAT(FilesIn("C:\\Strip"), ElementsAre("a.bmp"));
+}
+
+TEST_F(DeleteDraggedFormTest, APhotoOfWhichNothingIsKnownSinceItWasDraggedStays) {
+  LoadMarked({"a.bmp", "b.bmp"}, {1});
+  strip.SrcThumbName(2).SetTag("MARK");
+  ExpectChanged("b.bmp");
+  DeleteThem();
+  EXPECT_THAT(FilesIn("C:\\Strip"), ElementsAre("b.bmp"));
+}
+
+TEST_F(DeleteDraggedFormTest, APhotoThatIsReplacedWhileItsDropAsksAboutADuplicateStays) {
+  LoadStrip({"a.bmp"});
+  main.preferences.DuplicatesAskOption.SetValue(true);
+  const int slot = OpenWith("Family", {"same.bmp"});
+  drive.Write(Folder("Family") + "\\same.bmp", drive.Read(Photo("a.bmp")));
+  desk.DestFolderFiles(slot).Refresh();
+  person.ExpectForm("DuplicateAskForm", [&](Person& hand, Form& form) {
+    drive.Write(Photo("a.bmp"), BmpPhoto(8, 8));
+    hand.Click(Find<CommandButton>(form, "IgnoreButton"));
+  });
+  person.Drag(strip.SrcThumbnail(1), desk.DestFolderPreview(slot));
+  run.LoadAll();
+  ExpectChanged("a.bmp");
+  DeleteThem();
+  EXPECT_THAT(FilesIn("C:\\Strip"), ElementsAre("a.bmp"));
+}
+
+TEST_F(DeleteDraggedFormTest, APhotoThatWasEditedAfterItWasDraggedStays) {
+  LoadMarked({"a.bmp", "b.bmp"}, {1, 2});
+  Edit(1, BmpPhoto(8, 8));
+  ASSERT_TRUE(IsMarked(strip, 1));
+  ExpectChanged("a.bmp");
+  DeleteThem();
+  EXPECT_THAT(FilesIn("C:\\Strip"), ElementsAre("a.bmp"));
+}
+
+TEST_F(DeleteDraggedFormTest, APhotoThatWasEditedAfterItWasDraggedStaysAtTheNextStartToo) {
+  LoadMarked({"a.bmp", "b.bmp"}, {1, 2});
+  Edit(1, BmpPhoto(8, 8));
+  ReloadStrip();
+  ReloadStrip();
+  ASSERT_TRUE(IsMarked(strip, 1));
+  ExpectChanged("a.bmp");
+  DeleteThem();
+  EXPECT_THAT(FilesIn("C:\\Strip"), ElementsAre("a.bmp"));
+}
+
+TEST_F(DeleteDraggedFormTest, AnEditedPhotoThatIsMarkedOnceMoreCanBeDeleted) {
+  LoadMarked({"a.bmp", "b.bmp"}, {1, 2});
+  Edit(1, BmpPhoto(8, 8));
+  Mark(1);
+  Mark(1);
+  ReloadStrip();
+  DeleteThem();
+  EXPECT_THAT(FilesIn("C:\\Strip"), IsEmpty());
+}
+
+TEST_F(DeleteDraggedFormTest, APhotoThatAnEditorIsStartedForAndThatStaysAsItWasCanBeDeletedAtTheNextStart) {
+  LoadMarked({"a.bmp"}, {1});
+  SelectInStrip(1);
+  main.preview.bPicEdited = true;
+  run.Wait(2.1);
+  main.preview.bPicEdited = false;
+  ReloadStrip();
+  DeleteThem();
+  EXPECT_THAT(FilesIn("C:\\Strip"), IsEmpty());
 }
 
 TEST_F(DeleteDraggedFormTest, OfALinkThatHasTakenAPhotosNameOnlyTheLinkGoes) {
