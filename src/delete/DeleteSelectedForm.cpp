@@ -1,18 +1,20 @@
 #include "delete/DeleteSelectedForm.h"
 
-#include <optional>
 #include <string>
 
 #include "base/Routines.h"
 #include "base/ShownNames.h"
+#include "base/StampText.h"
 #include "delete/AskedFolder.h"
 #include "delete/DeleteConfirmation.h"
 #include "desktop/OpenFolderView.h"
 #include "desktop/ShownFolders.h"
+#include "filmstrip/Listing.h"
 #include "filmstrip/Views.h"
 #include "platform/controls/Toolkit.h"
 #include "platform/runtime/Errors.h"
 #include "platform/services/Dialogs.h"
+#include "preview/FullSizePreview.h"
 #include "preview/PreviewPane.h"
 #include "window/CoreState.h"
 #include "window/DesktopState.h"
@@ -36,19 +38,18 @@ constexpr DeleteConfirmation::Texts Texts{.Form = "DeleteSelectedForm",
                                           .Subject = "PhotoName",
                                           .Button = "&Delete it"};
 
-// Nothing for a file that cannot be opened.
-std::optional<FileStamp> StampOf(Files& files, const std::string& path) {
-  return OrElse(std::optional<FileStamp>(), [&] { return files.Open(path, OpenMode::Read)->Stamp(); });
-}
-
-// The photo that the form shows, as it is when it shows it.
+// The photo that the form shows. Of one that cannot be shown it is the name, and the file as it is then.
 struct ShownPhoto {
-  ShownPhoto(Files& files, const std::string& path)
-      : Path(path), Folder(files, ParentPathOf(path)), Stamp(StampOf(files, path)) {}
+  ShownPhoto(MainForm& main, const std::string& path)
+      : Path(path),
+        Folder(main.host.files, ParentPathOf(path)),
+        InPane(path == SelectedPhoto(main.preview)),
+        Stamp(InPane ? main.preview.PicPreviewSize.Tag() : StampText(main.host.files, path)) {}
 
   std::string Path;
   AskedFolder Folder;
-  std::optional<FileStamp> Stamp;
+  bool InPane;
+  std::string Stamp;
 };
 
 // A photo that cannot be shown is not the selected one for the pane; its frame in the film strip is there all the same.
@@ -61,7 +62,10 @@ std::string PhotoToDelete(MainForm& main) {
 // Another file may have taken the photo's name while the question was up: nobody was asked about that one. A link in
 // its place goes by itself.
 void Delete(Files& files, const ShownPhoto& photo) {
-  if (files.FileExists(photo.Path) && !files.IsLink(photo.Path) && StampOf(files, photo.Path) != photo.Stamp)
+  photo.Folder.MustBeTheSame();
+  const bool known = !photo.InPane || !photo.Stamp.empty();
+  if (files.FileExists(photo.Path) && !files.IsLink(photo.Path) &&
+      (!known || StampText(files, photo.Path) != photo.Stamp))
     throw RuntimeError(error::PathAccess, "The photo has been changed since it was shown.");
   DeletePhoto(files, photo.Folder, photo.Path);
   ErrorsIgnored([&] { files.FlushFolder(photo.Folder.Path()); });
@@ -69,8 +73,11 @@ void Delete(Files& files, const ShownPhoto& photo) {
 
 // Deliberate: where film strip and open folder show one folder, the photo is taken for one of the film strip. The slot
 // that was selected there last leaves the strip, and the open folder's cell stays until the view is loaded anew.
-void TakeOutOfStrip(MainForm& main) {
-  EmptySrcSlot(main.strip, SelectedSlot(main.strip));
+void TakeOutOfStrip(MainForm& main, const std::string& photo) {
+  FilmStripState& strip = main.strip;
+  // The frame may be on another slot than that of the pane's photo.
+  const int slot = strip.SrcThumbFrame.Visible() ? SlotOf(strip, photo) : SelectedSlot(strip);
+  if (slot != 0) EmptySrcSlot(strip, slot);
   Redisplay_FilmStrip(main);
 }
 
@@ -86,10 +93,16 @@ void TakeOutOfOpenFolder(MainForm& main, const std::string& photo) {
   ShowNewestPhoto(main, slot, desk.DestFolderFiles(slot).Path(), before);
 }
 
+// The window at full size, where it shows the photo.
+void CloseWindowOf(MainForm& main, const std::string& photo) {
+  if (main.preview.sFullSizeFile == photo) CloseFullSizePreview(main);
+}
+
 void DeleteSelected(MainForm& main, const ShownPhoto& photo) {
   Delete(main.host.files, photo);
-  if (photo.Folder.Path() == StripTrailingBackslash(main.strip.SrcFileList.Path())) {
-    TakeOutOfStrip(main);
+  CloseWindowOf(main, photo.Path);
+  if (!main.strip.NoFilmStrip && photo.Folder.Path() == StripTrailingBackslash(main.strip.SrcFileList.Path())) {
+    TakeOutOfStrip(main, photo.Path);
   } else {
     TakeOutOfOpenFolder(main, photo.Path);
   }
@@ -121,7 +134,7 @@ void DeleteMenuItem_Click(MainForm& main) {
 }
 
 void ShowDeleteSelectedForm(MainForm& main) {
-  const ShownPhoto photo(main.host.files, PhotoToDelete(main));
+  const ShownPhoto photo(main, PhotoToDelete(main));
   DeleteConfirmation form(main, Texts,
                           {.Image = PictureOf(main),
                            .Width = PictureWidth,

@@ -1,6 +1,8 @@
 // Deleting the selected photo: what leaves the disk, the views and the counts, and what is never deleted.
 #include <gmock/gmock.h>
 
+#include "platform/runtime/Errors.h"
+#include "preview/FullSizePreview.h"
 #include "tests/delete/DeleteTest.h"
 #include "window/PicturesState.h"
 
@@ -167,6 +169,62 @@ TEST_F(DeleteSelectedFormTest, AFileThatHasTakenThePhotosNameSinceItWasShownStay
     drive.Write(Photo("a.bmp"), "another photo");
   });
   EXPECT_EQ(drive.Read(Photo("a.bmp")), "another photo");
+}
+
+TEST_F(DeleteSelectedFormTest, AFileThatHasTakenThePhotosNameSinceThePaneShowedItStays) {
+  LoadStrip({"a.bmp"});
+  SelectInStrip(1);
+  drive.Write(Photo("a.bmp"), "another photo");
+  ExpectFailure(Photo("a.bmp"), "The photo has been changed since it was shown.");
+  DeleteIt();
+  EXPECT_EQ(drive.Read(Photo("a.bmp")), "another photo");
+}
+
+TEST_F(DeleteSelectedFormTest, APhotoThatThePaneShowedAndThatCannotBeReadAnyMoreStays) {
+  LoadStrip({"a.bmp"});
+  SelectInStrip(1);
+  run.files.FailAlways(FileCall::OpenToRead, error::DeviceIO);
+  ExpectFailure(Photo("a.bmp"), "The photo has been changed since it was shown.");
+  DeleteIt();
+  EXPECT_TRUE(drive.Exists(Photo("a.bmp")));
+}
+
+TEST_F(DeleteSelectedFormTest, WhereTheFrameIsOnAnotherSlotThanThePanesPhotoTheSlotOfThePhotoLeavesTheStrip) {
+  main.preferences.AutoPreviewCheckBox.SetValue(false);
+  LoadStrip({"a.bmp", "b.bmp"});
+  const int slot = OpenWith("Family", {"x.bmp"});
+  SelectInStrip(1);
+  person.Drag(strip.SrcThumbnail(2), desk.DestFolderPreview(slot));
+  run.LoadAll();
+  ASSERT_EQ(SelectedSlot(strip), 2);
+  ASSERT_EQ(main.preview.PicPreview.Tag(), Photo("a.bmp"));
+  DeleteIt();
+  EXPECT_THAT(FilesIn("C:\\Strip"), ElementsAre("b.bmp"));
+  EXPECT_THAT(ShownInStrip(), ElementsAre("b.bmp"));
+}
+
+TEST_F(DeleteSelectedFormTest, WithoutAFilmStripAPhotoOfItsFormerFolderLeavesTheOpenFolder) {
+  LoadStrip({"a.bmp", "b.bmp"});
+  Select_a_Folder(main, Display_a_New_Folder(main, "C:\\Strip"));
+  strip.NoFilmStrip = true;
+  strip.SrcLoadedPath.clear();
+  run.Wait(0.1);
+  run.LoadAll();
+  ASSERT_EQ(strip.SrcSlotCount, 0);
+  SelectInView(1);
+  DeleteIt();
+  EXPECT_THAT(FilesIn("C:\\Strip"), ElementsAre("b.bmp"));
+  EXPECT_THAT(ShownInView(), ElementsAre("b.bmp"));
+}
+
+TEST_F(DeleteSelectedFormTest, TheWindowAtFullSizeThatShowsThePhotoGoesWithIt) {
+  drive.Write(Photo("big.bmp"), BmpPhoto(640, 480));
+  LoadStrip({"a.bmp"});
+  SelectInStrip(2);
+  DisplayFullSizePreview(main, Photo("big.bmp"));
+  ASSERT_EQ(main.preview.sFullSizeFile, Photo("big.bmp"));
+  DeleteIt();
+  EXPECT_EQ(main.preview.sFullSizeFile, "");
 }
 
 TEST_F(DeleteSelectedFormTest, AFolderThatHasTakenThePhotosNameStaysWithAllInIt) {
