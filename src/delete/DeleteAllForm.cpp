@@ -1,6 +1,8 @@
 #include "delete/DeleteAllForm.h"
 
+#include <cstdint>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "base/Definition.h"
@@ -11,6 +13,7 @@
 #include "filmstrip/Listing.h"
 #include "pictures/QuickThumbs.h"
 #include "platform/controls/Toolkit.h"
+#include "platform/runtime/Errors.h"
 #include "window/FilmStripState.h"
 #include "window/MainForm.h"
 
@@ -30,10 +33,26 @@ constexpr DeleteConfirmation::Texts Texts{
     .Subject = "DeleteAllMessage",
     .Button = "&Delete Film Strip"};
 
-std::vector<std::string> ListedNames(const FileListBox& list) {
-  std::vector<std::string> names;
-  for (int i = 0; i < list.ListCount(); ++i) names.push_back(list.List(i));
-  return names;
+struct ListedPhoto {
+  std::string Path;
+  std::int64_t Length;  // bytes; Unknown
+};
+
+constexpr std::int64_t Unknown = -1;
+
+std::int64_t LengthOf(Files& files, const std::string& path) {
+  return OrElse(Unknown, [&] { return files.Length(path); });
+}
+
+// Deliberate: the length alone. The date is known only of a file that is opened, and a camera may fetch it whole then.
+std::vector<ListedPhoto> ListedPhotos(Files& files, const FileListBox& list) {
+  std::vector<ListedPhoto> photos;
+  for (int i = 0; i < list.ListCount(); ++i) {
+    std::string path = JoinPath(StripTrailingBackslash(list.Path()), list.List(i));
+    const std::int64_t length = LengthOf(files, path);
+    photos.push_back({std::move(path), length});
+  }
+  return photos;
 }
 
 std::string Message(const std::string& shownPath, std::size_t count) {
@@ -54,10 +73,13 @@ void ForgetStrip(FilmStripState& strip) {
   strip.SrcFileList.Refresh();
 }
 
-void DeleteAll(MainForm& main, const AskedFolder& folder, const std::vector<std::string>& names, DeleteRun& run) {
-  for (const std::string& name : names) {
+void DeleteAll(MainForm& main, const AskedFolder& folder, const std::vector<ListedPhoto>& photos, DeleteRun& run) {
+  Files& files = main.host.files;
+  for (const ListedPhoto& photo : photos) {
     if (!run.GoesOn()) break;
-    run.Delete(JoinPath(folder.Path(), name));
+    run.Delete(
+        photo.Path, [&] { return photo.Length == Unknown || LengthOf(files, photo.Path) != photo.Length; },
+        "The photo has been changed since the question.");
   }
   if (main.host.toolkit.Ended()) return;
   run.Flush();
@@ -77,15 +99,15 @@ void DeleteAll(MainForm& main, const AskedFolder& folder, const std::vector<std:
 
 void ShowDeleteAllForm(MainForm& main) {
   const FileListBox& list = main.strip.SrcFileList;
-  const std::vector<std::string> names = ListedNames(list);
+  const std::vector<ListedPhoto> photos = ListedPhotos(main.host.files, list);
   const AskedFolder folder(main.host.files, list.Path());
   DeleteRun run(main, folder, "Unable to delete this Photo");
   DeleteConfirmation form(main, Texts,
                           {.Image = Drawing(main.host, "DeleteAll", PictureSize, PictureSize),
                            .Width = PictureSize,
                            .Height = PictureSize,
-                           .Subject = Message(main.host.files.ShownPath(list.Path()), names.size())});
-  form.Show(run, [&] { DeleteAll(main, folder, names, run); });
+                           .Subject = Message(main.host.files.ShownPath(list.Path()), photos.size())});
+  form.Show(run, [&] { DeleteAll(main, folder, photos, run); });
 }
 
 }  // namespace pixorra

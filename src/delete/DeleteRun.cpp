@@ -35,8 +35,7 @@ void DeleteRun::Delete(const std::string& path, const std::function<bool()>& ano
   std::string failure;
   try {
     folder_.MustBeTheSame();
-    if (another && files.FileExists(path) && !files.IsLink(path) && another())
-      throw RuntimeError(error::PathAccess, description);
+    if (files.FileExists(path) && !files.IsLink(path) && another()) throw RuntimeError(error::PathAccess, description);
     DeletePhoto(files, folder_, path);
     return;
   } catch (const RuntimeError& raised) {

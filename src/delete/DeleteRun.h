@@ -20,10 +20,9 @@ class DeleteRun {
   // To be asked before each photo. Now and then it lets events run: anything may have changed when it returns. False
   // where the run has been stopped or the program has ended.
   bool GoesOn();
-  // Deletes a photo of the folder; a failure is shown in a box, while which events run.
-  void Delete(const std::string& path) { Delete(path, {}, ""); }
-  // Fails as well, with the description, where the file is `another` than the one that was asked about. Of a link only
-  // the link goes, and of a folder nothing: these are not asked about.
+  // Deletes a photo of the folder; a failure is shown in a box, while which events run. It fails as well, with the
+  // description, where the file is `another` than the one that the question was about. Of a link only the link goes,
+  // and of a folder nothing: these are not looked at so.
   void Delete(const std::string& path, const std::function<bool()>& another, const char* description);
   bool IsStopped() const { return stopped_; }
   // What has been deleted so far stays deleted; nothing more is.

@@ -78,6 +78,15 @@ TEST_F(DeleteAllFormTest, APhotoThatCameSinceTheQuestionStaysAndKeepsTheFolder) 
   ExpectNoFilmStrip();
 }
 
+TEST_F(DeleteAllFormTest, AFileThatTookAListedNameSinceTheQuestionStays) {
+  LoadStrip({"a.bmp", "b.bmp"});
+  person.ExpectBox("Unable to delete this Photo",
+                   Photo("a.bmp") + "\n\nThe photo has been changed since the question.");
+  person.ExpectBox(Deleted, OtherFiles);
+  DeleteAll([&](Form&) { drive.Write(Photo("a.bmp"), BmpPhoto(8, 8)); });
+  EXPECT_THAT(FilesIn("C:\\Strip"), ElementsAre("a.bmp"));
+}
+
 TEST_F(DeleteAllFormTest, ATextFileKeepsItselfAndTheFolder) {
   LoadStrip({"a.bmp"});
   drive.Write(Photo("notes.txt"), "kept");

@@ -197,6 +197,16 @@ TEST_F(PreviewPaneTest, TheMenuNamesTheProgramThatEditsTheSelectedPhoto) {
   EXPECT_EQ(main.menu.SelectedEditMenuItem.Caption(), "Edit with \"Brush\"");
 }
 
+TEST_F(PreviewPaneTest, AnEditOfThePanesPhotoLeavesAnotherSlotThatHasTheFrameAsItIs) {
+  drive.Write("C:\\Photos\\other.bmp", BmpOf(PlainBitmap(80, 60, 0x00FF0000)));
+  SelectInStrip("C:\\Photos\\other.bmp");
+  const Picture before = main.strip.SrcThumbnail(1).GetPicture();
+  PaintPicPreview(main, Photo);
+  main.preview.bPicEdited = true;
+  Tick();
+  EXPECT_TRUE(main.strip.SrcThumbnail(1).GetPicture() == before);
+}
+
 // --- what the menu allows --------------------------------------------------------------------------------------------
 
 class SelectedPhotoMenuTest : public PreviewPaneTest {
