@@ -311,6 +311,7 @@ TEST_F(PreviewPaneTest, TheSelectedCellOfTheOpenFolderFollowsAnEditToo) {
   ImageBox& thumbnail = main.desk.DestThumbnail.Load(1);
   thumbnail.SetStretch(true);
   thumbnail.Move(0, 0, 80, 60);
+  thumbnail.SetTag(Photo);
   main.desk.DestThumbFrame.SetTag("1");
   main.desk.DestThumbFrame.SetVisible(true);
   PaintPicPreview(main, Photo);
