@@ -137,25 +137,32 @@ void RefreshLists(DesktopState& desk, int slot) {
   });
 }
 
-void SettleDuplicate(MainForm& main, const Drop& drop, std::string newFile) {
-  if (main.preferences.DuplicatesAllowOption.Value()) return;
+// Returns whether the folder has a copy of the photo then. It has none where the photo is one of the folder's own, by
+// whatever path, and its copy has been deleted again as a duplicate of the photo itself.
+bool SettleDuplicate(MainForm& main, const Drop& drop, std::string newFile) {
+  if (main.preferences.DuplicatesAllowOption.Value()) return true;
+  Files& files = main.host.files;
   const std::string equalFile =
-      FindDuplicate(main.host.files, main.desk.DestFolderFiles(drop.Slot), newFile, &main.drop.seenLengths);
-  if (equalFile.empty()) return;
+      FindDuplicate(files, main.desk.DestFolderFiles(drop.Slot), newFile, &main.drop.seenLengths);
+  if (equalFile.empty()) return true;
+  const bool isPhotoItself = files.IsSameFile(equalFile, drop.Photo);
   ResolveDuplicate(main, equalFile, newFile, drop.Slot);
   if (IsStillPossible(main, drop)) RefreshLists(main.desk, drop.Slot);
+  return !isPhotoItself || files.FileExists(newFile);
 }
 
 // What follows the copy: preview, lists, duplicates (which may delete a file), count, view, mark and the memory of the
-// drop. Each step by itself: one that fails is passed over.
+// drop. Each step by itself: one that fails is passed over. A photo that has no copy is neither marked nor remembered.
 void FinishDrop(MainForm& main, const Drop& drop, const std::string& destination, const CopyStamps& stamps) {
   DesktopState& desk = main.desk;
   if (drop.Slot != TrashcanSlot) ErrorsIgnored([&] { ShowNewArrival(main, drop); });
   if (!IsStillPossible(main, drop)) return;
   RefreshLists(desk, drop.Slot);
-  ErrorsIgnored([&] { SettleDuplicate(main, drop, destination); });
+  bool hasCopy = true;
+  ErrorsIgnored([&] { hasCopy = SettleDuplicate(main, drop, destination); });
   if (!IsStillPossible(main, drop)) return;
   ErrorsIgnored([&] { ShowFolderCount(main.desk, drop.Slot); });
+  if (!hasCopy) return;
   if (drop.Slot == desk.OpenFolderIndex) {
     ErrorsIgnored([&] { ShowEndOfView(desk); });
     QuickThumbsOf(main).CopyQuickThumb({drop.Photo, stamps.Source, destination, stamps.Copy});

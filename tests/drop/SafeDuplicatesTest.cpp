@@ -90,5 +90,43 @@ TEST_F(SafeDuplicatesTest, TheOriginalStaysWhereItBecomesAnotherPhotoWhileTheQue
   EXPECT_EQ(drive.Read(old_), "another photo");
 }
 
+// --- the strip's own folder ------------------------------------------------------------------------------------------
+
+TEST_F(SafeDuplicatesTest, APhotoDroppedIntoItsOwnFolderIsNotMarkedWhereTheCopyGoesAsADuplicate) {
+  LoadStrip({"a.bmp", "b.bmp"});
+  const int slot = Display_a_New_Folder(main, "C:\\Strip");
+  person.Drag(strip.SrcThumbnail(1), desk.DestFolderPreview(slot));
+  EXPECT_FALSE(drive.Exists(Photo("a1.bmp")));
+  EXPECT_TRUE(drive.Exists(Photo("a.bmp")));
+  EXPECT_FALSE(IsMarked(1)) << "there is no copy of it";
+  EXPECT_EQ(main.drop.LastDropFile, "");
+}
+
+TEST_F(SafeDuplicatesTest, ItsOwnFolderIsKnownBehindALinkToo) {
+  LoadStrip({"a.bmp", "b.bmp"});
+  drive.MakeLink(Folder("L"), drive.HostPath("C:\\Strip"));
+  const int slot = Display_a_New_Folder(main, Folder("L"));
+  person.Drag(strip.SrcThumbnail(1), desk.DestFolderPreview(slot));
+  EXPECT_FALSE(drive.Exists(Photo("a1.bmp")));
+  EXPECT_FALSE(IsMarked(1));
+}
+
+TEST_F(SafeDuplicatesTest, APhotoDroppedIntoItsOwnFolderIsMarkedOnlyWhereTheCopyIsKept) {
+  main.preferences.DuplicatesAskOption.SetValue(true);
+  LoadStrip({"a.bmp", "b.bmp"});
+  const int slot = Display_a_New_Folder(main, "C:\\Strip");
+  const auto answer = [this](const std::string& button) {
+    person.ExpectForm("DuplicateAskForm",
+                      [=](Person& hand, Form& form) { hand.Click(Find<CommandButton>(form, button)); });
+  };
+  answer("DeleteDuplicateButton");
+  person.Drag(strip.SrcThumbnail(1), desk.DestFolderPreview(slot));
+  EXPECT_FALSE(IsMarked(1));
+  answer("IgnoreButton");
+  person.Drag(strip.SrcThumbnail(1), desk.DestFolderPreview(slot));
+  EXPECT_TRUE(drive.Exists(Photo("a1.bmp")));
+  EXPECT_TRUE(IsMarked(1));
+}
+
 }  // namespace
 }  // namespace pixorra
