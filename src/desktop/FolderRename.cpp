@@ -14,6 +14,7 @@
 #include "platform/services/Files.h"
 #include "window/CoreState.h"
 #include "window/DesktopState.h"
+#include "window/DropState.h"
 #include "window/FilmStripState.h"
 #include "window/MainForm.h"
 
@@ -83,7 +84,7 @@ void ShowNewPath(MainForm& main, int slot, const std::string& path) {
   desk.DestLoadedPath.clear();
 }
 
-// Other slots that show the folder or one in it, and the folders used last.
+// Other slots that show the folder or one in it, the folders used last, and the memory of the last drop.
 void LetOthersFollow(MainForm& main, int renamed, const std::string& from, const std::string& to) {
   for (int i = 1; i <= FolderSlots; ++i) {
     if (i == renamed || !IsSlotInUse(main.desk, i)) continue;
@@ -96,6 +97,9 @@ void LetOthersFollow(MainForm& main, int renamed, const std::string& from, const
     if (path.empty()) continue;
     previous.RemoveItem(i);
     previous.AddItem(path, i);
+  }
+  for (std::string* known : {&main.drop.LastDropFile, &main.drop.LastDropPhoto}) {
+    if (std::string path = Followed(*known, from, to); !path.empty()) *known = std::move(path);
   }
 }
 

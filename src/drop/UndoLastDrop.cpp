@@ -32,6 +32,10 @@ namespace pixorra {
 
 namespace {
 
+constexpr const char* AnotherFile = "This is no longer the file that was made, and it stays.";
+constexpr const char* PhotoGone = "The photo that was dropped is no longer where it was, so the copy stays.";
+constexpr const char* StillMarked = "The photo's mark could not be taken off, so the copy stays.";
+
 // What is undone, as it was when the undo began: what runs meanwhile may remember another drop.
 struct LastDrop {
   explicit LastDrop(const DropState& drop)
@@ -75,16 +79,16 @@ int SourceSlot(const FilmStripState& strip, const LastDrop& drop) {
   return 0;
 }
 
-// It may have been renamed since.
-std::string SourcePhoto(const FilmStripState& strip, const LastDrop& drop) {
-  const int slot = SourceSlot(strip, drop);
-  return slot != 0 ? PhotoOf(strip, slot) : drop.Photo;
+// The photo that was dropped; empty after a paste. It, or its folder, may have been renamed since.
+std::string SourcePhoto(MainForm& main, const LastDrop& drop) {
+  const int slot = SourceSlot(main.strip, drop);
+  if (slot == 0) return drop.Photo;
+  std::string photo = PhotoOf(main.strip, slot);
+  return main.host.files.FileExists(photo) || drop.Photo.empty() ? photo : drop.Photo;
 }
 
-// A mark means that there is a copy: it is cleared, for good, before the copy is deleted.
-void ClearMark(MainForm& main, const LastDrop& drop) {
-  const std::string photo = SourcePhoto(main.strip, drop);
-  if (!photo.empty()) QuickThumbsOf(main).ClearQuickThumbMark(photo);
+bool CanBeLookedAt(Files& files, const std::string& photo) {
+  return ErrorsIgnored([&] { files.Open(photo, OpenMode::Read); }) == error::None;
 }
 
 // Two files, every byte of which is the same.
@@ -99,9 +103,10 @@ bool HoldSameBytes(Files& files, const std::string& a, const std::string& b) {
 }
 
 // The file is compared with the photo if that is there still and unchanged: a file can be edited with its date kept,
-// and some disks number a file anew after a while. Otherwise the file must be the very one that was made.
-bool IsWhatWasMade(Files& files, const LastDrop& drop, const std::string& photo) {
-  bool isSame = files.Open(drop.File, OpenMode::Read)->Stamp() == drop.Stamp;
+// and some disks number a file anew after a while. Otherwise the file must be the very one that was made. `now` is the
+// stamp that the file has.
+bool IsWhatWasMade(Files& files, const LastDrop& drop, const std::string& photo, const FileStamp& now) {
+  bool isSame = now == drop.Stamp;
   ErrorsIgnored([&] {
     if (!photo.empty() && files.Open(photo, OpenMode::Read)->Stamp() == drop.PhotoStamp)
       isSame = HoldSameBytes(files, drop.File, photo);
@@ -109,15 +114,35 @@ bool IsWhatWasMade(Files& files, const LastDrop& drop, const std::string& photo)
   return isSame && !files.IsLink(drop.File);
 }
 
+FileStamp StampOf(Files& files, const std::string& path) {
+  return files.Open(path, OpenMode::Read)->Stamp();
+}
+
+// `photo` is empty after a paste.
 void DeleteWhatWasMade(Files& files, const LastDrop& drop, const std::string& photo) {
-  if (!IsWhatWasMade(files, drop, photo))
-    throw RuntimeError(error::PathAccess, "This is no longer the file that was made, and it stays.");
+  const FileStamp before = StampOf(files, drop.File);
+  if (!IsWhatWasMade(files, drop, photo, before)) throw RuntimeError(error::PathAccess, AnotherFile);
   // Deliberate: a file that is write-protected stays, also where the host would delete it.
   if ((files.Attributes(drop.File).value_or(attribute::Normal) & attribute::ReadOnly) != 0)
     throw RuntimeError(error::PathAccess);
+  // The comparison of large photos takes its time.
+  if (!photo.empty() && (!CanBeLookedAt(files, photo) || files.IsSameFile(photo, drop.File)))
+    throw RuntimeError(error::PathAccess, PhotoGone);
+  if (StampOf(files, drop.File) != before || files.IsLink(drop.File))
+    throw RuntimeError(error::PathAccess, AnotherFile);
   files.Delete(drop.File);
   // What a power cut brings back then is a copy too many.
   ErrorsIgnored([&] { files.FlushFolder(ParentPathOf(drop.File)); });
+}
+
+// Returns why the copy stays; empty: it is deleted.
+std::string TakeBack(Files& files, const LastDrop& drop, const std::string& photo) {
+  try {
+    DeleteWhatWasMade(files, drop, photo);
+  } catch (const RuntimeError& why) {
+    return why.Description();
+  }
+  return {};
 }
 
 void ShowFailure(MainForm& main, const LastDrop& drop, const std::string& description) {
@@ -224,13 +249,15 @@ void UndoLastDrop(MainForm& main) {
   LastDrop drop(main.drop);
   const std::string remembered = drop.File;
   FollowFolder(main, drop);
-  ClearMark(main, drop);
-  std::string failure;
-  try {
-    DeleteWhatWasMade(main.host.files, drop, SourcePhoto(main.strip, drop));
-  } catch (const RuntimeError& why) {
-    failure = why.Description();
+  const std::string photo = SourcePhoto(main, drop);
+  const bool photoThere = photo.empty() || CanBeLookedAt(main.host.files, photo);
+  // A mark means that there is a copy: it is cleared, for good, before the copy is deleted.
+  if (photoThere && !photo.empty() && !QuickThumbsOf(main).ClearQuickThumbMark(photo)) {
+    // Nothing is undone, and it can be tried again.
+    ShowFailure(main, drop, StillMarked);
+    return;
   }
+  const std::string failure = photoThere ? TakeBack(main.host.files, drop, photo) : PhotoGone;
   if (!failure.empty()) ShowFailure(main, drop, failure);
   Toolkit& toolkit = main.host.toolkit;
   if (toolkit.Ended()) return;

@@ -206,16 +206,23 @@ void QuickThumbs::RenameEntry(const std::string& from, const std::string& to) co
   }
 }
 
-std::unique_ptr<File> QuickThumbs::MarkEntry(const std::string& path, bool dragged) const {
-  const std::optional<Sought> sought = Seek(path);
-  if (!sought) return nullptr;
-  Entry entry = FindEntry(*sought);
-  if (entry.Record == 0) return nullptr;
+// `entry` has a record.
+void QuickThumbs::MarkEntry(const Sought& sought, const Entry& entry, bool dragged) const {
   const std::uint8_t half = dragged ? 0xFF : 0;
   const std::array<std::uint8_t, 2> mark{half, half};
   entry.Cache->WriteAt(OffsetOf(entry.Record) + static_cast<std::int64_t>(MarkOffset), mark.data(), mark.size());
-  index_.Marked(sought->Cache, *entry.Cache);
-  return std::move(entry.Cache);
+  index_.Marked(sought.Cache, *entry.Cache);
+}
+
+// By a cache that is only read. Raises where it cannot be.
+bool QuickThumbs::MayBeMarked(const Sought& sought) const {
+  // No marks are read through a link.
+  if (files_.LookAtName(sought.Cache) == NameState::Free || files_.IsLink(sought.Cache)) return false;
+  const Entry entry = FindEntry(sought, OpenMode::Read);
+  if (entry.Record == 0) return false;
+  std::array<std::uint8_t, 2> mark{};
+  entry.Cache->ReadAt(OffsetOf(entry.Record) + static_cast<std::int64_t>(MarkOffset), mark.data(), mark.size());
+  return mark[0] != 0 || mark[1] != 0;
 }
 
 bool QuickThumbs::ReadQuickThumb(const std::string& path, ImageBox& target, bool& bDragged) const {
@@ -269,7 +276,10 @@ void QuickThumbs::WriteNote(const std::string& path, bool edited) const {
 void QuickThumbs::SetQuickThumbMark(const std::string& path, const std::string& text) const {
   ErrorsIgnored([&] {
     WriteNote(path, false);
-    MarkEntry(path, !text.empty());
+    const std::optional<Sought> sought = Seek(path);
+    if (!sought) return;
+    const Entry entry = FindEntry(*sought);
+    if (entry.Record != 0) MarkEntry(*sought, entry, !text.empty());
   });
 }
 
@@ -291,10 +301,25 @@ bool QuickThumbs::WasEditedSinceDragged(const std::string& path) const {
   return edited;
 }
 
-void QuickThumbs::ClearQuickThumbMark(const std::string& path) const {
-  ErrorsIgnored([&] {
-    if (const std::unique_ptr<File> cache = MarkEntry(path, false)) cache->Flush();
+bool QuickThumbs::ClearQuickThumbMark(const std::string& path) const {
+  bool unmarked = false;
+  const int failure = ErrorsIgnored([&] {
+    const std::optional<Sought> sought = Seek(path);
+    Entry entry;
+    if (!sought) {
+      unmarked = true;
+    } else if (ErrorsIgnored([&] { entry = FindEntry(*sought); }) != error::None) {
+      unmarked = !MayBeMarked(*sought);
+    } else {
+      if (entry.Record != 0) {
+        MarkEntry(*sought, entry, false);
+        entry.Cache->Flush();
+      }
+      unmarked = true;
+    }
   });
+  // One of 2 GiB and more never has an entry.
+  return unmarked || failure == error::Overflow;
 }
 
 void QuickThumbs::ClearQuickThumbMarks(const std::string& folder) const {

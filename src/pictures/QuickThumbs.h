@@ -58,8 +58,9 @@ class QuickThumbs {
   void NoteEdited(const std::string& path) const;
   // The photo has a mark that NoteEdited was called for.
   bool WasEditedSinceDragged(const std::string& path) const;
-  // Clears the photo's mark; that is on stable storage when this returns.
-  void ClearQuickThumbMark(const std::string& path) const;
+  // Clears the photo's mark, on stable storage. False where the photo may be marked still, or cannot be looked at; a
+  // photo without an entry, or without a mark in a cache that cannot be written, has none.
+  bool ClearQuickThumbMark(const std::string& path) const;
   // Clears the marks of all photos of a folder. Only the cache file is looked at, not the photos: a camera would fetch
   // each of them whole.
   void ClearQuickThumbMarks(const std::string& folder) const;
@@ -82,8 +83,8 @@ class QuickThumbs {
   void AddEntry(const std::string& path, const Picture& picture, const FileStamp& decoded) const;
   void CopyEntry(const CopiedPhoto& photo) const;
   void RenameEntry(const std::string& from, const std::string& to) const;
-  // The cache that the mark was written to; null where there is no entry.
-  std::unique_ptr<File> MarkEntry(const std::string& path, bool dragged) const;
+  void MarkEntry(const Sought& sought, const Entry& entry, bool dragged) const;
+  bool MayBeMarked(const Sought& sought) const;
   void WriteNote(const std::string& path, bool edited) const;
 
   Files& files_;

@@ -123,7 +123,7 @@ void RenameMenuItem_Click(MainForm& main) {
   // On the disk it is done: what follows from that must be shown, whatever a step raises.
   ErrorsIgnored([&] { FollowInStrip(main, photo); });
   ErrorsIgnored([&] { FollowOnDesktop(main, photo); });
-  Follow(main.drop.LastDropFile, photo);
+  for (std::string* path : {&main.drop.LastDropFile, &main.drop.LastDropPhoto}) Follow(*path, photo);
   PaintPicPreview(main, to);
 }
 

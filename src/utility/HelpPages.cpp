@@ -33,7 +33,8 @@ constexpr const char* GeneralPages[] = {
     "a folder like a photo. Press Esc to stop it. The keys 1 to 8\n"
     "drop the selected photo into that folder, 9 into the Trashcan.\n"
     "'Undo Last' deletes the copy that the last drop, or the last\n"
-    "'PASTE from Clipboard', has made, and no other file.",
+    "'PASTE from Clipboard', has made, and no other file. It\n"
+    "stays where the photo that was dropped has gone since.",
 };
 
 constexpr const char* SelectFilmStripPages[] = {
