@@ -32,6 +32,7 @@ constexpr int PastedQuality = 90;
 constexpr int MostJpegPixels = 65500;  // a side
 // A folder that takes none of so many names, though they looked free, takes none.
 constexpr int MostNames = 100;
+constexpr std::size_t KnownBy = 16;  // bytes at its start
 
 // The folder that the picture is pasted into. Dialogs let events run: it may be off the Desktop when they return.
 struct Place {
@@ -138,19 +139,20 @@ void DeleteOwn(Files& files, const std::string& path, File& own) {
 }  // namespace
 
 FileStamp WriteNewFile(Files& files, const std::string& path, const std::vector<std::uint8_t>& bytes) {
-  // It has its name only once it is whole. One that a death in the middle has left is taken over.
-  const std::string unnamed = JoinPath(ParentPathOf(path), "$PXR$PST.$$$");
-  const std::unique_ptr<File> file = files.Open(unnamed, OpenMode::Replace);
-  bool named = false;
+  const std::unique_ptr<File> file = files.Open(path, OpenMode::CreateNew);
   try {
-    file->WriteAt(0, bytes.data(), bytes.size());
+    // The first bytes, by which a picture is known, are written when all others are on the disk: what a death in the
+    // middle leaves cannot be taken for a photo.
+    const std::size_t start = std::min(bytes.size(), KnownBy);
+    file->WriteAt(static_cast<std::int64_t>(start), bytes.data() + start, bytes.size() - start);
     file->Flush();
-    files.Rename(unnamed, path);
-    named = true;
+    file->WriteAt(0, bytes.data(), start);
+    file->Flush();
     files.FlushFolder(ParentPathOf(path));
     return file->Stamp();
   } catch (const RuntimeError&) {
-    ErrorsIgnored([&] { DeleteOwn(files, named ? path : unnamed, *file); });
+    ErrorsIgnored([&] { file->Empty(); });
+    ErrorsIgnored([&] { DeleteOwn(files, path, *file); });
     throw;
   }
 }

@@ -1,7 +1,9 @@
 // The clipboard's picture as a new photo of the open folder: its name, its bytes, what is in the way, and what fails.
 #include <gmock/gmock.h>
+#include <unistd.h>
 
 #include "drop/Paste.h"
+#include "pictures/PictureLoader.h"
 #include "platform/codecs/CodecPictures.h"
 #include "platform/runtime/Errors.h"
 #include "tests/drop/UndoTest.h"
@@ -166,7 +168,8 @@ TEST_F(PasteTest, AFolderThatGoesWhileTheNameIsAskedForGetsNothing) {
 TEST_F(PasteTest, ANameThatSomeoneElseTakesInTheLastMomentIsLeftToThem) {
   Put();
   const std::string theirs = Folder("F") + "\\Clipboard.jpg";
-  run.files.BeforeNth(FileCall::Rename, 1, [&] { drive.Write(theirs, "theirs"); });
+  run.files.BeforeNth(
+      FileCall::OpenToWrite, 1, [&] { drive.Write(theirs, "theirs"); }, "F\\Clipboard.jpg");
   Paste();
   EXPECT_EQ(drive.Read(theirs), "theirs");
   EXPECT_EQ(main.drop.LastDropFile, Folder("F") + "\\Clipboard1.jpg");
@@ -282,9 +285,9 @@ TEST_F(PasteTest, AFullDiskAtAnyByteLeavesNoHalfPhoto) {
   }
 }
 
-TEST_F(PasteTest, AFileThatCannotBeWrittenNamedOrFlushedLeavesNothing) {
+TEST_F(PasteTest, AFileThatCannotBeWrittenOrFlushedLeavesNothing) {
   Put();
-  for (const FileCall call : {FileCall::Flush, FileCall::FlushFolder, FileCall::Write, FileCall::Rename}) {
+  for (const FileCall call : {FileCall::Flush, FileCall::FlushFolder, FileCall::Write}) {
     run.files.FailNth(call, 1, error::DeviceIO);
     person.ExpectBox(CannotPaste, Described(Folder("F")));
     Paste();
@@ -295,7 +298,7 @@ TEST_F(PasteTest, AFileThatCannotBeWrittenNamedOrFlushedLeavesNothing) {
 
 TEST_F(PasteTest, AFolderThatCannotBeWrittenToIsTold) {
   Put();
-  run.files.FailAlways(FileCall::OpenToWrite, error::PathAccess, "F\\$PXR");
+  run.files.FailAlways(FileCall::OpenToWrite, error::PathAccess, "F\\Clipboard");
   person.ExpectBox(CannotPaste, Described(Folder("F")));
   Paste();
   EXPECT_EQ(CountOf(1), " Empty");
@@ -318,6 +321,44 @@ TEST_F(PasteTest, AFileOfSomeoneElseThatTookTheNameOfAFailedPasteStays) {
   });
   EXPECT_THROW(WriteNewFile(run.files, path, {1, 2, 3}), RuntimeError);
   EXPECT_EQ(drive.Read(path), "theirs");
+}
+
+TEST_F(PasteTest, NothingElseOfTheFolderIsWrittenToAndNothingIsInTheWay) {
+  Put();
+  Paste();
+  const std::string first = Folder("F") + "\\Clipboard.jpg";
+  const std::string bytes = drive.Read(first);
+  // What an earlier program has left of a paste: a second name of that photo.
+  ASSERT_EQ(link(drive.HostPath(first).c_str(), drive.HostPath(Folder("F") + "\\$PXR$PST.$$$").c_str()), 0);
+  Put(80, 20);
+  Paste();
+  EXPECT_TRUE(drive.Read(first) == bytes);
+  drive.Remove(Folder("F") + "\\$PXR$PST.$$$");
+  drive.Write(Folder("F") + "\\$PXR$PST.$$$\\x", "a folder");
+  Paste();
+  EXPECT_EQ(Pasted("Clipboard1.jpg").Width(), 80);
+  EXPECT_EQ(Pasted("Clipboard2.jpg").Width(), 80);
+}
+
+// What a death in the middle leaves cannot be taken for a photo.
+TEST_F(PasteTest, UntilAllOfItIsOnTheDiskThePastedFileIsNoPicture) {
+  Put();
+  const std::string path = Folder("F") + "\\Clipboard.jpg";
+  const int flushes = run.files.Count(FileCall::Flush);
+  int formatBefore = -1;
+  std::size_t lengthBefore = 0;
+  run.files.BeforeNth(
+      FileCall::Write, 2,
+      [&] {
+        formatBefore = PictureFileFormat(drive.DriveFiles(), path);
+        lengthBefore = drive.Read(path).size();
+        EXPECT_EQ(run.files.Count(FileCall::Flush), flushes + 1);
+      },
+      "F\\Clipboard.jpg");
+  Paste();
+  EXPECT_EQ(formatBefore, 0);
+  EXPECT_EQ(lengthBefore, drive.Read(path).size());
+  EXPECT_EQ(Pasted().Width(), 60);
 }
 
 // --- the memory ------------------------------------------------------------------------------------------------------

@@ -7,6 +7,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include "pictures/PictureLoader.h"
 #include "pictures/QuickThumbs.h"
 #include "pictures/Scratch.h"
 #include "tests/support/TestPictures.h"
@@ -118,11 +119,12 @@ class KillUndoTest : public ProgramTest, public ::testing::WithParamInterface<in
         EXPECT_TRUE(source->second.starts_with(drive.Read(path))) << path;
       } else {
         EXPECT_TRUE(name.starts_with("Clipboard")) << path;
-        EXPECT_TRUE(drive.Read(path) == JpegOf(PlainBitmap(80, 60, 0x00405060), {.quality = 90})) << path;
+        const bool whole = drive.Read(path) == JpegOf(PlainBitmap(80, 60, 0x00405060), {.quality = 90});
+        EXPECT_TRUE(whole || PictureFileFormat(drive.DriveFiles(), path) == 0) << path << " is the half of a photo";
       }
     }
     EXPECT_EQ(drive.DriveFiles().Names(UndoFolder, "*", 0).size(),
-              drive.DriveFiles().Names(UndoFolder, "*.bmp;*.jpg;Thumbnails.tmp;$PXR$PST.$$$", 0).size())
+              drive.DriveFiles().Names(UndoFolder, "*.bmp;*.jpg;Thumbnails.tmp", 0).size())
         << "something else is left in the folder";
   }
   // The next start finds its way, and no mark is without its copy.
