@@ -27,11 +27,6 @@ bool IsTextTyped(const MainForm& main) {
          (focus != nullptr && focus->GetKind() == Kind::TextBox && &focus->GetForm() == &main.Window);
 }
 
-// A drop, or a run of them, that waits for an answer or lets events run.
-bool IsDropping(const MainForm& main) {
-  return main.drop.DropAllRunning || main.Window.MousePointer() == pointer::Hourglass;
-}
-
 // The slot of the strip whose photo is selected; 0 for none.
 int SlotSelected(const FilmStripState& strip) {
   if (!strip.SrcThumbFrame.Visible()) return 0;
@@ -90,7 +85,8 @@ bool RunCommand(MainForm& main, int keyCode, int shift) {
 
 void Form_KeyDown(MainForm& main, int& keyCode, int shift) {
   if (IsTextTyped(main)) return;
-  if (IsDropping(main)) {
+  // It waits for an answer, or lets events run.
+  if (main.drop.DropRunning) {
     // The character that the Esc key makes stops a run.
     if (keyCode != key::Escape) keyCode = 0;
     return;

@@ -46,16 +46,22 @@ struct Drop {
 
 enum class Dropped { OnePhoto, WholeStrip };
 
-// The hourglass is shown from a drop's start to its end, whatever ends it, and DropAllRunning is set during a run.
+// The hourglass is shown and DropRunning is set from a drop's start to its end, whatever ends it, and DropAllRunning
+// during a run.
 class WhileDropping {
  public:
   WhileDropping(MainForm& main, Dropped what)
-      : main_(main), pointer_(main.Window.MousePointer()), running_(main.drop.DropAllRunning) {
+      : main_(main),
+        pointer_(main.Window.MousePointer()),
+        dropping_(main.drop.DropRunning),
+        running_(main.drop.DropAllRunning) {
+    main_.drop.DropRunning = true;
     main_.Window.SetMousePointer(pointer::Hourglass);
     if (what == Dropped::WholeStrip) main_.drop.DropAllRunning = true;
   }
-  // A drop within another one leaves both as the other needs them.
+  // A drop within another one leaves all three as the other needs them.
   ~WhileDropping() {
+    main_.drop.DropRunning = dropping_;
     main_.drop.DropAllRunning = running_;
     main_.Window.SetMousePointer(pointer_);
   }
@@ -65,6 +71,7 @@ class WhileDropping {
  private:
   MainForm& main_;
   int pointer_;
+  bool dropping_;
   bool running_;
 };
 

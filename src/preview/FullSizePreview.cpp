@@ -85,9 +85,10 @@ void DisplayFullSizePreview(MainForm& main, const std::string& file) {
   window.Load();
   if (path.empty()) return;
   main.strip.ThumbsTimer.SetEnabled(false);
+  const int before = main.Window.MousePointer();
   main.Window.SetMousePointer(pointer::Hourglass);
-  const AtExit done([&main] {
-    main.Window.SetMousePointer(pointer::Default);
+  const AtExit done([&main, before] {
+    main.Window.SetMousePointer(before);
     main.strip.ThumbsTimer.SetEnabled(true);
   });
   window.SetCaption("");

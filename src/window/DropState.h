@@ -24,7 +24,8 @@ struct SeenLengths {
 struct DropState {
   explicit DropState(Host& host);
 
-  bool DropAllRunning = false;
+  bool DropRunning = false;     // of one photo or of the whole strip, until it is done
+  bool DropAllRunning = false;  // of the whole strip
   bool DropAllAbort = false;
   std::int16_t LastDropSrcIndex = 0;  // -1 after a paste
   std::int16_t LastDropFolder = 0;    // 0 none

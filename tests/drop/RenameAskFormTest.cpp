@@ -162,6 +162,27 @@ TEST_F(RenameAskFormTest, ATakenNameIsAskedForUntilItIsFree) {
   EXPECT_EQ(main.drop.LastDropFile, Folder("F") + "\\Third.bmp");
 }
 
+TEST_F(RenameAskFormTest, APhotoShownAtFullSizeDuringTheWaitLeavesThePointerAndLetsNoKeyDrop) {
+  LoadStrip({"Other.bmp", "Photo.bmp"});
+  Show("F");
+  AnswerWith("AlwaysName", "Third", "AlwaysNameButton");
+  bool waited = false;
+  person.During([this] { return person.Window("RenameAskForm") == nullptr; },
+                [&] {
+                  waited = true;
+                  person.RightClick(strip.SrcThumbnail(1));
+                  EXPECT_EQ(main.Window.MousePointer(), pointer::Hourglass);
+                  main.Window.SetMousePointer(pointer::Default);
+                  person.Activate(main.Window);
+                  person.Key('1');
+                });
+  person.Drag(strip.SrcThumbnail(2), desk.DestFolderPreview(1));
+  EXPECT_TRUE(waited);
+  EXPECT_TRUE(Has("F", "Third.bmp"));
+  EXPECT_FALSE(Has("F", "Other.bmp"));
+  EXPECT_EQ(main.Window.MousePointer(), pointer::Default);
+}
+
 TEST_F(RenameAskFormTest, ACancelEndsTheDropWithoutAnyEffect) {
   LoadStrip({"Photo.bmp"});
   Show("F");
