@@ -15,11 +15,16 @@ namespace pixorra {
 
 namespace {
 
-bool CopyToClipboard(MainForm& main, const std::string& photo) {
+enum class Outcome { Copied, CannotBeRead, NotTaken, FailedAndTold };
+
+Outcome CopyToClipboard(MainForm& main, const std::string& photo) {
   const Scratch<ImageBox> loaded(main.pictures.TempImage, NextScratchIndex(main.pictures));
-  if (!LoadPictureFile(main, photo, *loaded, false)) return false;
+  bool told = false;
+  if (!LoadPictureFile(main, photo, *loaded, false, nullptr, &told))
+    return told ? Outcome::FailedAndTold : Outcome::CannotBeRead;
   const Picture picture = loaded->GetPicture();
-  return ErrorsIgnored([&] { main.host.clipboard.SetBitmap(picture); }) == error::None;
+  const int failure = ErrorsIgnored([&] { main.host.clipboard.SetBitmap(picture); });
+  return failure == error::None ? Outcome::Copied : Outcome::NotTaken;
 }
 
 }  // namespace
@@ -30,10 +35,16 @@ void CopyMenuItem_Click(MainForm& main) {
   if (photo.empty()) return;
   ConfirmForm& notice = ConfirmForm::Of(main);
   // Another photo may have been copied meanwhile.
-  if (!notice.ConfirmClipboard() || CopyToClipboard(main, photo)) return;
+  if (!notice.ConfirmClipboard()) return;
+  const Outcome outcome = CopyToClipboard(main, photo);
+  if (outcome == Outcome::Copied || main.host.toolkit.Ended()) return;
   notice.Window.Unload();
-  main.host.dialogs.MsgBox(main.host.files.ShownPath(photo) + "\n\nThis photo cannot be read.", BoxIcon::Exclamation,
-                           BoxButtons::Ok, "Can't Copy Photo to Clipboard.");
+  if (outcome == Outcome::FailedAndTold) return;
+  const char* const why = outcome == Outcome::CannotBeRead
+                              ? "This photo cannot be read."
+                              : "The Clipboard cannot take this photo.\nIt maybe too large for the memory.";
+  main.host.dialogs.MsgBox(main.host.files.ShownPath(photo) + "\n\n" + why, BoxIcon::Exclamation, BoxButtons::Ok,
+                           "Can't Copy Photo to Clipboard.");
 }
 
 }  // namespace pixorra

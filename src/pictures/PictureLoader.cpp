@@ -122,7 +122,9 @@ int PictureFileFormat(File& file) {
   return Unrecognised;
 }
 
-bool LoadPictureFile(MainForm& main, const std::string& path, Control& target, bool bFastJpeg, FileStamp* decoded) {
+bool LoadPictureFile(MainForm& main, const std::string& path, Control& target, bool bFastJpeg, FileStamp* decoded,
+                     bool* told) {
+  if (told != nullptr) *told = false;
   PicturesState& pictures = main.pictures;
   if (pictures.bLoaderBusy) return false;
   pictures.bLoaderBusy = true;
@@ -145,7 +147,10 @@ bool LoadPictureFile(MainForm& main, const std::string& path, Control& target, b
   } else {
     LoadReduced(main, *file, alive, steps);
   }
-  if (steps.Number() == error::OutOfMemory) TellOutOfMemory(main);
+  if (steps.Number() == error::OutOfMemory) {
+    TellOutOfMemory(main);
+    if (told != nullptr) *told = true;
+  }
   if (!alive) return false;
   target.Refresh();
   return steps.Number() == error::None;

@@ -14,8 +14,8 @@ struct MainForm;
 int PictureFileFormat(Files& files, const std::string& path);
 int PictureFileFormat(File& file);
 // True when the control, an image box or a picture box, now shows the picture. A call inside a call fails. `decoded` is
-// set to the stamp that the file had before it was read.
+// set to the stamp that the file had before it was read, `told` to whether a message has said why it failed.
 bool LoadPictureFile(MainForm& main, const std::string& path, Control& target, bool bFastJpeg,
-                     FileStamp* decoded = nullptr);
+                     FileStamp* decoded = nullptr, bool* told = nullptr);
 
 }  // namespace pixorra

@@ -89,6 +89,24 @@ TEST_F(CopyPhotoTest, APhotoThatHasGoneLeavesTheClipboardAsItIsAndIsTold) {
   EXPECT_FALSE(NoticeIsUp());
 }
 
+TEST_F(CopyPhotoTest, APhotoThatTheMemoryIsTooSmallForIsToldOnce) {
+  Select("b.bmp", BmpPhoto(100, 80));
+  run.files.FailNth(FileCall::Read, 2, error::OutOfMemory, "b.bmp");
+  person.ExpectBox("Pixorra - Out of Memory", "");
+  Copy();
+  EXPECT_EQ(run.platform.dialogs.Boxes().size(), 1U);
+  EXPECT_FALSE(NoticeIsUp());
+}
+
+TEST_F(CopyPhotoTest, APhotoThatTheClipboardDoesNotTakeIsToldAsThat) {
+  Select("b.bmp", BmpPhoto(100, 80));
+  run.platform.clipboard.FailNextSet(error::OutOfMemory);
+  person.ExpectBox("Can't Copy Photo to Clipboard.",
+                   "C:\\Strip\\b.bmp\n\nThe Clipboard cannot take this photo.\nIt maybe too large for the memory.");
+  Copy();
+  EXPECT_FALSE(NoticeIsUp());
+}
+
 TEST_F(CopyPhotoTest, WithNoPhotoSelectedNothingIsCopied) {
   LoadStrip({"a.bmp"});
   person.Key('C', shift::Ctrl);

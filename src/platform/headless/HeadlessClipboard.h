@@ -1,7 +1,10 @@
 // A clipboard of the test's own.
 #pragma once
 
+#include <utility>
+
 #include "platform/pixels/Stretch.h"
+#include "platform/runtime/Errors.h"
 #include "platform/services/Clipboard.h"
 
 namespace pixorra {
@@ -12,6 +15,7 @@ class HeadlessClipboard : public Clipboard {
   Picture GetBitmap() override { return readable_ ? bitmap_ : Picture(); }
   void Clear() override { bitmap_ = Picture(); }
   void SetBitmap(const Picture& picture) override {
+    if (const int failure = std::exchange(failure_, error::None); failure != error::None) throw RuntimeError(failure);
     if (picture.IsNothing()) return;
     const Bitmap& pixels = picture.Pixels();
     Bitmap flat(pixels.Width(), pixels.Height(), PixelFormat::Bgr24);
@@ -24,10 +28,13 @@ class HeadlessClipboard : public Clipboard {
   void CopyElsewhere(const Picture& picture) { bitmap_ = picture; }
   // Whether the program that has put the picture there hands it out; it does at first.
   void SetReadable(bool readable) { readable_ = readable; }
+  // The next picture that is set raises this error.
+  void FailNextSet(int number) { failure_ = number; }
 
  private:
   Picture bitmap_;
   bool readable_ = true;
+  int failure_ = error::None;
 };
 
 }  // namespace pixorra
