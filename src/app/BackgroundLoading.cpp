@@ -25,8 +25,6 @@ namespace pixorra {
 
 namespace {
 
-constexpr int GuardHeld = 12345;
-
 bool IsPaused(const FilmStripState& strip) {
   return EqualIgnoringCase(strip.ThumbsPaused, "True");
 }

@@ -2,11 +2,13 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "base/Dialog.h"
 #include "platform/controls/Toolkit.h"
 #include "platform/runtime/AtExit.h"
 #include "platform/services/TextDrawing.h"
+#include "window/FilmStripState.h"
 #include "window/MainForm.h"
 
 namespace pixorra {
@@ -70,6 +72,9 @@ void DeleteConfirmation::Show(DeleteRun& run, const std::function<void()>& delet
     delete_.SetEnabled(false);
     window_.SetMousePointer(pointer::Hourglass);
     const AtExit done([this] { window_.Unload(); });
+    // The list has the deleted photos until the strip is shown again: nothing is loaded from it before.
+    const int guard = std::exchange(main_.strip.ThumbsTimerGuard, GuardHeld);
+    const AtExit loads([this, guard] { main_.strip.ThumbsTimerGuard = guard; });
     deletes();
   });
   Connect(cancel_.On().Click, [&](Control&) {

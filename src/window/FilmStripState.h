@@ -33,6 +33,8 @@ struct WatchedMedium {
   int Turns = 0;  // since the last look
 };
 
+inline constexpr int GuardHeld = 12345;
+
 struct FilmStripState {
  private:
   Form& window_;  // ahead of the controls, which lie on it
@@ -51,7 +53,7 @@ struct FilmStripState {
   std::string CameraLocation;
   bool AutoScrollPending = false;
   std::string ThumbsPaused = "False";  // a text, read by converting it
-  int ThumbsTimerGuard = 0;            // 12345 while the handler of ThumbsTimer runs
+  int ThumbsTimerGuard = 0;            // GuardHeld while the handler of ThumbsTimer runs, or is not to
   LoadedPaths loadedPaths;
   WatchedMedium SrcMedium;
 

@@ -58,6 +58,23 @@ TEST_F(DeleteAllFormTest, AllPhotosGoAndTheCacheAndTheFolderAndNoFilmStripIsLeft
   EXPECT_EQ(drive.Read("C:\\Windows\\Pixorra.sav").find("C:\\Strip\"\r\n\"C:\\Home"), std::string::npos);
 }
 
+TEST_F(DeleteAllFormTest, AStripThatIsStillLoadingLoadsNothingWhileItIsDeleted) {
+  LoadStrip({"a.bmp", "b.bmp", "c.bmp"});
+  strip.ThumbsPaused = "True";
+  for (const char* name : {"d.bmp", "e.bmp", "f.bmp"}) MakePhoto(Photo(name));
+  strip.SrcFileList.Refresh();
+  drive.SetMode(Photo("f.bmp"), 0444);
+  person.ExpectBox("Unable to delete this Photo", Photo("f.bmp") + "\n\nPath/File access error", BoxAnswer::Cancel,
+                   [this] {
+                     run.Wait(1);
+                     EXPECT_EQ(strip.SrcSlotCount, 3);
+                   });
+  DeleteAll([&](Form&) { strip.ThumbsPaused = "False"; });
+  run.Wait(0.1);
+  run.LoadAll();
+  EXPECT_EQ(ShownInStrip(), std::vector<std::string>{"f.bmp"});
+}
+
 TEST_F(DeleteAllFormTest, AnEmptyFilmStripIsAskedAboutByItsPathAlone) {
   LoadStrip({});
   DeleteAll([](Form& form) { EXPECT_EQ(TextOf(form, "DeleteAllMessage"), "Delete [C:\\Strip]"); });

@@ -145,6 +145,21 @@ TEST_F(DeleteDraggedFormTest, EscInAMessageStopsTheRunAndTheRestStaysInTheStrip)
   EXPECT_EQ(person.Window("DeleteDraggedForm"), nullptr);
 }
 
+TEST_F(DeleteDraggedFormTest, InAStripThatIsStillLoadingNoDeletedPhotoComesBack) {
+  LoadMarked({"a.bmp", "b.bmp", "c.bmp"}, {1, 2});
+  strip.ThumbsPaused = "True";
+  for (const char* name : {"d.bmp", "e.bmp", "f.bmp"}) MakePhoto(Photo(name));
+  strip.SrcFileList.Refresh();
+  Protect("b.bmp");
+  person.ExpectBox(DraggedFailed, Photo("b.bmp") + "\n\nPath/File access error", BoxAnswer::Ok,
+                   [this] { run.Wait(1); });
+  DeleteThem([&](Form&) { strip.ThumbsPaused = "False"; });
+  run.LoadAll();
+  EXPECT_THAT(FilesIn("C:\\Strip"), ElementsAre("b.bmp", "c.bmp", "d.bmp", "e.bmp", "f.bmp"));
+  for (int i = 1; i <= strip.SrcSlotCount; ++i) EXPECT_NE(PhotoOf(strip, i), Photo("a.bmp")) << i;
+  EXPECT_GT(strip.SrcSlotCount, 3) << "the loading has gone on";
+}
+
 TEST_F(DeleteDraggedFormTest, ALongRunLetsTheWindowLiveAndCancelStopsIt) {
   LoadMarked({"a.bmp", "b.bmp", "c.bmp", "d.bmp"}, {1, 2, 3, 4});
   run.files.BeforeNth(FileCall::Delete, 2, [&] {
