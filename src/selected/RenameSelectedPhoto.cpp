@@ -11,7 +11,9 @@
 #include "pictures/QuickThumbs.h"
 #include "platform/controls/Toolkit.h"
 #include "platform/runtime/Errors.h"
+#include "platform/runtime/Text.h"
 #include "platform/services/Dialogs.h"
+#include "preview/FullSizePreview.h"
 #include "preview/PreviewPane.h"
 #include "selected/RenamePreviewPicForm.h"
 #include "window/DesktopState.h"
@@ -24,10 +26,23 @@ namespace pixorra {
 
 namespace {
 
-// A folder may have taken the photo's place, and a photo that is write-protected keeps its name, also where the host
-// would change it.
+// The path as the disk spells its name; as it is where nothing there has the name, in whatever letter case.
+std::string AsOnDisk(Files& files, const std::string& path) {
+  const std::string folder = ParentPathOf(path);
+  const std::string name = FileNameOf(path);
+  std::string found = name;
+  for (const std::string& other :
+       files.Names(folder, "*", attribute::Hidden | attribute::System | attribute::Directory)) {
+    if (other == name) return path;
+    if (EqualIgnoringCase(other, name)) found = other;
+  }
+  return JoinPath(folder, found);
+}
+
+// A file of another letter case, or a folder, may have taken the photo's place, and a photo that is write-protected
+// keeps its name, also where the host would change it.
 void RenameFile(Files& files, const std::string& from, const std::string& to) {
-  if (!files.FileExists(from)) throw RuntimeError(error::FileNotFound);
+  if (!files.FileExists(from) || AsOnDisk(files, from) != from) throw RuntimeError(error::FileNotFound);
   const std::optional<int> attributes = files.Attributes(from);
   if (attributes && (*attributes & attribute::ReadOnly) != 0 && !files.IsLink(from))
     throw RuntimeError(error::PathAccess);
@@ -55,7 +70,7 @@ std::string GiveNewName(MainForm& main, const std::string& photo) {
     if (failure == error::None) return path;
     if (failure == error::FileExists) {
       main.host.dialogs.MsgBox("Name is already in use.", BoxIcon::Exclamation, BoxButtons::Ok,
-                               ShownFileName(files, path));
+                               ShownFileName(files, AsOnDisk(files, path)));
     } else {
       ShowFailure(main, photo, failure);
       // Another name may do.
@@ -125,6 +140,7 @@ void RenameMenuItem_Click(MainForm& main) {
   ErrorsIgnored([&] { FollowOnDesktop(main, photo); });
   for (std::string* path : {&main.drop.LastDropFile, &main.drop.LastDropPhoto}) Follow(*path, photo);
   PaintPicPreview(main, to);
+  if (main.preview.sFullSizeFile == from) DisplayFullSizePreview(main, to);
 }
 
 }  // namespace pixorra

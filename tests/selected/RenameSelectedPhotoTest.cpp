@@ -3,6 +3,7 @@
 
 #include "platform/controls/Toolkit.h"
 #include "platform/runtime/Errors.h"
+#include "preview/FullSizePreview.h"
 #include "tests/platform/posix/OrdinaryUser.h"
 #include "tests/selected/SelectedTest.h"
 
@@ -142,10 +143,15 @@ TEST_F(RenameSelectedPhotoTest, ANameThatIsTakenIsRefusedAndAskedForAgain) {
   drive.Write(Photo("Notes.bmp") + "\\in a folder", "kept");
   const std::string other = drive.Read(Photo("b.bmp"));
   SelectInStrip(1);
-  for (const char* taken : {"a", "b", "B", "notes"}) {
-    Answer(taken, [](TextBox& box) { EXPECT_EQ(box.Text(), "a"); });
-    ExpectInUse(std::string(taken) + ".bmp");
-  }
+  const auto expectTaken = [&](const char* typed, const char* existing) {
+    Answer(typed, [](TextBox& box) { EXPECT_EQ(box.Text(), "a"); });
+    ExpectInUse(existing);
+  };
+  expectTaken("a", "a.bmp");
+  expectTaken("b", "b.bmp");
+  // The title is the name that there is.
+  expectTaken("B", "b.bmp");
+  expectTaken("notes", "Notes.bmp");
   Answer("c");
   Rename();
   for (const auto& box : run.platform.dialogs.Boxes()) EXPECT_EQ(box.Icon, BoxIcon::Exclamation);
@@ -163,6 +169,28 @@ TEST_F(RenameSelectedPhotoTest, ANameThatIsTakenInTheLastMomentReplacesNothing) 
   Rename();
   EXPECT_EQ(drive.Read(Photo("b.bmp")), "another's");
   EXPECT_TRUE(drive.Exists(Photo("a.bmp")));
+}
+
+TEST_F(RenameSelectedPhotoTest, AFileOfAnotherLetterCaseIsNotRenamedInPlaceOfAPhotoThatHasGone) {
+  LoadStrip({"a.bmp"});
+  SelectInStrip(1);
+  Answer("b", [&](TextBox&) {
+    drive.Remove(Photo("a.bmp"));
+    drive.Write(Photo("A.BMP"), "another's");
+  });
+  person.ExpectBox(RenameFailed, Photo("a.bmp") + "\n\nFile not found");
+  Rename();
+  EXPECT_THAT(FilesIn("C:\\Strip"), ElementsAre("A.BMP"));
+}
+
+TEST_F(RenameSelectedPhotoTest, TheWindowAtFullSizeShowsTheRenamedPhotoOn) {
+  drive.Write(Photo("big.bmp"), BmpPhoto(640, 480));
+  LoadStrip({"a.bmp"});
+  SelectInStrip(2);
+  DisplayFullSizePreview(main, Photo("big.bmp"));
+  ASSERT_EQ(main.preview.sFullSizeFile, Photo("big.bmp"));
+  RenameTo("large");
+  EXPECT_EQ(main.preview.sFullSizeFile, Photo("large.bmp"));
 }
 
 TEST_F(RenameSelectedPhotoTest, ANameThatTheDiskRefusesGetsAMessageAndIsAskedForAgain) {

@@ -6,8 +6,12 @@
 namespace pixorra {
 namespace {
 
-using ::testing::ElementsAre;
+using ::testing::ElementsAreArray;
 using ::testing::IsEmpty;
+
+const std::vector<std::string> All{"CopyMenuItem", "SelectedEditMenuItem", "SelectedViewFullSizeMenuItem",
+                                   "RenameMenuItem", "DeleteMenuItem"};
+const std::vector<std::string> WithoutChange{"CopyMenuItem", "SelectedEditMenuItem", "SelectedViewFullSizeMenuItem"};
 
 class SelectedPhotoMenuTest : public SelectedTest {
  protected:
@@ -16,7 +20,8 @@ class SelectedPhotoMenuTest : public SelectedTest {
     main.menu.SelectedPhotoMenu.UserClicked();
     std::vector<std::string> names;
     for (const MenuItem* item :
-         {&main.menu.SelectedEditMenuItem, &main.menu.RenameMenuItem, &main.menu.DeleteMenuItem}) {
+         {&main.menu.CopyMenuItem, &main.menu.SelectedPrintMenuItem, &main.menu.SelectedEditMenuItem,
+          &main.menu.SelectedViewFullSizeMenuItem, &main.menu.RenameMenuItem, &main.menu.DeleteMenuItem}) {
       if (item->CanBeChosen()) names.push_back(item->Name());
     }
     return names;
@@ -28,25 +33,25 @@ TEST_F(SelectedPhotoMenuTest, WithNoPhotoSelectedNothingIsOffered) {
   EXPECT_THAT(Offered(), IsEmpty());
 }
 
-TEST_F(SelectedPhotoMenuTest, ASelectedPhotoCanBeEditedRenamedAndDeleted) {
+TEST_F(SelectedPhotoMenuTest, ASelectedPhotoIsOfferedAllThatHasAnOperation) {
   LoadStrip({"a.bmp"});
   SelectInStrip(1);
-  EXPECT_THAT(Offered(), ElementsAre("SelectedEditMenuItem", "RenameMenuItem", "DeleteMenuItem"));
+  EXPECT_THAT(Offered(), ElementsAreArray(All));
 }
 
-TEST_F(SelectedPhotoMenuTest, AWriteProtectedPhotoCanOnlyBeEdited) {
+TEST_F(SelectedPhotoMenuTest, AWriteProtectedPhotoCanBeNeitherRenamedNorDeleted) {
   LoadStrip({"a.bmp", "b.bmp"});
   drive.SetMode(Photo("a.bmp"), 0444);
   SelectInStrip(1);
-  EXPECT_THAT(Offered(), ElementsAre("SelectedEditMenuItem"));
+  EXPECT_THAT(Offered(), ElementsAreArray(WithoutChange));
   SelectInStrip(2);
-  EXPECT_THAT(Offered(), ElementsAre("SelectedEditMenuItem", "RenameMenuItem", "DeleteMenuItem"));
+  EXPECT_THAT(Offered(), ElementsAreArray(All));
 }
 
 TEST_F(SelectedPhotoMenuTest, APhotoSelectedInTheOpenFolderOrTheTrashcanIsOfferedTheSame) {
   OpenFamily({"x.bmp"});
   SelectInView(1);
-  EXPECT_THAT(Offered(), ElementsAre("SelectedEditMenuItem", "RenameMenuItem", "DeleteMenuItem"));
+  EXPECT_THAT(Offered(), ElementsAreArray(All));
   MakePhoto("C:\\Program\\Trashcan\\t.bmp", 0x00203040);
   desk.DestFolderFiles(TrashcanSlot).Refresh();
   Select_a_Folder(main, TrashcanSlot);
@@ -54,7 +59,7 @@ TEST_F(SelectedPhotoMenuTest, APhotoSelectedInTheOpenFolderOrTheTrashcanIsOffere
   run.LoadAll();
   EXPECT_THAT(Offered(), IsEmpty());
   SelectInView(1);
-  EXPECT_THAT(Offered(), ElementsAre("SelectedEditMenuItem", "RenameMenuItem", "DeleteMenuItem"));
+  EXPECT_THAT(Offered(), ElementsAreArray(All));
 }
 
 TEST_F(SelectedPhotoMenuTest, APhotoThatCannotBeShownIsNoneThatIsSelected) {
