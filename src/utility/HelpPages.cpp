@@ -27,8 +27,8 @@ constexpr const char* GeneralPages[] = {
     "    Auto: all, and the strip scrolls past the dragged ones\n"
     "\n"
     "Click on a photo to preview it. Click on a folder to open it\n"
-    "beside the Desktop. Right-Click on a folder for its menu.\n"
-    "\n"
+    "beside the Desktop. Right-Click on a folder for its menu.",
+
     "'Drag All Remaining Photos' is a button that is dragged onto\n"
     "a folder like a photo. Press Esc to stop it. The keys 1 to 8\n"
     "drop the selected photo into that folder, 9 into the Trashcan.\n"

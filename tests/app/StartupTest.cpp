@@ -76,6 +76,7 @@ TEST_F(StartupTest, OfTheMenusOnlyWhatCanBeDoneCanBeChosen) {
                                              "SelectedEditMenuItem",
                                              "RenameMenuItem",
                                              "DeleteMenuItem",
+                                             "SelectedViewFullSizeMenuItem",
                                              "UndoMenuItem",
                                              "PasteMenuItem",
                                              "RefreshOpenFolderMenuItem",
