@@ -12,12 +12,6 @@ namespace pixorra {
 
 namespace {
 
-// Keys that a text box edits with go before shortcuts while it has the focus.
-bool EditsText(int keyCode, int shift) {
-  if (keyCode == key::Delete || keyCode == key::Insert) return true;
-  return shift == shift::Ctrl && (keyCode == 'C' || keyCode == 'V' || keyCode == 'X' || keyCode == 'Z');
-}
-
 MenuItem* FindShortcut(MenuItem& menu, int keyCode, int shift) {
   if (menu.ShortcutKey() == keyCode && menu.ShortcutShift() == shift && menu.Items().empty()) return &menu;
   for (MenuItem* item : menu.Items()) {
@@ -67,10 +61,11 @@ bool PressButton(const Form& form, Control* focus, int keyCode) {
 
 }  // namespace
 
+// While text is typed every key is the text's: a command would act on what its writer is not looking at.
 bool Toolkit::RunShortcut(Form& form, int keyCode, int shift) {
   const Control* focus = Focus();
   const bool typing = focus != nullptr && focus->GetKind() == Kind::TextBox && &focus->GetForm() == &form;
-  if (keyCode == 0 || (typing && EditsText(keyCode, shift))) return false;
+  if (keyCode == 0 || typing) return false;
   for (MenuItem* menu : form.Menus()) {
     MenuItem* const item = FindShortcut(*menu, keyCode, shift);
     if (item == nullptr) continue;

@@ -69,10 +69,12 @@ TEST_F(KeysTest, KeyThatThePreviewUsesGoesNoFurther) {
 }
 
 TEST_F(KeysTest, ShortcutsRunBeforeTheFocusedControl) {
-  box.SetFocus();
+  ok.On().KeyDown = [this](Control&, int&, int) { Log("ok"); };
+  ok.SetFocus();
   EXPECT_TRUE(toolkit.KeyPressed(form, 'S', shift::Ctrl));
   EXPECT_THAT(Heard(), ElementsAre("save"));
   EXPECT_FALSE(toolkit.KeyPressed(form, 'S', shift::Ctrl | shift::Shift));
+  EXPECT_THAT(Heard(), ElementsAre("ok"));
 }
 
 TEST_F(KeysTest, ShortcutOfADisabledItemOrMenuIsAKeyLikeAnyOther) {
@@ -95,6 +97,12 @@ TEST_F(KeysTest, TheMenusAboveAShortcutsItemAreAskedTheTopmostFirst) {
   more.SetEnabled(false);
   EXPECT_FALSE(toolkit.KeyPressed(form, 'G', shift::Ctrl));
   EXPECT_THAT(Heard(), ElementsAre("file", "form 71 2"));
+}
+
+TEST_F(KeysTest, WhileTextIsTypedNoShortcutRuns) {
+  box.SetFocus();
+  EXPECT_FALSE(toolkit.KeyPressed(form, 'S', shift::Ctrl));
+  EXPECT_THAT(Heard(), ElementsAre("box 83"));
 }
 
 TEST_F(KeysTest, KeysThatEditATextGoToTheBoxAndNotToAMenu) {
