@@ -7,6 +7,7 @@
 #include "base/Bars.h"
 #include "desktop/FolderSlots.h"
 #include "platform/controls/Toolkit.h"
+#include "platform/runtime/Errors.h"
 #include "platform/services/Dialogs.h"
 #include "window/DesktopState.h"
 #include "window/FilmStripState.h"
@@ -107,6 +108,23 @@ double PageOf(int room, int step) {
   return std::max(1, room / step) * static_cast<double>(step);
 }
 
+// The bars give the focus up with each change. One that had it has it afterwards, so that the next key is its own too.
+class FocusStays {
+ public:
+  FocusStays(MainForm& main, ScrollBar& bar) : toolkit_(main.host.toolkit), bar_(bar), had_(toolkit_.Focus() == &bar) {}
+  ~FocusStays() {
+    if (had_ && toolkit_.Focus() == nullptr && bar_.IsShown() && bar_.Enabled())
+      ErrorsIgnored([&] { bar_.SetFocus(); });
+  }
+  FocusStays(const FocusStays&) = delete;
+  FocusStays& operator=(const FocusStays&) = delete;
+
+ private:
+  Toolkit& toolkit_;
+  ScrollBar& bar_;
+  bool had_;
+};
+
 bool Scroll(MainForm& main, int keyCode) {
   FilmStripState& strip = main.strip;
   DesktopState& desk = main.desk;
@@ -115,6 +133,7 @@ bool Scroll(MainForm& main, int keyCode) {
   BarScale& scale = inFolder ? desk.DestBarScale : strip.SrcBarScale;
   const double page = inFolder ? PageOf(desk.DestThumbsWindow.Height(), CellHeight)
                                : PageOf(strip.SrcThumbsWindow.Width(), SrcFrameWidth);
+  const FocusStays focus(main, bar);
   switch (keyCode) {
     case key::PageUp:
       MoveBarBy(bar, scale, -page);

@@ -129,16 +129,18 @@ void MoveBackInStrip(MainForm& main) {
   TakeSlot(main, slot, Way::Back);
 }
 
-// Deliberate: the limit is the count of the photos that are shown and not the highest slot. In the Remaining view,
-// where slot numbers go beyond that count, the key stops at the slot of that number.
+// Deliberate: the limit is the highest slot that is shown and not the count of the photos that are. In the Remaining
+// view slot numbers go beyond that count, and each photo of it can be chosen by key.
 void MoveOnInStrip(MainForm& main) {
-  const int last = main.strip.SrcShownCount;
-  int slot = SelectedSlot(main.strip);
-  if (slot == last) Refuse(main);
+  const FilmStripState& strip = main.strip;
+  int slot = SelectedSlot(strip);
   do {
-    if (slot >= last) return;
+    if (slot >= strip.SrcSlotCount) {
+      Refuse(main);
+      return;
+    }
     ++slot;
-  } while (!IsSlotShown(main.strip, slot));
+  } while (!IsSlotShown(strip, slot));
   TakeSlot(main, slot, Way::On);
 }
 

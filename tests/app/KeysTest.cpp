@@ -96,12 +96,35 @@ TEST_F(MainKeysTest, WhatIsNotShownIsPassedOver) {
   run.person.Key(key::Right);
   EXPECT_EQ(Selected(run), 4);
   // Four are shown: slots 5 and 6 lie beyond that number.
+  PressTimes(run, key::Right, 2);
+  EXPECT_EQ(Selected(run), 6);
+  EXPECT_EQ(Beeps(run), 0);
   run.person.Key(key::Right);
-  EXPECT_EQ(Selected(run), 4);
+  EXPECT_EQ(Selected(run), 6);
   EXPECT_EQ(Beeps(run), 1);
+  PressTimes(run, key::Left, 2);
+  EXPECT_EQ(Selected(run), 4);
   run.person.Key(key::Left);
   run.person.Key(key::Left);
   EXPECT_EQ(Selected(run), 2) << "nothing is shown before it";
+  EXPECT_EQ(Beeps(run), 1);
+}
+
+TEST_F(MainKeysTest, OfThePhotosThatRemainTheFirstOneIsSelectedWhereverItIs) {
+  WritePhotos(6);
+  ProgramRun& run = LoadedStrip();
+  run.person.Click(run.main.strip.RemainingOption);
+  for (int slot = 1; slot <= 4; ++slot) run.person.DoubleClick(run.main.strip.SrcBackground(slot));
+  run.person.Key(key::Right);
+  EXPECT_EQ(Selected(run), 5);
+  run.person.Key(key::Right);
+  EXPECT_EQ(Selected(run), 6);
+  EXPECT_EQ(Beeps(run), 0);
+  run.person.DoubleClick(run.main.strip.SrcBackground(6));
+  run.person.Key(key::Left);
+  EXPECT_EQ(Selected(run), 5);
+  run.person.Key(key::Right);
+  EXPECT_EQ(Selected(run), 5) << "the last one that is shown";
   EXPECT_EQ(Beeps(run), 1);
 }
 
@@ -194,6 +217,22 @@ TEST_F(MainKeysTest, WhileAFoldersNameIsTypedNoKeyActsOnThePhotos) {
   // The box is closed, and holds the text of its last use.
   run.person.Key(key::Right);
   EXPECT_EQ(Selected(run), 2);
+}
+
+TEST_F(MainKeysTest, WhileAFoldersNameIsTypedNoShortcutRuns) {
+  ProgramRun& run = WithFolder();
+  RenameFolderStart(run.main, 1);
+  run.person.Type("Ab");
+  for (const int keyCode : {'H', 'S', 'R', 'M', 'A', 'X', 'W', 'O'}) run.person.Key(keyCode, shift::Ctrl);
+  run.person.Key(key::F1);
+  EXPECT_TRUE(IsFolderBeingRenamed(run.main.desk));
+  EXPECT_TRUE(IsSlotInUse(run.main.desk, 1));
+  EXPECT_TRUE(drive.Exists(Family));
+  EXPECT_EQ(run.host.toolkit.Focus(), &run.main.desk.FolderRenameBox);
+  run.person.Key(key::Return);
+  EXPECT_TRUE(drive.Exists("C:\\Home\\Ab"));
+  run.person.Key('H', shift::Ctrl);
+  EXPECT_FALSE(IsSlotInUse(run.main.desk, 1)) << "with the name settled shortcuts run again";
 }
 
 TEST_F(MainKeysTest, WhileABoxIsUpNoKeyReachesTheWindowBelow) {
