@@ -55,6 +55,7 @@ void OpenFolderMenu_Click(MainForm& main) {
   const int slot = main.desk.OpenFolderIndex;
   main.menu.RenameOpenFolderMenuItem.SetEnabled(slot != 0 && slot != TrashcanSlot);
   main.menu.DeleteOpenFolderMenuItem.SetEnabled(slot != 0);
+  main.menu.SwapOpenFolderMenuItem.SetEnabled(slot != 0);
   if (slot == 0) return;
   main.menu.DeleteOpenFolderMenuItem.SetCaption(slot == TrashcanSlot ? "Empty Trashcan" : "Delete");
 }

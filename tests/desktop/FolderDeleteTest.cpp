@@ -388,9 +388,11 @@ TEST_F(FolderDeleteTest, TheItemsOfTheMenuNeedAnOpenFolder) {
   Raise(main.menu.OpenFolderMenu.On().Click, main.menu.OpenFolderMenu);
   EXPECT_FALSE(main.menu.DeleteOpenFolderMenuItem.Enabled());
   EXPECT_FALSE(main.menu.RenameOpenFolderMenuItem.Enabled());
+  EXPECT_FALSE(main.menu.SwapOpenFolderMenuItem.Enabled());
   Select_a_Folder(main, TrashcanSlot);
   Raise(main.menu.OpenFolderMenu.On().Click, main.menu.OpenFolderMenu);
   EXPECT_TRUE(main.menu.DeleteOpenFolderMenuItem.Enabled());
+  EXPECT_TRUE(main.menu.SwapOpenFolderMenuItem.Enabled());
   EXPECT_EQ(main.menu.DeleteOpenFolderMenuItem.Caption(), "Empty Trashcan");
 }
 
