@@ -43,8 +43,8 @@ PreviewForm::PreviewForm(MainForm& main) : main_(main), Window(main.host.toolkit
   Connect(on.MouseDown, [this](Control&, const MouseArgs&) { Close(); });
   Connect(on.KeyDown, [this](Control&, int& keyCode, int shift) { Form_KeyDown(keyCode, shift); });
   Connect(on.KeyPress, [this](Control&, int& codePoint) { Form_KeyPress(codePoint); });
-  Connect(PreviousButton.On().Click, [this](Control&) { Press(key::Left); });
-  Connect(NextButton.On().Click, [this](Control&) { Press(key::Right); });
+  Connect(PreviousButton.On().Click, [this](Control&) { Press(PreviousButton, key::Left); });
+  Connect(NextButton.On().Click, [this](Control&) { Press(NextButton, key::Right); });
   Connect(HideButton.On().Click, [this](Control&) { ShowButtons(false); });
 }
 
@@ -117,9 +117,14 @@ bool PreviewForm::IsForButton(int keyCode) const {
   return keyCode == key::Tab || (keyCode == key::Space && onButton);
 }
 
-void PreviewForm::Press(int keyCode) {
+// The step selects a photo of the main window, which takes the focus: it is given back, for the button may be pressed
+// again.
+void PreviewForm::Press(CommandButton& button, int keyCode) {
+  const bool hadFocus = main_.host.toolkit.Focus() == &button;
+  const Watch<CommandButton> watch(button);
   int pressed = keyCode;
   Form_KeyDown(pressed, shift::None);
+  if (hadFocus && watch && watch->IsShown() && !main_.preview.sFullSizeFile.empty()) watch->SetFocus();
 }
 
 void PreviewForm::Close() {

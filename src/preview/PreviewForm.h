@@ -31,7 +31,7 @@ class PreviewForm {
   void Form_Unload();
   void Form_KeyDown(int& keyCode, int shift);
   void Form_KeyPress(int codePoint);
-  void Press(int keyCode);
+  void Press(CommandButton& button, int keyCode);
   void ShowButtons(bool shown);
   void ArrangeButtons();
   bool IsForButton(int keyCode) const;

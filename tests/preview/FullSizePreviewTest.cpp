@@ -8,6 +8,7 @@
 #include "preview/PreviewPane.h"
 #include "tests/support/TestPictures.h"
 #include "tests/support/headless/ProgramTest.h"
+#include "window/FilmStripState.h"
 #include "window/MenuBar.h"
 #include "window/PicturesState.h"
 #include "window/PreviewState.h"
@@ -292,6 +293,20 @@ TEST_F(FullSizeKeysTest, SpacePressesTheButtonThatHasTheFocus) {
   EXPECT_FALSE(Preview().HideButton.Visible());
   person.Key(key::Space);
   EXPECT_FALSE(IsShown());
+}
+
+TEST_F(FullSizeKeysTest, SpaceOnAButtonStepsAsOftenAsItIsPressed) {
+  // As a step does, which selects the photo as a click on it would.
+  main.Window.On().KeyDown = [this](Control&, int& code, int) {
+    passed.push_back(code);
+    main.strip.SrcScrollbar.SetFocus();
+  };
+  person.Focus(Preview().NextButton);
+  person.Key(key::Space);
+  person.Key(key::Space);
+  EXPECT_EQ(passed, (std::vector<int>{key::Right, key::Right}));
+  EXPECT_TRUE(IsShown());
+  EXPECT_EQ(run.host.toolkit.Focus(), &Preview().NextButton);
 }
 
 TEST_F(FullSizeKeysTest, EnterClosesItAlsoWithTheFocusOnAButton) {
