@@ -78,7 +78,7 @@ BrowseFolderLocationForm::BrowseFolderLocationForm(MainForm& main)
   PicCount.SetAlignment(Alignment::Right);
   MyFiles.SetColumns({{0, Alignment::Left}, {SizeColumn, Alignment::Right}});
   MyFiles.SetAccessibleName("Picture Files");
-  PicPreview.SetToolTipText("Right-Click to display Full-Size");
+  PicPreview.SetToolTipText("Right-Click to display Full-Size (Space in the list)");
   PicPreview.SetAccessibleName("The selected picture");
   PreviewName.SetShortensInMiddle(true);
   CreateButton.SetCaption("Create &New Folder");
@@ -108,6 +108,11 @@ void BrowseFolderLocationForm::ConnectLists() {
   DirTree.MyDirTree_SelectedPathChanged = [this](const std::string& path) { SelectedPathChanged(path); };
   Connect(File1.On().PathChange, [this](Control&) { File1_PathChange(); });
   Connect(MyFiles.On().Click, [this](Control&) { MyFiles_Click(); });
+  Connect(MyFiles.On().KeyDown, [this](Control&, int& code, int shift) {
+    if (code != key::Space || shift != shift::None) return;
+    code = 0;
+    PicPreview_MouseDown(button::Right);
+  });
   Connect(PicPreview.On().MouseDown, [this](Control&, const MouseArgs& mouse) { PicPreview_MouseDown(mouse.Button); });
   Connect(PreviousList.On().Click, [this](Control&) {
     const auto chosen = static_cast<std::size_t>(PreviousList.ListIndex());

@@ -330,6 +330,21 @@ TEST_F(BrowseFolderLocationFormTest, ARightClickOnThePictureShowsItAtFullSizeWit
   EXPECT_TRUE(IsOpen());
 }
 
+TEST_F(BrowseFolderLocationFormTest, SpaceInTheListShowsThePictureAtFullSize) {
+  MakePhotos("C:\\Home\\A", 3);
+  drive.Write("C:\\Home\\A\\p002.bmp", BmpPhoto(320, 240));
+  OpenedAt(BrowseMode::Show, "C:\\Home\\A");
+  person.Focus(Browser().MyFiles);
+  person.Choose(Browser().MyFiles, 1);
+  run.Wait(0.1);
+  person.Key(key::Space);
+  ASSERT_NE(person.Window("PreviewForm"), nullptr);
+  EXPECT_EQ(main.preview.sFullSizeFile, "C:\\Home\\A\\p002.bmp");
+  person.Key(key::Space);
+  EXPECT_EQ(person.Window("PreviewForm"), nullptr);
+  EXPECT_TRUE(IsOpen());
+}
+
 TEST_F(BrowseFolderLocationFormTest, ARightClickOnTheLogoShowsNothing) {
   OpenedAt(BrowseMode::Show, MakePhotos("C:\\Home\\Empty", 0));
   person.RightClick(Browser().PicPreview);
