@@ -4,6 +4,7 @@
 #include <QKeyEvent>
 
 #include "platform/controls/Form.h"
+#include "platform/controls/TextBox.h"
 #include "platform/controls/Toolkit.h"
 #include "platform/qt/Convert.h"
 #include "platform/qt/QtBackend.h"
@@ -30,8 +31,15 @@ bool Writes(const Control* control) {
   return kind == Kind::TextBox || kind == Kind::ComboBox || kind == Kind::ListBox || kind == Kind::TreeView;
 }
 
-// A key that is held down goes on where it moves something or writes; a command runs once for each press.
+bool WritesLines(const Control* control) {
+  return control != nullptr && control->GetKind() == Kind::TextBox && static_cast<const TextBox*>(control)->MultiLine();
+}
+
+// A key that is held down goes on where it moves something or writes; a command runs once for each press. So do Return
+// and Escape, which may bring up or answer a question each time.
 bool GoesOnWhileHeld(int code, const Control* focus) {
+  if (code == key::Escape) return false;
+  if (code == key::Return) return WritesLines(focus);
   const bool moves = (code >= key::PageUp && code <= key::Down) || code == key::Tab;
   return moves || Writes(focus);
 }

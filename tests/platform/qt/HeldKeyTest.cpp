@@ -5,6 +5,9 @@
 #include <QTimer>
 #include <utility>
 
+#include "platform/controls/Buttons.h"
+#include "platform/controls/Lists.h"
+#include "platform/controls/TextBox.h"
 #include "tests/platform/qt/QtTest.h"
 
 namespace pixorra {
@@ -74,6 +77,32 @@ TEST_F(HeldKeyTest, RepeatsThatComeWhileTheHandlerLetsEventsRunAreDropped) {
   Settle();
   EXPECT_TRUE(came);
   EXPECT_EQ(handled, 1);
+}
+
+TEST_F(HeldKeyTest, AHeldReturnOrEscapePressesAButtonOnceAlsoWhereTextIsTyped) {
+  Form asking{toolkit, "AskingForm"};
+  TextBox name{asking, "NameBox"};
+  ListBox names{asking, "NamesList"};
+  CommandButton yes{asking, "YesButton"};
+  CommandButton no{asking, "NoButton"};
+  yes.SetDefault(true);
+  no.SetCancel(true);
+  int answers = 0;
+  yes.On().Click = [&](Control&) { ++answers; };
+  no.On().Click = [&](Control&) { ++answers; };
+  asking.Show();
+  for (Control* focus : {static_cast<Control*>(&name), static_cast<Control*>(&names)}) {
+    focus->SetFocus();
+    Settle();
+    for (const Qt::Key code : {Qt::Key_Return, Qt::Key_Escape}) {
+      answers = 0;
+      for (int i = 0; i < 4; ++i) {
+        QKeyEvent press(QEvent::KeyPress, code, Qt::NoModifier, QString(), i > 0);
+        QCoreApplication::sendEvent(&WindowOf(asking), &press);
+      }
+      EXPECT_EQ(answers, 1) << code;
+    }
+  }
 }
 
 }  // namespace
