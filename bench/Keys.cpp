@@ -35,7 +35,14 @@ void Measure(int slots) {
   TemporaryDrive drive;
   drive.MakeFolder("C:\\Strip");
   // Files that no picture is in yet load fast.
-  for (int i = 0; i < slots; ++i) std::fclose(std::fopen(drive.HostPath(PhotoPath(i)).c_str(), "w"));
+  for (int i = 0; i < slots; ++i) {
+    std::FILE* const file = std::fopen(drive.HostPath(PhotoPath(i)).c_str(), "w");
+    if (file == nullptr) {
+      std::perror("keys_bench");
+      std::exit(1);
+    }
+    std::fclose(file);
+  }
   WriteBenchState(drive);
   BenchRun run(drive);
   run.Start();
@@ -60,7 +67,10 @@ void Measure(int slots) {
     longest = std::max(longest, steps.back());
     all += steps.back();
   }
-  if (SelectedSlot(strip) != first + Steps) std::fprintf(stderr, "slot %d is selected\n", SelectedSlot(strip));
+  if (SelectedSlot(strip) != first + Steps) {
+    std::fprintf(stderr, "slot %d is selected and not %d\n", SelectedSlot(strip), first + Steps);
+    std::exit(1);
+  }
   std::printf("%8d %16.2f %16.2f %16.2f\n", slots, Median(steps), all / Steps, longest);
   std::fflush(stdout);
 }
