@@ -72,7 +72,7 @@ TEST_F(KeysTest, ShortcutsRunBeforeTheFocusedControl) {
   ok.On().KeyDown = [this](Control&, int&, int) { Log("ok"); };
   ok.SetFocus();
   EXPECT_TRUE(toolkit.KeyPressed(form, 'S', shift::Ctrl));
-  EXPECT_THAT(Heard(), ElementsAre("save"));
+  EXPECT_THAT(Heard(), ElementsAre("Ok GotFocus", "save"));
   EXPECT_FALSE(toolkit.KeyPressed(form, 'S', shift::Ctrl | shift::Shift));
   EXPECT_THAT(Heard(), ElementsAre("ok"));
 }
