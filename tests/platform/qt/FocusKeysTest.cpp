@@ -18,6 +18,7 @@ namespace {
 class FocusKeysTest : public QtTest {
  protected:
   FocusKeysTest() {
+    InstallAccessibility();
     form.SetClientSize(400, 300);
     form.SetKeyPreview(true);
     button.Move(10, 10, 80, 25);
@@ -132,7 +133,6 @@ TEST_F(FocusKeysTest, APictureThatTakesTheFocusTakesItOffTheWidgetAndShowsIt) {
 }
 
 TEST_F(FocusKeysTest, AScreenReaderFindsTheFocusOnAPicture) {
-  InstallAccessibility();
   picture.SetFocus();
   Settle();
   QAccessibleInterface& client = *QAccessible::queryAccessibleInterface(&ClientOf(form));
