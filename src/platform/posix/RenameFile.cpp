@@ -28,6 +28,20 @@ int PlainRename(const std::string& from, const std::string& to) {
   return rename(from.c_str(), to.c_str()) == 0 ? 0 : errno;
 }
 
+// For disks that know no links: the name is claimed by an empty file, which only the rename replaces. A kill in between
+// leaves that file beside the one that keeps its old name.
+int ClaimAndRename(const std::string& from, const std::string& to) {
+  const int claim = open(to.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600);
+  if (claim < 0) return errno;
+  close(claim);
+  const int failure = PlainRename(from, to);
+  if (failure == 0) return 0;
+  struct stat claimed {};
+  if (lstat(to.c_str(), &claimed) == 0 && S_ISREG(claimed.st_mode) && claimed.st_size == 0) unlink(to.c_str());
+  // A disk that itself replaces nothing needs no claim.
+  return failure == EEXIST ? PlainRename(from, to) : failure;
+}
+
 bool NotSupported(int hostError) {
   return hostError == EINVAL || hostError == ENOSYS || hostError == EOPNOTSUPP;
 }
@@ -54,7 +68,7 @@ int RenameKeepingInSteps(const std::string& from, const std::string& to) {
     return failure;
   }
   const bool withoutLinks = errno == EPERM || errno == EMLINK || NotSupported(errno);
-  return withoutLinks ? PlainRename(from, to) : errno;
+  return withoutLinks ? ClaimAndRename(from, to) : errno;
 }
 
 }  // namespace pixorra

@@ -9,7 +9,8 @@ namespace pixorra {
 // that differs in case only, on a disk that ignores case, is renamed.
 int RenameKeeping(const std::string& from, const std::string& to);
 // The same for disks that cannot do it in one step. A file is linked and unlinked, so a name that somebody takes
-// meanwhile is still not replaced; for folders, and on disks without links, a look beforehand has to do.
+// meanwhile is still not replaced; on disks without links the name is claimed by an empty file first. For folders a
+// look beforehand has to do.
 int RenameKeepingInSteps(const std::string& from, const std::string& to);
 
 }  // namespace pixorra

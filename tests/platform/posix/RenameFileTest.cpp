@@ -1,10 +1,13 @@
 // Renaming in one step and in several: neither ever replaces anything.
+#include <atomic>
 #include <cerrno>
 #include <filesystem>
 #include <gtest/gtest.h>
+#include <thread>
 
 #include "platform/posix/HostErrors.h"
 #include "platform/posix/RenameFile.h"
+#include "tests/support/FatDisk.h"
 #include "tests/support/TemporaryDrive.h"
 
 namespace pixorra {
@@ -60,6 +63,33 @@ TEST_P(Renaming, TwoHardLinksThatDifferInCaseAreTwoFiles) {
 
 TEST_P(Renaming, AMissingFileIsTold) {
   EXPECT_EQ(Rename("C:\\a", "C:\\b"), ENOENT);
+}
+
+// Where there are neither links nor a rename that keeps what is there, the name is claimed first.
+TEST(RenamingInSteps, OfTwoFilesThatAreGivenOneNameAtOnceNoneIsLost) {
+  TemporaryDrive drive;
+  const FatDisk disk(drive.HostPath("C:\\card"), 1024);
+  if (!disk.Mounted()) GTEST_SKIP() << disk.WhyNot();
+  for (int i = 0; i < 20 && !::testing::Test::HasFailure(); ++i) {
+    const std::string to = "C:\\card\\to" + std::to_string(i);
+    const std::string from[] = {to + "a", to + "b"};
+    for (const std::string& path : from) drive.Write(path, path);
+    std::atomic<int> ready = 0;
+    int results[2] = {};
+    const auto rename = [&](int which) {
+      ++ready;
+      while (ready < 2) {
+      }
+      results[which] = RenameKeepingInSteps(drive.HostPath(from[which]), drive.HostPath(to));
+    };
+    std::thread other(rename, 1);
+    rename(0);
+    other.join();
+    for (int which : {0, 1}) {
+      EXPECT_EQ(drive.Read(results[which] == 0 ? to : from[which]), from[which]) << results[which];
+      EXPECT_TRUE(results[which] == 0 || results[which] == EEXIST) << results[which];
+    }
+  }
 }
 
 TEST(HostErrors, EachErrorOfTheHostHasItsNumber) {
