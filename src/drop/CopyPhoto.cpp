@@ -2,6 +2,7 @@
 
 #include "pictures/PictureLoader.h"
 #include "pictures/Scratch.h"
+#include "platform/controls/Toolkit.h"
 #include "platform/runtime/Errors.h"
 #include "platform/services/Clipboard.h"
 #include "platform/services/Dialogs.h"
