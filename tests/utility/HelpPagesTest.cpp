@@ -25,12 +25,12 @@ TEST(HelpPages, TitlesCountTheirPagesAndSpellHelpInTwoWays) {
   EXPECT_EQ(titles,
             (std::vector<std::string>{
                 "HELP - General     [1 of 3]", "HELP - General     [2 of 3]", "HELP - General     [3 of 3]",
-                "Help - Select a Film Strip     [1 of 1]",
-                "Help - Show a Folder     [1 of 1]", "Help - Set Camera Location     [1 of 1]",
-                "HELP - Preferences     [1 of 5]", "HELP - Preferences     [2 of 5]", "HELP - Preferences     [3 of 5]",
-                "HELP - Preferences     [4 of 5]", "HELP - Preferences     [5 of 5]", "HELP - Rename     [1 of 1]",
-                "HELP - Duplicate Photos     [1 of 1]", "HELP - Delete Photos in Film Strip     [1 of 1]",
-                "HELP - Printing     [1 of 2]", "HELP - Printing     [2 of 2]", "HELP - Slide Show     [1 of 1]"}));
+                "Help - Select a Film Strip     [1 of 1]", "Help - Show a Folder     [1 of 1]",
+                "Help - Set Camera Location     [1 of 1]", "HELP - Preferences     [1 of 5]",
+                "HELP - Preferences     [2 of 5]", "HELP - Preferences     [3 of 5]", "HELP - Preferences     [4 of 5]",
+                "HELP - Preferences     [5 of 5]", "HELP - Rename     [1 of 1]", "HELP - Duplicate Photos     [1 of 1]",
+                "HELP - Delete Photos in Film Strip     [1 of 1]", "HELP - Printing     [1 of 2]",
+                "HELP - Printing     [2 of 2]", "HELP - Slide Show     [1 of 1]"}));
 }
 
 TEST(HelpPages, APageIsADozenLinesOfSomeSixtyCharactersAtMost) {
