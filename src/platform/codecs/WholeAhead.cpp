@@ -5,6 +5,7 @@
 #include <atomic>
 #include <exception>
 #include <numeric>
+#include <span>
 #include <system_error>
 #include <utility>
 
@@ -14,7 +15,6 @@
 #include "platform/codecs/ThreadPriority.h"
 #include "platform/pixels/Stretch.h"
 #include "platform/runtime/Errors.h"
-#include "platform/services/FileBytes.h"
 
 namespace pixorra {
 
@@ -26,6 +26,7 @@ struct WholeAhead::Job {
   FileStamp stamp;  // from before the file was read
   ReadAhead::PaintedSizes sizes;
   State state = State::Not;
+  bool claiming = false;  // it waits for memory
   bool decoding = false;  // it has been granted all that it takes
   bool again = false;     // what was made, or could have been, is wanted anew
   std::int64_t held = 0;  // bytes
@@ -40,10 +41,23 @@ struct WholeAhead::Job {
 namespace {
 
 constexpr std::size_t MostThreads = 4;
+constexpr std::size_t ReadPart = std::size_t{1024} * 1024;  // bytes
 
 bool IsJpeg(File& file) {
   std::array<std::uint8_t, 2> start{};
   return file.ReadAt(0, start.data(), start.size()) == start.size() && start[0] == 0xFF && start[1] == 0xD8;
+}
+
+// A file's first bytes, so many or all that there are; returns how many. It ends early where the photo is dropped.
+std::size_t ReadInParts(File& file, std::uint8_t* into, std::size_t bytes, const std::atomic<bool>& dropped) {
+  std::size_t read = 0;
+  while (read < bytes && !dropped) {
+    const std::size_t part = std::min(ReadPart, bytes - read);
+    const std::size_t got = file.ReadAt(static_cast<std::int64_t>(read), into + read, part);
+    read += got;
+    if (got < part) break;
+  }
+  return read;
 }
 
 std::int64_t BytesOf(PixelSize size) {
@@ -186,6 +200,13 @@ WholeAhead::JobPointer WholeAhead::NextWaiting() const {
   return found != jobs_.end() ? *found : nullptr;
 }
 
+// None while a job that is wanted more waits for memory: it would only be in its way.
+WholeAhead::JobPointer WholeAhead::NextToBegin() const {
+  const auto found = std::ranges::find_if(
+      jobs_, [](const JobPointer& job) { return job->claiming || job->state == Job::State::Waiting; });
+  return found != jobs_.end() && !(*found)->claiming ? *found : nullptr;
+}
+
 // A thread that is at it stops soon, and gives back what it holds.
 void WholeAhead::LetGo(Job& job) {
   job.dropped = true;
@@ -232,14 +253,30 @@ bool WholeAhead::MakeRoom(const Job* before, std::int64_t bytes) {
   return true;
 }
 
-// Memory for a job, all that it is to hold. One that does not fit beside the decodes under way waits for them; what
+// Whether no thread is at a job that is wanted less than this one, or no longer.
+bool WholeAhead::IsLeastWanted(const Job& job) const {
+  int wantedMore = 0;
+  for (const JobPointer& other : jobs_) {
+    if (other->state == Job::State::Running) ++wantedMore;
+    if (other.get() == &job) break;
+  }
+  return wantedMore >= working_;
+}
+
+// Memory for a job, all that it is to hold. One that does not fit beside the decodes under way, or beside what jobs
+// that are wanted less hold, waits for them; of jobs that only hold their files' bytes the least wanted gives way. What
 // does not fit at all is left alone.
 bool WholeAhead::Claim(std::unique_lock<std::mutex>& lock, Job& job, std::int64_t bytes) {
+  const bool everFits = bytes <= mostMemory_;
   const auto fits = [&] { return MakeRoom(&job, bytes - job.held); };
-  worked_.wait(lock, [&] { return ending_ || job.dropped || decoding_ == 0 || fits(); });
+  const auto othersEnd = [&] { return everFits && (decoding_ > 0 || !IsLeastWanted(job)); };
+  job.claiming = true;
+  worked_.wait(lock, [&] { return ending_ || job.dropped || !othersEnd() || fits(); });
+  job.claiming = false;
+  wake_.notify_all();
   if (ending_ || job.dropped) return false;
   if (!fits()) {
-    job.again = bytes <= mostMemory_;
+    job.again = everFits;
     return false;
   }
   Hold(bytes - std::exchange(job.held, bytes));
@@ -261,10 +298,12 @@ bool WholeAhead::BeginDecoding(Job& job, std::int64_t bytes) {
 
 void WholeAhead::Decode(Job& job) {
   if (!IsJpeg(*job.file) || !BeginReading(job)) return;
-  const auto bytes = std::make_shared<FileBytes>();
-  bytes->Read(*job.file);
-  if (job.file->Stamp() != job.stamp) return;
-  JpegReader reader(bytes->Bytes());
+  const auto length = static_cast<std::size_t>(job.stamp.Length);
+  const auto block = std::make_shared_for_overwrite<std::uint8_t[]>(length);
+  const std::size_t read = ReadInParts(*job.file, block.get(), length, job.dropped);
+  if (job.dropped || job.file->Stamp() != job.stamp) return;
+  const std::span<const std::uint8_t> bytes(block.get(), read);
+  JpegReader reader(bytes);
   if (reader.Open() != jpeg::Ok) return;
   reader.StopOn(job.dropped);
   if (reader.Reduce(1) != jpeg::Ok) return;
@@ -282,8 +321,7 @@ void WholeAhead::Decode(Job& job) {
     reductions.emplace_back(size.Width, size.Height, PixelFormat::Bgr24);
     Stretch(pixels, reductions.back(), 0, 0, size.Width, size.Height);
   }
-  job.made =
-      Picture(whole.Width, whole.Height, std::move(reductions), [bytes] { return DecodePicture(bytes->Bytes()); });
+  job.made = Picture(whole.Width, whole.Height, std::move(reductions), [block, bytes] { return DecodePicture(bytes); });
   job.keeps = kept;
 }
 
@@ -292,7 +330,7 @@ void WholeAhead::Work() {
   std::unique_lock lock(mutex_);
   for (;;) {
     JobPointer job;
-    wake_.wait(lock, [&] { return ending_ || (job = NextWaiting()) != nullptr; });
+    wake_.wait(lock, [&] { return ending_ || (job = NextToBegin()) != nullptr; });
     if (ending_) return;
     job->state = Job::State::Running;
     ++working_;

@@ -55,11 +55,13 @@ class WholeAhead {
   JobPointer Known(const std::string& path, const ReadAhead::PaintedSizes& sizes);
   JobPointer NewJob(const std::string& path, const ReadAhead::PaintedSizes& sizes) const;
   JobPointer NextWaiting() const;
+  JobPointer NextToBegin() const;
   void LetGo(Job& job);
   void DropKept();
   void StartThreads();
   void Hold(std::int64_t more);
   bool MakeRoom(const Job* before, std::int64_t bytes);
+  bool IsLeastWanted(const Job& job) const;
   bool Claim(std::unique_lock<std::mutex>& lock, Job& job, std::int64_t bytes);
   bool BeginReading(Job& job);
   bool BeginDecoding(Job& job, std::int64_t bytes);

@@ -201,6 +201,22 @@ TEST_F(WholeAheadTest, APhotoThatIsWantedBeforeItsDecodeHasBegunIsLeftToWhoWants
   EXPECT_TRUE(ahead.IsReady(path));
 }
 
+TEST_F(WholeAheadTest, AFileIsReadInPartsAndNoFurtherOnceThePhotoIsNoLongerExpected) {
+  std::string longFile = JpegPhoto(320, 240);
+  longFile.resize(std::size_t{4} * 1024 * 1024, 'x');
+  const std::string path = Write("a.jpg", longFile);
+  HeldUp secondPart(files, "a.jpg", 3);
+  ahead.Expect({path}, HalfOnly);
+  const bool inParts = secondPart.begun.get_future().wait_for(std::chrono::seconds(10)) == std::future_status::ready;
+  ahead.Expect({}, HalfOnly);
+  secondPart.goOn.set_value();
+  ahead.Settle();
+  EXPECT_TRUE(inParts);
+  EXPECT_EQ(files.Count(FileCall::Read), 3) << "the start, and two parts";
+  Prepare({path});
+  EXPECT_TRUE(ahead.IsReady(path));
+}
+
 TEST_F(WholeAheadTest, APictureIsKeptForTheNextToAskWhilePhotosAreExpected) {
   DecodeAhead whole(files);
   CodecPictures pictures(files, &whole);
@@ -262,6 +278,20 @@ TEST_F(LittleRoom, APhotoThatNeverFitsIsLeftAlone) {
   little.Settle();
   EXPECT_FALSE(little.IsReady(large));
   EXPECT_TRUE(little.IsReady(small));
+}
+
+TEST_F(LittleRoom, ThePhotoWantedMostIsReadyThoughItDoesNotFitBesideTheOthersFiles) {
+  std::string longFile = JpegPhoto(320, 240);
+  longFile.resize(Room / 4, 'x');  // what follows the picture is no matter
+  for (int round = 0; round < 20; ++round) {
+    std::vector<std::string> paths;
+    for (int i = 0; i < 6; ++i) paths.push_back(Write(std::to_string(i) + ".jpg", longFile));
+    WholeAhead own(files, Room);
+    own.Expect(paths, HalfOnly);
+    own.Settle();
+    EXPECT_TRUE(own.IsReady(paths[0])) << round;
+    EXPECT_LE(own.MostHeld(), Room);
+  }
 }
 
 TEST_F(LittleRoom, APictureThatIsKeptCountsToo) {
