@@ -144,18 +144,23 @@ void RefreshLists(DesktopState& desk, int slot) {
   });
 }
 
-// Returns whether the folder has a copy of the photo then. It has none where the photo is one of the folder's own, by
-// whatever path, and its copy has been deleted again as a duplicate of the photo itself.
-bool SettleDuplicate(MainForm& main, const Drop& drop, std::string newFile) {
-  if (main.preferences.DuplicatesAllowOption.Value()) return true;
+struct Settled {
+  // The folder has none where the photo is one of the folder's own, by whatever path, and its copy has been deleted
+  // again as a duplicate of the photo itself.
+  bool HasCopy = true;
+  bool Asked = false;  // a question may have been up for long
+};
+
+Settled SettleDuplicate(MainForm& main, const Drop& drop, std::string newFile) {
+  if (main.preferences.DuplicatesAllowOption.Value()) return {};
   Files& files = main.host.files;
   const std::string equalFile =
       FindDuplicate(files, main.desk.DestFolderFiles(drop.Slot), newFile, &main.drop.seenLengths);
-  if (equalFile.empty()) return true;
+  if (equalFile.empty()) return {};
   const bool isPhotoItself = files.IsSameFile(equalFile, drop.Photo);
   ResolveDuplicate(main, equalFile, newFile, drop.Slot);
   if (IsStillPossible(main, drop)) RefreshLists(main.desk, drop.Slot);
-  return !isPhotoItself || files.FileExists(newFile);
+  return {.HasCopy = !isPhotoItself || files.FileExists(newFile), .Asked = true};
 }
 
 // What follows the copy: preview, lists, duplicates (which may delete a file), count, view, mark and the memory of the
@@ -165,16 +170,19 @@ void FinishDrop(MainForm& main, const Drop& drop, const std::string& destination
   if (drop.Slot != TrashcanSlot) ErrorsIgnored([&] { ShowNewArrival(main, drop); });
   if (!IsStillPossible(main, drop)) return;
   RefreshLists(desk, drop.Slot);
-  bool hasCopy = true;
-  ErrorsIgnored([&] { hasCopy = SettleDuplicate(main, drop, destination); });
+  Settled settled;
+  ErrorsIgnored([&] { settled = SettleDuplicate(main, drop, destination); });
   if (!IsStillPossible(main, drop)) return;
   ErrorsIgnored([&] { ShowFolderCount(main.desk, drop.Slot); });
-  if (!hasCopy) return;
+  if (!settled.HasCopy) return;
   if (drop.Slot == desk.OpenFolderIndex) {
     ErrorsIgnored([&] { ShowEndOfView(desk); });
     QuickThumbsOf(main).CopyQuickThumb({drop.Photo, stamps.Source, destination, stamps.Copy});
   }
-  ErrorsIgnored([&] { MarkDragged(main, *drop.Source.Get(), stamps.Source); });
+  ErrorsIgnored([&] {
+    MarkDragged(main, *drop.Source.Get(), stamps.Source);
+    if (settled.Asked && drop.Source) NoteChangeSinceCopied(main, *drop.Source.Get());
+  });
   if (!drop.Source) return;
   // All three or none: an undo must not pair the new file with the photo of a drop before.
   ErrorsIgnored([&] {

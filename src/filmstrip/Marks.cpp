@@ -35,11 +35,7 @@ void Follow(MainForm& main) {
 
 void MarkAs(MainForm& main, ImageBox& thumbnail, const std::string& stamp) {
   ShowMark(main, thumbnail, stamp);
-  const std::string photo = thumbnail.Tag();
-  const QuickThumbs thumbs = QuickThumbsOf(main);
-  thumbs.SetQuickThumbMark(photo, "MARK");
-  // At the next start nothing but the cache tells it from the one that was copied.
-  if (IsChangedSinceMarked(main, thumbnail.Index())) thumbs.NoteEdited(photo);
+  QuickThumbsOf(main).SetQuickThumbMark(thumbnail.Tag(), "MARK");
   Follow(main);
 }
 
@@ -51,6 +47,11 @@ void MarkDragged(MainForm& main, ImageBox& thumbnail) {
 
 void MarkDragged(MainForm& main, ImageBox& thumbnail, const FileStamp& copied) {
   MarkAs(main, thumbnail, StampText(copied));
+}
+
+void NoteChangeSinceCopied(MainForm& main, const ImageBox& thumbnail) {
+  // At the next start nothing but the cache tells it from the one that was copied.
+  if (IsChangedSinceMarked(main, thumbnail.Index())) QuickThumbsOf(main).NoteEdited(thumbnail.Tag());
 }
 
 // The cache knows the photo by its length and date: it is as it was when the mark was set.

@@ -12,6 +12,9 @@ struct MainForm;
 void MarkDragged(MainForm& main, ImageBox& thumbnail);
 // After a drop: `copied` is the stamp that the photo had when it was copied.
 void MarkDragged(MainForm& main, ImageBox& thumbnail, const FileStamp& copied);
+// Where time has passed between the copy and the mark: the mark of a photo that has been changed meanwhile says so.
+// Opens the photo.
+void NoteChangeSinceCopied(MainForm& main, const ImageBox& thumbnail);
 // Of a slot that is loaded, whose photo has its mark already.
 void MarkLoaded(MainForm& main, ImageBox& thumbnail);
 // How many slots are marked.
