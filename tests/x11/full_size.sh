@@ -7,7 +7,6 @@ source "$(dirname "${BASH_SOURCE[0]}")/support/strip.bash"
 photos="$(cd "$(dirname "${BASH_SOURCE[0]}")/../data/photos" && pwd)"
 card="$HOME/Card"
 state="$HOME/.config/pixorra/Pixorra.sav"
-cache="$card/Thumbnails.tmp"
 mkdir -p "$card" "$(dirname "$state")"
 fill_card
 # The first one is larger than the screen.
