@@ -20,6 +20,9 @@ namespace pixorra {
 namespace {
 
 constexpr int CacheKilobytes = 64 * 1024;
+// A picture of more bytes than this is kept by count: the cost of one would drop all others.
+constexpr qsizetype LargeBytes = qsizetype{16} * 1024 * 1024;
+constexpr int LargeKept = 2;
 
 int Kilobytes(qsizetype bytes) {
   return 1 + static_cast<int>(bytes / 1024);
@@ -53,7 +56,7 @@ QImage DesktopIcon(const QString& name, QSize size) {
 
 }  // namespace
 
-ArtStore::ArtStore() : rendered_(CacheKilobytes), reduced_(CacheKilobytes) {
+ArtStore::ArtStore() : rendered_(CacheKilobytes), reduced_(CacheKilobytes), reducedLarge_(LargeKept) {
   InitArt();
 }
 
@@ -108,10 +111,12 @@ QImage ArtStore::Reduce(const Picture& picture, QSize size) {
                             .arg(reinterpret_cast<quintptr>(&picture.Pixels()))
                             .arg(size.width())
                             .arg(size.height());
-  if (const Reduced* known = reduced_.object(entry)) return known->Image;
+  const qsizetype sourceBytes = SharedImage(picture.Pixels()).sizeInBytes();
+  const bool large = sourceBytes > LargeBytes;
+  QCache<QString, Reduced>& cache = large ? reducedLarge_ : reduced_;
+  if (const Reduced* known = cache.object(entry)) return known->Image;
   QImage image = SharedImage(picture.Pixels()).scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
-  const qsizetype bytes = image.sizeInBytes() + SharedImage(picture.Pixels()).sizeInBytes();
-  reduced_.insert(entry, new Reduced{picture, image}, Kilobytes(bytes));
+  cache.insert(entry, new Reduced{picture, image}, large ? 1 : Kilobytes(image.sizeInBytes() + sourceBytes));
   return image;
 }
 

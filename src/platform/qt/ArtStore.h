@@ -42,6 +42,7 @@ class ArtStore {
   QHash<QString, std::shared_ptr<QSvgRenderer>> sources_;
   QCache<QString, QImage> rendered_;  // cost in kilobytes
   QCache<QString, Reduced> reduced_;
+  QCache<QString, Reduced> reducedLarge_;  // cost 1 each
 };
 
 }  // namespace pixorra

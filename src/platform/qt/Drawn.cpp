@@ -15,7 +15,7 @@ QImage DrawnAt(const Picture& picture, QSize deviceSize, ArtStore& art) {
   QImage pixels = SharedImage(picture.Pixels());
   if (pixels.size() == deviceSize) return pixels;
   // Fewer pixels are averaged beforehand; where more are needed the painter itself blends well enough.
-  if (pixels.width() < deviceSize.width() || pixels.height() < deviceSize.height()) return pixels;
+  if (pixels.width() <= deviceSize.width() && pixels.height() <= deviceSize.height()) return pixels;
   return art.Reduce(picture, deviceSize);
 }
 
