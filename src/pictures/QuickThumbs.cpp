@@ -257,11 +257,7 @@ void QuickThumbs::RenameQuickThumb(const std::string& from, const std::string& t
   ErrorsIgnored([&] { RenameEntry(from, to); });
 }
 
-void QuickThumbs::WriteNote(const std::string& path, bool edited) const {
-  const std::optional<Sought> sought = Seek(path);
-  if (!sought) return;
-  const Entry entry = FindEntry(*sought);
-  if (entry.Record == 0) return;
+void QuickThumbs::WriteNote(const Sought& sought, const Entry& entry, bool edited) const {
   const std::int64_t place = OffsetOf(entry.Record) + static_cast<std::int64_t>(NoteOffset);
   std::array<char, NoteBytes> note{};
   entry.Cache->ReadAt(place, note.data(), note.size());
@@ -269,22 +265,28 @@ void QuickThumbs::WriteNote(const std::string& path, bool edited) const {
   note.fill(0);
   if (edited) std::ranges::copy(EditedNote, note.begin());
   entry.Cache->WriteAt(place, note.data(), note.size());
-  index_.Marked(sought->Cache, *entry.Cache);
+  index_.Marked(sought.Cache, *entry.Cache);
 }
 
 // The note first: a mark never has that of a mark before.
 void QuickThumbs::SetQuickThumbMark(const std::string& path, const std::string& text) const {
   ErrorsIgnored([&] {
-    WriteNote(path, false);
     const std::optional<Sought> sought = Seek(path);
     if (!sought) return;
     const Entry entry = FindEntry(*sought);
-    if (entry.Record != 0) MarkEntry(*sought, entry, !text.empty());
+    if (entry.Record == 0) return;
+    WriteNote(*sought, entry, false);
+    MarkEntry(*sought, entry, !text.empty());
   });
 }
 
 void QuickThumbs::NoteEdited(const std::string& path) const {
-  ErrorsIgnored([&] { WriteNote(path, true); });
+  ErrorsIgnored([&] {
+    const std::optional<Sought> sought = Seek(path);
+    if (!sought) return;
+    const Entry entry = FindEntry(*sought);
+    if (entry.Record != 0) WriteNote(*sought, entry, true);
+  });
 }
 
 bool QuickThumbs::WasEditedSinceDragged(const std::string& path) const {

@@ -85,7 +85,7 @@ class QuickThumbs {
   void RenameEntry(const std::string& from, const std::string& to) const;
   void MarkEntry(const Sought& sought, const Entry& entry, bool dragged) const;
   bool MayBeMarked(const Sought& sought) const;
-  void WriteNote(const std::string& path, bool edited) const;
+  void WriteNote(const Sought& sought, const Entry& entry, bool edited) const;
 
   Files& files_;
   Places& places_;
