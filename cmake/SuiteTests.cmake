@@ -20,7 +20,8 @@ endif()
 
 function(pixorra_add_suite_test name filter)
   add_test("${suite_prefix}${name}" ${suite_launcher} "${suite_program}" "--gtest_filter=${filter}" --gtest_brief=1)
-  set_tests_properties("${suite_prefix}${name}" PROPERTIES WORKING_DIRECTORY "${suite_folder}")
+  # Seconds; many tests share them.
+  set_tests_properties("${suite_prefix}${name}" PROPERTIES WORKING_DIRECTORY "${suite_folder}" TIMEOUT 600)
 endfunction()
 
 # A suite is a line that ends in a point, its tests are the indented lines below it; what a parameter is follows a #.
