@@ -5,6 +5,7 @@
 #include <poll.h>
 #include <string_view>
 
+#include "platform/posix/DesktopMountsLook.h"
 #include "platform/posix/HostNames.h"
 #include "platform/posix/Mounts.h"
 #include "platform/posix/PosixVolumes.h"
@@ -24,6 +25,7 @@ std::string ShownName(const std::string& mountPoint) {
 MountedMapping::MountedMapping(const Environment& environment)
     : user_(environment.User),
       shareMounts_(environment.RuntimeDir.empty() ? std::string() : environment.RuntimeDir + "/gvfs"),
+      desktopMounts_(DesktopMountsLook(shareMounts_).Names()),
       lettersFile_(environment.ConfigHome + "/pixorra/drives"),
       mountInfo_(open("/proc/self/mountinfo", O_RDONLY | O_CLOEXEC)),
       remembered_(ParseLetters(ReadSmallFile(lettersFile_).value_or(""))) {
@@ -33,6 +35,11 @@ MountedMapping::MountedMapping(const Environment& environment)
 const PathMapping& MountedMapping::Current() {
   if (MountsChanged()) Read();
   return mapping_;
+}
+
+void MountedMapping::ReadAgain(const std::vector<std::string>& desktopMounts) {
+  desktopMounts_ = desktopMounts;
+  Read();
 }
 
 bool MountedMapping::MountsChanged() {
@@ -50,7 +57,7 @@ void MountedMapping::Read() {
     keys.push_back(MediumKey(mount));
     media.push_back({0, mount.Point, ShownName(mount.Point)});
   }
-  for (const std::string& folder : DesktopMounts(shareMounts_)) {
+  for (const std::string& folder : desktopMounts_) {
     const PlaceOfVolume device = VolumeOfDesktopMount(folder);
     if (device.Kind != VolumeKind::Camera) continue;
     keys.push_back(device.Identity);

@@ -18,8 +18,10 @@ class MappingSource {
   virtual ~MappingSource() = default;
   // Good until the next call.
   virtual const PathMapping& Current() = 0;
-  // What the desktop mounts in its own folder has changed, of which the kernel says nothing.
-  virtual void ReadAgain() {}
+  // What the desktop mounts in its own folder has changed to this, of which the kernel says nothing.
+  virtual void ReadAgain(const std::vector<std::string>& desktopMounts) { static_cast<void>(desktopMounts); }
+  // What the mapping knows of that.
+  virtual std::vector<std::string> DesktopMounts() const { return {}; }
 };
 
 class FixedMapping : public MappingSource {
@@ -32,13 +34,14 @@ class FixedMapping : public MappingSource {
 };
 
 // C: is the host's "/"; the user's media are drives of their own, and so are the cameras and phones that the desktop
-// mounts, each from its root on; shares are looked for in the session's folder of
-// mounts. Letters are remembered in "pixorra/drives" of the configuration folder.
+// mounts, each from its root on; shares are looked for in the session's folder of mounts. Letters are remembered in
+// "pixorra/drives" of the configuration folder.
 class MountedMapping : public MappingSource {
  public:
   explicit MountedMapping(const Environment& environment);
   const PathMapping& Current() override;
-  void ReadAgain() override { Read(); }
+  void ReadAgain(const std::vector<std::string>& desktopMounts) override;
+  std::vector<std::string> DesktopMounts() const override { return desktopMounts_; }
 
  private:
   bool MountsChanged();
@@ -46,6 +49,7 @@ class MountedMapping : public MappingSource {
 
   std::string user_;
   std::string shareMounts_;
+  std::vector<std::string> desktopMounts_;  // names in it
   std::string lettersFile_;
   UniqueFd mountInfo_;
   std::vector<RememberedLetter> remembered_;

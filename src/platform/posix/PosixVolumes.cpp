@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <dirent.h>
 #include <fcntl.h>
 #include <poll.h>
 #include <string_view>
@@ -11,7 +10,6 @@
 #include "platform/posix/Mounts.h"
 #include "platform/posix/ShareMounts.h"
 #include "platform/runtime/Errors.h"
-#include "platform/runtime/NaturalOrder.h"
 #include "platform/runtime/Text.h"
 
 namespace pixorra {
@@ -55,17 +53,6 @@ std::string DeviceName(std::string_view text) {
 
 }  // namespace
 
-std::vector<std::string> DesktopMounts(const std::string& folder) {
-  std::vector<std::string> names;
-  const std::unique_ptr<DIR, int (*)(DIR*)> open(folder.empty() ? nullptr : opendir(folder.c_str()), closedir);
-  if (!open) return names;
-  while (const dirent* entry = readdir(open.get())) {
-    if (static_cast<const char*>(entry->d_name)[0] != '.') names.emplace_back(static_cast<const char*>(entry->d_name));
-  }
-  std::sort(names.begin(), names.end(), NaturalLess);
-  return names;
-}
-
 PlaceOfVolume VolumeOfDesktopMount(const std::string& folder) {
   if (const std::optional<Share> share = ShareOfMount(folder))
     return {NameForPeople(NameFromHost(share->Name)) + " on " + NameForPeople(NameFromHost(share->Server)),
@@ -84,8 +71,9 @@ PlaceOfVolume VolumeOfDesktopMount(const std::string& folder) {
 PosixVolumes::PosixVolumes(const Environment& environment, std::shared_ptr<MappingSource> mapping)
     : desktopMounts_(environment.RuntimeDir.empty() ? std::string() : environment.RuntimeDir + "/gvfs"),
       mapping_(std::move(mapping)),
+      look_(desktopMounts_),
       mountInfo_(open(mountInfoFile, O_RDONLY | O_CLOEXEC)),
-      seen_(DesktopMounts(desktopMounts_)) {}
+      seen_(mapping_->DesktopMounts()) {}
 
 std::vector<PlaceOfVolume> PosixVolumes::List() {
   const PathMapping& mapping = mapping_->Current();
@@ -95,7 +83,7 @@ std::vector<PlaceOfVolume> PosixVolumes::List() {
     const bool ofDesktop = !desktopMounts_.empty() && volume.HostRoot.starts_with(desktopMounts_ + '/');
     if (!ofDesktop) volumes.push_back(PlaceOf(volume, mounts));
   }
-  for (const std::string& folder : DesktopMounts(desktopMounts_)) {
+  for (const std::string& folder : look_.Names()) {
     PlaceOfVolume volume = VolumeOfDesktopMount(folder);
     const std::optional<std::string> path = mapping.ToProgram(desktopMounts_ + '/' + folder);
     if (volume.Label.empty() || !path) continue;
@@ -121,10 +109,10 @@ std::uint64_t PosixVolumes::Stamp() {
   // The kernel raises this once for each change since the last look.
   pollfd look{mountInfo_.Get(), POLLPRI, 0};
   const bool changed = mountInfo_ && poll(&look, 1, 0) > 0 && (look.revents & (POLLERR | POLLPRI)) != 0;
-  std::vector<std::string> names = DesktopMounts(desktopMounts_);
+  std::vector<std::string> names = look_.Names();
   if (!changed && names == seen_) return stamp_;
   // A device that has come or gone is a drive that has.
-  if (names != seen_) mapping_->ReadAgain();
+  if (names != seen_) mapping_->ReadAgain(names);
   seen_ = std::move(names);
   return ++stamp_;
 }

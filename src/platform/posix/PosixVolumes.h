@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/posix/DesktopMountsLook.h"
 #include "platform/posix/Environment.h"
 #include "platform/posix/MappingSource.h"
 #include "platform/posix/UniqueFd.h"
@@ -22,6 +23,7 @@ class PosixVolumes : public Volumes {
  private:
   std::string desktopMounts_;  // host path, empty for none
   std::shared_ptr<MappingSource> mapping_;
+  DesktopMountsLook look_;
   UniqueFd mountInfo_;
   std::vector<std::string> seen_;  // what was mounted there at the last Stamp
   std::uint64_t stamp_ = 1;
@@ -30,7 +32,5 @@ class PosixVolumes : public Volumes {
 // The volume that the desktop's virtual file system shows as this folder, such as "mtp:host=Maker_Phone" or
 // "smb-share:server=nas,share=photos"; without its path. No label where it is of another kind.
 PlaceOfVolume VolumeOfDesktopMount(const std::string& folder);
-// The names in the desktop's folder of mounts, in order; nothing is looked at below it.
-std::vector<std::string> DesktopMounts(const std::string& folder);
 
 }  // namespace pixorra

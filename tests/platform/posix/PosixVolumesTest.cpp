@@ -1,6 +1,8 @@
 // What is there to begin from: the file system, media, shares and cameras.
+#include <chrono>
 #include <filesystem>
 #include <gmock/gmock.h>
+#include <thread>
 
 #include "platform/posix/PosixVolumes.h"
 #include "tests/platform/posix/PrivateMounts.h"
@@ -73,6 +75,28 @@ TEST_F(PosixVolumesTest, StampFollowsTheKernelsMounts) {
   MemoryDisk disk(drive.HostPath("C:\\media\\card"), "size=64k");
   ASSERT_TRUE(disk.Mounted());
   EXPECT_NE(volumes.Stamp(), before);
+}
+
+TEST_F(PosixVolumesTest, AMountThatHangsHoldsNothingUpAndWhatWasThereCounts) {
+  if (!HavePrivateMounts()) GTEST_SKIP() << "nothing can be mounted here";
+  Mount("smb-share:server=nas,share=photos");
+  environment.ConfigHome = drive.HostPath("C:\\config");
+  PosixVolumes volumes(environment, mapping);
+  const std::vector<PlaceOfVolume> before = volumes.List();
+  HangingMount hanging(drive.HostPath("C:\\run\\gvfs"));
+  if (!hanging.Mounted()) GTEST_SKIP() << "no such mount can be had here";
+  volumes.Stamp();
+  const auto begin = std::chrono::steady_clock::now();
+  for (int i = 0; i < 1000; ++i) {
+    EXPECT_EQ(volumes.List(), before);
+    volumes.Stamp();
+  }
+  MountedMapping started(environment);
+  EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(5));
+  hanging.End();
+  Mount("smb-share:server=nas,share=videos");
+  while (volumes.List().size() != before.size() + 1) std::this_thread::yield();
+  EXPECT_EQ(volumes.List().back().Label, "videos on nas");
 }
 
 TEST_F(PosixVolumesTest, NothingOfTheDesktopIsNoFault) {

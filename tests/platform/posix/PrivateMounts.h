@@ -1,11 +1,14 @@
 // Mounts that only this process sees and that go with it. Needs root; a test skips where it cannot have them.
 #pragma once
 
+#include <fcntl.h>
 #include <sched.h>
 #include <string>
 #include <sys/mount.h>
 #include <unistd.h>
 #include <utility>
+
+#include "platform/posix/UniqueFd.h"
 
 namespace pixorra {
 
@@ -33,6 +36,31 @@ class MemoryDisk {
 
  private:
   std::string folder_;
+  bool mounted_ = false;
+};
+
+// A file system at a host folder that answers nothing, until End.
+class HangingMount {
+ public:
+  explicit HangingMount(std::string folder)
+      : folder_(std::move(folder)), server_(open("/dev/fuse", O_RDWR | O_CLOEXEC)) {
+    const std::string options = "fd=" + std::to_string(server_.Get()) + ",rootmode=40000,user_id=0,group_id=0";
+    mounted_ = server_ && HavePrivateMounts() && mount("test", folder_.c_str(), "fuse", 0, options.c_str()) == 0;
+  }
+  ~HangingMount() { End(); }
+  HangingMount(const HangingMount&) = delete;
+  HangingMount& operator=(const HangingMount&) = delete;
+  bool Mounted() const { return mounted_; }
+  // It has gone, and who waits for it hears of that.
+  void End() {
+    if (mounted_) umount2(folder_.c_str(), MNT_DETACH);
+    mounted_ = false;
+    server_ = UniqueFd();
+  }
+
+ private:
+  std::string folder_;
+  UniqueFd server_;
   bool mounted_ = false;
 };
 
