@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "platform/posix/HostNames.h"
+#include "platform/posix/KeptFolders.h"
 #include "platform/posix/ShareMounts.h"
 #include "platform/runtime/Text.h"
 
@@ -49,7 +50,8 @@ bool MayBeAlike(std::string_view a, std::string_view b) {
   return a.size() == b.size() || !isAscii(a.size() > b.size() ? a[b.size()] : b[a.size()]);
 }
 
-std::optional<std::string> OtherCase(const std::string& folder, const std::string& wanted) {
+std::optional<std::string> OtherCase(const std::string& folder, const std::string& wanted, KeptFolders* kept) {
+  if (const KeptFolder* known = kept != nullptr ? kept->Find(folder) : nullptr) return known->OtherCase(wanted);
   const std::string spelled = NameFromHost(wanted);
   return FirstName(folder, [&](std::string_view name, ino_t) {
     return MayBeAlike(name, wanted) && EqualIgnoringCase(NameFromHost(name), spelled);
@@ -68,7 +70,7 @@ std::optional<std::string> OtherMount(const std::string& folder, const std::stri
 }
 
 // One name at a time from name `first` on; those before it are there.
-Located Walk(HostPath path, std::size_t first) {
+Located Walk(HostPath path, std::size_t first, KeptFolders* kept) {
   Located located;
   located.Path = std::move(path);
   HostPath& found = located.Path;
@@ -77,7 +79,8 @@ Located Walk(HostPath path, std::size_t first) {
     located.Failure = Look(found.Text(i + 1), located.Entry);
     if (located.Failure == ENOENT) {
       const std::optional<std::string> name =
-          i < found.RootNames ? OtherMount(folder, found.Names[i]) : OtherCase(folder, found.Names[i]);
+          i < found.RootNames ? OtherMount(folder, found.Names[i])
+                              : OtherCase(folder, found.Names[i], i + 1 == found.Names.size() ? kept : nullptr);
       if (name) {
         found.Names[i] = *name;
         located.Failure = Look(found.Text(i + 1), located.Entry);
@@ -109,7 +112,7 @@ std::string NameInDiskCase(const std::string& folder, const std::string& name) {
 
 }  // namespace
 
-Located Locate(HostPath path) {
+Located Locate(HostPath path, KeptFolders* kept) {
   Located located;
   located.Failure = Look(path.Text(), located.Entry);
   if (located.Failure == 0 || path.Names.empty()) {
@@ -120,7 +123,7 @@ Located Locate(HostPath path) {
   // Mostly it is only the last name that is not there.
   const std::size_t last = path.Names.size() - 1;
   const bool folderIsThere = last > 0 && IsThere(path.Text(last));
-  return Walk(std::move(path), folderIsThere ? last : 0);
+  return Walk(std::move(path), folderIsThere ? last : 0, kept);
 }
 
 Located LocateInDiskCase(HostPath path) {

@@ -10,6 +10,8 @@
 
 namespace pixorra {
 
+class KeptFolders;
+
 // Where a path led: `Path` in the disk's own case as far as its names are there, the rest as it was given.
 struct Located {
   HostPath Path;
@@ -20,8 +22,9 @@ struct Located {
 };
 
 // A name spelled exactly is preferred to one that differs in case; of several of those the first by NameLess is taken.
-// A path whose exact spelling is there costs one look, and no folder is read.
-Located Locate(HostPath path);
+// A path whose exact spelling is there costs one look, and no folder is read. Nor is one for the last name whose folder
+// is kept.
+Located Locate(HostPath path, KeptFolders* kept = nullptr);
 
 // As Locate, but each name is in the disk's own case even where the disk itself ignores case.
 Located LocateInDiskCase(HostPath path);

@@ -81,7 +81,7 @@ PosixFiles::PosixFiles(PathMapping mapping) : mapping_(std::make_shared<FixedMap
 PosixFiles::PosixFiles(std::shared_ptr<MappingSource> mapping) : mapping_(std::move(mapping)) {}
 
 Located PosixFiles::Find(const std::string& path) {
-  return Locate(mapping_->Current().ToHost(path));
+  return Locate(mapping_->Current().ToHost(path), &kept_);
 }
 
 std::vector<std::string> PosixFiles::Names(const std::string& folder, const std::string& pattern, int attributes) {
@@ -103,11 +103,17 @@ std::vector<std::string> PosixFiles::NamesIn(const std::string& folder, const st
   const Located located = Find(folder);
   failure = located.Failure;
   if (!located.Exists()) return {};
+  const std::string hostFolder = located.Path.Text();
+  if (attributes == attribute::Normal) {
+    if (KeptFolder* const kept = kept_.Find(hostFolder)) return kept->OrdinaryNames(pattern);
+  }
   // Where a volume is mounted another drive begins; it has a letter of its own.
   const PathMapping& mapping = mapping_->Current();
-  return ListFolder(
-      located.Path.Text(), pattern, attributes,
-      [&mapping](const std::string& path) { return mapping.IsVolumeRoot(path); }, failure);
+  std::vector<std::string> names = ListFolder(
+      hostFolder, pattern, attributes, [&mapping](const std::string& path) { return mapping.IsVolumeRoot(path); },
+      failure);
+  kept_.WasRead(hostFolder, names.size());
+  return names;
 }
 
 std::vector<std::string> PosixFiles::Folders(const std::string& folder, int attributes) {

@@ -5,6 +5,7 @@
 #include <string>
 #include <sys/stat.h>
 
+#include "platform/posix/KeptFolders.h"
 #include "platform/posix/MappingSource.h"
 #include "platform/services/Files.h"
 
@@ -62,6 +63,7 @@ class PosixFiles : public Files {
 
   std::shared_ptr<MappingSource> mapping_;
   FreeName free_;
+  KeptFolders kept_;
 };
 
 }  // namespace pixorra
