@@ -81,14 +81,40 @@ bool ContentComparison::SameContent(const std::string& candidate) {
 
 namespace {
 
-// The file's length, looked at where this run has not seen it yet.
-std::int64_t LengthOf(Files& files, const FileListBox& list, int i, SeenLengths& seen) {
-  const auto [known, isNew] = seen.Of.try_emplace(list.List(i), 0);
-  if (!isNew) return known->second;
-  const int failure = ErrorsIgnored([&] { known->second = files.Length(list.FullPath(i)); });
-  if (failure == error::None) return known->second;
-  seen.Of.erase(known);
-  throw RuntimeError(failure);
+// Goes along the list, from its start to its end, with what is seen of it already: in a folder of thousands that costs
+// less than to look each name up.
+class LengthsInOrder {
+ public:
+  LengthsInOrder(Files& files, const FileListBox& list, SeenLengths& seen) : files_(files), list_(list), seen_(seen) {}
+
+  // The file's length, looked at where this run has not seen it yet.
+  std::int64_t Of(int i) {
+    const std::string& name = list_.List(i);
+    PassOver(name);
+    if (!IsAt(name)) seen_.Of.insert(Place(), {name, files_.Length(list_.FullPath(i))});
+    return Place()->Length;
+  }
+
+ private:
+  std::vector<SeenLengths::File>::iterator Place() { return seen_.Of.begin() + static_cast<std::ptrdiff_t>(at_); }
+  bool IsAt(const std::string& name) const { return at_ < seen_.Of.size() && seen_.Of[at_].Name == name; }
+  // What the list has no more.
+  void PassOver(const std::string& name) {
+    while (at_ < seen_.Of.size() && !IsAt(name) && NameLess(seen_.Of[at_].Name, name)) ++at_;
+  }
+
+  Files& files_;
+  const FileListBox& list_;
+  SeenLengths& seen_;
+  std::size_t at_ = 0;
+};
+
+void Forget(SeenLengths& seen, const std::string& name) {
+  const auto before = [](const SeenLengths::File& file, const std::string& wanted) {
+    return NameLess(file.Name, wanted);
+  };
+  const auto place = std::lower_bound(seen.Of.begin(), seen.Of.end(), name, before);
+  if (place != seen.Of.end() && place->Name == name) seen.Of.erase(place);
 }
 
 }  // namespace
@@ -99,14 +125,15 @@ std::string FindDuplicate(Files& files, const FileListBox& list, std::string& ne
   if (list.ListCount() == 0) return {};
   ContentComparison comparison(files, newFile);
   SeenLengths none;
-  SeenLengths& lengths = seen != nullptr ? *seen : none;
-  if (lengths.Folder != list.Path()) lengths = {.Folder = list.Path(), .Of = {}};
+  SeenLengths& known = seen != nullptr ? *seen : none;
+  if (known.Folder != list.Path()) known = {.Folder = list.Path(), .Of = {}};
   // Another file may have had its name before.
   const std::string newName = FileNameOf(newFile);
-  lengths.Of.erase(newName);
+  Forget(known, newName);
+  LengthsInOrder lengths(files, list, known);
   for (int i = 0; i < list.ListCount(); ++i) {
     if (list.List(i) == newName && list.FullPath(i) == newFile) continue;
-    if (LengthOf(files, list, i, lengths) != comparison.Length()) continue;
+    if (lengths.Of(i) != comparison.Length()) continue;
     std::string candidate = list.FullPath(i);
     if (!comparison.SameContent(candidate)) continue;
     // A link is no copy. A hard link, and another spelling on a disk that ignores case, is the new file itself.

@@ -3,8 +3,8 @@
 
 #include <cstdint>
 #include <string>
-#include <unordered_map>
 #include <unordered_set>
+#include <vector>
 
 #include "platform/controls/ImageBox.h"
 #include "platform/pixels/Picture.h"
@@ -14,11 +14,15 @@ namespace pixorra {
 
 struct Host;
 
-// Lengths of a folder's files, by their names, as one run of the whole strip has seen them. Each drop looks for an
-// equal file among all that the folder lists; only those that are new to the run are looked at.
+// Lengths of a folder's files as one run of the whole strip has seen them, in the order of the folder's list. Each drop
+// looks for an equal file among all that the folder lists; only those that are new to the run are looked at.
 struct SeenLengths {
+  struct File {
+    std::string Name;
+    std::int64_t Length = 0;  // bytes
+  };
   std::string Folder;
-  std::unordered_map<std::string, std::int64_t> Of;  // bytes
+  std::vector<File> Of;
 };
 
 struct DropState {

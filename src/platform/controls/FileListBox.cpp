@@ -65,8 +65,32 @@ void FileListBox::RefreshAs(const FileListBox& other) {
   }
 }
 
+namespace {
+
+// Whether the names are in the order of NameLess. Those that were listed before, which are, are in it to each other:
+// they are compared for equality alone.
+bool AreInOrder(const std::vector<std::string>& names, const std::vector<std::string>& before) {
+  std::size_t i = 0;
+  for (std::size_t j = 0; j < names.size(); ++j) {
+    while (i < before.size() && before[i] != names[j] && NameLess(before[i], names[j])) ++i;
+    if (i < before.size() && before[i] == names[j]) {
+      ++i;
+    } else if (j > 0 && !NameLess(names[j - 1], names[j])) {
+      return false;
+    }
+  }
+  return true;
+}
+
+}  // namespace
+
 // Most names have been listed before, and keep their order: only the others are sorted.
 void FileListBox::TakeNames(std::vector<std::string> names) {
+  if (AreInOrder(names, names_)) {
+    names_ = std::move(names);
+    ++generation_;
+    return;
+  }
   std::unordered_set<std::string> added(std::make_move_iterator(names.begin()), std::make_move_iterator(names.end()));
   std::erase_if(names_, [&](const std::string& name) { return added.erase(name) == 0; });
   const auto known = std::ssize(names_);
