@@ -1,6 +1,6 @@
-// delete_tree_bench [FOLDERS FILES]: deletes a tree of so many folders with so many files each (1000 of 100 where not
-// said) as the program does, and by `rm -rf`, in turns. Medians of the wall time, in milliseconds. The trees are made
-// in TEST_TMPDIR.
+// delete_tree_bench [FOLDERS FILES [ROUNDS]]: deletes a tree of so many folders with so many files each (1000 of 100
+// where not said) as the program does, and by `rm -rf`, in turns, so many times (2). Medians of the wall time, in
+// milliseconds. The trees are made in TEST_TMPDIR.
 #include <cstdio>
 #include <cstdlib>
 #include <fcntl.h>
@@ -38,11 +38,11 @@ double WallOf(const Work& work) {
   return (Now(CLOCK_MONOTONIC) - before) * 1e3;
 }
 
-int Measure(int folders, int files) {
+int Measure(int folders, int files, int rounds) {
   TemporaryDrive drive;
   const std::string host = drive.HostPath("C:\\tree");
   std::vector<double> own, other;
-  for (int i = 0; i < 5; ++i) {
+  for (int i = 0; i < rounds; ++i) {
     if (!MakeTree(host, folders, files)) return 1;
     own.push_back(
         WallOf([&] { drive.DriveFiles().RemoveTree("C:\\tree", drive.DriveFiles().IdentityOf("C:\\tree")); }));
@@ -60,8 +60,10 @@ int Measure(int folders, int files) {
 }  // namespace pixorra
 
 int main(int argc, char** argv) {
-  if (argc == 1) return pixorra::Measure(1000, 100);
-  if (argc == 3) return pixorra::Measure(std::atoi(argv[1]), std::atoi(argv[2]));
-  std::fprintf(stderr, "delete_tree_bench [FOLDERS FILES]\n");
+  constexpr int Rounds = 2;
+  if (argc == 1) return pixorra::Measure(1000, 100, Rounds);
+  if (argc == 3) return pixorra::Measure(std::atoi(argv[1]), std::atoi(argv[2]), Rounds);
+  if (argc == 4) return pixorra::Measure(std::atoi(argv[1]), std::atoi(argv[2]), std::atoi(argv[3]));
+  std::fprintf(stderr, "delete_tree_bench [FOLDERS FILES [ROUNDS]]\n");
   return 2;
 }
