@@ -9,6 +9,7 @@
 #include "desktop/OpenFolderView.h"
 #include "filmstrip/Listing.h"
 #include "filmstrip/Views.h"
+#include "pictures/PaintPhoto.h"
 #include "pictures/QuickThumbs.h"
 #include "platform/controls/Toolkit.h"
 #include "platform/runtime/AtExit.h"
@@ -43,7 +44,7 @@ bool IsPrepared(MainForm& main, ReadAhead::Reader reader, const std::string& nex
   std::vector<std::string> paths = following(depth);
   std::erase_if(paths,
                 [&](const std::string& path) { return path != next && QuickThumbsOf(main).HasQuickThumb(path); });
-  ahead.Expect(reader, paths, main.pictures.lDecodeScale);
+  ahead.Expect(reader, paths, main.pictures.lDecodeScale, ThumbnailSizes);
   return ahead.IsReady(next, main.pictures.lDecodeScale);
 }
 
@@ -60,7 +61,7 @@ void LoadOpenFolder(MainForm& main) {
   }
   const bool missing = desk.DestSlotCount < CellsWanted(desk);
   if (desk.OpenFolderIndex == 0 || !missing || IsPaused(main.strip) || HasGone(main, desk.DestFileList)) {
-    main.host.readAhead.Expect(ReadAhead::Reader::OpenFolder, {}, 0);
+    main.host.readAhead.Expect(ReadAhead::Reader::OpenFolder, {}, 0, {});
     return;
   }
   const std::string next = NextDestThumbFile(desk);
@@ -76,7 +77,7 @@ void LoadFilmStrip(MainForm& main) {
   }
   const bool missing = strip.SrcSlotCount < SlotsWanted(strip);
   if (strip.NoFilmStrip || !missing || IsPaused(strip) || HasGone(main, strip.SrcFileList)) {
-    main.host.readAhead.Expect(ReadAhead::Reader::FilmStrip, {}, 0);
+    main.host.readAhead.Expect(ReadAhead::Reader::FilmStrip, {}, 0, {});
     return;
   }
   const std::string next = NextSrcPhoto(strip);

@@ -2,6 +2,7 @@
 
 #include <memory>
 #include <optional>
+#include <span>
 #include <utility>
 
 #include "base/mIntelJPGLib.h"
@@ -134,6 +135,13 @@ bool LoadJPG(JpegBridge& bridge, cDIBsection& surface, const std::string& fileNa
 }
 
 bool LoadJPG(JpegBridge& bridge, cDIBsection& surface, File& file, int lScale) {
+  if (const std::span<const std::uint8_t> ready = bridge.codec.AtHand(file); !ready.empty()) {
+    bool shown = false;
+    const int failure = ErrorsIgnored([&] {
+      shown = LoadJPGFromMemory(bridge, surface, ready.data(), static_cast<std::int32_t>(ready.size()), lScale);
+    });
+    return failure == error::None && shown;
+  }
   // Taken out of the bridge, as a message box inside may lead to another call.
   FileBytes bytes = std::exchange(bridge.spare, {});
   bool loaded = false;

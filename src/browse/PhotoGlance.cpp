@@ -43,7 +43,7 @@ void PhotoGlance::Stop() {
   index_ = -1;
   path_.clear();
   waiting_.SetEnabled(false);
-  main_.host.readAhead.Expect(ReadAhead::Reader::Browser, {}, 0);
+  main_.host.readAhead.Expect(ReadAhead::Reader::Browser, {}, 0, {});
 }
 
 // A photo whose thumbnail is in the cache need not wait.
@@ -58,7 +58,7 @@ bool PhotoGlance::IsPrepared() {
     if (cache.HasQuickThumb(path)) break;  // this folder has been looked through from here on
     wanted.push_back(path);
   }
-  ahead.Expect(ReadAhead::Reader::Browser, wanted, main_.pictures.lDecodeScale);
+  ahead.Expect(ReadAhead::Reader::Browser, wanted, main_.pictures.lDecodeScale, ThumbnailSizes);
   return ahead.IsReady(path_, main_.pictures.lDecodeScale);
 }
 

@@ -13,6 +13,7 @@
 #include "platform/services/Places.h"
 #include "window/MainForm.h"
 #include "window/PicturesState.h"
+#include "window/ThumbnailGeometry.h"
 
 namespace pixorra {
 
@@ -137,6 +138,13 @@ void PaintThumbnail(MainForm& main, ImageBox& target, const std::string& path, b
     }
   }
   target.Refresh();
+}
+
+std::vector<PixelSize> ThumbnailSizes(int width, int height) {
+  if (height < 1) return {};
+  const FittedRect fitted =
+      Fit(CLng(ThumbnailWidth * ThumbnailFactor), CLng(ThumbnailHeight * ThumbnailFactor), width, height);
+  return {{CLng(fitted.Width), CLng(fitted.Height)}};
 }
 
 PixelSize StretchedSize(PixelSize target, PixelSize photo) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "platform/controls/ImageBox.h"
 #include "platform/services/Files.h"
@@ -13,6 +14,9 @@ struct MainForm;
 // Fills a thumbnail. `bDragged` is set by a cached or a new thumbnail, and left as it was where the photo cannot be
 // shown.
 void PaintThumbnail(MainForm& main, ImageBox& target, const std::string& path, bool& bDragged);
+// The size, in pixels, in which PaintThumbnail first paints what was decoded of a photo, for a thumbnail of the usual
+// size; nothing for a photo without height.
+std::vector<PixelSize> ThumbnailSizes(int width, int height);
 struct PaintedImage {
   int width = 0;  // the photo's own size, pixels; 0 where it cannot be shown
   int height = 0;

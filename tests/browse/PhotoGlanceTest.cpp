@@ -15,7 +15,7 @@ class ToldAhead : public DecodeAhead {
  public:
   using DecodeAhead::DecodeAhead;
   int Depth() const override { return 3; }
-  void Expect(Reader reader, const std::vector<std::string>& paths, int) override {
+  void Expect(Reader reader, const std::vector<std::string>& paths, int, const PaintedSizes&) override {
     if (reader == Reader::Browser) Expected = paths;
   }
   bool IsReady(const std::string& path, int) override { return Ready.contains(path); }

@@ -112,6 +112,18 @@ TEST_F(PaintingTest, APortraitPhotoIs45PixelsWideBetweenBars) {
   EXPECT_EQ(At(picture, 63, 30), Face);
 }
 
+TEST_F(PaintingTest, ThumbnailsArePaintedInTheSizesThatAreSaidAhead) {
+  const auto size = [](int width, int height) {
+    const std::vector<PixelSize> sizes = ThumbnailSizes(width, height);
+    return sizes.size() == 1 ? std::pair(sizes[0].Width, sizes[0].Height) : std::pair(0, 0);
+  };
+  EXPECT_EQ(size(1500, 1000), std::pair(800, 600));
+  EXPECT_EQ(size(40, 30), std::pair(800, 600));
+  EXPECT_EQ(size(1600, 900), std::pair(800, 450));
+  EXPECT_EQ(size(300, 400), std::pair(450, 600));
+  EXPECT_TRUE(ThumbnailSizes(5, 0).empty());
+}
+
 TEST_F(PaintingTest, AThumbnailLeavesNoTemporaryFileBehind) {
   WritePlain(400, 300, Red);
   PaintThumbnail(main, thumbnail, Photo, bDragged);

@@ -173,7 +173,7 @@ Picture CodecPictures::Load(File& file) {
 
 Picture CodecPictures::FromBytes(std::span<const std::uint8_t> file) {
   if (ahead_ != nullptr) {
-    if (Bitmap made = ahead_->Decoded(file); !made.IsEmpty()) return Picture(std::move(made));
+    if (Picture made = ahead_->Decoded(file); !made.IsNothing()) return made;
   }
   return Picture(DecodePicture(file));
 }

@@ -1,6 +1,6 @@
 // JPEG photos read and decoded ahead of their turn by threads of this back end, and the small JPEG file that the
-// program makes of each, with its picture. What they made serves only where the bytes asked about are the same to the
-// last; errors are left to who asks. Photos that are wanted whole are in WholeAhead.
+// program makes of each, with its picture, as small as that will be painted. What they made serves only where the bytes
+// asked about are the same to the last; errors are left to who asks. Photos that are wanted whole are in WholeAhead.
 #pragma once
 
 #include <array>
@@ -32,7 +32,8 @@ struct ReducedRows {
 struct SmallJpeg {
   int quality = 0;
   std::vector<std::uint8_t> file;
-  Bitmap picture;  // what that file shows
+  Picture picture;         // what that file shows, with its reductions
+  std::int64_t bytes = 0;  // of the reductions
 };
 
 // Used by one thread; its own stay inside. They start when the first photo is expected.
@@ -55,12 +56,15 @@ class DecodeAhead : public ReadAhead {
   DecodeAhead& operator=(const DecodeAhead&) = delete;
 
   int Depth() const override;
-  void Expect(Reader reader, const std::vector<std::string>& paths, int scale) override;
+  void Expect(Reader reader, const std::vector<std::string>& paths, int scale, const PaintedSizes& sizes) override;
   bool IsReady(const std::string& path, int scale) override;
   void ExpectWhole(const std::vector<std::string>& paths, const PaintedSizes& sizes) override;
   bool IsWholeReady(const std::string& path) override;
   WholeAhead& Whole() { return whole_; }
 
+  // The bytes of a photo that is ready, where the file holds the same to the last; else nothing. They live until the
+  // next Take or Expect. Raises nothing.
+  std::span<const std::uint8_t> AtHand(File& file);
   // What was made of a file of these bytes at 1/denominator, else null. It is handed out once, and lives until the next
   // call.
   const ReducedRows* Take(std::span<const std::uint8_t> file, int denominator);
@@ -68,8 +72,8 @@ class DecodeAhead : public ReadAhead {
   // the next Take. Rows as WriteJpeg has them.
   std::span<const std::uint8_t> Encoded(const std::uint8_t* topRow, std::ptrdiff_t step, int width, int height,
                                         int quality) const;
-  // What that file shows, if these are its bytes, else an empty bitmap. It is handed out once.
-  Bitmap Decoded(std::span<const std::uint8_t> file);
+  // What that file shows, if these are its bytes, else nothing. It is handed out once.
+  Picture Decoded(std::span<const std::uint8_t> file);
 
   // Waits until all that is expected has been worked on, and nothing else is any more.
   void Settle();
@@ -80,7 +84,7 @@ class DecodeAhead : public ReadAhead {
   using Jobs = std::vector<std::shared_ptr<Job>>;
 
   std::shared_ptr<Job> Find(const std::string& path, int scale) const;
-  std::shared_ptr<Job> NewJob(const std::string& path, int scale);
+  std::shared_ptr<Job> NewJob(const std::string& path, int scale, const PaintedSizes& sizes);
   std::shared_ptr<Job> NextWaiting() const;
   bool IsBusy() const;
   std::int64_t FileBytesInHand() const;

@@ -171,6 +171,10 @@ int TurboJpegCodec::ijlWrite(JPEG_CORE_PROPERTIES& record, int mode) {
   return number == error::None ? jpeg::Ok : StatusOfError(number, jpeg::CannotWrite);
 }
 
+std::span<const std::uint8_t> TurboJpegCodec::AtHand(File& file) {
+  return ahead_ != nullptr ? ahead_->AtHand(file) : std::span<const std::uint8_t>();
+}
+
 std::string TurboJpegCodec::ijlErrorStr(int status) {
   return JpegStatusText(status);
 }

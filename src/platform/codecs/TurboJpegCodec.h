@@ -24,6 +24,7 @@ class TurboJpegCodec final : public JpegCodec {
   int ijlFree(JPEG_CORE_PROPERTIES& record) override;
   int ijlRead(JPEG_CORE_PROPERTIES& record, int mode) override;
   int ijlWrite(JPEG_CORE_PROPERTIES& record, int mode) override;
+  std::span<const std::uint8_t> AtHand(File& file) override;
   std::string ijlErrorStr(int status) override;
 
  private:

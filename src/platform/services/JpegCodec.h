@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -53,6 +54,8 @@ inline constexpr int FileReadEighth = 18;
 inline constexpr int BufferReadEighth = 19;
 }  // namespace ijl
 
+class File;
+
 class JpegCodec {
  public:
   virtual ~JpegCodec() = default;
@@ -61,6 +64,12 @@ class JpegCodec {
   virtual int ijlFree(JPEG_CORE_PROPERTIES& record) = 0;
   virtual int ijlRead(JPEG_CORE_PROPERTIES& record, int mode) = 0;
   virtual int ijlWrite(JPEG_CORE_PROPERTIES& record, int mode) = 0;
+  // The bytes of the file, where they have been read ahead and the file still holds the same to the last; else nothing.
+  // They live until pixels are next read. Raises nothing.
+  virtual std::span<const std::uint8_t> AtHand(File& file) {
+    static_cast<void>(file);
+    return {};
+  }
   // A short text for a status.
   virtual std::string ijlErrorStr(int status) = 0;
 };

@@ -1,4 +1,5 @@
 // Photos decoded ahead: what they serve, what they leave alone, and what is let go.
+#include <algorithm>
 #include <cstdlib>
 #include <future>
 #include <gtest/gtest.h>
@@ -8,6 +9,8 @@
 #include "platform/codecs/DecodeAhead.h"
 #include "platform/codecs/JpegStatus.h"
 #include "platform/codecs/TurboJpegCodec.h"
+#include "platform/pixels/Stretch.h"
+#include "platform/runtime/Errors.h"
 #include "tests/platform/codecs/BoundedMemory.h"
 #include "tests/platform/codecs/ScansByHand.h"
 #include "tests/support/FaultyFiles.h"
@@ -69,7 +72,7 @@ class DecodeAheadTest : public ::testing::Test {
     return "C:\\" + name;
   }
   void Prepare(const std::vector<std::string>& paths, int scale) {
-    ahead.Expect(Strip, paths, scale);
+    ahead.Expect(Strip, paths, scale, {});
     ahead.Settle();
   }
 
@@ -80,10 +83,10 @@ class DecodeAheadTest : public ::testing::Test {
 
 TEST_F(DecodeAheadTest, NoThreadStartsBeforeAPhotoIsExpected) {
   EXPECT_TRUE(ahead.IsReady("C:\\a.jpg", 8));
-  ahead.Expect(Strip, {}, 8);
-  ahead.Expect(Strip, {Write("small.jpg", JpegPhoto(64, 48)), "C:\\none.jpg"}, 8);
+  ahead.Expect(Strip, {}, 8, {});
+  ahead.Expect(Strip, {Write("small.jpg", JpegPhoto(64, 48)), "C:\\none.jpg"}, 8, {});
   EXPECT_EQ(ahead.ThreadsStarted(), 0u);
-  ahead.Expect(Strip, {Write("a.jpg", LongJpeg(1))}, 8);
+  ahead.Expect(Strip, {Write("a.jpg", LongJpeg(1))}, 8, {});
   EXPECT_GE(ahead.ThreadsStarted(), 1u);
   EXPECT_LE(ahead.ThreadsStarted(), std::max(1u, std::thread::hardware_concurrency()));
 }
@@ -155,12 +158,53 @@ TEST_F(DecodeAheadTest, ThePhotosSmallFileAndItsPictureArePreparedToo) {
   ASSERT_EQ(codec.ijlWrite(record, ijl::BufferWriteWhole), ijl::Ok);
   EXPECT_NE(record.JPGWritten, file);
 
-  EXPECT_TRUE(ahead.Decoded(record.JPGWritten).IsEmpty()) << "another file";
+  EXPECT_TRUE(ahead.Decoded(record.JPGWritten).IsNothing()) << "another file";
   const Picture shown = pictures.FromBytes(file);
-  EXPECT_TRUE(ahead.Decoded(file).IsEmpty()) << "it was not what served";
+  EXPECT_TRUE(ahead.Decoded(file).IsNothing()) << "it was not what served";
   const Bitmap own = DecodePicture(file);
   ASSERT_EQ(shown.Width(), 201);
   for (int y = 0; y < 151; ++y) EXPECT_TRUE(std::equal(own.Row(y), own.Row(y) + 603, shown.Pixels().Row(y))) << y;
+}
+
+TEST_F(DecodeAheadTest, TheSmallPictureIsMadeAsSmallAsItWillBePainted) {
+  TurboJpegCodec codec(files, &ahead);
+  CodecPictures pictures(files, &ahead);
+  const std::string jpeg = LongJpeg(15);
+  ahead.Expect(Strip, {Write("a.jpg", jpeg)}, 4, [](int width, int height) {
+    return std::vector<PixelSize>{{width / 2, height / 2}, {0, height}};
+  });
+  ahead.Settle();
+  const Decoded decoded = Read(codec, jpeg, 4, ijl::BufferReadQuarter);
+  const std::span<const std::uint8_t> made = ahead.Encoded(decoded.bytes.data() + 150 * 604, -604, 201, 151, 75);
+  const std::vector<std::uint8_t> file(made.begin(), made.end());
+  const Picture shown = pictures.FromBytes(file);
+  const Bitmap* const half = shown.Reduction(100, 75);
+  ASSERT_NE(half, nullptr);
+  const Bitmap own = DecodePicture(file);
+  Bitmap ownHalf(100, 75, PixelFormat::Bgr24);
+  Stretch(own, ownHalf, 0, 0, 100, 75);
+  for (int y = 0; y < 75; ++y) EXPECT_TRUE(std::equal(ownHalf.Row(y), ownHalf.Row(y) + 300, half->Row(y))) << y;
+  for (int y = 0; y < 151; ++y) EXPECT_TRUE(std::equal(own.Row(y), own.Row(y) + 603, shown.Pixels().Row(y))) << y;
+}
+
+TEST_F(DecodeAheadTest, TheBytesAreAtHandOfAFileThatStillHoldsThem) {
+  const std::string jpeg = LongJpeg(16);
+  const std::string path = Write("a.jpg", jpeg);
+  Prepare({path}, 8);
+  const auto atHand = [&](const std::string& name) { return ahead.AtHand(*files.Open("C:\\" + name, OpenMode::Read)); };
+  const std::span<const std::uint8_t> bytes = atHand("a.jpg");
+  EXPECT_TRUE(std::ranges::equal(bytes, Bytes(jpeg)));
+  std::string other = jpeg;
+  other.back() = static_cast<char>(other.back() ^ 1);
+  Write("other.jpg", other);
+  Write("shorter.jpg", jpeg.substr(0, jpeg.size() - 1));
+  Write("longer.jpg", jpeg + 'x');
+  for (const char* name : {"other.jpg", "shorter.jpg", "longer.jpg"}) EXPECT_TRUE(atHand(name).empty()) << name;
+  files.FailNth(FileCall::Read, 2, error::DeviceIO);
+  EXPECT_TRUE(atHand("a.jpg").empty());
+  files.Heal();
+  EXPECT_TRUE(ahead.Take(bytes, 8));
+  EXPECT_TRUE(atHand("a.jpg").empty());
 }
 
 TEST_F(DecodeAheadTest, AFileChangedAfterwardsIsDecodedAnew) {
@@ -224,9 +268,9 @@ TEST_F(DecodeAheadTest, WhatIsNoLongerExpectedIsLetGo) {
 TEST_F(DecodeAheadTest, ReadersDoNotDisturbEachOther) {
   const std::string a = LongJpeg(12);
   const std::string path = Write("a.jpg", a);
-  ahead.Expect(Strip, {path}, 8);
-  ahead.Expect(Folder, {path}, 8);
-  ahead.Expect(Strip, {}, 8);
+  ahead.Expect(Strip, {path}, 8, {});
+  ahead.Expect(Folder, {path}, 8, {});
+  ahead.Expect(Strip, {}, 8, {});
   ahead.Settle();
   EXPECT_TRUE(ahead.Take(Bytes(a), 8));
   EXPECT_TRUE(ahead.IsReady(path, 8));
@@ -235,11 +279,11 @@ TEST_F(DecodeAheadTest, ReadersDoNotDisturbEachOther) {
 TEST_F(DecodeAheadTest, AnOutdatedScaleIsReplacedByTheOneExpectedNow) {
   const std::string a = LongJpeg(13);
   const std::string path = Write("a.jpg", a);
-  ahead.Expect(Strip, {path}, 4);
+  ahead.Expect(Strip, {path}, 4, {});
   Prepare({path}, 8);
   EXPECT_FALSE(ahead.Take(Bytes(a), 4));
   EXPECT_TRUE(ahead.Take(Bytes(a), 8));
-  ahead.Expect(Strip, {path}, 3);
+  ahead.Expect(Strip, {path}, 3, {});
   EXPECT_TRUE(ahead.IsReady(path, 3));
 }
 
@@ -248,8 +292,8 @@ TEST_F(DecodeAheadTest, ItEndsInMidWork) {
   for (unsigned i = 0; i < 4; ++i) paths.push_back(Write(std::to_string(i) + ".jpg", LongJpeg(i)));
   for (int round = 0; round < 20; ++round) {
     DecodeAhead brief(files);
-    brief.Expect(Strip, paths, 1);
-    brief.Expect(Folder, {paths[round % 4]}, 8);
+    brief.Expect(Strip, paths, 1, {});
+    brief.Expect(Folder, {paths[round % 4]}, 8, {});
   }
 }
 
@@ -282,9 +326,9 @@ TEST_F(DecodeAheadTest, AFileThatIsStillReadCountsThoughItIsNoLongerExpected) {
         goOn.get_future().wait();
       },
       "former");
-  ahead.Expect(Strip, {former}, 8);
+  ahead.Expect(Strip, {former}, 8, {});
   begun.get_future().wait();
-  ahead.Expect(Strip, wanted, 8);
+  ahead.Expect(Strip, wanted, 8, {});
   goOn.set_value();
   ahead.Settle();
   EXPECT_TRUE(ahead.Take(Bytes(longFile), 8));
@@ -315,7 +359,7 @@ TEST_F(DecodeAheadTest, PhotosThatNeedMuchMemoryAreDecodedOneAfterTheOther) {
   WithinTwoGigabytes([&] {
     const std::int64_t before = OwnMemory("VmRSS");
     DecodeAhead own(files);
-    own.Expect(Strip, paths, 8);
+    own.Expect(Strip, paths, 8, {});
     own.Settle();
     EXPECT_LE(OwnMemory("VmHWM") - before, DecodeAhead::MostMemory);
     for (int i = 0; i < 3; ++i) EXPECT_TRUE(own.Take(Bytes(photo), 8)) << i;
