@@ -130,15 +130,28 @@ void MyDirTree::Answered(const std::string& key, const FolderReader::Answer& ans
     return;
   }
   toCome_.erase(key);
-  FillSlowly(*node, EntriesOf(*node, answer.Names));
+  // A node that has children already is brought up to date at once: those that stay cost little.
+  if (answer.Names.size() > MostInATurn && node->Children().empty()) {
+    FillSlowly(*node, answer.Names);
+  } else {
+    tree_.Fill(*node, EntriesOf(*node, answer.Names));
+  }
   WalkOn();
+}
+
+Picture MyDirTree::FolderIcon() const {
+  return Drawing(host_, "desktop:folder", IconSize, IconSize);
+}
+
+Picture MyDirTree::OpenFolderIcon() const {
+  return Drawing(host_, "desktop:folder-open", IconSize, IconSize);
 }
 
 std::vector<TreeEntry> MyDirTree::EntriesOf(const Node& node, const std::vector<std::string>& names) {
   std::vector<TreeEntry> entries;
   entries.reserve(names.size());
-  const Picture icon = Drawing(host_, "desktop:folder", IconSize, IconSize);
-  const Picture openIcon = Drawing(host_, "desktop:folder-open", IconSize, IconSize);
+  const Picture icon = FolderIcon();
+  const Picture openIcon = OpenFolderIcon();
   std::unordered_set<std::string> listed;
   for (const std::string& name : names) {
     TreeEntry entry = FolderEntry(host_, node.Key(), name);
@@ -156,16 +169,12 @@ std::vector<TreeEntry> MyDirTree::EntriesOf(const Node& node, const std::vector<
   return entries;
 }
 
-// A node that has children already is brought up to date at once: those that stay cost little.
-void MyDirTree::FillSlowly(Node& node, std::vector<TreeEntry> entries) {
-  if (entries.size() > MostInATurn && node.Children().empty()) {
-    std::vector<TreeEntry>& rest = toCome_[node.Key()];
-    rest.assign(std::make_move_iterator(entries.rbegin()),
-                std::make_move_iterator(entries.rend() - static_cast<std::ptrdiff_t>(MostInATurn)));
-    entries.resize(MostInATurn);
-    filling_.SetEnabled(true);
-  }
-  tree_.Fill(node, std::move(entries));
+// The names wait as they are: nothing is made of one before its turn.
+void MyDirTree::FillSlowly(Node& node, const std::vector<std::string>& names) {
+  const auto rest = names.begin() + static_cast<std::ptrdiff_t>(MostInATurn);
+  toCome_[node.Key()].assign(std::make_reverse_iterator(names.end()), std::make_reverse_iterator(rest));
+  filling_.SetEnabled(true);
+  tree_.Fill(node, EntriesOf(node, std::vector<std::string>(names.begin(), rest)));
 }
 
 void MyDirTree::FillOn() {
@@ -173,10 +182,17 @@ void MyDirTree::FillOn() {
   if (toCome_.empty()) return;
   const auto next = toCome_.begin();
   Node* node = tree_.Find(next->first);
-  std::vector<TreeEntry>& rest = next->second;
+  std::vector<std::string>& rest = next->second;
+  const Picture icon = FolderIcon();
+  const Picture openIcon = OpenFolderIcon();
   for (std::size_t i = 0; node != nullptr && i < MostInATurn && !rest.empty(); ++i) {
-    if (tree_.Find(rest.back().Key) == nullptr) tree_.Add(*node, std::move(rest.back()));
+    TreeEntry entry = FolderEntry(host_, node->Key(), rest.back());
     rest.pop_back();
+    extras_.erase(entry.Key);
+    if (tree_.Find(entry.Key) != nullptr) continue;
+    entry.Icon = icon;
+    entry.OpenIcon = openIcon;
+    tree_.Add(*node, std::move(entry));
   }
   if (node != nullptr && !rest.empty()) return;
   toCome_.erase(next);
@@ -256,7 +272,7 @@ MyDirTree::Node* MyDirTree::NextOnTheWay(Node& node) {
   TreeEntry entry = FolderEntry(host_, node.Key(), name);
   if (Node* known = tree_.Find(entry.Key)) return known;
   // Hidden, or made since: it was asked for by its name.
-  entry.Icon = Drawing(host_, "desktop:folder", IconSize, IconSize);
+  entry.Icon = FolderIcon();
   extras_.insert(entry.Key);
   return &tree_.Add(node, std::move(entry));
 }

@@ -62,7 +62,9 @@ class MyDirTree {
   void Ask(Node& node);
   void Answered(const std::string& key, const FolderReader::Answer& answer);
   std::vector<TreeEntry> EntriesOf(const Node& node, const std::vector<std::string>& names);
-  void FillSlowly(Node& node, std::vector<TreeEntry> entries);
+  Picture FolderIcon() const;
+  Picture OpenFolderIcon() const;
+  void FillSlowly(Node& node, const std::vector<std::string>& names);
   void FillOn();
   void Find(const std::string& path);
   void WalkTo(const std::string& path);
@@ -85,8 +87,8 @@ class MyDirTree {
   std::uint64_t volumesSeen_ = 0;
   std::vector<PlaceOfVolume> volumes_;
   std::map<std::string, Read> reads_;  // by the node's key
-  // What is still to come below a node, by its key, the last one first.
-  std::map<std::string, std::vector<TreeEntry>> toCome_;
+  // The names of what is still to come below a node, by its key, the last one first.
+  std::map<std::string, std::vector<std::string>> toCome_;
   // Nodes that were asked for by name and that no listing has named yet: hidden folders, and those made since.
   std::set<std::string> extras_;
   std::unique_ptr<FolderReader::Reading> finding_;

@@ -2,6 +2,7 @@
 // not looked at again, so that a folder of thousands costs no more than what is done in it.
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QScrollBar>
 #include <QTreeWidget>
 #include <algorithm>
 #include <vector>
@@ -70,6 +71,10 @@ class TreePeer final : public PeerOf<QTreeWidget, TreeView> {
     // The one column is as wide as its longest text, and a bar appears where that is wider than the tree.
     Widget().header()->setStretchLastSection(false);
     Widget().header()->setSectionResizeMode(QHeaderView::ResizeToContents);
+    // Of the texts around those on show, as each is laid out to be measured, many times for one change.
+    Widget().header()->setResizeContentsPrecision(RowsMeasured);
+    QObject::connect(Widget().verticalScrollBar(), &QScrollBar::valueChanged, Context(),
+                     [this] { Widget().resizeColumnToContents(0); });
     Widget().setUniformRowHeights(true);
     QObject::connect(&Widget(), &QTreeWidget::itemExpanded, Context(),
                      [this](const QTreeWidgetItem* item) { Opened(*item, true); });
@@ -231,6 +236,7 @@ class TreePeer final : public PeerOf<QTreeWidget, TreeView> {
     item.setIcon(0, icons_.IconOf(picture, Widget().devicePixelRatioF()));
   }
 
+  static constexpr int RowsMeasured = 100;
   // So many children that have changed are changed one by one; more are made anew.
   static constexpr int MostChanged = 200;
 
