@@ -1,12 +1,13 @@
 #include "utility/ViewReadmeForm.h"
 
 #include <algorithm>
+#include <memory>
 
 #include "base/Routines.h"
-#include "base/SavedRecords.h"
 #include "platform/runtime/AtExit.h"
 #include "platform/runtime/Text.h"
 #include "platform/runtime/Utf8.h"
+#include "platform/services/Files.h"
 #include "platform/services/Places.h"
 #include "window/MainForm.h"
 #include "window/ModelessForms.h"
@@ -24,6 +25,10 @@ constexpr int LeastHeight = 160;
 constexpr int ButtonWidth = 96;
 constexpr int ButtonHeight = 28;
 
+// Bytes of a file. A text box is slow with more.
+constexpr std::size_t MostBytes = std::size_t{4} * 1024 * 1024;
+constexpr std::string_view CutShort = "[This file is longer. Only its first 4 MB are shown here.]";
+
 constexpr std::string_view ByteOrderMark = "\xEF\xBB\xBF";
 
 void AppendReadable(std::string& text, std::string_view line) {
@@ -36,6 +41,24 @@ void AppendReadable(std::string& text, std::string_view line) {
     AppendCharacter(text, character.Code >= StrayByte ? character.Code - StrayByte : character.Code);
     at += character.Bytes;
   }
+}
+
+// The whole file or, up to the last line end or character within it, the part that is shown, and a line that says so.
+std::string TextToShow(Files& files, const std::string& path) {
+  const std::unique_ptr<File> file = files.Open(path, OpenMode::Read);
+  const std::int64_t length = file->Length();
+  std::string bytes(std::min(MostBytes, static_cast<std::size_t>(length)), '\0');
+  bytes.resize(file->ReadAt(0, bytes.data(), bytes.size()));
+  if (static_cast<std::size_t>(length) <= MostBytes) return TextOfFile(bytes);
+  std::size_t end = bytes.rfind('\n');
+  if (end == std::string::npos) {
+    end = bytes.size();
+    while (end > 0 && (static_cast<unsigned char>(bytes[end - 1]) & 0xC0U) == 0x80U) --end;
+    if (end > 0 && static_cast<unsigned char>(bytes[end - 1]) >= 0xC0U) --end;
+    if (end == 0) end = bytes.size();
+  }
+  bytes.resize(end);
+  return TextOfFile(bytes) + "\r\n" + std::string(CutShort) + "\r\n";
 }
 
 }  // namespace
@@ -80,7 +103,7 @@ void ViewReadmeForm::ArrangeControls() {
 }
 
 void ViewReadmeForm::Form_Load() {
-  ReadmeTextbox.SetText(TextOfFile(ReadWhole(host_.files, JoinPath(host_.places.ProgramFolder(), "Readme.txt"))));
+  ReadmeTextbox.SetText(TextToShow(host_.files, JoinPath(host_.places.ProgramFolder(), "Readme.txt")));
 }
 
 void ViewReadmeForm::ShowIt(Form& owner) {

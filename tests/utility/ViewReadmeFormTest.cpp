@@ -66,6 +66,24 @@ TEST_F(ViewReadmeFormTest, AMegabyteAndALineOfAMegabyteAreShownWhole) {
   EXPECT_EQ(TextShownFor(line), line + "\r\n");
 }
 
+TEST_F(ViewReadmeFormTest, OfALongerFileItsFirstFourMegabytesAreShownAndThatThereIsMore) {
+  const std::string cut = "\r\n[This file is longer. Only its first 4 MB are shown here.]\r\n";
+  constexpr std::size_t Most = std::size_t{4} * 1024 * 1024;
+  const std::string line = "Photos that are dropped into a folder are copied there.\n";
+  std::string lines;
+  while (lines.size() < Most) lines += line;
+  lines.resize(Most);
+  EXPECT_FALSE(TextShownFor(lines).ends_with(cut));
+  const std::string text = TextShownFor(lines + line);
+  ASSERT_TRUE(text.ends_with("there.\r\n" + cut)) << "whole lines";
+  EXPECT_GT(text.size(), Most);
+  EXPECT_EQ(Lines(text).size(), Most / line.size() + 2);
+  std::string oneLine;
+  while (oneLine.size() < Most) oneLine += "写";
+  const std::string characters = TextShownFor(oneLine + "写写");
+  EXPECT_EQ(characters, oneLine.substr(0, Most / 3 * 3) + "\r\n" + cut) << "whole characters";
+}
+
 TEST_F(ViewReadmeFormTest, WithoutTheFileThereIsTheFilesErrorAndNoWindow) {
   auto& form = main.modeless.Get<ViewReadmeForm>(run.host);
   drive.Remove(ReadmeFile);

@@ -73,8 +73,8 @@ class TextPeer final : public PeerOf<QPlainTextEdit, TextBox> {
   std::string Typed() const { return ToUtf8(Widget().toPlainText().replace(QLatin1Char('\n'), QLatin1String("\r\n"))); }
   // Places in the model's text, where each line end is one byte longer.
   int ToModel(int position) const {
-    return ToBytes(Widget().toPlainText().left(position).replace(QLatin1Char('\n'), QLatin1String("\r\n")),
-                   position * 2);
+    return static_cast<int>(
+        ToUtf8(Widget().toPlainText().left(position).replace(QLatin1Char('\n'), QLatin1String("\r\n"))).size());
   }
   int FromModel(int bytes) const {
     const auto count = static_cast<std::size_t>(std::clamp(bytes, 0, static_cast<int>(Model().Text().size())));
@@ -83,7 +83,8 @@ class TextPeer final : public PeerOf<QPlainTextEdit, TextBox> {
   int From() const { return ToModel(Widget().textCursor().selectionStart()); }
   int To() const { return ToModel(Widget().textCursor().selectionEnd()); }
   void Selected() {
-    if (!Mirroring() && Typed() == Model().Text()) Model().UserSelected(From(), To() - From());
+    // What cannot be typed into shows the model's text always.
+    if (!Mirroring() && (Model().Locked() || Typed() == Model().Text())) Model().UserSelected(From(), To() - From());
   }
   void Mirror() override {
     if (Typed() != Model().Text() && Widget().toPlainText() != ToLines(Model().Text())) {
