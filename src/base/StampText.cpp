@@ -9,7 +9,7 @@ std::string StampText(const FileStamp& stamp) {
 }
 
 std::string StampText(Files& files, const std::string& path) {
-  return OrElse(std::string(), [&] { return StampText(files.Open(path, OpenMode::Read)->Stamp()); });
+  return OrElse(std::string(), [&] { return StampText(files.StampOf(path)); });
 }
 
 }  // namespace pixorra

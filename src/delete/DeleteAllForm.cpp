@@ -1,12 +1,12 @@
 #include "delete/DeleteAllForm.h"
 
-#include <cstdint>
 #include <string>
 #include <utility>
 #include <vector>
 
 #include "base/Definition.h"
 #include "base/Routines.h"
+#include "base/StampText.h"
 #include "delete/AskedFolder.h"
 #include "delete/DeleteConfirmation.h"
 #include "delete/DeleteFilmStripLocation.h"
@@ -35,22 +35,15 @@ constexpr DeleteConfirmation::Texts Texts{
 
 struct ListedPhoto {
   std::string Path;
-  std::int64_t Length;  // bytes; Unknown
+  std::string Stamp;  // as StampText; empty for one that could not be looked at
 };
 
-constexpr std::int64_t Unknown = -1;
-
-std::int64_t LengthOf(Files& files, const std::string& path) {
-  return OrElse(Unknown, [&] { return files.Length(path); });
-}
-
-// Deliberate: the length alone. The date is known only of a file that is opened, and a camera may fetch it whole then.
 std::vector<ListedPhoto> ListedPhotos(Files& files, const FileListBox& list) {
   std::vector<ListedPhoto> photos;
   for (int i = 0; i < list.ListCount(); ++i) {
     std::string path = JoinPath(StripTrailingBackslash(list.Path()), list.List(i));
-    const std::int64_t length = LengthOf(files, path);
-    photos.push_back({std::move(path), length});
+    std::string stamp = StampText(files, path);
+    photos.push_back({std::move(path), std::move(stamp)});
   }
   return photos;
 }
@@ -78,7 +71,7 @@ void DeleteAll(MainForm& main, const AskedFolder& folder, const std::vector<List
   for (const ListedPhoto& photo : photos) {
     if (!run.GoesOn()) break;
     run.Delete(
-        photo.Path, [&] { return photo.Length == Unknown || LengthOf(files, photo.Path) != photo.Length; },
+        photo.Path, [&] { return photo.Stamp.empty() || StampText(files, photo.Path) != photo.Stamp; },
         "The photo has been changed since the question.");
   }
   if (main.host.toolkit.Ended()) return;

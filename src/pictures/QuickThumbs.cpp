@@ -141,7 +141,7 @@ std::optional<std::vector<std::uint8_t>> QuickThumbs::BitmapRecord(const Picture
 }
 
 bool QuickThumbs::IsStill(const std::string& path, const FileStamp& decoded) const {
-  return files_.Open(path, OpenMode::Read)->Stamp() == decoded;
+  return files_.StampOf(path) == decoded;
 }
 
 // `record` has the bitmap and is otherwise empty. There are never two records of one photo.

@@ -104,6 +104,19 @@ TEST_F(DeleteAllFormTest, AFileThatTookAListedNameSinceTheQuestionStays) {
   EXPECT_THAT(FilesIn("C:\\Strip"), ElementsAre("a.bmp"));
 }
 
+TEST_F(DeleteAllFormTest, APhotoThatHasBeenEditedSinceTheQuestionStaysThoughItIsAsLongAsBefore) {
+  LoadStrip({"a.bmp", "b.bmp"});
+  const int opened = run.files.Count(FileCall::OpenToRead);
+  person.ExpectBox("Unable to delete this Photo",
+                   Photo("a.bmp") + "\n\nThe photo has been changed since the question.");
+  person.ExpectBox(Deleted, OtherFiles);
+  DeleteAll([&](Form&) {
+    EXPECT_EQ(run.files.Count(FileCall::OpenToRead), opened) << "a camera would fetch each photo";
+    drive.SetTime(Photo("a.bmp"), {2011, 2, 3, 4, 5, 6});
+  });
+  EXPECT_THAT(FilesIn("C:\\Strip"), ElementsAre("a.bmp"));
+}
+
 TEST_F(DeleteAllFormTest, ATextFileKeepsItselfAndTheFolder) {
   LoadStrip({"a.bmp"});
   drive.Write(Photo("notes.txt"), "kept");

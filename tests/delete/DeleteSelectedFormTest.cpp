@@ -180,10 +180,10 @@ TEST_F(DeleteSelectedFormTest, AFileThatHasTakenThePhotosNameSinceThePaneShowedI
   EXPECT_EQ(drive.Read(Photo("a.bmp")), "another photo");
 }
 
-TEST_F(DeleteSelectedFormTest, APhotoThatThePaneShowedAndThatCannotBeReadAnyMoreStays) {
+TEST_F(DeleteSelectedFormTest, APhotoThatThePaneShowedAndThatCannotBeLookedAtAnyMoreStays) {
   LoadStrip({"a.bmp"});
   SelectInStrip(1);
-  run.files.FailAlways(FileCall::OpenToRead, error::DeviceIO);
+  run.files.FailAlways(FileCall::Length, error::DeviceIO);
   ExpectFailure(Photo("a.bmp"), "The photo has been changed since it was shown.");
   DeleteIt();
   EXPECT_TRUE(drive.Exists(Photo("a.bmp")));

@@ -96,6 +96,21 @@ TEST_F(MarksTest, AMarkSurvivesTheProgramsEnd) {
   EXPECT_FALSE(IsMarked(LoadedStrip(), 2));
 }
 
+// A camera would hand out the whole file.
+TEST_F(MarksTest, AMarkedPhotoThatIsInTheCacheIsNotOpenedToBeLoaded) {
+  WritePhoto("a.bmp");
+  ProgramRun& first = LoadedStrip();
+  first.person.DoubleClick(first.main.strip.SrcBackground(1));
+  first.Close();
+  ProgramRun& second = StartedOnStrip();
+  bool opened = false;
+  second.files.BeforeNth(
+      FileCall::OpenToRead, 1, [&opened] { opened = true; }, "a.bmp");
+  second.LoadAll();
+  EXPECT_TRUE(IsMarked(second, 1));
+  EXPECT_FALSE(opened);
+}
+
 TEST_F(MarksTest, TheNextSlotsOfAMarkedOneComeUpClean) {
   WritePhotos(1);
   ProgramRun& first = LoadedStrip();

@@ -225,6 +225,11 @@ void FaultyFiles::Rename(const std::string& from, const std::string& to) {
   inner_->Rename(from, to);
 }
 
+FileStamp FaultyFiles::StampOf(const std::string& path) {
+  Check(FileCall::Length, path);
+  return inner_->StampOf(path);
+}
+
 void FaultyFiles::RenameOver(const std::string& from, const std::string& to) {
   Check(FileCall::Rename, from);
   if (IsAway(to)) throw RuntimeError(error::PathNotFound);
@@ -262,7 +267,7 @@ std::optional<CalendarTime> FaultyFiles::LastWriteTime(const std::string& path) 
 }
 
 std::optional<CalendarTime> FaultyFiles::LastWriteTimeToRead(const std::string& path) {
-  if (Strike(FileCall::OpenToRead, path) != 0 || IsAway(path)) return std::nullopt;
+  if (Strike(FileCall::Length, path) != 0 || IsAway(path)) return std::nullopt;
   return inner_->LastWriteTimeToRead(path);
 }
 

@@ -14,8 +14,8 @@
 namespace pixorra {
 
 // What can fail; CompleteNames fails with Names, and raises. Names, Attributes, LastWriteTime and SetTimes fail by
-// answering as for nothing there, NameTaken by not knowing; the others raise. LastWriteTimeToRead counts as OpenToRead,
-// and answers as for nothing there.
+// answering as for nothing there, NameTaken by not knowing; the others raise. StampOf and LastWriteTimeToRead count as
+// Length; the latter answers as for nothing there.
 enum class FileCall {
   Names,
   Attributes,
@@ -79,6 +79,7 @@ class FaultyFiles : public Files {
   bool IsSameFile(const std::string& a, const std::string& b) override;
   std::int64_t Length(const std::string& path) override;
   std::unique_ptr<File> Open(const std::string& path, OpenMode mode) override;
+  FileStamp StampOf(const std::string& path) override;
   void Delete(const std::string& path) override;
   void Rename(const std::string& from, const std::string& to) override;
   void RenameOver(const std::string& from, const std::string& to) override;

@@ -32,11 +32,7 @@ class HostFile : public File {
   FileStamp Stamp() override {
     struct stat entry {};
     if (fstat(fd_.Get(), &entry) != 0) RaiseHostError(errno);
-    return {.Disk = entry.st_dev,
-            .Number = entry.st_ino,
-            .Length = entry.st_size,
-            .Seconds = entry.st_mtim.tv_sec,
-            .Nanoseconds = entry.st_mtim.tv_nsec};
+    return StampIn(entry);
   }
 
   std::size_t ReadAt(std::int64_t offset, void* into, std::size_t count) override {
@@ -130,6 +126,14 @@ UniqueFd OpenWithFlags(const std::string& path, int flags) {
 }
 
 }  // namespace
+
+FileStamp StampIn(const struct stat& entry) {
+  return {.Disk = entry.st_dev,
+          .Number = entry.st_ino,
+          .Length = entry.st_size,
+          .Seconds = entry.st_mtim.tv_sec,
+          .Nanoseconds = entry.st_mtim.tv_nsec};
+}
 
 std::unique_ptr<File> MakeHostFile(UniqueFd fd) {
   return std::make_unique<HostFile>(std::move(fd));

@@ -3,12 +3,14 @@
 
 #include <memory>
 #include <string>
+#include <sys/stat.h>
 
 #include "platform/posix/UniqueFd.h"
 #include "platform/services/Files.h"
 
 namespace pixorra {
 
+FileStamp StampIn(const struct stat& entry);
 // An open file around a descriptor.
 std::unique_ptr<File> MakeHostFile(UniqueFd fd);
 

@@ -65,13 +65,18 @@ bool IsSpelledAs(const HostPath& asked, const Located& located) {
 }
 
 // Of what a link leads to.
-std::int64_t LengthOf(const Located& located) {
+// Of the ordinary file that is there, or that a link there leads to.
+struct stat OrdinaryEntry(const Located& located) {
   MustExist(located);
-  if (S_ISREG(located.Entry.st_mode)) return located.Entry.st_size;
+  if (S_ISREG(located.Entry.st_mode)) return located.Entry;
   struct stat entry {};
   if (stat(located.Path.Text().c_str(), &entry) != 0) RaiseFor(located.Path, errno);
   if (!S_ISREG(entry.st_mode)) throw RuntimeError(error::FileNotFound);
-  return entry.st_size;
+  return entry;
+}
+
+std::int64_t LengthOf(const Located& located) {
+  return OrdinaryEntry(located).st_size;
 }
 
 }  // namespace
@@ -199,6 +204,10 @@ std::int64_t PosixFiles::Length(const std::string& path) {
   return LengthOf(Find(path));
 }
 
+FileStamp PosixFiles::StampOf(const std::string& path) {
+  return StampIn(OrdinaryEntry(Find(path)));
+}
+
 std::unique_ptr<File> PosixFiles::OpenOfLength(const std::string& path, std::int64_t length) {
   const Located located = Find(path);
   if (LengthOf(located) != length) return nullptr;
@@ -324,8 +333,9 @@ std::optional<CalendarTime> PosixFiles::LastWriteTime(const std::string& path) {
 std::optional<CalendarTime> PosixFiles::LastWriteTimeToRead(const std::string& path) {
   std::optional<CalendarTime> time;
   static_cast<void>(ErrorsIgnored([&] {
-    const FileStamp stamp = Open(path, OpenMode::Read)->Stamp();
-    time = LocalTimeOf({.tv_sec = stamp.Seconds, .tv_nsec = stamp.Nanoseconds});
+    const Located located = Find(path);
+    const struct stat entry = OrdinaryEntry(located);
+    if (faccessat(AT_FDCWD, located.Path.Text().c_str(), R_OK, AT_EACCESS) == 0) time = LocalTimeOf(entry.st_mtim);
   }));
   return time;
 }

@@ -29,6 +29,7 @@ class PosixFiles : public Files {
   bool IsSameFile(const std::string& a, const std::string& b) override;
   std::int64_t Length(const std::string& path) override;
   std::unique_ptr<File> Open(const std::string& path, OpenMode mode) override;
+  FileStamp StampOf(const std::string& path) override;
   std::unique_ptr<File> OpenOfLength(const std::string& path, std::int64_t length) override;
   void Delete(const std::string& path) override;
   void Rename(const std::string& from, const std::string& to) override;

@@ -38,4 +38,8 @@ std::unique_ptr<File> Files::OpenOfLength(const std::string& path, std::int64_t 
   return Length(path) == length ? Open(path, OpenMode::Read) : nullptr;
 }
 
+FileStamp Files::StampOf(const std::string& path) {
+  return Open(path, OpenMode::Read)->Stamp();
+}
+
 }  // namespace pixorra

@@ -111,6 +111,9 @@ class Files {
 
   virtual std::int64_t Length(const std::string& path) = 0;
   virtual std::unique_ptr<File> Open(const std::string& path, OpenMode mode) = 0;
+  // The stamp that the file would have if it were opened to be read. Where a back end can it only looks at the file:
+  // there are disks, such as cameras, that hand out a whole file whenever it is opened. Raises as Length does.
+  virtual FileStamp StampOf(const std::string& path);
   // The file open for reading if it is of this length, else nothing. Raises as Length and Open do. A folder's files are
   // looked through by it, so that a back end may look each up only once.
   virtual std::unique_ptr<File> OpenOfLength(const std::string& path, std::int64_t length);
@@ -135,7 +138,7 @@ class Files {
   // The last-write time in local time of a file that opens for reading and writing; nothing where it does not.
   // Deliberate: see base/FileDateTime.h for what relies on a file that may not be written having no date.
   virtual std::optional<CalendarTime> LastWriteTime(const std::string& path) = 0;
-  // The same of a file that opens for reading, whether or not it may be written.
+  // The same of a file that may be read, whether or not it may be written. The file is not opened for it.
   virtual std::optional<CalendarTime> LastWriteTimeToRead(const std::string& path) = 0;
   // Sets all the times that the file system keeps to one; false where it cannot.
   virtual bool SetTimes(const std::string& path, const CalendarTime& time) = 0;

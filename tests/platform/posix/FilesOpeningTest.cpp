@@ -42,6 +42,18 @@ TEST_P(FilesOpening, OnlyAFileOfTheLengthOpensByItsLength) {
   EXPECT_EQ(ErrorsIgnored([&] { TheFiles().OpenOfLength("C:\\p", 10); }), error::FileNotFound);
 }
 
+TEST_P(FilesOpening, TheStampOfAFileThatIsLookedAtIsThatOfTheOpenFile) {
+  drive_.Write("C:\\p\\a", "1");
+  drive_.MakeLink("C:\\p\\link", "a");
+  drive_.MakeFolder("C:\\p\\sub");
+  const FileStamp stamp = TheFiles().Open("C:\\p\\a", OpenMode::Read)->Stamp();
+  EXPECT_EQ(TheFiles().StampOf("C:\\p\\A"), stamp);
+  EXPECT_EQ(TheFiles().StampOf("C:\\p\\link"), stamp);
+  EXPECT_EQ(ErrorsIgnored([&] { TheFiles().StampOf("C:\\p\\b"); }), error::FileNotFound);
+  EXPECT_EQ(ErrorsIgnored([&] { TheFiles().StampOf("C:\\q\\b"); }), error::PathNotFound);
+  EXPECT_EQ(ErrorsIgnored([&] { TheFiles().StampOf("C:\\p\\sub"); }), error::FileNotFound);
+}
+
 TEST_P(FilesOpening, AStampChangesWithEveryChangeOfLengthAndTimeAndWithAnotherFileInItsPlace) {
   drive_.Write("C:\\p\\a", "0123456789");
   const auto stamp = [&] { return TheFiles().Open("C:\\p\\a", OpenMode::Read)->Stamp(); };

@@ -47,6 +47,16 @@ TEST_F(OnARealDisk, WhatIsNoOrdinaryFileIsNotEvenTouched) {
   EXPECT_EQ(read(watch.Get(), &opened, sizeof(opened)), -1) << "somebody at the other end would have noticed";
 }
 
+TEST_F(OnARealDisk, AFileIsNotOpenedToBeLookedAt) {
+  drive_.Write("C:\\p\\a.jpg", "1");
+  const UniqueFd watch(inotify_init1(IN_NONBLOCK | IN_CLOEXEC));
+  ASSERT_GE(inotify_add_watch(watch.Get(), drive_.HostPath("C:\\p\\a.jpg").c_str(), IN_OPEN), 0);
+  EXPECT_EQ(files_.StampOf("C:\\p\\a.jpg").Length, 1);
+  EXPECT_EQ(files_.LastWriteTimeToRead("C:\\p\\a.jpg"), drive_.WriteTime("C:\\p\\a.jpg"));
+  inotify_event opened{};
+  EXPECT_EQ(read(watch.Get(), &opened, sizeof(opened)), -1);
+}
+
 TEST_F(OnARealDisk, AReadOnlyFileOpensForReadingOnlyAndHasATimeOnlyToRead) {
   drive_.Write("C:\\p\\a.jpg", "1");
   const CalendarTime time{2001, 5, 6, 13, 14, 15, 0};
