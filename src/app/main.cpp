@@ -51,12 +51,12 @@ int main(int argc, char** argv) {
   PosixVolumes volumes(environment, mapping);
   PosixMemory memory;
   PosixSettings settings(environment.ConfigHome + "/pixorra/settings");
-  DecodeAhead readAhead(files);
-  CodecPictures pictures(files, &readAhead);
-  TurboJpegCodec jpeg(files, &readAhead);
+  const std::unique_ptr<DecodeAhead, EndOrLeave> readAhead(new DecodeAhead(files));
+  CodecPictures pictures(files, readAhead.get());
+  TurboJpegCodec jpeg(files, readAhead.get());
 
-  Host host{qt.toolkit,   files, places,   clock,    pictures,  qt.artwork, jpeg,         qt.dialogs, qt.printing,
-            qt.clipboard, shell, registry, settings, readAhead, qt.shipped, folderReader, volumes,    memory};
+  Host host{qt.toolkit,   files, places,   clock,    pictures,   qt.artwork, jpeg,         qt.dialogs, qt.printing,
+            qt.clipboard, shell, registry, settings, *readAhead, qt.shipped, folderReader, volumes,    memory};
   MainForm main(host);
   ConnectEvents(main);
   return qt.Run([&main] { StartUp(main); });

@@ -110,16 +110,26 @@ DecodeAhead::DecodeAhead(Files& files)
       mostThreads_(std::clamp<std::size_t>(std::thread::hardware_concurrency(), 1, MostThreads)) {}
 
 DecodeAhead::~DecodeAhead() {
-  {
-    const std::lock_guard lock(mutex_);
-    ending_ = true;
-    for (const Jobs& jobs : expected_) {
-      for (const auto& job : jobs) job->dropped = true;
-    }
+  EndWithin(std::chrono::milliseconds(0));
+  for (std::thread& thread : threads_) thread.join();
+}
+
+bool DecodeAhead::EndWithin(std::chrono::milliseconds patience) {
+  std::unique_lock lock(mutex_);
+  ending_ = true;
+  for (const Jobs& jobs : expected_) {
+    for (const auto& job : jobs) job->dropped = true;
   }
   wake_.notify_all();
   worked_.notify_all();
-  for (std::thread& thread : threads_) thread.join();
+  const bool ended = worked_.wait_for(lock, patience, [this] { return working_ == 0; });
+  lock.unlock();
+  return whole_.EndWithin(patience) && ended;
+}
+
+void EndOrLeave::operator()(DecodeAhead* ahead) const {
+  constexpr std::chrono::milliseconds Patience(1000);
+  if (ahead->EndWithin(Patience)) delete ahead;
 }
 
 // One for each thread, and some for the time until the reader's next turn.
@@ -343,6 +353,7 @@ void DecodeAhead::Work() {
     if (ending_) return;
     job->state = Job::State::Running;
     runningFileBytes_ += job->length;
+    ++working_;
     lock.unlock();
     bool ready = false;
     // Whatever is wrong shows again where the photo is wanted.
@@ -367,6 +378,7 @@ void DecodeAhead::Work() {
 
 // With the mutex held, so that nobody sees memory that counts neither as under way nor as ready.
 void DecodeAhead::Finish(Job& job, bool ready) {
+  --working_;
   claimed_ -= std::exchange(job.claimed, 0);
   runningFileBytes_ -= job.length;
   job.state = ready ? Job::State::Ready : Job::State::Not;

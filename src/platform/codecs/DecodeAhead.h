@@ -4,6 +4,7 @@
 #pragma once
 
 #include <array>
+#include <chrono>
 #include <condition_variable>
 #include <cstddef>
 #include <cstdint>
@@ -54,6 +55,9 @@ class DecodeAhead : public ReadAhead {
   ~DecodeAhead() override;
   DecodeAhead(const DecodeAhead&) = delete;
   DecodeAhead& operator=(const DecodeAhead&) = delete;
+
+  // As WholeAhead::EndWithin, for all threads of both, each of which has so long.
+  bool EndWithin(std::chrono::milliseconds patience);
 
   int Depth() const override;
   void Expect(Reader reader, const std::vector<std::string>& paths, int scale, const PaintedSizes& sizes) override;
@@ -109,7 +113,14 @@ class DecodeAhead : public ReadAhead {
   std::array<Jobs, Readers> expected_;  // by reader; changed by the using thread alone
   std::int64_t claimed_ = 0;            // bytes that decodes under way have been granted
   std::int64_t runningFileBytes_ = 0;   // of the files that are being read and decoded, expected still or not
+  int working_ = 0;                     // jobs that a thread is at
   bool ending_ = false;
+};
+
+// Ends one that was made by new. Deliberate: where a thread hangs in a read, from a disk that no longer answers, it is
+// left as it is, for the thread to use: the program must not wait for it to end.
+struct EndOrLeave {
+  void operator()(DecodeAhead* ahead) const;
 };
 
 }  // namespace pixorra

@@ -29,6 +29,7 @@ struct WholeAhead::Job {
   bool claiming = false;  // it waits for memory
   bool decoding = false;  // it has been granted all that it takes
   bool again = false;     // what was made, or could have been, is wanted anew
+  bool crowded = false;   // there was no room for it; it is tried again once something has been let go
   std::int64_t held = 0;  // bytes
   std::atomic<bool> dropped = false;
   Picture picture;
@@ -80,25 +81,28 @@ bool HasReductions(const Picture& picture, const ReadAhead::PaintedSizes& sizes)
 WholeAhead::WholeAhead(Files& files, std::int64_t mostMemory) : files_(files), mostMemory_(mostMemory) {}
 
 WholeAhead::~WholeAhead() {
-  {
-    const std::lock_guard lock(mutex_);
-    ending_ = true;
-    for (const JobPointer& job : jobs_) job->dropped = true;
-  }
+  EndWithin(std::chrono::milliseconds(0));
+  for (std::thread& thread : threads_) thread.join();
+}
+
+bool WholeAhead::EndWithin(std::chrono::milliseconds patience) {
+  std::unique_lock lock(mutex_);
+  ending_ = true;
+  for (const JobPointer& job : jobs_) job->dropped = true;
   wake_.notify_all();
   worked_.notify_all();
-  for (std::thread& thread : threads_) thread.join();
+  return worked_.wait_for(lock, patience, [this] { return working_ == 0; });
 }
 
 void WholeAhead::Expect(const std::vector<std::string>& paths, const ReadAhead::PaintedSizes& sizes) {
   expecting_ = !paths.empty();
+  LetGoAllBut(paths);
   std::vector<JobPointer> wanted;
   for (const std::string& path : paths) {
     JobPointer job = Known(path, sizes);
     wanted.push_back(job != nullptr ? std::move(job) : NewJob(path, sizes));
   }
   const std::lock_guard lock(mutex_);
-  DropKept();
   jobs_.swap(wanted);
   for (const JobPointer& job : wanted) {
     if (std::ranges::find(jobs_, job) == jobs_.end()) LetGo(*job);
@@ -112,7 +116,7 @@ void WholeAhead::Expect(const std::vector<std::string>& paths, const ReadAhead::
 bool WholeAhead::IsReady(const std::string& path) {
   if (!expecting_) return false;
   FileStamp stamp;
-  const int failed = ErrorsIgnored([&] { stamp = files_.Open(path, OpenMode::Read)->Stamp(); });
+  const int failed = ErrorsIgnored([&] { stamp = files_.StampOf(path); });
   if (failed != error::None) return false;
   const std::lock_guard lock(mutex_);
   // What was made of another file, or of an earlier state of this one, is never wanted any more.
@@ -213,12 +217,30 @@ void WholeAhead::LetGo(Job& job) {
   if (job.state == Job::State::Running) return;
   job.state = Job::State::Not;
   job.picture = {};
-  Hold(-std::exchange(job.held, 0));
+  GiveBack(std::exchange(job.held, 0));
+}
+
+// Before it is looked for what can be begun, so that there is room.
+void WholeAhead::LetGoAllBut(const std::vector<std::string>& paths) {
+  const std::lock_guard lock(mutex_);
+  DropKept();
+  for (const JobPointer& job : jobs_) {
+    if (std::ranges::find(paths, job->path) == paths.end()) LetGo(*job);
+  }
 }
 
 void WholeAhead::DropKept() {
   kept_ = {};
-  Hold(-std::exchange(keptBytes_, 0));
+  GiveBack(std::exchange(keptBytes_, 0));
+}
+
+// Whoever found no room may find it now.
+void WholeAhead::GiveBack(std::int64_t bytes) {
+  if (bytes == 0) return;
+  Hold(-bytes);
+  for (const JobPointer& job : jobs_) {
+    if (std::exchange(job->crowded, false)) job->again = true;
+  }
 }
 
 void WholeAhead::StartThreads() {
@@ -276,7 +298,7 @@ bool WholeAhead::Claim(std::unique_lock<std::mutex>& lock, Job& job, std::int64_
   wake_.notify_all();
   if (ending_ || job.dropped) return false;
   if (!fits()) {
-    job.again = everFits;
+    job.crowded = everFits;
     return false;
   }
   Hold(bytes - std::exchange(job.held, bytes));
@@ -355,7 +377,12 @@ void WholeAhead::Finish(Job& job) {
   job.made = {};
   job.state = ready ? Job::State::Ready : Job::State::Not;
   const std::int64_t keeps = ready ? job.keeps : 0;
-  Hold(keeps - std::exchange(job.held, keeps));
+  const std::int64_t rest = std::exchange(job.held, keeps) - keeps;
+  if (job.dropped) {
+    GiveBack(rest);
+  } else {
+    Hold(-rest);
+  }
   worked_.notify_all();
 }
 

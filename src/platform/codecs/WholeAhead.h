@@ -3,6 +3,7 @@
 // as long as the file is the one that was read, and unchanged.
 #pragma once
 
+#include <chrono>
 #include <condition_variable>
 #include <cstddef>
 #include <cstdint>
@@ -28,6 +29,10 @@ class WholeAhead {
   ~WholeAhead();
   WholeAhead(const WholeAhead&) = delete;
   WholeAhead& operator=(const WholeAhead&) = delete;
+
+  // Tells the threads to end; false where one of them is still at a photo after so long. A read from a disk that no
+  // longer answers may never return, and the destructor waits for it. Nothing is to be expected afterwards.
+  bool EndWithin(std::chrono::milliseconds patience);
 
   // As ReadAhead::ExpectWhole and IsWholeReady.
   void Expect(const std::vector<std::string>& paths, const ReadAhead::PaintedSizes& sizes);
@@ -57,7 +62,9 @@ class WholeAhead {
   JobPointer NextWaiting() const;
   JobPointer NextToBegin() const;
   void LetGo(Job& job);
+  void LetGoAllBut(const std::vector<std::string>& paths);
   void DropKept();
+  void GiveBack(std::int64_t bytes);
   void StartThreads();
   void Hold(std::int64_t more);
   bool MakeRoom(const Job* before, std::int64_t bytes);

@@ -337,6 +337,23 @@ TEST_F(DecodeAheadTest, AFileThatIsStillReadCountsThoughItIsNoLongerExpected) {
   for (int i = 0; i < 2; ++i) EXPECT_TRUE(ahead.Take(Bytes(longFile), 8)) << i;
 }
 
+// As from a disk that no longer answers.
+TEST_F(DecodeAheadTest, AReadThatHangsIsNotWaitedForAtTheEnd) {
+  std::promise<void> begun, goOn;
+  files.BeforeNth(
+      FileCall::Read, 1,
+      [&] {
+        begun.set_value();
+        goOn.get_future().wait();
+      },
+      "hangs");
+  ahead.Expect(Strip, {Write("hangs.jpg", LongJpeg(22))}, 8);
+  begun.get_future().wait();
+  EXPECT_FALSE(ahead.EndWithin(std::chrono::milliseconds(1)));
+  goOn.set_value();
+  EXPECT_TRUE(ahead.EndWithin(std::chrono::seconds(60)));
+}
+
 // A grey progressive photo, of which the library keeps two bytes for each pixel. What follows it is no matter.
 std::string GreyPhoto(int side) {
   std::string jpeg = ScansByHand::Grey(side, side, 1, ScansByHand::OfNothing);

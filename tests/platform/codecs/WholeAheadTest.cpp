@@ -294,6 +294,27 @@ TEST_F(LittleRoom, ThePhotoWantedMostIsReadyThoughItDoesNotFitBesideTheOthersFil
   }
 }
 
+TEST_F(LittleRoom, WhatFoundNoRoomIsTriedAgainOnlyOnceSomethingHasBeenLetGo) {
+  std::vector<std::string> paths = Photos(8);
+  little.Expect(paths, HalfOnly);
+  little.Settle();
+  const auto readyCount = [&] {
+    return std::ranges::count_if(paths, [&](const auto& path) { return little.IsReady(path); });
+  };
+  const auto ready = readyCount();
+  ASSERT_LT(ready, 8);
+  const int opened = files.Count(FileCall::OpenToRead);
+  for (int round = 0; round < 3; ++round) {
+    little.Expect(paths, HalfOnly);
+    little.Settle();
+  }
+  EXPECT_EQ(files.Count(FileCall::OpenToRead), opened);
+  paths.erase(paths.begin());
+  little.Expect(paths, HalfOnly);
+  little.Settle();
+  EXPECT_EQ(readyCount(), ready) << "one more in the place of the one that has gone";
+}
+
 TEST_F(LittleRoom, APictureThatIsKeptCountsToo) {
   const std::vector<std::string> paths = Photos(3);
   little.Expect(paths, HalfOnly);
@@ -307,6 +328,17 @@ TEST_F(LittleRoom, APictureThatIsKeptCountsToo) {
   larger.Fill(0);
   little.Keep({.Number = 2}, Picture(std::move(larger)));
   EXPECT_TRUE(little.Take({.Number = 2}).IsNothing());
+}
+
+// As from a disk that no longer answers.
+TEST_F(WholeAheadTest, AReadThatHangsIsNotWaitedForAtTheEnd) {
+  HeldUp reading(files, "a.jpg", 2);
+  DecodeAhead whole(files);
+  whole.ExpectWhole({Write("a.jpg", JpegPhoto(320, 240))}, HalfOnly);
+  reading.begun.get_future().wait();
+  EXPECT_FALSE(whole.EndWithin(std::chrono::milliseconds(1)));
+  reading.goOn.set_value();
+  EXPECT_TRUE(whole.EndWithin(std::chrono::seconds(60)));
 }
 
 TEST_F(WholeAheadTest, ItEndsInMidWork) {
