@@ -21,10 +21,8 @@ namespace {
 constexpr int AllShiftKeys = shift::Shift | shift::Ctrl | shift::Alt;
 
 // What is typed is text, or the name of a folder is still to be settled.
-bool IsTextTyped(const MainForm& main) {
-  const Control* focus = main.host.toolkit.Focus();
-  return IsFolderBeingRenamed(main.desk) ||
-         (focus != nullptr && focus->GetKind() == Kind::TextBox && &focus->GetForm() == &main.Window);
+bool IsNoCommand(const MainForm& main) {
+  return IsFolderBeingRenamed(main.desk) || main.host.toolkit.IsTextTyped(main.Window);
 }
 
 // The slot of the strip whose photo is selected; 0 for none.
@@ -84,7 +82,7 @@ bool RunCommand(MainForm& main, int keyCode, int shift) {
 }  // namespace
 
 void Form_KeyDown(MainForm& main, int& keyCode, int shift) {
-  if (IsTextTyped(main)) return;
+  if (IsNoCommand(main)) return;
   // It waits for an answer, or lets events run.
   if (main.drop.DropRunning) {
     // The character that the Esc key makes stops a run.

@@ -49,7 +49,8 @@ ConfirmForm::ConfirmForm(MainForm& main) : Window(main.host.toolkit, "ConfirmFor
   });
   Connect(Window.On().KeyDown, [this](Control&, int& code, int shift) {
     // Who works by key has not asked for this window.
-    if (!printing_ && main_.host.toolkit.KeyPressed(main_.Window, code, shift)) code = 0;
+    Toolkit& toolkit = main_.host.toolkit;
+    if (!printing_ && toolkit.KeyPressed(main_.Window, code, shift, toolkit.Stroke())) code = 0;
   });
 }
 

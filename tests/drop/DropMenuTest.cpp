@@ -57,5 +57,16 @@ TEST_F(DropMenuTest, TheShortcutsActByWhatCanBeDoneAtTheKey) {
   EXPECT_FALSE(Has("F", "Clipboard.jpg"));
 }
 
+// The program that has put something there is asked for what it is, and may take its time.
+TEST_F(DropMenuTest, TheShortcutOfUndoDoesNotAskForTheClipboard) {
+  Prepare();
+  Select_a_Folder(main, 1);
+  Drop(2);
+  const int asked = run.platform.clipboard.Asked();
+  person.Key('Z', shift::Ctrl);
+  EXPECT_FALSE(CanUndo());
+  EXPECT_EQ(run.platform.clipboard.Asked(), asked + 1) << "by the menu that was opened afterwards";
+}
+
 }  // namespace
 }  // namespace pixorra

@@ -96,6 +96,20 @@ TEST_F(ConfirmFormTest, AClickOrAKeyOnAnyOtherNoticeDoesNothing) {
   EXPECT_FALSE(main.core.PrintAborted);
 }
 
+TEST_F(ConfirmFormTest, AKeyThatIsHeldDownOverANoticeIsHeldDownForTheMainWindowToo) {
+  std::vector<KeyStroke> strokes;
+  main.Window.On().KeyDown = [&](Control&, int& code, int) {
+    strokes.push_back(run.host.toolkit.Stroke());
+    code = 0;
+  };
+  notice.ConfirmClipboard();
+  run.person.Activate(notice.Window);
+  run.person.Key(key::Right);
+  run.person.RepeatKey(key::Right);
+  EXPECT_EQ(strokes, (std::vector{KeyStroke::Pressed, KeyStroke::Repeated}));
+  EXPECT_EQ(run.host.toolkit.Stroke(), KeyStroke::Pressed) << "no key is handled any more";
+}
+
 TEST_F(ConfirmFormTest, ALongTextMakesTheNoticeWiderAndItStaysInTheMiddle) {
   notice.ConfirmPrint("Printing");
   const int narrow = notice.Window.ScaleWidth();

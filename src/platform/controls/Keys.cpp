@@ -1,5 +1,6 @@
 // The keyboard: the form's preview, menu shortcuts, the focused control.
 #include <algorithm>
+#include <utility>
 
 #include "platform/controls/Buttons.h"
 #include "platform/controls/Form.h"
@@ -61,16 +62,22 @@ bool PressButton(const Form& form, Control* focus, int keyCode) {
 
 }  // namespace
 
-// While text is typed every key is the text's: a command would act on what its writer is not looking at.
-bool Toolkit::RunShortcut(Form& form, int keyCode, int shift) {
+// A command would act on what the writer of a text is not looking at.
+bool Toolkit::IsTextTyped(const Form& form) const {
   const Control* focus = Focus();
-  const bool typing = focus != nullptr && focus->GetKind() == Kind::TextBox && &focus->GetForm() == &form;
-  if (keyCode == 0 || typing) return false;
+  return focus != nullptr && focus->GetKind() == Kind::TextBox && &focus->GetForm() == &form;
+}
+
+bool Toolkit::RunShortcut(Form& form, int keyCode, int shift) {
+  if (keyCode == 0 || IsTextTyped(form)) return false;
   for (MenuItem* menu : form.Menus()) {
     MenuItem* const item = FindShortcut(*menu, keyCode, shift);
     if (item == nullptr) continue;
     const Watch<MenuItem> watch(*item);
-    RaiseMenusAbove(*item);
+    {
+      const AtExit raised([this, before = std::exchange(shortcutSought_, item)] { shortcutSought_ = before; });
+      RaiseMenusAbove(*item);
+    }
     if (!watch || !watch->CanBeChosen()) return false;
     watch->UserClicked();
     return true;
@@ -83,7 +90,10 @@ bool Toolkit::KeyPressed(Form& form, int keyCode, int shift, KeyStroke stroke) {
   if (!TakesInput(form)) return true;
   if (stroke == KeyStroke::Repeated && std::ranges::find(keyForms_, &form) != keyForms_.end()) return true;
   keyForms_.push_back(&form);
-  const AtExit handled([this] { keyForms_.pop_back(); });
+  const AtExit handled([this, before = std::exchange(stroke_, stroke)] {
+    keyForms_.pop_back();
+    stroke_ = before;
+  });
   const Watch<Form> watch(form);
   const auto used = [&](int code) { return code == 0 || !watch || !watch->Visible(); };
   int code = keyCode;

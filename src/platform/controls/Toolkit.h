@@ -67,6 +67,12 @@ class Toolkit {
   // what is left is the control's own to act on. A repeated stroke that comes while the form still handles one is
   // dropped: what a key that is held down does ends when the key is let go.
   bool KeyPressed(Form& form, int keyCode, int shift, KeyStroke stroke = KeyStroke::Pressed);
+  // A text box of the form has the focus: every key is the text's.
+  bool IsTextTyped(const Form& form) const;
+  // Of the key that is being handled; Pressed where none is.
+  KeyStroke Stroke() const { return stroke_; }
+  // The item whose shortcut has been pressed, while the menus above it are raised; null where a person opens one.
+  const MenuItem* ShortcutSought() const { return shortcutSought_; }
   // The character that a key made; code 0 after it has been refused.
   bool CharacterTyped(Form& form, int codePoint);
   // The focus has been put on a control by a person.
@@ -128,7 +134,9 @@ class Toolkit {
   Drags drags_;
   Timers timers_;
   Looks looks_;
-  std::vector<const Form*> keyForms_;  // whose keys are being handled, one within the other
+  KeyStroke stroke_ = KeyStroke::Pressed;
+  const MenuItem* shortcutSought_ = nullptr;  // only to be compared
+  std::vector<const Form*> keyForms_;         // whose keys are being handled, one within the other
   Watch<Control> pressed_;
   Watch<Control> hovered_;
   int pressedButton_ = 0;

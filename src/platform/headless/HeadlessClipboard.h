@@ -11,7 +11,10 @@ namespace pixorra {
 
 class HeadlessClipboard : public Clipboard {
  public:
-  bool HasBitmap() override { return !bitmap_.IsNothing(); }
+  bool HasBitmap() override {
+    ++asked_;
+    return !bitmap_.IsNothing();
+  }
   Picture GetBitmap() override { return readable_ ? bitmap_ : Picture(); }
   void Clear() override { bitmap_ = Picture(); }
   void SetBitmap(const Picture& picture) override {
@@ -28,6 +31,8 @@ class HeadlessClipboard : public Clipboard {
   void CopyElsewhere(const Picture& picture) { bitmap_ = picture; }
   // Whether the program that has put the picture there hands it out; it does at first.
   void SetReadable(bool readable) { readable_ = readable; }
+  // How often it has been asked whether a picture is there.
+  int Asked() const { return asked_; }
   // The next picture that is set raises this error.
   void FailNextSet(int number) { failure_ = number; }
 
@@ -35,6 +40,7 @@ class HeadlessClipboard : public Clipboard {
   Picture bitmap_;
   bool readable_ = true;
   int failure_ = error::None;
+  int asked_ = 0;
 };
 
 }  // namespace pixorra

@@ -99,6 +99,16 @@ TEST_F(KeysTest, TheMenusAboveAShortcutsItemAreAskedTheTopmostFirst) {
   EXPECT_THAT(Heard(), ElementsAre("file", "form 71 2"));
 }
 
+TEST_F(KeysTest, MenuThatIsRaisedForAShortcutCanSeeForWhich) {
+  const MenuItem* sought = nullptr;
+  file.On().Click = [&](Control&) { sought = toolkit.ShortcutSought(); };
+  toolkit.KeyPressed(form, 'S', shift::Ctrl);
+  EXPECT_EQ(sought, &save);
+  EXPECT_EQ(toolkit.ShortcutSought(), nullptr);
+  file.UserClicked();
+  EXPECT_EQ(sought, nullptr) << "a person has opened it";
+}
+
 TEST_F(KeysTest, WhileTextIsTypedNoShortcutRuns) {
   box.SetFocus();
   EXPECT_FALSE(toolkit.KeyPressed(form, 'S', shift::Ctrl));
