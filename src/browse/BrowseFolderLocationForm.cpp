@@ -79,7 +79,10 @@ BrowseFolderLocationForm::BrowseFolderLocationForm(MainForm& main)
   MyFiles.SetColumns({{0, Alignment::Left}, {SizeColumn, Alignment::Right}});
   MyFiles.SetAccessibleName("Picture Files");
   PicPreview.SetToolTipText("Right-Click to display Full-Size (Space in the list)");
-  PicPreview.SetAccessibleName("The selected picture");
+  Connect(PicPreview.On().SpokenName, [this](const Control&) {
+    if (MyFiles.ListIndex() < 0) return std::string("No picture is selected");
+    return std::string(glance_.IsAwaited() ? "The selected picture is being loaded" : "The selected picture");
+  });
   PreviewName.SetShortensInMiddle(true);
   CreateButton.SetCaption("Create &New Folder");
   SelectButton.SetDefault(true);

@@ -22,6 +22,8 @@ class PhotoGlance {
 
   // The entry of the list is to be shown.
   void Show(int index);
+  // The entry that is to be shown is not ready yet; what is seen is another's, or nobody's.
+  bool IsAwaited() const { return waiting_.Enabled(); }
   // None is. What has been decoded ahead is given up.
   void Stop();
 

@@ -43,10 +43,13 @@ TEST_F(PhotoGlanceTest, APhotoIsShownWhenItIsReady) {
   BrowseFolderLocationForm& browser = Open(run);
   EXPECT_EQ(browser.PicCount.Caption(), "1 of 6 pics");
   EXPECT_EQ(browser.PreviewName.Caption(), "");
+  const auto spoken = [&] { return browser.PicPreview.On().SpokenName(browser.PicPreview); };
+  EXPECT_EQ(spoken(), "The selected picture is being loaded");
   EXPECT_EQ(ahead.Expected, (std::vector<std::string>{Path(1), Path(2), Path(3)}));
   ahead.Ready.insert(Path(1));
   run.Wait(0.05);
   EXPECT_EQ(browser.PreviewName.Caption(), "p1");
+  EXPECT_EQ(spoken(), "The selected picture");
 }
 
 TEST_F(PhotoGlanceTest, WithTheArrowHeldDownTheLastPhotoIsShownAndThoseOnTheWayHoldNothingUp) {
