@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <memory>
+#include <utility>
 
 #include "base/Routines.h"
 #include "base/cDIBsection.h"
@@ -66,12 +67,14 @@ Picture PictureToPaste(MainForm& main) {
   return picture;
 }
 
-// A whole JPEG file; empty where it cannot be made. What is transparent becomes white.
-std::vector<std::uint8_t> EncodePasted(MainForm& main, const Picture& picture) {
+// A whole JPEG file; empty where it cannot be made. What is transparent becomes white. The picture, which may be large,
+// is let go as soon as it is on the surface.
+std::vector<std::uint8_t> EncodePasted(MainForm& main, Picture picture) {
   std::vector<std::uint8_t> jpeg;
   ErrorsIgnored([&] {
     cDIBsection surface;
     surface.CreateFromPicture(picture);
+    picture = {};
     if (!EncodeJPG(main.pictures.jpegBridge, surface, PastedQuality, jpeg)) jpeg.clear();
   });
   return jpeg;
@@ -166,7 +169,7 @@ void PasteMenuItem_Click(MainForm& main) {
   const int slot = main.desk.OpenFolderIndex;
   if (slot == 0) return Refuse(main, "No Folder is open.\nTry selecting a folder first.");
   const Place place{slot, main.desk.DestFolderFiles(slot).Path()};
-  const Picture picture = PictureToPaste(main);
+  Picture picture = PictureToPaste(main);
   if (picture.IsNothing()) return;
   std::string path;
   FileStamp made;
@@ -176,7 +179,7 @@ void PasteMenuItem_Click(MainForm& main) {
   for (int tries = 0; failure == error::FileExists && tries < MostNames; ++tries) {
     path = ChooseName(main, place);
     if (path.empty()) return;
-    if (jpeg.empty()) jpeg = EncodePasted(main, picture);
+    if (jpeg.empty()) jpeg = EncodePasted(main, std::exchange(picture, {}));
     if (jpeg.empty()) return Refuse(main, "There is not enough memory for the picture on the Clipboard.");
     failure = ErrorsIgnored([&] { made = WriteNewFile(main.host.files, path, jpeg); });
   }

@@ -96,10 +96,18 @@ QImage::Format FormatOf(const Bitmap& bitmap) {
   return bitmap.Format() == PixelFormat::Bgr24 ? QImage::Format_BGR888 : QImage::Format_ARGB32_Premultiplied;
 }
 
+// Some rows at a time, so that a large picture is not held once more while it is copied.
 Bitmap CopyRows(const QImage& image, PixelFormat format) {
+  constexpr int Rows = 64;
   Bitmap bitmap(image.width(), image.height(), format);
   const auto bytes = static_cast<std::size_t>(bitmap.Width()) * static_cast<std::size_t>(bitmap.BytesPerPixel());
-  for (int y = 0; y < bitmap.Height(); ++y) std::memcpy(bitmap.Row(y), image.constScanLine(y), bytes);
+  for (int y = 0; y < bitmap.Height(); y += Rows) {
+    const int count = std::min(Rows, bitmap.Height() - y);
+    QImage part(image.constScanLine(y), image.width(), count, image.bytesPerLine(), image.format());
+    if (image.colorCount() > 0) part.setColorTable(image.colorTable());
+    part.convertTo(FormatOf(bitmap));
+    for (int row = 0; row < count; ++row) std::memcpy(bitmap.Row(y + row), part.constScanLine(row), bytes);
+  }
   return bitmap;
 }
 
@@ -117,12 +125,12 @@ QImage SharedImage(Bitmap& bitmap) {
 
 Picture ToPicture(const QImage& image) {
   if (image.isNull()) return {};
-  return Picture(CopyRows(image.convertToFormat(QImage::Format_BGR888), PixelFormat::Bgr24));
+  return Picture(CopyRows(image, PixelFormat::Bgr24));
 }
 
 Bitmap ToAlphaBitmap(const QImage& image) {
   if (image.isNull()) return {};
-  return CopyRows(image.convertToFormat(QImage::Format_ARGB32_Premultiplied), PixelFormat::Bgra32);
+  return CopyRows(image, PixelFormat::Bgra32);
 }
 
 int ToKeyCode(const QKeyEvent& event) {

@@ -1,9 +1,12 @@
 #include "platform/qt/QtClipboard.h"
 
+#include <QBuffer>
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QImageReader>
 #include <QMimeData>
+#include <algorithm>
+#include <cstdint>
 
 #include "platform/qt/Convert.h"
 #include "platform/runtime/AtExit.h"
@@ -13,8 +16,27 @@ namespace pixorra {
 
 namespace {
 
-// A picture of so many mebibytes is decoded, as large as a Bitmap can be; by itself the toolkit below takes far less.
-constexpr int MostMebibytes = 2048;
+// Larger pictures than the largest cameras make are not taken in: with its copies on the way such a one would take all
+// memory that there is.
+constexpr std::int64_t MostPixels = 300'000'000;
+// The toolkit's own limit, which is far less unless it is set, at four bytes a pixel.
+constexpr int MostMebibytes = static_cast<int>(MostPixels * 4 / (1024 * 1024)) + 1;
+
+bool IsTooLarge(QSize size) {
+  return size.isValid() && std::int64_t{size.width()} * size.height() > MostPixels;
+}
+
+// What the offered files say of their size; that of the largest.
+bool IsTooLargeOffered(const QMimeData& data) {
+  const QStringList formats = data.formats();
+  return std::any_of(formats.begin(), formats.end(), [&data](const QString& format) {
+    if (!format.startsWith(QLatin1String("image/"))) return false;
+    QByteArray bytes = data.data(format);
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::ReadOnly);
+    return IsTooLarge(QImageReader(&buffer).size());
+  });
+}
 
 // A copy: the clipboard keeps it for longer than anybody here keeps the picture. A painter would cut off what lies
 // beyond 32,767 pixels.
@@ -46,8 +68,13 @@ Picture QtClipboard::GetBitmap() {
   QImageReader::setAllocationLimit(MostMebibytes);
   const AtExit restored([before] { QImageReader::setAllocationLimit(before); });
   const QImage image = QGuiApplication::clipboard()->image();
-  if (image.isNull() || !image.hasAlphaChannel()) return ToPicture(image);
-  return Picture(ToAlphaBitmap(image));
+  if (image.isNull()) {
+    const QMimeData* data = QGuiApplication::clipboard()->mimeData();
+    if (data != nullptr && IsTooLargeOffered(*data)) throw RuntimeError(error::Overflow);
+    return {};
+  }
+  if (IsTooLarge(image.size())) throw RuntimeError(error::Overflow);
+  return image.hasAlphaChannel() ? Picture(ToAlphaBitmap(image)) : ToPicture(image);
 }
 
 void QtClipboard::Clear() {
