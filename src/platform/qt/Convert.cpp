@@ -111,6 +111,15 @@ Bitmap CopyRows(const QImage& image, PixelFormat format) {
   return bitmap;
 }
 
+// There are keyboards whose top row makes digits only with Shift: without it, the key's place on the keyboard counts.
+// The codes are those of X11, which its successor has taken over.
+int TopRowDigit(const QKeyEvent& event) {
+  constexpr quint32 KeyOfOne = 10;
+  const quint32 place = event.nativeScanCode() - KeyOfOne;
+  const bool plain = (event.modifiers() & ~Qt::KeyboardModifiers(Qt::KeypadModifier)) == Qt::NoModifier;
+  return plain && event.nativeScanCode() >= KeyOfOne && place < 9 ? '1' + static_cast<int>(place) : 0;
+}
+
 }  // namespace
 
 QImage SharedImage(const Bitmap& bitmap) {
@@ -171,7 +180,7 @@ int ToKeyCode(const QKeyEvent& event) {
     case Qt::Key_Delete:
       return key::Delete;
     default:
-      return 0;
+      return TopRowDigit(event);
   }
 }
 
