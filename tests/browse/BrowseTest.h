@@ -1,18 +1,16 @@
 // The program started, with the browser's controls at hand.
 #pragma once
 
-#include <gtest/gtest.h>
 #include <string>
 
 #include "browse/BrowseFolderLocationForm.h"
-#include "tests/support/TestPictures.h"
-#include "tests/support/headless/ProgramTest.h"
+#include "tests/support/headless/SortingTest.h"
 #include "window/MenuBar.h"
 #include "window/ModelessForms.h"
 
 namespace pixorra {
 
-class BrowseTest : public ProgramTest {
+class BrowseTest : public StartedTest {
  protected:
   BrowseTest() { drive.MakeFolder("C:\\Home"); }
   // A folder with so many photos, "p001.bmp" and on.
@@ -44,12 +42,6 @@ class BrowseTest : public ProgramTest {
   }
   bool IsOpen() const { return person.Window("BrowseFolderLocationForm") != nullptr; }
   std::string SelectedText() { return Tree().Selected() != nullptr ? Tree().Selected()->Text() : "nothing"; }
-
-  ProgramRun& run = Started();
-  MainForm& main = run.main;
-  DesktopState& desk = main.desk;
-  FilmStripState& strip = main.strip;
-  Person& person = run.person;
 };
 
 }  // namespace pixorra
