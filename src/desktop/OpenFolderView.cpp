@@ -318,6 +318,7 @@ void DestThumbnail_MouseDown(MainForm& main, int index, int mouseButton) {
   desk.DestThumbFrame.SetTag(TrimmedStr(index));
   PaintPicPreview(main, PhotoOf(desk, index));
   main.preview.bPicEdited = false;
+  if (mouseButton == button::Right) FollowSelectionAtFullSize(main);
 }
 
 }  // namespace pixorra

@@ -49,7 +49,7 @@ bool SizeFor(Form& window, PixelSize photo, const Screen& screen) {
   const bool onScreen = natural.Width <= screen.Width && natural.Height <= screen.Height;
   if (SizeOf(window) == natural && onScreen) return true;
   if (IsTooSmallToShow(photo)) return false;
-  SetSize(window, LimitedWindow(photo, screen));
+  SetSize(window, GivenWindow(LimitedWindow(photo, screen), screen));
   return true;
 }
 
@@ -84,6 +84,7 @@ void DisplayFullSizePreview(MainForm& main, const std::string& file) {
   Form& window = preview.Window;
   window.Load();
   if (path.empty()) return;
+  if (!window.Visible()) preview.RememberOpener();
   main.strip.ThumbsTimer.SetEnabled(false);
   const int before = main.Window.MousePointer();
   main.Window.SetMousePointer(pointer::Hourglass);
@@ -99,7 +100,12 @@ void DisplayFullSizePreview(MainForm& main, const std::string& file) {
     main.Window.Refresh();
   }
   LoadAndShow(main, window, path);
-  if (window.Visible()) preview.Ahead.Follow();
+  if (window.Visible()) preview.Ahead.Follow(path);
+}
+
+void FollowSelectionAtFullSize(MainForm& main) {
+  PreviewForm* const preview = main.modeless.Find<PreviewForm>();
+  if (preview != nullptr && preview->Window.Visible()) preview->Ahead.Follow(main.preview.sFullSizeFile);
 }
 
 void CloseFullSizePreview(MainForm& main) {

@@ -57,6 +57,11 @@ WindowSize LimitedWindow(PixelSize photo, const Screen& screen) {
   return {limit, static_cast<double>(CLng(limit / shape))};
 }
 
+WindowSize GivenWindow(const WindowSize& limited, const Screen& screen) {
+  return {Between(Form::SmallestWidth * TwipsPerPixel, limited.Width, screen.Width),
+          Between(Form::SmallestHeight * TwipsPerPixel, limited.Height, screen.Height)};
+}
+
 PixelSize PaintedIn(const WindowSize& window) {
   return {CLng((window.Width - FullSizeFrameWidth) / TwipsPerPixel),
           CLng((window.Height - FullSizeFrameHeight) / TwipsPerPixel)};
@@ -69,9 +74,7 @@ PixelSize PaintedAtFullSize(PixelSize photo, const Screen& screen) {
                      inPixels(natural.Width) >= Form::SmallestWidth && inPixels(natural.Height) >= Form::SmallestHeight;
   if (given) return PaintedIn(natural);
   if (IsTooSmallToShow(photo)) return {};
-  const WindowSize limited = LimitedWindow(photo, screen);
-  return PaintedIn({Between(Form::SmallestWidth * TwipsPerPixel, limited.Width, screen.Width),
-                    Between(Form::SmallestHeight * TwipsPerPixel, limited.Height, screen.Height)});
+  return PaintedIn(GivenWindow(LimitedWindow(photo, screen), screen));
 }
 
 }  // namespace pixorra

@@ -22,6 +22,9 @@ WindowSize NaturalWindow(PixelSize photo, const Screen& screen);
 bool IsTooSmallToShow(PixelSize photo);
 // For one that is too large: a window little smaller than the screen and about of the photo's shape.
 WindowSize LimitedWindow(PixelSize photo, const Screen& screen);
+// What a form gives of it on one screen, where it may ask for a little more than that; also where more screens together
+// are larger.
+WindowSize GivenWindow(const WindowSize& limited, const Screen& screen);
 // The size in which the photo is painted in a window of that size, in pixels.
 PixelSize PaintedIn(const WindowSize& window);
 // The same before there is a window, where the system gives each size from the smallest window to the screen; nothing

@@ -109,9 +109,9 @@ void PreviewForm::Form_KeyPress(int codePoint) {
   if (!IsForButton(codePoint)) Close();
 }
 
-// Tab leads to the buttons, and Space presses the one that has the focus.
+// Tab leads to the buttons, and Space presses the one that has the focus, while they can be seen.
 bool PreviewForm::IsForButton(int keyCode) const {
-  if (!ButtonContainerPic.Visible()) return false;
+  if (!ButtonContainerPic.Visible() || ButtonContainerPic.Top() >= Window.ScaleHeight()) return false;
   const Control* focus = main_.host.toolkit.Focus();
   const bool onButton = focus != nullptr && focus->GetContainer() == &ButtonContainerPic;
   return keyCode == key::Tab || (keyCode == key::Space && onButton);
@@ -127,8 +127,14 @@ void PreviewForm::Press(CommandButton& button, int keyCode) {
   if (hadFocus && watch && watch->IsShown() && !main_.preview.sFullSizeFile.empty()) watch->SetFocus();
 }
 
+void PreviewForm::RememberOpener() {
+  opener_ = Watch<Form>::Of(main_.host.toolkit.ActiveForm());
+}
+
+// Over the browser, which shows its photos without buttons, the person is back there.
 void PreviewForm::Close() {
-  main_.Window.SetFocus();
+  const bool toBrowser = main_.preview.bPreviewNoButtons && opener_ && opener_->Visible();
+  (toBrowser ? *opener_.Get() : main_.Window).SetFocus();
   Window.Unload();
 }
 

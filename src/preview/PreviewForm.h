@@ -26,6 +26,9 @@ class PreviewForm {
   CommandButton NextButton{ButtonContainerPic, "NextButton"};
   StepsAhead Ahead{main_};
 
+  // The window that is in front now has the focus again when this one is closed by key or mouse.
+  void RememberOpener();
+
  private:
   void Form_Load();
   void Form_Unload();
@@ -36,6 +39,8 @@ class PreviewForm {
   void ArrangeButtons();
   bool IsForButton(int keyCode) const;
   void Close();
+
+  Watch<Form> opener_;
 };
 
 // Shows the photo that is selected by now, where the window is open.

@@ -61,10 +61,14 @@ std::string StepsAhead::PhotoFrom(int place, int steps) const {
 }
 
 // The one before is as near as the one after. The one that is shown is the one before when the next step has been made.
-void StepsAhead::Follow() {
+void StepsAhead::Follow(const std::string& shown) {
   if (main_.preview.bPreviewNoButtons) return;
   const bool inFolder = IsInOpenFolder(main_);
   const int place = OrElse(0, [&] { return inFolder ? SelectedCell(main_.desk) : SelectedSlot(main_.strip); });
+  if (place == 0 || PhotoFrom(place, 0) != shown) {
+    main_.host.readAhead.ExpectWhole({}, {});
+    return;
+  }
   const int moved = place - place_;
   if (place_ > 0 && moved != 0) {
     const bool byRow = inFolder && std::abs(moved) == main_.desk.DestColumns;

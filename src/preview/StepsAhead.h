@@ -12,8 +12,8 @@ class StepsAhead {
  public:
   explicit StepsAhead(MainForm& main) : main_(main) {}
 
-  // The selected photo is shown now.
-  void Follow();
+  // This photo is to be shown now. Where it is not the selected one, from which the arrow keys step, none is got ready.
+  void Follow(const std::string& shown);
   // None is shown any more.
   void Stop();
 

@@ -328,6 +328,7 @@ TEST_F(BrowseFolderLocationFormTest, ARightClickOnThePictureShowsItAtFullSizeWit
   person.Key(key::Right);
   EXPECT_EQ(person.Window("PreviewForm"), nullptr);
   EXPECT_TRUE(IsOpen());
+  EXPECT_EQ(run.host.toolkit.ActiveForm(), &Browser().Window) << "where the person was";
 }
 
 TEST_F(BrowseFolderLocationFormTest, SpaceInTheListShowsThePictureAtFullSize) {
@@ -343,6 +344,7 @@ TEST_F(BrowseFolderLocationFormTest, SpaceInTheListShowsThePictureAtFullSize) {
   person.Key(key::Space);
   EXPECT_EQ(person.Window("PreviewForm"), nullptr);
   EXPECT_TRUE(IsOpen());
+  EXPECT_EQ(run.host.toolkit.Focus(), &Browser().MyFiles);
 }
 
 TEST_F(BrowseFolderLocationFormTest, ARightClickOnTheLogoShowsNothing) {

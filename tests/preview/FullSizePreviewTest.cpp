@@ -109,6 +109,13 @@ TEST_F(FullSizePreviewTest, APhotoOfTheScreensSizeLessTheFrameStillFits) {
   EXPECT_EQ(Window().TwipsWidth(), 1280 * 15 - 120);
 }
 
+TEST_F(FullSizePreviewTest, WithASecondScreenTheWindowIsStillNoLargerThanOne) {
+  run.platform.backend.AddSecondScreen();
+  Show(1284, 1014);
+  EXPECT_EQ(Window().TwipsWidth(), 1280 * 15);
+  EXPECT_EQ(Window().TwipsHeight(), 1024 * 15 - 120);
+}
+
 TEST_F(FullSizePreviewTest, TheSmallestPhotoThatAWindowCanShowIsShown) {
   Show(81, 61);
   EXPECT_TRUE(IsShown());
@@ -333,6 +340,8 @@ TEST_F(FullSizeKeysTest, ButtonsLieInsideTheWindowWhateverThePhotosShape) {
   Show(100, 80);
   EXPECT_GE(Preview().ButtonContainerPic.Top(), Window().ScaleHeight()) << "they would hide the photo";
   EXPECT_TRUE(Preview().ButtonContainerPic.Visible());
+  person.Key(key::Tab);
+  EXPECT_FALSE(IsShown()) << "as any key does where there is no button to be seen";
 }
 
 TEST_F(FullSizeKeysTest, WhatAHeldKeySendsDuringAStepIsDroppedAndAPressIsNot) {

@@ -1,9 +1,11 @@
 // Stepping through photos at full size: those before and after are decoded ahead, and only time is saved by it.
 #include <gtest/gtest.h>
 
-#include "drop/DragGestures.h"
+#include "desktop/OpenFolder.h"
+#include "desktop/ShownFolders.h"
 #include "preview/FullSizePreview.h"
 #include "preview/PreviewForm.h"
+#include "tests/support/FaultyFiles.h"
 #include "tests/support/TestPictures.h"
 #include "tests/support/headless/ProgramTest.h"
 #include "window/PreviewState.h"
@@ -15,25 +17,17 @@ class StepsAheadTest : public ProgramTest {
  protected:
   StepsAheadTest() {
     for (int i = 1; i <= 8; ++i) drive.Write(Path(i), JpegPhoto(640, 400 + 10 * i));
-    WriteSavedState(StateLines("C:\\Card", {}));
+    for (int i = 1; i <= 4; ++i) drive.Write(HomePath(i), JpegPhoto(640, 500 + 10 * i));
+    WriteSavedState(StateLines("C:\\Card", {"C:\\Home"}));
     decodeAhead = &ahead;
     Begin();
   }
   ~StepsAheadTest() override { EndRun(); }
   static std::string Path(int i) { return "C:\\Card\\p" + std::to_string(i) + ".jpg"; }
+  static std::string HomePath(int i) { return "C:\\Home\\h" + std::to_string(i) + ".jpg"; }
   void Begin() {
     run_ = &Started();
     run().LoadAll();
-    MainForm& main = run().main;
-    // A step along the strip, as a click on the next photo.
-    main.Window.On().KeyDown = [&main](Control&, int& code, int) {
-      const int slot = SelectedSlot(main.strip) + (code == key::Left ? -1 : 1);
-      code = 0;
-      ImageBox& photo = main.strip.SrcThumbnail(slot);
-      SrcThumbnail_DragOver(main, slot, photo, DragState::Enter);
-      SrcThumbnail_DragDrop(main);
-      RefreshFullSizePreview(main);
-    };
   }
   ProgramRun& run() { return *run_; }
   void Open(int slot) {
@@ -59,7 +53,8 @@ class StepsAheadTest : public ProgramTest {
     return true;
   }
 
-  DecodeAhead ahead{drive.DriveFiles()};
+  FaultyFiles aheadFiles{drive.DriveFiles()};
+  DecodeAhead ahead{aheadFiles};
 
  private:
   ProgramRun* run_ = nullptr;
@@ -82,6 +77,18 @@ TEST_F(StepsAheadTest, AStepToAPhotoThatIsReadyShowsItAndReadsNoMoreThanItsFirst
   EXPECT_EQ(run().main.preview.sFullSizeFile, Path(5));
   EXPECT_EQ(run().main.preview.PicPreviewSize.Caption(), " W640 x H450   p5.jpg ");
   EXPECT_TRUE(Shows(Path(5)));
+}
+
+// A camera hands out the whole file each time.
+TEST_F(StepsAheadTest, AStepOpensThePhotoOnceForEachPlaceThatShowsItAndOneAheadOfIt) {
+  Open(4);
+  const int opened = run().files.Count(FileCall::OpenToRead);
+  const int openedAhead = aheadFiles.Count(FileCall::OpenToRead);
+  Step(key::Right);
+  EXPECT_EQ(run().files.Count(FileCall::OpenToRead) - opened, 2);
+  EXPECT_TRUE(Shows(Path(5)));
+  EXPECT_NE(PreviewForm::Of(run().main).Window.Caption().find("W640 x H450"), std::string::npos);
+  EXPECT_EQ(aheadFiles.Count(FileCall::OpenToRead) - openedAhead, 1) << "the third photo from here";
 }
 
 TEST_F(StepsAheadTest, AStepToAPhotoThatIsNotReadyDecodesItOnceForBothPlaces) {
@@ -156,6 +163,52 @@ TEST_F(StepsAheadTest, PhotosThatTheStripDoesNotShowArePassedOver) {
   Open(4);
   EXPECT_FALSE(ahead.IsWholeReady(Path(5)));
   EXPECT_TRUE(ahead.IsWholeReady(Path(6)));
+}
+
+TEST_F(StepsAheadTest, PhotosThatHaveBeenDraggedArePassedOverInTheRemainingView) {
+  MainForm& main = run().main;
+  run().person.Click(main.strip.SrcThumbnail(2));
+  for (const int slot : {3, 4}) {
+    run().person.Key(key::Right);
+    run().person.Key(key::Insert);
+    ASSERT_TRUE(IsMarked(main.strip, slot));
+  }
+  run().person.Click(main.strip.RemainingOption);
+  Open(2);
+  for (const int i : {1, 2, 5, 6}) EXPECT_TRUE(ahead.IsWholeReady(Path(i))) << i;
+  for (const int i : {3, 4}) EXPECT_FALSE(ahead.IsWholeReady(Path(i))) << i;
+  Step(key::Right);
+  EXPECT_EQ(main.preview.sFullSizeFile, Path(5));
+  EXPECT_TRUE(Shows(Path(5)));
+}
+
+TEST_F(StepsAheadTest, TheButtonsGoOnAfterAPhotoThatCannotBeShown) {
+  Open(4);
+  drive.Remove(Path(5));
+  PreviewForm& preview = PreviewForm::Of(run().main);
+  run().person.Click(preview.NextButton);
+  EXPECT_TRUE(Shown().IsEmpty());
+  EXPECT_TRUE(preview.NextButton.IsShown());
+  EXPECT_EQ(run().host.toolkit.ActiveForm(), &preview.Window);
+  run().person.Click(preview.NextButton);
+  EXPECT_TRUE(Shows(Path(6)));
+  run().person.Click(preview.PreviousButton);
+  EXPECT_TRUE(Shown().IsEmpty());
+  run().person.Click(preview.PreviousButton);
+  EXPECT_TRUE(Shows(Path(4)));
+}
+
+TEST_F(StepsAheadTest, ARightClickInTheOpenFolderGetsThePhotosBesideThatOneReadyAndNoOthers) {
+  MainForm& main = run().main;
+  Select_a_Folder(main, 1);
+  run().Wait(0.1);
+  run().LoadAll();
+  run().person.Click(main.strip.SrcThumbnail(4));
+  const int opened = aheadFiles.Count(FileCall::OpenToRead);
+  run().person.RightClick(main.desk.DestThumbnail(2));
+  ahead.Whole().Settle();
+  for (const int i : {1, 2, 3, 4}) EXPECT_TRUE(ahead.IsWholeReady(HomePath(i))) << i;
+  EXPECT_EQ(aheadFiles.Count(FileCall::OpenToRead) - opened, 4);
 }
 
 TEST_F(StepsAheadTest, FromTheBrowserThereAreNoSteps) {

@@ -112,6 +112,12 @@ void HeadlessBackend::GiveUp() {
   toolkit_->End();
 }
 
+Screen HeadlessBackend::LargestWindow() {
+  Screen largest = screen_;
+  if (secondScreen_) largest.Width *= 2;
+  return largest;
+}
+
 void HeadlessBackend::SetScreen(int width, int height) {
   screen_.Width = width * screen_.TwipsPerPixelX;
   screen_.Height = height * screen_.TwipsPerPixelY;

@@ -37,6 +37,7 @@ class HeadlessBackend : public Backend, public Posting {
   double Seconds() override { return clock_.Seconds(); }
   void WakeAt(std::optional<double> seconds) override { wakeAt_ = seconds; }
   Screen GetScreen() override { return screen_; }
+  Screen LargestWindow() override;
   int MenuBarHeight() override { return 20; }
   double Fineness() override { return fineness_; }
   TextDrawing& Text() override { return text_; }
@@ -51,6 +52,8 @@ class HeadlessBackend : public Backend, public Posting {
   void Advance(double seconds);
   // Pixels.
   void SetScreen(int width, int height);
+  // A second screen as large as the first stands to the right of it.
+  void AddSecondScreen() { secondScreen_ = true; }
   void SetFineness(double fineness) { fineness_ = fineness; }
   // The window of a form that is loaded and has been shown, or null.
   HeadlessWindow* WindowOf(const Form& form) const;
@@ -86,6 +89,7 @@ class HeadlessBackend : public Backend, public Posting {
   Toolkit* toolkit_ = nullptr;
   HeadlessText text_;
   Screen screen_{1280 * 15, 1024 * 15, 15, 15};
+  bool secondScreen_ = false;
   std::vector<HeadlessWindow*> windows_;
   std::function<void(const RuntimeError&)> onError_;
   std::mutex postedMutex_;
