@@ -5,6 +5,7 @@
 #include <atomic>
 #include <exception>
 #include <numeric>
+#include <optional>
 #include <span>
 #include <system_error>
 #include <utility>
@@ -115,9 +116,9 @@ void WholeAhead::Expect(const std::vector<std::string>& paths, const ReadAhead::
 
 bool WholeAhead::IsReady(const std::string& path) {
   if (!expecting_) return false;
-  FileStamp stamp;
-  const int failed = ErrorsIgnored([&] { stamp = files_.StampOf(path); });
-  if (failed != error::None) return false;
+  const auto seen = OrElse(std::optional<FileStamp>(), [&] { return files_.StampOf(path); });
+  if (!seen) return false;
+  const FileStamp stamp = *seen;
   const std::lock_guard lock(mutex_);
   // What was made of another file, or of an earlier state of this one, is never wanted any more.
   if (const auto outdated = Find(path); outdated != jobs_.end() && (*outdated)->stamp != stamp) {
