@@ -1,12 +1,14 @@
 # Read by ctest: the tests of one program, a process for each suite. Under the sanitizers a process costs more to start than
-# most tests to run. With PIXORRA_EACH_TEST in the environment each test is one of its own, so that -R finds it by its name.
+# most tests to run. Which tests of a suite are skipped is told by the other builds: of a suite, ctest would call its failures
+# skipped too. With PIXORRA_EACH_TEST in the environment each test is one of its own, so that -R finds it by its name.
 #
 # Given: suite_program, the test program; suite_launcher, the command before it; suite_prefix, before each name; suite_folder,
 # where they run.
 
 set(list "${suite_program}.list")
 if(NOT EXISTS "${suite_program}")
-  add_test("${suite_prefix}${suite_program}_NOT_BUILT" "${suite_program}")
+  get_filename_component(suite_name "${suite_program}" NAME)
+  add_test("${suite_prefix}${suite_name}_NOT_BUILT" "${suite_program}")
   return()
 endif()
 if("${suite_program}" IS_NEWER_THAN "${list}")
@@ -38,6 +40,7 @@ foreach(line IN LISTS lines)
     set(test "${suite}.${CMAKE_MATCH_1}")
     if(NOT test MATCHES "DISABLED_")
       pixorra_add_suite_test("${test}" "${test}")
+      set_tests_properties("${suite_prefix}${test}" PROPERTIES SKIP_REGULAR_EXPRESSION "\\[  SKIPPED \\]")
     endif()
   endif()
 endforeach()
