@@ -347,7 +347,7 @@ TEST_F(DecodeAheadTest, AReadThatHangsIsNotWaitedForAtTheEnd) {
         goOn.get_future().wait();
       },
       "hangs");
-  ahead.Expect(Strip, {Write("hangs.jpg", LongJpeg(22))}, 8);
+  ahead.Expect(Strip, {Write("hangs.jpg", LongJpeg(22))}, 8, {});
   begun.get_future().wait();
   EXPECT_FALSE(ahead.EndWithin(std::chrono::milliseconds(1)));
   goOn.set_value();

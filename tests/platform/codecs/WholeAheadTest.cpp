@@ -1,4 +1,5 @@
 // Photos decoded whole ahead of their turn: what they serve, that it is the same, and what is let go.
+#include <algorithm>
 #include <future>
 #include <gtest/gtest.h>
 #include <vector>
