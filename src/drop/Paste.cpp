@@ -58,7 +58,17 @@ Picture PictureToPaste(MainForm& main) {
     Refuse(main, "The picture on the Clipboard cannot be read.");
     return {};
   }
-  if (failure != error::None || std::max(picture.Width(), picture.Height()) > MostJpegPixels) {
+  if (failure == error::Overflow) {
+    Refuse(main,
+           "The picture on the Clipboard is too large.\n"
+           "A picture can have 300 megapixels at most.");
+    return {};
+  }
+  if (failure != error::None) {
+    Refuse(main, "There is not enough memory for the picture on the Clipboard.");
+    return {};
+  }
+  if (std::max(picture.Width(), picture.Height()) > MostJpegPixels) {
     Refuse(main,
            "The picture on the Clipboard is too large.\n"
            "A photo can have 65500 pixels a side at most.");

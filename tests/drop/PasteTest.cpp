@@ -249,6 +249,18 @@ TEST_F(PasteTest, APictureThatItsProgramDoesNotHandOutIsTold) {
   EXPECT_THAT(In(Folder("F")), IsEmpty());
 }
 
+TEST_F(PasteTest, APictureThatIsTooLargeToBeTakenInIsToldApartFromMissingMemory) {
+  for (const auto& [failure, told] :
+       {std::pair{error::Overflow, "too large.\nA picture can have 300 megapixels at most."},
+        {error::OutOfMemory, "There is not enough memory for the picture on the Clipboard."}}) {
+    Put();
+    run.platform.clipboard.FailNextGet(failure);
+    person.ExpectBox(CannotPaste, told);
+    Paste();
+    EXPECT_THAT(In(Folder("F")), IsEmpty());
+  }
+}
+
 TEST_F(PasteTest, APictureThatIsTooLargeForAJpegFileIsToldAndLeavesNothing) {
   main.preferences.RenameAskOption.SetValue(true);
   for (const auto& [width, height] : {std::pair{65501, 2}, {2, 65501}}) {

@@ -15,7 +15,11 @@ class HeadlessClipboard : public Clipboard {
     ++asked_;
     return !bitmap_.IsNothing();
   }
-  Picture GetBitmap() override { return readable_ ? bitmap_ : Picture(); }
+  Picture GetBitmap() override {
+    if (const int failure = std::exchange(getFailure_, error::None); failure != error::None)
+      throw RuntimeError(failure);
+    return readable_ ? bitmap_ : Picture();
+  }
   void Clear() override { bitmap_ = Picture(); }
   void SetBitmap(const Picture& picture) override {
     if (const int failure = std::exchange(failure_, error::None); failure != error::None) throw RuntimeError(failure);
@@ -35,11 +39,14 @@ class HeadlessClipboard : public Clipboard {
   int Asked() const { return asked_; }
   // The next picture that is set raises this error.
   void FailNextSet(int number) { failure_ = number; }
+  // The next picture that is asked for raises this error.
+  void FailNextGet(int number) { getFailure_ = number; }
 
  private:
   Picture bitmap_;
   bool readable_ = true;
   int failure_ = error::None;
+  int getFailure_ = error::None;
   int asked_ = 0;
 };
 

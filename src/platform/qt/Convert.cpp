@@ -106,6 +106,7 @@ Bitmap CopyRows(const QImage& image, PixelFormat format) {
     QImage part(image.constScanLine(y), image.width(), count, image.bytesPerLine(), image.format());
     if (image.colorCount() > 0) part.setColorTable(image.colorTable());
     part.convertTo(FormatOf(bitmap));
+    if (part.isNull()) throw RuntimeError(error::OutOfMemory);
     for (int row = 0; row < count; ++row) std::memcpy(bitmap.Row(y + row), part.constScanLine(row), bytes);
   }
   return bitmap;

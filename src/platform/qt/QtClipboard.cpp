@@ -19,8 +19,8 @@ namespace {
 // Larger pictures than the largest cameras make are not taken in: with its copies on the way such a one would take all
 // memory that there is.
 constexpr std::int64_t MostPixels = 300'000'000;
-// The toolkit's own limit, which is far less unless it is set, at four bytes a pixel.
-constexpr int MostMebibytes = static_cast<int>(MostPixels * 4 / (1024 * 1024)) + 1;
+// The toolkit's own limit, which is far less unless it is set. It counts eight bytes for a pixel of 16 bits a colour.
+constexpr int MostMebibytes = static_cast<int>(MostPixels * 8 / (1024 * 1024)) + 1;
 
 bool IsTooLarge(QSize size) {
   return size.isValid() && std::int64_t{size.width()} * size.height() > MostPixels;

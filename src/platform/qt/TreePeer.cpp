@@ -68,7 +68,8 @@ class TreePeer final : public PeerOf<QTreeWidget, TreeView> {
   TreePeer(QtBackend& backend, TreeView& control) : PeerOf(backend, control, new QTreeWidget), icons_(backend) {
     Widget().setHeaderHidden(true);
     Widget().setColumnCount(1);
-    // The one column is as wide as its longest text, and a bar appears where that is wider than the tree.
+    // The one column is as wide as the longest text near those on show, and a bar appears where that is wider than the
+    // tree.
     Widget().header()->setStretchLastSection(false);
     Widget().header()->setSectionResizeMode(QHeaderView::ResizeToContents);
     // Of the texts around those on show, as each is laid out to be measured, many times for one change.
