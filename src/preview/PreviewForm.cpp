@@ -131,7 +131,8 @@ void PreviewForm::RememberOpener() {
   opener_ = Watch<Form>::Of(main_.host.toolkit.ActiveForm());
 }
 
-// Over the browser, which shows its photos without buttons, the person is back there.
+// Deliberate: over the browser, which shows its photos without buttons, the person is back there and not in the main
+// window, which the browser holds up.
 void PreviewForm::Close() {
   const bool toBrowser = main_.preview.bPreviewNoButtons && opener_ && opener_->Visible();
   (toBrowser ? *opener_.Get() : main_.Window).SetFocus();

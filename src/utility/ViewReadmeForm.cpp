@@ -51,7 +51,8 @@ std::string TextToShow(Files& files, const std::string& path) {
   bytes.resize(file->ReadAt(0, bytes.data(), bytes.size()));
   if (static_cast<std::size_t>(length) <= MostBytes) return TextOfFile(bytes);
   std::size_t end = bytes.rfind('\n');
-  if (end == std::string::npos) {
+  // A line that is most of the file is cut within.
+  if (end == std::string::npos || end < bytes.size() / 2) {
     end = bytes.size();
     while (end > 0 && (static_cast<unsigned char>(bytes[end - 1]) & 0xC0U) == 0x80U) --end;
     if (end > 0 && static_cast<unsigned char>(bytes[end - 1]) >= 0xC0U) --end;

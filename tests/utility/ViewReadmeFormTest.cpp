@@ -82,6 +82,7 @@ TEST_F(ViewReadmeFormTest, OfALongerFileItsFirstFourMegabytesAreShownAndThatTher
   while (oneLine.size() < Most) oneLine += "写";
   const std::string characters = TextShownFor(oneLine + "写写");
   EXPECT_EQ(characters, oneLine.substr(0, Most / 3 * 3) + "\r\n" + cut) << "whole characters";
+  EXPECT_GT(TextShownFor("Title\n" + oneLine).size(), Most / 2) << "a line that is nearly all of it";
 }
 
 TEST_F(ViewReadmeFormTest, WithoutTheFileThereIsTheFilesErrorAndNoWindow) {
