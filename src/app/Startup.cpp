@@ -132,6 +132,7 @@ void ConnectEvents(MainForm& main) {
   ConnectSelected(main);
   ConnectClipboard(main);
   ConnectBrowse(main);
+  ConnectPrinting(main);
   ConnectHelp(main);
   ConnectKeys(main);
   ConnectSpoken(main);

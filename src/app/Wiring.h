@@ -14,6 +14,7 @@ void ConnectFilmStrip(MainForm& main);
 void ConnectHelp(MainForm& main);
 void ConnectKeys(MainForm& main);
 void ConnectPreview(MainForm& main);
+void ConnectPrinting(MainForm& main);
 void ConnectSelected(MainForm& main);
 void ConnectSpoken(MainForm& main);
 

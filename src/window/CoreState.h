@@ -27,8 +27,11 @@ struct CoreState {
 
   std::string PicturePattern = AllPictures;
   std::string DefaultPrinterName;
-  bool PrintAborted = false;  // a person has stopped the print job that runs
-  int LayoutCountdown = 1;    // ticks of ThumbsTimer until Window_Layout runs
+  float PrintZoom = 0;          // what PrintPhotoForm was left with; 0: cancelled
+  bool PrintPhotoInfo = false;  // the info and the outline are printed; kept for the rest of the run
+  bool PrintAborted = false;    // a person has stopped the print job that runs
+  bool PrintJobRuns = false;    // from its dialog to its end
+  int LayoutCountdown = 1;      // ticks of ThumbsTimer until Window_Layout runs
   // The window's size at the last layout, twips.
   double LastWidth = 0;
   double LastHeight = 0;

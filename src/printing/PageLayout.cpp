@@ -1,0 +1,57 @@
+#include "printing/PageLayout.h"
+
+#include "base/Host.h"
+#include "platform/controls/Buttons.h"
+#include "platform/controls/Form.h"
+#include "platform/controls/Label.h"
+#include "platform/controls/PictureBox.h"
+#include "platform/controls/ScrollBar.h"
+#include "platform/controls/Toolkit.h"
+#include "platform/runtime/Errors.h"
+#include "platform/runtime/Numbers.h"
+#include "platform/services/Printing.h"
+#include "printing/PaperNames.h"
+#include "printing/PrintUnits.h"
+
+namespace pixorra {
+
+namespace {
+
+// Pixels, from the page's right edge.
+constexpr int ColumnStep = 10;
+constexpr int PrintButtonStep = 28;
+constexpr int DpiStep = 3;
+constexpr int RightMargin = 15;  // of the window, its frame included
+
+}  // namespace
+
+void PreparePrinter(Host& host) {
+  ErrorsIgnored([&] {
+    PrintSurface& printer = host.printing.Printer();
+    ErrorsIgnored([&] { printer.EndDoc(); });
+    printer.SetOrientation(Portrait);
+  });
+  host.toolkit.DoEvents();
+}
+
+float ArrangePage(const PageControls& c, PrintSurface& printer) {
+  printer.SetScaleMode(ScaleInTwips);
+  const auto longSide = static_cast<float>(printer.ScaleHeight() / TwipsPerInch);
+  const int paper = printer.PaperSize();
+  c.PaperTypeLabel.SetCaption(ShortPaperName(paper) + " paper - Landscape Only");
+  c.PaperTypeLabel.SetToolTipText(LongPaperName(paper));
+  const double scale = c.Page.Height() / static_cast<double>(CLng(printer.SheetWidth()));
+  c.Page.SetWidth(scale * printer.SheetHeight());
+  c.SizeBar.SetWidth(c.Page.Width());
+  const int edge = c.Page.Left() + c.Page.Width();
+  c.PrinterFrame.SetLeft(edge + ColumnStep);
+  c.PrinterSetupButton.SetLeft(edge + ColumnStep);
+  c.PrintButton.SetLeft(edge + PrintButtonStep);
+  c.CancelButton.SetLeft(edge + ColumnStep);
+  c.DpiLabel.SetLeft(edge - c.DpiLabel.Width() - DpiStep);
+  c.Window.SetTwipsWidth(static_cast<double>(c.PrinterFrame.Left() + c.PrinterFrame.Width() + RightMargin) *
+                         TwipsPerPixel);
+  return longSide;
+}
+
+}  // namespace pixorra

@@ -1,0 +1,39 @@
+#include "printing/PrintJob.h"
+
+#include <initializer_list>
+
+#include "platform/controls/Toolkit.h"
+#include "platform/runtime/AtExit.h"
+#include "platform/runtime/Errors.h"
+#include "platform/services/Dialogs.h"
+#include "platform/services/Printing.h"
+#include "printing/PrintUnits.h"
+#include "window/CoreState.h"
+#include "window/MainForm.h"
+
+namespace pixorra {
+
+void RunPrintJob(MainForm& main, const std::function<void()>& job) {
+  if (main.core.PrintJobRuns) {
+    main.host.dialogs.Beep();
+    return;
+  }
+  main.core.PrintJobRuns = true;
+  const AtExit done([&main] { main.core.PrintJobRuns = false; });
+  job();
+}
+
+bool BeginDocument(MainForm& main) {
+  PrintSurface& printer = main.host.printing.Printer();
+  ErrorsIgnored([&] { printer.SetScaleMode(ScaleInTwips); });
+  ErrorsIgnored([&] { printer.SetOrientation(Landscape); });
+  if (ErrorsIgnored([&] { printer.Print(" "); }) != error::Printer) return true;
+  ErrorsIgnored([&] { printer.EndDoc(); });
+  return false;
+}
+
+bool IsPrintingStopped(const MainForm& main) {
+  return main.core.PrintAborted || main.host.toolkit.Ended();
+}
+
+}  // namespace pixorra
