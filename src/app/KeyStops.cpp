@@ -33,9 +33,9 @@ std::vector<Control*> Stops(const MainForm& main) {
   stops.insert(stops.end(), {&desk.ShowFolder, &desk.HideFolder});
   if (IsSlotInUse(desk, TrashcanSlot)) stops.push_back(&desk.DestFolder(TrashcanSlot));
   stops.push_back(&desk.DestScrollbar);
-  // A picture button that has no operation is passed over. Two have theirs on the press.
+  // A picture button that has no operation is passed over. Three have theirs on the press.
   std::erase_if(stops, [&strip](const Control* stop) {
-    const bool onPress = stop == &strip.SwapButton || stop == &strip.UndoButton;
+    const bool onPress = stop == &strip.SwapButton || stop == &strip.UndoButton || stop == &strip.PrintButton;
     const bool acts = stop->GetKind() != Kind::ImageBox || stop->On().Click || onPress;
     return !acts || !stop->IsShown() || !stop->Enabled();
   });
@@ -89,18 +89,25 @@ bool PressFocused(MainForm& main) {
   return true;
 }
 
-// The folder that has the focus or, where none has, the open one.
-void ShowFolderMenu(MainForm& main) {
+void PressRight(Control& control) {
+  Raise(control.On().MouseDown, control, MouseArgs{.Button = button::Right});
+}
+
+// Of the print button while that has the focus; else of the folder that has it or, where none has, of the open one.
+void ShowPopupMenu(MainForm& main) {
   DesktopState& desk = main.desk;
   const Control* const focus = FocusIn(main);
+  if (focus == &main.strip.PrintButton) {
+    PressRight(main.strip.PrintButton);
+    return;
+  }
   const bool onFolder = focus != nullptr && focus->Name() == desk.DestFolder(0).Name();
   const int slot = onFolder ? focus->Index() : desk.OpenFolderIndex;
   if (!IsSlotInUse(desk, slot)) {
     main.host.dialogs.Beep();
     return;
   }
-  ImageBox& folder = desk.DestFolder(slot);
-  Raise(folder.On().MouseDown, static_cast<Control&>(folder), MouseArgs{.Button = button::Right});
+  PressRight(desk.DestFolder(slot));
 }
 
 // Whole frames or rows.
@@ -162,7 +169,7 @@ bool UseKeyOnFocus(MainForm& main, int keyCode, int shift) {
     return true;
   }
   if (keyCode == F10 && shift == shift::Shift) {
-    ShowFolderMenu(main);
+    ShowPopupMenu(main);
     return true;
   }
   if (shift != shift::None) return false;

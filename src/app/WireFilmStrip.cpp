@@ -56,7 +56,7 @@ void ConnectFilmStrip(MainForm& main) {
   Connect(strip.SrcThumbName.On().DblClick, [&main](Control& slot) { SrcBackground_DblClick(main, slot.Index()); });
   Connect(strip.SrcBackground.On().MouseMove,
           [&main](Control& slot, const MouseArgs&) { SrcBackground_MouseMove(main, slot.Index()); });
-  for (ImageBox* box : {&strip.CameraButton, &strip.BrowseButton, &strip.DeleteButton, &strip.PrintButton}) {
+  for (ImageBox* box : {&strip.CameraButton, &strip.BrowseButton, &strip.DeleteButton}) {
     ConnectPressedLook(main, *box);
   }
 }

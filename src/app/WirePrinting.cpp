@@ -3,6 +3,8 @@
 
 #include "app/Wiring.h"
 #include "desktop/FolderRename.h"
+#include "platform/runtime/AtExit.h"
+#include "printing/PrintJob.h"
 #include "printing/PrintPhotos.h"
 #include "printing/PrinterSetup.h"
 #include "printing/ProofSheets.h"
@@ -11,6 +13,23 @@
 #include "window/MenuBar.h"
 
 namespace pixorra {
+
+namespace {
+
+// Deliberate: it prints on the press.
+void PrintButton_MouseDown(MainForm& main, const MouseArgs& mouse) {
+  if (mouse.Button != button::Left) {
+    main.Window.PopupMenu(main.menu.PrintPopupMenu);
+    return;
+  }
+  ImageBox& pressed = main.strip.PrintButton;
+  pressed.SetBorderStyle(1);
+  // The dialog takes the mouse: the button is not told when it is let go.
+  const AtExit done([&pressed] { pressed.SetBorderStyle(0); });
+  PrintSelectedPhoto(main);
+}
+
+}  // namespace
 
 void ConnectPrinting(MainForm& main) {
   MenuBar& menu = main.menu;
@@ -30,7 +49,10 @@ void ConnectPrinting(MainForm& main) {
   connect(menu.ProofsOpenFolderPrintPopupMenuItem, [&main] { PrintProofSheets(main, BatchSource::OpenFolder); });
   for (MenuItem* item : {&menu.PrintProofOpenFolderMenuItem, &menu.PrintOpenFolderProofSheetsMenuItem})
     connect(*item, [&main] { PrintProofOpenFolderMenuItem_Click(main); });
-  connect(menu.PrinterSetupMenuItem, [&main] { PrinterSetupMenuItem_Click(main); });
+  // A job that runs has a document on the printer.
+  connect(menu.PrinterSetupMenuItem, [&main] { RunPrintJob(main, [&main] { PrinterSetupMenuItem_Click(main); }); });
+  Connect(main.strip.PrintButton.On().MouseDown,
+          EndingRename(main, [&main](Control&, const MouseArgs& mouse) { PrintButton_MouseDown(main, mouse); }));
 }
 
 }  // namespace pixorra

@@ -1,5 +1,7 @@
 #include "printing/PageLayout.h"
 
+#include <algorithm>
+
 #include "base/Host.h"
 #include "platform/controls/Buttons.h"
 #include "platform/controls/Form.h"
@@ -49,6 +51,8 @@ float ArrangePage(const PageControls& c, PrintSurface& printer) {
   c.PrintButton.SetLeft(edge + PrintButtonStep);
   c.CancelButton.SetLeft(edge + ColumnStep);
   c.DpiLabel.SetLeft(edge - c.DpiLabel.Width() - DpiStep);
+  // A long name of the paper ends where the resolution begins.
+  c.PaperTypeLabel.SetWidth(std::max(1, c.DpiLabel.Left() - c.PaperTypeLabel.Left()));
   c.Window.SetTwipsWidth(static_cast<double>(c.PrinterFrame.Left() + c.PrinterFrame.Width() + RightMargin) *
                          TwipsPerPixel);
   return longSide;

@@ -153,11 +153,26 @@ constexpr const char* DeletePages[] = {
 };
 
 constexpr const char* PrintingPages[] = {
-    "This version does not print: the commands of the 'Print' menu\n"
-    "are gray.",
+    "'Print' in the 'File' menu, and the printer below the film\n"
+    "strip. A click on that one prints the selected photo; a right\n"
+    "click offers the rest.\n"
+    "\n"
+    "Batch Print: all photos of the film strip or the open folder,\n"
+    "each on a page of its own.\n"
+    "Proof Sheet: 4 to 36 small photos on a page, with their names.\n"
+    "\n"
+    "Pages are landscape. A click on the notice that counts the\n"
+    "photos asks whether to stop: what is ready by then is printed.",
 
-    "The copies in your folders are ordinary files. Any program\n"
-    "that prints photos can open them.",
+    "Adjust the zoom, or select how many inches wide a landscape\n"
+    "photo is to be. What is beyond the page's edge is not printed.\n"
+    "\n"
+    "Photo info and border outline need some room around the photo.\n"
+    "Below it stands the name that is set by 'Company Name' in the\n"
+    "'File' menu.\n"
+    "\n"
+    "Printer Setup: selects the printer and its paper. There is\n"
+    "always one that makes a PDF file; it asks for the file's name.",
 };
 
 constexpr const char* SlideShowPages[] = {

@@ -4,11 +4,17 @@
 #include <memory>
 
 #include "base/Routines.h"
+#include "platform/controls/Toolkit.h"
 #include "platform/runtime/AtExit.h"
+#include "platform/runtime/ErrorReport.h"
 #include "platform/runtime/Text.h"
 #include "platform/runtime/Utf8.h"
+#include "platform/services/Dialogs.h"
 #include "platform/services/Files.h"
 #include "platform/services/Places.h"
+#include "platform/services/Printing.h"
+#include "utility/PrintText.h"
+#include "window/CoreState.h"
 #include "window/MainForm.h"
 #include "window/ModelessForms.h"
 
@@ -76,7 +82,7 @@ std::string TextOfFile(std::string_view bytes) {
   return text;
 }
 
-ViewReadmeForm::ViewReadmeForm(Host& host) : Window(host.toolkit, "ViewReadmeForm"), host_(host) {
+ViewReadmeForm::ViewReadmeForm(MainForm& main) : Window(main.host.toolkit, "ViewReadmeForm"), main_(main) {
   Window.SetCaption("Pixorra - Read Me");
   Window.SetSizable(true);
   Window.SetClientSize(FirstWidth, FirstHeight);
@@ -84,13 +90,13 @@ ViewReadmeForm::ViewReadmeForm(Host& host) : Window(host.toolkit, "ViewReadmeFor
   ReadmeTextbox.SetLocked(true);
   ReadmeTextbox.SetAccessibleName("Read Me");
   PrintButton.SetCaption("&Print");
-  PrintButton.SetEnabled(false);
   CancelButton.SetCaption("&Close");
   CancelButton.SetDefault(true);
   CancelButton.SetCancel(true);
   ArrangeControls();
   Connect(Window.On().Load, [this](Control&) { Form_Load(); });
   Connect(Window.On().Resize, [this](Control&) { ArrangeControls(); });
+  Connect(PrintButton.On().Click, [this](Control&) { PrintButton_Click(); });
   Connect(CancelButton.On().Click, [this](Control&) { Window.Unload(); });
 }
 
@@ -104,7 +110,28 @@ void ViewReadmeForm::ArrangeControls() {
 }
 
 void ViewReadmeForm::Form_Load() {
-  ReadmeTextbox.SetText(TextToShow(host_.files, JoinPath(host_.places.ProgramFolder(), "Readme.txt")));
+  ReadmeTextbox.SetText(TextToShow(main_.host.files, JoinPath(main_.host.places.ProgramFolder(), "Readme.txt")));
+}
+
+void ViewReadmeForm::PrintButton_Click() {
+  Host& host = main_.host;
+  if (main_.core.PrintJobRuns) {
+    host.dialogs.Beep();
+    return;
+  }
+  main_.core.PrintJobRuns = true;
+  const AtExit done([this] { main_.core.PrintJobRuns = false; });
+  // The window may be closed while the dialog is up.
+  const std::string text = ReadmeTextbox.Text();
+  if (!OrElse(false, [&] { return host.printing.ShowPrintDialog(); }) || host.toolkit.Ended()) return;
+  PrintSurface& printer = host.printing.Printer();
+  // One that its user has thought better of is passed over in silence.
+  if (ErrorsIgnored([&] { PrintText(printer, text); }) != error::None) return;
+  try {
+    printer.EndDoc();
+  } catch (const RuntimeError& failure) {
+    host.dialogs.MsgBox(ErrorReport(failure), BoxIcon::Exclamation, BoxButtons::Ok, "Can't Print");
+  }
 }
 
 void ViewReadmeForm::ShowIt(Form& owner) {
@@ -119,7 +146,7 @@ void ViewReadmeForm::ShowIt(Form& owner) {
 }
 
 void ViewReadmeMenuItem_Click(MainForm& main) {
-  main.modeless.Get<ViewReadmeForm>(main.host).ShowIt(main.Window);
+  main.modeless.Get<ViewReadmeForm>(main).ShowIt(main.Window);
 }
 
 }  // namespace pixorra

@@ -4,7 +4,6 @@
 #include <string>
 #include <string_view>
 
-#include "base/Host.h"
 #include "platform/controls/Buttons.h"
 #include "platform/controls/Form.h"
 #include "platform/controls/TextBox.h"
@@ -15,7 +14,7 @@ struct MainForm;
 
 class ViewReadmeForm {
  public:
-  explicit ViewReadmeForm(Host& host);
+  explicit ViewReadmeForm(MainForm& main);
 
   // Reads the file and shows the form; one that is up is only brought to the front. Raises as opening and reading a
   // file do, FileNotFound where there is none; the form is not shown then.
@@ -29,8 +28,9 @@ class ViewReadmeForm {
  private:
   void ArrangeControls();
   void Form_Load();
+  void PrintButton_Click();
 
-  Host& host_;
+  MainForm& main_;
 };
 
 // The lines of a file as a text box has them, each with its line end. Bytes that are no UTF-8 are taken for Latin-1.

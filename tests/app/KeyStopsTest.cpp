@@ -43,9 +43,9 @@ TEST_F(KeyStopsTest, TabGoesThroughTheWindowFromTopToBottomAndRoundAgain) {
     way.push_back(FocusOf(run));
   } while (way.size() < 40 && (way.size() == 1 || way.back() != way.front()));
   EXPECT_EQ(way, (std::vector<std::string>{"SrcScrollbar", "CameraButton", "BrowseButton", "SwapButton", "DeleteButton",
-                                           "UndoButton", "AllOption", "RemainingOption", "AutoScrollOption",
-                                           "DestFolder 1", "DestFolder 2", "ShowFolder", "HideFolder", "DestFolder 9",
-                                           "DestScrollbar", "SrcScrollbar"}));
+                                           "UndoButton", "PrintButton", "AllOption", "RemainingOption",
+                                           "AutoScrollOption", "DestFolder 1", "DestFolder 2", "ShowFolder",
+                                           "HideFolder", "DestFolder 9", "DestScrollbar", "SrcScrollbar"}));
   run.person.Key(key::Tab, shift::Shift);
   EXPECT_EQ(FocusOf(run), "DestScrollbar");
 }
@@ -74,6 +74,18 @@ TEST_F(KeyStopsTest, ReturnPressesAButtonOfTheRow) {
   TabTo(run, "BrowseButton");
   run.person.Key(key::Return);
   EXPECT_NE(run.person.Window("BrowseFolderLocationForm"), nullptr);
+}
+
+TEST_F(KeyStopsTest, OnThePrintButtonReturnPrintsAndShiftF10IsItsMenu) {
+  ProgramRun& run = WithFolders();
+  TabTo(run, "PrintButton");
+  run.person.ExpectBox("Can't Print Photo", "No Photo Selected");
+  run.person.Key(key::Return);
+  EXPECT_EQ(run.main.strip.PrintButton.BorderStyle(), 0);
+  EXPECT_EQ(FocusOf(run), "PrintButton");
+  run.person.ExpectMenu(run.main.menu.PrintPopupMenu, &run.main.menu.SelectedPhotoPrintPopupMenuItem);
+  run.person.ExpectBox("Can't Print Photo", "No Photo Selected");
+  run.person.Key(key::F1 + 9, shift::Shift);
 }
 
 TEST_F(KeyStopsTest, ReturnChoosesAViewOfTheStrip) {

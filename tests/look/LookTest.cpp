@@ -192,7 +192,7 @@ TEST_P(LookTest, EveryTextOfTheAboutWindowTheSplashAndTheReadMeIsReadable) {
   EXPECT_THAT(bar.Faults(), IsEmpty());
   EXPECT_EQ(bar.Texts(), 2);
   about.Window.Unload();
-  ViewReadmeForm readme(run.host);
+  ViewReadmeForm readme(run.main);
   readme.ShowIt(run.main.Window);
   run.Wait(0.2);
   LookAt text(readme.Window);

@@ -128,6 +128,7 @@ TEST_F(RenameFolderTest, APressOnAnyOtherPartOfTheWindowRenames) {
     run.person.Type(name);
     if (elsewhere == &strip.DeleteButton)
       run.person.ExpectForm("DeletePhotosForm", [](Person& hand, Form&) { hand.Key(key::Escape); });
+    if (elsewhere == &strip.PrintButton) run.person.ExpectBox("Can't Print Photo", "No Photo Selected");
     run.person.Press(*elsewhere);
     run.person.Release();
     ExpectClosed(run, " " + name + " ");

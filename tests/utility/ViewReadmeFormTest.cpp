@@ -5,6 +5,7 @@
 #include "platform/runtime/Text.h"
 #include "tests/support/headless/ProgramTest.h"
 #include "utility/ViewReadmeForm.h"
+#include "window/CoreState.h"
 #include "window/MenuBar.h"
 #include "window/ModelessForms.h"
 
@@ -19,7 +20,7 @@ class ViewReadmeFormTest : public ProgramTest {
     run.person.Activate(main.Window);
     run.person.ChooseMenu(main.menu.ViewReadmeMenuItem);
     run.Wait(0.1);
-    auto& form = main.modeless.Get<ViewReadmeForm>(run.host);
+    auto& form = main.modeless.Get<ViewReadmeForm>(main);
     EXPECT_TRUE(form.Window.Visible());
     return form;
   }
@@ -40,7 +41,7 @@ TEST_F(ViewReadmeFormTest, TheMenuShowsTheFileThatComesWithTheProgram) {
   EXPECT_EQ(form.Window.Caption(), "Pixorra - Read Me");
   EXPECT_EQ(form.ReadmeTextbox.Text(), "Read me.\r\nSecond line.\r\n");
   EXPECT_TRUE(form.ReadmeTextbox.Locked());
-  EXPECT_FALSE(form.PrintButton.Enabled());
+  EXPECT_TRUE(form.PrintButton.Enabled());
   EXPECT_TRUE(run.host.toolkit.TakesInput(main.Window)) << "it is read while the program is used";
 }
 
@@ -86,7 +87,7 @@ TEST_F(ViewReadmeFormTest, OfALongerFileItsFirstFourMegabytesAreShownAndThatTher
 }
 
 TEST_F(ViewReadmeFormTest, WithoutTheFileThereIsTheFilesErrorAndNoWindow) {
-  auto& form = main.modeless.Get<ViewReadmeForm>(run.host);
+  auto& form = main.modeless.Get<ViewReadmeForm>(main);
   drive.Remove(ReadmeFile);
   for (int attempt = 0; attempt < 2; ++attempt) {
     EXPECT_EQ(ErrorsIgnored([&] { ViewReadmeMenuItem_Click(main); }), error::FileNotFound);
@@ -128,6 +129,76 @@ TEST_F(ViewReadmeFormTest, TheTextTakesTheWindowsNewSize) {
   EXPECT_EQ(form.ReadmeTextbox.Bounds().Right(), 900 - right);
   EXPECT_EQ(form.ReadmeTextbox.Bounds().Bottom(), 700 - below);
   EXPECT_EQ(form.CancelButton.Bounds().Right(), 900 - right);
+}
+
+TEST_F(ViewReadmeFormTest, PrintAsksByTheSystemsDialogAndPrintsAllLinesUpright) {
+  drive.Write(ReadmeFile, "First line\n\nThird line\n");
+  ViewReadmeForm& form = Shown();
+  run.platform.printing.ExpectPrintDialog(true);
+  run.person.Click(form.PrintButton);
+  ASSERT_EQ(run.platform.printing.Documents().size(), 1U);
+  const PrintedDocument& document = run.platform.printing.Documents()[0];
+  ASSERT_EQ(document.Pages.size(), 1U);
+  EXPECT_EQ(document.Pages[0].Orientation, 1);
+  ASSERT_EQ(document.Pages[0].Items.size(), 2U);
+  const PrintedItem& first = document.Pages[0].Items[0];
+  const PrintedItem& third = document.Pages[0].Items[1];
+  EXPECT_EQ(first.Text, "First line");
+  EXPECT_EQ(first.FontName, "Arial");
+  EXPECT_EQ(third.Text, "Third line");
+  EXPECT_EQ(third.X, first.X);
+  EXPECT_EQ(third.Y - first.Y, 2 * 10 * 20 * 1.2) << "an empty line between them";
+}
+
+TEST_F(ViewReadmeFormTest, CancelledInTheSystemsDialogNothingIsPrinted) {
+  ViewReadmeForm& form = Shown();
+  run.platform.printing.ExpectPrintDialog(false);
+  run.person.Click(form.PrintButton);
+  EXPECT_TRUE(run.platform.printing.Documents().empty());
+  EXPECT_FALSE(run.platform.printing.OpenDocument());
+}
+
+TEST_F(ViewReadmeFormTest, LongTextsAndLongLinesArePrintedWholeWithinThePage) {
+  std::string text;
+  for (int i = 0; i < 90; ++i) text += "Line " + std::to_string(i) + "\n";
+  std::string words;
+  for (int i = 0; i < 60; ++i) words += "words ";
+  drive.Write(ReadmeFile, text + words + "\n" + std::string(500, 'x') + "\n");
+  ViewReadmeForm& form = Shown();
+  run.platform.printing.ExpectPrintDialog(true);
+  run.person.Click(form.PrintButton);
+  const auto& pages = run.platform.printing.Documents().at(0).Pages;
+  EXPECT_EQ(pages.size(), 2U);
+  std::string printed;
+  PrintSurface& printer = run.host.printing.Printer();
+  for (const PrintedPage& page : pages) {
+    for (const PrintedItem& item : page.Items) {
+      printed += item.Text + (item.Text.starts_with("x") ? "" : " ");
+      EXPECT_LE(item.X + printer.TextWidth(item.Text), printer.ScaleWidth() - 720) << item.Text;
+      EXPECT_LE(item.Y + printer.TextHeight(item.Text), printer.ScaleHeight() - 720) << item.Text;
+      EXPECT_GE(item.Y, 720);
+    }
+  }
+  EXPECT_NE(printed.find("Line 0 Line 1 "), std::string::npos);
+  EXPECT_NE(printed.find("Line 89 " + words), std::string::npos) << "cut between words alone";
+  EXPECT_NE(printed.find(std::string(500, 'x')), std::string::npos);
+}
+
+TEST_F(ViewReadmeFormTest, APrinterThatCannotBeHadIsPassedOverInSilence) {
+  ViewReadmeForm& form = Shown();
+  run.platform.printing.Printers[0].Broken = true;
+  run.platform.printing.ExpectPrintDialog(true);
+  run.person.Click(form.PrintButton);
+  EXPECT_TRUE(run.platform.dialogs.Boxes().empty());
+  EXPECT_FALSE(main.core.PrintJobRuns);
+}
+
+TEST_F(ViewReadmeFormTest, WhileAPhotoIsPrintedPrintBeeps) {
+  ViewReadmeForm& form = Shown();
+  main.core.PrintJobRuns = true;
+  run.person.Click(form.PrintButton);
+  EXPECT_EQ(run.platform.dialogs.Beeps(), 1);
+  main.core.PrintJobRuns = false;
 }
 
 TEST_F(ViewReadmeFormTest, ItGoesWithTheMainWindow) {
