@@ -16,7 +16,9 @@ int LoadedCount(const MainForm& main, BatchSource source) {
 }
 
 std::string LoadedPhoto(const MainForm& main, BatchSource source, int slot) {
-  return source == BatchSource::FilmStrip ? PhotoOf(main.strip, slot) : PhotoOf(main.desk, slot);
+  const ControlArray<ImageBox>& slots =
+      source == BatchSource::FilmStrip ? main.strip.SrcThumbnail : main.desk.DestThumbnail;
+  return slots.IsLoaded(slot) ? slots(slot).Tag() : std::string();
 }
 
 std::string LocationCaption(const MainForm& main, BatchSource source) {

@@ -1,9 +1,8 @@
 #include "printing/PrintJob.h"
 
-#include <initializer_list>
-
 #include "platform/controls/Toolkit.h"
 #include "platform/runtime/AtExit.h"
+#include "platform/runtime/ErrorReport.h"
 #include "platform/runtime/Errors.h"
 #include "platform/services/Dialogs.h"
 #include "platform/services/Printing.h"
@@ -27,9 +26,16 @@ bool BeginDocument(MainForm& main) {
   PrintSurface& printer = main.host.printing.Printer();
   ErrorsIgnored([&] { printer.SetScaleMode(ScaleInTwips); });
   ErrorsIgnored([&] { printer.SetOrientation(Landscape); });
-  if (ErrorsIgnored([&] { printer.Print(" "); }) != error::Printer) return true;
-  ErrorsIgnored([&] { printer.EndDoc(); });
-  return false;
+  try {
+    printer.Print(" ");
+    return true;
+  } catch (const RuntimeError& failure) {
+    ErrorsIgnored([&] { printer.EndDoc(); });
+    ErrorsIgnored([&] { printer.SetOrientation(Portrait); });
+    if (failure.Number() != error::Printer)
+      main.host.dialogs.MsgBox(ErrorReport(failure), BoxIcon::Exclamation, BoxButtons::Ok, "Can't Print");
+    return false;
+  }
 }
 
 bool IsPrintingStopped(const MainForm& main) {

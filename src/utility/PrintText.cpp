@@ -21,8 +21,6 @@ constexpr std::size_t MostBytes = 1200;
 class TextPages {
  public:
   explicit TextPages(PrintSurface& printer) : printer_(printer) {
-    printer_.SetScaleMode(ScaleInTwips);
-    printer_.SetOrientation(Upright);
     printer_.SetFontName("Arial");
     printer_.SetFontSize(FontSize);
     printer_.SetFontBold(false);
@@ -86,6 +84,12 @@ std::string Untabbed(std::string_view line) {
 }
 
 }  // namespace
+
+void BeginText(PrintSurface& printer) {
+  printer.SetScaleMode(ScaleInTwips);
+  printer.SetOrientation(Upright);
+  printer.Print(" ");
+}
 
 void PrintText(PrintSurface& printer, std::string_view text) {
   TextPages pages(printer);

@@ -7,8 +7,10 @@ namespace pixorra {
 
 class PrintSurface;
 
-// Upright pages with a margin; a line that is too long goes on in the next one, between words where it has any. Begins
-// a document and does not end it. Raises what the printer raises.
+// Begins a document of upright pages, by printing a blank. Raises what the printer raises.
+void BeginText(PrintSurface& printer);
+// Its lines, with a margin around them; one that is too long is continued in the next, between words where it has any.
+// Does not end the document. Raises what the printer raises.
 void PrintText(PrintSurface& printer, std::string_view text);
 
 }  // namespace pixorra

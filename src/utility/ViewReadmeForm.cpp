@@ -125,11 +125,13 @@ void ViewReadmeForm::PrintButton_Click() {
   const std::string text = ReadmeTextbox.Text();
   if (!OrElse(false, [&] { return host.printing.ShowPrintDialog(); }) || host.toolkit.Ended()) return;
   PrintSurface& printer = host.printing.Printer();
-  // One that its user has thought better of is passed over in silence.
-  if (ErrorsIgnored([&] { PrintText(printer, text); }) != error::None) return;
+  // A printer that cannot be had, or that its user has thought better of, is passed over in silence.
+  if (ErrorsIgnored([&] { BeginText(printer); }) != error::None) return;
   try {
+    PrintText(printer, text);
     printer.EndDoc();
   } catch (const RuntimeError& failure) {
+    ErrorsIgnored([&] { printer.EndDoc(); });
     host.dialogs.MsgBox(ErrorReport(failure), BoxIcon::Exclamation, BoxButtons::Ok, "Can't Print");
   }
 }

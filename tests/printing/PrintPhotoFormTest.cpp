@@ -143,6 +143,17 @@ TEST_F(PrintPhotoFormTest, NothingLiesOverAnythingElseOnAnyPaper) {
   }
 }
 
+TEST_F(PrintPhotoFormTest, OnAFineScreenThePageAndItsPhotoHaveTheScreensOwnPixels) {
+  SelectPhoto("1600x1200");
+  run.platform.backend.SetFineness(2);
+  LookAtDialog([](Person&, Form& form) {
+    EXPECT_EQ(PageOf(form).FineSurface().Width(), 2 * 219);
+    EXPECT_EQ(Find<PictureBox>(form, "SamplePicSmall").Width(), 600);
+    EXPECT_EQ(PhotoOn(form).Width, 171);
+  });
+  Print();
+}
+
 // --- the zoom --------------------------------------------------------------------------------------------------------
 
 TEST_F(PrintPhotoFormTest, AnUprightPhotoIsScaledByThePagesHeightAndAnyOtherByItsWidth) {

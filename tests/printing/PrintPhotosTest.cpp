@@ -53,7 +53,7 @@ TEST_F(PrintPhotosTest, OnePhotoIsOnePageInTheMiddleOfALandscapeSheet) {
   EXPECT_EQ(page.Orientation, 2);
   EXPECT_THAT(page.Texts(), ElementsAre(" ")) << "the blank that begins the document";
   ASSERT_THAT(PicturesOf(page), SizeIs(1));
-  const PrintedItem photo = PicturesOf(page)[0];
+  const PrintedItem photo = PicturesOf(page).at(0);
   EXPECT_EQ(photo.X, 1663);
   EXPECT_EQ(photo.Y, 1337);
   EXPECT_EQ(photo.Width, 11794);
@@ -74,7 +74,7 @@ TEST_F(PrintPhotosTest, TheInfoIsAboveThePhotoAndTheCompanyBelowWithinTheSums) {
   const PrintedPage page = OnlyPage();
   // 15120 x 0.5 wide; (11520 - 5670) / 2 from the top.
   ASSERT_THAT(page.Items, SizeIs(5));
-  const PrintedItem& box = page.Items[1];
+  const PrintedItem& box = page.Items.at(1);
   EXPECT_EQ(box.What, PrintedItem::Kind::Box);
   EXPECT_EQ(box.X, 3780);
   EXPECT_EQ(box.Y, 2925);
@@ -83,7 +83,7 @@ TEST_F(PrintPhotosTest, TheInfoIsAboveThePhotoAndTheCompanyBelowWithinTheSums) {
   EXPECT_EQ(box.DrawWidth, 46) << "110 twips";
   EXPECT_EQ(box.FillStyle, 1);
   EXPECT_EQ(box.InColour, 0U);
-  const PrintedItem& info = page.Items[2];
+  const PrintedItem& info = page.Items.at(2);
   EXPECT_EQ(info.Text, " W160 x H120  - " + Photo("160x120.bmp") + "  " + TimeOf(Photo("160x120.bmp")));
   EXPECT_EQ(info.FontName, "Arial");
   EXPECT_EQ(info.FontSize, 12);
@@ -92,13 +92,13 @@ TEST_F(PrintPhotosTest, TheInfoIsAboveThePhotoAndTheCompanyBelowWithinTheSums) {
   printer.SetFontSize(12);
   EXPECT_EQ(info.X, (15120 - printer.TextWidth(info.Text)) / 2) << "its leading blank counts";
   EXPECT_EQ(info.Y, 2925 - 110 - printer.TextHeight(info.Text));
-  const PrintedItem& company = page.Items[3];
+  const PrintedItem& company = page.Items.at(3);
   EXPECT_EQ(company.Text, "Printed by: Anna & Co");
   EXPECT_EQ(company.FontSize, 8);
   printer.SetFontSize(8);
   EXPECT_EQ(company.X, (15120 - printer.TextWidth(company.Text)) / 2);
   EXPECT_EQ(company.Y, 2925 + 5670 + 110);
-  EXPECT_EQ(page.Items[4].What, PrintedItem::Kind::Picture) << "over the inner half of the outline";
+  EXPECT_EQ(page.Items.at(4).What, PrintedItem::Kind::Picture) << "over the inner half of the outline";
 }
 
 TEST_F(PrintPhotosTest, TheTimeInTheInfoIsTheFilesAlsoWhereItCannotBeWritten) {
@@ -115,12 +115,12 @@ TEST_F(PrintPhotosTest, WithoutACompanyNameABlankIsPrintedAllTheSame) {
     main.core.CompanyNameLabel.SetCaption(none);
     PrintAt(50, true);
     Print();
-    EXPECT_EQ(Documents().back().Pages[0].Items[3].Text, " ");
+    EXPECT_EQ(Documents().back().Pages.at(0).Items.at(3).Text, " ");
   }
   main.core.CompanyNameLabel.SetCaption("  Anna ");
   PrintAt(50, true);
   Print();
-  EXPECT_EQ(Documents().back().Pages[0].Items[3].Text, "Printed by:   Anna ");
+  EXPECT_EQ(Documents().back().Pages.at(0).Items.at(3).Text, "Printed by:   Anna ");
 }
 
 TEST_F(PrintPhotosTest, APhotoWiderThanThePageIsCutAlikeAndBeginsOffThePage) {
@@ -156,7 +156,7 @@ TEST_F(PrintPhotosTest, InfoForAPhotoHigherThanThePageIsPrintedAboveThePage) {
   person.ExpectBox("Can't Print Photo", "No Photo Selected", BoxAnswer::Ok,
                    [this] { main.preview.PicPreview.SetTag(Photo("120x160.bmp")); });
   Print();
-  EXPECT_LT(Documents().back().Pages[0].Items[2].Y, 0);
+  EXPECT_LT(Documents().back().Pages.at(0).Items.at(2).Y, 0);
 }
 
 // Deliberate: the dialog has said that there is none, and the zoom is the last one's.
@@ -168,7 +168,7 @@ TEST_F(PrintPhotosTest, WithNoPhotoSelectedAfterAnEarlierPrintTheJobGoesOnWithIt
   person.ExpectBox("Can't Print Photo", "No Photo Selected");
   Print();
   EXPECT_THAT(Documents(), SizeIs(2));
-  EXPECT_THAT(Documents()[1].Pages, SizeIs(1));
+  EXPECT_THAT(Documents().at(1).Pages, SizeIs(1));
   ExpectAllPutBack();
 }
 
@@ -252,13 +252,13 @@ TEST_F(PrintPhotosTest, ABatchIsOneDocumentWithAPageForEachPhotoInTheListsOrder)
   PrintAt(50, true);
   Batch();
   ASSERT_THAT(Documents(), SizeIs(1));
-  const auto& pages = Documents()[0].Pages;
+  const auto& pages = Documents().at(0).Pages;
   ASSERT_THAT(pages, SizeIs(3));
-  EXPECT_THAT(pages[0].Texts()[1], HasSubstr("W160 x H120  - " + Photo("a 160x120.bmp")));
-  EXPECT_THAT(pages[1].Texts()[0], HasSubstr("W120 x H160  - " + Photo("b 120x160.bmp")));
-  EXPECT_THAT(pages[2].Texts()[0], HasSubstr("W100 x H100  - " + Photo("c 100x100.bmp")));
+  EXPECT_THAT(pages.at(0).Texts().at(1), HasSubstr("W160 x H120  - " + Photo("a 160x120.bmp")));
+  EXPECT_THAT(pages.at(1).Texts().at(0), HasSubstr("W120 x H160  - " + Photo("b 120x160.bmp")));
+  EXPECT_THAT(pages.at(2).Texts().at(0), HasSubstr("W100 x H100  - " + Photo("c 100x100.bmp")));
   for (const PrintedPage& page : pages) EXPECT_EQ(page.Orientation, 2);
-  EXPECT_EQ(PicturesOf(pages[1]).at(0).Height, 5760);
+  EXPECT_EQ(PicturesOf(pages.at(1)).at(0).Height, 5760);
   ExpectAllPutBack();
 }
 
@@ -300,11 +300,11 @@ TEST_F(PrintPhotosTest, StoppedAtTheQuestionThePageInHandIsFinishedAndNoOtherBeg
   PrintAt(50);
   Batch();
   ASSERT_THAT(Documents(), SizeIs(1));
-  EXPECT_THAT(Documents()[0].Pages, SizeIs(3)) << "the third was begun when the question came up";
+  EXPECT_THAT(Documents().at(0).Pages, SizeIs(3)) << "the third was begun when the question came up";
   ExpectAllPutBack();
   PrintAt(50);
   Batch();
-  EXPECT_THAT(Documents()[1].Pages, SizeIs(5)) << "the next batch is not stopped";
+  EXPECT_THAT(Documents().at(1).Pages, SizeIs(5)) << "the next batch is not stopped";
 }
 
 TEST_F(PrintPhotosTest, APhotoThatDoesNotLoadPrintsWhatTheElementHolds) {
@@ -315,10 +315,10 @@ TEST_F(PrintPhotosTest, APhotoThatDoesNotLoadPrintsWhatTheElementHolds) {
   });
   Batch();
   ASSERT_THAT(Documents(), SizeIs(1));
-  const auto& pages = Documents()[0].Pages;
+  const auto& pages = Documents().at(0).Pages;
   ASSERT_THAT(pages, SizeIs(3));
-  EXPECT_EQ(PicturesOf(pages[1]).at(0).Painted.Width(), 160) << "the photo before";
-  EXPECT_EQ(PicturesOf(pages[2]).at(0).Painted.Width(), 100);
+  EXPECT_EQ(PicturesOf(pages.at(1)).at(0).Painted.Width(), 160) << "the photo before";
+  EXPECT_EQ(PicturesOf(pages.at(2)).at(0).Painted.Width(), 100);
 }
 
 TEST_F(PrintPhotosTest, PhotosThatLeaveTheListMeanwhileHaveNoName) {
@@ -331,7 +331,7 @@ TEST_F(PrintPhotosTest, PhotosThatLeaveTheListMeanwhileHaveNoName) {
   PrintAt(50, true);
   Batch();
   ASSERT_THAT(Documents().at(0).Pages, SizeIs(2));
-  EXPECT_THAT(Documents()[0].Pages[1].Texts()[0], HasSubstr(" W160 x H120  -   ["));
+  EXPECT_THAT(Documents().at(0).Pages.at(1).Texts().at(0), HasSubstr(" W160 x H120  -   ["));
 }
 
 TEST_F(PrintPhotosTest, AnEmptyBatchThatGotPastTheDialogPrintsOneBlank) {
@@ -346,9 +346,9 @@ TEST_F(PrintPhotosTest, AnEmptyBatchThatGotPastTheDialogPrintsOneBlank) {
   person.ExpectBox("Can't Batch Print", "No photos in Film Strip");
   Batch();
   ASSERT_THAT(Documents(), SizeIs(2));
-  ASSERT_THAT(Documents()[1].Pages, SizeIs(1));
-  EXPECT_THAT(Documents()[1].Pages[0].Texts(), ElementsAre(" "));
-  EXPECT_THAT(Documents()[1].Pages[0].Items, SizeIs(1));
+  ASSERT_THAT(Documents().at(1).Pages, SizeIs(1));
+  EXPECT_THAT(Documents().at(1).Pages.at(0).Texts(), ElementsAre(" "));
+  EXPECT_THAT(Documents().at(1).Pages.at(0).Items, SizeIs(1));
   ExpectAllPutBack();
 }
 
@@ -380,7 +380,7 @@ TEST_F(PrintPhotosTest, WhileAJobRunsAnotherPrintCommandBeeps) {
   PrintAt(50);
   Batch();
   ASSERT_THAT(Documents(), SizeIs(1));
-  EXPECT_THAT(Documents()[0].Pages, SizeIs(2));
+  EXPECT_THAT(Documents().at(0).Pages, SizeIs(2));
 }
 
 TEST_F(PrintPhotosTest, TheProgramsEndStopsABatchAndWhatIsComposedComesOut) {
@@ -390,7 +390,7 @@ TEST_F(PrintPhotosTest, TheProgramsEndStopsABatchAndWhatIsComposedComesOut) {
   Batch();
   EXPECT_TRUE(run.host.toolkit.Ended());
   ASSERT_THAT(Documents(), SizeIs(1));
-  EXPECT_THAT(Documents()[0].Pages, SizeIs(1));
+  EXPECT_THAT(Documents().at(0).Pages, SizeIs(1));
   EXPECT_FALSE(main.core.PrintJobRuns);
   EXPECT_EQ(main.pictures.TempPic.UBound(), 0);
 }
@@ -435,7 +435,7 @@ TEST_F(PrintPhotosTest, AFailureOnTheWayIsToldWithItsNumberAndTheWindowLivesOn) 
   PrintAt(50);
   Batch();
   ASSERT_THAT(Documents(), SizeIs(2)) << "what was left over, and the new one";
-  EXPECT_THAT(Documents()[1].Pages, SizeIs(2));
+  EXPECT_THAT(Documents().at(1).Pages, SizeIs(2));
   ExpectAllPutBack();
 }
 
