@@ -90,7 +90,7 @@ void Form_Load(MainForm& main) {
                          std::to_string(VersionMinor) + std::to_string(VersionRevision));
   ErrorsIgnored([&] {
     main.host.printing.SetTrackDefault(true);
-    main.core.DefaultPrinterName = main.host.printing.CurrentPrinterName();
+    main.host.printing.WhenDefaultIsKnown([&main](const std::string& name) { main.core.DefaultPrinterName = name; });
   });
   ClearFields(main);
   SetGeometry(main);

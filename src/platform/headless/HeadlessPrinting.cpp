@@ -96,8 +96,18 @@ double HeadlessPrinting::TextHeight(const std::string& text) {
 }
 
 PrintedPage& HeadlessPrinting::Page() {
-  if (Printers.empty() || Current().Broken) throw RuntimeError(error::Printer);
-  if (!open_) open_ = PrintedDocument{Current().Name, {PrintedPage{}}};
+  const HeadlessPrinter& printer = Current();
+  if (Printers.empty() || printer.Broken) throw RuntimeError(error::Printer);
+  if (!open_) {
+    if (!printer.Refusal.empty()) throw RuntimeError(error::DeviceIO, printer.Refusal);
+    PrintedDocument begun{printer.Name, documentName_, {}, {PrintedPage{}}};
+    if (printer.AsksForFile) {
+      const std::optional<std::string> file = AnswerFileName(documentName_);
+      if (!file) throw RuntimeError(error::Printer);
+      begun.FileName = *file;
+    }
+    open_ = std::move(begun);
+  }
   PrintedPage& page = open_->Pages.back();
   if (page.Items.empty()) page.Orientation = orientation_;
   return page;
@@ -149,14 +159,23 @@ void HeadlessPrinting::NewPage() {
   state_.Y = 0;
 }
 
-// A page that was begun and nothing drawn on does not come out.
-void HeadlessPrinting::EndDoc() {
-  if (!open_) return;
-  if (open_->Pages.size() > 1 && open_->Pages.back().Items.empty()) open_->Pages.pop_back();
-  documents_.push_back(std::move(*open_));
+PrintedDocument HeadlessPrinting::TakeOpen() {
+  PrintedDocument document = open_ ? std::move(*open_) : PrintedDocument{};
   open_.reset();
   state_.X = 0;
   state_.Y = 0;
+  return document;
+}
+
+// A page that was begun and nothing drawn on does not come out.
+void HeadlessPrinting::EndDoc() {
+  if (!open_) return;
+  PrintedDocument document = TakeOpen();
+  if (const HeadlessPrinter& printer = Current(); printer.EndError != error::None) {
+    throw RuntimeError(printer.EndError, printer.EndReason);
+  }
+  if (document.Pages.size() > 1 && document.Pages.back().Items.empty()) document.Pages.pop_back();
+  documents_.push_back(std::move(document));
 }
 
 }  // namespace pixorra

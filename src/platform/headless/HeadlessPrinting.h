@@ -2,11 +2,13 @@
 // paper with an edge of a quarter inch that it cannot print on, and 600 dots to the inch.
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
 
 #include "platform/headless/PrintDialogScript.h"
+#include "platform/runtime/Errors.h"
 #include "platform/services/Printing.h"
 
 namespace pixorra {
@@ -43,6 +45,8 @@ struct PrintedPage {
 
 struct PrintedDocument {
   std::string Printer;
+  std::string Name;      // its title
+  std::string FileName;  // of a printer that makes files
   std::vector<PrintedPage> Pages;
 };
 
@@ -55,7 +59,13 @@ struct HeadlessPrinter {
   double Edge = 360;  // twips at each side that are not printed on
   double TwipsPerPixel = 2.4;
   bool Ready = true;
-  bool Broken = false;  // the first print raises error 482
+  bool Broken = false;  // the first print raises Printer
+  // The first print raises DeviceIO with this reason.
+  std::string Refusal{};
+  // EndDoc raises it, None for nothing; the document is dropped.
+  int EndError = error::None;
+  std::string EndReason{};
+  bool AsksForFile = false;  // with the first print of a document
 };
 
 class HeadlessPrinting : public Printing, public PrintDialogScript, private PrintSurface {
@@ -64,6 +74,7 @@ class HeadlessPrinting : public Printing, public PrintDialogScript, private Prin
 
   std::vector<std::string> PrinterNames() override;
   void SetCurrentPrinter(const std::string& name) override;
+  void WhenDefaultIsKnown(std::function<void(const std::string& name)> tell) override { tell(DefaultName()); }
   void SetTrackDefault(bool track) override;
   std::string CurrentPrinterName() override;
   PrintSurface& Printer() override { return *this; }
@@ -107,16 +118,23 @@ class HeadlessPrinting : public Printing, public PrintDialogScript, private Prin
   void Box(double x1, double y1, double x2, double y2, Colour colour) override;
   void PaintPicture(const Picture& picture, double x, double y, double width, double height, double sourceX,
                     double sourceY, double sourceWidth, double sourceHeight) override;
+  void SetDocumentName(const std::string& name) override { documentName_ = name; }
   void NewPage() override;
   void EndDoc() override;
+  void KillDoc() override { TakeOpen(); }
 
+  std::string DefaultName() const { return Printers.empty() ? std::string() : Printers.front().Name; }
+  // The document that was being composed; the next place is the top left.
+  PrintedDocument TakeOpen();
   const HeadlessPrinter* Find(const std::string& name) const;
   const HeadlessPrinter& Current() const;
-  // The page that is drawn on; starts a document. Raises 482 where there is no printer or it is broken.
+  // The page that is drawn on; starts a document. Raises Printer where there is no printer, it is broken,
+  // or its file was not named, and DeviceIO where it refuses.
   PrintedPage& Page();
 
   std::string current_;  // empty: the default
   PrintedItem state_;    // what the next drawing takes over
+  std::string documentName_ = "Pixorra";
   int orientation_ = 1;
   int scaleMode_ = 1;
   bool tracksDefault_ = true;

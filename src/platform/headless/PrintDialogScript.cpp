@@ -7,6 +7,7 @@ namespace {
 constexpr const char* SetupDialog = "print setup dialog";
 constexpr const char* PrintDialog = "print dialog";
 constexpr const char* PropertiesDialog = "printer properties dialog";
+constexpr const char* FileNameDialog = "print to file dialog";
 
 }  // namespace
 
@@ -24,6 +25,17 @@ void PrintDialogScript::ExpectPrintDialog(bool accepted, std::function<void()> m
 
 void PrintDialogScript::ExpectProperties(bool accepted) {
   Expect(PropertiesDialog, accepted, {});
+}
+
+void PrintDialogScript::ExpectFileName(const std::string& name) {
+  script_.Add(Script::Answer{FileNameDialog, {}, {}, 0, name, {}});
+}
+
+std::optional<std::string> PrintDialogScript::AnswerFileName(const std::string& proposed) {
+  stir_();
+  const auto answer = script_.AnswerFor(FileNameDialog, {}, proposed);
+  if (!answer || answer->Typed.empty()) return std::nullopt;
+  return answer->Typed;
 }
 
 bool PrintDialogScript::AnswerPrintSetup() {

@@ -3,6 +3,8 @@
 #pragma once
 
 #include <functional>
+#include <optional>
+#include <string>
 
 #include "platform/headless/Script.h"
 
@@ -17,12 +19,16 @@ class PrintDialogScript {
   void ExpectPrintSetup(bool accepted, std::function<void()> meanwhile = {});
   void ExpectPrintDialog(bool accepted, std::function<void()> meanwhile = {});
   void ExpectProperties(bool accepted);
+  // At the first drawing of a document that becomes a file. An empty name cancels.
+  void ExpectFileName(const std::string& name);
 
  protected:
   // Were they accepted?
   bool AnswerPrintSetup();
   bool AnswerPrintDialog();
   bool AnswerProperties();
+  // Nothing where it was cancelled. `proposed` is the name that the box starts with.
+  std::optional<std::string> AnswerFileName(const std::string& proposed);
 
  private:
   bool Answer(const char* kind);

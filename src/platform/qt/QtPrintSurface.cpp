@@ -3,22 +3,25 @@
 #include <QFontMetricsF>
 #include <QPageLayout>
 #include <QPageSize>
-#include <QPrinterInfo>
 #include <algorithm>
+#include <utility>
 
 #include "platform/qt/Convert.h"
+#include "platform/qt/PagePicture.h"
+#include "platform/qt/PrintFont.h"
 #include "platform/runtime/Errors.h"
 
 namespace pixorra {
 
 namespace {
 
-constexpr double TwipsPerInch = 1440;
+constexpr int TwipsPerInch = 1440;
 constexpr double TwipsPerPoint = 20;
 constexpr double PictureTwips = 15;  // of a picture's pixel
 constexpr int Landscape = 2;
 constexpr int Transparent = 1;
-constexpr int UserDefinedPaper = 256;
+// Finer than this no eye sees a photo on paper.
+constexpr int FinestPicture = 300;  // dots per inch
 
 QStringList LinesOf(const std::string& text) {
   return ToLines(text).split(QLatin1Char('\n'));
@@ -29,91 +32,116 @@ double Single(double value) {
   return static_cast<double>(static_cast<float>(value));
 }
 
+bool IsBlank(const std::string& text) {
+  return text.find_first_not_of(" \r\n") == std::string::npos;
+}
+
 }  // namespace
 
-QtPrintSurface::QtPrintSurface(QPrinter& printer, std::function<bool()> canPrint)
-    : printer_(printer), canPrint_(std::move(canPrint)) {
-  SetFontSize(Font{}.Size);
+QtPrintSurface::Document::Document(std::unique_ptr<PrintJob> to, const PrintPaper& on)
+    : Job(std::move(to)), Paper(on), Writer(&Job->Device()) {
+  Writer.setResolution(TwipsPerInch);
+  Writer.setCreator(QStringLiteral("Pixorra"));
+}
+
+QtPrintSurface::QtPrintSurface(PrintDestination& destination)
+    : destination_(&destination), fontName_(Font{}.Name), fontSize_(Font{}.Size) {
+  UpdateFont();
 }
 
 QtPrintSurface::~QtPrintSurface() {
-  if (painter_ != nullptr) printer_.abort();
+  KillDoc();
 }
 
 // A document's first page begins with its first drawing, a further one likewise: a new page that nothing is drawn on
 // does not come out.
 QPainter& QtPrintSurface::Page() {
-  if (painter_ == nullptr) {
-    if (!canPrint_()) throw RuntimeError(error::Printer);
-    auto painter = std::make_unique<QPainter>();
-    if (!painter->begin(&printer_)) throw RuntimeError(error::Printer);
-    painter_ = std::move(painter);
-    pageEnded_ = false;
+  if (document_ == nullptr) {
+    auto begun = std::make_unique<Document>(destination_->Begin(documentName_), destination_->Paper());
+    document_ = std::move(begun);
+    document_->Writer.setTitle(ToQString(documentName_));
     PreparePage();
-  } else if (pageEnded_) {
-    if (!printer_.newPage()) throw RuntimeError(error::Printer);
-    pageEnded_ = false;
+  } else if (document_->PageEnded) {
+    document_->PageEnded = false;
     PreparePage();
   }
-  return *painter_;
+  return document_->Painter;
 }
 
+// The whole sheet, with margins of our own: a layout with the printer's would be refused, or turned.
 void QtPrintSurface::PreparePage() {
-  painter_->resetTransform();
-  painter_->scale(printer_.logicalDpiX() / TwipsPerInch, printer_.logicalDpiY() / TwipsPerInch);
-  painter_->setRenderHint(QPainter::SmoothPixmapTransform);
-  painter_->setClipRect(QRectF(0, 0, ScaleWidth(), ScaleHeight()));
+  Document& document = *document_;
+  const QPageSize size(document.Paper.Size, QPageSize::Point);
+  QPageLayout layout(size, orientation_ == Landscape ? QPageLayout::Landscape : QPageLayout::Portrait, QMarginsF());
+  layout.setMode(QPageLayout::FullPageMode);
+  document.Writer.setPageLayout(layout);
+  if (!document.Painter.isActive()) {
+    document.Painter.begin(&document.Writer);
+  } else {
+    document.Writer.newPage();
+  }
+  const Lengths sheet = Sheet();
+  const Lengths printable = Printable();
+  document.Painter.resetTransform();
+  document.Painter.translate((sheet.Width - printable.Width) / 2, (sheet.Height - printable.Height) / 2);
+  document.Painter.setClipRect(QRectF(0, 0, printable.Width, printable.Height));
 }
 
 void QtPrintSurface::SetOrientation(int orientation) {
-  printer_.setPageOrientation(orientation == Landscape ? QPageLayout::Landscape : QPageLayout::Portrait);
+  orientation_ = orientation;
+}
+
+QtPrintSurface::Lengths QtPrintSurface::Sheet() {
+  const QSizeF size = Paper().Size * TwipsPerPoint;
+  if (orientation_ == Landscape) return {size.height(), size.width()};
+  return {size.width(), size.height()};
+}
+
+QtPrintSurface::Lengths QtPrintSurface::Printable() {
+  const PrintPaper paper = Paper();
+  const double across = 2 * TwipsPerPoint * (orientation_ == Landscape ? paper.EndMargin : paper.SideMargin);
+  const double down = 2 * TwipsPerPoint * (orientation_ == Landscape ? paper.SideMargin : paper.EndMargin);
+  const Lengths sheet = Sheet();
+  return {sheet.Width - across, sheet.Height - down};
 }
 
 double QtPrintSurface::ScaleWidth() {
-  return Single(printer_.pageLayout().paintRect(QPageLayout::Point).width() * TwipsPerPoint);
+  return Single(Printable().Width);
 }
 
 double QtPrintSurface::ScaleHeight() {
-  return Single(printer_.pageLayout().paintRect(QPageLayout::Point).height() * TwipsPerPoint);
+  return Single(Printable().Height);
 }
 
 double QtPrintSurface::SheetWidth() {
-  return Single(printer_.pageLayout().fullRect(QPageLayout::Point).width() * TwipsPerPoint);
+  return Single(Sheet().Width);
 }
 
 double QtPrintSurface::SheetHeight() {
-  return Single(printer_.pageLayout().fullRect(QPageLayout::Point).height() * TwipsPerPoint);
+  return Single(Sheet().Height);
 }
 
 double QtPrintSurface::TwipsPerPixelX() {
-  return Single(TwipsPerInch / printer_.logicalDpiX());
+  return Single(static_cast<double>(TwipsPerInch) / Paper().DotsPerInch);
 }
 
-std::string QtPrintSurface::DeviceName() {
-  if (printer_.outputFormat() == QPrinter::PdfFormat && !printer_.outputFileName().isEmpty()) return "PDF";
-  return ToUtf8(printer_.printerName());
-}
-
-std::string QtPrintSurface::DriverName() {
-  return ToUtf8(QPrinterInfo::printerInfo(printer_.printerName()).makeAndModel());
-}
-
-int QtPrintSurface::PaperSize() {
-  const int code = printer_.pageLayout().pageSize().windowsId();
-  return code > 0 ? code : UserDefinedPaper;
+void QtPrintSurface::UpdateFont() {
+  font_ = PrintFont(fontName_, fontSize_, bold_);
 }
 
 void QtPrintSurface::SetFontName(const std::string& name) {
-  font_.setFamily(ToQString(name));
+  fontName_ = name;
+  UpdateFont();
 }
 
-// A pixel of the font is a twip of the page.
 void QtPrintSurface::SetFontSize(double points) {
-  font_.setPixelSize(qMax(1, qRound(points * TwipsPerPoint)));
+  fontSize_ = points;
+  UpdateFont();
 }
 
 void QtPrintSurface::SetFontBold(bool bold) {
-  font_.setBold(bold);
+  bold_ = bold;
+  UpdateFont();
 }
 
 double QtPrintSurface::TextWidth(const std::string& text) {
@@ -129,6 +157,7 @@ double QtPrintSurface::TextHeight(const std::string& text) {
 
 void QtPrintSurface::Print(const std::string& text) {
   QPainter& page = Page();
+  if (!IsBlank(text)) document_->HasInk = true;
   page.setFont(font_);
   page.setPen(ToQColor(foreColor_, QPalette(Qt::lightGray)));
   const QFontMetricsF metrics(font_);
@@ -143,8 +172,9 @@ void QtPrintSurface::Print(const std::string& text) {
 
 void QtPrintSurface::Box(double x1, double y1, double x2, double y2, Colour colour) {
   QPainter& page = Page();
+  document_->HasInk = true;
   QPen pen(ToQColor(colour, QPalette(Qt::lightGray)));
-  pen.setWidthF(drawWidth_ * TwipsPerInch / printer_.logicalDpiX());
+  pen.setWidthF(drawWidth_ * TwipsPerPixelX());
   pen.setJoinStyle(Qt::MiterJoin);
   page.setPen(pen);
   page.setBrush(fillStyle_ == Transparent ? QBrush(Qt::NoBrush) : QBrush(pen.color()));
@@ -154,24 +184,39 @@ void QtPrintSurface::Box(double x1, double y1, double x2, double y2, Colour colo
 void QtPrintSurface::PaintPicture(const Picture& picture, double x, double y, double width, double height,
                                   double sourceX, double sourceY, double sourceWidth, double sourceHeight) {
   if (picture.IsNothing()) throw RuntimeError(error::BadPicture);
+  QPainter& page = Page();
+  document_->HasInk = true;
   const QRectF part(sourceX / PictureTwips, sourceY / PictureTwips, sourceWidth / PictureTwips,
                     sourceHeight / PictureTwips);
-  Page().drawImage(QRectF(x, y, width, height), SharedImage(picture.Pixels()), part);
+  const double dots = std::min(FinestPicture, document_->Paper.DotsPerInch);
+  const PagePicture made = MakePagePicture(picture, QRectF(x, y, width, height), part, dots);
+  if (made.Image.isNull()) return;
+  page.save();
+  if (made.Shown != made.Place) page.setClipRect(made.Shown, Qt::IntersectClip);
+  page.setRenderHint(QPainter::LosslessImageRendering, !made.IsPhoto);
+  page.drawImage(made.Place, made.Image);
+  page.restore();
 }
 
 void QtPrintSurface::NewPage() {
   Page();
-  pageEnded_ = true;
+  document_->PageEnded = true;
+  document_->HasInk = true;
   x_ = 0;
   y_ = 0;
 }
 
-void QtPrintSurface::EndDoc() {
-  if (painter_ == nullptr) return;
-  painter_->end();
-  painter_.reset();
+std::unique_ptr<QtPrintSurface::Document> QtPrintSurface::TakeDocument() {
+  if (document_ == nullptr) return nullptr;
+  document_->Painter.end();
   x_ = 0;
   y_ = 0;
+  return std::move(document_);
+}
+
+void QtPrintSurface::EndDoc() {
+  const std::unique_ptr<Document> document = TakeDocument();
+  if (document != nullptr && document->HasInk) document->Job->Submit();
 }
 
 }  // namespace pixorra

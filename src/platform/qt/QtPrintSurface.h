@@ -1,28 +1,29 @@
-// The page that a document is composed on, by the desktop's print system. All coordinates are twips from the top left
-// of the printable area.
+// The page that a document is composed on. All coordinates are twips from the top left of the printable area. Each page
+// is made as a PDF page of its own shape, never turned, on its way to a destination.
 #pragma once
 
 #include <QFont>
 #include <QPainter>
-#include <QPrinter>
-#include <functional>
+#include <QPdfWriter>
 #include <memory>
 #include <string>
 
+#include "platform/qt/PrintDestination.h"
 #include "platform/services/Printing.h"
 
 namespace pixorra {
 
 class QtPrintSurface final : public PrintSurface {
  public:
-  // `canPrint` tells whether there is a printer, or a file, to print to.
-  QtPrintSurface(QPrinter& printer, std::function<bool()> canPrint);
-  // What has been composed and not ended is not printed.
+  explicit QtPrintSurface(PrintDestination& destination);
+  // Drops what is being composed.
   ~QtPrintSurface() override;
   QtPrintSurface(const QtPrintSurface&) = delete;
   QtPrintSurface& operator=(const QtPrintSurface&) = delete;
 
-  bool IsComposing() const { return painter_ != nullptr; }
+  // Of the documents that begin from here on.
+  void SetDestination(PrintDestination& destination) { destination_ = &destination; }
+  bool IsComposing() const { return document_ != nullptr; }
 
   void SetScaleMode(int) override {}  // twips are the one mode
   void SetOrientation(int orientation) override;
@@ -31,9 +32,9 @@ class QtPrintSurface final : public PrintSurface {
   double SheetWidth() override;
   double SheetHeight() override;
   double TwipsPerPixelX() override;
-  std::string DeviceName() override;
-  std::string DriverName() override;
-  int PaperSize() override;
+  std::string DeviceName() override { return destination_->Name(); }
+  std::string DriverName() override { return destination_->DriverName(); }
+  int PaperSize() override { return Paper().Code; }
   void SetFontName(const std::string& name) override;
   void SetFontSize(double points) override;
   void SetFontBold(bool bold) override;
@@ -48,23 +49,50 @@ class QtPrintSurface final : public PrintSurface {
   void Box(double x1, double y1, double x2, double y2, Colour colour) override;
   void PaintPicture(const Picture& picture, double x, double y, double width, double height, double sourceX,
                     double sourceY, double sourceWidth, double sourceHeight) override;
+  void SetDocumentName(const std::string& name) override { documentName_ = name; }
   void NewPage() override;
   void EndDoc() override;
+  void KillDoc() override { TakeDocument(); }
 
  private:
+  // What is being composed, on paper that stays the same to its end.
+  struct Document {
+    Document(std::unique_ptr<PrintJob> to, const PrintPaper& on);
+    std::unique_ptr<PrintJob> Job;
+    PrintPaper Paper;
+    QPdfWriter Writer;
+    QPainter Painter;
+    bool PageEnded = false;
+    bool HasInk = false;  // more than blanks has been drawn, or a page was ended
+  };
+  // The figures of a page are those of its layout.
+  struct Lengths {
+    double Width;
+    double Height;
+  };
+
+  PrintPaper Paper() { return document_ ? document_->Paper : destination_->Paper(); }
+  Lengths Sheet();
+  Lengths Printable();
   QPainter& Page();
   void PreparePage();
+  void UpdateFont();
+  // The document, composed to its end; null where there is none. The next place is the top left.
+  std::unique_ptr<Document> TakeDocument();
 
-  QPrinter& printer_;
-  std::function<bool()> canPrint_;
-  std::unique_ptr<QPainter> painter_;
+  PrintDestination* destination_;
+  std::unique_ptr<Document> document_;
+  std::string documentName_ = "Pixorra";
   QFont font_;
+  std::string fontName_;
+  double fontSize_;
+  bool bold_ = false;
+  int orientation_ = 1;
   double x_ = 0;
   double y_ = 0;
   Colour foreColor_ = 0;
   int drawWidth_ = 1;
   int fillStyle_ = 1;
-  bool pageEnded_ = false;
 };
 
 }  // namespace pixorra

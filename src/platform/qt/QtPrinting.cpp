@@ -1,119 +1,141 @@
 #include "platform/qt/QtPrinting.h"
 
-#include <QPageSetupDialog>
-#include <QPrintDialog>
-#include <QPrinterInfo>
+#include <utility>
 
-#include "platform/qt/BoxGuard.h"
 #include "platform/qt/Convert.h"
+#include "platform/qt/PrintBoxes.h"
+#include "platform/qt/PrintSetupDialog.h"
 #include "platform/qt/QtBackend.h"
+#include "platform/qt/QueuePrinter.h"
 #include "platform/runtime/Errors.h"
 
 namespace pixorra {
 
-namespace {
+QtPrinting::QtPrinting(QtBackend& backend) : backend_(backend), pdf_(backend) {}
 
-// A file has no edge that cannot be printed on; it gets that of a common printer.
-constexpr double FileMargin = 18;  // points
+QtPrinting::~QtPrinting() = default;
 
-}  // namespace
-
-// Looking for printers takes a while: it is put off until printing is first spoken of.
-QPrinter& QtPrinting::Device() {
-  if (device_ == nullptr) {
-    device_ = std::make_unique<QPrinter>(QPrinter::HighResolution);
-    followed_ = QPrinterInfo::defaultPrinterName();
-    UseWholePaper();
-    surface_ = std::make_unique<QtPrintSurface>(
-        *device_, [this] { return ToFile() || !QPrinterInfo::printerInfo(device_->printerName()).isNull(); });
-  }
-  return *device_;
+std::string QtPrinting::SystemDefault() {
+  const std::string queue = queues_.Default();
+  return queue.empty() ? std::string(PdfPrinter::PrinterName) : queue;
 }
 
-bool QtPrinting::ToFile() const {
-  return device_->outputFormat() == QPrinter::PdfFormat && !device_->outputFileName().isEmpty();
+void QtPrinting::UsePdf() {
+  surface_.SetDestination(pdf_);
 }
 
-// Lengths count from where the printer can begin to print.
-void QtPrinting::UseWholePaper() {
-  const double margin = ToFile() ? FileMargin : 0;
-  device_->setPageMargins(QMarginsF(margin, margin, margin, margin), QPageLayout::Point);
+void QtPrinting::UseQueue(std::unique_ptr<QueuePrinter> queue) {
+  surface_.SetDestination(*queue);
+  queue_ = std::move(queue);
 }
 
-// A printer chosen here stays until the system's default becomes another one.
+// Looking for printers takes a while: it is put off until printing is first spoken of. A printer chosen here stays
+// until the system's default becomes another one.
 void QtPrinting::FollowDefault() {
-  Device();
-  if (!track_ || surface_->IsComposing()) return;
-  const QString present = QPrinterInfo::defaultPrinterName();
+  if (toFile_ || surface_.IsComposing() || (!track_ && !followed_.empty())) return;
+  const std::string present = SystemDefault();
   if (present == followed_) return;
   followed_ = present;
-  device_->setPrinterName(present);
-  UseWholePaper();
+  if (present == PdfPrinter::PrinterName) {
+    UsePdf();
+  } else {
+    UseQueue(std::make_unique<QueuePrinter>(present));
+  }
+  if (const auto tell = std::exchange(tell_, nullptr)) tell(present);
 }
 
 std::vector<std::string> QtPrinting::PrinterNames() {
+  FollowDefault();
   std::vector<std::string> names;
-  for (const QString& name : QPrinterInfo::availablePrinterNames()) names.push_back(ToUtf8(name));
+  for (const CupsQueue& queue : queues_.Look()) names.push_back(queue.Name);
+  names.emplace_back(PdfPrinter::PrinterName);
   return names;
 }
 
 void QtPrinting::SetCurrentPrinter(const std::string& name) {
-  if (QPrinterInfo::printerInfo(ToQString(name)).isNull()) throw RuntimeError(error::Printer);
-  Device().setOutputFileName(QString());
-  device_->setOutputFormat(QPrinter::NativeFormat);
-  device_->setPrinterName(ToQString(name));
-  UseWholePaper();
+  FollowDefault();
+  if (name == PdfPrinter::PrinterName) return UsePdf();
+  if (!queues_.Has(name)) throw RuntimeError(error::Printer);
+  if (queue_ == nullptr || queue_->Name() != name) {
+    UseQueue(std::make_unique<QueuePrinter>(name));
+  } else {
+    surface_.SetDestination(*queue_);
+  }
+}
+
+void QtPrinting::WhenDefaultIsKnown(std::function<void(const std::string& name)> tell) {
+  if (!followed_.empty()) return tell(followed_);
+  tell_ = std::move(tell);
 }
 
 void QtPrinting::SetTrackDefault(bool track) {
-  if (track && !track_) followed_ = QPrinterInfo::defaultPrinterName();
+  if (track && !track_ && !followed_.empty()) followed_ = SystemDefault();
   track_ = track;
 }
 
 std::string QtPrinting::CurrentPrinterName() {
   FollowDefault();
-  return surface_->DeviceName();
+  return surface_.DeviceName();
 }
 
 PrintSurface& QtPrinting::Printer() {
   FollowDefault();
-  return *surface_;
+  return surface_;
 }
 
 bool QtPrinting::IsReady(const std::string& name) {
-  const QPrinterInfo printer = QPrinterInfo::printerInfo(ToQString(name));
-  return !printer.isNull() && printer.state() != QPrinter::Error;
+  if (name == PdfPrinter::PrinterName) return true;
+  if (!queues_.Has(name)) return false;
+  const auto server = CupsServer::Reach();
+  return server != nullptr && ReasonAgainst(name, server->StateOf(name)).empty();
 }
 
-bool QtPrinting::RunPrintDialog() {
-  OwnedBox owned(new QPrintDialog(&Device(), backend_.WindowForBoxes()));
-  if (!owned.Run(backend_)) return false;
-  UseWholePaper();
+bool QtPrinting::AskForPdfPaper() {
+  QPageSize paper = pdf_.PageSize();
+  if (!pixorra::AskForPdfPaper(backend_, paper, backend_.WindowForBoxes())) return false;
+  pdf_.SetPageSize(paper);
   return true;
 }
 
 bool QtPrinting::ShowPrintSetup() {
-  return RunPrintDialog();
-}
-
-bool QtPrinting::ShowPrintDialog() {
-  return RunPrintDialog();
+  FollowDefault();
+  if (queues_.Look().empty()) return AskForPdfPaper();
+  if (!queues_.Answered()) {
+    TellOfPrinting(backend_, QStringLiteral("The print system does not answer."));
+    return false;
+  }
+  if (queue_ == nullptr || !queues_.Has(queue_->Name())) {
+    auto other = std::make_unique<QueuePrinter>(queues_.Default());
+    if (surface_.DeviceName() != PdfPrinter::PrinterName) surface_.SetDestination(*other);
+    queue_ = std::move(other);
+  }
+  PrinterChoice choice{surface_.DeviceName() == PdfPrinter::PrinterName, pdf_.PageSize(), CopyOf(queue_->Chosen())};
+  if (!AskForPrinter(backend_, choice)) return false;
+  pdf_.SetPageSize(choice.PdfPaper);
+  if (choice.Pdf) {
+    UsePdf();
+  } else {
+    UseQueue(std::make_unique<QueuePrinter>(std::move(choice.Queue)));
+  }
+  return true;
 }
 
 bool QtPrinting::ShowProperties(const std::string& name) {
   if (!IsReady(name)) return false;
   SetCurrentPrinter(name);
-  OwnedBox owned(new QPageSetupDialog(&Device(), backend_.WindowForBoxes()));
-  if (!owned.Run(backend_)) return false;
-  UseWholePaper();
+  if (name == PdfPrinter::PrinterName) return AskForPdfPaper();
+  auto chosen = CopyOf(queue_->Chosen());
+  if (!AskForPaper(backend_, *chosen, backend_.WindowForBoxes())) return false;
+  UseQueue(std::make_unique<QueuePrinter>(std::move(chosen)));
   return true;
 }
 
 void QtPrinting::PrintToFile(const std::string& hostPath) {
-  Device().setOutputFormat(QPrinter::PdfFormat);
-  device_->setOutputFileName(ToQString(hostPath));
-  device_->setPageSize(QPageSize(QPageSize::A4));
-  UseWholePaper();
+  toFile_ = true;
+  followed_ = PdfPrinter::PrinterName;
+  pdf_.FixFile(ToQString(hostPath));
+  pdf_.SetPageSize(QPageSize(QPageSize::A4));
+  UsePdf();
 }
 
 }  // namespace pixorra

@@ -1,46 +1,56 @@
-// The desktop's printers.
+// The desktop's printers, and the one that makes PDF files.
 #pragma once
 
-#include <QPrinter>
-#include <QString>
+#include <functional>
 #include <memory>
 
+#include "platform/qt/KnownQueues.h"
+#include "platform/qt/PdfPrinter.h"
 #include "platform/qt/QtPrintSurface.h"
 #include "platform/services/Printing.h"
 
 namespace pixorra {
 
 class QtBackend;
+class QueuePrinter;
 
 class QtPrinting final : public Printing {
  public:
-  explicit QtPrinting(QtBackend& backend) : backend_(backend) {}
+  explicit QtPrinting(QtBackend& backend);
+  ~QtPrinting() override;
+  QtPrinting(const QtPrinting&) = delete;
+  QtPrinting& operator=(const QtPrinting&) = delete;
 
   std::vector<std::string> PrinterNames() override;
   void SetCurrentPrinter(const std::string& name) override;
+  void WhenDefaultIsKnown(std::function<void(const std::string& name)> tell) override;
   void SetTrackDefault(bool track) override;
   std::string CurrentPrinterName() override;
   PrintSurface& Printer() override;
   bool IsReady(const std::string& name) override;
   bool ShowPrintSetup() override;
-  bool ShowPrintDialog() override;
+  bool ShowPrintDialog() override { return ShowPrintSetup(); }
   bool ShowProperties(const std::string& name) override;
 
   // From now on documents become a PDF file of the host, on A4 paper.
   void PrintToFile(const std::string& hostPath);
 
  private:
-  QPrinter& Device();
-  bool ToFile() const;
+  std::string SystemDefault();
   void FollowDefault();
-  void UseWholePaper();
-  bool RunPrintDialog();
+  void UsePdf();
+  bool AskForPdfPaper();
+  void UseQueue(std::unique_ptr<QueuePrinter> queue);
 
   QtBackend& backend_;
-  std::unique_ptr<QPrinter> device_;
-  std::unique_ptr<QtPrintSurface> surface_;
-  QString followed_;  // the system's default printer when it was last looked at
+  KnownQueues queues_;
+  PdfPrinter pdf_;
+  std::unique_ptr<QueuePrinter> queue_;  // the last one that was used
+  QtPrintSurface surface_{pdf_};
+  std::function<void(const std::string&)> tell_;
+  std::string followed_;  // the system's default printer when it was last looked at; empty before
   bool track_ = true;
+  bool toFile_ = false;
 };
 
 }  // namespace pixorra

@@ -1,7 +1,7 @@
 // Printers, and the surface that a document is composed on.
 #pragma once
 
-#include <memory>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -10,7 +10,8 @@
 namespace pixorra {
 
 // The current printer. Lengths are twips (1440 to the inch) in scale mode 1, from the top left of the printable area.
-// Any of the drawing operations starts a document; they raise Printer where the printer cannot be had.
+// Any of the drawing operations starts a document. They raise `Printer` where the person was asked for the file of a
+// document and cancelled, and `DeviceIO` with a reason for a person where the printer takes no documents now.
 class PrintSurface {
  public:
   virtual ~PrintSurface() = default;
@@ -43,18 +44,29 @@ class PrintSurface {
   // Part of a picture, in the picture's twips at 15 to a pixel, stretched into a rectangle.
   virtual void PaintPicture(const Picture& picture, double x, double y, double width, double height, double sourceX,
                             double sourceY, double sourceWidth, double sourceHeight) = 0;
+  // The title of the documents that begin from here on. A list of jobs shows it, and a file is named by it at first.
+  virtual void SetDocumentName(const std::string& name) = 0;
   // Ends the page, also one that nothing was drawn on. The next place is the top left; fonts and colours stay.
   virtual void NewPage() = 0;
-  // A last page that was begun and nothing drawn on does not come out. Nothing happens without a document.
+  // Hands the document over; before that nothing of it is printed, and no file is there. A last page that was begun and
+  // nothing drawn on does not come out. Nothing happens without a document. Where the document cannot be handed over it
+  // is dropped, and the error has a reason for a person: `Printer` where the print system refuses it, `DiskFull`,
+  // `PathAccess` or `FileExists` of a file.
   virtual void EndDoc() = 0;
+  // Drops the document that is being composed, as the program's end does. Nothing happens without one.
+  virtual void KillDoc() = 0;
 };
 
 class Printing {
  public:
   virtual ~Printing() = default;
+  // One of them makes PDF files where the host can; it asks for the file with the first drawing of each document.
   virtual std::vector<std::string> PrinterNames() = 0;
   // Raises Printer where there is no such printer.
   virtual void SetCurrentPrinter(const std::string& name) = 0;
+  // Looking for printers takes up to seconds, and is put off until printing is first spoken of. Calls `tell` with the
+  // name of the system's default printer as soon as that is known; at once where it is.
+  virtual void WhenDefaultIsKnown(std::function<void(const std::string& name)> tell) = 0;
   // True: the current printer is the system's default from now on. False: it stays what it is.
   virtual void SetTrackDefault(bool track) = 0;
   // Empty where the host has no printer.

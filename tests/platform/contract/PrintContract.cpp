@@ -239,6 +239,43 @@ TEST_F(PrintContract, DrawingOutsideThePrintableAreaIsCutAndHarmsNothing) {
   EXPECT_EQ(At(sheets[0], page.ScaleWidth() - 100, 4500), Red);
 }
 
+TEST_F(PrintContract, DroppedDocumentDoesNotComeOutAndTheNextBeginsAtTheTop) {
+  page.SetFontSize(20);
+  PrintAt(2000, 4000, "HH");
+  page.NewPage();
+  page.KillDoc();
+  EXPECT_THAT(Printed(), IsEmpty());
+  page.KillDoc();
+  page.Print("HH");
+  const auto sheets = Printed();
+  ASSERT_THAT(sheets, SizeIs(1));
+  EXPECT_TRUE(HasInk(sheets[0], 0, 0, 1000, 600));
+  EXPECT_FALSE(HasInk(sheets[0], 2000, 4000, 3000, 4600));
+}
+
+TEST_F(PrintContract, OrientationSetBetweenTwoPagesIsThatOfTheSecond) {
+  page.SetOrientation(1);
+  page.Print("upright");
+  page.NewPage();
+  page.SetOrientation(2);
+  page.SetFillStyle(0);
+  page.Box(page.ScaleWidth() - 1000, 0, page.ScaleWidth(), 1000, Red);
+  page.SetOrientation(1);
+  const auto sheets = Printed();
+  ASSERT_THAT(sheets, SizeIs(2));
+  EXPECT_FALSE(sheets[0].Landscape);
+  ASSERT_TRUE(sheets[1].Landscape);
+  EXPECT_EQ(At(sheets[1], sheets[1].Shown.Width() * 20 - 500, 500), Red);
+}
+
+TEST_F(PrintContract, DefaultPrintersNameIsToldOncePrintersAreKnown) {
+  std::string told;
+  platform->GetPrinting().WhenDefaultIsKnown([&](const std::string& name) { told = name; });
+  EXPECT_FALSE(platform->GetPrinting().CurrentPrinterName().empty());
+  const std::vector<std::string> names = platform->GetPrinting().PrinterNames();
+  EXPECT_THAT(names, ::testing::Contains(told));
+}
+
 TEST_F(PrintContract, EmptyPictureIsAnErrorAndEndingNothingIsNone) {
   EXPECT_EQ(ErrorsIgnored([&] { page.PaintPicture(Picture(), 0, 0, 10, 10, 0, 0, 10, 10); }), error::BadPicture);
   EXPECT_EQ(ErrorsIgnored([&] { page.EndDoc(); }), error::None);

@@ -87,6 +87,43 @@ TEST_F(HeadlessPrintingTest, SetupDialogMayChangeThePrinter) {
   EXPECT_FALSE(printing.ShowProperties("Away"));
 }
 
+TEST_F(HeadlessPrintingTest, RefusingPrinterTellsItsReasonWithTheFirstPrint) {
+  printing.Printers[0].Refusal = "The printer is out of paper";
+  try {
+    printer.Print(" ");
+    FAIL() << "it was printed";
+  } catch (const RuntimeError& e) {
+    EXPECT_EQ(e.Number(), error::DeviceIO);
+    EXPECT_EQ(e.Description(), "The printer is out of paper");
+  }
+  EXPECT_FALSE(printing.OpenDocument());
+}
+
+TEST_F(HeadlessPrintingTest, DocumentThatCannotBeHandedOverIsDropped) {
+  printing.Printers[0].EndError = error::DiskFull;
+  printing.Printers[0].EndReason = "The disk is full";
+  printer.Print("one");
+  EXPECT_EQ(ErrorOf([&] { printer.EndDoc(); }), error::DiskFull);
+  EXPECT_FALSE(printing.OpenDocument());
+  EXPECT_THAT(printing.Documents(), IsEmpty());
+  EXPECT_EQ(ErrorOf([&] { printer.EndDoc(); }), error::None) << "there is nothing left to end";
+}
+
+TEST_F(HeadlessPrintingTest, PrinterOfFilesAsksOnceForEachDocument) {
+  printing.Printers[0].AsksForFile = true;
+  printer.SetDocumentName("Photos of June");
+  printing.ExpectFileName("june.pdf");
+  printer.Print("one");
+  printer.Print("two");
+  printer.EndDoc();
+  ASSERT_THAT(printing.Documents(), SizeIs(1));
+  EXPECT_EQ(printing.Documents()[0].FileName, "june.pdf");
+  EXPECT_EQ(printing.Documents()[0].Name, "Photos of June");
+  printing.ExpectFileName("");
+  EXPECT_EQ(ErrorOf([&] { printer.Print(" "); }), error::Printer);
+  EXPECT_FALSE(printing.OpenDocument());
+}
+
 TEST_F(HeadlessPrintingTest, DialogThatNobodyExpectedIsAFailure) {
   KeepFailures();
   EXPECT_FALSE(printing.ShowPrintDialog());

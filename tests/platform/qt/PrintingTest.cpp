@@ -1,4 +1,5 @@
 // Documents printed to a PDF file, whose pages are read back: their number and size, and what stands on them where.
+#include <QDir>
 #include <QFile>
 #include <QProcess>
 #include <QRegularExpression>
@@ -28,6 +29,10 @@ class PrintingTest : public QtTest {
   QByteArray File() const {
     QFile file(Path());
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+  }
+  // All files of the folder.
+  QStringList Left() const {
+    return QDir(folder.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
   }
   // Width and height of each page, in points.
   std::vector<QSizeF> Pages() const {
@@ -168,23 +173,70 @@ TEST_F(PrintingTest, NothingCannotBePainted) {
   EXPECT_EQ(ErrorOf([&] { page.PaintPicture(Picture(), 0, 0, 10, 10, 0, 0, 10, 10); }), error::BadPicture);
 }
 
+TEST_F(PrintingTest, ADroppedDocumentLeavesNothing) {
+  page.Print("a page");
+  page.NewPage();
+  page.Print("another");
+  page.KillDoc();
+  page.EndDoc();
+  EXPECT_TRUE(Left().isEmpty()) << Left().join(' ').toStdString();
+}
+
+TEST_F(PrintingTest, TheProgramsEndDropsWhatWasNotEnded) {
+  {
+    QtPrinting brief(backend);
+    brief.PrintToFile(Path().toStdString());
+    brief.Printer().Print("never ended");
+  }
+  EXPECT_TRUE(Left().isEmpty()) << Left().join(' ').toStdString();
+}
+
+TEST_F(PrintingTest, UntilItsEndADocumentIsNotThereAndAnEarlierOneStays) {
+  page.Print("first");
+  EXPECT_FALSE(QFile::exists(Path()));
+  page.EndDoc();
+  const QByteArray first = File();
+  EXPECT_TRUE(first.endsWith("%%EOF\n"));
+  page.Print("second");
+  page.NewPage();
+  EXPECT_EQ(File(), first);
+  page.KillDoc();
+  EXPECT_EQ(File(), first);
+  EXPECT_EQ(Left(), QStringList("out.pdf"));
+}
+
+TEST_F(PrintingTest, ADocumentOfBlanksAloneDoesNotComeOut) {
+  page.Print(" ");
+  page.EndDoc();
+  EXPECT_TRUE(Left().isEmpty()) << Left().join(' ').toStdString();
+}
+
+TEST_F(PrintingTest, ADocumentHasItsTitle) {
+  page.SetDocumentName("Photos of June");
+  page.Print("a page");
+  page.EndDoc();
+  QByteArray title = "/Title (\xfe\xff";
+  for (const char letter : std::string("Photos of June")) title.append('\0').append(letter);
+  EXPECT_TRUE(File().contains(title));
+}
+
 TEST_F(PrintingTest, ADocumentThatCannotBeWrittenIsAPrinterError) {
   printing.PrintToFile(folder.filePath("no/such/folder/out.pdf").toStdString());
   EXPECT_EQ(ErrorOf([&] { page.Print(" "); }), error::Printer);
   page.EndDoc();
 }
 
-TEST_F(QtTest, WithoutAPrinterDrawingIsAPrinterErrorAndFiguresAreStillThere) {
+TEST_F(QtTest, APrinterThatMakesPdfFilesIsAlwaysThere) {
   QtPrinting printing(backend);
-  if (!printing.PrinterNames().empty()) GTEST_SKIP() << "this machine has a printer";
+  EXPECT_EQ(printing.PrinterNames().back(), "Save as PDF");
+  EXPECT_TRUE(printing.IsReady("Save as PDF"));
+  printing.SetCurrentPrinter("Save as PDF");
   PrintSurface& page = printing.Printer();
-  page.SetScaleMode(1);
+  EXPECT_EQ(page.DeviceName(), "Save as PDF");
+  EXPECT_EQ(page.PaperSize(), 9) << "the paper of this country";
   page.SetOrientation(2);
   EXPECT_GT(page.ScaleWidth(), page.ScaleHeight());
-  EXPECT_EQ(ErrorOf([&] { page.Print(" "); }), error::Printer);
-  EXPECT_EQ(ErrorOf([&] { page.NewPage(); }), error::Printer);
   EXPECT_EQ(ErrorOf([&] { page.EndDoc(); }), error::None);
-  EXPECT_EQ(printing.CurrentPrinterName(), "");
   EXPECT_FALSE(printing.IsReady("NoSuchPrinter"));
   EXPECT_FALSE(printing.ShowProperties("NoSuchPrinter"));
   EXPECT_EQ(ErrorOf([&] { printing.SetCurrentPrinter("NoSuchPrinter"); }), error::Printer);

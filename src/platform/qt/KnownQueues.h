@@ -1,0 +1,30 @@
+// The queues of the print system as they were a moment ago.
+#pragma once
+
+#include <QElapsedTimer>
+#include <string>
+#include <vector>
+
+#include "platform/qt/CupsServer.h"
+
+namespace pixorra {
+
+class KnownQueues {
+ public:
+  // Asks the print system, unless it has been asked a moment ago, or did not answer not long ago. While it does not
+  // answer they are those of the last answer.
+  const std::vector<CupsQueue>& Look();
+  // Did it answer when it was last asked?
+  bool Answered() const { return answers_; }
+  // The system's default; the first one where there is none. Empty without queues. Looks.
+  std::string Default();
+  bool Has(const std::string& name);
+
+ private:
+  std::vector<CupsQueue> queues_;
+  QElapsedTimer since_;
+  bool answers_ = false;
+  qint64 holds_ = 0;  // milliseconds
+};
+
+}  // namespace pixorra

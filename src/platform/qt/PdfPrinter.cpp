@@ -1,0 +1,112 @@
+#include "platform/qt/PdfPrinter.h"
+
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QStandardPaths>
+#include <algorithm>
+#include <langinfo.h>
+
+#include "platform/qt/BoxGuard.h"
+#include "platform/qt/Convert.h"
+#include "platform/qt/PaperCodes.h"
+#include "platform/qt/PdfFile.h"
+#include "platform/qt/PrintBoxes.h"
+#include "platform/qt/QtBackend.h"
+#include "platform/qt/ToolkitLanguage.h"
+#include "platform/runtime/Errors.h"
+
+namespace pixorra {
+
+namespace {
+
+// A file has no edge that cannot be printed on; it gets that of a common printer.
+constexpr double FileMargin = 18;  // points
+constexpr int DotsPerInch = 300;
+
+bool UsesLetterPaper() {
+  constexpr std::intptr_t LetterWidth = 216;  // millimetres
+  return reinterpret_cast<std::intptr_t>(nl_langinfo(_NL_PAPER_WIDTH)) == LetterWidth;
+}
+
+QString FirstFolder() {
+  for (const auto place : {QStandardPaths::DocumentsLocation, QStandardPaths::PicturesLocation}) {
+    const QString folder = QStandardPaths::writableLocation(place);
+    if (QFileInfo(folder).isDir()) return folder;
+  }
+  return QStandardPaths::writableLocation(QStandardPaths::HomeLocation);
+}
+
+// A name for a document, which no file of the folder has.
+QString ProposedFile(const QString& folder, const std::string& documentName) {
+  QString stem = ToQString(documentName).replace(QLatin1Char('/'), QLatin1Char('-')).trimmed();
+  const QString suffix = QFileInfo(stem).suffix().toLower();
+  if (QStringList{"jpg", "jpeg", "bmp", "gif"}.contains(suffix)) stem.chop(suffix.size() + 1);
+  while (stem.startsWith(QLatin1Char('.'))) stem.remove(0, 1);
+  if (stem.isEmpty()) stem = QStringLiteral("Pixorra");
+  constexpr int LongestStem = 60;
+  stem.truncate(LongestStem);
+  QString path = folder + QLatin1Char('/') + stem + QStringLiteral(".pdf");
+  for (int i = 2; QFileInfo::exists(path); ++i) {
+    path = QStringLiteral("%1/%2 (%3).pdf").arg(folder, stem).arg(i);
+  }
+  return path;
+}
+
+// Empty on cancel.
+QString AskForFile(QtBackend& backend, const QString& proposed) {
+  const ToolkitLanguage language;
+  auto* dialog = new QFileDialog(backend.WindowForBoxes(), QString::fromLatin1(PdfPrinter::PrinterName));
+  OwnedBox owned(dialog);
+  dialog->setAcceptMode(QFileDialog::AcceptSave);
+  dialog->setNameFilter(QStringLiteral("PDF (*.pdf)"));
+  // A name without the suffix gets it after a question of the dialog's own, which would have been about another file.
+  dialog->setOption(QFileDialog::DontConfirmOverwrite);
+  dialog->setDirectory(QFileInfo(proposed).path());
+  dialog->selectFile(QFileInfo(proposed).fileName());
+  if (!owned.Run(backend) || dialog->selectedFiles().isEmpty()) return {};
+  QString path = dialog->selectedFiles().constFirst();
+  if (!path.endsWith(QStringLiteral(".pdf"), Qt::CaseInsensitive)) path += QStringLiteral(".pdf");
+  return path;
+}
+
+}  // namespace
+
+PdfPrinter::PdfPrinter(QtBackend& backend)
+    : backend_(backend), size_(UsesLetterPaper() ? QPageSize::Letter : QPageSize::A4) {}
+
+PrintPaper PdfPrinter::Paper() {
+  const QSize size = size_.sizePoints();
+  return {QSizeF(std::min(size.width(), size.height()), std::max(size.width(), size.height())), FileMargin, FileMargin,
+          PaperCodeOf(size_), DotsPerInch};
+}
+
+std::unique_ptr<PrintJob> PdfPrinter::Begin(const std::string& documentName) {
+  if (fixed_.isEmpty()) return AskAndBegin(documentName);
+  auto file = std::make_unique<PdfFile>(fixed_, true);
+  if (!file->Open()) throw RuntimeError(error::Printer);
+  return file;
+}
+
+std::unique_ptr<PrintJob> PdfPrinter::AskAndBegin(const std::string& documentName) {
+  QString proposed = ProposedFile(QFileInfo(folder_).isDir() ? folder_ : FirstFolder(), documentName);
+  while (true) {
+    const QString path = AskForFile(backend_, proposed);
+    if (path.isEmpty()) throw RuntimeError(error::Printer);
+    proposed = path;
+    const bool exists = QFileInfo::exists(path);
+    const QString name = QFileInfo(path).fileName();
+    if (exists &&
+        !AskAboutPrinting(backend_, QStringLiteral("There is a file \"%1\" already.\nReplace it?").arg(name))) {
+      continue;
+    }
+    auto file = std::make_unique<PdfFile>(path, exists);
+    if (file->Open()) {
+      folder_ = QFileInfo(path).path();
+      return file;
+    }
+    TellOfPrinting(backend_,
+                   QStringLiteral("The PDF file \"%1\" cannot be written there:\n%2").arg(name, file->Error()));
+  }
+}
+
+}  // namespace pixorra

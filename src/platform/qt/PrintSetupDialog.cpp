@@ -1,0 +1,157 @@
+#include "platform/qt/PrintSetupDialog.h"
+
+#include <QComboBox>
+#include <QDialogButtonBox>
+#include <QDir>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QLabel>
+#include <QPageSetupDialog>
+#include <QPrintDialog>
+#include <QPushButton>
+#include <QTabWidget>
+#include <QTimer>
+#include <algorithm>
+
+#include "platform/qt/BoxGuard.h"
+#include "platform/qt/PdfPrinter.h"
+#include "platform/qt/QtBackend.h"
+#include "platform/qt/ToolkitLanguage.h"
+
+namespace pixorra {
+
+namespace {
+
+// What a line of the dialog says of the printer, which says something else while the PDF printer is chosen.
+void Swap(QLabel* label, const QString& ofPdf, bool pdf) {
+  if (label == nullptr) return;
+  const char* const kept = "pixorraKept";
+  if (pdf && !label->property(kept).isValid()) {
+    label->setProperty(kept, label->text());
+    label->setText(ofPdf);
+  } else if (!pdf && label->property(kept).isValid()) {
+    label->setText(label->property(kept).toString());
+    label->setProperty(kept, QVariant());
+  }
+}
+
+void ShowAsChosen(QPrintDialog& dialog, QPushButton* theirs, QPushButton* ours, bool pdf) {
+  if (theirs != nullptr) theirs->setVisible(!pdf);
+  if (ours != nullptr) ours->setVisible(pdf);
+  // Copies, sides and colours are matters of paper.
+  if (auto* const options = dialog.findChild<QTabWidget*>()) options->setEnabled(!pdf);
+  Swap(dialog.findChild<QLabel*>(QStringLiteral("location")), QString(), pdf);
+  Swap(dialog.findChild<QLabel*>(QStringLiteral("type")), QStringLiteral("PDF file"), pdf);
+}
+
+// Hides the framed part of a dialog that this control is in.
+void HidePartOf(const QWidget& dialog, const char* control) {
+  auto* part = dialog.findChild<QWidget*>(QLatin1String(control));
+  while (part != nullptr && qobject_cast<QGroupBox*>(part) == nullptr) part = part->parentWidget();
+  if (part != nullptr) part->hide();
+}
+
+// A button in the place of the dialog's own.
+QPushButton* TwinOf(QPushButton* theirs) {
+  auto* const grid = theirs != nullptr ? qobject_cast<QGridLayout*>(theirs->parentWidget()->layout()) : nullptr;
+  if (grid == nullptr || grid->indexOf(theirs) < 0) return nullptr;
+  int row = 0;
+  int column = 0;
+  int rows = 0;
+  int columns = 0;
+  grid->getItemPosition(grid->indexOf(theirs), &row, &column, &rows, &columns);
+  auto* const twin = new QPushButton(theirs->text(), theirs->parentWidget());
+  grid->addWidget(twin, row, column, rows, columns);
+  QWidget::setTabOrder(theirs, twin);
+  return twin;
+}
+
+// The toolkit's list takes no printer but the print system's: a list of our own is shown in its place, and passes on to
+// it what is chosen.
+void OfferPdf(QPrintDialog& dialog, QtBackend& backend, PrinterChoice& choice) {
+  auto* const theirs = dialog.findChild<QComboBox*>(QStringLiteral("printers"));
+  if (theirs == nullptr || theirs->parentWidget()->layout() == nullptr) return;
+  auto* const list = new QComboBox(theirs->parentWidget());
+  list->setObjectName(QStringLiteral("allPrinters"));
+  for (int i = 0; i < theirs->count(); ++i) list->addItem(theirs->itemIcon(i), theirs->itemText(i));
+  const int pdf = list->count() + 1;
+  list->insertSeparator(list->count());
+  list->addItem(QString::fromLatin1(PdfPrinter::PrinterName));
+  list->setCurrentIndex(choice.Pdf ? pdf : theirs->currentIndex());
+  list->setSizePolicy(theirs->sizePolicy());
+  delete theirs->parentWidget()->layout()->replaceWidget(theirs, list);
+  theirs->hide();
+  QWidget::setTabOrder(theirs, list);
+  for (QLabel* const label : dialog.findChildren<QLabel*>()) {
+    if (label->buddy() == theirs) label->setBuddy(list);
+  }
+  auto* const properties = dialog.findChild<QPushButton*>(QStringLiteral("properties"));
+  QPushButton* const paper = TwinOf(properties);
+  if (paper != nullptr) {
+    QObject::connect(paper, &QPushButton::clicked, &dialog,
+                     [&backend, &choice, &dialog] { AskForPdfPaper(backend, choice.PdfPaper, &dialog); });
+  }
+  QObject::connect(list, &QComboBox::currentIndexChanged, &dialog, [=, &dialog, &choice](int index) {
+    choice.Pdf = index == pdf;
+    ShowAsChosen(dialog, properties, paper, choice.Pdf);
+    if (!choice.Pdf) theirs->setCurrentIndex(index);
+  });
+  ShowAsChosen(dialog, properties, paper, choice.Pdf);
+  list->setFocus();
+}
+
+// It chooses a printer, and prints nothing: which pages are printed is asked elsewhere.
+void MakeSetupOf(QPrintDialog& dialog) {
+  // The dialog shows it when it shows itself.
+  QTimer::singleShot(0, &dialog, [&dialog] { HidePartOf(dialog, "printAll"); });
+  auto* const buttons = dialog.findChild<QDialogButtonBox*>();
+  QPushButton* const accept = buttons != nullptr ? buttons->button(QDialogButtonBox::Ok) : nullptr;
+  if (accept != nullptr) accept->setText(QCoreApplication::translate("QPlatformTheme", "OK"));
+}
+
+}  // namespace
+
+bool AskForPrinter(QtBackend& backend, PrinterChoice& choice) {
+  const ToolkitLanguage language;
+  const QString before = choice.Queue->printerName();
+  const QPageSize paper = choice.Queue->pageLayout().pageSize();
+  auto* const dialog = new QPrintDialog(choice.Queue.get(), backend.WindowForBoxes());
+  OwnedBox owned(dialog);
+  dialog->setOptions(QAbstractPrintDialog::PrintCollateCopies | QAbstractPrintDialog::PrintShowPageSize);
+  dialog->setWindowTitle(QStringLiteral("Print Setup"));
+  OfferPdf(*dialog, backend, choice);
+  MakeSetupOf(*dialog);
+  if (!owned.Run(backend)) return false;
+  // The dialog gives the printer its usual paper unless its own properties were accepted.
+  const auto inside = dialog->findChildren<QDialog*>();
+  const bool chosePaper = std::any_of(inside.begin(), inside.end(),
+                                      [](const QDialog* each) { return each->result() == QDialog::Accepted; });
+  if (!chosePaper && choice.Queue->printerName() == before) choice.Queue->setPageSize(paper);
+  return true;
+}
+
+bool AskForPaper(QtBackend& backend, QPrinter& printer, QWidget* parent) {
+  const ToolkitLanguage language;
+  auto* const dialog = new QPageSetupDialog(&printer, parent);
+  OwnedBox owned(dialog);
+  // Pages have their own orientation, and no margins but the printer's.
+  HidePartOf(*dialog, "portrait");
+  HidePartOf(*dialog, "topMargin");
+  // The picture of the sheet was as high as they are.
+  constexpr int PictureHeight = 140;
+  dialog->setMinimumHeight(dialog->sizeHint().height() + PictureHeight);
+  return owned.Run(backend);
+}
+
+bool AskForPdfPaper(QtBackend& backend, QPageSize& paper, QWidget* parent) {
+  // Holds what is chosen; nothing is written.
+  QPrinter device(QPrinter::HighResolution);
+  device.setOutputFormat(QPrinter::PdfFormat);
+  device.setOutputFileName(QDir::tempPath() + QStringLiteral("/unwritten.pdf"));
+  device.setPageSize(paper);
+  if (!AskForPaper(backend, device, parent)) return false;
+  paper = device.pageLayout().pageSize();
+  return true;
+}
+
+}  // namespace pixorra

@@ -1,0 +1,150 @@
+#include "platform/qt/QueuePrinter.h"
+
+#include <QDir>
+#include <QPrintEngine>
+#include <QPrinterInfo>
+#include <QTemporaryFile>
+#include <algorithm>
+
+#include "platform/qt/Convert.h"
+#include "platform/qt/PaperCodes.h"
+#include "platform/qt/PdfSink.h"
+#include "platform/runtime/Errors.h"
+
+namespace pixorra {
+
+namespace {
+
+constexpr int UsualDots = 600;  // of a printer that does not say
+constexpr int LeastDots = 72;
+constexpr int MostDots = 2400;
+// Where the toolkit's dialogs keep options that the printer alone knows, names and values in turn.
+constexpr auto PrintersOwnOptions = static_cast<QPrintEngine::PrintEnginePropertyKey>(0xfe00);
+
+// A document that is composed in a file without a name, and sent at its end.
+class QueueJob final : public PrintJob {
+ public:
+  QueueJob(std::string queue, std::string title, PrintOptions options)
+      : queue_(std::move(queue)), title_(std::move(title)), options_(std::move(options)) {
+    // A long document does not belong into memory, which is where the other folder often is.
+    file_.setFileTemplate(QStringLiteral("/var/tmp/pixorra-XXXXXX"));
+    if (file_.open()) return;
+    file_.setFileTemplate(QDir::tempPath() + QStringLiteral("/pixorra-XXXXXX"));
+    if (!file_.open()) RaiseWriteError(file_, QStringLiteral("The document could not be begun"));
+  }
+
+  QIODevice& Device() override { return sink_; }
+
+  void Submit() override {
+    if (!sink_.Flush() || !file_.flush()) RaiseWriteError(file_, QStringLiteral("The document could not be composed"));
+    file_.seek(0);
+    const auto server = CupsServer::Reach();
+    if (server == nullptr) throw RuntimeError(error::Printer, "The print system does not answer");
+    const std::string reason = ReasonAgainst(queue_, server->StateOf(queue_));
+    if (!reason.empty()) throw RuntimeError(error::Printer, reason);
+    server->Submit(queue_, title_, options_, file_);
+  }
+
+ private:
+  std::string queue_;
+  std::string title_;
+  PrintOptions options_;
+  QTemporaryFile file_;
+  PdfSink sink_{file_};
+};
+
+// Whatever a dialog has made of it; a request that the printer's margins do not allow drops the whole layout.
+void SetUpright(QPrinter& printer) {
+  printer.setPageOrientation(QPageLayout::Portrait);
+  if (printer.pageLayout().orientation() == QPageLayout::Portrait) return;
+  QPageLayout layout = printer.pageLayout();
+  layout.setOrientation(QPageLayout::Portrait);
+  layout.setMargins(layout.minimumMargins());
+  printer.setPageLayout(layout);
+}
+
+std::string SidesOf(const QPrinter& printer) {
+  switch (printer.duplex()) {
+    case QPrinter::DuplexLongSide:
+      return "two-sided-long-edge";
+    case QPrinter::DuplexShortSide:
+    case QPrinter::DuplexAuto:  // pages are wide
+      return "two-sided-short-edge";
+    default:
+      return "one-sided";
+  }
+}
+
+}  // namespace
+
+QueuePrinter::QueuePrinter(const std::string& name)
+    : name_(name),
+      chosen_(std::make_unique<QPrinter>(QPrinterInfo::printerInfo(ToQString(name)), QPrinter::HighResolution)) {
+  SetUpright(*chosen_);
+  LookAtState();
+}
+
+QueuePrinter::QueuePrinter(std::unique_ptr<QPrinter> chosen)
+    : name_(ToUtf8(chosen->printerName())), chosen_(std::move(chosen)) {
+  SetUpright(*chosen_);
+  LookAtState();
+}
+
+void QueuePrinter::LookAtState() {
+  if (const auto server = CupsServer::Reach()) state_ = server->StateOf(name_);
+}
+
+PrintPaper QueuePrinter::Paper() {
+  const QPageLayout layout = chosen_->pageLayout();
+  const QSizeF size = layout.fullRect(QPageLayout::Point).size().toSize();
+  const QMarginsF least = layout.minimumMargins();
+  double across = std::max(least.left(), least.right());
+  double down = std::max(least.top(), least.bottom());
+  if (size.width() > size.height()) std::swap(across, down);
+  const int dots = std::clamp(state_.DotsPerInch > 0 ? state_.DotsPerInch : UsualDots, LeastDots, MostDots);
+  return {QSizeF(std::min(size.width(), size.height()), std::max(size.width(), size.height())), across, down,
+          PaperCodeOf(layout.pageSize()), dots};
+}
+
+std::unique_ptr<PrintJob> QueuePrinter::Begin(const std::string& documentName) {
+  const auto server = CupsServer::Reach();
+  if (server == nullptr) throw RuntimeError(error::DeviceIO, "The print system does not answer");
+  const std::string reason = ReasonAgainst(name_, server->StateOf(name_));
+  if (!reason.empty()) throw RuntimeError(error::DeviceIO, reason);
+  return std::make_unique<QueueJob>(name_, documentName, OptionsOf(*chosen_));
+}
+
+std::unique_ptr<QPrinter> CopyOf(const QPrinter& printer) {
+  auto copy = std::make_unique<QPrinter>(QPrinterInfo::printerInfo(printer.printerName()), QPrinter::HighResolution);
+  copy->setPageSize(printer.pageLayout().pageSize());
+  copy->setCopyCount(printer.copyCount());
+  copy->setCollateCopies(printer.collateCopies());
+  copy->setPageOrder(printer.pageOrder());
+  copy->setColorMode(printer.colorMode());
+  copy->setDuplex(printer.duplex());
+  copy->printEngine()->setProperty(PrintersOwnOptions, printer.printEngine()->property(PrintersOwnOptions));
+  return copy;
+}
+
+PrintOptions OptionsOf(const QPrinter& printer) {
+  PrintOptions options;
+  const QStringList own = printer.printEngine()->property(PrintersOwnOptions).toStringList();
+  for (qsizetype i = 0; i + 1 < own.size(); i += 2) {
+    if (own[i] == QStringLiteral("landscape") || own[i] == QStringLiteral("orientation-requested")) continue;
+    options.emplace_back(ToUtf8(own[i]), ToUtf8(own[i + 1]));
+  }
+  options.emplace_back("media", ToUtf8(printer.pageLayout().pageSize().key()));
+  options.emplace_back("print-scaling", "none");
+  options.emplace_back("sides", SidesOf(printer));
+  if (printer.copyCount() > 1) {
+    options.emplace_back("copies", std::to_string(printer.copyCount()));
+    options.emplace_back("multiple-document-handling", printer.collateCopies()
+                                                           ? "separate-documents-collated-copies"
+                                                           : "separate-documents-uncollated-copies");
+  }
+  if (printer.pageOrder() == QPrinter::LastPageFirst) options.emplace_back("outputorder", "reverse");
+  if (printer.colorMode() == QPrinter::GrayScale) options.emplace_back("print-color-mode", "monochrome");
+  return options;
+}
+
+}  // namespace pixorra

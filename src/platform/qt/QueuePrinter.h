@@ -1,0 +1,40 @@
+// A printer of the print system, with what was chosen for it in the toolkit's dialogs.
+#pragma once
+
+#include <QPrinter>
+#include <memory>
+
+#include "platform/qt/CupsServer.h"
+#include "platform/qt/PrintDestination.h"
+
+namespace pixorra {
+
+class QueuePrinter final : public PrintDestination {
+ public:
+  explicit QueuePrinter(const std::string& name);
+  // With what was chosen in a dialog.
+  explicit QueuePrinter(std::unique_ptr<QPrinter> chosen);
+
+  std::string Name() override { return name_; }
+  std::string DriverName() override { return state_.Model; }
+  PrintPaper Paper() override;
+  // A printer that has gone, is stopped, or takes no documents raises DeviceIO with the reason.
+  std::unique_ptr<PrintJob> Begin(const std::string& documentName) override;
+
+  // Holds what the toolkit's dialogs begin with. It is upright whatever they turn it to.
+  const QPrinter& Chosen() const { return *chosen_; }
+
+ private:
+  void LookAtState();
+
+  std::string name_;
+  std::unique_ptr<QPrinter> chosen_;
+  QueueState state_;  // when it was made
+};
+
+// A device for a dialog to change, with the same printer and choices.
+std::unique_ptr<QPrinter> CopyOf(const QPrinter& printer);
+// The choices as the print system's options. The page's turning is none of them: pages have their own shape.
+PrintOptions OptionsOf(const QPrinter& printer);
+
+}  // namespace pixorra

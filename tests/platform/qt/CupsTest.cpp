@@ -1,0 +1,193 @@
+// Printing through a real print server.
+#include <QComboBox>
+#include <QDialogButtonBox>
+#include <QElapsedTimer>
+#include <QPrintDialog>
+#include <QPushButton>
+#include <QSpinBox>
+#include <cups/cups.h>
+#include <gmock/gmock.h>
+
+#include "platform/qt/QtPrinting.h"
+#include "platform/runtime/Errors.h"
+#include "tests/platform/qt/PrintServer.h"
+#include "tests/platform/qt/QtTest.h"
+#include "tests/platform/qt/hands/Hands.h"
+
+namespace pixorra {
+namespace {
+
+using ::testing::ElementsAre;
+
+class CupsTest : public QtTest {
+ protected:
+  void SetUp() override {
+    if (!server.WhyNot().empty()) GTEST_SKIP() << server.WhyNot();
+  }
+  void PrintTwoPages(PrintSurface& page) {
+    page.SetOrientation(2);
+    page.SetDocumentName("Photos of June");
+    page.Print("first");
+    page.NewPage();
+    page.Print("second");
+  }
+  static RuntimeError ErrorOf(const std::function<void()>& statement) {
+    try {
+      statement();
+    } catch (const RuntimeError& e) {
+      return e;
+    }
+    return RuntimeError(error::None, "");
+  }
+  static QPrintDialog* Dialog() { return qobject_cast<QPrintDialog*>(QApplication::activeModalWidget()); }
+  // In the next print setup dialog: the printer is chosen, something more done, and the dialog closed.
+  void InSetup(const QString& printer, QDialogButtonBox::StandardButton button,
+               const std::function<void(QPrintDialog&)>& more = {}) {
+    Hands::Meanwhile([] { return Dialog() != nullptr; },
+                     [=] {
+                       auto* const list = Dialog()->findChild<QComboBox*>("allPrinters");
+                       ASSERT_NE(list, nullptr);
+                       EXPECT_GE(list->findText(printer), 0) << printer.toStdString();
+                       list->setCurrentIndex(list->findText(printer));
+                       if (more) more(*Dialog());
+                       Dialog()->findChild<QDialogButtonBox*>()->button(button)->click();
+                     });
+  }
+
+  PrintServer server;
+};
+
+TEST_F(CupsTest, PrintersAreListedWithTheFilesPrinterAndTheDefaultIsCurrent) {
+  QtPrinting printing(backend);
+  std::string told;
+  printing.WhenDefaultIsKnown([&](const std::string& name) { told = name; });
+  EXPECT_EQ(told, "") << "nobody has asked yet";
+  EXPECT_EQ(printing.CurrentPrinterName(), "Office");
+  EXPECT_EQ(told, "Office");
+  EXPECT_THAT(printing.PrinterNames(), ElementsAre("Office", "Save as PDF"));
+  EXPECT_TRUE(printing.IsReady("Office"));
+  PrintSurface& page = printing.Printer();
+  EXPECT_EQ(page.PaperSize(), 9);
+  EXPECT_EQ(page.DriverName(), "Test Office");
+  EXPECT_NEAR(page.TwipsPerPixelX(), 2.4, 0.001);
+  page.SetOrientation(2);
+  EXPECT_EQ(page.SheetWidth(), 842 * 20);
+  EXPECT_NEAR(page.ScaleWidth(), (842 - 2 * 36) * 20, 25) << "the larger one of both ends";
+  EXPECT_NEAR(page.ScaleHeight(), (595 - 2 * 10) * 20, 25);
+}
+
+TEST_F(CupsTest, DocumentArrivesWithItsPagesAndTitle) {
+  QtPrinting printing(backend);
+  PrintTwoPages(printing.Printer());
+  EXPECT_TRUE(server.HasNothing()) << "not before its end";
+  printing.Printer().EndDoc();
+  EXPECT_EQ(server.PagesOf(1), 2);
+  EXPECT_TRUE(server.Info(1, "Page size").startsWith("842 x 595")) << server.Info(1, "Page size").toStdString();
+  EXPECT_EQ(server.Info(1, "Page rot"), "0");
+  EXPECT_EQ(server.Title(1), "Photos of June");
+  EXPECT_TRUE(server.Options(1).contains("media=A4")) << server.Options(1).join(' ').toStdString();
+  EXPECT_TRUE(server.Options(1).contains("print-scaling=none"));
+  EXPECT_TRUE(server.Options(1).filter("landscape").isEmpty());
+  PrintTwoPages(printing.Printer());
+  printing.Printer().NewPage();
+  printing.Printer().Print("third");
+  printing.Printer().EndDoc();
+  EXPECT_EQ(server.PagesOf(2), 3);
+}
+
+TEST_F(CupsTest, DroppedDocumentDoesNotArrive) {
+  QtPrinting printing(backend);
+  PrintTwoPages(printing.Printer());
+  printing.Printer().KillDoc();
+  printing.Printer().Print("another");
+  printing.Printer().EndDoc();
+  EXPECT_EQ(server.PagesOf(1), 1);
+}
+
+TEST_F(CupsTest, StoppedPrinterIsToldWithTheFirstPrint) {
+  QtPrinting printing(backend);
+  PrintSurface& page = printing.Printer();
+  server.Administer("cupsdisable", {"-r", "Paper jam", "Office"});
+  const RuntimeError stopped = ErrorOf([&] { page.Print(" "); });
+  EXPECT_EQ(stopped.Number(), error::DeviceIO);
+  EXPECT_EQ(stopped.Description(), "The printer \"Office\" is stopped: Paper jam");
+  EXPECT_FALSE(printing.IsReady("Office"));
+  server.Administer("cupsenable", {"Office"});
+  server.Administer("cupsreject", {"-r", "Closed today", "Office"});
+  const RuntimeError closed = ErrorOf([&] { page.Print(" "); });
+  EXPECT_EQ(closed.Number(), error::DeviceIO);
+  EXPECT_EQ(closed.Description(), "The printer \"Office\" takes no documents now: Closed today");
+  EXPECT_EQ(ErrorOf([&] { page.EndDoc(); }).Number(), error::None);
+}
+
+TEST_F(CupsTest, PrinterThatIsStoppedMeanwhileIsToldAtTheEnd) {
+  QtPrinting printing(backend);
+  PrintTwoPages(printing.Printer());
+  server.Administer("cupsdisable", {"-r", "Paper jam", "Office"});
+  const RuntimeError stopped = ErrorOf([&] { printing.Printer().EndDoc(); });
+  EXPECT_EQ(stopped.Number(), error::Printer);
+  EXPECT_EQ(stopped.Description(), "The printer \"Office\" is stopped: Paper jam");
+  EXPECT_EQ(ErrorOf([&] { printing.Printer().EndDoc(); }).Number(), error::None) << "the document is gone";
+}
+
+TEST_F(CupsTest, DeletedPrinterIsTold) {
+  QtPrinting printing(backend);
+  PrintTwoPages(printing.Printer());
+  server.Administer("lpadmin", {"-x", "Office"});
+  const RuntimeError gone = ErrorOf([&] { printing.Printer().EndDoc(); });
+  EXPECT_EQ(gone.Number(), error::Printer);
+  EXPECT_EQ(gone.Description(), "The printer \"Office\" is not there any more");
+}
+
+TEST_F(CupsTest, ServerThatHasGoneIsTold) {
+  QtPrinting printing(backend);
+  PrintTwoPages(printing.Printer());
+  server.Stop();
+  const RuntimeError gone = ErrorOf([&] { printing.Printer().EndDoc(); });
+  EXPECT_EQ(gone.Number(), error::Printer);
+  EXPECT_EQ(gone.Description(), "The print system does not answer");
+}
+
+TEST_F(CupsTest, SetupDialogOffersTheFilesPrinterAndCancelChangesNothing) {
+  QtPrinting printing(backend);
+  InSetup("Save as PDF", QDialogButtonBox::Cancel);
+  EXPECT_FALSE(printing.ShowPrintSetup());
+  EXPECT_EQ(printing.CurrentPrinterName(), "Office");
+  InSetup("Save as PDF", QDialogButtonBox::Ok);
+  EXPECT_TRUE(printing.ShowPrintSetup());
+  EXPECT_EQ(printing.CurrentPrinterName(), "Save as PDF");
+  InSetup("Office", QDialogButtonBox::Ok, [](QPrintDialog& dialog) {
+    EXPECT_EQ(dialog.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok)->text(), "OK");
+    dialog.findChild<QSpinBox*>("copies")->setValue(3);
+  });
+  printing.Printer().SetOrientation(2);
+  EXPECT_TRUE(printing.ShowPrintSetup());
+  EXPECT_EQ(printing.CurrentPrinterName(), "Office");
+  EXPECT_EQ(printing.Printer().SheetWidth(), 842 * 20) << "the orientation stays";
+  PrintTwoPages(printing.Printer());
+  printing.Printer().EndDoc();
+  EXPECT_EQ(server.PagesOf(1), 2);
+  EXPECT_TRUE(server.Options(1).filter("landscape").isEmpty());
+  EXPECT_EQ(server.Copies(1), 3);
+}
+
+TEST_F(QtTest, ServerThatNeverAnswersCostsAFewSecondsOnce) {
+  MutePort port;
+  cupsSetServer(QStringLiteral("127.0.0.1:%1").arg(port.Number()).toUtf8().constData());
+  QtPrinting printing(backend);
+  printing.SetTrackDefault(true);
+  printing.WhenDefaultIsKnown([](const std::string&) {});
+  EXPECT_FALSE(port.WasCalled()) << "nobody has asked for printers yet";
+  QElapsedTimer took;
+  took.start();
+  EXPECT_THAT(printing.PrinterNames(), ElementsAre("Save as PDF"));
+  EXPECT_TRUE(port.WasCalled());
+  EXPECT_LT(took.elapsed(), 15000);
+  took.start();
+  EXPECT_EQ(printing.CurrentPrinterName(), "Save as PDF");
+  EXPECT_LT(took.elapsed(), 1000);
+  cupsSetServer("127.0.0.1:1");
+}
+
+}  // namespace
+}  // namespace pixorra

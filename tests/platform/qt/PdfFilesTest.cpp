@@ -1,0 +1,188 @@
+// The printer that makes PDF files: it asks for the file once for each document, writes over nothing that it was not
+// told to, and leaves a whole file or none.
+#include <QComboBox>
+#include <QDialogButtonBox>
+#include <QDir>
+#include <QFile>
+#include <QFileDialog>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPageSetupDialog>
+#include <QPushButton>
+#include <QTemporaryDir>
+#include <gmock/gmock.h>
+
+#include "platform/qt/QtPrinting.h"
+#include "platform/runtime/Errors.h"
+#include "tests/platform/posix/PrivateMounts.h"
+#include "tests/platform/qt/QtTest.h"
+#include "tests/platform/qt/hands/Hands.h"
+
+namespace pixorra {
+namespace {
+
+using ::testing::HasSubstr;
+
+class PdfFilesTest : public QtTest {
+ protected:
+  PdfFilesTest() { printing.SetCurrentPrinter("Save as PDF"); }
+  QString Path(const QString& name = "out.pdf") const { return folder.filePath(name); }
+  QByteArray Content(const QString& name) const {
+    QFile file(Path(name));
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+  }
+  QStringList Left() const { return QDir(folder.path()).entryList(QDir::Files | QDir::Hidden | QDir::NoDotAndDotDot); }
+  template <typename Box>
+  static Box* Up() {
+    return qobject_cast<Box*>(QApplication::activeModalWidget());
+  }
+  // What the person does in the next dialog that asks for a file; an empty name cancels.
+  void TypeName(const QString& name) {
+    Hands::Meanwhile([] { return Up<QFileDialog>() != nullptr; },
+                     [this, name] {
+                       auto* const dialog = Up<QFileDialog>();
+                       proposed = QFileInfo(dialog->selectedFiles().value(0)).fileName();
+                       if (name.isEmpty()) return dialog->reject();
+                       dialog->findChild<QLineEdit*>("fileNameEdit")->setText(Path(name));
+                       QMetaObject::invokeMethod(dialog, "accept");
+                     });
+  }
+  // The next box is read and answered.
+  void AnswerBox(QMessageBox::StandardButton button) {
+    Hands::Meanwhile([] { return Up<QMessageBox>() != nullptr; },
+                     [this, button] {
+                       asked = Up<QMessageBox>()->text().toStdString();
+                       Up<QMessageBox>()->button(button)->click();
+                     });
+  }
+  static RuntimeError ErrorOf(const std::function<void()>& statement) {
+    try {
+      statement();
+    } catch (const RuntimeError& e) {
+      return e;
+    }
+    return RuntimeError(error::None);
+  }
+
+  QTemporaryDir folder;
+  QtPrinting printing{backend};
+  PrintSurface& page = printing.Printer();
+  QString proposed;
+  std::string asked;
+};
+
+TEST_F(PdfFilesTest, FileIsAskedForOnceForEachDocument) {
+  page.SetDocumentName("IMG_0042.JPG");
+  TypeName("one.pdf");
+  page.Print("first page");
+  EXPECT_EQ(proposed, "IMG_0042.pdf");
+  page.NewPage();
+  page.Print("second page");
+  page.EndDoc();
+  EXPECT_EQ(Left(), QStringList("one.pdf"));
+  TypeName("two");
+  page.Print("another document");
+  page.EndDoc();
+  EXPECT_EQ(Left(), QStringList({"one.pdf", "two.pdf"}));
+  EXPECT_EQ(QFile::permissions(Path("two.pdf")) & QFileDevice::ReadGroup, QFileDevice::ReadGroup)
+      << "it is as readable as the person's other files";
+}
+
+TEST_F(PdfFilesTest, CancelIsAPrinterErrorAndLeavesNothing) {
+  TypeName("");
+  EXPECT_EQ(ErrorOf([&] { page.Print(" "); }).Number(), error::Printer);
+  EXPECT_EQ(ErrorOf([&] { page.EndDoc(); }).Number(), error::None);
+  EXPECT_TRUE(Left().isEmpty());
+}
+
+TEST_F(PdfFilesTest, FileThatIsThereIsWrittenOverOnlyAfterAYes) {
+  QFile old(Path("out.pdf"));
+  ASSERT_TRUE(old.open(QIODevice::WriteOnly) && old.write("an older one") > 0);
+  old.close();
+  TypeName("out");
+  AnswerBox(QMessageBox::No);
+  Hands::Meanwhile([this] { return !asked.empty() && Up<QFileDialog>() != nullptr; },
+                   [] { Up<QFileDialog>()->reject(); });
+  EXPECT_EQ(ErrorOf([&] { page.Print("new"); }).Number(), error::Printer);
+  EXPECT_THAT(asked, HasSubstr("out.pdf"));
+  EXPECT_EQ(Content("out.pdf"), "an older one");
+  TypeName("out.pdf");
+  AnswerBox(QMessageBox::Yes);
+  page.Print("new");
+  EXPECT_EQ(Content("out.pdf"), "an older one") << "not before the document's end";
+  page.EndDoc();
+  EXPECT_TRUE(Content("out.pdf").startsWith("%PDF"));
+}
+
+TEST_F(PdfFilesTest, FileThatAppearsMeanwhileIsNotWrittenOver) {
+  TypeName("out.pdf");
+  page.Print("new");
+  QFile other(Path("out.pdf"));
+  ASSERT_TRUE(other.open(QIODevice::WriteOnly) && other.write("of somebody else") > 0);
+  other.close();
+  const RuntimeError error = ErrorOf([&] { page.EndDoc(); });
+  EXPECT_EQ(error.Number(), error::FileExists);
+  EXPECT_THAT(error.Description(), HasSubstr("out.pdf"));
+  EXPECT_EQ(Content("out.pdf"), "of somebody else");
+  EXPECT_EQ(Left(), QStringList("out.pdf"));
+}
+
+TEST_F(PdfFilesTest, FolderThatCannotBeWrittenIsToldAndAnotherNameAskedFor) {
+  TypeName("no/such/out.pdf");
+  AnswerBox(QMessageBox::Ok);
+  Hands::Meanwhile([this] { return !asked.empty() && Up<QFileDialog>() != nullptr; },
+                   [this] {
+                     Up<QFileDialog>()->findChild<QLineEdit*>("fileNameEdit")->setText(Path("here.pdf"));
+                     QMetaObject::invokeMethod(Up<QFileDialog>(), "accept");
+                   });
+  page.Print("a page");
+  EXPECT_THAT(asked, HasSubstr("No such file"));
+  page.EndDoc();
+  EXPECT_EQ(Left(), QStringList("here.pdf"));
+}
+
+TEST_F(PdfFilesTest, FullDiskIsToldAtTheEndAndLeavesNothing) {
+  QDir(folder.path()).mkdir("disk");
+  const MemoryDisk disk(Path("disk").toStdString(), "size=256k");
+  if (!disk.Mounted()) GTEST_SKIP() << "this machine allows no mounts";
+  TypeName("disk/out.pdf");
+  Bitmap noise(900, 700, PixelFormat::Bgr24);
+  unsigned seed = 1;
+  for (int y = 0; y < 700; ++y) {
+    for (int x = 0; x < 2700; ++x)
+      noise.Row(y)[x] = static_cast<std::uint8_t>((seed = seed * 1103515245 + 12345) >> 16);
+  }
+  page.PaintPicture(Picture(std::move(noise)), 0, 0, 8000, 6000, 0, 0, 13500, 10500);
+  const RuntimeError error = ErrorOf([&] { page.EndDoc(); });
+  EXPECT_EQ(error.Number(), error::DiskFull);
+  EXPECT_THAT(error.Description(), HasSubstr("out.pdf"));
+  EXPECT_THAT(error.Description(), HasSubstr("No space left"));
+  EXPECT_TRUE(QDir(Path("disk")).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot).isEmpty());
+  EXPECT_EQ(ErrorOf([&] { page.EndDoc(); }).Number(), error::None) << "the document is gone";
+}
+
+TEST_F(PdfFilesTest, SetupChangesThePaperAndCancelChangesNothing) {
+  const auto choose = [](const QString& paper, bool accept) {
+    Hands::Meanwhile([] { return Up<QPageSetupDialog>() != nullptr; },
+                     [paper, accept] {
+                       auto* const sizes = Up<QPageSetupDialog>()->findChild<QComboBox*>("pageSizeCombo");
+                       ASSERT_NE(sizes, nullptr);
+                       sizes->setCurrentIndex(sizes->findText(paper, Qt::MatchStartsWith));
+                       const auto button = accept ? QDialogButtonBox::Ok : QDialogButtonBox::Cancel;
+                       Up<QPageSetupDialog>()->findChild<QDialogButtonBox*>()->button(button)->click();
+                     });
+  };
+  page.SetOrientation(2);
+  choose("A5", false);
+  EXPECT_FALSE(printing.ShowProperties("Save as PDF"));
+  EXPECT_EQ(page.PaperSize(), 9);
+  choose("A5", true);
+  EXPECT_TRUE(printing.ShowProperties("Save as PDF"));
+  EXPECT_EQ(page.PaperSize(), 11);
+  EXPECT_EQ(page.SheetWidth(), 595 * 20) << "the orientation stays";
+  EXPECT_EQ(page.SheetHeight(), 420 * 20);
+}
+
+}  // namespace
+}  // namespace pixorra
