@@ -197,7 +197,7 @@ TEST_P(LookTest, EveryTextOfTheAboutWindowTheSplashAndTheReadMeIsReadable) {
   run.Wait(0.2);
   LookAt text(readme.Window);
   EXPECT_THAT(text.Faults(), IsEmpty());
-  EXPECT_EQ(text.Texts(), 1);
+  EXPECT_EQ(text.Texts(), 2);
 }
 
 TEST_P(LookTest, EveryTextOfTheBrowserIsReadableInEachOfItsWays) {
