@@ -7,7 +7,6 @@
 #include "platform/services/Dialogs.h"
 #include "platform/services/Printing.h"
 #include "printing/PrintUnits.h"
-#include "window/CoreState.h"
 #include "window/MainForm.h"
 
 namespace pixorra {
@@ -22,13 +21,16 @@ void RunPrintJob(MainForm& main, const std::function<void()>& job) {
   job();
 }
 
-bool BeginDocument(MainForm& main) {
+bool BeginDocument(MainForm& main, const std::string& name) {
   PrintSurface& printer = main.host.printing.Printer();
+  ErrorsIgnored([&] { printer.SetDocumentName(name.empty() ? ApplicationTitle : name); });
   ErrorsIgnored([&] { printer.SetScaleMode(ScaleInTwips); });
   ErrorsIgnored([&] { printer.SetOrientation(Landscape); });
   try {
     printer.Print(" ");
-    return true;
+    // Who prints into a file is asked for its name there, and may end the program meanwhile.
+    if (main.host.toolkit.Ended()) printer.KillDoc();
+    return !main.host.toolkit.Ended();
   } catch (const RuntimeError& failure) {
     ErrorsIgnored([&] { printer.EndDoc(); });
     ErrorsIgnored([&] { printer.SetOrientation(Portrait); });

@@ -3,6 +3,7 @@
 #include <functional>
 #include <string>
 
+#include "base/ShownNames.h"
 #include "pictures/PictureLoader.h"
 #include "pictures/Scratch.h"
 #include "platform/controls/FileListBox.h"
@@ -101,6 +102,7 @@ void RunJob(MainForm& main, const std::function<void(PictureBox& photo)>& compos
     try {
       compose(elements.Photo());
       PrintSurface& printer = main.host.printing.Printer();
+      if (main.host.toolkit.Ended()) printer.KillDoc();
       printer.EndDoc();
       main.Window.SetMousePointer(pointer::Default);
       printer.SetOrientation(Portrait);
@@ -113,16 +115,17 @@ void RunJob(MainForm& main, const std::function<void(PictureBox& photo)>& compos
   UnloadNotice(main);
 }
 
-// True: the document has been begun.
-bool AskAndBegin(MainForm& main, const std::function<void()>& askZoom) {
+// False: cancelled.
+bool Asked(MainForm& main, const std::function<void()>& askZoom) {
   main.Window.SetMousePointer(pointer::Hourglass);
   askZoom();
   main.Window.SetMousePointer(pointer::Default);
-  return main.core.PrintZoom != 0 && !main.host.toolkit.Ended() && BeginDocument(main);
+  return main.core.PrintZoom != 0 && !main.host.toolkit.Ended();
 }
 
 void PrintSelected(MainForm& main) {
-  if (!AskAndBegin(main, [&main] { AskZoomOfSelected(main); })) return;
+  if (!Asked(main, [&main] { AskZoomOfSelected(main); })) return;
+  if (!BeginDocument(main, ShownFileName(main.host.files, SelectedPhoto(main.preview)))) return;
   ConfirmForm::Of(main).ConfirmPrint("Printing Photo");
   RunJob(main, [&main](PictureBox& photo) {
     const std::string path = SelectedPhoto(main.preview);
@@ -132,7 +135,8 @@ void PrintSelected(MainForm& main) {
 }
 
 void PrintBatch(MainForm& main, BatchSource source) {
-  if (!AskAndBegin(main, [&main, source] { AskZoomOfBatch(main, source); })) return;
+  if (!Asked(main, [&main, source] { AskZoomOfBatch(main, source); })) return;
+  if (!BeginDocument(main, ShownFolderName(main.host.files, PhotoList(main, source).Path()))) return;
   const int count = PhotoList(main, source).ListCount();
   main.core.PrintAborted = false;
   RunJob(main, [&main, source, count](PictureBox& photo) {

@@ -125,13 +125,17 @@ void ViewReadmeForm::PrintButton_Click() {
   const std::string text = ReadmeTextbox.Text();
   if (!OrElse(false, [&] { return host.printing.ShowPrintDialog(); }) || host.toolkit.Ended()) return;
   PrintSurface& printer = host.printing.Printer();
-  // A printer that cannot be had, or that its user has thought better of, is passed over in silence.
-  if (ErrorsIgnored([&] { BeginText(printer); }) != error::None) return;
+  printer.SetDocumentName("Pixorra - Read Me");
+  bool begun = false;
   try {
+    BeginText(printer);
+    begun = true;
     PrintText(printer, text);
     printer.EndDoc();
   } catch (const RuntimeError& failure) {
-    ErrorsIgnored([&] { printer.EndDoc(); });
+    printer.KillDoc();
+    // A document that its user has thought better of is passed over in silence.
+    if (!begun && failure.Number() == error::Printer) return;
     host.dialogs.MsgBox(ErrorReport(failure), BoxIcon::Exclamation, BoxButtons::Ok, "Can't Print");
   }
 }

@@ -14,13 +14,6 @@ using ::testing::IsEmpty;
 
 class PrintPhotoFormTest : public PrintTest {
  protected:
-  // The one photo of a strip, selected.
-  void SelectPhoto(const std::string& name) {
-    LoadStrip({name});
-    Select(1);
-  }
-  void Print() { person.ChooseMenu(main.menu.PrintSelectedPhotoMenuItem); }
-  void Batch() { person.ChooseMenu(main.menu.BatchPrintFilmStripMenuItem); }
   void BatchFolder() {
     person.ExpectMenu(main.menu.PrintPopupMenu, &main.menu.IndividualsOpenFolderPrintPopupMenuItem);
     person.RightClick(main.strip.PrintButton);

@@ -15,6 +15,7 @@
 #include "window/DesktopState.h"
 #include "window/FilmStripState.h"
 #include "window/MenuBar.h"
+#include "window/PicturesState.h"
 
 namespace pixorra {
 
@@ -42,6 +43,11 @@ class PrintTest : public ProgramTest {
     for (const std::string& name : names) MakeByName(InFolder(name));
     Select_a_Folder(main, Display_a_New_Folder(main, "C:\\Home\\F"));
     run.LoadAll();
+  }
+  // The one photo of a strip, selected.
+  void SelectPhoto(const std::string& name) {
+    LoadStrip({name});
+    Select(1);
   }
   void Select(int slot) { person.Click(main.strip.SrcThumbnail(slot)); }
 
@@ -80,6 +86,20 @@ class PrintTest : public ProgramTest {
       look(hand, form);
       hand.Click(Find<CommandButton>(form, "CancelButton"));
     });
+  }
+
+  void Print() { person.ChooseMenu(main.menu.PrintSelectedPhotoMenuItem); }
+  void Batch() { person.ChooseMenu(main.menu.BatchPrintFilmStripMenuItem); }
+  const Form* Notice() const { return person.Window("ConfirmForm"); }
+  // Scratch elements, notice, pointer and orientation, as after a job that has come to its end.
+  void ExpectAllPutBack() {
+    EXPECT_EQ(main.pictures.TempPic.UBound(), 0);
+    EXPECT_EQ(main.pictures.TempImage.UBound(), 0);
+    EXPECT_EQ(Notice(), nullptr);
+    EXPECT_EQ(main.Window.MousePointer(), pointer::Default);
+    EXPECT_EQ(printing.Orientation(), 1);
+    EXPECT_FALSE(printing.OpenDocument());
+    EXPECT_FALSE(main.core.PrintJobRuns);
   }
 
   const std::vector<PrintedDocument>& Documents() const { return printing.Documents(); }

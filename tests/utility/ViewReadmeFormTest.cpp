@@ -194,6 +194,28 @@ TEST_F(ViewReadmeFormTest, APrinterThatCannotBeHadIsPassedOverInSilence) {
   EXPECT_FALSE(main.core.PrintJobRuns);
 }
 
+TEST_F(ViewReadmeFormTest, WhatThePrinterRefusesIsToldWithItsReasonAndTheWindowStays) {
+  ViewReadmeForm& form = Shown();
+  HeadlessPrinting& printing = run.platform.printing;
+  printing.Printers[0].Refusal = "The printer is stopped.";
+  printing.ExpectPrintDialog(true);
+  run.person.ExpectBox("Can't Print", "Error 57: The printer is stopped.");
+  run.person.Click(form.PrintButton);
+  printing.Printers[0].Refusal.clear();
+  printing.Printers[0].EndError = error::DiskFull;
+  printing.Printers[0].EndReason = "The disk is full.";
+  printing.ExpectPrintDialog(true);
+  run.person.ExpectBox("Can't Print", "Error 61: The disk is full.");
+  run.person.Click(form.PrintButton);
+  EXPECT_TRUE(form.Window.Visible());
+  EXPECT_FALSE(printing.OpenDocument());
+  EXPECT_FALSE(main.core.PrintJobRuns);
+  printing.Printers[0].EndError = error::None;
+  printing.ExpectPrintDialog(true);
+  run.person.Click(form.PrintButton);
+  EXPECT_EQ(printing.Documents().back().Name, "Pixorra - Read Me");
+}
+
 TEST_F(ViewReadmeFormTest, WhileAPhotoIsPrintedPrintBeeps) {
   ViewReadmeForm& form = Shown();
   main.core.PrintJobRuns = true;
