@@ -47,7 +47,7 @@ key_in "$asking" Escape
 wait_for_no_window "PDF"
 [ -z "$(find "$HOME" -name '*.pdf*')" ] || fail "a file is left of what was not printed"
 
-# Smaller by key, and printed.
+# And printed.
 key_in "$window" F2
 dialog=$(wait_for_window "Print Selected Photo - ")
 key_in "$dialog" Return
