@@ -7,6 +7,7 @@
 #include "platform/services/Dialogs.h"
 #include "platform/services/Printing.h"
 #include "printing/PrintUnits.h"
+#include "window/CoreState.h"
 #include "window/MainForm.h"
 
 namespace pixorra {
@@ -21,9 +22,8 @@ void RunPrintJob(MainForm& main, const std::function<void()>& job) {
   job();
 }
 
-bool BeginDocument(MainForm& main, const std::string& name) {
+bool BeginDocument(MainForm& main) {
   PrintSurface& printer = main.host.printing.Printer();
-  ErrorsIgnored([&] { printer.SetDocumentName(name.empty() ? ApplicationTitle : name); });
   ErrorsIgnored([&] { printer.SetScaleMode(ScaleInTwips); });
   ErrorsIgnored([&] { printer.SetOrientation(Landscape); });
   try {

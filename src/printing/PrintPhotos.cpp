@@ -123,9 +123,14 @@ bool Asked(MainForm& main, const std::function<void()>& askZoom) {
   return main.core.PrintZoom != 0 && !main.host.toolkit.Ended();
 }
 
+bool BeginNamed(MainForm& main, const std::string& name) {
+  main.host.printing.Printer().SetDocumentName(name.empty() ? ApplicationTitle : name);
+  return BeginDocument(main);
+}
+
 void PrintSelected(MainForm& main) {
   if (!Asked(main, [&main] { AskZoomOfSelected(main); })) return;
-  if (!BeginDocument(main, ShownFileName(main.host.files, SelectedPhoto(main.preview)))) return;
+  if (!BeginNamed(main, ShownFileName(main.host.files, SelectedPhoto(main.preview)))) return;
   ConfirmForm::Of(main).ConfirmPrint("Printing Photo");
   RunJob(main, [&main](PictureBox& photo) {
     const std::string path = SelectedPhoto(main.preview);
@@ -136,7 +141,7 @@ void PrintSelected(MainForm& main) {
 
 void PrintBatch(MainForm& main, BatchSource source) {
   if (!Asked(main, [&main, source] { AskZoomOfBatch(main, source); })) return;
-  if (!BeginDocument(main, ShownFolderName(main.host.files, PhotoList(main, source).Path()))) return;
+  if (!BeginNamed(main, ShownFolderName(main.host.files, PhotoList(main, source).Path()))) return;
   const int count = PhotoList(main, source).ListCount();
   main.core.PrintAborted = false;
   RunJob(main, [&main, source, count](PictureBox& photo) {
