@@ -110,6 +110,7 @@ void PrintPhotoForm::ShowFor(const std::string& caption) {
   PrintHeaderCheckbox.SetValue(main_.core.PrintPhotoInfo ? 1 : 0);
   ArrangePageLayout();
   ZoomFactorBar.SetValue(FirstZoom);
+  ZoomFactorBar.SetFocus();
   ShowDialog(Window, main_.Window);
   main_.core.PrintPhotoInfo = PrintHeaderCheckbox.Value() == 1;
 }

@@ -67,6 +67,7 @@ TEST_F(PrintPhotoFormTest, ItNamesThePhotoThePrinterAndThePaper) {
     EXPECT_EQ(Find<Label>(form, "PaperTypeLabel").ToolTipText(), "Letter, 8 1/2 x 11 in.");
     EXPECT_EQ(Find<Label>(form, "DpiLabel").ToolTipText(), "Resolution: Dots per Inch");
     EXPECT_EQ(Find<CommandButton>(form, "PrintButton").Caption(), "&Print Now");
+    EXPECT_TRUE(Find<ScrollBar>(form, "ZoomFactorBar").HasFocus()) << "the arrow keys are the slider's at once";
   });
   Print();
 }

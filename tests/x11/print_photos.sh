@@ -47,14 +47,18 @@ key_in "$asking" Escape
 wait_for_no_window "PDF"
 [ -z "$(find "$HOME" -name '*.pdf*')" ] || fail "a file is left of what was not printed"
 
-# And printed.
+# And printed, two steps of the slider smaller: its pixels are closer together than at first.
 key_in "$window" F2
 dialog=$(wait_for_window "Print Selected Photo - ")
+key_in "$dialog" Left
+key_in "$dialog" Left
 key_in "$dialog" Return
 name_file "$HOME/one.pdf"
 within 20 exists "$HOME/one.pdf" || fail "the photo is not printed"
 wait_for_no_window "PDF"
 [ "$(pages "$HOME/one.pdf")" = 1 ] || fail "the photo has $(pages "$HOME/one.pdf") pages"
+dots=$(pdfimages -list "$HOME/one.pdf" | awk 'NR == 3 { print $13 }')
+case "$dots" in 49 | 50 | 51) ;; *) fail "the photo is printed with $dots dots to the inch" ;; esac
 
 # All, by the button's menu: its second entry, and the first below that.
 xdotool mousemove --window "$window" --sync 552 186 click 3
