@@ -1,5 +1,7 @@
 #include "pictures/PaintPhoto.h"
 
+#include <vector>
+
 #include "base/Routines.h"
 #include "pictures/Fit.h"
 #include "pictures/PictureLoader.h"
@@ -109,6 +111,14 @@ void ComposeImage(Host& host, Scratch<PictureBox>& canvas, ImageBox& photo, Imag
   painted.ok = true;
 }
 
+Pictures::PaintedSizes SizesFor(PixelSize target) {
+  return [target](int width, int height) {
+    std::vector<PixelSize> sizes;
+    ErrorsIgnored([&] { sizes.push_back(StretchedSize(target, {width, height})); });
+    return sizes;
+  };
+}
+
 }  // namespace
 
 void PaintThumbnail(MainForm& main, ImageBox& target, const std::string& path, bool& bDragged) {
@@ -152,13 +162,17 @@ PixelSize StretchedSize(PixelSize target, PixelSize photo) {
   return fitted.Fills ? target : PixelSize{CLng(fitted.Width), CLng(fitted.Height)};
 }
 
-PaintedImage PaintImage(MainForm& main, const std::string& path, ImageBox& target, Colour backColour) {
+PaintedImage PaintImage(MainForm& main, const std::string& path, ImageBox& target, Colour backColour,
+                        PhotoDecode decode) {
   const int scratch = NextScratchIndex(main.pictures);
   const Scratch<ImageBox> photo(main.pictures.TempImage, scratch);
   Scratch<PictureBox> canvas(main.pictures.TempPic, scratch);
   const Watch<ImageBox> alive(target);
   PaintedImage painted;
-  const bool loaded = LoadPictureFile(main, path, *photo, false, &painted.decoded);
+  const bool loaded =
+      decode == PhotoDecode::Whole
+          ? LoadPictureFile(main, path, *photo, false, &painted.decoded)
+          : LoadPictureToPaint(main, path, *photo, SizesFor({target.Width(), target.Height()}), &painted.decoded);
   if (!alive) return painted;
   if (loaded) {
     ErrorsIgnored([&] { ComposeImage(main.host, canvas, *photo, target, backColour, painted); });

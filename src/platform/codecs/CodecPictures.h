@@ -21,6 +21,7 @@ class CodecPictures final : public Pictures {
 
   Picture Load(const std::string& path) override;
   Picture Load(File& file) override;
+  Picture LoadToPaint(File& file, const PaintedSizes& sizes) override;
   Picture FromBytes(std::span<const std::uint8_t> file) override;
   std::vector<std::uint8_t> BitmapFile(const Picture& picture) override;
   void Save(const Picture& picture, const std::string& path) override;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <span>
 #include <string>
 #include <vector>
@@ -21,6 +22,13 @@ class Pictures {
   virtual Picture Load(const std::string& path) = 0;
   // The same of an open file.
   virtual Picture Load(File& file) = 0;
+  // The sizes in which a photo of that size is going to be painted whole.
+  using PaintedSizes = std::function<std::vector<PixelSize>(int width, int height)>;
+  // The same of a photo that is going to be painted in these sizes alone. It has the size that Load gives it, and
+  // painted in one of these it looks as it would after Load, give or take what its finest lines become, but it is
+  // decoded only as large as they need; without any sizes, only to know that there is something to show. Painted in
+  // another size it is decoded whole then. Raises as Load does.
+  virtual Picture LoadToPaint(File& file, const PaintedSizes& sizes) = 0;
   // The picture in such a file's bytes. Raises BadPicture and OutOfMemory, as Load does.
   virtual Picture FromBytes(std::span<const std::uint8_t> file) = 0;
   // A 24-bit bottom-up bitmap file: 54 bytes of header, then the rows. Raises BadPropertyValue for a
