@@ -53,25 +53,25 @@ constexpr int TextMargin = 5;
 constexpr int CellMargin = 10;
 constexpr int CaptionRise = 8;
 
-struct ShownCell {
-  Picture Thumbnail;
-  std::string Caption;
+struct ShownSlots {
+  const ControlArray<ImageBox>& Thumbnails;
+  const ControlArray<Label>& Names;
+  int Count = 0;
+
+  // The next one after this one that holds a photo: those of photos that have gone are passed over. 0: there is none.
+  // Raises NoSuchElement for one that is not there yet.
+  int After(int slot) const {
+    while (++slot <= Count) {
+      if (!Thumbnails(slot).Tag().empty()) return slot;
+    }
+    return 0;
+  }
 };
 
-// The next slot after this one that holds a photo: those of photos that have gone are passed over. 0: there is none.
-// Raises NoSuchElement for a slot that is not there yet.
-int SlotAfter(const MainForm& main, BatchSource source, int slot) {
-  while (++slot <= LoadedCount(main, source)) {
-    if (!LoadedPhoto(main, source, slot).empty()) return slot;
-  }
-  return 0;
-}
-
-// Raises NoSuchElement where that slot is not there yet.
-ShownCell CellOf(const MainForm& main, BatchSource source, int slot) {
-  if (source == BatchSource::FilmStrip)
-    return {main.strip.SrcThumbnail(slot).GetPicture(), main.strip.SrcThumbName(slot).Caption()};
-  return {main.desk.DestThumbnail(slot).GetPicture(), main.desk.DestThumbName(slot).Caption()};
+ShownSlots SlotsOf(const MainForm& main, BatchSource source) {
+  const int count = LoadedCount(main, source);
+  if (source == BatchSource::FilmStrip) return {main.strip.SrcThumbnail, main.strip.SrcThumbName, count};
+  return {main.desk.DestThumbnail, main.desk.DestThumbName, count};
 }
 
 }  // namespace
@@ -247,27 +247,30 @@ void PrintProofForm::PaintHeader() {
 void PrintProofForm::PaintCells(int cellWidth, int cellHeight) {
   const int across = ProofSizeBar.Value();
   PagePreview.SetFont({PageFont, (10 - across) / 2.0, false});
-  int slot = SlotAfter(main_, source_, 0);
+  const ShownSlots slots = SlotsOf(main_, source_);
+  int slot = slots.After(0);
   const int passed = PagesBox.ListIndex() >= 1 ? across * across * (PagesBox.ListIndex() - 1) : 0;
-  for (int photo = 0; photo < passed && slot != 0; ++photo) slot = SlotAfter(main_, source_, slot);
+  for (int photo = 0; photo < passed && slot != 0; ++photo) slot = slots.After(slot);
   for (int row = 0; row < across; ++row) {
     for (int column = 0; column < across; ++column) {
-      PaintCell(slot, {column * cellWidth + CellMargin, row * cellHeight + CellMargin, cellWidth, cellHeight});
-      if (slot != 0) slot = SlotAfter(main_, source_, slot);
+      const Picture thumbnail = slot != 0 ? slots.Thumbnails(slot).GetPicture() : Picture();
+      const std::string caption = slot != 0 ? slots.Names(slot).Caption() : " ";
+      PaintCell(thumbnail, caption,
+                {column * cellWidth + CellMargin, row * cellHeight + CellMargin, cellWidth, cellHeight});
+      if (slot != 0) slot = slots.After(slot);
     }
   }
 }
 
-// Slot 0: there is no photo for it.
-void PrintProofForm::PaintCell(int slot, const Rect& at) {
-  const ShownCell cell = slot != 0 ? CellOf(main_, source_, slot) : ShownCell{{}, " "};
-  if (cell.Thumbnail.IsNothing()) {
+// Nothing: the cell is blank.
+void PrintProofForm::PaintCell(const Picture& thumbnail, const std::string& caption, const Rect& at) {
+  if (thumbnail.IsNothing()) {
     PagePreview.Box(at.Left - 5, at.Top - 5, at.Right(), at.Bottom(), White, true);
   } else {
-    PagePreview.PaintPicture(cell.Thumbnail, at.Left, at.Top, at.Width - CellMargin, at.Height - CellMargin);
+    PagePreview.PaintPicture(thumbnail, at.Left, at.Top, at.Width - CellMargin, at.Height - CellMargin);
   }
-  const double left = (at.Width - PagePreview.TextWidth(cell.Caption) - CellMargin) / 2 + at.Left;
-  PagePreview.PrintAt(left, at.Bottom() - CaptionRise, cell.Caption);
+  const double left = (at.Width - PagePreview.TextWidth(caption) - CellMargin) / 2 + at.Left;
+  PagePreview.PrintAt(left, at.Bottom() - CaptionRise, caption);
 }
 
 // What a photo as large as the first one gets, printed across a whole cell.

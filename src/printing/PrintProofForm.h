@@ -2,6 +2,8 @@
 // to scale.
 #pragma once
 
+#include <string>
+
 #include "platform/controls/Buttons.h"
 #include "platform/controls/Form.h"
 #include "platform/controls/ImageBox.h"
@@ -59,7 +61,7 @@ class PrintProofForm {
   void PaintProofPreview();
   void PaintHeader();
   void PaintCells(int cellWidth, int cellHeight);
-  void PaintCell(int slot, const Rect& at);
+  void PaintCell(const Picture& thumbnail, const std::string& caption, const Rect& at);
   void ShowResolution(int cellWidth);
 
   MainForm& main_;

@@ -115,9 +115,10 @@ std::optional<RuntimeError> ProofSheets::Run() {
     MeasureFirstPhoto();
     DividePage();
     PrintSheets();
-    // What is open when the program ends is not printed.
+    // The program's end prints nothing more.
     if (!main_.host.toolkit.Ended()) printer_.EndDoc();
   } catch (const RuntimeError& failure) {
+    ErrorsIgnored([this] { printer_.KillDoc(); });
     return failure;
   }
   return {};
@@ -248,7 +249,10 @@ void TellFailure(MainForm& main, const RuntimeError& failure) {
 void PrintProofSheets(MainForm& main, BatchSource source) {
   RunPrintJob(main, [&main, source] {
     const ProofChoice choice = AskForProofs(main, source);
-    if (choice.Size == 0 || !BeginDocument(main)) return;
+    if (choice.Size == 0 || main.host.toolkit.Ended()) return;
+    const std::string folder = PhotoList(main, source).Path();
+    main.host.printing.Printer().SetDocumentName("Proof sheets of " + ShownFolderName(main.host.files, folder));
+    if (!BeginDocument(main)) return;
     const std::optional<RuntimeError> failure = ProofSheets(main, source, choice).Run();
     if (failure) TellFailure(main, *failure);
   });
