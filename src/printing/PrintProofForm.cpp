@@ -97,7 +97,7 @@ void PrintProofForm::Define() {
   ProofSizeBar.SetAccessibleName("Photos across the page");
   Label1.SetCaption("Adjust Proof Size");
   PageLabel.SetCaption("Page:");
-  PageLabel.SetAlignment(Alignment::Right);
+  PageLabel.SetAlignment(Alignment::Center);
   PagesBox.SetAccessibleName("Page");
   Frame1.SetCaption("Current Printer");
   PrinterNameLabel.SetShortensInMiddle(true);

@@ -229,6 +229,7 @@ PixelSize ProofSheets::RenderSize() const {
     default:
       break;
   }
+  // Deliberate: the first photo's shape as well, so that an upright one that is smaller than this widens all photos.
   const bool isFiner = first_ && (size.Width > first_->Width || size.Height > first_->Height);
   return isFiner ? *first_ : size;
 }

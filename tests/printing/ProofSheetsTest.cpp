@@ -203,6 +203,18 @@ TEST_F(ProofSheetsTest, ASmallFirstPhotoLimitsAllCellsOfTheJob) {
   EXPECT_EQ(PicturesOf(Page(1)).at(1).Painted.Width(), 600);
 }
 
+TEST_F(ProofSheetsTest, ASmallUprightFirstPhotoGivesAllCellsItsShapeToo) {
+  drive.MakeFolder(Strip);
+  drive.Write(std::string(Strip) + "\\" + NameOf(1), JpegPhoto(480, 640));
+  drive.Write(std::string(Strip) + "\\" + NameOf(2), JpegPhoto(800, 600));
+  ShowStrip();
+  Print(6);
+  for (const PrintedItem& picture : PicturesOf(Page(1))) {
+    EXPECT_EQ(picture.Painted.Width(), 480);
+    EXPECT_EQ(picture.Painted.Height(), 640);
+  }
+}
+
 TEST_F(ProofSheetsTest, AFirstPhotoThatCannotBeLoadedInTheMeantimeLimitsNothing) {
   MakePhotos(Strip, 2, 800, 600);
   ShowStrip();
