@@ -182,7 +182,7 @@ ProofChoice PrintProofForm::GetProofSize(BatchSource source) {
     ArrangeProofLayout();
     FillPagesBox();
     PaintProofPreview();
-    PrintButton.SetFocus();
+    ProofSizeBar.SetFocus();
     ShowDialog(Window, main_.Window);
   }
   const int chosen = PagesBox.ListIndex();

@@ -1,5 +1,6 @@
 #include "printing/ProofSheets.h"
 
+#include <new>
 #include <optional>
 #include <string>
 #include <vector>
@@ -115,11 +116,17 @@ std::optional<RuntimeError> ProofSheets::Run() {
     MeasureFirstPhoto();
     DividePage();
     PrintSheets();
-    // The program's end prints nothing more.
-    if (!main_.host.toolkit.Ended()) printer_.EndDoc();
+    if (main_.host.toolkit.Ended()) {
+      printer_.KillDoc();
+    } else {
+      printer_.EndDoc();
+    }
   } catch (const RuntimeError& failure) {
     ErrorsIgnored([this] { printer_.KillDoc(); });
     return failure;
+  } catch (const std::bad_alloc&) {
+    ErrorsIgnored([this] { printer_.KillDoc(); });
+    return RuntimeError(error::OutOfMemory);
   }
   return {};
 }
@@ -262,7 +269,7 @@ void PrintProofSheets(MainForm& main, BatchSource source) {
 void PrintProofOpenFolderMenuItem_Click(MainForm& main) {
   if (main.desk.OpenFolderIndex == 0) {
     main.host.dialogs.MsgBox("No Folder is Open.\r\nTry opening a folder first.", BoxIcon::Exclamation, BoxButtons::Ok,
-                             "Can't Print Proof Sheets");
+                             FailureTitle);
     return;
   }
   PrintProofSheets(main, BatchSource::OpenFolder);

@@ -375,10 +375,12 @@ TEST_F(PrintProofFormTest, ADocumentLeftOverIsEndedWhenItOpens) {
   EXPECT_THAT(printing.Documents(), SizeIs(1));
 }
 
-TEST_F(PrintProofFormTest, ItOpensWithTheFocusOnPrintAndTheSliderWorksByKey) {
+TEST_F(PrintProofFormTest, ItOpensWithTheFocusOnTheSliderWhichWorksByKey) {
   LoadStrip(5);
   Look([&] {
-    EXPECT_TRUE(form->PrintButton.HasFocus());
+    EXPECT_TRUE(form->ProofSizeBar.HasFocus());
+    person.Key(key::Right);
+    EXPECT_EQ(form->ProofSizeBar.Value(), 3);
     EXPECT_TRUE(form->PrintButton.IsDefault());
     EXPECT_TRUE(form->CancelButton.IsCancel());
     EXPECT_EQ(form->ProofSizeBar.SmallChange(), 1);

@@ -351,6 +351,7 @@ TEST_F(ProofSheetsTest, AWindowThatIsClosedMeanwhileEndsTheJobAndNothingComesOut
   Print(2);
   EXPECT_TRUE(run.host.toolkit.Ended());
   EXPECT_THAT(printing.Documents(), IsEmpty());
+  EXPECT_FALSE(printing.OpenDocument());
 }
 
 TEST_F(ProofSheetsTest, TheOpenFolderHasSheetsOfItsOwn) {
