@@ -7,6 +7,7 @@
 #include <cstring>
 
 #include "platform/controls/Events.h"
+#include "platform/runtime/Errors.h"
 
 namespace pixorra {
 
