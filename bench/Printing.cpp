@@ -118,7 +118,7 @@ int MeasureSheet(int argc, char** argv) {
   const QString host = QString::fromStdString(drive.HostRoot());
   const QString printed = host + "/sheet.pdf";
   const QString plain = host + "/plain.pdf";
-  run.qt.printing.PrintToFile(printed.toStdString());
+  run.qt.PrintToFile(printed.toStdString());
   QStringList photos;
   const FileListBox& list = run.main.strip.SrcFileList;
   for (int i = 0; i < list.ListCount(); ++i) photos << host + "/Strip/" + QString::fromStdString(list.List(i));
@@ -156,7 +156,7 @@ int MeasureBatch(int argc, char** argv) {
   WindowRun run(argc, argv, drive);
   BeginStrip(run, drive, argv[2], 1000);
   const QString printed = QString::fromStdString(drive.HostRoot()) + "/batch.pdf";
-  run.qt.printing.PrintToFile(printed.toStdString());
+  run.qt.PrintToFile(printed.toStdString());
   const Answer answer(run.qt.toolkit, "PrintPhotoForm");
   PeakMemory();
   PrintPhotoBatch(run.main, BatchSource::FilmStrip);
