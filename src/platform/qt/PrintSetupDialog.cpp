@@ -51,6 +51,14 @@ void HidePartOf(const QWidget& dialog, const char* control) {
   if (part != nullptr) part->hide();
 }
 
+// The picture of the sheet takes the height of what was beside it.
+void KeepPictureOf(const QPageSetupDialog& dialog) {
+  constexpr QSize Least(120, 150);
+  for (QWidget* const each : dialog.findChildren<QWidget*>()) {
+    if (qstrcmp(each->metaObject()->className(), "QPagePreview") == 0) each->setMinimumSize(Least);
+  }
+}
+
 // A button in the place of the dialog's own.
 QPushButton* TwinOf(QPushButton* theirs) {
   auto* const grid = theirs != nullptr ? qobject_cast<QGridLayout*>(theirs->parentWidget()->layout()) : nullptr;
@@ -118,7 +126,7 @@ bool AskForPrinter(QtBackend& backend, PrinterChoice& choice) {
   auto* const dialog = new QPrintDialog(choice.Queue.get(), backend.WindowForBoxes());
   OwnedBox owned(dialog);
   dialog->setOptions(QAbstractPrintDialog::PrintCollateCopies | QAbstractPrintDialog::PrintShowPageSize);
-  dialog->setWindowTitle(QStringLiteral("Print Setup"));
+  dialog->setWindowTitle(QCoreApplication::translate("QPrintWidget", "Printer"));
   OfferPdf(*dialog, backend, choice);
   MakeSetupOf(*dialog);
   if (!owned.Run(backend)) return false;
@@ -137,9 +145,7 @@ bool AskForPaper(QtBackend& backend, QPrinter& printer, QWidget* parent) {
   // Pages have their own orientation, and no margins but the printer's.
   HidePartOf(*dialog, "portrait");
   HidePartOf(*dialog, "topMargin");
-  // The picture of the sheet was as high as they are.
-  constexpr int PictureHeight = 140;
-  dialog->setMinimumHeight(dialog->sizeHint().height() + PictureHeight);
+  KeepPictureOf(*dialog);
   return owned.Run(backend);
 }
 

@@ -82,6 +82,13 @@ class ContractPlatform {
   // The last document that was ended.
   virtual std::vector<PrintedSheet> Printed() = 0;
 
+  // From here on documents become files whose names are asked for.
+  virtual void PrintIntoFiles() = 0;
+  // The next time a document's file is asked for: this name in a folder of the test's, or cancel where it is empty.
+  virtual void AnswerPrintFile(const std::string& name) = 0;
+  // The names of the files that documents have become.
+  virtual std::vector<std::string> PrintedFiles() = 0;
+
   // Handles everything that is pending, until windows stand as the model says.
   virtual void Settle() = 0;
   virtual Seen Look(Control& control) = 0;

@@ -268,6 +268,42 @@ TEST_F(PrintContract, OrientationSetBetweenTwoPagesIsThatOfTheSecond) {
   EXPECT_EQ(At(sheets[1], sheets[1].Shown.Width() * 20 - 500, 500), Red);
 }
 
+class PrintFileContract : public ContractTest {
+ protected:
+  PrintFileContract() { platform->PrintIntoFiles(); }
+  PrintSurface& page = platform->GetPrinting().Printer();
+};
+
+TEST_F(PrintFileContract, FileIsAskedForOnceWithTheFirstDrawingOfADocument) {
+  platform->AnswerPrintFile("one.pdf");
+  page.Print(" ");
+  page.Print("first page");
+  page.NewPage();
+  page.Print("second page");
+  EXPECT_THAT(platform->PrintedFiles(), ::testing::Not(::testing::Contains("one.pdf"))) << "not before its end";
+  page.EndDoc();
+  EXPECT_THAT(platform->PrintedFiles(), ::testing::ElementsAre("one.pdf"));
+  platform->AnswerPrintFile("two.pdf");
+  page.Print("another");
+  page.EndDoc();
+  EXPECT_THAT(platform->PrintedFiles(), ::testing::ElementsAre("one.pdf", "two.pdf"));
+}
+
+TEST_F(PrintFileContract, CancelIsAPrinterErrorOfTheFirstDrawingAndLeavesNothing) {
+  platform->AnswerPrintFile("");
+  EXPECT_EQ(ErrorsIgnored([&] { page.Print(" "); }), error::Printer);
+  EXPECT_EQ(ErrorsIgnored([&] { page.EndDoc(); }), error::None);
+  EXPECT_THAT(platform->PrintedFiles(), IsEmpty());
+}
+
+TEST_F(PrintFileContract, DroppedDocumentLeavesNoFile) {
+  platform->AnswerPrintFile("one.pdf");
+  page.Print("first page");
+  page.KillDoc();
+  page.EndDoc();
+  EXPECT_THAT(platform->PrintedFiles(), IsEmpty());
+}
+
 TEST_F(PrintContract, DefaultPrintersNameIsToldOncePrintersAreKnown) {
   std::string told;
   platform->GetPrinting().WhenDefaultIsKnown([&](const std::string& name) { told = name; });

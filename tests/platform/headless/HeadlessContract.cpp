@@ -77,6 +77,14 @@ class HeadlessContract : public ContractPlatform {
     return sheets;
   }
 
+  void PrintIntoFiles() override { host_.printing.Printers.front().AsksForFile = true; }
+  void AnswerPrintFile(const std::string& name) override { host_.printing.ExpectFileName(name); }
+  std::vector<std::string> PrintedFiles() override {
+    std::vector<std::string> names;
+    for (const PrintedDocument& document : host_.printing.Documents()) names.push_back(document.FileName);
+    return names;
+  }
+
   void Settle() override { host_.toolkit.DoEvents(); }
   // There are no widgets: what would be seen is what the model says.
   Seen Look(Control& control) override {

@@ -2,6 +2,7 @@
 #include <QComboBox>
 #include <QDialogButtonBox>
 #include <QElapsedTimer>
+#include <QPageSetupDialog>
 #include <QPrintDialog>
 #include <QPushButton>
 #include <QSpinBox>
@@ -169,6 +170,34 @@ TEST_F(CupsTest, SetupDialogOffersTheFilesPrinterAndCancelChangesNothing) {
   EXPECT_EQ(server.PagesOf(1), 2);
   EXPECT_TRUE(server.Options(1).filter("landscape").isEmpty());
   EXPECT_EQ(server.Copies(1), 3);
+}
+
+TEST_F(CupsTest, PaperThatWasChosenIsKeptByTheNextSetup) {
+  QtPrinting printing(backend);
+  Hands::Meanwhile([] { return qobject_cast<QPageSetupDialog*>(QApplication::activeModalWidget()) != nullptr; },
+                   [] {
+                     QWidget* const dialog = QApplication::activeModalWidget();
+                     auto* const sizes = dialog->findChild<QComboBox*>("pageSizeCombo");
+                     EXPECT_GE(sizes->findText("4 x 6 in"), 0) << "the printer's own papers are there";
+                     sizes->setCurrentIndex(sizes->findText("4 x 6 in"));
+                     dialog->findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok)->click();
+                   });
+  EXPECT_TRUE(printing.ShowProperties("Office"));
+  const auto isCard = [&] {
+    printing.Printer().SetOrientation(2);
+    return printing.Printer().SheetWidth() == 432 * 20 && printing.Printer().SheetHeight() == 288 * 20;
+  };
+  EXPECT_TRUE(isCard());
+  EXPECT_EQ(printing.Printer().ScaleWidth(), 432 * 20) << "it is printed to its edges";
+  EXPECT_EQ(printing.Printer().PaperSize(), 256);
+  InSetup("Office", QDialogButtonBox::Ok);
+  EXPECT_TRUE(printing.ShowPrintSetup());
+  EXPECT_TRUE(isCard());
+  PrintTwoPages(printing.Printer());
+  printing.Printer().EndDoc();
+  EXPECT_EQ(server.PagesOf(1), 2);
+  EXPECT_TRUE(server.Info(1, "Page size").startsWith("432 x 288"));
+  EXPECT_TRUE(server.Options(1).contains("media=4x6")) << server.Options(1).join(' ').toStdString();
 }
 
 TEST_F(QtTest, ServerThatNeverAnswersCostsAFewSecondsOnce) {

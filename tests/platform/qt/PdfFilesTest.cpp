@@ -5,10 +5,12 @@
 #include <QDir>
 #include <QFile>
 #include <QFileDialog>
-#include <QLabel>
+#include <QLibraryInfo>
 #include <QLineEdit>
+#include <QLocale>
 #include <QMessageBox>
 #include <QPageSetupDialog>
+#include <QProcess>
 #include <QPushButton>
 #include <QTemporaryDir>
 #include <gmock/gmock.h>
@@ -182,6 +184,36 @@ TEST_F(PdfFilesTest, SetupChangesThePaperAndCancelChangesNothing) {
   EXPECT_EQ(page.PaperSize(), 11);
   EXPECT_EQ(page.SheetWidth(), 595 * 20) << "the orientation stays";
   EXPECT_EQ(page.SheetHeight(), 420 * 20);
+}
+
+// The language is the process's own from its start.
+TEST_F(PdfFilesTest, ToolkitsDialogsSpeakThePersonsLanguage) {
+  if (!QFile::exists(QLibraryInfo::path(QLibraryInfo::TranslationsPath) + "/qtbase_de.qm")) {
+    GTEST_SKIP() << "the toolkit's words in other languages are not installed";
+  }
+  if (QLocale::system().language() != QLocale::German) {
+    QProcess process;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("LC_ALL"), QStringLiteral("de_DE.UTF-8"));
+    process.setProcessEnvironment(environment);
+    process.setProcessChannelMode(QProcess::MergedChannels);
+    const auto* info = ::testing::UnitTest::GetInstance()->current_test_info();
+    process.start(QCoreApplication::applicationFilePath(),
+                  {QStringLiteral("--gtest_filter=%1.%2").arg(info->test_suite_name(), info->name())});
+    ASSERT_TRUE(process.waitForFinished(60000));
+    const std::string output = process.readAll().toStdString();
+    EXPECT_EQ(process.exitCode(), 0) << output;
+    EXPECT_THAT(output, HasSubstr("[  PASSED  ] 1 test"));
+    return;
+  }
+  Hands::Meanwhile([] { return Up<QPageSetupDialog>() != nullptr; },
+                   [this] {
+                     auto* const buttons = Up<QPageSetupDialog>()->findChild<QDialogButtonBox*>();
+                     asked = buttons->button(QDialogButtonBox::Cancel)->text().toStdString();
+                     Up<QPageSetupDialog>()->reject();
+                   });
+  EXPECT_FALSE(printing.ShowProperties("Save as PDF"));
+  EXPECT_EQ(asked, "Abbrechen");
 }
 
 }  // namespace

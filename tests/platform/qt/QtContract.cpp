@@ -4,6 +4,8 @@
 #include <QAccessible>
 #include <QClipboard>
 #include <QComboBox>
+#include <QDir>
+#include <QFileDialog>
 #include <QInputDialog>
 #include <QLineEdit>
 #include <QListWidget>
@@ -126,6 +128,25 @@ class QtContract final : public ContractPlatform {
       sheets.push_back({sheet.width() > sheet.height(), ToPicture(inner).Pixels().Clone()});
     }
     return sheets;
+  }
+
+  void PrintIntoFiles() override { printing_.SetCurrentPrinter(PdfPrinter::PrinterName); }
+  void AnswerPrintFile(const std::string& name) override {
+    const auto up = [] { return qobject_cast<QFileDialog*>(QApplication::activeModalWidget()); };
+    Hands::Meanwhile([up] { return up() != nullptr; },
+                     [this, up, name] {
+                       if (name.empty()) return up()->reject();
+                       const auto path = QDir(folder_.path()).filePath(QString::fromStdString(name));
+                       up()->findChild<QLineEdit*>("fileNameEdit")->setText(path);
+                       QMetaObject::invokeMethod(up(), "accept");
+                     });
+  }
+  std::vector<std::string> PrintedFiles() override {
+    std::vector<std::string> names;
+    for (const QString& name : QDir(folder_.path()).entryList(QDir::Files | QDir::Hidden)) {
+      names.push_back(name.toStdString());
+    }
+    return names;
   }
 
   void Settle() override {
