@@ -19,6 +19,8 @@
 
 namespace pixorra {
 
+inline constexpr double Twip = 1 / 20.0;  // points
+
 // The papers that are measured.
 struct MeasuredPaper {
   const char* Name;

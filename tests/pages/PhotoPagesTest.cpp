@@ -19,8 +19,7 @@
 namespace pixorra {
 namespace {
 
-constexpr double Near = 1;         // points
-constexpr double Twip = 1 / 20.0;  // points
+constexpr double Near = 1;  // points
 constexpr double HalfOutline = 55 * Twip;
 const QColor Ground(0xB0, 0x20, 0x30);
 const QColor Band(0x20, 0x30, 0xC0);

@@ -16,7 +16,6 @@ namespace pixorra {
 namespace {
 
 constexpr double Point = 1;
-constexpr double Twip = 1 / 20.0;  // points
 const QColor Ink(0xB0, 0x20, 0x30);
 constexpr Colour InkOfPhotos = 0x003020B0;
 
