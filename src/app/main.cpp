@@ -45,8 +45,8 @@ int main(int argc, char** argv) {
   PosixFiles files(mapping);
   PosixPlaces places(environment, mapping);
   PosixClock clock;
-  PosixShell shell(mapping);
-  PosixRegistry registry(environment.DataHome, mapping);
+  PosixShell shell(mapping, environment.OwnFolder);
+  PosixRegistry registry(environment.DataHome, environment.ConfigHome, mapping);
   PosixFolderReader folderReader(mapping, qt.posting);
   PosixVolumes volumes(environment, mapping);
   PosixMemory memory;

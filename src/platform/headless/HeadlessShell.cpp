@@ -8,6 +8,15 @@
 
 namespace pixorra {
 
+namespace {
+
+std::string WithSingleBackslashes(std::string path) {
+  for (std::size_t at = 0; (at = path.find("\\\\", at)) != std::string::npos;) path.erase(at, 1);
+  return path;
+}
+
+}  // namespace
+
 void HeadlessShell::RegisterProgram(const std::string& ending, const std::string& program, const VersionInfo& info) {
   programs_[LCase(ending)] = program;
   infos_[program] = info;
@@ -40,7 +49,8 @@ bool HeadlessShell::IsThere(const std::string& command) const {
   if (!missing_.empty() && command.starts_with(missing_)) return false;
   if (files_ == nullptr) return true;
   for (std::size_t end = command.find(' ');; end = command.find(' ', end + 1)) {
-    if (files_->FileExists(command.substr(0, end))) return true;
+    const std::string program = command.substr(0, end);
+    if (offered_.contains(WithSingleBackslashes(program)) || files_->FileExists(program)) return true;
     if (end == std::string::npos) return false;
   }
 }
@@ -48,6 +58,13 @@ bool HeadlessShell::IsThere(const std::string& command) const {
 void HeadlessShell::Run(const std::string& command) {
   if (!IsThere(command)) throw RuntimeError(error::FileNotFound);
   run_.push_back(command);
+}
+
+void HeadlessShell::OfferProgram(const std::string& path, const std::string& name) {
+  if (!installed_.contains(name)) return;
+  const bool isFree =
+      files_ == nullptr || (files_->FolderExists(path.substr(0, path.rfind('\\'))) && !files_->NameTaken(path));
+  if (isFree) offered_[path] = name;
 }
 
 bool HeadlessShell::OpenScreenSaverSettings() {

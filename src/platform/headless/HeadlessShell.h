@@ -2,6 +2,7 @@
 #pragma once
 
 #include <map>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -24,6 +25,10 @@ class HeadlessShell : public Shell {
   void SetFiles(Files& files) { files_ = &files; }
   // Run raises FileNotFound for commands that begin so.
   void SetMissing(const std::string& command) { missing_ = command; }
+  // A program that OfferProgram can offer; without any it does nothing.
+  void AddInstalled(const std::string& name) { installed_.insert(name); }
+  // The programs that were offered, by their paths.
+  const std::map<std::string, std::string>& AllOffered() const { return offered_; }
   // Whether the desktop has windows for the screen saver and for the machine; it has none at first.
   void SetHasOwnWindows(bool has) { hasOwnWindows_ = has; }
   const std::vector<Opened>& AllOpened() const { return opened_; }
@@ -35,6 +40,7 @@ class HeadlessShell : public Shell {
   VersionInfo ReadVersionInfo(const std::string& program) override;
   void Open(const std::string& target, const std::string& workingFolder) override;
   void Run(const std::string& command) override;
+  void OfferProgram(const std::string& path, const std::string& name) override;
   bool OpenScreenSaverSettings() override;
   bool OpenSystemInformation() override;
 
@@ -47,6 +53,8 @@ class HeadlessShell : public Shell {
   std::vector<Opened> opened_;
   std::vector<std::string> run_;
   std::string missing_;
+  std::set<std::string> installed_;
+  std::map<std::string, std::string> offered_;
   bool hasOwnWindows_ = false;
   int screenSaverSettings_ = 0;
   int systemInformation_ = 0;

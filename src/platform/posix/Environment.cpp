@@ -1,8 +1,10 @@
 #include "platform/posix/Environment.h"
 
 #include <cstdlib>
+#include <filesystem>
 #include <pwd.h>
 #include <string_view>
+#include <system_error>
 #include <unistd.h>
 
 namespace pixorra {
@@ -23,6 +25,11 @@ std::string WithoutFinalSlash(std::string_view path) {
 void TakePath(const char* variable, std::string& path) {
   const std::string_view value = Variable(variable);
   if (value.starts_with('/')) path = WithoutFinalSlash(value);
+}
+
+std::string FolderOfProgram() {
+  std::error_code failure;
+  return std::filesystem::read_symlink("/proc/self/exe", failure).parent_path();
 }
 
 }  // namespace
@@ -47,6 +54,7 @@ Environment Environment::OfProcess() {
   TakePath("XDG_CONFIG_HOME", environment.ConfigHome);
   TakePath("XDG_CACHE_HOME", environment.CacheHome);
   TakePath("XDG_RUNTIME_DIR", environment.RuntimeDir);
+  environment.OwnFolder = FolderOfProgram();
   return environment;
 }
 

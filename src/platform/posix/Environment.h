@@ -13,6 +13,7 @@ struct Environment {
   std::string CacheHome;   // $XDG_CACHE_HOME
   std::string RuntimeDir;  // $XDG_RUNTIME_DIR, may be empty
   std::string User;
+  std::string OwnFolder;  // of the program that runs; empty where it is not known
 
   // The usual directories of a home folder, with nothing from the session.
   static Environment OfHome(const std::string& home);

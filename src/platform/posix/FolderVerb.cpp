@@ -67,15 +67,31 @@ std::string ShellQuoted(std::string_view text) {
   return quoted + '\'';
 }
 
+// The file managers leave the paths of what is selected in a variable, a line end after each: their arguments are names
+// without a folder, and do not survive a percent sign. Of several folders the first is shown, of a photo its folder, of
+// nothing the folder on show.
+constexpr const char* findFolder = R"(end='
+'
+chosen=$NAUTILUS_SCRIPT_SELECTED_FILE_PATHS
+[ -n "$chosen" ] || chosen=$CAJA_SCRIPT_SELECTED_FILE_PATHS
+chosen=${chosen%"$end"}
+[ -n "$chosen" ] || chosen=$1
+[ -e "$chosen" ] || chosen=${chosen%%"$end"*}
+case $chosen in
+  /*) folder=$chosen ;;
+  *) folder=$PWD${chosen:+/}$chosen ;;
+esac
+[ -d "$folder" ] || folder=${folder%/*}/
+)";
+
 std::string Script(const std::string& program, const std::vector<std::string>& arguments) {
   std::string command = "exec " + ShellQuoted(program);
   for (const std::string& argument : arguments) {
     const std::size_t mark = argument.find(folderMark);
     command += ' ' + ShellQuoted(argument.substr(0, mark));
-    // Without a selection the file manager means the folder that it shows.
-    if (mark != std::string::npos) command += "\"${1:-$PWD}\"" + ShellQuoted(argument.substr(mark + folderMark.size()));
+    if (mark != std::string::npos) command += "\"$folder\"" + ShellQuoted(argument.substr(mark + folderMark.size()));
   }
-  return std::string("#!/bin/sh\n# ") + VerbMark + '\n' + command + '\n';
+  return std::string("#!/bin/sh\n# ") + VerbMark + '\n' + findFolder + command + '\n';
 }
 
 struct Line {
@@ -99,6 +115,7 @@ std::vector<VerbFile> FilesOfFolderVerb(const std::string& name, const std::stri
   const std::string serviceMenu = MarkedKeyFile({
       {"Desktop Entry", "Type", "Service"},
       {"Desktop Entry", "X-KDE-ServiceTypes", "KonqPopupMenu/Plugin"},
+      {"Desktop Entry", "X-KDE-Priority", "TopLevel"},
       {"Desktop Entry", "MimeType", "inode/directory;"},
       {"Desktop Entry", "Actions", "play;"},
       {"Desktop Action play", "Name", name},
@@ -122,13 +139,25 @@ std::vector<VerbFile> FilesOfFolderVerb(const std::string& name, const std::stri
       {"Nemo Action", "Quote", "double"},
   });
 
+  const std::string starter = MarkedKeyFile({
+      {"Desktop Entry", "Type", "Application"},
+      {"Desktop Entry", "Name", name},
+      {"Desktop Entry", "Icon", "pixorra"},
+      {"Desktop Entry", "Exec", DesktopCommand(program, arguments, "%f")},
+      {"Desktop Entry", "MimeType", "inode/directory;"},
+  });
+
   std::string scriptName = name;
   std::replace(scriptName.begin(), scriptName.end(), '/', '-');
+  const std::string script = Script(program, arguments);
+  constexpr VerbFile::Home data = VerbFile::Home::Data;
   // The service menu must be executable, or it is not trusted.
-  return {{"kio/servicemenus/" + stem + ".desktop", serviceMenu, true},
-          {"file-manager/actions/" + stem + ".desktop", action, false},
-          {"nemo/actions/" + stem + ".nemo_action", nemo, false},
-          {"nautilus/scripts/" + scriptName, Script(program, arguments), true}};
+  return {{data, "kio/servicemenus/" + stem + ".desktop", serviceMenu, true},
+          {data, "file-manager/actions/" + stem + ".desktop", action, false},
+          {data, "nemo/actions/" + stem + ".nemo_action", nemo, false},
+          {data, "Thunar/sendto/" + stem + ".desktop", starter, false},
+          {data, "nautilus/scripts/" + scriptName, script, true},
+          {VerbFile::Home::Configuration, "caja/scripts/" + scriptName, script, true}};
 }
 
 }  // namespace pixorra

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cerrno>
 #include <cstddef>
 #include <filesystem>
 #include <optional>
@@ -53,10 +54,65 @@ bool IsOwn(const std::string& hostPath) {
   return ReadSmallFile(hostPath).value_or("").find(VerbMark) != std::string::npos;
 }
 
+// A link counts that leads nowhere.
+bool IsTaken(const std::string& hostPath) {
+  struct stat entry {};
+  return lstat(hostPath.c_str(), &entry) == 0;
+}
+
+std::string FolderOf(const std::string& hostPath) {
+  return hostPath.substr(0, hostPath.rfind('/'));
+}
+
+// How many folders above the file are missing.
+int FoldersToMake(const std::string& hostPath) {
+  int missing = 0;
+  for (std::string folder = FolderOf(hostPath); !folder.empty() && !IsTaken(folder); folder = FolderOf(folder))
+    ++missing;
+  return missing;
+}
+
+// A line below the mark notes how many folders were made, and may go again.
+constexpr std::string_view madeNote = "# Folders made for it: ";
+
+std::string WithNote(const std::string& text, int foldersMade) {
+  const std::size_t line = text.find('\n', text.find(VerbMark)) + 1;
+  return text.substr(0, line) + std::string(madeNote) + std::to_string(foldersMade) + '\n' + text.substr(line);
+}
+
+int FoldersMadeFor(const std::string& hostPath) {
+  const std::string text = ReadSmallFile(hostPath).value_or("");
+  const std::size_t note = text.find(madeNote);
+  const std::size_t digit = note + madeNote.size();
+  const bool isNoted = note != std::string::npos && digit < text.size() && text[digit] >= '0' && text[digit] <= '9';
+  return isNoted ? text[digit] - '0' : 0;
+}
+
+// From the folder upwards; one with something in it stays, and so do those above it.
+void RemoveFolders(std::string folder, int count) {
+  for (; count > 0 && (rmdir(folder.c_str()) == 0 || errno == ENOENT); --count) folder = FolderOf(folder);
+}
+
+void Write(const std::string& hostPath, const VerbFile& file) {
+  const int made = FoldersToMake(hostPath);
+  const int failure = ErrorsIgnored([&] {
+    if (!MakeFolders(FolderOf(hostPath))) throw RuntimeError(error::PathAccess);
+    WriteSmallFile(hostPath, WithNote(file.Text, made));
+    if (file.Executable && chmod(hostPath.c_str(), 0700) != 0) throw RuntimeError(error::PathAccess);
+  });
+  if (failure == error::None) return;
+  if (IsOwn(hostPath)) unlink(hostPath.c_str());
+  RemoveFolders(FolderOf(hostPath), made);
+}
+
 }  // namespace
 
-PosixRegistry::PosixRegistry(std::string dataHome, std::shared_ptr<MappingSource> mapping)
-    : dataHome_(std::move(dataHome)), mapping_(std::move(mapping)) {}
+PosixRegistry::PosixRegistry(std::string dataHome, std::string configHome, std::shared_ptr<MappingSource> mapping)
+    : dataHome_(std::move(dataHome)), configHome_(std::move(configHome)), mapping_(std::move(mapping)) {}
+
+std::string PosixRegistry::PathOf(const VerbFile& file) const {
+  return (file.Below == VerbFile::Home::Data ? dataHome_ : configHome_) + '/' + file.Place;
+}
 
 // Those that are there, in the case that the disk has.
 std::vector<std::string> PosixRegistry::FilesOfKey(std::uint32_t root, const std::string& key) {
@@ -64,7 +120,7 @@ std::vector<std::string> PosixRegistry::FilesOfKey(std::uint32_t root, const std
   const std::optional<VerbKey> place = VerbOf(root, key);
   if (!place) return paths;
   for (const VerbFile& file : FilesOfFolderVerb(place->Verb, {}, {})) {
-    const std::filesystem::path wanted = dataHome_ + '/' + file.Place;
+    const std::filesystem::path wanted = PathOf(file);
     std::error_code failure;
     for (std::filesystem::directory_iterator entry(wanted.parent_path(), failure), end; !failure && entry != end;
          entry.increment(failure)) {
@@ -91,18 +147,20 @@ void PosixRegistry::SetKeyValue(std::uint32_t root, const std::string& key, cons
   // A verb that is there under another case is replaced.
   DeleteKey(root, key);
   for (const VerbFile& file : FilesOfFolderVerb(place->Verb, program, command.Arguments)) {
-    const std::string path = dataHome_ + '/' + file.Place;
-    if (access(path.c_str(), F_OK) == 0) continue;
-    static_cast<void>(ErrorsIgnored([&] {
-      if (!MakeFolders(path.substr(0, path.rfind('/')))) return;
-      WriteSmallFile(path, file.Text);
-      if (file.Executable) static_cast<void>(chmod(path.c_str(), 0700));
-    }));
+    const std::string path = PathOf(file);
+    if (IsTaken(path)) continue;
+    Write(path, file);
   }
 }
 
 void PosixRegistry::DeleteKey(std::uint32_t root, const std::string& key) {
-  for (const std::string& path : FilesOfKey(root, key)) unlink(path.c_str());
+  // The last one first: folders that they share were made for the first.
+  std::vector<std::string> paths = FilesOfKey(root, key);
+  std::reverse(paths.begin(), paths.end());
+  for (const std::string& path : paths) {
+    const int made = FoldersMadeFor(path);
+    if (unlink(path.c_str()) == 0) RemoveFolders(FolderOf(path), made);
+  }
 }
 
 }  // namespace pixorra

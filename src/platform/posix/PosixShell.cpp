@@ -2,6 +2,9 @@
 
 #include <array>
 #include <cerrno>
+#include <cstdio>
+#include <sys/stat.h>
+#include <unistd.h>
 #include <utility>
 #include <vector>
 
@@ -54,6 +57,11 @@ std::string InSearchPath(const std::string& name) {
   return path ? path.get() : std::string();
 }
 
+bool IsProgram(const std::string& hostPath) {
+  struct stat entry {};
+  return stat(hostPath.c_str(), &entry) == 0 && S_ISREG(entry.st_mode) && access(hostPath.c_str(), X_OK) == 0;
+}
+
 bool OpenFirst(std::span<const char* const> names) {
   const std::string starter = FirstStarter(names);
   return !starter.empty() && LaunchStarter(starter, {}, {});
@@ -61,7 +69,8 @@ bool OpenFirst(std::span<const char* const> names) {
 
 }  // namespace
 
-PosixShell::PosixShell(std::shared_ptr<MappingSource> mapping) : mapping_(std::move(mapping)), files_(mapping_) {}
+PosixShell::PosixShell(std::shared_ptr<MappingSource> mapping, std::string ownFolder)
+    : mapping_(std::move(mapping)), files_(mapping_), ownFolder_(std::move(ownFolder)) {}
 
 std::string PosixShell::HostPathOf(const std::string& path) {
   return Locate(mapping_->Current().ToHost(path)).Path.Text();
@@ -105,6 +114,23 @@ void PosixShell::Run(const std::string& command) {
   const int failure = StartDetached(arguments, {});
   if (failure == ENOEXEC) throw RuntimeError(error::PathAccess);
   if (failure != 0) RaiseHostError(failure);
+}
+
+void PosixShell::OfferProgram(const std::string& path, const std::string& name) {
+  const std::string beside = ownFolder_ + '/' + name;
+  const std::string program = IsProgram(beside) ? beside : InSearchPath(name);
+  std::string link;
+  if (program.empty() || ErrorsIgnored([&] { link = HostPathOf(path); }) != error::None) return;
+  struct stat entry {};
+  if (lstat(link.c_str(), &entry) != 0) {
+    static_cast<void>(symlink(program.c_str(), link.c_str()));
+    return;
+  }
+  if (!S_ISLNK(entry.st_mode) || IsProgram(link)) return;
+  const std::string mended = link + ".new";
+  unlink(mended.c_str());
+  if (symlink(program.c_str(), mended.c_str()) == 0 && rename(mended.c_str(), link.c_str()) != 0)
+    unlink(mended.c_str());
 }
 
 bool PosixShell::OpenScreenSaverSettings() {

@@ -11,7 +11,8 @@ namespace pixorra {
 
 class PosixShell : public Shell {
  public:
-  explicit PosixShell(std::shared_ptr<MappingSource> mapping);
+  // `ownFolder` is the host folder of the programs that were installed with this one; empty where it is not known.
+  PosixShell(std::shared_ptr<MappingSource> mapping, std::string ownFolder = {});
 
   // A program is named by its starter, a ".desktop" file: several may run one binary under different names.
   std::string FindExecutable(const std::string& path) override;
@@ -24,6 +25,8 @@ class PosixShell : public Shell {
   // Also raises PathAccess for what is no program. A program without a folder is looked for in the search path. The
   // argument line is parted at each single blank.
   void Run(const std::string& command) override;
+  // A symbolic link. A program that is not in its folder is looked for in the search path.
+  void OfferProgram(const std::string& path, const std::string& name) override;
   bool OpenScreenSaverSettings() override;
   bool OpenSystemInformation() override;
 
@@ -32,6 +35,7 @@ class PosixShell : public Shell {
 
   std::shared_ptr<MappingSource> mapping_;
   PosixFiles files_;
+  std::string ownFolder_;
 };
 
 }  // namespace pixorra

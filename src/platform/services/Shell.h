@@ -30,6 +30,10 @@ class Shell {
   // `command`, up to a blank or the end, that is a file; the rest, blanks and all, is its argument line. Raises
   // FileNotFound where there is no such program, its folder missing or not.
   virtual void Run(const std::string& command) = 0;
+  // Lets `path` name the program `name` that was installed with this one, so that it can be run by that path. What has
+  // the name already stays, except a link that leads to no program any more. Raises nothing, whether it succeeds or
+  // not.
+  virtual void OfferProgram(const std::string& path, const std::string& name) = 0;
   // Each opens the desktop's own window; false where the desktop has none that is known here.
   virtual bool OpenScreenSaverSettings() = 0;
   virtual bool OpenSystemInformation() = 0;

@@ -18,6 +18,7 @@ class HeadlessHost : public ContractHost {
   void WithShell(const std::function<void(Shell&)>& body) override { body(shell_); }
 
   void AddProgram(const std::string& path) override { drive.Write(path, "a program"); }
+  void AddInstalled(const std::string& name) override { shell_.AddInstalled(name); }
   void RegisterViewer(const std::string& ending) override {
     shell_.RegisterProgram(ending, "C:\\bin\\viewer",
                            {.FileDescription = "Views",

@@ -21,7 +21,7 @@ class PosixHost : public ContractHost {
   }
   void WithShell(const std::function<void(Shell&)>& body) override {
     InOwnProcess(SessionIn(drive.HostRoot()), [&] {
-      PosixShell shell(mapping_);
+      PosixShell shell(mapping_, drive.HostPath("C:\\installed"));
       body(shell);
     });
   }
@@ -32,6 +32,7 @@ class PosixHost : public ContractHost {
         "#!/bin/sh\nprintf %s \"$1\" > \"$0.heard\"; shift\nfor a; do printf ' %s' \"$a\"; done >> \"$0.heard\"\n");
     drive.SetMode(path, 0755);
   }
+  void AddInstalled(const std::string& name) override { AddProgram("C:\\installed\\" + name); }
   void RegisterViewer(const std::string& ending) override {
     AddStarter("viewer", "viewer", "Comment=Views\n");
     drive.Write("C:\\share\\mime\\globs2", "50:image/tried:*" + ending + "\n");
@@ -56,7 +57,7 @@ class PosixHost : public ContractHost {
 
   std::shared_ptr<MappingSource> mapping_ =
       std::make_shared<FixedMapping>(PathMapping({{'C', drive.HostRoot(), "Test"}}));
-  PosixRegistry registry_{drive.HostPath("C:\\data"), mapping_};
+  PosixRegistry registry_{drive.HostPath("C:\\data"), drive.HostPath("C:\\config"), mapping_};
   PosixSettings settings_{drive.HostPath("C:\\config\\pixorra\\settings")};
   PosixMemory memory_{drive.HostRoot()};
 };

@@ -1,7 +1,12 @@
 // The registry's and the settings' files on the host.
+#include <algorithm>
+#include <cstddef>
+#include <cstdio>
+#include <filesystem>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
 
 #include "platform/posix/FolderVerb.h"
 #include "platform/posix/HostNames.h"
@@ -24,26 +29,101 @@ constexpr const char* folderVerb = "Folder\\Shell\\SlideShow by Pixorra";
 constexpr const char* folderVerbCommand = "Folder\\Shell\\SlideShow by Pixorra\\Command";
 constexpr const char* serviceMenu = "C:\\data\\kio\\servicemenus\\pixorra-slideshow-by-pixorra.desktop";
 constexpr const char* script = "C:\\data\\nautilus\\scripts\\SlideShow by Pixorra";
+constexpr const char* otherScript = "C:\\config\\caja\\scripts\\SlideShow by Pixorra";
+constexpr const char* sendTo = "C:\\data\\Thunar\\sendto\\pixorra-slideshow-by-pixorra.desktop";
+constexpr const char* companionPath = "C:\\win dows\\Pixorra SlideShow.scr";
+
+// Names of folders that mean something to a shell, to a starter, or to nobody.
+const std::vector<std::string> oddNames = {"my photos",
+                                           " a \"b\" $c `d` 'e' \\f ; g & h ",
+                                           "100% done %f %F%%",
+                                           "line\nand end\n",
+                                           "bad\xff\xfe utf\xc3",
+                                           "-dash",
+                                           "21 %L"};
 
 class OnPosixRegistry : public ::testing::Test {
  protected:
   OnPosixRegistry()
-      : registry_(drive_.HostRoot() + "/data",
+      : registry_(drive_.HostRoot() + "/data", drive_.HostRoot() + "/config",
                   std::make_shared<FixedMapping>(PathMapping({{'C', drive_.HostRoot(), "Test"}}))) {}
   void Add() {
-    registry_.SetKeyValue(registry::ClassesRoot, folderVerbCommand, "", "C:\\win dows\\Pixorra SlideShow.scr 21%L");
+    registry_.SetKeyValue(registry::ClassesRoot, folderVerbCommand, "", std::string(companionPath) + " 21%L");
+  }
+  // The companion: writes its arguments beside itself.
+  void AddCompanion() {
+    drive_.Write(companionPath, "#!/bin/sh\nprintf '%s|' \"$@\" > \"$0.out\"\n");
+    drive_.SetMode(companionPath, 0755);
+  }
+  std::string HeardByCompanion() {
+    const std::string out = std::string(companionPath) + ".out";
+    std::string heard = drive_.Exists(out) ? drive_.Read(out) : "not started";
+    if (drive_.Exists(out)) drive_.Remove(out);
+    return heard;
+  }
+  // As a file manager runs a script: by its variables, with what its arguments are, in the folder on show.
+  std::string PlayedByScript(const std::string& path, const Variables& variables,
+                             const std::vector<std::string>& arguments, const std::string& hostFolder) {
+    InOwnProcess(variables, [&] {
+      std::vector<std::string> command{drive_.HostPath(path)};
+      command.insert(command.end(), arguments.begin(), arguments.end());
+      ASSERT_EQ(StartDetached(command, hostFolder), 0);
+      AwaitPrograms();
+    });
+    return HeardByCompanion();
+  }
+  // All that there is in the folder, with what links lead to.
+  std::vector<std::string> AllIn(const std::string& path) const {
+    std::vector<std::string> all;
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(drive_.HostPath(path)))
+      all.push_back(entry.path().string());
+    std::sort(all.begin(), all.end());
+    return all;
   }
   TemporaryDrive drive_;
   PosixRegistry registry_;
 };
 
 TEST_F(OnPosixRegistry, AVerbsFilesAreThereFromItsSettingToItsDeletion) {
+  const std::vector<std::string> places = {serviceMenu,
+                                           script,
+                                           otherScript,
+                                           sendTo,
+                                           "C:\\data\\nemo\\actions\\pixorra-slideshow-by-pixorra.nemo_action",
+                                           "C:\\data\\file-manager\\actions\\pixorra-slideshow-by-pixorra.desktop"};
   Add();
-  EXPECT_TRUE(drive_.Exists(serviceMenu));
-  EXPECT_TRUE(drive_.Exists(script));
+  for (const std::string& place : places) EXPECT_TRUE(drive_.Exists(place)) << place;
   registry_.DeleteKey(registry::ClassesRoot, "FOLDER\\shell\\SLIDEshow BY pixorra");
-  EXPECT_FALSE(drive_.Exists(serviceMenu));
-  EXPECT_FALSE(drive_.Exists(script));
+  for (const std::string& place : places) EXPECT_FALSE(drive_.Exists(place)) << place;
+}
+
+TEST_F(OnPosixRegistry, ADeletedVerbLeavesNoTrace) {
+  Add();
+  Add();
+  registry_.DeleteKey(registry::ClassesRoot, folderVerb);
+  EXPECT_FALSE(drive_.Exists("C:\\data"));
+  EXPECT_FALSE(drive_.Exists("C:\\config"));
+}
+
+TEST_F(OnPosixRegistry, FoldersThatWereThereAndWhatIsInThemStay) {
+  drive_.MakeFolder("C:\\data\\nautilus\\scripts");
+  drive_.MakeFolder("C:\\data\\nemo");
+  drive_.Write("C:\\data\\kio\\servicemenus\\other.desktop", "[Desktop Entry]\n");
+  drive_.Write("C:\\config\\caja\\scripts\\Other", "#!/bin/sh\n");
+  const std::vector<std::string> before = AllIn("C:\\");
+  Add();
+  EXPECT_GT(AllIn("C:\\").size(), before.size());
+  registry_.DeleteKey(registry::ClassesRoot, folderVerb);
+  EXPECT_EQ(AllIn("C:\\"), before);
+}
+
+TEST_F(OnPosixRegistry, AFolderThatWasMadeForItStaysWhileSomebodyElseUsesIt) {
+  Add();
+  drive_.Write("C:\\data\\nemo\\actions\\other.nemo_action", "[Nemo Action]\n");
+  registry_.DeleteKey(registry::ClassesRoot, folderVerb);
+  EXPECT_EQ(AllIn("C:\\data"),
+            (std::vector<std::string>{drive_.HostPath("C:\\data\\nemo"), drive_.HostPath("C:\\data\\nemo\\actions"),
+                                      drive_.HostPath("C:\\data\\nemo\\actions\\other.nemo_action")}));
 }
 
 TEST_F(OnPosixRegistry, TheMachinesKeysStayMissingQuietly) {
@@ -74,16 +154,17 @@ std::string ValueIn(const std::string& text, const std::string& key) {
 }
 
 // What a program writes about itself that the desktop starts on the folder by this command line of a file manager.
-std::string HeardThrough(TemporaryDrive& drive, const std::string& exec, const std::string& program) {
-  drive.Write(program, "#!/bin/sh\nprintf '%s|' \"$@\" > \"" + drive.HostPath("C:\\heard") + "\"\n");
-  drive.SetMode(program, 0755);
+std::string HeardThrough(TemporaryDrive& drive, const std::string& exec, const std::string& started,
+                         const std::string& folder = "C:\\my photos") {
+  drive.Write(started, "#!/bin/sh\nprintf '%s|' \"$@\" > \"" + drive.HostPath("C:\\heard") + "\"\n");
+  drive.SetMode(started, 0755);
   drive.Write("C:\\share\\applications\\manager.desktop",
               "[Desktop Entry]\nType=Application\nName=x\nExec=" + exec + "\n");
   drive.Write("C:\\xdg\\mimeapps.list", "[Default Applications]\ninode/directory=manager.desktop\n");
-  drive.MakeFolder("C:\\my photos");
-  InOwnProcess(SessionIn(drive.HostRoot()), [&drive] {
+  if (!drive.DriveFiles().FolderExists(folder)) drive.DriveFiles().MakeFolder(folder);
+  InOwnProcess(SessionIn(drive.HostRoot()), [&] {
     PosixShell shell(std::make_shared<FixedMapping>(PathMapping({{'C', drive.HostRoot(), "Test"}})));
-    shell.Open("C:\\my photos", "");
+    shell.Open(folder, "");
     AwaitPrograms();
   });
   return drive.Exists("C:\\heard") ? drive.Read("C:\\heard") : "not started";
@@ -95,22 +176,108 @@ TEST_F(OnPosixRegistry, TheFilesNameTheCompanionAndTheFolder) {
   EXPECT_EQ(ValueIn(menu, "Name"), "SlideShow by Pixorra");
   EXPECT_EQ(ValueIn(menu, "MimeType"), "inode/directory;");
   EXPECT_THAT(menu, HasSubstr("[Desktop Action play]\n"));
-  EXPECT_EQ(HeardThrough(drive_, ValueIn(menu, "Exec"), "C:\\win dows\\Pixorra SlideShow.scr"),
-            "21" + drive_.HostPath("C:\\my photos") + "|");
+  EXPECT_EQ(HeardThrough(drive_, ValueIn(menu, "Exec"), companionPath), "21" + drive_.HostPath("C:\\my photos") + "|");
   struct stat file {};
   ASSERT_EQ(stat(drive_.HostPath(serviceMenu).c_str(), &file), 0);
   EXPECT_NE(file.st_mode & S_IXUSR, 0U);
 }
 
-TEST_F(OnPosixRegistry, TheScriptStartsTheCompanionOnTheFolder) {
-  drive_.Write("C:\\win dows\\Pixorra SlideShow.scr", "#!/bin/sh\nprintf '%s|' \"$@\" > \"$0.out\"\n");
-  drive_.SetMode("C:\\win dows\\Pixorra SlideShow.scr", 0755);
+TEST_F(OnPosixRegistry, EveryCommandTakesAFolderWhateverItIsCalled) {
   Add();
-  InOwnProcess({}, [this] {
-    ASSERT_EQ(StartDetached({drive_.HostPath(script), "/my 'photos'"}, {}), 0);
-    AwaitPrograms();
-  });
-  EXPECT_EQ(drive_.Read("C:\\win dows\\Pixorra SlideShow.scr.out"), "21/my 'photos'|");
+  for (const std::string& name : oddNames) {
+    const std::string folder = "C:\\" + NameFromHost(name);
+    for (const VerbFile& file : FilesOfFolderVerb("Verb", drive_.HostPath(companionPath), {"21%L"})) {
+      const std::string exec = ValueIn(file.Text, "Exec");
+      if (exec.empty()) continue;
+      EXPECT_EQ(HeardThrough(drive_, exec, companionPath, folder), "21" + drive_.HostRoot() + '/' + name + '|')
+          << file.Place;
+      drive_.Remove("C:\\heard");
+    }
+    drive_.DriveFiles().RemoveFolder(folder);
+  }
+}
+
+// GNOME Files and Caja give a script names without their folder, and the paths in a variable.
+TEST_F(OnPosixRegistry, AScriptStartsTheCompanionOnTheFolderWhateverItIsCalled) {
+  AddCompanion();
+  Add();
+  const std::string shown = drive_.HostPath("C:\\shown");
+  for (const std::string& name : oddNames) {
+    const std::string folder = shown + '/' + name;
+    std::filesystem::create_directories(folder);
+    const std::string expected = "21" + folder + '|';
+    EXPECT_EQ(PlayedByScript(script, {{"NAUTILUS_SCRIPT_SELECTED_FILE_PATHS", folder + '\n'}}, {"mangled"}, shown),
+              expected);
+    EXPECT_EQ(PlayedByScript(otherScript, {{"CAJA_SCRIPT_SELECTED_FILE_PATHS", folder + '\n'}}, {name}, shown),
+              expected);
+    EXPECT_EQ(PlayedByScript(script, {}, {name}, shown), expected) << "by its name alone";
+    EXPECT_EQ(PlayedByScript(script, {}, {folder}, "/"), expected) << "by its path alone";
+  }
+}
+
+TEST_F(OnPosixRegistry, AScriptTakesTheFirstOfSeveralThePhotosFolderAndTheFolderOnShow) {
+  AddCompanion();
+  Add();
+  drive_.MakeFolder("C:\\shown\\one");
+  drive_.Write("C:\\shown\\a b.jpg", "1");
+  const std::string shown = drive_.HostPath("C:\\shown");
+  const auto played = [&](const std::string& paths) {
+    return PlayedByScript(script, {{"NAUTILUS_SCRIPT_SELECTED_FILE_PATHS", paths}}, {}, shown);
+  };
+  EXPECT_EQ(played(shown + "/one\n" + shown + "/two\n"), "21" + shown + "/one|");
+  EXPECT_EQ(played(shown + "/a b.jpg\n" + shown + "/one\n"), "21" + shown + "/|");
+  EXPECT_EQ(played(""), "21" + shown + '|');
+}
+
+// The tool's exit code, 127 where it is missing; what it prints is in `printed`.
+int RunTool(const std::string& command, std::string& printed) {
+  FILE* const pipe = popen((command + " 2>&1").c_str(), "r");
+  if (pipe == nullptr) return 127;
+  char part[4096];
+  printed.clear();
+  for (std::size_t read = 0; (read = std::fread(part, 1, sizeof part, pipe)) > 0;) printed.append(part, read);
+  return WEXITSTATUS(pclose(pipe));
+}
+
+// The tool knows no service menus, which differ from a starter in their type alone.
+TEST_F(OnPosixRegistry, TheDesktopsOwnToolFindsNothingWrongWithTheStarters) {
+  Add();
+  const std::string type = "Type=Service";
+  std::string menu = drive_.Read(serviceMenu);
+  ASSERT_NE(menu.find(type), std::string::npos);
+  const char* const asStarter = "C:\\menu.desktop";
+  drive_.Write(asStarter, menu.replace(menu.find(type), type.size(), "Type=Application\nName=x\nExec=true"));
+  for (const char* path : {sendTo, asStarter}) {
+    std::string printed;
+    const int code = RunTool("desktop-file-validate '" + drive_.HostPath(path) + "'", printed);
+    if (code == 127) GTEST_SKIP() << "there is no such tool here";
+    EXPECT_EQ(code, 0) << printed;
+  }
+}
+
+TEST_F(OnPosixRegistry, TheDesktopsOwnLauncherStartsTheCompanionOnTheFolder) {
+  AddCompanion();
+  Add();
+  std::string printed;
+  if (RunTool("gio help launch", printed) != 0) GTEST_SKIP() << "there is no such tool here";
+  for (const std::string& name : oddNames) {
+    const std::string folder = drive_.HostRoot() + '/' + name;
+    std::filesystem::create_directory(folder);
+    InOwnProcess(SessionIn(drive_.HostRoot()), [&] {
+      EXPECT_EQ(StartDetached({"/usr/bin/gio", "launch", drive_.HostPath(sendTo), folder}, {}), 0);
+      AwaitPrograms();
+    });
+    EXPECT_EQ(HeardByCompanion(), "21" + folder + '|');
+  }
+}
+
+TEST_F(OnPosixRegistry, ALinkOfSomebodyElseUnderTheSameNameStays) {
+  drive_.MakeFolder("C:\\data\\nautilus\\scripts");
+  drive_.MakeLink(script, "nowhere");
+  Add();
+  EXPECT_FALSE(drive_.Exists("C:\\data\\nautilus\\scripts\\nowhere"));
+  registry_.DeleteKey(registry::ClassesRoot, folderVerb);
+  EXPECT_TRUE(drive_.Exists(script));
 }
 
 TEST_F(OnPosixRegistry, SomebodyElsesFileUnderTheSameNameStays) {
@@ -123,6 +290,7 @@ TEST_F(OnPosixRegistry, SomebodyElsesFileUnderTheSameNameStays) {
 
 TEST_F(OnPosixRegistry, WhereNothingCanBeWrittenNothingIsTold) {
   drive_.Write("C:\\data", "a file in the way");
+  drive_.Write("C:\\config", "another");
   Add();
   EXPECT_FALSE(registry_.KeyExists(registry::ClassesRoot, folderVerb));
   registry_.DeleteKey(registry::ClassesRoot, folderVerb);

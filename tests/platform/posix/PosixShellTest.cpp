@@ -1,5 +1,6 @@
 // The desktop's own lists, starters and programs, which really run.
 #include <cerrno>
+#include <filesystem>
 #include <functional>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -196,6 +197,61 @@ TEST_F(OnPosixShell, RunRaisesPathAccessForWhatIsNoProgramAndGivesItToNoShell) {
     for (const char* path : {photo, "C:\\photos\\card.jpg"})
       EXPECT_EQ(ErrorsIgnored([&] { shell.Run(path); }), error::PathAccess) << path;
   });
+}
+
+class OnInstalledPrograms : public OnPosixShell {
+ protected:
+  OnInstalledPrograms() {
+    AddProgram("C:\\installed\\shown", "echo here > \"$0.out\"");
+    drive_.MakeFolder("C:\\Windows");
+  }
+  void Offer() const {
+    InOwnProcess(session_, [this] {
+      PosixShell shell(std::make_shared<FixedMapping>(PathMapping({{'C', drive_.HostRoot(), "Test"}})),
+                       drive_.HostPath("C:\\installed"));
+      shell.OfferProgram(offered_, "shown");
+    });
+  }
+  std::string Target() const {
+    std::error_code failure;
+    return std::filesystem::read_symlink(drive_.HostPath(offered_), failure);
+  }
+  const std::string offered_ = "C:\\Windows\\My Show.scr";
+};
+
+TEST_F(OnInstalledPrograms, TheOfferIsALinkThatIsMendedWhereItLeadsToNoProgram) {
+  const std::string installed = drive_.HostPath("C:\\installed\\shown");
+  Offer();
+  EXPECT_EQ(Target(), installed);
+  drive_.MakeFolder("C:\\folder");
+  drive_.Write("C:\\text", "no program");
+  for (const char* target : {"gone", "../folder", "../text", "My Show.scr"}) {
+    drive_.Remove(offered_);
+    drive_.MakeLink(offered_, target);
+    Offer();
+    EXPECT_EQ(Target(), installed) << target;
+  }
+  EXPECT_FALSE(drive_.Exists(offered_ + ".new"));
+}
+
+TEST_F(OnInstalledPrograms, ALinkToAnotherProgramStays) {
+  drive_.MakeLink(offered_, drive_.HostPath("C:\\bin\\viewer"));
+  Offer();
+  EXPECT_EQ(Target(), drive_.HostPath("C:\\bin\\viewer"));
+}
+
+TEST_F(OnInstalledPrograms, ALinkIsNotMendedWhereTheProgramIsMissing) {
+  drive_.Remove("C:\\installed");
+  drive_.MakeLink(offered_, "gone");
+  Offer();
+  EXPECT_EQ(Target(), "gone");
+}
+
+TEST_F(OnInstalledPrograms, AProgramThatIsNotInItsFolderIsTakenFromTheSearchPath) {
+  drive_.Remove("C:\\installed");
+  AddProgram("C:\\bin\\shown", ":");
+  Offer();
+  EXPECT_EQ(Target(), drive_.HostPath("C:\\bin\\shown"));
 }
 
 TEST_F(OnPosixShell, ADesktopsWindowMadeForAnotherDesktopIsPassedOver) {

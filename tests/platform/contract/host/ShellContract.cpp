@@ -89,6 +89,35 @@ TEST_F(ShellContract, AProgramThatIsMissingRaisesFileNotFoundEvenWithItsFolder) 
   });
 }
 
+TEST_F(ShellContract, AnInstalledProgramRunsByThePathThatItIsOfferedUnder) {
+  host->AddInstalled("shown");
+  host->drive.MakeFolder("C:\\Windows");
+  host->WithShell([this](Shell& shell) {
+    shell.OfferProgram("C:\\Windows\\My Show.scr", "shown");
+    shell.OfferProgram("C:\\Windows\\My Show.scr", "shown");
+    shell.Run("C:\\Windows\\\\My Show.scr 31C:\\My  Photos ");
+    EXPECT_EQ(host->HeardBy(shell, "C:\\Windows\\\\My Show.scr"), "31C:\\My  Photos ");
+  });
+}
+
+TEST_F(ShellContract, WhatIsNotInstalledOrHasNoFolderIsNotOffered) {
+  host->AddInstalled("shown");
+  host->drive.MakeFolder("C:\\Windows");
+  host->WithShell([](Shell& shell) {
+    shell.OfferProgram("C:\\Windows\\Other.scr", "another program");
+    EXPECT_EQ(ErrorsIgnored([&] { shell.Run("C:\\Windows\\Other.scr"); }), error::FileNotFound);
+    shell.OfferProgram("C:\\nowhere\\My Show.scr", "shown");
+    EXPECT_EQ(ErrorsIgnored([&] { shell.Run("C:\\nowhere\\My Show.scr"); }), error::FileNotFound);
+  });
+}
+
+TEST_F(ShellContract, AFileUnderTheNameOfWhatIsOfferedStays) {
+  host->AddInstalled("shown");
+  host->drive.Write("C:\\Windows\\My Show.scr", "mine");
+  host->WithShell([](Shell& shell) { shell.OfferProgram("C:\\Windows\\My Show.scr", "shown"); });
+  EXPECT_EQ(host->drive.Read("C:\\Windows\\My Show.scr"), "mine");
+}
+
 TEST_F(ShellContract, OpeningWhatIsNotThereRaisesNothing) {
   host->WithShell([](Shell& shell) {
     EXPECT_EQ(ErrorsIgnored([&] { shell.Open("C:\\missing.jpg", "C:\\nowhere"); }), error::None);
