@@ -3,7 +3,7 @@
 #include "base/Dialog.h"
 #include "desktop/FolderSlots.h"
 #include "desktop/ShownFolders.h"
-#include "platform/services/Registry.h"
+#include "shell/FolderShortcut.h"
 #include "window/CoreState.h"
 #include "window/DesktopState.h"
 #include "window/FilmStripState.h"
@@ -13,8 +13,6 @@
 namespace pixorra {
 
 namespace {
-
-constexpr const char* FolderVerbKey = "Folder\\Shell\\SlideShow by Pixorra";
 
 void ApplyToSlot(MainForm& main, int slot) {
   DesktopState& desk = main.desk;
@@ -28,8 +26,7 @@ void ApplyToSlot(MainForm& main, int slot) {
 }  // namespace
 
 void PreferenceMenuItem_Click(MainForm& main) {
-  const bool verb = main.host.registry.KeyExists(registry::ClassesRoot, FolderVerbKey);
-  main.preferences.AddFolderShortcutCheckbox.SetValue(verb ? 1 : 0);
+  main.preferences.AddFolderShortcutCheckbox.SetValue(HasFolderShortcut(main.host.registry) ? 1 : 0);
   ShowDialog(main.preferences.Window, main.Window);
   ApplyPicturePattern(main);
 }

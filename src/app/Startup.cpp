@@ -17,6 +17,8 @@
 #include "platform/services/Places.h"
 #include "platform/services/Printing.h"
 #include "preview/PreviewPane.h"
+#include "shell/FolderShortcut.h"
+#include "shell/SlideShow.h"
 #include "utility/frmAbout.h"
 #include "window/CoreState.h"
 #include "window/DesktopState.h"
@@ -97,6 +99,7 @@ void Form_Load(MainForm& main) {
   CreateFolderSlots(main.desk, main.host);
   ClearDestThumbnails(main);
   ClearUndoAndPreview(main);
+  AddFolderShortcutAtFirstStart(main.host);
   frmAbout splash(main.host);
   splash.ShowSplash(main.Window);
   ReadSavedState(main);
@@ -133,6 +136,7 @@ void ConnectEvents(MainForm& main) {
   ConnectClipboard(main);
   ConnectBrowse(main);
   ConnectPrinting(main);
+  ConnectShell(main);
   ConnectHelp(main);
   ConnectKeys(main);
   ConnectSpoken(main);
@@ -140,6 +144,7 @@ void ConnectEvents(MainForm& main) {
 
 void StartUp(MainForm& main) {
   SeedShippedFiles(main.host.files, main.host.places, main.host.shipped);
+  ProvideCompanion(main.host.places, main.host.shell);
   main.preferences.Window.Load();
   main.Window.Load();
   if (!main.Window.IsLoaded()) return;

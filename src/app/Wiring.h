@@ -16,6 +16,7 @@ void ConnectKeys(MainForm& main);
 void ConnectPreview(MainForm& main);
 void ConnectPrinting(MainForm& main);
 void ConnectSelected(MainForm& main);
+void ConnectShell(MainForm& main);
 void ConnectSpoken(MainForm& main);
 
 }  // namespace pixorra

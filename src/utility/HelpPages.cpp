@@ -101,7 +101,10 @@ constexpr const char* PreferencesPages[] = {
     "\n"
     "Auto Preview Film Strip photo on Click: a photo of the film\n"
     "strip is previewed as soon as the mouse button is pressed on\n"
-    "it. Without it, a photo is previewed when the button is let go.",
+    "it. Without it, a photo is previewed when the button is let go.\n"
+    "\n"
+    "Add 'SlideShow' shortcut: your file manager has 'SlideShow by\n"
+    "Pixorra' in its menu of each folder, from the click on.",
 
     "Types of Picture Files\n"
     "\n"
@@ -176,11 +179,17 @@ constexpr const char* PrintingPages[] = {
 };
 
 constexpr const char* SlideShowPages[] = {
-    "This version does not play slide shows: the commands of the\n"
-    "'Slide Show' menu are gray.\n"
+    "Play: the photos of the film strip, or of the open folder,\n"
+    "are shown on the whole screen, over and over. Any key, a\n"
+    "mouse button or a move of the mouse ends the show.\n"
+    "Speed: 1 second for each photo, 3 or 7.\n"
+    "Title and Counter: each photo with its name and number.\n"
+    "Use as ScreenSaver: leaves the folder that was played last,\n"
+    "and the speed, for your screen saver. Select it there.\n"
     "\n"
-    "The copies in your folders are ordinary files. Any program\n"
-    "that plays slide shows can open them.",
+    "'SlideShow by Pixorra' in your file manager's menu of a folder\n"
+    "plays that folder, at 2 seconds. 'Preferences' removes it from\n"
+    "the menu and adds it again.",
 };
 
 struct Topic {

@@ -31,6 +31,7 @@ struct CoreState {
   bool PrintPhotoInfo = false;  // the info and the outline are printed; kept for the rest of the run
   bool PrintAborted = false;    // a person has stopped the print job that runs
   bool PrintJobRuns = false;    // from its dialog to its end
+  std::string SlideShowFolder;  // of the last slide show that was started; empty before the first
   int LayoutCountdown = 1;      // ticks of ThumbsTimer until Window_Layout runs
   // The window's size at the last layout, twips.
   double LastWidth = 0;
