@@ -7,6 +7,7 @@
 #include <fcntl.h>
 #include <limits>
 #include <sys/stat.h>
+#include <sys/sysmacros.h>
 #include <unistd.h>
 #include <utility>
 
@@ -133,6 +134,14 @@ FileStamp StampIn(const struct stat& entry) {
           .Length = entry.st_size,
           .Seconds = entry.st_mtim.tv_sec,
           .Nanoseconds = entry.st_mtim.tv_nsec};
+}
+
+FileStamp StampIn(const struct statx& entry) {
+  return {.Disk = makedev(entry.stx_dev_major, entry.stx_dev_minor),
+          .Number = entry.stx_ino,
+          .Length = static_cast<std::int64_t>(entry.stx_size),
+          .Seconds = entry.stx_mtime.tv_sec,
+          .Nanoseconds = entry.stx_mtime.tv_nsec};
 }
 
 std::unique_ptr<File> MakeHostFile(UniqueFd fd) {

@@ -11,6 +11,7 @@
 namespace pixorra {
 
 FileStamp StampIn(const struct stat& entry);
+FileStamp StampIn(const struct statx& entry);
 // An open file around a descriptor.
 std::unique_ptr<File> MakeHostFile(UniqueFd fd);
 

@@ -64,7 +64,6 @@ bool IsSpelledAs(const HostPath& asked, const Located& located) {
                     located.Path.Names.end());
 }
 
-// Of what a link leads to.
 // Of the ordinary file that is there, or that a link there leads to.
 struct stat OrdinaryEntry(const Located& located) {
   MustExist(located);
@@ -75,8 +74,16 @@ struct stat OrdinaryEntry(const Located& located) {
   return entry;
 }
 
-std::int64_t LengthOf(const Located& located) {
-  return OrdinaryEntry(located).st_size;
+// The same as the server of a network disk has it now: what this machine remembers of it may be seconds old, and what
+// is deleted and what is taken for a copy hangs on it.
+FileStamp StampNow(const Located& located) {
+  MustExist(located);
+  struct statx entry {};
+  constexpr unsigned wanted = STATX_TYPE | STATX_INO | STATX_SIZE | STATX_MTIME;
+  if (statx(AT_FDCWD, located.Path.Text().c_str(), AT_STATX_FORCE_SYNC, wanted, &entry) != 0)
+    RaiseFor(located.Path, errno);
+  if (!S_ISREG(entry.stx_mode)) throw RuntimeError(error::FileNotFound);
+  return StampIn(entry);
 }
 
 }  // namespace
@@ -201,16 +208,16 @@ bool PosixFiles::IsSameFile(const std::string& a, const std::string& b) {
 }
 
 std::int64_t PosixFiles::Length(const std::string& path) {
-  return LengthOf(Find(path));
+  return StampNow(Find(path)).Length;
 }
 
 FileStamp PosixFiles::StampOf(const std::string& path) {
-  return StampIn(OrdinaryEntry(Find(path)));
+  return StampNow(Find(path));
 }
 
 std::unique_ptr<File> PosixFiles::OpenOfLength(const std::string& path, std::int64_t length) {
   const Located located = Find(path);
-  if (LengthOf(located) != length) return nullptr;
+  if (StampNow(located).Length != length) return nullptr;
   return OpenHostFile(located.Path.Text(), OpenMode::Read, S_ISREG(located.Entry.st_mode));
 }
 

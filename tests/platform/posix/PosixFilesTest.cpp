@@ -11,6 +11,7 @@
 #include "platform/runtime/Errors.h"
 #include "tests/platform/posix/OrdinaryUser.h"
 #include "tests/platform/posix/PrivateMounts.h"
+#include "tests/platform/posix/ServedMount.h"
 #include "tests/support/TemporaryDrive.h"
 
 namespace pixorra {
@@ -55,6 +56,21 @@ TEST_F(OnARealDisk, AFileIsNotOpenedToBeLookedAt) {
   EXPECT_EQ(files_.LastWriteTimeToRead("C:\\p\\a.jpg"), drive_.WriteTime("C:\\p\\a.jpg"));
   inotify_event opened{};
   EXPECT_EQ(read(watch.Get(), &opened, sizeof(opened)), -1);
+}
+
+// What is deleted and what is taken for a copy hangs on it.
+TEST_F(OnARealDisk, TheLengthAndStampOfAFileOfAServerAreThoseThatItHasNow) {
+  drive_.MakeFolder("C:\\share");
+  ServedMount server(drive_.HostPath("C:\\share"), "a.jpg");
+  if (!server.Mounted()) GTEST_SKIP() << "no such mount can be had here";
+  server.Length = 100;
+  EXPECT_EQ(files_.Length("C:\\share\\a.jpg"), 100);
+  server.Length = 200;
+  EXPECT_EQ(files_.Length("C:\\share\\a.jpg"), 200);
+  server.Length = 300;
+  EXPECT_EQ(files_.StampOf("C:\\share\\a.jpg").Length, 300);
+  server.Length = 400;
+  EXPECT_EQ(files_.OpenOfLength("C:\\share\\a.jpg", 300), nullptr);
 }
 
 TEST_F(OnARealDisk, AReadOnlyFileOpensForReadingOnlyAndHasATimeOnlyToRead) {
