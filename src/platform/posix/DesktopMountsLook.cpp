@@ -16,7 +16,7 @@ namespace pixorra {
 
 // Outlives its owner for as long as the thread hangs.
 struct DesktopMountsLook::State {
-  explicit State(std::string folder) : Folder(std::move(folder)) {}
+  State(std::string folder, std::vector<std::string> names) : Folder(std::move(folder)), Names(std::move(names)) {}
 
   const std::string Folder;
   std::mutex Mutex;  // of all that follows
@@ -28,7 +28,8 @@ struct DesktopMountsLook::State {
   bool Ended = false;
 };
 
-DesktopMountsLook::DesktopMountsLook(std::string folder) : state_(std::make_shared<State>(std::move(folder))) {}
+DesktopMountsLook::DesktopMountsLook(std::string folder, std::vector<std::string> names)
+    : state_(std::make_shared<State>(std::move(folder), std::move(names))) {}
 
 DesktopMountsLook::~DesktopMountsLook() {
   const std::lock_guard lock(state_->Mutex);
@@ -57,7 +58,7 @@ void DesktopMountsLook::Work(const std::shared_ptr<State>& state) {
   }
 }
 
-std::vector<std::string> DesktopMountsLook::Names() {
+std::vector<std::string> DesktopMountsLook::Names(std::chrono::milliseconds patience) {
   State& state = *state_;
   if (state.Folder.empty()) return {};
   std::unique_lock lock(state.Mutex);
@@ -72,7 +73,7 @@ std::vector<std::string> DesktopMountsLook::Names() {
   }
   ++state.Asked;
   state.Changed.notify_all();
-  state.Changed.wait_for(lock, Patience, [&] { return state.Answered == state.Asked; });
+  state.Changed.wait_for(lock, patience, [&] { return state.Answered == state.Asked; });
   return state.Names;
 }
 

@@ -11,18 +11,19 @@ namespace pixorra {
 
 class DesktopMountsLook {
  public:
-  // Nobody waits longer for an answer.
+  // Nobody waits longer for an answer, but for the program's start, which has no earlier one.
   static constexpr std::chrono::milliseconds Patience{50};
+  static constexpr std::chrono::milliseconds PatienceAtStart{1500};
 
-  // A host path, empty for none.
-  explicit DesktopMountsLook(std::string folder);
+  // A host path, empty for none, and what is known of it.
+  explicit DesktopMountsLook(std::string folder, std::vector<std::string> names = {});
   ~DesktopMountsLook();
   DesktopMountsLook(const DesktopMountsLook&) = delete;
   DesktopMountsLook& operator=(const DesktopMountsLook&) = delete;
 
   // The names in it, in order. Where they do not come in time, and at once while an earlier look has no answer yet,
   // those of the last look that had one.
-  std::vector<std::string> Names();
+  std::vector<std::string> Names(std::chrono::milliseconds patience = Patience);
 
  private:
   struct State;

@@ -25,7 +25,7 @@ std::string ShownName(const std::string& mountPoint) {
 MountedMapping::MountedMapping(const Environment& environment)
     : user_(environment.User),
       shareMounts_(environment.RuntimeDir.empty() ? std::string() : environment.RuntimeDir + "/gvfs"),
-      desktopMounts_(DesktopMountsLook(shareMounts_).Names()),
+      desktopMounts_(DesktopMountsLook(shareMounts_).Names(DesktopMountsLook::PatienceAtStart)),
       lettersFile_(environment.ConfigHome + "/pixorra/drives"),
       mountInfo_(open("/proc/self/mountinfo", O_RDONLY | O_CLOEXEC)),
       remembered_(ParseLetters(ReadSmallFile(lettersFile_).value_or(""))) {

@@ -71,7 +71,7 @@ PlaceOfVolume VolumeOfDesktopMount(const std::string& folder) {
 PosixVolumes::PosixVolumes(const Environment& environment, std::shared_ptr<MappingSource> mapping)
     : desktopMounts_(environment.RuntimeDir.empty() ? std::string() : environment.RuntimeDir + "/gvfs"),
       mapping_(std::move(mapping)),
-      look_(desktopMounts_),
+      look_(desktopMounts_, mapping_->DesktopMounts()),
       mountInfo_(open(mountInfoFile, O_RDONLY | O_CLOEXEC)),
       seen_(mapping_->DesktopMounts()) {}
 

@@ -6,6 +6,7 @@
 
 #include "platform/posix/PosixVolumes.h"
 #include "tests/platform/posix/PrivateMounts.h"
+#include "tests/platform/posix/ServedMount.h"
 #include "tests/support/TemporaryDrive.h"
 
 namespace pixorra {
@@ -160,6 +161,28 @@ TEST_F(PosixVolumesTest, ACameraThatTheDesktopMountsIsADriveOfItsOwn) {
   Mount("gphoto2:host=EOS_90D");
   volumes.Stamp();
   EXPECT_EQ(volumes.List().back().Path, camera.Path) << "the same letter again";
+}
+
+TEST_F(PosixVolumesTest, ACameraKeepsItsLetterWhereTheVeryFirstLookHangs) {
+  environment.ConfigHome = drive.HostPath("C:\\config");
+  Mount("gphoto2:host=EOS_90D");
+  const auto mounted = std::make_shared<MountedMapping>(environment);
+  const std::vector<Volume> before = mounted->Current().Volumes();
+  PosixVolumes volumes(environment, mounted);
+  const HangingMount hanging(drive.HostPath("C:\\run\\gvfs"));
+  if (!hanging.Mounted()) GTEST_SKIP() << "no such mount can be had here";
+  volumes.Stamp();
+  EXPECT_EQ(mounted->Current().Volumes(), before);
+  EXPECT_EQ(volumes.List().back().Label, "EOS 90D");
+}
+
+TEST_F(PosixVolumesTest, ACameraIsADriveFromTheStartWhereTheDesktopIsSlowToAnswer) {
+  environment.ConfigHome = drive.HostPath("C:\\config");
+  const ServedMount slow(drive.HostPath("C:\\run\\gvfs"), "gphoto2:host=EOS_90D", 4 * DesktopMountsLook::Patience);
+  if (!slow.Mounted()) GTEST_SKIP() << "no such mount can be had here";
+  MountedMapping started(environment);
+  EXPECT_THAT(started.DesktopMounts(), ElementsAre("gphoto2:host=EOS_90D"));
+  EXPECT_EQ(started.Current().Volumes().back().ShownName, "EOS 90D");
 }
 
 }  // namespace
