@@ -8,6 +8,7 @@
 #include <memory>
 #include <unistd.h>
 
+#include "platform/posix/EntryKind.h"
 #include "platform/posix/HostErrors.h"
 #include "platform/posix/HostLookup.h"
 #include "platform/posix/HostNames.h"
@@ -19,42 +20,26 @@ namespace pixorra {
 
 namespace {
 
-enum class Kind { Ordinary, Folder, Link, Other };
-
-Kind KindOf(mode_t mode) {
-  if (S_ISREG(mode)) return Kind::Ordinary;
-  if (S_ISDIR(mode)) return Kind::Folder;
-  return S_ISLNK(mode) ? Kind::Link : Kind::Other;
-}
-
-// Many file systems give the kind with the name, which saves a look at each file.
-Kind KindOf(int folder, const dirent& entry) {
-  if (entry.d_type != DT_UNKNOWN) return KindOf(DTTOIF(entry.d_type));
-  struct stat looked {};
-  const char* name = static_cast<const char*>(entry.d_name);
-  return fstatat(folder, name, &looked, AT_SYMLINK_NOFOLLOW) == 0 ? KindOf(looked.st_mode) : Kind::Other;
-}
-
 // What a link leads to; Other where it leads nowhere.
-Kind KindBehind(int folder, const dirent& entry) {
+EntryKind KindBehind(int folder, const dirent& entry) {
   struct stat looked {};
   return fstatat(folder, static_cast<const char*>(entry.d_name), &looked, 0) == 0 ? KindOf(looked.st_mode)
-                                                                                  : Kind::Other;
+                                                                                  : EntryKind::Other;
 }
 
-bool IsListed(int folder, const dirent& entry, Kind kind, int attributes) {
+bool IsListed(int folder, const dirent& entry, EntryKind kind, int attributes) {
   const bool system = (attributes & attribute::System) != 0;
-  if (kind == Kind::Link) {
+  if (kind == EntryKind::Link) {
     if (system) return true;
     kind = KindBehind(folder, entry);
   }
-  if (kind == Kind::Folder) return (attributes & attribute::Directory) != 0;
-  return kind == Kind::Ordinary || system;
+  if (kind == EntryKind::Folder) return (attributes & attribute::Directory) != 0;
+  return kind == EntryKind::Ordinary || system;
 }
 
 bool IsFolder(int folder, const dirent& entry) {
-  const Kind kind = KindOf(folder, entry);
-  return kind == Kind::Folder || (kind == Kind::Link && KindBehind(folder, entry) == Kind::Folder);
+  const EntryKind kind = KindOf(folder, entry);
+  return kind == EntryKind::Folder || (kind == EntryKind::Link && KindBehind(folder, entry) == EntryKind::Folder);
 }
 
 [[noreturn]] void RaiseForFolder(int hostError) {
@@ -89,9 +74,9 @@ std::vector<std::string> ListFolder(const std::string& folder, const std::string
     if (hostName[0] == '.' && (attributes & attribute::Hidden) == 0) continue;
     std::string name = NameFromHost(hostName);
     if (!MatchesPattern(name, pattern)) continue;
-    const Kind kind = KindOf(dirfd(open.get()), *entry);
+    const EntryKind kind = KindOf(dirfd(open.get()), *entry);
     if (!IsListed(dirfd(open.get()), *entry, kind, attributes)) continue;
-    if (kind == Kind::Folder && leaveOut(start + hostName)) continue;
+    if (kind == EntryKind::Folder && leaveOut(start + hostName)) continue;
     names.push_back(std::move(name));
   }
   failure = errno;

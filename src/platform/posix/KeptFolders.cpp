@@ -10,11 +10,15 @@
 #include <cstddef>
 #include <dirent.h>
 #include <fcntl.h>
+#include <linux/fs.h>
+#include <new>
 #include <sys/inotify.h>
+#include <sys/ioctl.h>
 #include <sys/vfs.h>
 #include <utility>
 
 #include "platform/posix/HostNames.h"
+#include "platform/runtime/Errors.h"
 #include "platform/runtime/Text.h"
 
 namespace pixorra {
@@ -26,7 +30,7 @@ constexpr std::size_t MostPatterns = 8;
 constexpr std::uint32_t OfNames = IN_CREATE | IN_MOVED_TO | IN_DELETE | IN_MOVED_FROM;
 constexpr std::uint32_t OfFolder = IN_ATTRIB | IN_DELETE_SELF | IN_MOVE_SELF;
 
-bool IsTrusted(const std::string& folder) {
+bool IsTrusted(int folder) {
   constexpr std::array<std::int64_t, 5> trusted = {
       0xEF53,      // ext2, ext3, ext4
       0x58465342,  // XFS
@@ -35,19 +39,27 @@ bool IsTrusted(const std::string& folder) {
       0x01021994,  // memory
   };
   struct statfs disk {};
-  return statfs(folder.c_str(), &disk) == 0 && std::ranges::find(trusted, std::int64_t{disk.f_type}) != trusted.end();
+  return fstatfs(folder, &disk) == 0 && std::ranges::find(trusted, std::int64_t{disk.f_type}) != trusted.end();
 }
 
-EntryKind KindOf(mode_t mode) {
-  if (S_ISREG(mode)) return EntryKind::Ordinary;
-  if (S_ISDIR(mode)) return EntryKind::Folder;
-  return S_ISLNK(mode) ? EntryKind::Link : EntryKind::Other;
+bool SaysThatItIgnoresCase(int folder) {
+  int flags = 0;
+  return ioctl(folder, FS_IOC_GETFLAGS, &flags) == 0 && (flags & FS_CASEFOLD_FL) != 0;
 }
 
-// What has gone since is Other; an event will say so.
-EntryKind KindAt(const std::string& path) {
-  struct stat looked {};
-  return lstat(path.c_str(), &looked) == 0 ? KindOf(looked.st_mode) : EntryKind::Other;
+bool IsLetter(char c) {
+  return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
+}
+
+bool HasTwinOfOtherCase(int folder, const std::string& hostName) {
+  std::string other = hostName;
+  for (char& c : other)
+    if (IsLetter(c)) c = static_cast<char>(c ^ ('a' ^ 'A'));
+  struct stat entry {};
+  struct stat twin {};
+  return fstatat(folder, hostName.c_str(), &entry, AT_SYMLINK_NOFOLLOW) == 0 &&
+         fstatat(folder, other.c_str(), &twin, AT_SYMLINK_NOFOLLOW) == 0 && entry.st_dev == twin.st_dev &&
+         entry.st_ino == twin.st_ino;
 }
 
 bool LeadsToFile(const std::string& path) {
@@ -71,20 +83,21 @@ bool HasSameTimes(const struct stat& a, const struct stat& b) {
 
 // --- one folder ------------------------------------------------------------------------------------------------------
 
-// False where it cannot be read to its end.
-bool KeptFolder::Read() {
-  const std::unique_ptr<DIR, int (*)(DIR*)> open(opendir(path_.c_str()), closedir);
-  if (!open || fstat(dirfd(open.get()), &folder_) != 0) return false;
+// False where it cannot be read to its end, or ignores case.
+bool KeptFolder::Read(DIR& open) {
+  const int folder = dirfd(&open);
+  if (fstat(folder, &folder_) != 0 || SaysThatItIgnoresCase(folder)) return false;
   errno = 0;
-  for (; const dirent* entry = readdir(open.get()); errno = 0) {
+  for (; const dirent* entry = readdir(&open); errno = 0) {
     const std::string hostName = static_cast<const char*>(entry->d_name);
-    if (hostName == "." || hostName == "..") continue;
-    const EntryKind kind = entry->d_type != DT_UNKNOWN ? KindOf(DTTOIF(entry->d_type)) : KindAt(path_ + '/' + hostName);
-    entries_.push_back(EntryOf(hostName, kind));
+    if (hostName != "." && hostName != "..") entries_.push_back(EntryOf(hostName, KindOf(folder, *entry)));
   }
   if (errno != 0) return false;
   std::sort(entries_.begin(), entries_.end(), [](const Entry& a, const Entry& b) { return NameLess(a.Name, b.Name); });
-  return true;
+  // Where the whole disk ignores case the folder does not say so.
+  const auto lettered =
+      std::ranges::find_if(entries_, [](const Entry& entry) { return std::ranges::any_of(entry.HostName, IsLetter); });
+  return lettered == entries_.end() || !HasTwinOfOtherCase(folder, lettered->HostName);
 }
 
 KeptFolder::Entry KeptFolder::EntryOf(const std::string& hostName, EntryKind kind) const {
@@ -99,12 +112,29 @@ KeptFolder::Entries::iterator KeptFolder::PlaceOf(const std::string& name) {
                           [](const Entry& entry, const std::string& wanted) { return NameLess(entry.Name, wanted); });
 }
 
+bool KeptFolder::IsAtItsPath(struct stat& now) const {
+  return stat(path_.c_str(), &now) == 0 && IsSameFolder(now, folder_);
+}
+
+// Takes in what events have told of. False where the folder is to be read again, also as its path leads to another one
+// by now, whose names are not those of the events.
+bool KeptFolder::Follow() {
+  if (heard_.empty()) return true;
+  std::vector<std::string> names = std::exchange(heard_, {});
+  const UniqueFd folder(open(path_.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC));
+  struct stat now {};
+  if (!folder || fstat(folder.Get(), &now) != 0 || !IsSameFolder(now, folder_)) return false;
+  changed_ = true;
+  std::ranges::sort(names);
+  names.erase(std::unique(names.begin(), names.end()), names.end());
+  return std::ranges::all_of(names, [&](const std::string& name) { return LookAgain(folder.Get(), name); });
+}
+
 // After an event, whatever that was: what the disk now has by that name counts. False where that does not fit what was
 // known before.
-bool KeptFolder::LookAgain(const std::string& hostName) {
-  changed_ = true;
+bool KeptFolder::LookAgain(int folder, const std::string& hostName) {
   struct stat looked {};
-  const int failure = lstat((path_ + '/' + hostName).c_str(), &looked) == 0 ? 0 : errno;
+  const int failure = fstatat(folder, hostName.c_str(), &looked, AT_SYMLINK_NOFOLLOW) == 0 ? 0 : errno;
   if (failure != 0 && failure != ENOENT) return false;
   Entry entry = EntryOf(hostName, KindOf(looked.st_mode));
   const auto place = PlaceOf(entry.Name);
@@ -177,18 +207,20 @@ KeptFolder* KeptFolders::Find(const std::string& hostFolder) {
   if (place == kept_.end()) return std::erase(readOnce_, hostFolder) != 0 ? Keep(hostFolder) : nullptr;
   // Ahead of the events: what has changed until now is among them.
   struct stat now {};
-  const bool isThere = stat(hostFolder.c_str(), &now) == 0 && IsSameFolder(now, (*place)->folder_) &&
-                       faccessat(AT_FDCWD, hostFolder.c_str(), R_OK | X_OK, AT_EACCESS) == 0;
+  const bool isThere =
+      (*place)->IsAtItsPath(now) && faccessat(AT_FDCWD, hostFolder.c_str(), R_OK | X_OK, AT_EACCESS) == 0;
   TakeEvents();
   place = PlaceOf(hostFolder);
   if (place == kept_.end()) return nullptr;
-  const bool sameTimes = HasSameTimes(now, (*place)->folder_);
-  if (!isThere || (!sameTimes && !(*place)->changed_)) {
+  KeptFolder& folder = **place;
+  const bool explained = folder.changed_ || HasSameTimes(now, folder.folder_);
+  // Some of the events may be later than the look, and explain no change after this.
+  if (!isThere || !explained || (folder.changed_ && !folder.IsAtItsPath(now))) {
     Drop(place);
     return nullptr;
   }
-  if (!sameTimes) (*place)->changed_ = false;
-  (*place)->folder_ = now;
+  folder.changed_ = false;
+  folder.folder_ = now;
   std::rotate(kept_.begin(), place, place + 1);
   return kept_.front().get();
 }
@@ -201,18 +233,19 @@ void KeptFolders::WasRead(const std::string& hostFolder, std::size_t names) {
 
 // It is watched before it is read; what changes meanwhile is known to both.
 KeptFolder* KeptFolders::Keep(const std::string& hostFolder) {
-  if (!IsTrusted(hostFolder)) return nullptr;
   if (!events_) events_ = UniqueFd(inotify_init1(IN_NONBLOCK | IN_CLOEXEC));
-  if (!events_) return nullptr;
+  const std::unique_ptr<DIR, int (*)(DIR*)> open(events_ ? opendir(hostFolder.c_str()) : nullptr, closedir);
+  if (!open || !IsTrusted(dirfd(open.get()))) return nullptr;
+  kept_.reserve(Most + 1);
   std::unique_ptr<KeptFolder> folder(new KeptFolder(hostFolder));
-  // A folder that is kept by another path fails here.
-  folder->watch_ =
-      inotify_add_watch(events_.Get(), hostFolder.c_str(), OfNames | OfFolder | IN_ONLYDIR | IN_MASK_CREATE);
+  // By its path another folder might be watched than is read. One that is kept by another path fails here.
+  const std::string opened = "/proc/self/fd/" + std::to_string(dirfd(open.get()));
+  folder->watch_ = inotify_add_watch(events_.Get(), opened.c_str(), OfNames | OfFolder | IN_ONLYDIR | IN_MASK_CREATE);
   if (folder->watch_ < 0) return nullptr;
-  const bool read = folder->Read();
-  if (kept_.size() == Most) Drop(kept_.end() - 1);
   kept_.insert(kept_.begin(), std::move(folder));
-  if (!read) {
+  if (kept_.size() > Most) Drop(kept_.end() - 1);
+  // Nor is one kept that there is no memory for.
+  if (!OrElse(false, [&] { return kept_.front()->Read(*open); })) {
     Drop(kept_.begin());
     return nullptr;
   }
@@ -223,14 +256,21 @@ KeptFolder* KeptFolders::Keep(const std::string& hostFolder) {
 
 void KeptFolders::TakeEvents() {
   alignas(inotify_event) std::array<char, 16 * 1024> buffer{};
-  for (;;) {
-    const ssize_t length = read(events_.Get(), buffer.data(), buffer.size());
-    if (length <= 0) return;
-    for (std::size_t at = 0; at < static_cast<std::size_t>(length);) {
-      const auto& event = *reinterpret_cast<const inotify_event*>(buffer.data() + at);
-      at += sizeof(inotify_event) + event.len;
-      Take(event);
+  // Without memory for what they tell of, all folders are to be read again.
+  try {
+    for (;;) {
+      const ssize_t length = read(events_.Get(), buffer.data(), buffer.size());
+      if (length <= 0) break;
+      for (std::size_t at = 0; at < static_cast<std::size_t>(length);) {
+        const auto& event = *reinterpret_cast<const inotify_event*>(buffer.data() + at);
+        at += sizeof(inotify_event) + event.len;
+        Take(event);
+      }
     }
+    for (std::size_t i = kept_.size(); i-- > 0;)
+      if (!kept_[i]->Follow()) Drop(kept_.begin() + static_cast<std::ptrdiff_t>(i));
+  } catch (const std::bad_alloc&) {
+    DropAll();
   }
 }
 
@@ -240,7 +280,9 @@ void KeptFolders::Take(const inotify_event& event) {
   const auto place = std::ranges::find_if(kept_, [&](const auto& kept) { return kept->watch_ == event.wd; });
   if (place == kept_.end()) return;
   if (event.len == 0) return Drop(place);  // of the folder itself
-  if ((event.mask & OfNames) != 0 && !(*place)->LookAgain(static_cast<const char*>(event.name))) Drop(place);
+  if ((event.mask & OfNames) == 0) return;
+  if ((*place)->heard_.size() == MostChanges) return Drop(place);
+  (*place)->heard_.emplace_back(static_cast<const char*>(event.name));
 }
 
 }  // namespace pixorra

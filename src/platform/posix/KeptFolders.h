@@ -4,19 +4,19 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <dirent.h>
 #include <memory>
 #include <optional>
 #include <string>
 #include <sys/stat.h>
 #include <vector>
 
+#include "platform/posix/EntryKind.h"
 #include "platform/posix/UniqueFd.h"
 
 struct inotify_event;
 
 namespace pixorra {
-
-enum class EntryKind { Ordinary, Folder, Link, Other };
 
 class KeptFolder {
  public:
@@ -36,17 +36,20 @@ class KeptFolder {
   using Entries = std::vector<Entry>;
 
   explicit KeptFolder(std::string path) : path_(std::move(path)) {}
-  bool Read();
+  bool Read(DIR& open);
   Entry EntryOf(const std::string& hostName, EntryKind kind) const;
   Entries::iterator PlaceOf(const std::string& name);
-  bool LookAgain(const std::string& hostName);
+  bool IsAtItsPath(struct stat& now) const;
+  bool Follow();
+  bool LookAgain(int folder, const std::string& hostName);
   std::uint8_t BitOf(const std::string& pattern);
 
   std::string path_;
   struct stat folder_ {};  // when it was last found to be current
   int watch_ = -1;
-  bool changed_ = false;  // an event has told of a change that explains another time of the folder
-  Entries entries_;       // by NameLess of the program's spelling
+  bool changed_ = false;            // since then, by an event, which explains another time of the folder
+  std::vector<std::string> heard_;  // host names that events tell of, until they are followed
+  Entries entries_;                 // by NameLess of the program's spelling
   std::vector<std::string> patterns_;
 };
 
@@ -58,6 +61,8 @@ class KeptFolders {
   static constexpr std::size_t Fewest = 200;
   // So many are kept: the folders of the Desktop, the film strip and a few more. The one used longest ago goes first.
   static constexpr std::size_t Most = 12;
+  // A folder in which more names have changed between two looks is read again, which takes less time.
+  static constexpr std::size_t MostChanges = 64;
 
   // The folder as it is now; null where it is to be read. Good until the next call.
   KeptFolder* Find(const std::string& hostFolder);

@@ -5,6 +5,9 @@
 #include <filesystem>
 #include <gmock/gmock.h>
 #include <random>
+#include <sys/inotify.h>
+#include <sys/stat.h>
+#include <sys/vfs.h>
 
 #include "platform/posix/KeptFolders.h"
 #include "platform/runtime/Text.h"
@@ -24,6 +27,18 @@ class KeptFoldersTest : public ::testing::Test {
   static constexpr int Files = 300;
 
   KeptFoldersTest() { Fill("C:\\p"); }
+  void SetUp() override {
+    KeptFolders trial;
+    trial.WasRead(Host(), Files);
+    if (trial.Find(Host()) != nullptr) return;
+    if (!UniqueFd(inotify_init1(IN_CLOEXEC))) GTEST_SKIP() << "nothing can be watched here";
+    // On these it must be kept.
+    constexpr std::int64_t ext = 0xEF53;
+    constexpr std::int64_t memory = 0x01021994;
+    struct statfs disk {};
+    ASSERT_EQ(statfs(Host().c_str(), &disk), 0);
+    if (disk.f_type != ext && disk.f_type != memory) GTEST_SKIP() << "folders of this disk are not kept";
+  }
   void Fill(const std::string& folder) {
     for (int i = 0; i < Files; ++i) drive.Write(folder + "\\" + std::to_string(i) + ".jpg", "x");
   }
@@ -164,13 +179,33 @@ TEST_F(KeptFoldersTest, AFolderThatMayNoLongerBeReadIsNotKept) {
 
 TEST_F(KeptFoldersTest, WhereTheKernelLosesEventsNothingIsKept) {
   ASSERT_NE(Known(), nullptr);
-  for (int i = 0; i < 5000; ++i) {
-    std::filesystem::rename(Host("1.jpg"), Host("a"));
-    std::filesystem::rename(Host("a"), Host("1.jpg"));
-  }
+  // More than the kernel holds, and none of them of a name.
+  for (int i = 0; i < 10000; ++i)
+    for (const char* name : {"1.jpg", "2.jpg"}) ASSERT_EQ(chmod(Host(name).c_str(), i % 2 == 0 ? 0600 : 0640), 0);
+  drive.Write("C:\\p\\lost.jpg", "x");
   EXPECT_EQ(Find(), nullptr);
   ASSERT_NE(Known(), nullptr) << "until it is read again";
   EXPECT_EQ(Kept("*"), OnDisk("*"));
+}
+
+TEST_F(KeptFoldersTest, AFewChangesAreFollowedAndManyEndIt) {
+  ASSERT_NE(Known(), nullptr);
+  const auto add = [&](std::size_t count, const std::string& name) {
+    for (std::size_t i = 0; i < count; ++i) drive.Write("C:\\p\\" + name + std::to_string(i) + ".jpg", "x");
+  };
+  add(KeptFolders::MostChanges, "few");
+  EXPECT_EQ(Kept(), OnDisk());
+  add(KeptFolders::MostChanges, "as few");
+  EXPECT_EQ(Kept(), OnDisk()) << "it is the changes between two looks that count";
+  add(KeptFolders::MostChanges + 1, "many");
+  EXPECT_EQ(Find(), nullptr);
+  ASSERT_NE(Known(), nullptr);
+  EXPECT_EQ(Kept(), OnDisk());
+}
+
+TEST_F(KeptFoldersTest, AFolderThatFindsANameByItsOtherCaseIsNotKept) {
+  std::filesystem::create_hard_link(Host("0.jpg"), Host("0.JPG"));
+  EXPECT_EQ(Known(), nullptr);
 }
 
 TEST_F(KeptFoldersTest, AFolderOfASystemThatIsNotTheKernelsOwnDiskIsNotKept) {
@@ -207,6 +242,24 @@ TEST_F(KeptFoldersTest, ANameThatSomebodyTakesIsTakenInEitherCase) {
   drive.Write("C:\\p\\new.jpg", "theirs");
   EXPECT_EQ(ErrorOf([&] { files.Open("C:\\p\\new.jpg", OpenMode::CreateNew); }), error::FileExists);
   EXPECT_EQ(drive.Read("C:\\p\\new.jpg"), "theirs");
+}
+
+TEST_F(KeptFoldersTest, WhatChangedWhileAFolderOnTheWayHadAnotherNameIsKnownWhenItIsBack) {
+  Fill("C:\\a\\p");
+  PosixFiles& files = drive.DriveFiles();
+  const auto names = [&](const std::string& folder) { return files.Names(folder, "*.jpg", attribute::Normal); };
+  for (int i = 0; i < 2; ++i)
+    for (const char* folder : {"C:\\a\\p", "C:\\p"}) ASSERT_THAT(names(folder), SizeIs(Files));
+  std::filesystem::rename(drive.HostPath("C:\\a"), drive.HostPath("C:\\b"));
+  drive.Write("C:\\b\\p\\temporary", "saved anew");
+  std::filesystem::rename(drive.HostPath("C:\\b\\p\\temporary"), drive.HostPath("C:\\b\\p\\7.jpg"));
+  drive.Write("C:\\b\\p\\new.jpg", "x");
+  ASSERT_THAT(names("C:\\p"), SizeIs(Files));
+  std::filesystem::rename(drive.HostPath("C:\\b"), drive.HostPath("C:\\a"));
+  const std::vector<std::string> found = names("C:\\a\\p");
+  EXPECT_THAT(found, SizeIs(Files + 1));
+  EXPECT_THAT(found, Contains("7.jpg"));
+  EXPECT_THAT(found, Contains("new.jpg"));
 }
 
 }  // namespace
