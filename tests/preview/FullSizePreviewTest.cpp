@@ -110,7 +110,7 @@ TEST_F(FullSizePreviewTest, APhotoOfTheScreensSizeLessTheFrameStillFits) {
 }
 
 TEST_F(FullSizePreviewTest, WithASecondScreenTheWindowIsStillNoLargerThanOne) {
-  run.platform.backend.AddSecondScreen();
+  run.platform.backend.AddScreen(1280, 1024);
   Show(1284, 1014);
   EXPECT_EQ(Window().TwipsWidth(), 1280 * 15);
   EXPECT_EQ(Window().TwipsHeight(), 1024 * 15 - 120);

@@ -72,10 +72,8 @@ def check_file(name, text):
 
 def main():
     root = sources.parse_arguments(__doc__).root
-    src = root / "src"
-    files = [path for path in sources.code_files(root, ["src"])
-             if path.parent.relative_to(src).as_posix() not in sources.BACK_ENDS
-             and path.relative_to(src).as_posix() not in sources.BACK_END_FILES]
+    files = [path for path, name in sources.program_files(root)
+             if name.rpartition("/")[0] not in sources.BACK_ENDS and name not in sources.BACK_END_FILES]
     problems = [problem for path in files
                 for problem in check_file(path.relative_to(root).as_posix(), sources.read(path))]
     sources.report(problems, f"{len(files)} files leave the host to the services.")

@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
-"""Checks every #include of src/ against tools/layers.txt: a file includes only what its folder's line names, and a line names
-only what an earlier one has. Prints the graph of the includes that there are."""
+"""Checks every #include of src/ and slideshow/ against tools/layers.txt: a file includes only what its folder's line names, and a
+line names only what an earlier one has. Prints the graph of the includes that there are."""
 
 import re
 from collections import defaultdict
@@ -65,14 +65,14 @@ def folder_of(name):
     return name.rpartition("/")[0]
 
 
-def check_file(name, text, src, layers, graph):
+def check_file(name, text, root, layers, graph):
     problems = []
     for line, quoted, target in sources.includes(text):
-        where = f"src/{name}:{line}"
+        where = f"{sources.shown(name)}:{line}"
         if not quoted:
-            if (src / target).is_file():
+            if sources.file_named(root, target).is_file():
                 problems.append(f"{where}: <{target}> is the project's own; include it with quotes")
-        elif not (src / target).is_file():
+        elif not sources.file_named(root, target).is_file():
             problems.append(f"{where}: \"{target}\" is no file below src/; headers are included by their path from there")
         elif name.endswith(".h") and target == HEADER_BY_FORWARD_DECLARATION:
             problems.append(f"{where}: a header names MainForm by a forward declaration, not by {target}")
@@ -84,16 +84,16 @@ def check_file(name, text, src, layers, graph):
 
 
 def check_tree(root):
-    src = root / "src"
     layers = Layers(sources.read(root / "tools" / "layers.txt"))
     problems = list(layers.problems)
     graph, folders = [], set()
-    for path in sources.code_files(root, ["src"]):
-        name = path.relative_to(src).as_posix()
+    for path, name in sources.program_files(root):
         folders.add(folder_of(name))
-        problems += check_file(name, sources.read(path), src, layers, graph)
-    problems += [f"src/{folder}: tools/layers.txt does not name this folder" for folder in sorted(folders - set(layers.allowed))]
-    problems += [f"tools/layers.txt: there is no src/{key}" for key in layers.allowed if not (src / key).exists()]
+        problems += check_file(name, sources.read(path), root, layers, graph)
+    problems += [f"{sources.shown(folder + '/').rstrip('/')}: tools/layers.txt does not name this folder"
+                 for folder in sorted(folders - set(layers.allowed))]
+    problems += [f"tools/layers.txt: there is no {sources.shown(key)}" for key in layers.allowed
+                 if not sources.file_named(root, key + "/").exists()]
     return problems, layers, graph
 
 

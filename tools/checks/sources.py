@@ -9,8 +9,10 @@ from pathlib import Path
 CODE_SUFFIXES = {".cpp", ".h"}
 CODE_FOLDERS = ("src", "slideshow", "tests", "bench")
 # Where files, clocks and a toolkit are the business of the code; every other folder leaves them to the services.
-BACK_ENDS = ("platform/posix", "platform/codecs", "platform/headless", "platform/qt")
-BACK_END_FILES = ("app/main.cpp",)
+BACK_ENDS = ("platform/posix", "platform/codecs", "platform/session", "platform/headless", "platform/qt")
+BACK_END_FILES = ("app/main.cpp", "slideshow/main.cpp")
+# The program's folders are named from src/ on; the slide show, a program of its own, is beside it.
+COMPANION = "slideshow"
 
 INCLUDE = re.compile(r'^\s*#\s*include\s*([<"])([^>"]+)[>"]', re.MULTILINE)
 # In the order in which they may begin; whichever comes first in the text wins.
@@ -46,6 +48,22 @@ def compiled(build):
                 yield entry.get("command", ""), Path(name).resolve()
         else:
             yield entry.get("command", ""), path
+
+
+def program_files(root):
+    """(path, name) of the .cpp and .h files of both programs, named as their includes name them."""
+    for path in code_files(root, ["src", COMPANION]):
+        yield path, path.relative_to(root / "src" if path.is_relative_to(root / "src") else root).as_posix()
+
+
+def file_named(root, name):
+    """The file of either program that an include means by this name."""
+    return (root if name.startswith(COMPANION + "/") else root / "src") / name
+
+
+def shown(name):
+    """The name from the checkout on."""
+    return name if name.startswith(COMPANION + "/") else f"src/{name}"
 
 
 def read(path):

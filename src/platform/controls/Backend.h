@@ -19,6 +19,7 @@ struct Screen {
   double Height = 0;
   double TwipsPerPixelX = 15;
   double TwipsPerPixelY = 15;
+  double Fineness = 1;  // the screen's own pixels to the side of one pixel
 };
 
 class Backend {
@@ -37,6 +38,11 @@ class Backend {
   // Toolkit::RunDueTimers is to be called at that moment (nothing: not at all); replaces what was asked before.
   virtual void WakeAt(std::optional<double> seconds) = 0;
   virtual Screen GetScreen() = 0;
+  // Screens have numbers from 0, the main one; a number that no screen has stands for that one.
+  virtual int ScreenCount() { return 1; }
+  virtual Screen GetScreen(int) { return GetScreen(); }
+  // The number of the screen that the pointer is on.
+  virtual int ScreenOfPointer() { return 0; }
   // The largest size of a window: that of all screens together.
   virtual Screen LargestWindow() { return GetScreen(); }
   virtual int MenuBarHeight() = 0;  // pixels

@@ -43,6 +43,8 @@ inline constexpr int Down = 40;
 inline constexpr int Insert = 45;
 inline constexpr int Delete = 46;
 inline constexpr int F1 = 112;  // to F12, 123; letters and digits are their capitals' codes
+// Every key without a code of its own, Shift and the like included: see Form::TakesEveryKey.
+inline constexpr int Other = 255;
 }  // namespace key
 
 // What a mouse event carries: the button, or for a move the sum of those held; keys held; pixels within the control.

@@ -118,17 +118,23 @@ void Form::SetFullScreen(bool fullScreen) {
   Resized();
 }
 
+void Form::SetFullScreenOn(int screen) {
+  if (screen == screen_) return;
+  screen_ = screen;
+  if (fullScreen_) Resized();
+}
+
 void Form::ScreenChanged() {
   if (fullScreen_ && (Width() != ScaleWidth() || Height() != ScaleHeight())) Resized();
 }
 
 int Form::ScaleWidth() const {
-  if (fullScreen_) return CLng(toolkit_.GetScreen().Width / TwipsPerPixel);
+  if (fullScreen_) return CLng(toolkit_.GetScreen(screen_).Width / TwipsPerPixel);
   return std::max(0, CLng((width_ - frameWidth_) / TwipsPerPixel));
 }
 
 int Form::ScaleHeight() const {
-  if (fullScreen_) return CLng(toolkit_.GetScreen().Height / TwipsPerPixel);
+  if (fullScreen_) return CLng(toolkit_.GetScreen(screen_).Height / TwipsPerPixel);
   const int menu = HasMenuBar() ? toolkit_.MenuBarHeight() : 0;
   return std::max(0, CLng((height_ - frameHeight_) / TwipsPerPixel) - menu);
 }

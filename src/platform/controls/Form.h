@@ -63,6 +63,9 @@ class Form : public Container {
   // Its own place and size are kept for when it is no longer so. Raises Resize.
   bool FullScreen() const { return fullScreen_; }
   void SetFullScreen(bool fullScreen);
+  // The number of the screen that it covers, the main one at first. Raises Resize where it covers one by now.
+  int FullScreenOn() const { return screen_; }
+  void SetFullScreenOn(int screen);
   // Where a new window would go is the host's choice until a place is set.
   bool HasPlace() const { return hasPlace_; }
 
@@ -107,6 +110,9 @@ class Form : public Container {
   // The form sees keys before its controls do.
   bool KeyPreview() const { return keyPreview_; }
   void SetKeyPreview(bool preview) { keyPreview_ = preview; }
+  // Keys without a code of their own are pressed too, as key::Other.
+  bool TakesEveryKey() const { return everyKey_; }
+  void SetTakesEveryKey(bool every) { everyKey_ = every; }
 
   // Top-level menus in their order; pop-up menus are among them, invisible.
   const std::vector<MenuItem*>& Menus() const { return menus_; }
@@ -146,12 +152,14 @@ class Form : public Container {
   double frameHeight_ = FrameHeight * TwipsPerPixel;
   Colour backColor_ = ButtonFace;
   int windowState_ = windowstate::Normal;
+  int screen_ = 0;
   bool hasPlace_ = false;
   bool sizable_ = false;
   bool loaded_ = false;
   bool modal_ = false;
   bool onTop_ = false;
   bool keyPreview_ = false;
+  bool everyKey_ = false;
   bool unloading_ = false;
   bool hidesWhenClosed_ = false;
   bool fullScreen_ = false;

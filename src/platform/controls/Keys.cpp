@@ -88,6 +88,7 @@ bool Toolkit::RunShortcut(Form& form, int keyCode, int shift) {
 // A form that a handler has closed gets no more of the key.
 bool Toolkit::KeyPressed(Form& form, int keyCode, int shift, KeyStroke stroke) {
   if (!TakesInput(form)) return true;
+  if (keyCode == key::Other && !form.TakesEveryKey()) return false;
   if (stroke == KeyStroke::Repeated && std::ranges::find(keyForms_, &form) != keyForms_.end()) return true;
   keyForms_.push_back(&form);
   const AtExit handled([this, before = std::exchange(stroke_, stroke)] {

@@ -106,6 +106,9 @@ class Toolkit {
 
   // --- services of the back end
   Screen GetScreen() { return backend_.GetScreen(); }
+  int ScreenCount() { return backend_.ScreenCount(); }
+  Screen GetScreen(int number) { return backend_.GetScreen(number); }
+  int ScreenOfPointer() { return backend_.ScreenOfPointer(); }
   Screen LargestWindow() { return backend_.LargestWindow(); }
   int MenuBarHeight() { return backend_.MenuBarHeight(); }
   double Fineness() { return backend_.Fineness(); }

@@ -114,8 +114,19 @@ void HeadlessBackend::GiveUp() {
 
 Screen HeadlessBackend::LargestWindow() {
   Screen largest = screen_;
-  if (secondScreen_) largest.Width *= 2;
+  for (const Screen& screen : moreScreens_) largest.Width += screen.Width;
   return largest;
+}
+
+Screen HeadlessBackend::GetScreen(int number) {
+  Screen screen = number > 0 && number < ScreenCount() ? moreScreens_[static_cast<std::size_t>(number - 1)] : screen_;
+  screen.Fineness = fineness_;
+  return screen;
+}
+
+int HeadlessBackend::AddScreen(int width, int height) {
+  moreScreens_.push_back({width * screen_.TwipsPerPixelX, height * screen_.TwipsPerPixelY});
+  return ScreenCount() - 1;
 }
 
 void HeadlessBackend::SetScreen(int width, int height) {

@@ -36,8 +36,11 @@ class HeadlessBackend : public Backend, public Posting {
   void EndLoop() override { loopEnded_ = true; }
   double Seconds() override { return clock_.Seconds(); }
   void WakeAt(std::optional<double> seconds) override { wakeAt_ = seconds; }
-  Screen GetScreen() override { return screen_; }
+  Screen GetScreen() override { return GetScreen(0); }
   Screen LargestWindow() override;
+  int ScreenCount() override { return static_cast<int>(1 + moreScreens_.size()); }
+  Screen GetScreen(int number) override;
+  int ScreenOfPointer() override { return pointerOn_; }
   int MenuBarHeight() override { return 20; }
   double Fineness() override { return fineness_; }
   TextDrawing& Text() override { return text_; }
@@ -52,8 +55,9 @@ class HeadlessBackend : public Backend, public Posting {
   void Advance(double seconds);
   // Pixels.
   void SetScreen(int width, int height);
-  // A second screen as large as the first stands to the right of it.
-  void AddSecondScreen() { secondScreen_ = true; }
+  // One more to the right of those that there are; gives its number.
+  int AddScreen(int width, int height);
+  void PutPointerOn(int screen) { pointerOn_ = screen; }
   void SetFineness(double fineness) { fineness_ = fineness; }
   // The window of a form that is loaded and has been shown, or null.
   HeadlessWindow* WindowOf(const Form& form) const;
@@ -89,7 +93,8 @@ class HeadlessBackend : public Backend, public Posting {
   Toolkit* toolkit_ = nullptr;
   HeadlessText text_;
   Screen screen_{1280 * 15, 1024 * 15, 15, 15};
-  bool secondScreen_ = false;
+  std::vector<Screen> moreScreens_;
+  int pointerOn_ = 0;
   std::vector<HeadlessWindow*> windows_;
   std::function<void(const RuntimeError&)> onError_;
   std::mutex postedMutex_;

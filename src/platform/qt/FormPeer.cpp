@@ -10,6 +10,7 @@
 #include "platform/qt/ClientArea.h"
 #include "platform/qt/Convert.h"
 #include "platform/qt/DragOverlay.h"
+#include "platform/qt/HostWindow.h"
 #include "platform/qt/KeyInput.h"
 #include "platform/qt/MenuBarView.h"
 #include "platform/qt/Pointers.h"
@@ -31,7 +32,13 @@ int StateOf(const QWidget& window) {
   return window.isMaximized() ? windowstate::Maximised : windowstate::Normal;
 }
 
-Qt::WindowStates WishedState(const Form& form) {
+// In the window of another program a form covers that, by its size alone.
+bool IsInHost(const QtBackend& backend, const Form& form) {
+  return backend.Host() != nullptr && form.FullScreen();
+}
+
+Qt::WindowStates WishedState(const QtBackend& backend, const Form& form) {
+  if (IsInHost(backend, form)) return Qt::WindowNoState;
   if (form.FullScreen()) return Qt::WindowFullScreen;
   if (form.WindowState() == windowstate::Minimised) return Qt::WindowMinimized;
   return form.WindowState() == windowstate::Maximised ? Qt::WindowMaximized : Qt::WindowNoState;
@@ -41,8 +48,9 @@ Qt::WindowStates WishedState(const Form& form) {
 // inside is what both sides agree on, and it is known before the frame is.
 constexpr QPoint FrameCorner(4, 23);
 
-QPoint PlaceOf(const Form& form) {
-  if (form.FullScreen()) return QGuiApplication::primaryScreen()->geometry().topLeft();
+QPoint PlaceOf(const QtBackend& backend, const Form& form) {
+  if (IsInHost(backend, form)) return {0, 0};
+  if (form.FullScreen()) return QtBackend::ScreenOf(form.FullScreenOn())->geometry().topLeft();
   return QPoint(CLng(form.TwipsLeft() / TwipsPerPixel), CLng(form.TwipsTop() / TwipsPerPixel)) + FrameCorner;
 }
 
@@ -79,7 +87,7 @@ void FormPeer::Update(Change change) {
   if (change == Change::Position || change == Change::State || change == Change::Visible) placeChanged_ = true;
   backend_.AtEndOfTurn().Add(*this);
   if (change == Change::Visible && form_.Visible() && !window_->isVisible() &&
-      WishedState(form_) == Qt::WindowMaximized) {
+      WishedState(backend_, form_) == Qt::WindowMaximized) {
     ComeUpMaximised();
   }
 }
@@ -171,6 +179,7 @@ void FormPeer::ApplyFrame() {
   }
   if (form_.FullScreen()) flags = Qt::Window | Qt::FramelessWindowHint;
   flags.setFlag(Qt::WindowStaysOnTopHint, form_.StaysOnTop() || form_.FullScreen());
+  flags.setFlag(Qt::WindowTransparentForInput, IsInHost(backend_, form_));
   if (!window_->isVisible()) {
     if (window_->windowFlags() != flags) window_->setWindowFlags(flags);
     window_->setWindowModality(form_.IsModal() ? Qt::ApplicationModal : Qt::NonModal);
@@ -187,15 +196,20 @@ void FormPeer::ApplyFrame() {
 // A window that covers the screen leaves that state before it takes its own bounds.
 void FormPeer::ApplyState() {
   const Qt::WindowStates all = Qt::WindowMinimized | Qt::WindowMaximized | Qt::WindowFullScreen;
-  agreedState_ = WishedState(form_);
+  agreedState_ = WishedState(backend_, form_);
   window_->setWindowState((window_->windowState() & ~all) | agreedState_);
 }
 
 void FormPeer::ApplyOwner() {
+  if (IsInHost(backend_, form_)) {
+    window_->winId();
+    window_->windowHandle()->setParent(&backend_.Host()->Window());
+    return;
+  }
   FormPeer* owner = form_.Owner() != nullptr ? FormPeerOf(*form_.Owner()) : nullptr;
   // A window that is to be minimised from the start must be made by its show: made earlier, it is brought up.
   const bool made = window_->testAttribute(Qt::WA_WState_Created);
-  if (!made && owner == nullptr && WishedState(form_) == Qt::WindowMinimized) return;
+  if (!made && owner == nullptr && WishedState(backend_, form_) == Qt::WindowMinimized) return;
   window_->winId();  // makes the window that the owner is told to
   QWindow* above = owner != nullptr ? owner->Window().windowHandle() : nullptr;
   window_->windowHandle()->setTransientParent(above);
@@ -213,7 +227,9 @@ void FormPeer::ApplyPlace() {
     agreedSize_ = size;
     window_->resize(size);
   }
-  const QPoint place = PlaceOf(form_);
+  // By its place alone a window may come up covering another screen, where screens differ in fineness.
+  if (form_.FullScreen() && backend_.Host() == nullptr) window_->setScreen(QtBackend::ScreenOf(form_.FullScreenOn()));
+  const QPoint place = PlaceOf(backend_, form_);
   if ((form_.HasPlace() || form_.FullScreen()) && (place != agreedPlace_ || !window_->isVisible())) {
     agreedPlace_ = place;
     window_->setGeometry(QRect(place, size));
@@ -224,7 +240,7 @@ void FormPeer::ApplyPlace() {
 void FormPeer::ApplyVisible() {
   const bool visible = form_.Visible();
   // A state that a person has chosen, and that is not reported yet, is left alone.
-  if (visible && WishedState(form_) != agreedState_) ApplyState();
+  if (visible && WishedState(backend_, form_) != agreedState_) ApplyState();
   if (visible == window_->isVisible()) return;
   if (!visible) {
     placeChanged_ = true;
@@ -235,7 +251,7 @@ void FormPeer::ApplyVisible() {
   everShown_ = true;
   window_->show();
   // It would be brought up by this.
-  if (form_.WindowState() == windowstate::Minimised) return;
+  if (form_.WindowState() == windowstate::Minimised || IsInHost(backend_, form_)) return;
   window_->raise();
   window_->activateWindow();
 }
@@ -255,12 +271,12 @@ void FormPeer::ReportFrame() {
     return;
   }
   const int state = StateOf(*window_);
-  if (WishedState(form_) == agreedState_) {
+  if (WishedState(backend_, form_) == agreedState_) {
     agreedState_ = window_->windowState() & (Qt::WindowMinimized | Qt::WindowMaximized);
     if (agreedState_.testFlag(Qt::WindowMinimized)) agreedState_ = Qt::WindowMinimized;
   }
   const QPoint place = window_->geometry().topLeft();
-  if (state == windowstate::Normal && place != PlaceOf(form_)) {
+  if (state == windowstate::Normal && place != PlaceOf(backend_, form_)) {
     agreedPlace_ = place;
     const QPoint corner = place - FrameCorner;
     form_.UserMoved(corner.x() * TwipsPerPixel, corner.y() * TwipsPerPixel);

@@ -50,10 +50,11 @@ struct Stroke {
   int Shift = 0;
 };
 
-Stroke StrokeOf(const QKeyEvent& event) {
+Stroke StrokeOf(const Form& form, const QKeyEvent& event) {
   constexpr int F10 = key::F1 + 9;
   if (event.key() == Qt::Key_Menu) return {.Code = F10, .Shift = shift::Shift};
-  return {.Code = ToKeyCode(event), .Shift = ToShift(event.modifiers())};
+  const int code = ToKeyCode(event);
+  return {.Code = code == 0 && form.TakesEveryKey() ? key::Other : code, .Shift = ToShift(event.modifiers())};
 }
 
 }  // namespace
@@ -71,10 +72,11 @@ bool DeliverText(QtBackend& backend, Form& form, const QString& text) {
 }
 
 bool DeliverKey(QtBackend& backend, Form& form, const QKeyEvent& event) {
-  const Stroke stroke = StrokeOf(event);
+  const Stroke stroke = StrokeOf(form, event);
   if (stroke.Code == key::Tab && !form.KeyPreview()) return false;
   const bool repeated = backend.Held().Repeats(event);
-  const bool ends = stroke.Code != 0 && !GoesOnWhileHeld(stroke.Code, backend.GetToolkit().Focus());
+  const bool ends =
+      stroke.Code != 0 && stroke.Code != key::Other && !GoesOnWhileHeld(stroke.Code, backend.GetToolkit().Focus());
   if (repeated && (ends || backend.DropsRepeats())) return true;
   Watch<Form> watch(form);
   bool used = false;

@@ -3,6 +3,7 @@
 #include <QPainter>
 #include <QWidget>
 
+#include "platform/controls/FadeBox.h"
 #include "platform/controls/Form.h"
 #include "platform/controls/ImageBox.h"
 #include "platform/controls/Label.h"
@@ -50,6 +51,9 @@ void LightPainter::Paint(const Control& control, const QRect& at) {
       break;
     case Kind::Shape:
       PaintShape(static_cast<const Shape&>(control), at);
+      break;
+    case Kind::FadeBox:
+      PaintFade(static_cast<const FadeBox&>(control), at);
       break;
     case Kind::Frame:
       PaintFrame(static_cast<const Frame&>(control), at);
@@ -149,6 +153,27 @@ void LightPainter::PaintShape(const Shape& shape, const QRect& at) {
   painter_.fillRect(outer.x(), outer.bottom() + 1 - width, outer.width(), width, colour);
   painter_.fillRect(outer.x(), outer.y(), width, outer.height(), colour);
   painter_.fillRect(outer.right() + 1 - width, outer.y(), width, outer.height(), colour);
+}
+
+// The upper picture is laid over the whole lower one: where each was weighed by itself, what is below both would be
+// seen through them.
+void LightPainter::PaintFade(const FadeBox& box, const QRect& at) {
+  if (box.Share() < 1) PaintOpaque(box.Lower(), at);
+  painter_.setOpacity(box.Share());
+  if (box.Share() > 0) PaintOpaque(box.Upper(), at);
+  painter_.setOpacity(1);
+}
+
+// Without a look at the alpha of each pixel, which takes several times as long.
+void LightPainter::PaintOpaque(const Picture& picture, const QRect& at) {
+  if (picture.IsNothing() || picture.Pixels().Format() != PixelFormat::Bgra32) {
+    painter_.fillRect(at, Qt::black);
+    return;
+  }
+  const Bitmap& pixels = picture.Pixels();
+  DrawImage(painter_, at,
+            QImage(pixels.Row(0), pixels.Width(), pixels.Height(), static_cast<qsizetype>(pixels.Stride()),
+                   QImage::Format_RGB32));
 }
 
 // A line around, broken by the caption.

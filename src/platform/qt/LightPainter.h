@@ -15,6 +15,7 @@ namespace pixorra {
 
 class ArtStore;
 class Control;
+class FadeBox;
 class Form;
 class Frame;
 class ImageBox;
@@ -36,6 +37,8 @@ class LightPainter {
   void PaintImage(const ImageBox& image, const QRect& at);
   void PaintLabel(const Label& label, const QRect& room);
   void PaintShape(const Shape& shape, const QRect& at);
+  void PaintFade(const FadeBox& box, const QRect& at);
+  void PaintOpaque(const Picture& picture, const QRect& at);
   void PaintFrame(const Frame& frame, const QRect& at);
   void PaintRow(const Picture& picture, const QRect& at);
   void PaintPictureBox(const PictureBox& box, const QRect& at);

@@ -19,6 +19,7 @@
 #include "platform/qt/Convert.h"
 #include "platform/qt/FormPeer.h"
 #include "platform/qt/FormWindow.h"
+#include "platform/qt/HostWindow.h"
 #include "platform/qt/MenuView.h"
 #include "platform/qt/NativePeers.h"
 #include "platform/runtime/Errors.h"
@@ -66,13 +67,17 @@ QtBackend::QtBackend() : menuBarHeight_(MeasureMenuBar()) {
                    [this] { FollowActiveForm(); });
 }
 
+QtBackend::~QtBackend() = default;
+
 // A form that code has brought to the front, or that is left in front when another goes, is active on the screen too.
 // An application that its user has left for another one does not push itself forward.
 void QtBackend::FollowActiveForm() {
   Form* active = toolkit_ != nullptr ? toolkit_->ActiveForm() : nullptr;
   if (active == front_.Get()) return;
   front_ = Watch<Form>::Of(active);
-  if (active == nullptr || PeerOf(*active) == nullptr || QApplication::activePopupWidget() != nullptr) return;
+  if (host_ != nullptr || active == nullptr || PeerOf(*active) == nullptr ||
+      QApplication::activePopupWidget() != nullptr)
+    return;
   FormWindow& window = PeerOf(*active)->Window();
   const QWidget* modal = QApplication::activeModalWidget();
   if (active->WindowState() == windowstate::Minimised) return;
@@ -147,8 +152,9 @@ void QtBackend::RunTimers() {
 
 namespace {
 
-Screen InTwips(const QSize& pixels) {
+Screen InTwips(const QSize& pixels, double fineness) {
   Screen result;
+  result.Fineness = fineness;
   result.Width = pixels.width() * result.TwipsPerPixelX;
   result.Height = pixels.height() * result.TwipsPerPixelY;
   return result;
@@ -156,14 +162,44 @@ Screen InTwips(const QSize& pixels) {
 
 }  // namespace
 
-Screen QtBackend::GetScreen() {
-  const QScreen* screen = QGuiApplication::primaryScreen();
-  return screen != nullptr ? InTwips(screen->size()) : Screen();
+// The main screen is the first.
+QScreen* QtBackend::ScreenOf(int number) {
+  const QList<QScreen*> screens = QGuiApplication::screens();
+  return number > 0 && number < screens.size() ? screens.at(number) : QGuiApplication::primaryScreen();
+}
+
+int QtBackend::ScreenCount() {
+  if (host_ != nullptr) return 1;
+  return std::max(1, static_cast<int>(QGuiApplication::screens().size()));
+}
+
+Screen QtBackend::GetScreen(int number) {
+  if (host_ != nullptr) return InTwips(host_->Size(), host_->Fineness());
+  const QScreen* screen = ScreenOf(number);
+  return screen != nullptr ? InTwips(screen->size(), screen->devicePixelRatio()) : Screen();
+}
+
+int QtBackend::ScreenOfPointer() {
+  QScreen* screen = host_ == nullptr ? QGuiApplication::screenAt(QCursor::pos()) : nullptr;
+  return screen != nullptr ? static_cast<int>(std::max<qsizetype>(0, QGuiApplication::screens().indexOf(screen))) : 0;
+}
+
+bool QtBackend::ShowInside(std::uint64_t window) {
+  host_ = HostWindow::Of(window);
+  if (host_ == nullptr) return false;
+  host_->OnResized([this] {
+    Dispatch([this] {
+      const std::vector<Form*> forms = toolkit_->Forms();
+      for (Form* form : forms) form->ScreenChanged();
+    });
+  });
+  host_->OnGone([this] { toolkit_->End(); });
+  return true;
 }
 
 Screen QtBackend::LargestWindow() {
   const QScreen* screen = QGuiApplication::primaryScreen();
-  return screen != nullptr ? InTwips(screen->virtualSize()) : Screen();
+  return screen != nullptr ? InTwips(screen->virtualSize(), screen->devicePixelRatio()) : Screen();
 }
 
 // Where screens differ, what is drawn is fine enough for each.

@@ -4,7 +4,9 @@
 #include <QElapsedTimer>
 #include <QEventLoop>
 #include <QTimer>
+#include <cstdint>
 #include <functional>
+#include <memory>
 #include <string>
 
 #include "platform/controls/Backend.h"
@@ -15,17 +17,20 @@
 #include "platform/qt/PostedCall.h"
 #include "platform/qt/QtText.h"
 
+class QScreen;
 class QWidget;
 
 namespace pixorra {
 
 class FormPeer;
+class HostWindow;
 class Toolkit;
 
 // A QApplication must stand before it is made, and outlive it.
 class QtBackend final : public Backend {
  public:
   QtBackend();
+  ~QtBackend() override;
 
   // The toolkit is made from the back end; it must be attached before the first form is.
   void Attach(Toolkit& toolkit) { toolkit_ = &toolkit; }
@@ -42,7 +47,10 @@ class QtBackend final : public Backend {
   void EndLoop() override;
   double Seconds() override;
   void WakeAt(std::optional<double> seconds) override;
-  Screen GetScreen() override;
+  Screen GetScreen() override { return GetScreen(0); }
+  int ScreenCount() override;
+  Screen GetScreen(int number) override;
+  int ScreenOfPointer() override;
   Screen LargestWindow() override;
   int MenuBarHeight() override { return menuBarHeight_; }
   double Fineness() override;
@@ -60,6 +68,12 @@ class QtBackend final : public Backend {
   void DropWaitingRepeats();
   bool DropsRepeats() const { return dropsRepeats_; }
 
+  // As QtPlatform::ShowInside.
+  bool ShowInside(std::uint64_t window);
+  // The window that is shown inside of; null where each form is a window of its own.
+  HostWindow* Host() const { return host_.get(); }
+  // The screen of that number; null where there is none at all.
+  static QScreen* ScreenOf(int number);
   // The window in front that a box should stand above; null where none is shown.
   QWidget* WindowForBoxes();
   PendingList& AtEndOfTurn() { return pending_; }
@@ -78,6 +92,7 @@ class QtBackend final : public Backend {
   HeldKey held_;
   QElapsedTimer clock_;
   QTimer wake_;
+  std::unique_ptr<HostWindow> host_;
   QEventLoop loop_;
   std::function<void(int, const std::string&)> onError_;
   int menuBarHeight_;

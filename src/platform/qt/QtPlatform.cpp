@@ -94,6 +94,10 @@ void QtPlatform::ComeToFront() {
   front->activateWindow();
 }
 
+bool QtPlatform::ShowInside(std::uint64_t window) {
+  return parts_->backend.ShowInside(window);
+}
+
 void QtPlatform::PrintToFile(const std::string& hostPath) {
   parts_->printing.PrintToFile(hostPath);
 }

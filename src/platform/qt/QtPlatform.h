@@ -2,6 +2,7 @@
 // it. No header of the toolkit below is needed to use it.
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <string>
@@ -44,6 +45,9 @@ class QtPlatform {
   void OnReadable(int descriptor, std::function<void()> function);
   // Shows the windows in front of those of other programs, as their user does by the task bar.
   void ComeToFront();
+  // From here on another program's window on the X server is the only screen: forms that cover the screen lie in it,
+  // are as large as it is, and take no input. The program ends when it goes. False where there is no such window.
+  bool ShowInside(std::uint64_t window);
   // Documents become a PDF file of the host.
   void PrintToFile(const std::string& hostPath);
 };

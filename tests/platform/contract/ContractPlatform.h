@@ -13,6 +13,7 @@
 #include "platform/services/Clock.h"
 #include "platform/services/Dialogs.h"
 #include "platform/services/FolderReader.h"
+#include "platform/services/PhotoFrames.h"
 #include "platform/services/Pictures.h"
 #include "platform/services/Posting.h"
 #include "platform/services/Printing.h"
@@ -73,6 +74,8 @@ class ContractPlatform {
   virtual Shipped& GetShipped() = 0;
   // For the folders of that drive, which outlives it.
   virtual std::unique_ptr<FolderReader> MakeFolderReader(TemporaryDrive& drive) = 0;
+
+  virtual std::unique_ptr<PhotoFrames> MakeFrames(TemporaryDrive& drive) = 0;
 
   // Another program puts a picture on the clipboard.
   virtual void CopyElsewhere(const Picture& picture) = 0;

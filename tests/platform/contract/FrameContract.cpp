@@ -152,6 +152,18 @@ TEST_F(FullScreenContract, CoversTheScreenWithoutAFrameAndOnTop) {
   EXPECT_EQ(toolkit.ActiveForm(), &form);
 }
 
+TEST_F(FullScreenContract, AScreenThatIsNotThereStandsForTheMainOne) {
+  form.SetFullScreenOn(toolkit.ScreenCount());
+  form.SetFullScreen(true);
+  Show();
+  EXPECT_EQ(platform->Look(form).At, WholeScreen());
+  EXPECT_GE(toolkit.ScreenCount(), 1);
+  EXPECT_GE(toolkit.ScreenOfPointer(), 0);
+  EXPECT_LT(toolkit.ScreenOfPointer(), toolkit.ScreenCount());
+  EXPECT_EQ(toolkit.GetScreen(0).Width, toolkit.GetScreen().Width);
+  EXPECT_EQ(toolkit.GetScreen(0).Fineness, toolkit.Fineness());
+}
+
 TEST_F(FullScreenContract, GoesBackToItsOwnBounds) {
   form.SetTwipsLeft(600);
   form.SetTwipsTop(450);

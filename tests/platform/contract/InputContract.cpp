@@ -155,6 +155,16 @@ class KeyContract : public FormContract {
   int swallowed = -1;
 };
 
+TEST_F(KeyContract, AKeyWithoutACodeIsHeardOnlyWhereEveryKeyIs) {
+  form.SetKeyPreview(true);
+  Show();
+  platform->Key(key::Other, 0);
+  EXPECT_THAT(Heard(), IsEmpty());
+  form.SetTakesEveryKey(true);
+  platform->Key(key::Other, 0);
+  EXPECT_THAT(Heard(), ElementsAre("255 0"));
+}
+
 TEST_F(KeyContract, FormThatPreviewsKeysHearsTheirCodes) {
   form.SetKeyPreview(true);
   Show();

@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <gtest/gtest.h>
 
+#include "platform/codecs/CodecPictures.h"
 #include "platform/controls/Buttons.h"
 #include "platform/controls/Lists.h"
 #include "platform/controls/Menu.h"
@@ -10,6 +11,7 @@
 #include "platform/controls/TextBox.h"
 #include "platform/controls/TreeView.h"
 #include "platform/headless/HeadlessFolderReader.h"
+#include "platform/headless/HeadlessFrames.h"
 #include "platform/headless/HeadlessPlatform.h"
 #include "tests/platform/contract/ContractPlatform.h"
 #include "tests/platform/headless/PageImage.h"
@@ -62,6 +64,11 @@ class HeadlessContract : public ContractPlatform {
   Shipped& GetShipped() override { return host_.shipped; }
   std::unique_ptr<FolderReader> MakeFolderReader(TemporaryDrive& drive) override {
     return std::make_unique<HeadlessFolderReader>(drive.DriveFiles(), host_.posting);
+  }
+
+  std::unique_ptr<PhotoFrames> MakeFrames(TemporaryDrive& drive) override {
+    pictures_ = std::make_unique<CodecPictures>(drive.DriveFiles());
+    return std::make_unique<HeadlessFrames>(drive.DriveFiles(), *pictures_, host_.posting);
   }
 
   void CopyElsewhere(const Picture& picture) override { host_.clipboard.CopyElsewhere(picture); }
@@ -213,6 +220,7 @@ class HeadlessContract : public ContractPlatform {
 
  private:
   HeadlessPlatform host_;
+  std::unique_ptr<CodecPictures> pictures_;
 };
 
 }  // namespace

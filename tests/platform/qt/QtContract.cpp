@@ -19,10 +19,12 @@
 #include <QWindow>
 #include <gtest/gtest.h>
 
+#include "platform/codecs/ThreadedFrames.h"
 #include "platform/controls/Form.h"
 #include "platform/controls/Toolkit.h"
 #include "platform/controls/TreeView.h"
 #include "platform/posix/PosixClock.h"
+#include "platform/posix/PosixFiles.h"
 #include "platform/posix/PosixFolderReader.h"
 #include "platform/qt/Convert.h"
 #include "platform/qt/QtArtwork.h"
@@ -107,6 +109,10 @@ class QtContract final : public ContractPlatform {
   std::unique_ptr<FolderReader> MakeFolderReader(TemporaryDrive& drive) override {
     PathMapping mapping({{'C', drive.HostRoot(), "File System"}});
     return std::make_unique<PosixFolderReader>(std::make_shared<FixedMapping>(std::move(mapping)), posting_);
+  }
+  std::unique_ptr<PhotoFrames> MakeFrames(TemporaryDrive& drive) override {
+    PathMapping mapping({{'C', drive.HostRoot(), "File System"}});
+    return std::make_unique<ThreadedFrames>(std::make_shared<PosixFiles>(std::move(mapping)), posting_);
   }
 
   void CopyElsewhere(const Picture& picture) override {

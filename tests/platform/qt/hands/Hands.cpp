@@ -84,6 +84,8 @@ KeyOf ToKey(int code, int shift) {
       return {Qt::Key_Insert, {}};
     case key::Delete:
       return {Qt::Key_Delete, QStringLiteral("\x7f")};
+    case key::Other:
+      return {Qt::Key_Pause, {}};
     default:
       break;
   }

@@ -1,0 +1,125 @@
+// Pictures that fade are read back from the screen, and forms that cover one of several screens.
+#include <QProcess>
+#include <QProcessEnvironment>
+#include <QScreen>
+#include <QTemporaryDir>
+#include <QWindow>
+
+#include "platform/controls/FadeBox.h"
+#include "tests/platform/qt/QtTest.h"
+
+namespace pixorra {
+namespace {
+
+constexpr Colour FadeRed = 0x000000FF;
+constexpr Colour FadeBlue = 0x00FF0000;
+
+Picture Opaque(int width, int height, Colour colour) {
+  Bitmap bitmap(width, height, PixelFormat::Bgra32);
+  bitmap.Fill(colour);
+  return Picture(std::move(bitmap));
+}
+
+class FadeTest : public QtTest {
+ protected:
+  FadeTest() {
+    form.SetClientSize(100, 80);
+    form.SetBackColor(0x0000FF00);
+    box.Move(0, 0, 100, 80);
+    form.Show();
+  }
+  QColor Seen(int x = 50, int y = 40) { return Shot(form).pixelColor(x, y); }
+
+  Form form{toolkit, "FadeForm"};
+  FadeBox box{form, "Box"};
+};
+
+TEST_F(FadeTest, TheUpperPictureIsSeenMoreAndMore) {
+  const Picture red = Opaque(100, 80, FadeRed);
+  const Picture blue = Opaque(100, 80, FadeBlue);
+  box.Show(red, blue, 0);
+  EXPECT_EQ(Seen(), QColor(255, 0, 0));
+  box.Show(red, blue, 0.5);
+  EXPECT_NEAR(Seen().red(), 128, 2);
+  EXPECT_NEAR(Seen().blue(), 128, 2);
+  EXPECT_EQ(Seen().green(), 0) << "the ground is never seen through both";
+  box.Show(red, blue, 1);
+  EXPECT_EQ(Seen(), QColor(0, 0, 255));
+}
+
+TEST_F(FadeTest, NothingIsBlack) {
+  box.Show({}, {}, 1);
+  EXPECT_EQ(Seen(), QColor(0, 0, 0));
+  box.Show({}, Opaque(100, 80, FadeRed), 0.5);
+  EXPECT_NEAR(Seen().red(), 128, 2);
+  EXPECT_EQ(Seen().green(), 0);
+}
+
+TEST_F(FadeTest, APictureOfAnotherSizeIsStretched) {
+  box.Show({}, Opaque(10, 8, FadeBlue), 1);
+  EXPECT_EQ(Seen(2, 2), QColor(0, 0, 255));
+  EXPECT_EQ(Seen(97, 77), QColor(0, 0, 255));
+}
+
+// Several screens are a process's own from its start: the test runs once more in one that has them.
+class ScreensTest : public QtTest {
+ protected:
+  void OnTwoScreens(const std::function<void()>& test) {
+    if (QGuiApplication::screens().size() == 2) {
+      test();
+      return;
+    }
+    QTemporaryDir folder;
+    QFile screens(folder.filePath(QStringLiteral("screens.json")));
+    ASSERT_TRUE(screens.open(QIODevice::WriteOnly));
+    screens.write(R"({"screens": [
+      {"name": "One", "x": 0, "y": 0, "width": 640, "height": 480, "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 1},
+      {"name": "Two", "x": 640, "y": 0, "width": 800, "height": 600, "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 1}
+    ]})");
+    screens.close();
+    const auto* info = ::testing::UnitTest::GetInstance()->current_test_info();
+    QProcess process;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("QT_QPA_PLATFORM"), "offscreen:configfile=" + screens.fileName());
+    process.setProcessEnvironment(environment);
+    process.setProcessChannelMode(QProcess::MergedChannels);
+    process.start(QCoreApplication::applicationFilePath(),
+                  {QStringLiteral("--gtest_filter=%1.%2").arg(info->test_suite_name(), info->name())});
+    ASSERT_TRUE(process.waitForFinished(60000));
+    const std::string output = process.readAll().toStdString();
+    EXPECT_EQ(process.exitCode(), 0) << output;
+    EXPECT_NE(output.find("1 test from"), std::string::npos) << output;
+  }
+};
+
+TEST_F(ScreensTest, AFormCoversTheScreenThatItIsToldTo) {
+  OnTwoScreens([this] {
+    EXPECT_EQ(toolkit.ScreenCount(), 2);
+    EXPECT_EQ(toolkit.GetScreen(1).Width, 800 * 15);
+    Form first(toolkit, "First");
+    Form second(toolkit, "Second");
+    second.SetFullScreenOn(1);
+    for (Form* form : {&first, &second}) {
+      form->SetFullScreen(true);
+      form->Show();
+    }
+    Settle();
+    EXPECT_EQ(second.ScaleWidth(), 800);
+    EXPECT_EQ(second.ScaleHeight(), 600);
+    EXPECT_EQ(WindowOf(first).geometry(), QRect(0, 0, 640, 480));
+    EXPECT_EQ(WindowOf(second).geometry(), QRect(640, 0, 800, 600));
+    EXPECT_EQ(WindowOf(second).windowHandle()->screen()->name(), "Two");
+  });
+}
+
+TEST_F(ScreensTest, TheScreenWithThePointerIsKnown) {
+  OnTwoScreens([this] {
+    QCursor::setPos(700, 100);
+    EXPECT_EQ(toolkit.ScreenOfPointer(), 1);
+    QCursor::setPos(10, 10);
+    EXPECT_EQ(toolkit.ScreenOfPointer(), 0);
+  });
+}
+
+}  // namespace
+}  // namespace pixorra
