@@ -3,6 +3,7 @@
 
 #include <string>
 
+#include "base/PictureTypes.h"
 #include "platform/controls/Form.h"
 #include "platform/controls/Label.h"
 #include "platform/controls/Timer.h"
@@ -14,9 +15,6 @@ inline constexpr const char* ApplicationTitle = "Pixorra";
 extern const int VersionMajor;
 extern const int VersionMinor;
 extern const int VersionRevision;
-
-// The files of every type that can be shown.
-inline constexpr const char* AllPictures = "*.jpeg;*.jpg;*.bmp;*.gif";
 
 struct CoreState {
  private:

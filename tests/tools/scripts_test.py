@@ -253,7 +253,7 @@ class Test(Built):
         self.assertEqual(["qt_scenario_test"], self.targets("-R", "^qt.Light/DayTest.IsSorted/1$", "--quick"))
 
     def test_tests_on_a_display_build_the_program(self):
-        self.assertEqual(["pixorra"], self.targets("--quick", "--tests-regex", "x11.start"))
+        self.assertEqual(["pixorra pixorra-slideshow"], self.targets("--quick", "--tests-regex", "x11.start"))
 
     def test_where_no_test_matches_all_is_built(self):
         self.assertEqual(["all"], self.targets("-R", "Nothing", "--quick"))

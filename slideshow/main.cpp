@@ -1,0 +1,83 @@
+// Picks the back ends and runs the show. Nothing else.
+#include <cstdio>
+#include <cstdlib>
+#include <memory>
+#include <string>
+#include <unistd.h>
+#include <vector>
+
+#include "platform/codecs/ThreadedFrames.h"
+#include "platform/posix/Environment.h"
+#include "platform/posix/ErrorTrace.h"
+#include "platform/posix/MappingSource.h"
+#include "platform/posix/PosixFiles.h"
+#include "platform/posix/PosixFolderReader.h"
+#include "platform/posix/PosixSettings.h"
+#include "platform/qt/QtPlatform.h"
+#include "platform/session/DesktopSession.h"
+#include "slideshow/CommandLine.h"
+#include "slideshow/Companion.h"
+
+namespace pixorra {
+
+namespace {
+
+std::string Variable(const char* name) {
+  const char* value = std::getenv(name);
+  return value != nullptr ? value : "";
+}
+
+std::string WorkingFolder() {
+  char* folder = get_current_dir_name();
+  const std::string result = folder != nullptr ? folder : "/";
+  std::free(folder);
+  return result;
+}
+
+int Run(const Request& request, int argc, char** argv) {
+  const Environment environment = Environment::OfProcess();
+  QtPlatform qt(argc, argv);
+  if (request.HostWindow != 0 && !qt.ShowInside(request.HostWindow)) {
+    std::fputs("pixorra-slideshow: there is no such window\n", stderr);
+    return 1;
+  }
+  const auto mapping = std::make_shared<MountedMapping>(environment);
+  PosixFiles files(mapping);
+  PosixFolderReader folderReader(mapping, qt.posting);
+  ThreadedFrames frames(std::make_shared<PosixFiles>(std::make_shared<MountedMapping>(environment)), qt.posting);
+  PosixSettings settings(environment.ConfigHome + "/pixorra/settings");
+  DesktopSession session(environment);
+  Companion companion({qt.toolkit, files, folderReader, frames, settings, session}, request);
+  return qt.Run([&] { companion.Start(); });
+}
+
+}  // namespace
+
+}  // namespace pixorra
+
+int main(int argc, char** argv) {
+  using namespace pixorra;
+  TraceIgnoredErrorsIfAsked();
+  constexpr int Misused = 2;
+  Request request = ReadCommandLine({argv + 1, argv + argc}, Variable("XSCREENSAVER_WINDOW"));
+  switch (request.What) {
+    case Request::Wish::Help:
+      std::fputs(UsageText, stdout);
+      return 0;
+    case Request::Wish::Version:
+      std::puts("pixorra-slideshow " PIXORRA_VERSION);
+      return 0;
+    case Request::Wish::Misuse:
+      std::fprintf(stderr, "pixorra-slideshow: %s\nTry --help.\n", request.Problem.c_str());
+      return Misused;
+    case Request::Wish::Show:
+    case Request::Wish::Saver:
+      break;
+  }
+  request.Folder = FromRoot(request.Folder, WorkingFolder());
+  // A window of another program is one of the X server, whatever the session is.
+  if (request.HostWindow != 0) setenv("QT_QPA_PLATFORM", "xcb", 1);
+  // What is meant for the toolkit below must not be taken from the command line: a folder is no option of its.
+  int noArguments = 1;
+  return Run(request, noArguments, argv);
+}
