@@ -63,7 +63,7 @@ class Meter final : public QObject {
   std::vector<Fade> Fades;
   double LongestTurn = 0;     // milliseconds
   double LongestTurnCpu = 0;  // of this thread
-  double CpuBetween = 0;      // seconds of all threads, while nothing but a photo is to be seen and none is decoded
+  double CpuBetween = 0;      // seconds of all threads while a photo stands, from the third one on
   double Between = 0;         // seconds of that
 
  private:
@@ -81,8 +81,9 @@ class Meter final : public QObject {
     if (fading && !fading_) {
       if (standsSince_ > 0) {
         Stood.push_back(now - standsSince_);
-        CpuBetween += ProcessCpu() - standsCpu_;
-        Between += Stood.back();
+        // The first photos are decoded meanwhile in any case.
+        if (Stood.size() > 2) CpuBetween += ProcessCpu() - standsCpu_;
+        if (Stood.size() > 2) Between += Stood.back();
       }
       Fades.emplace_back();
     }
@@ -123,7 +124,7 @@ void Report(const Meter& meter, int speed, double seconds, double cpu) {
   std::printf("longest turn of the loop in a fade   %.1f ms, %.1f ms of processor time\n", meter.LongestTurn,
               meter.LongestTurnCpu);
   std::printf("processor time                       %.2f %% of a core over %.0f s\n", 100 * cpu / seconds, seconds);
-  std::printf("  while photos stood                 %.2f %%\n", 100 * meter.CpuBetween / meter.Between);
+  std::printf("  while photos stood, from the third %.2f %%\n", 100 * meter.CpuBetween / std::max(1.0, meter.Between));
   std::printf("peak memory                          %.1f MiB\n", PeakMemory());
 }
 

@@ -17,8 +17,7 @@ class PointerWatch {
 
   // The pointer is at this place of a screen; true where a person has moved it there.
   bool IsMove(int screen, double x, double y, double now) {
-    const auto [at, isFirst] = first_.try_emplace(screen, Place{x, y});
-    if (isFirst) return false;
+    const auto at = first_.try_emplace(screen, Place{x, y}).first;
     if (now - began_ < Settling) {
       at->second = {x, y};
       return false;

@@ -22,6 +22,9 @@ drop: [ground] [shared] filmstrip : a drop marks a photo
 [app]
 app: [ground] [shared] [subjects] : connects events
 app/main.cpp: [back ends] : starts the program
+[companion]
+slideshow: [ground] : beside it
+slideshow/main.cpp: [back ends] : starts it
 """
 
 
@@ -68,6 +71,8 @@ class Layers(CheckTest):
         self.write("src/drop/Drop.h", "")
         self.write("src/drop/Drop.cpp", '#include "drop/Drop.h"\n#include "window/MainForm.h"\n#include "filmstrip/Marks.h"\n')
         self.write("src/app/main.cpp", '#include "window/MainForm.h"\n#include "platform/qt/QtFiles.h"\n')
+        self.write("slideshow/Show.h", '#include "platform/services/Files.h"\n')
+        self.write("slideshow/main.cpp", '#include "slideshow/Show.h"\n#include "platform/qt/QtFiles.h"\n')
 
     def test_includes_that_keep_to_the_order_pass_and_the_graph_is_printed(self):
         output = self.assert_passes("layers")
@@ -122,6 +127,18 @@ class Layers(CheckTest):
         self.write("tools/layers.txt", LAYERS + "printing: [ground] : prints\n")
         self.assert_fails("layers", "there is no src/printing")
 
+    def test_the_slide_show_keeps_to_its_own_line(self):
+        self.write("slideshow/Bad.cpp", '#include "slideshow/Show.h"\n#include "drop/Drop.h"\n')
+        self.assert_fails("layers", "slideshow/Bad.cpp:2: slideshow may not include \"drop/Drop.h\"")
+
+    def test_the_slide_show_names_its_headers_from_the_checkout_on(self):
+        self.write("slideshow/Bad.cpp", '#include "Show.h"\n')
+        self.assert_fails("layers", "slideshow/Bad.cpp:1: \"Show.h\" is no file")
+
+    def test_a_program_folder_that_includes_the_slide_show_fails(self):
+        self.write("src/drop/Bad.cpp", '#include "slideshow/Show.h"\n')
+        self.assert_fails("layers", "src/drop/Bad.cpp:1: drop may not include \"slideshow/Show.h\"")
+
     def test_an_include_inside_a_comment_counts_for_nothing(self):
         self.write("src/drop/Good.cpp", '/*\n#include "platform/qt/QtFiles.h"\n*/\n// #include "platform/qt/QtFiles.h"\n')
         self.assert_passes("layers")
@@ -142,6 +159,12 @@ class Forbidden(CheckTest):
         for header in ("chrono", "thread", "mutex", "filesystem", "fstream", "random", "unistd.h", "QString", "jpeglib.h",
                        "sys/stat.h", "ctime", "iostream"):
             self.assert_line_fails(f"#include <{header}>", f"<{header}> is not for this floor")
+
+    def test_the_slide_show_leaves_the_host_to_the_services_too(self):
+        self.write("slideshow/main.cpp", "#include <unistd.h>\n")
+        self.assert_passes("forbidden")
+        self.write("slideshow/Show.cpp", "#include <thread>\n")
+        self.assert_fails("forbidden", "slideshow/Show.cpp:1: <thread> is not for this floor")
 
     def test_pure_headers_pass(self):
         self.assert_line_passes("#include <vector>\n#include <cstdio>")

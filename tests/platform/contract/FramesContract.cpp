@@ -10,12 +10,12 @@
 namespace pixorra {
 namespace {
 
-constexpr PixelSize Wide{120, 60};
-constexpr Colour Red = 0x000000FF;
+constexpr PixelSize WideScreen{120, 60};
+constexpr Colour FrameRed = 0x000000FF;
 
 class FramesContract : public ContractTest {
  protected:
-  PhotoFrame Made(const std::string& path, PixelSize screen = Wide, const PhotoFrame& known = {}) {
+  PhotoFrame Made(const std::string& path, PixelSize screen = WideScreen, const PhotoFrame& known = {}) {
     PhotoFrame result;
     bool came = false;
     const auto making = frames->Make(path, screen, known, [&](const PhotoFrame& frame) {
@@ -26,7 +26,7 @@ class FramesContract : public ContractTest {
     EXPECT_TRUE(toolkit.WaitUntil([&] { return came; }));
     return result;
   }
-  PhotoFrame MadeOf(const std::string& bytes, PixelSize screen = Wide) {
+  PhotoFrame MadeOf(const std::string& bytes, PixelSize screen = WideScreen) {
     drive.Write("C:\\photo.jpg", bytes);
     return Made("C:\\photo.jpg", screen);
   }
@@ -55,25 +55,25 @@ class FramesContract : public ContractTest {
 };
 
 TEST_F(FramesContract, APhotoIsWholeInTheMiddleOfBlack) {
-  const PhotoFrame frame = MadeOf(BmpOf(PlainBitmap(300, 300, Red)));
+  const PhotoFrame frame = MadeOf(BmpOf(PlainBitmap(300, 300, FrameRed)));
   ASSERT_EQ(frame.Shown.Width(), 120);
   ASSERT_EQ(frame.Shown.Height(), 60);
   EXPECT_EQ(frame.Shown.Pixels().Format(), PixelFormat::Bgra32);
   EXPECT_EQ(PhotoIn(frame), (PixelSize{60, 60}));
   EXPECT_EQ(At(frame, 29, 30), 0U);
-  EXPECT_EQ(At(frame, 30, 0), Red);
-  EXPECT_EQ(At(frame, 89, 59), Red);
+  EXPECT_EQ(At(frame, 30, 0), FrameRed);
+  EXPECT_EQ(At(frame, 89, 59), FrameRed);
   EXPECT_EQ(At(frame, 90, 30), 0U);
 }
 
 TEST_F(FramesContract, ASmallPhotoIsAtMostTwiceItsSize) {
-  EXPECT_EQ(PhotoIn(MadeOf(BmpOf(PlainBitmap(20, 10, Red)))), (PixelSize{40, 20}));
-  EXPECT_EQ(PhotoIn(MadeOf(BmpOf(PlainBitmap(80, 10, Red)))), (PixelSize{120, 15}));
-  EXPECT_EQ(PhotoIn(MadeOf(BmpOf(PlainBitmap(1, 1, Red)))), (PixelSize{2, 2}));
+  EXPECT_EQ(PhotoIn(MadeOf(BmpOf(PlainBitmap(20, 10, FrameRed)))), (PixelSize{40, 20}));
+  EXPECT_EQ(PhotoIn(MadeOf(BmpOf(PlainBitmap(80, 10, FrameRed)))), (PixelSize{120, 15}));
+  EXPECT_EQ(PhotoIn(MadeOf(BmpOf(PlainBitmap(1, 1, FrameRed)))), (PixelSize{2, 2}));
 }
 
 TEST_F(FramesContract, AVeryLongPhotoIsStillSeen) {
-  EXPECT_EQ(PhotoIn(MadeOf(BmpOf(PlainBitmap(4000, 1, Red)))), (PixelSize{120, 1}));
+  EXPECT_EQ(PhotoIn(MadeOf(BmpOf(PlainBitmap(4000, 1, FrameRed)))), (PixelSize{120, 1}));
 }
 
 TEST_F(FramesContract, AJpegPhotoStandsUprightAndHasThePicturesColours) {
@@ -121,21 +121,21 @@ TEST_F(FramesContract, WhatCannotBeShownMakesNothing) {
 
 TEST_F(FramesContract, WhatIsKnownServesAgainForAsLongAsFileAndScreenAreTheSame) {
   const PhotoFrame first = MadeOf(BmpPhoto(30, 20));
-  EXPECT_EQ(Made("C:\\photo.jpg", Wide, first).Shown, first.Shown);
+  EXPECT_EQ(Made("C:\\photo.jpg", WideScreen, first).Shown, first.Shown);
   EXPECT_EQ(Made("C:\\photo.jpg", {60, 60}, first).Shown.Width(), 60);
-  drive.Write("C:\\photo.jpg", BmpOf(PlainBitmap(31, 20, Red)));
-  const PhotoFrame changed = Made("C:\\photo.jpg", Wide, first);
+  drive.Write("C:\\photo.jpg", BmpOf(PlainBitmap(31, 20, FrameRed)));
+  const PhotoFrame changed = Made("C:\\photo.jpg", WideScreen, first);
   EXPECT_NE(changed.Shown, first.Shown);
-  EXPECT_EQ(At(changed, 60, 30), Red);
+  EXPECT_EQ(At(changed, 60, 30), FrameRed);
   drive.Remove("C:\\photo.jpg");
-  EXPECT_TRUE(Made("C:\\photo.jpg", Wide, first).Shown.IsNothing());
+  EXPECT_TRUE(Made("C:\\photo.jpg", WideScreen, first).Shown.IsNothing());
 }
 
 TEST_F(FramesContract, AMakingThatHasEndedIsNotHeardOf) {
   drive.Write("C:\\photo.jpg", BmpPhoto(30, 20));
   bool came = false;
   std::unique_ptr<PhotoFrames::Making> making =
-      frames->Make("C:\\photo.jpg", Wide, {}, [&](const PhotoFrame&) { came = true; });
+      frames->Make("C:\\photo.jpg", WideScreen, {}, [&](const PhotoFrame&) { came = true; });
   making.reset();
   Made("C:\\photo.jpg");
   EXPECT_FALSE(came);
@@ -146,9 +146,9 @@ TEST_F(FramesContract, AHandlerMayBeginTheNext) {
   std::unique_ptr<PhotoFrames::Making> making;
   int came = 0;
   std::function<void(const PhotoFrame&)> handler = [&](const PhotoFrame&) {
-    if (++came < 3) making = frames->Make("C:\\photo.jpg", Wide, {}, handler);
+    if (++came < 3) making = frames->Make("C:\\photo.jpg", WideScreen, {}, handler);
   };
-  making = frames->Make("C:\\photo.jpg", Wide, {}, handler);
+  making = frames->Make("C:\\photo.jpg", WideScreen, {}, handler);
   EXPECT_TRUE(toolkit.WaitUntil([&] { return came == 3; }));
 }
 
