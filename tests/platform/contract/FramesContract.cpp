@@ -102,6 +102,22 @@ TEST_F(FramesContract, AJpegPhotoLooksAsItsPixelsDoAtAnySize) {
   }
 }
 
+TEST_F(FramesContract, AJpegPhotoIsAsSharpAsTheScreen) {
+  constexpr Colour White = 0x00FFFFFF;
+  Bitmap stripes = PlainBitmap(480, 240, White);
+  for (int y = 0; y < stripes.Height(); ++y) {
+    for (int x = 0; x < stripes.Width(); ++x) {
+      if (x % 8 < 4) std::fill_n(stripes.Row(y) + std::ptrdiff_t{3} * x, 3, std::uint8_t{0});
+    }
+  }
+  // At half of its size each stripe is two pixels wide.
+  const PhotoFrame frame = MadeOf(JpegOf(stripes, {.quality = 95}), {240, 120});
+  for (int x = 40; x < 80; x += 4) {
+    EXPECT_LT(At(frame, x, 60) & 0xFFU, 60U);
+    EXPECT_GT(At(frame, x + 2, 60) & 0xFFU, 195U);
+  }
+}
+
 TEST_F(FramesContract, WhatIsTransparentIsBlack) {
   const auto index = [](int x, int) { return static_cast<std::uint8_t>(x < 5 ? 7 : 200); };
   const PhotoFrame frame = MadeOf(GifOf(10, 10, index, {.transparent = 7}), {10, 10});
