@@ -21,14 +21,14 @@ struct Request {
   };
   Wish What = Wish::Saver;
   std::string Folder{};  // as it was written, possibly empty
-  int Seconds = 3;       // that a photo stands
+  int Seconds = 3;       // that a photo is on show
   bool Title = true;     // shown, with the counter
   // The window of a screen saver to draw in; 0 for a window of its own.
   std::uint64_t HostWindow = 0;
   std::string Problem{};
 };
 
-// The seconds that a photo stands for a digit of the speed; 3 for what is no digit.
+// The seconds that a photo is on show, by the digit of the speed; 3 for what is no digit.
 int SecondsOf(char digit);
 
 // `arguments` without the program's name; a blank was between each two of them. `saverWindow` is what a screen saver's

@@ -1,5 +1,5 @@
-// Tells a mouse that is moved from one that only trembles, or was never touched: a window that comes up below the
-// pointer is told of a move as well.
+// Whether a mouse is moved by hand, or only trembles, or was never touched: a window that appears below the pointer
+// gets a move event as well.
 #pragma once
 
 #include <map>

@@ -125,7 +125,7 @@ void Show::Tick(double now) {
   Plan();
 }
 
-// A folder's only photo comes after itself: nothing is to be seen of that.
+// A folder's only photo is its own successor: nothing is to be seen of that.
 void Show::BeginFade(double now) {
   Slide slide = std::move(*next_);
   next_.reset();
@@ -140,7 +140,7 @@ void Show::BeginFade(double now) {
 }
 
 void Show::EndFade(double now) {
-  // Of two photos each comes again: it need not be decoded each time.
+  // Of two photos each is wanted again: it need not be decoded each time.
   if (!next_ && frame_ != Wish::Asked) before_ = std::move(shown_);
   shown_ = std::move(coming_);
   coming_.reset();

@@ -1,6 +1,6 @@
 // The order and the clock of a show: which photo is shown, which one fades in, and which is made ready next. It knows
 // no window and no disk: whoever runs it fulfils its wishes, brings it the time, and shows what it says. Times are
-// seconds by one clock that never goes back.
+// seconds by one clock that never runs backwards.
 //
 // It holds three photos at most: the one that is shown, the one that fades in, and one that is ready or being made.
 #pragma once
@@ -41,7 +41,7 @@ class Show {
 
   explicit Show(Pace pace) : pace_(pace) {}
 
-  // --- its wishes; each is told once
+  // --- its wishes; each is given out once
   // The folder's photos are to be listed, and given to Listed or ListingFailed.
   bool TakeListingWish();
   struct FrameWish {
@@ -51,7 +51,7 @@ class Show {
   // The photo is to be made ready, and given to Framed.
   std::optional<FrameWish> TakeFrameWish();
 
-  // --- what comes
+  // --- what it is given
   void Listed(std::vector<std::string> paths, double now);
   void ListingFailed(double now);
   void Framed(const PhotoFrame& frame, double now);
@@ -89,11 +89,11 @@ class Show {
   Wish frame_ = Wish::None;
   bool remake_ = false;  // the frame is that of the photo that is shown, for another screen
   std::optional<Slide> shown_;
-  std::optional<Slide> before_;  // the one that was shown before, until it is known whether it comes again
+  std::optional<Slide> before_;  // the one that was shown before, until it is known whether it is the next one as well
   std::optional<Slide> coming_;
   std::optional<Slide> next_;  // ready, in its turn
   double fadeBegan_ = 0;
-  double due_ = 0;     // the end of the time that the shown one stands
+  double due_ = 0;     // when the time of the shown one is over
   double lookAt_ = 0;  // the folder again, while it rests
 };
 

@@ -134,7 +134,7 @@ TEST_F(ShowTest, WithoutAFadePhotosChangeAtOnce) {
   EXPECT_NEAR(seen.back().second, 102, 1e-6);
 }
 
-TEST_F(ShowTest, WhatIsPaintedMostlyIsOneStepOfTheFadeApart) {
+TEST_F(ShowTest, PaintingsAreAStepOfTheFadeApartAndNoneIsWantedOfAPhotoThatStands) {
   Serve();
   EXPECT_NEAR(*show.NextMoment(now), now + Show::FadeStep, 1e-9);
   EXPECT_NEAR(*show.NextMoment(now + 0.299), now + 0.3, 1e-9);
@@ -324,7 +324,7 @@ TEST_F(ShowTest, AScreenThatChangesBeforeAnyPhotoIsThereChangesNothingElse) {
   EXPECT_EQ(again->Path, folder[0]);
 }
 
-TEST_F(ShowTest, AWishIsToldOnce) {
+TEST_F(ShowTest, AWishIsGivenOutOnce) {
   EXPECT_TRUE(show.TakeListingWish());
   EXPECT_FALSE(show.TakeListingWish());
   EXPECT_FALSE(show.TakeFrameWish().has_value());

@@ -34,7 +34,7 @@ std::unique_ptr<HostWindow> HostWindow::Of(std::uint64_t number) {
   return host;
 }
 
-// The window tells its size to those who ask for that, and it is not this program's own.
+// It is no window of this program's own: its changes of size are sent only to those who select them.
 HostWindow::HostWindow(std::uint32_t number, QWindow& window) : number_(number), window_(&window) {
   const std::uint32_t events = XCB_EVENT_MASK_STRUCTURE_NOTIFY;
   xcb_change_window_attributes(Server(), number_, XCB_CW_EVENT_MASK, &events);
