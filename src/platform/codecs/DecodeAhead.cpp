@@ -193,13 +193,16 @@ std::span<const std::uint8_t> DecodeAhead::AtHand(File& file) {
   return found;
 }
 
-const ReducedRows* DecodeAhead::Take(std::span<const std::uint8_t> file, int denominator) {
+const ReducedRows* DecodeAhead::Take(std::span<const std::uint8_t> file, int denominator,
+                                     const std::optional<PixelSize>& size) {
   takenRows_ = {};
   takenJpeg_ = {};
   const std::lock_guard lock(mutex_);
   for (Jobs& jobs : expected_) {
     const auto same = std::ranges::find_if(jobs, [&](const auto& job) {
-      return job->state == Job::State::Ready && job->scale == denominator && IsSame(job->bytes.Bytes(), file);
+      if (job->state != Job::State::Ready || job->scale != denominator) return false;
+      if (size && (size->Width != job->rows.width || size->Height != job->rows.height)) return false;
+      return IsSame(job->bytes.Bytes(), file);
     });
     if (same == jobs.end()) continue;
     takenRows_ = std::move((*same)->rows);

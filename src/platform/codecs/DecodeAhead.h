@@ -10,6 +10,7 @@
 #include <cstdint>
 #include <memory>
 #include <mutex>
+#include <optional>
 #include <span>
 #include <string>
 #include <thread>
@@ -70,8 +71,9 @@ class DecodeAhead : public ReadAhead {
   // next Take or Expect. Raises nothing.
   std::span<const std::uint8_t> AtHand(File& file);
   // What was made of a file of these bytes at 1/denominator, else null. It is handed out once, and lives until the next
-  // call.
-  const ReducedRows* Take(std::span<const std::uint8_t> file, int denominator);
+  // call. With a size, what has another one is left where it is.
+  const ReducedRows* Take(std::span<const std::uint8_t> file, int denominator,
+                          const std::optional<PixelSize>& size = std::nullopt);
   // The JPEG file of these pixels in this quality, if they are those that were taken last; else nothing. It lives until
   // the next Take. Rows as WriteJpeg has them.
   std::span<const std::uint8_t> Encoded(const std::uint8_t* topRow, std::ptrdiff_t step, int width, int height,

@@ -95,16 +95,11 @@ int ReadFrom(std::span<const std::uint8_t> bytes, JPEG_CORE_PROPERTIES& record, 
   return jpeg::Ok;
 }
 
-// False where these rows do not fit the surface as it is described.
-bool CopyRows(const ReducedRows& from, const JPEG_CORE_PROPERTIES& record) {
-  const std::optional<SurfaceRows> rows = RowsOf(record);
-  if (!rows || record.DIBChannels != 3 || record.DIBWidth != from.width) return false;
-  if (std::abs(std::int64_t{record.DIBHeight}) != from.height) return false;
+// The rows have the surface's size.
+void CopyRows(const ReducedRows& from, const SurfaceRows& to) {
   const std::ptrdiff_t length = std::ptrdiff_t{from.width} * 3;
-  for (std::ptrdiff_t y = 0; y < from.height; ++y) {
-    std::copy_n(from.bytes.data() + y * length, length, rows->top + y * rows->step);
-  }
-  return true;
+  for (std::ptrdiff_t y = 0; y < from.height; ++y)
+    std::copy_n(from.bytes.data() + y * length, length, to.top + y * to.step);
 }
 
 int StatusOfError(int number, int otherwise) {
@@ -138,9 +133,14 @@ int TurboJpegCodec::ijlRead(JPEG_CORE_PROPERTIES& record, int mode) {
 
 int TurboJpegCodec::ReadBlock(JPEG_CORE_PROPERTIES& record, int denominator) {
   const std::span<const std::uint8_t> bytes(record.JPGBytes, static_cast<std::size_t>(record.JPGSizeBytes));
-  if (ahead_ != nullptr && denominator != 0) {
-    const ReducedRows* const kept = ahead_->Take(bytes, denominator);
-    if (kept != nullptr && CopyRows(*kept, record)) return jpeg::Ok;
+  const std::optional<SurfaceRows> rows = RowsOf(record);
+  if (ahead_ != nullptr && denominator != 0 && rows && record.DIBChannels == 3) {
+    // The block may be a file that is at hand, which goes when what was made of it is taken: only what fits is.
+    const PixelSize size{record.DIBWidth, static_cast<int>(std::abs(std::int64_t{record.DIBHeight}))};
+    if (const ReducedRows* const kept = ahead_->Take(bytes, denominator, size)) {
+      CopyRows(*kept, *rows);
+      return jpeg::Ok;
+    }
   }
   return ReadFrom(bytes, record, denominator);
 }

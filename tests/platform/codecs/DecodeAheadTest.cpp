@@ -229,6 +229,26 @@ TEST_F(DecodeAheadTest, AMisdescribedSurfaceIsStillRefused) {
   EXPECT_EQ(codec.ijlRead(record, ijl::BufferReadEighth), jpeg::Mismatch);
 }
 
+TEST_F(DecodeAheadTest, AFileAtHandIsStillThereAfterASurfaceWasRefused) {
+  TurboJpegCodec codec(files, &ahead);
+  const std::string jpeg = LongJpeg(17);
+  const std::string path = Write("a.jpg", jpeg);
+  Prepare({path}, 8);
+  const auto atHand = [&] { return codec.AtHand(*files.Open(path, OpenMode::Read)); };
+  JPEG_CORE_PROPERTIES record;
+  std::vector<std::uint8_t> pixels(101 * 76 * 3, 0xA5);
+  record.JPGBytes = atHand().data();
+  record.JPGSizeBytes = static_cast<std::int32_t>(jpeg.size());
+  record.DIBBytes = pixels.data();
+  record.DIBWidth = 100;
+  record.DIBHeight = 76;
+  EXPECT_EQ(codec.ijlRead(record, ijl::BufferReadEighth), jpeg::Mismatch);
+  ASSERT_EQ(atHand().data(), record.JPGBytes);
+  record.DIBWidth = 101;
+  EXPECT_EQ(codec.ijlRead(record, ijl::BufferReadEighth), jpeg::Ok);
+  EXPECT_TRUE(atHand().empty()) << "it has been served";
+}
+
 TEST_F(DecodeAheadTest, WhatCannotBePreparedIsReadyAtOnceOrSoonAndServesNothing) {
   std::string cut = LongJpeg(7);
   cut.resize(cut.size() / 2);
