@@ -24,6 +24,8 @@ namespace {
 // The first pass is composed at ten times the thumbnail's size, so that the last reduction is a plain one.
 constexpr double ThumbnailFactor = 10;
 constexpr int SmallTarget = 300;
+// A narrow one that is higher is large all the same.
+constexpr int SmallTargetHeight = 2000;
 constexpr double SmallTargetFactor = 3;
 
 std::string InProgramFolder(Host& host, const char* name) {
@@ -78,7 +80,8 @@ struct Composition {
 };
 
 Composition Compose(PixelSize target, PixelSize photo) {
-  const double factor = target.Width <= SmallTarget ? SmallTargetFactor : 1;
+  const bool isSmall = target.Width <= SmallTarget && target.Height <= SmallTargetHeight;
+  const double factor = isSmall ? SmallTargetFactor : 1;
   const int width = CLng(target.Width * factor);
   const int height = CLng(target.Height * factor);
   return {width, height, Fit(width, height, photo.Width, photo.Height)};

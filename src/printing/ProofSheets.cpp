@@ -1,5 +1,7 @@
 #include "printing/ProofSheets.h"
 
+#include <algorithm>
+#include <cmath>
 #include <new>
 #include <optional>
 #include <string>
@@ -34,6 +36,7 @@ namespace {
 
 constexpr const char* FailureTitle = "Can't Print Proof Sheets";
 constexpr Colour White = 0x00FFFFFF;
+constexpr double MostPixels = 16e6;  // of a photo as it is rendered
 
 // Twips.
 constexpr int HeadHeight = 600;  // above the grid
@@ -43,6 +46,12 @@ constexpr int CaptionDrop = 110;  // below the picture
 constexpr int TextMargin = 400;
 constexpr int HeaderTop = 150;
 constexpr int CompanyRise = 300;
+
+// The same shape, of no more pixels than are rendered.
+PixelSize Limited(PixelSize size) {
+  const double scale = std::min(1.0, std::sqrt(MostPixels / (static_cast<double>(size.Width) * size.Height)));
+  return {std::max(1, static_cast<int>(size.Width * scale)), std::max(1, static_cast<int>(size.Height * scale))};
+}
 
 class ProofSheets {
  public:
@@ -238,7 +247,7 @@ PixelSize ProofSheets::RenderSize() const {
   }
   // Deliberate: the first photo's shape as well, so that an upright one that is smaller than this widens all photos.
   const bool isFiner = first_ && (size.Width > first_->Width || size.Height > first_->Height);
-  return isFiner ? *first_ : size;
+  return isFiner ? Limited(*first_) : size;
 }
 
 ProofChoice AskForProofs(MainForm& main, BatchSource source) {

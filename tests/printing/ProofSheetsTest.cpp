@@ -1,6 +1,7 @@
 // Proof sheets as they come out of the printer.
 #include <gmock/gmock.h>
 
+#include "pictures/PaintPhoto.h"
 #include "platform/runtime/Numbers.h"
 #include "tests/printing/ProofTest.h"
 #include "utility/ConfirmForm.h"
@@ -215,6 +216,20 @@ TEST_F(ProofSheetsTest, ASmallUprightFirstPhotoGivesAllCellsItsShapeToo) {
   }
 }
 
+TEST_F(ProofSheetsTest, AThinFirstPhotoMakesNoHugeCells) {
+  drive.MakeFolder(Strip);
+  drive.Write(std::string(Strip) + "\\" + NameOf(1), JpegOf(PlainBitmap(299, 60000, 0x00112233)));
+  drive.Write(std::string(Strip) + "\\" + NameOf(2), JpegPhoto(80, 60));
+  ShowStrip();
+  Print(2);
+  const std::vector<PrintedItem> pictures = PicturesOf(Page(1));
+  ASSERT_THAT(pictures, SizeIs(2));
+  for (const PrintedItem& picture : pictures)
+    EXPECT_LE(std::int64_t{picture.Painted.Width()} * picture.Painted.Height(), 16'000'000);
+  EXPECT_EQ(StretchedSize({280, 57000}, {400, 300}).Width, 280) << "nor a canvas of nine times its size";
+  EXPECT_EQ(StretchedSize({280, 210}, {300, 900}).Height, 630) << "which a small one has";
+}
+
 TEST_F(ProofSheetsTest, AFirstPhotoThatCannotBeLoadedInTheMeantimeLimitsNothing) {
   MakePhotos(Strip, 2, 800, 600);
   ShowStrip();
@@ -305,7 +320,7 @@ TEST_F(ProofSheetsTest, ANoAtTheQuestionGoesOn) {
   EXPECT_THAT(CaptionsOf(Page(2)), NamesFrom(5, 5));
 }
 
-TEST_F(ProofSheetsTest, ASheetEndedByAStopBeforeItsFirstCellHasItsHeaderAlone) {
+TEST_F(ProofSheetsTest, StoppedAtTheLastPhotoOfASheetNoOtherSheetIsBegun) {
   LoadStrip(8);
   person.During([&] { return ConfirmForm::Of(main).Label2.Caption() == "Now Printing .. 3/8"; },
                 [&] { main.core.PrintAborted = true; });
