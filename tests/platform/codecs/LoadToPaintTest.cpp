@@ -75,7 +75,7 @@ TEST_F(LoadToPaintTest, ALinePairThatOnlyTheWholePhotoHasIsNotLostWhereItIsPaint
   EXPECT_GT(std::abs(shown.Row(35)[3 * 700] - shown.Row(35)[3 * 702]), 60) << "decoded at half its size it were grey";
 }
 
-TEST_F(LoadToPaintTest, WithoutSizesOnlyWhetherThereIsAnythingToShowIsLookedAt) {
+TEST_F(LoadToPaintTest, WithoutSizesItHasThePhotosSizeAndRaisesForNoPhoto) {
   drive.Write(Photo, JpegPhoto(640, 480));
   EXPECT_EQ(LoadFor({}).Width(), 640);
   EXPECT_EQ(ErrorOf("\xFF\xD8 and nothing of a photo"), error::BadPicture);
