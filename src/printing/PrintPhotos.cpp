@@ -8,6 +8,7 @@
 #include "pictures/Scratch.h"
 #include "platform/controls/FileListBox.h"
 #include "platform/controls/Toolkit.h"
+#include "platform/runtime/AtExit.h"
 #include "platform/runtime/Errors.h"
 #include "platform/runtime/Numbers.h"
 #include "platform/services/Dialogs.h"
@@ -117,9 +118,11 @@ void RunJob(MainForm& main, const std::function<void(PictureBox& photo)>& compos
 
 // False: cancelled.
 bool Asked(MainForm& main, const std::function<void()>& askZoom) {
-  main.Window.SetMousePointer(pointer::Hourglass);
-  askZoom();
-  main.Window.SetMousePointer(pointer::Default);
+  {
+    const AtExit done([&main] { main.Window.SetMousePointer(pointer::Default); });
+    main.Window.SetMousePointer(pointer::Hourglass);
+    askZoom();
+  }
   return main.core.PrintZoom != 0 && !main.host.toolkit.Ended();
 }
 
@@ -170,7 +173,7 @@ void PrintPhotoBatch(MainForm& main, BatchSource source) {
 
 void BatchPrintOpenFolderMenuItem_Click(MainForm& main) {
   if (main.desk.OpenFolderIndex == 0) {
-    main.host.dialogs.MsgBox("No Folder is Open.\nTry opening a folder first.", BoxIcon::Exclamation, BoxButtons::Ok,
+    main.host.dialogs.MsgBox("No Folder is Open.\r\nTry opening a folder first.", BoxIcon::Exclamation, BoxButtons::Ok,
                              "Can't Batch Print Individual Photos");
     return;
   }

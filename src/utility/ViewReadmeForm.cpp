@@ -123,8 +123,10 @@ void ViewReadmeForm::PrintButton_Click() {
   const AtExit done([this] { main_.core.PrintJobRuns = false; });
   // The window may be closed while the dialog is up.
   const std::string text = ReadmeTextbox.Text();
-  if (!OrElse(false, [&] { return host.printing.ShowPrintDialog(); }) || host.toolkit.Ended()) return;
   PrintSurface& printer = host.printing.Printer();
+  // What a print job that failed has left over is a document of its own.
+  ErrorsIgnored([&] { printer.EndDoc(); });
+  if (!OrElse(false, [&] { return host.printing.ShowPrintDialog(); }) || host.toolkit.Ended()) return;
   printer.SetDocumentName("Pixorra - Read Me");
   bool begun = false;
   try {

@@ -2,7 +2,10 @@
 #include <gmock/gmock.h>
 
 #include "platform/runtime/Errors.h"
+#include "printing/PrintPhotos.h"
 #include "tests/printing/PrintTest.h"
+#include "utility/ViewReadmeForm.h"
+#include "window/ModelessForms.h"
 #include "window/PicturesState.h"
 
 namespace pixorra {
@@ -115,6 +118,38 @@ TEST_F(PrintFailuresTest, AFailureOnTheWayIsToldWithItsNumberAndTheWindowLivesOn
   ASSERT_THAT(Documents(), SizeIs(2)) << "what was left over, and the new one";
   EXPECT_THAT(Documents().at(1).Pages, SizeIs(2));
   ExpectAllPutBack();
+}
+
+TEST_F(PrintFailuresTest, AfterAFailedBatchTheReadMeIsADocumentOfItsOwn) {
+  LoadStrip({"a 160x120", "b 120x160"});
+  person.During([this] { return Notice() != nullptr; }, [this] { printing.Printers[0].Broken = true; });
+  person.ExpectBox("", " 482  Printer error");
+  PrintAt(50);
+  Batch();
+  ASSERT_TRUE(printing.OpenDocument());
+  printing.Printers[0].Broken = false;
+  person.Activate(main.Window);
+  person.ChooseMenu(main.menu.ViewReadmeMenuItem);
+  run.Wait(0.1);
+  printing.ExpectPrintDialog(true);
+  person.Click(main.modeless.Get<ViewReadmeForm>(main).PrintButton);
+  ASSERT_THAT(Documents(), SizeIs(2)) << "what was left over, and the read-me";
+  EXPECT_EQ(Documents().at(0).Name, "Strip");
+  EXPECT_EQ(Documents().at(1).Name, "Pixorra - Read Me");
+  ASSERT_THAT(Documents().at(1).Pages, SizeIs(1));
+  EXPECT_EQ(Documents().at(1).Pages.at(0).Orientation, 1);
+  EXPECT_THAT(PicturesOf(Documents().at(1).Pages.at(0)), IsEmpty());
+}
+
+TEST_F(PrintFailuresTest, AnErrorInTheDialogDoesNotLeaveTheHourglass) {
+  LoadStrip({"a 160x120", "b 120x160"});
+  Select(1);
+  printing.Printers[0].SheetWidth = 1e12;
+  EXPECT_THROW(PrintSelectedPhoto(main), RuntimeError);
+  EXPECT_THROW(PrintPhotoBatch(main, BatchSource::FilmStrip), RuntimeError);
+  EXPECT_EQ(main.Window.MousePointer(), pointer::Default);
+  EXPECT_FALSE(main.core.PrintJobRuns);
+  EXPECT_EQ(person.Window("PrintPhotoForm"), nullptr);
 }
 
 TEST_F(PrintFailuresTest, AnOutlineBeyond16BitsIsTheSameFailure) {

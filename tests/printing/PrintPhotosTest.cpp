@@ -157,8 +157,18 @@ TEST_F(PrintPhotosTest, WithNoPhotoSelectedAfterAnEarlierPrintTheJobGoesOnWithIt
 TEST_F(PrintPhotosTest, TheNoticeIsUpWhileAPhotoIsPrintedAndCannotBeAskedToStop) {
   SelectPhoto("160x120");
   main.core.PrintAborted = true;
-  PrintAt(78);
+  std::string told;
+  PrintAfter([&](Person&, Form&) {
+    // Before the photo is loaded.
+    run.files.BeforeNth(
+        FileCall::OpenToRead, 1,
+        [&] {
+          if (const Form* notice = Notice()) told = Find<Label>(const_cast<Form&>(*notice), "Label2").Caption();
+        },
+        "160x120.bmp");
+  });
   Print();
+  EXPECT_EQ(told, "Printing Photo");
   EXPECT_THAT(Documents(), SizeIs(1));
   EXPECT_TRUE(main.core.PrintAborted) << "neither looked at nor cleared";
 }
@@ -220,7 +230,7 @@ TEST_F(PrintPhotosTest, EveryCommandForABatchPrintsItsOwnPhotos) {
 
 TEST_F(PrintPhotosTest, WithNoFolderOpenTheMenuSaysWhatToDo) {
   for (MenuItem* item : {&main.menu.BatchPrintOpenFolderMenuItem, &main.menu.PrintOpenFolderIndividualPhotosMenuItem}) {
-    person.ExpectBox("Can't Batch Print Individual Photos", "No Folder is Open.\nTry opening a folder first.");
+    person.ExpectBox("Can't Batch Print Individual Photos", "No Folder is Open.\r\nTry opening a folder first.");
     person.ChooseMenu(*item);
     EXPECT_EQ(run.platform.dialogs.Boxes().back().Icon, BoxIcon::Exclamation);
   }
@@ -247,20 +257,16 @@ TEST_F(PrintPhotosTest, ABatchIsOneDocumentWithAPageForEachPhotoInTheListsOrder)
 TEST_F(PrintPhotosTest, TheNoticeCountsThePhotos) {
   LoadStrip({"a 160x120", "b 120x160", "c 100x100"});
   std::vector<std::string> told;
-  for (int page = 0; page < 3; ++page) {
-    person.During([this, page] { return main.core.PrintJobRuns && (page == 0 || Notice() != nullptr); },
-                  [&] {
-                    if (const Form* notice = Notice()) {
-                      const auto& label = Find<Label>(const_cast<Form&>(*notice), "Label2");
-                      told.push_back(label.Caption());
-                      EXPECT_EQ(label.ForeColor(), 0xFFA0A0U);
-                    }
-                  });
-  }
-  PrintAt(50);
+  const auto note = [&] {
+    auto& label = Find<Label>(const_cast<Form&>(*Notice()), "Label2");
+    told.push_back(label.Caption());
+    EXPECT_EQ(label.ForeColor(), 0xFFA0A0U);
+  };
+  PrintAfter([&](Person&, Form&) {
+    for (const char* photo : {"a 160", "b 120", "c 100"}) run.files.BeforeNth(FileCall::OpenToRead, 1, note, photo);
+  });
   Batch();
-  EXPECT_THAT(told, ::testing::Contains("Now Printing .. 1/3"));
-  EXPECT_THAT(told, ::testing::Contains("Now Printing .. 2/3"));
+  EXPECT_THAT(told, ElementsAre("Now Printing .. 1/3", "Now Printing .. 2/3", "Now Printing .. 3/3"));
 }
 
 TEST_F(PrintPhotosTest, StoppedAtTheQuestionThePageInHandIsFinishedAndNoOtherBegun) {
@@ -334,18 +340,17 @@ TEST_F(PrintPhotosTest, AnEmptyBatchThatGotPastTheDialogPrintsOneBlank) {
   ExpectAllPutBack();
 }
 
-TEST_F(PrintPhotosTest, OnePhotoIsInMemoryAtATime) {
+TEST_F(PrintPhotosTest, AllPhotosOfABatchAreLoadedIntoTheSameElements) {
   LoadStrip({"a 160x120", "b 120x160", "c 100x100"});
-  int most = 0;
-  for (int turn = 0; turn < 2; ++turn) {
-    person.During([this] { return Notice() != nullptr; },
-                  [&] {
-                    most = std::max({most, main.pictures.TempPic.UBound(), main.pictures.TempImage.UBound()});
-                  });
-  }
-  PrintAt(50);
+  std::vector<int> elements;
+  const auto note = [&] {
+    elements.push_back(std::max(main.pictures.TempPic.UBound(), main.pictures.TempImage.UBound()));
+  };
+  PrintAfter([&](Person&, Form&) {
+    for (const char* photo : {"a 160", "b 120", "c 100"}) run.files.BeforeNth(FileCall::OpenToRead, 1, note, photo);
+  });
   Batch();
-  EXPECT_EQ(most, 1);
+  EXPECT_THAT(elements, ElementsAre(1, 1, 1));
 }
 
 TEST_F(PrintPhotosTest, WhileAJobRunsAnotherPrintCommandBeeps) {
