@@ -1,6 +1,7 @@
 #include "printing/PageLayout.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include "base/Host.h"
 #include "platform/controls/Buttons.h"
@@ -24,6 +25,8 @@ constexpr int ColumnStep = 10;
 constexpr int PrintButtonStep = 28;
 constexpr int DpiStep = 3;
 constexpr int RightMargin = 15;  // of the window, its frame included
+constexpr int MostWindowWidth = 790;
+constexpr int PageHeight = 169;  // where the window is not too wide with it
 
 }  // namespace
 
@@ -42,8 +45,12 @@ float ArrangePage(const PageControls& c, PrintSurface& printer) {
   const int paper = printer.PaperSize();
   c.PaperTypeLabel.SetCaption(ShortPaperName(paper) + " paper - Landscape Only");
   c.PaperTypeLabel.SetToolTipText(LongPaperName(paper));
-  const double scale = c.Page.Height() / static_cast<double>(CLng(printer.SheetWidth()));
-  c.Page.SetWidth(scale * printer.SheetHeight());
+  const double shape = printer.SheetHeight() / CLng(printer.SheetWidth());
+  const int mostWidth = MostWindowWidth - RightMargin - c.PrinterFrame.Width() - ColumnStep - c.Page.Left();
+  const double width = std::min<double>(PageHeight * shape, mostWidth);
+  const double height = std::max(1.0, std::round(width / shape));
+  // In the middle of its room between the paper's name and the slider.
+  c.Page.Move(c.Page.Left(), c.PageTop + std::floor((PageHeight - height) / 2), width, height);
   c.SizeBar.SetWidth(c.Page.Width());
   const int edge = c.Page.Left() + c.Page.Width();
   c.PrinterFrame.SetLeft(edge + ColumnStep);

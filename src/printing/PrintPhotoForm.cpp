@@ -1,5 +1,6 @@
 #include "printing/PrintPhotoForm.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "base/Dialog.h"
@@ -24,6 +25,7 @@ namespace pixorra {
 
 namespace {
 
+constexpr int PageTop = 15;    // pixels
 constexpr int FirstZoom = 78;  // percent
 // Pixels of the page: a photo that is nearer to its edges leaves no room for the lines of text.
 constexpr int LeastLeft = 5;
@@ -32,6 +34,7 @@ constexpr int InfoAbove = 5;  // from the photo's top to that of the line above 
 constexpr int CompanyBelow = 2;
 constexpr double LineSize = 2;  // points
 constexpr int SampleWidth = 300;
+constexpr int MostSampleHeight = 600;  // finer than any photo is shown on the page
 
 constexpr const char* CannotBatchPrint = "Can't Batch Print";
 
@@ -107,6 +110,7 @@ void PrintPhotoForm::ShowFor(const std::string& caption) {
     return;
   }
   MakeSmallSample();
+  SampleInfo = InfoLine(main_, PicSample.Width(), PicSample.Height(), SamplePhotoPath);
   PrintHeaderCheckbox.SetValue(main_.core.PrintPhotoInfo ? 1 : 0);
   ArrangePageLayout();
   ZoomFactorBar.SetValue(FirstZoom);
@@ -115,10 +119,12 @@ void PrintPhotoForm::ShowFor(const std::string& caption) {
   main_.core.PrintPhotoInfo = PrintHeaderCheckbox.Value() == 1;
 }
 
-// In the screen's own pixels, so that the preview is as sharp as the screen.
+// In the screen's own pixels, so that the preview is as sharp as the screen. A thin photo is changed in shape here: on
+// the page it is stretched to its place, which has the photo's own shape.
 void PrintPhotoForm::MakeSmallSample() {
-  const double width = SampleWidth * main_.host.toolkit.Fineness();
-  const double height = width * PicSample.Height() / PicSample.Width();
+  const double fineness = main_.host.toolkit.Fineness();
+  const double width = SampleWidth * fineness;
+  const double height = std::clamp(width * PicSample.Height() / PicSample.Width(), 1.0, MostSampleHeight * fineness);
   SamplePicSmall.Move(0, 0, width, height);
   SamplePicSmall.PaintPicture(PicSample.GetPicture(), 0, 0, SamplePicSmall.Width(), SamplePicSmall.Height());
   SamplePicSmall.SetPicture(SamplePicSmall.Image());
@@ -135,7 +141,8 @@ void PrintPhotoForm::ArrangePageLayout() {
                                     .PrinterFrame = Frame1,
                                     .PrinterSetupButton = PrinterSetupButton,
                                     .PrintButton = PrintButton,
-                                    .CancelButton = CancelButton},
+                                    .CancelButton = CancelButton,
+                                    .PageTop = PageTop},
                                    main_.host.printing.Printer());
   PrintHeaderCheckbox.SetLeft(CancelButton.Left() + 5);
   PaintPageLayout(Zoom());
@@ -164,7 +171,7 @@ void PrintPhotoForm::PaintInfo(const PageRect& photo) {
   const auto printCentred = [&page](const std::string& line, double top) {
     page.PrintAt((page.ScaleWidth() - page.TextWidth(line)) / 2, top, line);
   };
-  printCentred(InfoLine(main_, PicSample.Width(), PicSample.Height(), SamplePhotoPath), photo.Y - InfoAbove);
+  printCentred(SampleInfo, photo.Y - InfoAbove);
   printCentred(CompanyLine(main_), photo.Y + photo.H + CompanyBelow);
 }
 

@@ -50,6 +50,7 @@ class PrintPhotoForm {
   ImageBox PicSample{Window, "PicSample"};              // the photo at its own size
 
   std::string SamplePhotoPath;   // full path of the photo that is shown
+  std::string SampleInfo;        // the line above it
   float PageLongSideInches = 0;  // the long side of what the printer can print on
 
  private:

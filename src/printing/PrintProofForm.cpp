@@ -32,6 +32,8 @@ constexpr int PageLeft = 120;
 constexpr int PageWidth = 3615;
 constexpr int LabelHeight = 225;
 
+constexpr int PageTop = 16;  // pixels
+
 // Pixels: the column at the right of the page.
 constexpr int ColumnWidth = 180;
 constexpr int FrameTop = 6;
@@ -113,7 +115,7 @@ void PrintProofForm::Define() {
 
 void PrintProofForm::PlaceControls() {
   Place(PaperTypeLabel, PageLeft, 0, 2415, LabelHeight);
-  Place(PagePreview, PageLeft, 240, PageWidth, 2535);
+  Place(PagePreview, PageLeft, PageTop * TwipsPerPixel, PageWidth, 2535);
   Place(DpiLabel, 0, 0, 825, LabelHeight);
   Place(ProofSizeBar, PageLeft, 2760, PageWidth, 255);
   Place(Label1, 960, 3045, 2400, LabelHeight);
@@ -137,9 +139,8 @@ void PrintProofForm::ConnectControls() {
   });
   Connect(PagesBox.On().Click, [this](Control&) { RepaintPage(); });
   const auto resize = [this](Control&) {
-    PagePreview.Cls();
     FillPagesBox();
-    PaintProofPreview();
+    RepaintPage();
   };
   Connect(ProofSizeBar.On().Change, resize);
   Connect(ProofSizeBar.On().Scroll, resize);
@@ -178,10 +179,9 @@ ProofChoice PrintProofForm::GetProofSize(BatchSource source) {
   ShowPrinterName();
   const auto noSizes = [](int, int) { return std::vector<PixelSize>(); };
   if (LoadPictureToPaint(main_, PhotoAt(main_, source, 0).Path, PicSample, noSizes)) {
-    PagePreview.Cls();
     ArrangeProofLayout();
     FillPagesBox();
-    PaintProofPreview();
+    RepaintPage();
     ProofSizeBar.SetFocus();
     ShowDialog(Window, main_.Window);
   }
@@ -191,7 +191,7 @@ ProofChoice PrintProofForm::GetProofSize(BatchSource source) {
 
 void PrintProofForm::ArrangeProofLayout() {
   PageLongSideInches = ArrangePage({Window, PaperTypeLabel, PagePreview, DpiLabel, ProofSizeBar, Frame1,
-                                    PrinterSetupButton, PrintButton, CancelButton},
+                                    PrinterSetupButton, PrintButton, CancelButton, PageTop},
                                    main_.host.printing.Printer());
   PageLabel.SetLeft(PrintButton.Left() - 23);
   PagesBox.SetLeft(PageLabel.Left() + PageLabel.Width());
@@ -276,7 +276,7 @@ void PrintProofForm::PaintCell(const Picture& thumbnail, const std::string& capt
 // What a photo as large as the first one gets, printed across a whole cell.
 void PrintProofForm::ShowResolution(int cellWidth) {
   const double inches = cellWidth / static_cast<double>(PagePreview.ScaleWidth()) * PageLongSideInches;
-  DpiLabel.SetCaption(TrimmedStr(std::floor(PicSample.Width() / inches)) + " dpi");
+  DpiLabel.SetCaption(inches > 0 ? TrimmedStr(std::floor(PicSample.Width() / inches)) + " dpi" : "");
 }
 
 }  // namespace pixorra

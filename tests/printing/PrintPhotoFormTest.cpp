@@ -115,8 +115,10 @@ TEST_F(PrintPhotoFormTest, ThePageHasTheProportionsOfTheSheetAndTheColumnIsAtIts
 
 TEST_F(PrintPhotoFormTest, NothingLiesOverAnythingElseOnAnyPaper) {
   SelectPhoto("160x120");
-  // Twips: A4, 10 x 15 cm, 8 x 10 inches, a ledger that is wider than high.
-  for (const auto& [width, height] : {std::pair(11906, 16838), {5669, 8504}, {11520, 14400}, {24480, 15840}}) {
+  // Twips: A4, 10 x 15 cm, 8 x 10 inches, a ledger that is wider than high, a banner of 210 x 1117 mm, a roll of five
+  // metres.
+  for (const auto& [width, height] :
+       {std::pair(11906, 16838), {5669, 8504}, {11520, 14400}, {24480, 15840}, {11906, 63326}, {11906, 283465}}) {
     printing.Printers[0].SheetWidth = width;
     printing.Printers[0].SheetHeight = height;
     LookAtDialog([width = width](Person&, Form& form) {
@@ -135,6 +137,65 @@ TEST_F(PrintPhotoFormTest, NothingLiesOverAnythingElseOnAnyPaper) {
     });
     Print();
   }
+}
+
+TEST_F(PrintPhotoFormTest, ALongPaperIsShownLowerWithItsProportionsAndAShortOneAfterItAsEver) {
+  printing.Printers.push_back({.Name = "Banner Printer", .SheetWidth = 11906, .SheetHeight = 63326});
+  SelectPhoto("160x120");
+  LookAtDialog([this](Person& hand, Form& form) {
+    const PictureBox& page = PageOf(form);
+    const auto choosePrinter = [&](const std::string& name) {
+      printing.ExpectPrintSetup(true, [this, name] { printing.SetCurrentPrinter(name); });
+      hand.Click(Find<CommandButton>(form, "PrinterSetupButton"));
+    };
+    choosePrinter("Banner Printer");
+    EXPECT_LT(page.Height(), 169);
+    EXPECT_NEAR(page.Width() / static_cast<double>(page.Height()), 63326 / 11906.0, 0.03);
+    EXPECT_LE(form.TwipsWidth(), 800 * 15);
+    EXPECT_NEAR(page.Top() - 15, 184 - page.Bounds().Bottom(), 1) << "in the middle of its room";
+    EXPECT_NEAR(PhotoOn(form).Width, page.Width() * 0.78, 1);
+    choosePrinter("Headless Printer");
+    EXPECT_EQ(page.Bounds(), (Rect{8, 15, 219, 169}));
+  });
+  Print();
+}
+
+TEST_F(PrintPhotoFormTest, APhotoOfOnePixelAcrossIsShownAndPrinted) {
+  LoadStrip({"a 1x65000", "b 65000x1"});
+  for (const int slot : {1, 2}) {
+    Select(slot);
+    PrintAfter([](Person&, Form& form) {
+      const auto& sample = Find<PictureBox>(form, "SamplePicSmall");
+      EXPECT_EQ(sample.Width(), 300);
+      EXPECT_LE(sample.Height(), 1000);
+    });
+    Print();
+    EXPECT_EQ(main.Window.MousePointer(), pointer::Default);
+    ASSERT_EQ(Documents().size(), static_cast<std::size_t>(slot));
+    const PrintedItem photo = PicturesOf(Documents().back().Pages.at(0)).at(0);
+    EXPECT_EQ(slot == 1 ? photo.Painted.Height() : photo.Painted.Width(), 65000);
+  }
+}
+
+TEST_F(PrintPhotoFormTest, ANarrowPhotoIsShownWhereItIsPrinted) {
+  SelectPhoto("10x100");
+  LookAtDialog([](Person& hand, Form& form) {
+    SetZoom(hand, form, 100);
+    EXPECT_EQ(PhotoOn(form), (Rect{101, 0, 17, 169}));
+  });
+  Print();
+}
+
+TEST_F(PrintPhotoFormTest, TheFilesTimeIsAskedForOnceWhateverTheSliderDoes) {
+  SelectPhoto("160x120");
+  LookAtDialog([this](Person& hand, Form& form) {
+    SetZoom(hand, form, 50);
+    hand.Click(HeaderOf(form));
+    const int before = run.files.Count(FileCall::Length);
+    for (const int zoom : {40, 60, 75}) SetZoom(hand, form, zoom);
+    EXPECT_EQ(run.files.Count(FileCall::Length) - before, 0);
+  });
+  Print();
 }
 
 TEST_F(PrintPhotoFormTest, OnAFineScreenThePageAndItsPhotoHaveTheScreensOwnPixels) {
