@@ -167,10 +167,15 @@ PrintedDocument HeadlessPrinting::TakeOpen() {
   return document;
 }
 
-// A page that was begun and nothing drawn on does not come out.
+// A page that was begun and nothing drawn on does not come out, nor does a document of blanks alone.
 void HeadlessPrinting::EndDoc() {
   if (!open_) return;
   PrintedDocument document = TakeOpen();
+  const auto isBlank = [](const PrintedItem& item) {
+    return item.What == PrintedItem::Kind::Text && item.Text.find_first_not_of(" \r\n") == std::string::npos;
+  };
+  const std::vector<PrintedItem>& first = document.Pages.front().Items;
+  if (document.Pages.size() == 1 && std::all_of(first.begin(), first.end(), isBlank)) return;
   if (const HeadlessPrinter& printer = Current(); printer.EndError != error::None) {
     throw RuntimeError(printer.EndError, printer.EndReason);
   }

@@ -48,10 +48,10 @@ class PrintSurface {
   virtual void SetDocumentName(const std::string& name) = 0;
   // Ends the page, also one that nothing was drawn on. The next place is the top left; fonts and colours stay.
   virtual void NewPage() = 0;
-  // Hands the document over; before that nothing of it is printed, and no file is there. A last page that was begun and
-  // nothing drawn on does not come out. Nothing happens without a document. Where the document cannot be handed over it
-  // is dropped, and the error has a reason for a person: `Printer` where the print system refuses it, `DiskFull`,
-  // `PathAccess` or `FileExists` of a file.
+  // Hands the document over; before that nothing of it is printed, and no file is there. A last page without a drawing
+  // does not come out, nor a document of blanks alone. One that cannot be handed over is dropped, and the error has a
+  // reason for a person: `Printer` where it is refused or too long, `DiskFull`, `PathAccess` or `FileExists` of a file.
+  // NewPage and PaintPicture raise it once a write has failed. Nothing happens without a document.
   virtual void EndDoc() = 0;
   // Drops the document that is being composed, as the program's end does. Nothing happens without one.
   virtual void KillDoc() = 0;

@@ -268,6 +268,16 @@ TEST_F(PrintContract, OrientationSetBetweenTwoPagesIsThatOfTheSecond) {
   EXPECT_EQ(At(sheets[1], sheets[1].Shown.Width() * 20 - 500, 500), Red);
 }
 
+TEST_F(PrintContract, DocumentOfBlanksAloneDoesNotComeOut) {
+  page.Print(" ");
+  page.Print("  \r\n ");
+  EXPECT_EQ(ErrorsIgnored([&] { page.EndDoc(); }), error::None);
+  EXPECT_THAT(platform->Printed(), IsEmpty());
+  page.Print(" ");
+  page.NewPage();
+  EXPECT_THAT(Printed(), SizeIs(1)) << "a page that was ended does";
+}
+
 class PrintFileContract : public ContractTest {
  protected:
   PrintFileContract() { platform->PrintIntoFiles(); }
