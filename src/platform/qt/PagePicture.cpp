@@ -3,8 +3,8 @@
 #include <QBuffer>
 #include <QImageWriter>
 #include <algorithm>
+#include <array>
 #include <cmath>
-#include <unordered_set>
 #include <utility>
 
 #include "platform/pixels/Stretch.h"
@@ -15,13 +15,15 @@ namespace {
 
 constexpr double TwipsPerInch = 1440;
 constexpr Colour White = 0x00FFFFFF;
-constexpr std::size_t DrawingColours = 256;
+constexpr int DrawingColours = 256;
+// What takes more exactly, as a photo in black and white does, is held as a photo.
+constexpr qsizetype DrawingBytes = 500'000;
 // What the page's writer makes of a photo.
 constexpr int PageQuality = 94;
 constexpr double MostBytes = 1.9e6;   // of one photo
 constexpr double AimedBytes = 1.7e6;  // of one that was over that
-// Below it no photo has so many bytes.
-constexpr int SureToFit = 2'500'000;  // pixels
+// The hardest of noise, each of red, green and blue there or not, takes 1.33 bytes for a pixel.
+constexpr qint64 SureToFit = 1'400'000;  // pixels
 
 // Figures that were twips once are whole pixels but for their last digits.
 QRect WholePixels(const QRectF& part) {
@@ -54,15 +56,48 @@ QImage Reduced(const Picture& picture, const QRect& part, const QSize& size) {
       [](void* bitmap) { delete static_cast<Bitmap*>(bitmap); }, held);
 }
 
+// Counts colours up to one more than a drawing has.
+class ColourCounter {
+ public:
+  // `colour` is opaque, and so is not 0.
+  void Add(QRgb colour) {
+    constexpr QRgb Spread = 2654435769U;  // 2 to the 32nd by the golden ratio
+    std::size_t place = (colour * Spread) >> (32 - Bits);
+    while (found_[place] != 0 && found_[place] != colour) place = (place + 1) % found_.size();
+    if (found_[place] != 0) return;
+    found_[place] = colour;
+    ++count_;
+  }
+  bool AreMany() const { return count_ > DrawingColours; }
+
+ private:
+  static constexpr int Bits = 10;
+  std::array<QRgb, 1 << Bits> found_{};
+  int count_ = 0;
+};
+
 bool HasManyColours(const QImage& image) {
-  std::unordered_set<QRgb> colours;
+  ColourCounter colours;
   for (int y = 0; y < image.height(); ++y) {
     const auto* row = reinterpret_cast<const QRgb*>(image.constScanLine(y));
     for (int x = 0; x < image.width(); ++x) {
-      if (colours.insert(row[x]).second && colours.size() > DrawingColours) return true;
+      if (x > 0 && row[x] == row[x - 1]) continue;
+      colours.Add(row[x] | 0xFF000000U);
+      if (colours.AreMany()) return true;
     }
   }
   return false;
+}
+
+bool IsLargeExactly(const QImage& image) {
+  constexpr int Strip = 64;  // rows
+  qsizetype bytes = 0;
+  for (int y = 0; y < image.height() && bytes <= DrawingBytes; y += Strip) {
+    const QImage rows =
+        image.copy(0, y, image.width(), std::min(Strip, image.height() - y)).convertToFormat(QImage::Format_RGB888);
+    bytes += qCompress(rows.constBits(), rows.sizeInBytes()).size();
+  }
+  return bytes > DrawingBytes;
 }
 
 qint64 BytesOnPage(const QImage& image) {
@@ -98,9 +133,9 @@ PagePicture MakePagePicture(const Picture& picture, const QRectF& place, const Q
   QSize size(static_cast<int>(std::min<double>(cut.width(), dots(made.Place.width()))),
              static_cast<int>(std::min<double>(cut.height(), dots(made.Place.height()))));
   made.Image = Reduced(picture, cut, size);
-  made.IsPhoto = HasManyColours(made.Image);
+  made.IsPhoto = HasManyColours(made.Image) || IsLargeExactly(made.Image);
   constexpr int Tries = 4;
-  for (int i = 0; i < Tries && made.IsPhoto && size.width() * size.height() > SureToFit; ++i) {
+  for (int i = 0; i < Tries && made.IsPhoto && qint64{size.width()} * size.height() > SureToFit; ++i) {
     const auto bytes = static_cast<double>(BytesOnPage(made.Image));
     if (bytes <= MostBytes) break;
     size = Times(size, std::sqrt(AimedBytes / bytes));

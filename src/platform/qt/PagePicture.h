@@ -12,7 +12,7 @@ struct PagePicture {
   QImage Image;          // RGB32; null where nothing is to be seen
   QRectF Place;          // of the whole image
   QRectF Shown;          // the part of the place that is printed
-  bool IsPhoto = false;  // it has more colours than a drawing
+  bool IsPhoto = false;  // it has more colours than a drawing, or would be large exactly
 };
 
 // `part` of the picture in pixels is stretched into `place`, in twips. An image of more than 2 megabytes as a page
