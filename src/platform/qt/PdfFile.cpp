@@ -18,16 +18,23 @@ bool PdfFile::Open() {
   return file_.open(QIODevice::WriteOnly);
 }
 
+QString PdfFile::Name() const {
+  return QFileInfo(file_.fileName()).fileName();
+}
+
+QString PdfFile::Failure() const {
+  return QStringLiteral("The PDF file \"") + Name() + QStringLiteral("\" could not be written");
+}
+
 void PdfFile::Submit() {
-  const QString name = QFileInfo(file_.fileName()).fileName();
   if (!replaces_ && QFile::exists(file_.fileName())) {
     throw RuntimeError(
         error::FileExists,
-        ToUtf8(QStringLiteral("The PDF file was not written, as there is a file \"%1\" by now").arg(name)));
+        ToUtf8(QStringLiteral("The PDF file was not written, as there is a file \"%1\" by now").arg(Name())));
   }
-  if (!sink_.Flush() || !file_.commit()) {
-    RaiseWriteError(file_, QStringLiteral("The PDF file \"%1\" could not be written").arg(name));
-  }
+  sink_.Flush();
+  RaiseIfFailed();
+  if (!file_.commit()) RaiseWriteError(file_, Failure());
 }
 
 }  // namespace pixorra

@@ -24,9 +24,13 @@ class PdfFile final : public PrintJob {
   QString Error() const { return file_.errorString(); }
 
   QIODevice& Device() override { return sink_; }
+  void RaiseIfFailed() override { sink_.RaiseIfFailed(Failure()); }
   void Submit() override;
 
  private:
+  QString Name() const;
+  QString Failure() const;
+
   QSaveFile file_;
   PdfSink sink_{file_};
   bool replaces_;

@@ -20,7 +20,8 @@ namespace pixorra {
 namespace {
 
 // A file has no edge that cannot be printed on; it gets that of a common printer.
-constexpr double FileMargin = 18;  // points
+constexpr double FileMargin = 18;    // points
+constexpr double LeastOfMargin = 8;  // of a small paper no more than this part of its width is margin at a side
 constexpr int DotsPerInch = 300;
 
 bool UsesLetterPaper() {
@@ -36,18 +37,30 @@ QString FirstFolder() {
   return QStandardPaths::writableLocation(QStandardPaths::HomeLocation);
 }
 
+// No file's name: a slash is of a path, a quotation mark parts names in the dialog, and the rest cannot be read there.
+QChar InFileName(QChar each) {
+  if (each == QLatin1Char('/')) return QLatin1Char('-');
+  if (each == QLatin1Char('"')) return QLatin1Char('\'');
+  return each.category() == QChar::Other_Control ? QLatin1Char(' ') : each;
+}
+
 // A name for a document, which no file of the folder has.
 QString ProposedFile(const QString& folder, const std::string& documentName) {
-  QString stem = ToQString(documentName).replace(QLatin1Char('/'), QLatin1Char('-')).trimmed();
+  QString stem = ToQString(documentName);
+  std::transform(stem.cbegin(), stem.cend(), stem.begin(), InFileName);
+  stem = stem.trimmed();
   const QString suffix = QFileInfo(stem).suffix().toLower();
   if (QStringList{"jpg", "jpeg", "bmp", "gif"}.contains(suffix)) stem.chop(suffix.size() + 1);
-  while (stem.startsWith(QLatin1Char('.'))) stem.remove(0, 1);
-  if (stem.isEmpty()) stem = QStringLiteral("Pixorra");
+  // A file that is hidden, or a person's home.
+  while (stem.startsWith(QLatin1Char('.')) || stem.startsWith(QLatin1Char('~'))) stem.remove(0, 1);
   constexpr int LongestStem = 60;
-  stem.truncate(LongestStem);
-  QString path = folder + QLatin1Char('/') + stem + QStringLiteral(".pdf");
+  stem.truncate(stem.size() > LongestStem && stem[LongestStem - 1].isHighSurrogate() ? LongestStem - 1 : LongestStem);
+  stem = stem.trimmed();
+  if (stem.isEmpty()) stem = QStringLiteral("Pixorra");
+  const QString start = folder + QLatin1Char('/') + stem;
+  QString path = start + QStringLiteral(".pdf");
   for (int i = 2; QFileInfo::exists(path); ++i) {
-    path = QStringLiteral("%1/%2 (%3).pdf").arg(folder, stem).arg(i);
+    path = start + QStringLiteral(" (") + QString::number(i) + QStringLiteral(").pdf");
   }
   return path;
 }
@@ -76,8 +89,9 @@ PdfPrinter::PdfPrinter(QtBackend& backend)
 
 PrintPaper PdfPrinter::Paper() {
   const QSize size = size_.sizePoints();
-  return {QSizeF(std::min(size.width(), size.height()), std::max(size.width(), size.height())), FileMargin, FileMargin,
-          PaperCodeOf(size_), DotsPerInch};
+  const double across = std::min(size.width(), size.height());
+  const double margin = std::min(FileMargin, across / LeastOfMargin);
+  return {QSizeF(across, std::max(size.width(), size.height())), margin, margin, PaperCodeOf(size_), DotsPerInch};
 }
 
 std::unique_ptr<PrintJob> PdfPrinter::Begin(const std::string& documentName) {

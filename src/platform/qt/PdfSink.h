@@ -1,4 +1,5 @@
-// Takes a document's bytes as they are made, on their way into a file, and remembers a write that failed.
+// Takes a document's bytes as they are made, on their way into a file, and remembers a write that failed. A document of
+// 2 gigabytes fails too: its format's places have 32 bits where it is made.
 #pragma once
 
 #include <QByteArray>
@@ -15,8 +16,11 @@ class PdfSink final : public QIODevice {
   PdfSink(const PdfSink&) = delete;
   PdfSink& operator=(const PdfSink&) = delete;
 
-  // Writes what is still held. False where this or an earlier write has failed; the file's error says why.
+  // Writes what is still held. False where this or an earlier write has failed.
   bool Flush();
+  // Raises DiskFull or PathAccess where a write has failed, and Printer for a document that is too long, with the
+  // reason in "`what`: No space left on device". The file is empty then: the disk has its room back.
+  void RaiseIfFailed(const QString& what) const;
 
  protected:
   qint64 readData(char*, qint64) override { return -1; }
@@ -24,12 +28,16 @@ class PdfSink final : public QIODevice {
   qint64 writeData(const char* bytes, qint64 count) override;
 
  private:
+  void Fail(int number, const QString& reason);
+
   QFileDevice& file_;
   QByteArray held_;
-  bool failed_ = false;
+  qint64 count_ = 0;  // bytes that were taken
+  int error_;         // of the first write that failed
+  QString reason_;
 };
 
-// Raises DiskFull or PathAccess, as the file's error is, with that as the reason in "`what`: No space left on device".
+// Raises DiskFull or PathAccess, as the file's error is, with that as the reason.
 [[noreturn]] void RaiseWriteError(const QFileDevice& file, const QString& what);
 
 }  // namespace pixorra

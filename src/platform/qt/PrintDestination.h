@@ -22,8 +22,10 @@ struct PrintPaper {
 class PrintJob {
  public:
   virtual ~PrintJob() = default;
-  // Takes the document's PDF. A write that fails is told by Submit.
+  // Takes the document's PDF.
   virtual QIODevice& Device() = 0;
+  // Raises as Submit does where a write has failed: what is composed from then on is lost.
+  virtual void RaiseIfFailed() = 0;
   // Raises as PrintSurface::EndDoc does.
   virtual void Submit() = 0;
 };

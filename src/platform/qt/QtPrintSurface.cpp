@@ -71,7 +71,7 @@ QPainter& QtPrintSurface::Page() {
 // The whole sheet, with margins of our own: a layout with the printer's would be refused, or turned.
 void QtPrintSurface::PreparePage() {
   Document& document = *document_;
-  const QPageSize size(document.Paper.Size, QPageSize::Point);
+  const QPageSize size(document.Paper.Size, QPageSize::Point, QString(), QPageSize::ExactMatch);
   QPageLayout layout(size, orientation_ == Landscape ? QPageLayout::Landscape : QPageLayout::Portrait, QMarginsF());
   layout.setMode(QPageLayout::FullPageMode);
   document.Writer.setPageLayout(layout);
@@ -196,10 +196,12 @@ void QtPrintSurface::PaintPicture(const Picture& picture, double x, double y, do
   page.setRenderHint(QPainter::LosslessImageRendering, !made.IsPhoto);
   page.drawImage(made.Place, made.Image);
   page.restore();
+  document_->Job->RaiseIfFailed();
 }
 
 void QtPrintSurface::NewPage() {
   Page();
+  document_->Job->RaiseIfFailed();
   document_->PageEnded = true;
   document_->HasInk = true;
   x_ = 0;

@@ -21,6 +21,20 @@ constexpr int MostDots = 2400;
 // Where the toolkit's dialogs keep options that the printer alone knows, names and values in turn.
 constexpr auto PrintersOwnOptions = static_cast<QPrintEngine::PrintEnginePropertyKey>(0xfe00);
 
+// A job's title is one line, and the print system takes no more than 255 bytes.
+std::string TitleOf(const std::string& documentName) {
+  QString name = ToQString(documentName);
+  std::replace_if(
+      name.begin(), name.end(), [](QChar each) { return each.category() == QChar::Other_Control; }, QLatin1Char(' '));
+  std::string title = ToUtf8(name);
+  constexpr std::size_t Longest = 255;
+  if (title.size() <= Longest) return title;
+  std::size_t count = Longest;
+  while (count > 0 && (static_cast<unsigned char>(title[count]) & 0xC0U) == 0x80U) --count;
+  title.resize(count);
+  return title;
+}
+
 // A document that is composed in a file without a name, and sent at its end.
 class QueueJob final : public PrintJob {
  public:
@@ -34,9 +48,12 @@ class QueueJob final : public PrintJob {
   }
 
   QIODevice& Device() override { return sink_; }
+  void RaiseIfFailed() override { sink_.RaiseIfFailed(Failure()); }
 
   void Submit() override {
-    if (!sink_.Flush() || !file_.flush()) RaiseWriteError(file_, QStringLiteral("The document could not be composed"));
+    sink_.Flush();
+    RaiseIfFailed();
+    if (!file_.flush()) RaiseWriteError(file_, Failure());
     file_.seek(0);
     const auto server = CupsServer::Reach();
     if (server == nullptr) throw RuntimeError(error::Printer, "The print system does not answer");
@@ -46,6 +63,8 @@ class QueueJob final : public PrintJob {
   }
 
  private:
+  static QString Failure() { return QStringLiteral("The document could not be composed"); }
+
   std::string queue_;
   std::string title_;
   PrintOptions options_;
@@ -111,7 +130,7 @@ std::unique_ptr<PrintJob> QueuePrinter::Begin(const std::string& documentName) {
   if (server == nullptr) throw RuntimeError(error::DeviceIO, "The print system does not answer");
   const std::string reason = ReasonAgainst(name_, server->StateOf(name_));
   if (!reason.empty()) throw RuntimeError(error::DeviceIO, reason);
-  return std::make_unique<QueueJob>(name_, documentName, OptionsOf(*chosen_));
+  return std::make_unique<QueueJob>(name_, TitleOf(documentName), OptionsOf(*chosen_));
 }
 
 std::unique_ptr<QPrinter> CopyOf(const QPrinter& printer) {
