@@ -108,6 +108,8 @@ class HttpCupsServer final : public CupsServer {
     // One that was found on the network has no queue yet; it gets one with its first document.
     if (answer == nullptr || ippGetStatusCode(answer.get()) > IPP_STATUS_OK_CONFLICTING) {
       state.Exists = Find(queue) != nullptr;
+      state.IsTold =
+          state.Exists || (answer != nullptr && ippGetStatusCode(answer.get()) == IPP_STATUS_ERROR_NOT_FOUND);
       return state;
     }
     state.Exists = true;
@@ -180,6 +182,7 @@ std::unique_ptr<CupsServer> CupsServer::Reach() {
 
 std::string ReasonAgainst(const std::string& queue, const QueueState& state) {
   const std::string printer = "The printer \"" + queue + "\" ";
+  if (!state.IsTold) return "The print system does not answer";
   if (!state.Exists) return printer + "is not there any more";
   if (!state.Stopped && state.Accepts) return {};
   std::string reason = printer + (state.Stopped ? "is stopped" : "takes no documents now");

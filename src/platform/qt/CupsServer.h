@@ -18,6 +18,7 @@ struct CupsQueue {
 
 struct QueueState {
   bool Exists = false;
+  bool IsTold = true;  // false: the print system has not answered whether it exists
   bool Stopped = false;
   bool Accepts = true;
   std::string Message;  // of the printer, in its own words; often empty

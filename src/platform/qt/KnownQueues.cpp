@@ -28,8 +28,12 @@ const std::vector<CupsQueue>& KnownQueues::Look() {
 std::string KnownQueues::Default() {
   const std::vector<CupsQueue>& queues = Look();
   const auto chosen = std::find_if(queues.begin(), queues.end(), [](const CupsQueue& each) { return each.IsDefault; });
-  if (chosen != queues.end()) return chosen->Name;
-  return queues.empty() ? std::string() : queues.front().Name;
+  return chosen != queues.end() ? chosen->Name : std::string();
+}
+
+std::string KnownQueues::DefaultOrFirst() {
+  const std::string chosen = Default();
+  return chosen.empty() && !queues_.empty() ? queues_.front().Name : chosen;
 }
 
 bool KnownQueues::Has(const std::string& name) {

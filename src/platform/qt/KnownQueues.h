@@ -16,8 +16,10 @@ class KnownQueues {
   const std::vector<CupsQueue>& Look();
   // Did it answer when it was last asked?
   bool Answered() const { return answers_; }
-  // The system's default; the first one where there is none. Empty without queues. Looks.
+  // The system's default; empty where it has none. Looks.
   std::string Default();
+  // The default, or else the first one. Empty without queues. Looks.
+  std::string DefaultOrFirst();
   bool Has(const std::string& name);
 
  private:

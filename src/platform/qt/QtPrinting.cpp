@@ -15,8 +15,8 @@ QtPrinting::QtPrinting(QtBackend& backend) : backend_(backend), pdf_(backend) {}
 
 QtPrinting::~QtPrinting() = default;
 
-std::string QtPrinting::SystemDefault() {
-  const std::string queue = queues_.Default();
+std::string QtPrinting::FirstToFollow() {
+  const std::string queue = queues_.DefaultOrFirst();
   return queue.empty() ? std::string(PdfPrinter::PrinterName) : queue;
 }
 
@@ -30,11 +30,11 @@ void QtPrinting::UseQueue(std::unique_ptr<QueuePrinter> queue) {
 }
 
 // Looking for printers takes a while: it is put off until printing is first spoken of. A printer chosen here stays
-// until the system's default becomes another one.
+// until the system's default becomes another one; a system without a default changes nothing.
 void QtPrinting::FollowDefault() {
   if (toFile_ || surface_.IsComposing() || (!track_ && !followed_.empty())) return;
-  const std::string present = SystemDefault();
-  if (present == followed_) return;
+  const std::string present = followed_.empty() ? FirstToFollow() : queues_.Default();
+  if (present.empty() || present == followed_) return;
   followed_ = present;
   if (present == PdfPrinter::PrinterName) {
     UsePdf();
@@ -69,7 +69,9 @@ void QtPrinting::WhenDefaultIsKnown(std::function<void(const std::string& name)>
 }
 
 void QtPrinting::SetTrackDefault(bool track) {
-  if (track && !track_ && !followed_.empty()) followed_ = SystemDefault();
+  if (track && !track_ && !followed_.empty()) {
+    if (const std::string present = queues_.Default(); !present.empty()) followed_ = present;
+  }
   track_ = track;
 }
 
@@ -99,13 +101,19 @@ bool QtPrinting::AskForPdfPaper() {
 
 bool QtPrinting::ShowPrintSetup() {
   FollowDefault();
-  if (queues_.Look().empty()) return AskForPdfPaper();
-  if (!queues_.Answered()) {
-    TellOfPrinting(backend_, QStringLiteral("The print system does not answer."));
-    return false;
+  const bool none = queues_.Look().empty();
+  const bool silent = !none && !queues_.Answered();
+  if (silent) {
+    TellOfPrinting(backend_, QStringLiteral("The print system does not answer.\n"
+                                            "The paper of PDF files can be chosen, and PDF files can be made."));
+  }
+  if (none || silent) {
+    if (!AskForPdfPaper()) return false;
+    UsePdf();
+    return true;
   }
   if (queue_ == nullptr || !queues_.Has(queue_->Name())) {
-    auto other = std::make_unique<QueuePrinter>(queues_.Default());
+    auto other = std::make_unique<QueuePrinter>(queues_.DefaultOrFirst());
     if (surface_.DeviceName() != PdfPrinter::PrinterName) surface_.SetDestination(*other);
     queue_ = std::move(other);
   }

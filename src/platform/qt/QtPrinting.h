@@ -36,7 +36,8 @@ class QtPrinting final : public Printing {
   void PrintToFile(const std::string& hostPath);
 
  private:
-  std::string SystemDefault();
+  // What is followed at first; then, only a default that the system has is.
+  std::string FirstToFollow();
   void FollowDefault();
   void UsePdf();
   bool AskForPdfPaper();
@@ -48,7 +49,7 @@ class QtPrinting final : public Printing {
   std::unique_ptr<QueuePrinter> queue_;  // the last one that was used
   QtPrintSurface surface_{pdf_};
   std::function<void(const std::string&)> tell_;
-  std::string followed_;  // the system's default printer when it was last looked at; empty before
+  std::string followed_;  // the system's last default printer, or the first to follow; empty before
   bool track_ = true;
   bool toFile_ = false;
 };

@@ -2,10 +2,12 @@
 #include <QComboBox>
 #include <QDialogButtonBox>
 #include <QElapsedTimer>
+#include <QMessageBox>
 #include <QPageSetupDialog>
 #include <QPrintDialog>
 #include <QPushButton>
 #include <QSpinBox>
+#include <QThread>
 #include <cups/cups.h>
 #include <gmock/gmock.h>
 
@@ -147,6 +149,68 @@ TEST_F(CupsTest, ServerThatHasGoneIsTold) {
   const RuntimeError gone = ErrorOf([&] { printing.Printer().EndDoc(); });
   EXPECT_EQ(gone.Number(), error::Printer);
   EXPECT_EQ(gone.Description(), "The print system does not answer");
+}
+
+TEST_F(CupsTest, WithoutTheServerSetupOffersPdfFiles) {
+  QtPrinting printing(backend);
+  EXPECT_EQ(printing.CurrentPrinterName(), "Office");
+  server.Stop();
+  QString told;
+  const auto box = [] { return qobject_cast<QMessageBox*>(QApplication::activeModalWidget()); };
+  const auto paper = [] { return qobject_cast<QPageSetupDialog*>(QApplication::activeModalWidget()); };
+  const auto setUp = [&](QDialogButtonBox::StandardButton answer) {
+    told.clear();
+    Hands::Meanwhile([&] { return box() != nullptr; },
+                     [&] {
+                       told = box()->text();
+                       box()->button(QMessageBox::Ok)->click();
+                     });
+    Hands::Meanwhile([&] { return paper() != nullptr; },
+                     [&] { paper()->findChild<QDialogButtonBox*>()->button(answer)->click(); });
+    return printing.ShowPrintSetup();
+  };
+  QThread::msleep(2100);  // until what is known of the printers is out of date
+  EXPECT_FALSE(setUp(QDialogButtonBox::Cancel));
+  EXPECT_EQ(printing.CurrentPrinterName(), "Office");
+  EXPECT_TRUE(setUp(QDialogButtonBox::Ok));
+  EXPECT_TRUE(told.startsWith("The print system does not answer")) << told.toStdString();
+  EXPECT_EQ(printing.CurrentPrinterName(), "Save as PDF");
+}
+
+TEST_F(CupsTest, ServerThatGoesWhileAPrinterIsAskedAboutDoesNotAnswer) {
+  const auto reached = CupsServer::Reach();
+  ASSERT_NE(reached, nullptr);
+  EXPECT_EQ(ReasonAgainst("Nobody", reached->StateOf("Nobody")), "The printer \"Nobody\" is not there any more");
+  server.Stop();
+  EXPECT_EQ(ReasonAgainst("Office", reached->StateOf("Office")), "The print system does not answer");
+}
+
+TEST_F(CupsTest, PrinterThatWasChosenStaysWhenOthersComeAndNoneIsTheDefault) {
+  server.Administer("lpadmin", {"-p", "Spare", "-E", "-v", "keep:/"});
+  server.Administer("lpadmin", {"-x", "Office"});
+  QtPrinting printing(backend);
+  EXPECT_EQ(printing.CurrentPrinterName(), "Spare") << "the first one";
+  server.Administer("lpadmin", {"-p", "Annex", "-E", "-v", "keep:/"});
+  QElapsedTimer waited;
+  waited.start();
+  while (printing.PrinterNames().front() != "Annex" && waited.elapsed() < 10000) Settle();
+  EXPECT_THAT(printing.PrinterNames(), ElementsAre("Annex", "Spare", "Save as PDF"));
+  EXPECT_EQ(printing.CurrentPrinterName(), "Spare");
+  server.Administer("lpadmin", {"-d", "Annex"});
+  waited.start();
+  while (printing.CurrentPrinterName() != "Annex" && waited.elapsed() < 10000) Settle();
+  EXPECT_EQ(printing.CurrentPrinterName(), "Annex") << "a default that is set is followed";
+}
+
+TEST_F(CupsTest, LongTitleArrivesOnOneLineAndCutAtACharacter) {
+  QtPrinting printing(backend);
+  std::string name = "Two\nlines ";
+  for (int i = 0; i < 200; ++i) name += "\xC3\xA4";
+  printing.Printer().SetDocumentName(name);
+  printing.Printer().Print("a page");
+  printing.Printer().EndDoc();
+  EXPECT_EQ(server.PagesOf(1), 1);
+  EXPECT_EQ(server.Title(1), "Two lines " + QString(122, QChar(0xE4)));
 }
 
 TEST_F(CupsTest, SetupDialogOffersTheFilesPrinterAndCancelChangesNothing) {
