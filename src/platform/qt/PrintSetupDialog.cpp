@@ -15,6 +15,7 @@
 
 #include "platform/qt/BoxGuard.h"
 #include "platform/qt/PdfPrinter.h"
+#include "platform/qt/PrintBoxes.h"
 #include "platform/qt/QtBackend.h"
 #include "platform/qt/ToolkitLanguage.h"
 
@@ -155,9 +156,17 @@ bool AskForPdfPaper(QtBackend& backend, QPageSize& paper, QWidget* parent) {
   device.setOutputFormat(QPrinter::PdfFormat);
   device.setOutputFileName(QDir::tempPath() + QStringLiteral("/unwritten.pdf"));
   device.setPageSize(paper);
-  if (!AskForPaper(backend, device, parent)) return false;
-  paper = device.pageLayout().pageSize();
-  return true;
+  while (AskForPaper(backend, device, parent)) {
+    const QPageSize chosen = device.pageLayout().pageSize();
+    const QSize size = chosen.sizePoints();
+    constexpr int Least = 72;  // points; an inch
+    if (std::min(size.width(), size.height()) >= Least) {
+      paper = chosen;
+      return true;
+    }
+    TellOfPrinting(backend, QStringLiteral("The paper is too small to print on: it needs an inch each way."));
+  }
+  return false;
 }
 
 }  // namespace pixorra

@@ -3,6 +3,7 @@
 #include <QComboBox>
 #include <QDialogButtonBox>
 #include <QDir>
+#include <QDoubleSpinBox>
 #include <QFile>
 #include <QFileDialog>
 #include <QLibraryInfo>
@@ -12,6 +13,7 @@
 #include <QPageSetupDialog>
 #include <QProcess>
 #include <QPushButton>
+#include <QStorageInfo>
 #include <QTemporaryDir>
 #include <gmock/gmock.h>
 
@@ -25,6 +27,16 @@ namespace pixorra {
 namespace {
 
 using ::testing::HasSubstr;
+
+Picture NoisePicture(int width, int height) {
+  Bitmap noise(width, height, PixelFormat::Bgr24);
+  unsigned seed = 1;
+  for (int y = 0; y < height; ++y) {
+    for (int x = 0; x < 3 * width; ++x)
+      noise.Row(y)[x] = static_cast<std::uint8_t>((seed = seed * 1103515245 + 12345) >> 16);
+  }
+  return Picture(std::move(noise));
+}
 
 class PdfFilesTest : public QtTest {
  protected:
@@ -149,19 +161,79 @@ TEST_F(PdfFilesTest, FullDiskIsToldAtTheEndAndLeavesNothing) {
   const MemoryDisk disk(Path("disk").toStdString(), "size=256k");
   if (!disk.Mounted()) GTEST_SKIP() << "this machine allows no mounts";
   TypeName("disk/out.pdf");
-  Bitmap noise(900, 700, PixelFormat::Bgr24);
-  unsigned seed = 1;
-  for (int y = 0; y < 700; ++y) {
-    for (int x = 0; x < 2700; ++x)
-      noise.Row(y)[x] = static_cast<std::uint8_t>((seed = seed * 1103515245 + 12345) >> 16);
-  }
-  page.PaintPicture(Picture(std::move(noise)), 0, 0, 8000, 6000, 0, 0, 13500, 10500);
+  ErrorOf([&] { page.PaintPicture(NoisePicture(900, 700), 0, 0, 8000, 6000, 0, 0, 13500, 10500); });
   const RuntimeError error = ErrorOf([&] { page.EndDoc(); });
   EXPECT_EQ(error.Number(), error::DiskFull);
   EXPECT_THAT(error.Description(), HasSubstr("out.pdf"));
   EXPECT_THAT(error.Description(), HasSubstr("No space left"));
   EXPECT_TRUE(QDir(Path("disk")).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot).isEmpty());
   EXPECT_EQ(ErrorOf([&] { page.EndDoc(); }).Number(), error::None) << "the document is gone";
+}
+
+TEST_F(PdfFilesTest, FullDiskIsToldWithTheNextPageAndGetsItsRoomBack) {
+  QDir(folder.path()).mkdir("disk");
+  const MemoryDisk disk(Path("disk").toStdString(), "size=256k");
+  if (!disk.Mounted()) GTEST_SKIP() << "this machine allows no mounts";
+  TypeName("disk/out.pdf");
+  page.Print("a page");
+  page.NewPage();
+  const Picture photo = NoisePicture(900, 700);
+  const RuntimeError error = ErrorOf([&] {
+    page.PaintPicture(photo, 0, 0, 8000, 6000, 0, 0, 13500, 10500);
+    page.NewPage();
+  });
+  EXPECT_EQ(error.Number(), error::DiskFull);
+  EXPECT_THAT(error.Description(), HasSubstr("out.pdf"));
+  EXPECT_THAT(error.Description(), HasSubstr("No space left"));
+  EXPECT_GT(QStorageInfo(Path("disk")).bytesAvailable(), 200'000) << "the disk has its room back at once";
+  EXPECT_EQ(ErrorOf([&] { page.NewPage(); }).Number(), error::DiskFull);
+  EXPECT_EQ(ErrorOf([&] { page.EndDoc(); }).Number(), error::DiskFull) << "it is not made of what had room";
+  EXPECT_TRUE(QDir(Path("disk")).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot).isEmpty());
+}
+
+TEST_F(PdfFilesTest, ProposedNameNeedsNoQuotesAndLeadsNowhereElse) {
+  const std::vector<std::pair<std::string, QString>> names = {
+      {"\"Best\" of June", "'Best' of June.pdf"},
+      {"two\nlines\tand a tab\x7f", "two lines and a tab.pdf"},
+      {"~root", "root.pdf"},
+      {"50%1 of %2 %3", "50%1 of %2 %3.pdf"},
+      {std::string(59, 'x') + "\xF0\x9F\x8C\xB2", QString(59, 'x') + ".pdf"}};
+  for (const auto& [name, expected] : names) {
+    page.SetDocumentName(name);
+    TypeName("");
+    ErrorOf([&] { page.Print("a page"); });
+    EXPECT_EQ(proposed.toStdString(), expected.toStdString());
+  }
+}
+
+TEST_F(PdfFilesTest, NameThatIsTakenIsProposedWithANumber) {
+  page.SetDocumentName("%1 of %3");
+  TypeName("%1 of %3.pdf");
+  page.Print("a page");
+  page.EndDoc();
+  TypeName("");
+  ErrorOf([&] { page.Print("a page"); });
+  EXPECT_EQ(proposed.toStdString(), "%1 of %3 (2).pdf");
+}
+
+TEST_F(PdfFilesTest, PaperThatIsTooSmallIsRefused) {
+  Hands::Meanwhile([] { return Up<QPageSetupDialog>() != nullptr; },
+                   [] {
+                     auto* const dialog = Up<QPageSetupDialog>();
+                     auto* const sizes = dialog->findChild<QComboBox*>("pageSizeCombo");
+                     sizes->setCurrentIndex(sizes->count() - 1);                      // one of the person's own
+                     dialog->findChild<QComboBox*>("unitCombo")->setCurrentIndex(0);  // millimetres
+                     dialog->findChild<QDoubleSpinBox*>("pageWidth")->setValue(12);
+                     dialog->findChild<QDoubleSpinBox*>("pageHeight")->setValue(12);
+                     dialog->findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok)->click();
+                   });
+  AnswerBox(QMessageBox::Ok);
+  Hands::Meanwhile([this] { return !asked.empty() && Up<QPageSetupDialog>() != nullptr; },
+                   [] { Up<QPageSetupDialog>()->reject(); });
+  EXPECT_FALSE(printing.ShowProperties("Save as PDF"));
+  EXPECT_THAT(asked, HasSubstr("too small"));
+  EXPECT_EQ(page.PaperSize(), 9);
+  EXPECT_GT(page.ScaleWidth(), 0);
 }
 
 TEST_F(PdfFilesTest, SetupChangesThePaperAndCancelChangesNothing) {
