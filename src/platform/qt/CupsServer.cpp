@@ -80,9 +80,13 @@ class HttpCupsServer final : public CupsServer {
     return answer != nullptr;
   }
 
-  std::vector<CupsQueue> Queues() override {
+  std::optional<std::vector<CupsQueue>> Queues() override {
     cups_dest_t* all = nullptr;
     const int count = cupsGetDests2(connection_.get(), &all);
+    // A server without printers calls that "not found".
+    if (count == 0 && cupsLastError() > IPP_STATUS_OK_CONFLICTING && cupsLastError() != IPP_STATUS_ERROR_NOT_FOUND) {
+      return std::nullopt;
+    }
     std::vector<CupsQueue> queues;
     for (int i = 0; i < count; ++i) {
       const cups_dest_t& each = all[i];
@@ -105,11 +109,12 @@ class HttpCupsServer final : public CupsServer {
                   static_cast<int>(Wanted.size()), nullptr, Wanted.data());
     const Owned<ipp_t> answer(cupsDoRequest(connection_.get(), question, "/"));
     QueueState state;
-    // One that was found on the network has no queue yet; it gets one with its first document.
-    if (answer == nullptr || ippGetStatusCode(answer.get()) > IPP_STATUS_OK_CONFLICTING) {
-      state.Exists = Find(queue) != nullptr;
-      state.IsTold =
-          state.Exists || (answer != nullptr && ippGetStatusCode(answer.get()) == IPP_STATUS_ERROR_NOT_FOUND);
+    const ipp_status_t status = answer != nullptr ? ippGetStatusCode(answer.get()) : IPP_STATUS_ERROR_INTERNAL;
+    if (status > IPP_STATUS_OK_CONFLICTING) {
+      // One that was found on the network has no queue yet; it gets one with its first document. Any further question
+      // to a server that hangs takes minutes.
+      state.Answers = status == IPP_STATUS_ERROR_NOT_FOUND;
+      state.Exists = state.Answers && Find(queue) != nullptr;
       return state;
     }
     state.Exists = true;
@@ -182,7 +187,7 @@ std::unique_ptr<CupsServer> CupsServer::Reach() {
 
 std::string ReasonAgainst(const std::string& queue, const QueueState& state) {
   const std::string printer = "The printer \"" + queue + "\" ";
-  if (!state.IsTold) return "The print system does not answer";
+  if (!state.Answers) return "The print system does not answer";
   if (!state.Exists) return printer + "is not there any more";
   if (!state.Stopped && state.Accepts) return {};
   std::string reason = printer + (state.Stopped ? "is stopped" : "takes no documents now");

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -17,8 +18,8 @@ struct CupsQueue {
 };
 
 struct QueueState {
+  bool Answers = true;  // the server did, when it was asked
   bool Exists = false;
-  bool IsTold = true;  // false: the print system has not answered whether it exists
   bool Stopped = false;
   bool Accepts = true;
   std::string Message;  // of the printer, in its own words; often empty
@@ -34,7 +35,8 @@ class CupsServer {
   static std::unique_ptr<CupsServer> Reach();
   virtual ~CupsServer() = default;
 
-  virtual std::vector<CupsQueue> Queues() = 0;
+  // Nothing where the server does not list them.
+  virtual std::optional<std::vector<CupsQueue>> Queues() = 0;
   virtual QueueState StateOf(const std::string& queue) = 0;
   // Gives the number of the job. Raises Printer with the server's reason; the job is cancelled then.
   virtual int Submit(const std::string& queue, const std::string& title, const PrintOptions& options,

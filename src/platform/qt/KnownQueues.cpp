@@ -1,6 +1,7 @@
 #include "platform/qt/KnownQueues.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace pixorra {
 
@@ -17,8 +18,9 @@ const std::vector<CupsQueue>& KnownQueues::Look() {
   QElapsedTimer took;
   took.start();
   const auto server = CupsServer::Reach();
-  answers_ = server != nullptr;
-  if (answers_) queues_ = server->Queues();
+  auto listed = server != nullptr ? server->Queues() : std::nullopt;
+  answers_ = listed.has_value();
+  if (listed) queues_ = std::move(*listed);
   const bool hangs = !answers_ && took.elapsed() > AnswerHolds;
   holds_ = hangs ? SilenceHolds : AnswerHolds;
   since_.start();

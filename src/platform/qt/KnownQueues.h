@@ -12,9 +12,9 @@ namespace pixorra {
 class KnownQueues {
  public:
   // Asks the print system, unless it has been asked a moment ago, or did not answer not long ago. While it does not
-  // answer they are those of the last answer.
+  // answer, or does not list them, they are those of the last answer.
   const std::vector<CupsQueue>& Look();
-  // Did it answer when it was last asked?
+  // Did it list them when it was last asked?
   bool Answered() const { return answers_; }
   // The system's default; empty where it has none. Looks.
   std::string Default();

@@ -12,6 +12,8 @@
 #include <QTabWidget>
 #include <QTimer>
 #include <algorithm>
+#include <cups/cups.h>
+#include <string>
 
 #include "platform/qt/BoxGuard.h"
 #include "platform/qt/PdfPrinter.h"
@@ -109,6 +111,30 @@ void OfferPdf(QPrintDialog& dialog, QtBackend& backend, PrinterChoice& choice) {
   list->setFocus();
 }
 
+// For its lifetime the toolkit finds no print server, and finds that out at once.
+class NoServer {
+ public:
+  NoServer() : server_(cupsServer()) {
+    if (server_.front() != '/') server_ += ":" + std::to_string(ippPort());
+    cupsSetServer("/nonexistent/cups.sock");
+  }
+  ~NoServer() { cupsSetServer(server_.c_str()); }
+  NoServer(const NoServer&) = delete;
+  NoServer& operator=(const NoServer&) = delete;
+
+ private:
+  std::string server_;
+};
+
+// Any device of the toolkit's asks for the printers first, and waits minutes for a server that hangs.
+std::unique_ptr<QPrinter> MakePdfDevice() {
+  const NoServer none;
+  auto device = std::make_unique<QPrinter>(QPrinter::HighResolution);
+  device->setOutputFormat(QPrinter::PdfFormat);
+  device->setOutputFileName(QDir::tempPath() + QStringLiteral("/unwritten.pdf"));
+  return device;
+}
+
 // It chooses a printer, and prints nothing: which pages are printed is asked elsewhere.
 void MakeSetupOf(QPrintDialog& dialog) {
   // The dialog shows it when it shows itself.
@@ -152,12 +178,10 @@ bool AskForPaper(QtBackend& backend, QPrinter& printer, QWidget* parent) {
 
 bool AskForPdfPaper(QtBackend& backend, QPageSize& paper, QWidget* parent) {
   // Holds what is chosen; nothing is written.
-  QPrinter device(QPrinter::HighResolution);
-  device.setOutputFormat(QPrinter::PdfFormat);
-  device.setOutputFileName(QDir::tempPath() + QStringLiteral("/unwritten.pdf"));
-  device.setPageSize(paper);
-  while (AskForPaper(backend, device, parent)) {
-    const QPageSize chosen = device.pageLayout().pageSize();
+  const std::unique_ptr<QPrinter> device = MakePdfDevice();
+  device->setPageSize(paper);
+  while (AskForPaper(backend, *device, parent)) {
+    const QPageSize chosen = device->pageLayout().pageSize();
     const QSize size = chosen.sizePoints();
     constexpr int Least = 72;  // points; an inch
     if (std::min(size.width(), size.height()) >= Least) {

@@ -11,6 +11,7 @@
 #include <cups/cups.h>
 #include <gmock/gmock.h>
 
+#include "platform/qt/CupsServer.h"
 #include "platform/qt/QtPrinting.h"
 #include "platform/runtime/Errors.h"
 #include "tests/platform/qt/PrintServer.h"
@@ -211,6 +212,32 @@ TEST_F(CupsTest, LongTitleArrivesOnOneLineAndCutAtACharacter) {
   printing.Printer().EndDoc();
   EXPECT_EQ(server.PagesOf(1), 1);
   EXPECT_EQ(server.Title(1), "Two lines " + QString(122, QChar(0xE4)));
+TEST_F(CupsTest, ServerThatHangsMeanwhileIsToldWithinSeconds) {
+  const auto reached = CupsServer::Reach();
+  ASSERT_NE(reached, nullptr);
+  server.Hang();
+  QElapsedTimer took;
+  took.start();
+  EXPECT_EQ(ReasonAgainst("Office", reached->StateOf("Office")), "The print system does not answer");
+  EXPECT_LT(took.elapsed(), 15000);
+}
+
+TEST_F(CupsTest, ListThatFailsIsNotAListWithoutPrinters) {
+  const auto reached = CupsServer::Reach();
+  ASSERT_NE(reached, nullptr);
+  EXPECT_EQ(reached->Queues()->size(), 1U);
+  server.Hang();
+  QElapsedTimer took;
+  took.start();
+  EXPECT_FALSE(reached->Queues().has_value());
+  EXPECT_LT(took.elapsed(), 15000);
+}
+
+TEST_F(CupsTest, ServerWithoutPrintersListsNone) {
+  server.Administer("lpadmin", {"-x", "Office"});
+  const auto queues = CupsServer::Reach()->Queues();
+  ASSERT_TRUE(queues.has_value());
+  EXPECT_TRUE(queues->empty());
 }
 
 TEST_F(CupsTest, SetupDialogOffersTheFilesPrinterAndCancelChangesNothing) {
@@ -279,6 +306,27 @@ TEST_F(QtTest, ServerThatNeverAnswersCostsAFewSecondsOnce) {
   took.start();
   EXPECT_EQ(printing.CurrentPrinterName(), "Save as PDF");
   EXPECT_LT(took.elapsed(), 1000);
+  cupsSetServer("127.0.0.1:1");
+}
+
+TEST_F(QtTest, PaperOfPdfFilesIsAskedForAtOnceWhileTheServerHangs) {
+  MutePort port;
+  cupsSetServer(QStringLiteral("127.0.0.1:%1").arg(port.Number()).toUtf8().constData());
+  QtPrinting printing(backend);
+  EXPECT_THAT(printing.PrinterNames(), ElementsAre("Save as PDF"));
+  QElapsedTimer took;
+  took.start();
+  qint64 up = -1;
+  Hands::Meanwhile([] { return qobject_cast<QDialog*>(QApplication::activeModalWidget()) != nullptr; },
+                   [&] {
+                     up = took.elapsed();
+                     qobject_cast<QDialog*>(QApplication::activeModalWidget())->reject();
+                   });
+  EXPECT_FALSE(printing.ShowPrintSetup());
+  EXPECT_GE(up, 0);
+  EXPECT_LT(up, 15000);
+  EXPECT_EQ(cupsServer(), std::string("127.0.0.1"));
+  EXPECT_EQ(ippPort(), port.Number()) << "the server stays the one that is asked";
   cupsSetServer("127.0.0.1:1");
 }
 

@@ -6,6 +6,7 @@
 #include <QStandardPaths>
 #include <QThread>
 #include <arpa/inet.h>
+#include <csignal>
 #include <cups/cups.h>
 #include <gtest/gtest.h>
 #include <sys/socket.h>
@@ -171,8 +172,17 @@ std::string PrintServer::Start() {
   return {};
 }
 
+void PrintServer::Hang() const {
+  kill(static_cast<pid_t>(server_.processId()), SIGSTOP);
+}
+
+void PrintServer::GoOn() const {
+  kill(static_cast<pid_t>(server_.processId()), SIGCONT);
+}
+
 void PrintServer::Stop() {
   if (server_.state() == QProcess::NotRunning) return;
+  GoOn();
   server_.terminate();
   if (!server_.waitForFinished(Patience)) server_.kill();
 }

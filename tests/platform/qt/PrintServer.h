@@ -35,6 +35,9 @@ class PrintServer {
   // Empty where it runs.
   const std::string& WhyNot() const { return whyNot_; }
   void Stop();
+  // It hangs: it is there, and answers nothing.
+  void Hang() const;
+  void GoOn() const;
   // One of the print system's own tools.
   void Administer(const QString& tool, const QStringList& arguments) const;
 
