@@ -30,6 +30,8 @@ class PdfFile final : public PrintJob {
  private:
   QString Name() const;
   QString Failure() const;
+  // Takes the file's name unless anything has it by now. 0, or the host's error.
+  int TakeFreeName();
 
   QSaveFile file_;
   PdfSink sink_{file_};

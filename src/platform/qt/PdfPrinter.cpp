@@ -23,6 +23,8 @@ namespace {
 constexpr double FileMargin = 18;    // points
 constexpr double LeastOfMargin = 8;  // of a small paper no more than this part of its width is margin at a side
 constexpr int DotsPerInch = 300;
+// Of a file, in bytes. While it is written over, the new one has a name that is longer by 7.
+constexpr int LongestName = 255 - 7;
 
 bool UsesLetterPaper() {
   constexpr std::intptr_t LetterWidth = 216;  // millimetres
@@ -107,8 +109,13 @@ std::unique_ptr<PrintJob> PdfPrinter::AskAndBegin(const std::string& documentNam
     const QString path = AskForFile(backend_, proposed);
     if (path.isEmpty()) throw RuntimeError(error::Printer);
     proposed = path;
-    const bool exists = QFileInfo::exists(path);
-    const QString name = QFileInfo(path).fileName();
+    const QFileInfo there(path);
+    const bool exists = there.exists() || there.isSymLink();
+    const QString name = there.fileName();
+    if (QFile::encodeName(name).size() > LongestName) {
+      TellOfPrinting(backend_, QStringLiteral("The name of the PDF file is too long."));
+      continue;
+    }
     if (exists &&
         !AskAboutPrinting(backend_, QStringLiteral("There is a file \"%1\" already.\nReplace it?").arg(name))) {
       continue;

@@ -1,5 +1,6 @@
 #include "platform/qt/PdfSink.h"
 
+#include <QCoreApplication>
 #include <limits>
 #include <unistd.h>
 
@@ -64,7 +65,12 @@ qint64 PdfSink::writeData(const char* bytes, qint64 count) {
 }
 
 void RaiseWriteError(const QFileDevice& file, const QString& what) {
-  Raise(NumberOf(file), what, file.errorString());
+  // The toolkit does not know every reason.
+  const QString reason = file.errorString();
+  if (reason == QCoreApplication::translate("QIODevice", "Unknown error")) {
+    throw RuntimeError(NumberOf(file), ToUtf8(what));
+  }
+  Raise(NumberOf(file), what, reason);
 }
 
 }  // namespace pixorra

@@ -212,6 +212,8 @@ TEST_F(CupsTest, LongTitleArrivesOnOneLineAndCutAtACharacter) {
   printing.Printer().EndDoc();
   EXPECT_EQ(server.PagesOf(1), 1);
   EXPECT_EQ(server.Title(1), "Two lines " + QString(122, QChar(0xE4)));
+}
+
 TEST_F(CupsTest, ServerThatHangsMeanwhileIsToldWithinSeconds) {
   const auto reached = CupsServer::Reach();
   ASSERT_NE(reached, nullptr);

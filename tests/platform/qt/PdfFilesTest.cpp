@@ -142,6 +142,44 @@ TEST_F(PdfFilesTest, FileThatAppearsMeanwhileIsNotWrittenOver) {
   EXPECT_EQ(Left(), QStringList("out.pdf"));
 }
 
+TEST_F(PdfFilesTest, NothingThatHasTheNameAtTheVeryEndIsReplaced) {
+  TypeName("out.pdf");
+  page.Print("new");
+  ASSERT_TRUE(QFile::link(Path("nowhere"), Path("out.pdf")));
+  EXPECT_EQ(ErrorOf([&] { page.EndDoc(); }).Number(), error::FileExists);
+  EXPECT_TRUE(QFileInfo(Path("out.pdf")).isSymLink());
+  EXPECT_FALSE(QFile::exists(Path("nowhere")));
+}
+
+TEST_F(PdfFilesTest, LinkToNowhereIsWrittenToOnlyAfterAYes) {
+  ASSERT_TRUE(QFile::link(Path("behind.pdf"), Path("out.pdf")));
+  TypeName("out.pdf");
+  AnswerBox(QMessageBox::Yes);
+  page.Print("new");
+  page.EndDoc();
+  EXPECT_THAT(asked, HasSubstr("Replace"));
+  EXPECT_TRUE(Content("behind.pdf").startsWith("%PDF"));
+  EXPECT_TRUE(QFileInfo(Path("out.pdf")).isSymLink());
+}
+
+TEST_F(PdfFilesTest, NameThatIsTooLongIsToldAtOnceAndAnotherAskedFor) {
+  TypeName(QString(250, 'a'));
+  AnswerBox(QMessageBox::Ok);
+  Hands::Meanwhile([this] { return !asked.empty() && Up<QFileDialog>() != nullptr; },
+                   [this] {
+                     Up<QFileDialog>()->findChild<QLineEdit*>("fileNameEdit")->setText(Path(QString(244, 'b')));
+                     QMetaObject::invokeMethod(Up<QFileDialog>(), "accept");
+                   });
+  page.Print("a page");
+  EXPECT_THAT(asked, HasSubstr("too long"));
+  page.EndDoc();
+  EXPECT_EQ(Left(), QStringList(QString(244, 'b') + ".pdf"));
+  TypeName(QString(244, 'b'));
+  AnswerBox(QMessageBox::Yes);
+  page.Print("over it");
+  EXPECT_EQ(ErrorOf([&] { page.EndDoc(); }).Number(), error::None) << "the longest name can be written over";
+}
+
 TEST_F(PdfFilesTest, FolderThatCannotBeWrittenIsToldAndAnotherNameAskedFor) {
   TypeName("no/such/out.pdf");
   AnswerBox(QMessageBox::Ok);
@@ -235,6 +273,40 @@ TEST_F(PdfFilesTest, PaperThatIsTooSmallIsRefused) {
   EXPECT_THAT(asked, HasSubstr("too small"));
   EXPECT_EQ(page.PaperSize(), 9);
   EXPECT_GT(page.ScaleWidth(), 0);
+}
+
+// A document of a few KB is all written at its end.
+TEST_F(PdfFilesTest, DiskThatIsShortOfAFewBytesKeepsTheOlderFileWhole) {
+  Bitmap noise(75, 65, PixelFormat::Bgr24);
+  unsigned seed = 1;
+  for (int y = 0; y < 65; ++y) {
+    for (int x = 0; x < 225; ++x) noise.Row(y)[x] = static_cast<std::uint8_t>((seed = seed * 1103515245 + 12345) >> 16);
+  }
+  const Picture picture(std::move(noise));
+  const auto print = [&] {
+    page.PaintPicture(picture, 0, 0, 8000, 6000, 0, 0, 1125, 975);
+    page.EndDoc();
+  };
+  printing.PrintToFile(Path().toStdString());
+  print();
+  constexpr int Block = 4096;
+  const auto blocks = static_cast<int>((QFileInfo(Path()).size() + Block - 1) / Block);
+  ASSERT_GE(blocks, 2);
+  ASSERT_LE(blocks, 4);
+  QDir(folder.path()).mkdir("disk");
+  for (int room = 1; room < blocks; ++room) {
+    const MemoryDisk disk(Path("disk").toStdString(), ("size=" + std::to_string((room + 1) * Block)).c_str());
+    if (!disk.Mounted()) GTEST_SKIP() << "this machine allows no mounts";
+    QFile old(Path("disk/out.pdf"));
+    ASSERT_TRUE(old.open(QIODevice::WriteOnly) && old.write("an older one") > 0);
+    old.close();
+    printing.PrintToFile(Path("disk/out.pdf").toStdString());
+    const RuntimeError error = ErrorOf(print);
+    EXPECT_EQ(error.Number(), error::DiskFull) << room;
+    EXPECT_THAT(error.Description(), HasSubstr("No space left")) << room;
+    EXPECT_EQ(Content("disk/out.pdf"), "an older one") << room;
+    EXPECT_EQ(QDir(Path("disk")).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot).size(), 1);
+  }
 }
 
 TEST_F(PdfFilesTest, SetupChangesThePaperAndCancelChangesNothing) {
