@@ -104,8 +104,8 @@ bool QtPrinting::ShowPrintSetup() {
   const bool none = queues_.Look().empty();
   const bool silent = !none && !queues_.Answered();
   if (silent) {
-    TellOfPrinting(backend_, QStringLiteral("The print system does not answer.\n"
-                                            "The paper of PDF files can be chosen, and PDF files can be made."));
+    TellOfPrinting(backend_,
+                   QStringLiteral("The print system does not answer.\nChoose the paper for PDF files instead."));
   }
   if (none || silent) {
     if (!AskForPdfPaper()) return false;
