@@ -18,7 +18,12 @@ void RunPrintJob(MainForm& main, const std::function<void()>& job) {
     return;
   }
   main.core.PrintJobRuns = true;
-  const AtExit done([&main] { main.core.PrintJobRuns = false; });
+  // The printer that the dialog shows is the one that prints.
+  main.host.printing.HoldPrinter(true);
+  const AtExit done([&main] {
+    main.host.printing.HoldPrinter(false);
+    main.core.PrintJobRuns = false;
+  });
   job();
 }
 

@@ -120,7 +120,11 @@ void ViewReadmeForm::PrintButton_Click() {
     return;
   }
   main_.core.PrintJobRuns = true;
-  const AtExit done([this] { main_.core.PrintJobRuns = false; });
+  host.printing.HoldPrinter(true);
+  const AtExit done([&main = main_] {
+    main.host.printing.HoldPrinter(false);
+    main.core.PrintJobRuns = false;
+  });
   // The window may be closed while the dialog is up.
   const std::string text = ReadmeTextbox.Text();
   PrintSurface& printer = host.printing.Printer();

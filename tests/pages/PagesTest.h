@@ -53,6 +53,7 @@ class FilePrinting final : public Printing {
   void SetCurrentPrinter(const std::string&) override {}
   void WhenDefaultIsKnown(std::function<void(const std::string& name)>) override {}
   void SetTrackDefault(bool) override {}
+  void HoldPrinter(bool) override {}
   std::string CurrentPrinterName() override { return pdf_.Name(); }
   PrintSurface& Printer() override { return surface_; }
   bool IsReady(const std::string&) override { return true; }

@@ -46,6 +46,20 @@ TEST_F(PrintFailuresTest, CancelAtTheFilesNamePrintsNothingAndSaysNothing) {
   EXPECT_EQ(Documents().at(0).FileName, "C:\\Home\\lake.pdf");
 }
 
+TEST_F(PrintFailuresTest, ThePrinterThatTheDialogShowsIsTheOneThatPrints) {
+  SelectPhoto("160x120");
+  PrintAfter([this](Person& hand, Form& form) {
+    EXPECT_EQ(Find<Label>(form, "PrinterNameLabel").Caption(), "Headless Printer");
+    printing.Printers.insert(printing.Printers.begin(), HeadlessPrinter{.Name = "New Default"});
+    SetZoom(hand, form, 50);
+  });
+  Print();
+  EXPECT_EQ(Documents().at(0).Printer, "Headless Printer");
+  PrintAt(50);
+  Print();
+  EXPECT_EQ(Documents().at(1).Printer, "New Default");
+}
+
 TEST_F(PrintFailuresTest, APrinterThatTakesNoDocumentsIsToldOnceWithItsReason) {
   LoadStrip({"a 160x120", "b 120x160"});
   Select(1);

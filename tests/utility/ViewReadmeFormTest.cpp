@@ -131,6 +131,18 @@ TEST_F(ViewReadmeFormTest, TheTextTakesTheWindowsNewSize) {
   EXPECT_EQ(form.CancelButton.Bounds().Right(), 900 - right);
 }
 
+TEST_F(ViewReadmeFormTest, PrinterOfTheDialogIsTheOneThatPrints) {
+  drive.Write(ReadmeFile, "First line\n");
+  ViewReadmeForm& form = Shown();
+  auto& printers = run.platform.printing.Printers;
+  run.platform.printing.ExpectPrintDialog(
+      true, [&] { printers.insert(printers.begin(), HeadlessPrinter{.Name = "New Default"}); });
+  run.person.Click(form.PrintButton);
+  ASSERT_EQ(run.platform.printing.Documents().size(), 1U);
+  EXPECT_EQ(run.platform.printing.Documents()[0].Printer, "Headless Printer");
+  EXPECT_EQ(run.platform.printing.CurrentPrinterName(), "New Default");
+}
+
 TEST_F(ViewReadmeFormTest, PrintAsksByTheSystemsDialogAndPrintsAllLinesUpright) {
   drive.Write(ReadmeFile, "First line\n\nThird line\n");
   ViewReadmeForm& form = Shown();

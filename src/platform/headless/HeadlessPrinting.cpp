@@ -35,6 +35,7 @@ const HeadlessPrinter* HeadlessPrinting::Find(const std::string& name) const {
 const HeadlessPrinter& HeadlessPrinting::Current() const {
   static const HeadlessPrinter none;
   if (const HeadlessPrinter* printer = Find(current_)) return *printer;
+  if (const HeadlessPrinter* printer = Find(held_)) return *printer;
   return Printers.empty() ? none : Printers.front();
 }
 
@@ -52,6 +53,11 @@ void HeadlessPrinting::SetCurrentPrinter(const std::string& name) {
 void HeadlessPrinting::SetTrackDefault(bool track) {
   if (!track) current_ = CurrentPrinterName();
   tracksDefault_ = track;
+}
+
+void HeadlessPrinting::HoldPrinter(bool hold) {
+  held_.clear();
+  if (hold) held_ = CurrentPrinterName();
 }
 
 std::string HeadlessPrinting::CurrentPrinterName() {

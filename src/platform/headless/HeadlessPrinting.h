@@ -76,6 +76,7 @@ class HeadlessPrinting : public Printing, public PrintDialogScript, private Prin
   void SetCurrentPrinter(const std::string& name) override;
   void WhenDefaultIsKnown(std::function<void(const std::string& name)> tell) override { tell(DefaultName()); }
   void SetTrackDefault(bool track) override;
+  void HoldPrinter(bool hold) override;
   std::string CurrentPrinterName() override;
   PrintSurface& Printer() override { return *this; }
   bool IsReady(const std::string& name) override;
@@ -133,6 +134,7 @@ class HeadlessPrinting : public Printing, public PrintDialogScript, private Prin
   PrintedPage& Page();
 
   std::string current_;  // empty: the default
+  std::string held_;     // what the default was when it was held; empty while it is not
   PrintedItem state_;    // what the next drawing takes over
   std::string documentName_ = "Pixorra";
   int orientation_ = 1;

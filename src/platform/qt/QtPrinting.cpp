@@ -33,6 +33,7 @@ void QtPrinting::UseQueue(std::unique_ptr<QueuePrinter> queue) {
 // until the system's default becomes another one; a system without a default changes nothing.
 void QtPrinting::FollowDefault() {
   if (toFile_ || surface_.IsComposing() || (!track_ && !followed_.empty())) return;
+  if (held_ && std::exchange(usedSinceHeld_, true)) return;
   const std::string present = followed_.empty() ? FirstToFollow() : queues_.Default();
   if (present.empty() || present == followed_) return;
   followed_ = present;
@@ -73,6 +74,11 @@ void QtPrinting::SetTrackDefault(bool track) {
     if (const std::string present = queues_.Default(); !present.empty()) followed_ = present;
   }
   track_ = track;
+}
+
+void QtPrinting::HoldPrinter(bool hold) {
+  held_ = hold;
+  usedSinceHeld_ = false;
 }
 
 std::string QtPrinting::CurrentPrinterName() {

@@ -25,6 +25,7 @@ class QtPrinting final : public Printing {
   void SetCurrentPrinter(const std::string& name) override;
   void WhenDefaultIsKnown(std::function<void(const std::string& name)> tell) override;
   void SetTrackDefault(bool track) override;
+  void HoldPrinter(bool hold) override;
   std::string CurrentPrinterName() override;
   PrintSurface& Printer() override;
   bool IsReady(const std::string& name) override;
@@ -52,6 +53,8 @@ class QtPrinting final : public Printing {
   std::string followed_;  // the system's last default printer, or the first to follow; empty before
   bool track_ = true;
   bool toFile_ = false;
+  bool held_ = false;
+  bool usedSinceHeld_ = false;
 };
 
 }  // namespace pixorra

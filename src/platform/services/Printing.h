@@ -69,6 +69,9 @@ class Printing {
   virtual void WhenDefaultIsKnown(std::function<void(const std::string& name)> tell) = 0;
   // True: the current printer is the system's default from now on. False: it stays what it is.
   virtual void SetTrackDefault(bool track) = 0;
+  // True: from its next use on the current printer stays what it is whatever the system's default becomes, unless
+  // another one is chosen here. False ends that. Calls do not nest.
+  virtual void HoldPrinter(bool hold) = 0;
   // Empty where the host has no printer.
   virtual std::string CurrentPrinterName() = 0;
   virtual PrintSurface& Printer() = 0;

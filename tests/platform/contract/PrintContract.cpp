@@ -322,6 +322,16 @@ TEST_F(PrintContract, DefaultPrintersNameIsToldOncePrintersAreKnown) {
   EXPECT_THAT(names, ::testing::Contains(told));
 }
 
+TEST_F(PrintContract, PrinterThatIsHeldCanBeChosenAndIsWhatItWasAfterwards) {
+  Printing& printing = platform->GetPrinting();
+  printing.HoldPrinter(true);
+  const std::string chosen = printing.PrinterNames().back();
+  printing.SetCurrentPrinter(chosen);
+  EXPECT_EQ(printing.CurrentPrinterName(), chosen);
+  printing.HoldPrinter(false);
+  EXPECT_EQ(printing.CurrentPrinterName(), chosen);
+}
+
 TEST_F(PrintContract, EmptyPictureIsAnErrorAndEndingNothingIsNone) {
   EXPECT_EQ(ErrorsIgnored([&] { page.PaintPicture(Picture(), 0, 0, 10, 10, 0, 0, 10, 10); }), error::BadPicture);
   EXPECT_EQ(ErrorsIgnored([&] { page.EndDoc(); }), error::None);

@@ -87,6 +87,14 @@ TEST_F(HeadlessPrintingTest, SetupDialogMayChangeThePrinter) {
   EXPECT_FALSE(printing.ShowProperties("Away"));
 }
 
+TEST_F(HeadlessPrintingTest, PrinterThatIsHeldDoesNotFollowTheDefault) {
+  printing.HoldPrinter(true);
+  printing.Printers.insert(printing.Printers.begin(), HeadlessPrinter{.Name = "New Default"});
+  EXPECT_EQ(printing.CurrentPrinterName(), "Headless Printer");
+  printing.HoldPrinter(false);
+  EXPECT_EQ(printing.CurrentPrinterName(), "New Default");
+}
+
 TEST_F(HeadlessPrintingTest, RefusingPrinterTellsItsReasonWithTheFirstPrint) {
   printing.Printers[0].Refusal = "The printer is out of paper";
   try {

@@ -224,6 +224,20 @@ TEST_F(CupsTest, ServerThatHangsMeanwhileIsToldWithinSeconds) {
   EXPECT_LT(took.elapsed(), 15000);
 }
 
+TEST_F(CupsTest, PrinterThatIsHeldDoesNotFollowTheDefault) {
+  QtPrinting printing(backend);
+  printing.HoldPrinter(true);
+  EXPECT_EQ(printing.CurrentPrinterName(), "Office");
+  server.Administer("lpadmin", {"-p", "Attic", "-E", "-v", "keep:/", "-m", "raw"});
+  server.Administer("lpadmin", {"-d", "Attic"});
+  // What is known of printers is good for two seconds.
+  QElapsedTimer waited;
+  for (waited.start(); waited.elapsed() < 2500;) QThread::msleep(100);
+  EXPECT_EQ(printing.CurrentPrinterName(), "Office");
+  printing.HoldPrinter(false);
+  EXPECT_EQ(printing.CurrentPrinterName(), "Attic");
+}
+
 TEST_F(CupsTest, ListThatFailsIsNotAListWithoutPrinters) {
   const auto reached = CupsServer::Reach();
   ASSERT_NE(reached, nullptr);
