@@ -246,7 +246,7 @@ TEST_F(CupsTest, ListThatFailsIsNotAListWithoutPrinters) {
   QElapsedTimer took;
   took.start();
   EXPECT_FALSE(reached->Queues().has_value());
-  EXPECT_LT(took.elapsed(), 15000);
+  EXPECT_LT(took.elapsed(), 40000) << "two answers are waited for";
 }
 
 TEST_F(CupsTest, ServerWithoutPrintersListsNone) {
