@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 
 #include "pictures/QuickThumbs.h"
+#include "preview/FullSizePreview.h"
 #include "tests/browse/BrowseTest.h"
 #include "utility/HelpPages.h"
 #include "window/PreviewState.h"
@@ -344,6 +345,21 @@ TEST_F(BrowseFolderLocationFormTest, SpaceInTheListShowsThePictureAtFullSize) {
   person.Key(key::Space);
   EXPECT_EQ(person.Window("PreviewForm"), nullptr);
   EXPECT_TRUE(IsOpen());
+  EXPECT_EQ(run.host.toolkit.Focus(), &Browser().MyFiles);
+}
+
+TEST_F(BrowseFolderLocationFormTest, AFullSizeWindowThatWasUpBeforeGivesTheFocusBackHereToo) {
+  MakePhotos("C:\\Home\\A", 3);
+  drive.Write("C:\\Home\\A\\p002.bmp", BmpPhoto(320, 240));
+  DisplayFullSizePreview(main, "C:\\Home\\A\\p002.bmp");
+  OpenedAt(BrowseMode::Show, "C:\\Home\\A");
+  person.Focus(Browser().MyFiles);
+  person.Choose(Browser().MyFiles, 1);
+  run.Wait(0.1);
+  person.Key(key::Space);
+  ASSERT_NE(person.Window("PreviewForm"), nullptr);
+  person.Key(key::Space);
+  EXPECT_EQ(person.Window("PreviewForm"), nullptr);
   EXPECT_EQ(run.host.toolkit.Focus(), &Browser().MyFiles);
 }
 
