@@ -10,10 +10,15 @@ endif()
 
 find_program(PIXORRA_CCACHE ccache)
 if(PIXORRA_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
-  set(CMAKE_CXX_COMPILER_LAUNCHER "${PIXORRA_CCACHE}")
+  # Without this ccache takes no file that uses a precompiled header. -fpch-preprocess, below, is its other condition.
+  set(CMAKE_CXX_COMPILER_LAUNCHER "${CMAKE_COMMAND}" -E env
+    CCACHE_SLOPPINESS=pch_defines,time_macros,include_file_mtime,include_file_ctime "${PIXORRA_CCACHE}")
 endif()
 
 add_library(pixorra_flags INTERFACE)
+if(PIXORRA_CCACHE AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+  target_compile_options(pixorra_flags INTERFACE -fpch-preprocess)
+endif()
 target_compile_options(pixorra_flags INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Werror)
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
   # GCC 12 sees overlapping and overlong copies in the standard string's own operator+ where there are none, the latter only
