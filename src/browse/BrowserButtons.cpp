@@ -20,10 +20,6 @@ namespace pixorra {
 
 namespace {
 
-bool AnswersYes(MainForm& main, const std::string& title, const std::string& question) {
-  return main.host.dialogs.MsgBox(question, BoxIcon::Question, BoxButtons::YesNo, title) == BoxAnswer::Yes;
-}
-
 // The caption of the button names the action.
 bool Names(const CommandButton& button, const char* action) {
   return UCase(button.Caption()) == action;

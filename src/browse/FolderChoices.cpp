@@ -15,11 +15,11 @@
 
 namespace pixorra {
 
-namespace {
-
 bool AnswersYes(MainForm& main, const std::string& title, const std::string& question) {
   return main.host.dialogs.MsgBox(question, BoxIcon::Question, BoxButtons::YesNo, title) == BoxAnswer::Yes;
 }
+
+namespace {
 
 bool IsFilmStrip(const MainForm& main, const std::string& path) {
   return !main.strip.NoFilmStrip && main.strip.SrcFileList.Path() == path;

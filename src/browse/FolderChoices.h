@@ -8,6 +8,8 @@ namespace pixorra {
 
 struct MainForm;
 
+bool AnswersYes(MainForm& main, const std::string& title, const std::string& question);
+
 // Paths are those of Files::FolderPath. The questions and refusals that come before; false where the choice is not to
 // be carried out. A folder that is on the Desktop may have been taken off it for the film strip, and the film strip
 // been given up for the Desktop.

@@ -34,10 +34,6 @@ class NameSearch {
   int failed_ = 0;
 };
 
-bool IsDigit(char c) {
-  return c >= '0' && c <= '9';
-}
-
 // Where the digits at the end of a name's base begin.
 std::size_t StartOfTrailingDigits(const std::string& base) {
   std::size_t start = base.size();

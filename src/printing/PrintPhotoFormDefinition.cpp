@@ -1,12 +1,11 @@
 // The controls of PrintPhotoForm as they are before they are arranged for a printer's paper.
 #include "base/Definition.h"
 #include "printing/PrintPhotoForm.h"
+#include "printing/PrintUnits.h"
 
 namespace pixorra {
 
 namespace {
-
-constexpr Colour Paper = 0x00FFFFFF;
 
 // Twips.
 constexpr int PageLeft = 120;
@@ -36,7 +35,7 @@ void PrintPhotoForm::Define() {
   Window.SetCaption("Print Photo Form");
   PaperTypeLabel.SetCaption("Page Layout - Landscape only");
   PaperTypeLabel.SetShrinks(true);
-  PreviewPicture1.SetBackColor(Paper);
+  PreviewPicture1.SetBackColor(PaperColour);
   PreviewPicture1.SetAccessibleName("The photo on the page");
   DpiLabel.SetToolTipText("Resolution: Dots per Inch");
   DpiLabel.SetAlignment(Alignment::Right);

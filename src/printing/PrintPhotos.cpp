@@ -33,7 +33,6 @@ constexpr double Gap = 110;      // twips, between the photo and each line of te
 constexpr double InfoSize = 12;  // points
 constexpr double CompanySize = 8;
 constexpr Colour Black = 0;
-constexpr Colour White = 0x00FFFFFF;
 
 // The elements that the photos of one job are loaded into, one after the other: memory has one of them at a time.
 class JobElements {
@@ -42,7 +41,7 @@ class JobElements {
       : index_(NextScratchIndex(pictures)), photo_(pictures.TempPic, index_), image_(pictures.TempImage, index_) {
     photo_->SetAutoSize(true);
     // What a page shows where its photo cannot be loaded, and none was before it.
-    photo_->SetBackColor(White);
+    photo_->SetBackColor(PaperColour);
     photo_->Move(0, 0, ThumbnailWidth, ThumbnailHeight);
   }
   PictureBox& Photo() const { return *photo_; }

@@ -25,7 +25,6 @@ namespace pixorra {
 namespace {
 
 constexpr const char* DesignCaption = " Print Proof Sheet";
-constexpr Colour White = 0x00FFFFFF;
 
 // Twips.
 constexpr int PageLeft = 120;
@@ -88,7 +87,7 @@ void PrintProofForm::Define() {
   Window.SetCaption(DesignCaption);
   PaperTypeLabel.SetCaption("Page Layout - Landscape only");
   PaperTypeLabel.SetShrinks(true);
-  PagePreview.SetBackColor(White);
+  PagePreview.SetBackColor(PaperColour);
   PagePreview.SetAccessibleName("The photos on the page");
   DpiLabel.SetToolTipText("Resolution: Dots per Inch");
   DpiLabel.SetAlignment(Alignment::Right);
@@ -265,7 +264,7 @@ void PrintProofForm::PaintCells(int cellWidth, int cellHeight) {
 // Nothing: the cell is blank.
 void PrintProofForm::PaintCell(const Picture& thumbnail, const std::string& caption, const Rect& at) {
   if (thumbnail.IsNothing()) {
-    PagePreview.Box(at.Left - 5, at.Top - 5, at.Right(), at.Bottom(), White, true);
+    PagePreview.Box(at.Left - 5, at.Top - 5, at.Right(), at.Bottom(), PaperColour, true);
   } else {
     PagePreview.PaintPicture(thumbnail, at.Left, at.Top, at.Width - CellMargin, at.Height - CellMargin);
   }

@@ -35,7 +35,6 @@ namespace pixorra {
 namespace {
 
 constexpr const char* FailureTitle = "Can't Print Proof Sheets";
-constexpr Colour White = 0x00FFFFFF;
 constexpr double MostPixels = 16e6;  // of a photo as it is rendered
 
 // Twips.
@@ -223,7 +222,7 @@ Picture ProofSheets::RenderPhoto(const std::string& path) {
   const PixelSize size = RenderSize();
   cell->SetWidth(size.Width);
   cell->SetHeight(size.Height);
-  const bool painted = PaintImage(main_, path, *cell, White, PhotoDecode::Reduced).ok;
+  const bool painted = PaintImage(main_, path, *cell, PaperColour, PhotoDecode::Reduced).ok;
   return painted ? cell->GetPicture() : Picture();
 }
 

@@ -28,7 +28,7 @@ bool Reserved(char32_t code) {
 }
 
 // The same in both spellings, as most names are.
-bool IsPlain(std::string_view name) {
+bool IsSameInBoth(std::string_view name) {
   return std::ranges::all_of(name, [](char c) {
     return static_cast<unsigned char>(c) < 0x80 && withoutRoom.find(c) == std::string_view::npos;
   });
@@ -63,7 +63,7 @@ std::string Decoded(std::string_view name) {
 }  // namespace
 
 std::string NameFromHost(std::string_view hostName) {
-  if (IsPlain(hostName)) return std::string(hostName);
+  if (IsSameInBoth(hostName)) return std::string(hostName);
   std::string name;
   name.reserve(hostName.size());
   for (std::size_t at = 0; at < hostName.size();) {

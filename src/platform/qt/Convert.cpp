@@ -25,6 +25,10 @@ QString ToLines(const std::string& text) {
       .replace(QLatin1Char('\r'), QLatin1Char('\n'));
 }
 
+QStringList LinesOf(const std::string& text) {
+  return ToLines(text).split(QLatin1Char('\n'));
+}
+
 QString ToToolTip(const std::string& text) {
   if (text.empty()) return {};
   return QLatin1String("<p style='white-space:pre'>") + ToLines(text).toHtmlEscaped() + QLatin1String("</p>");

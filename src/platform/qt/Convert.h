@@ -7,6 +7,7 @@
 #include <QPalette>
 #include <QRect>
 #include <QString>
+#include <QStringList>
 #include <optional>
 #include <string>
 
@@ -25,6 +26,8 @@ QString ToQString(const std::string& text);
 std::string ToUtf8(const QString& text);
 // Lines joined by CR LF become lines joined by LF.
 QString ToLines(const std::string& text);
+// Those lines, at least one.
+QStringList LinesOf(const std::string& text);
 // A tool tip that is shown as it stands, whatever marks it holds.
 QString ToToolTip(const std::string& text);
 

@@ -23,10 +23,6 @@ constexpr int Transparent = 1;
 // Finer than this no eye sees a photo on paper.
 constexpr int FinestPicture = 300;  // dots per inch
 
-QStringList LinesOf(const std::string& text) {
-  return ToLines(text).split(QLatin1Char('\n'));
-}
-
 // Figures of the page have the width of a 32-bit floating number.
 double Single(double value) {
   return static_cast<double>(static_cast<float>(value));

@@ -30,10 +30,6 @@ Face FaceOf(const Font& font) {
   return face;
 }
 
-QStringList LinesOf(const std::string& text) {
-  return ToLines(text).split(QLatin1Char('\n'));
-}
-
 }  // namespace
 
 TextExtent QtText::Measure(const Font& font, const std::string& text) {

@@ -11,10 +11,6 @@ namespace pixorra {
 
 namespace {
 
-bool IsDigit(char c) {
-  return c >= '0' && c <= '9';
-}
-
 // Takes the run of digits at the start off the text; the result has no leading zeros.
 std::string_view TakeNumber(std::string_view& text) {
   const auto end = static_cast<std::size_t>(std::find_if_not(text.begin(), text.end(), IsDigit) - text.begin());

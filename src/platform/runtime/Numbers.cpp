@@ -11,6 +11,7 @@
 
 #include "platform/runtime/Decimal.h"
 #include "platform/runtime/Errors.h"
+#include "platform/runtime/Text.h"
 
 namespace pixorra {
 
@@ -23,10 +24,6 @@ Whole ToWidth(double value) {
   if (!(rounded >= std::numeric_limits<Whole>::min() && rounded <= std::numeric_limits<Whole>::max()))
     throw RuntimeError(error::Overflow);
   return static_cast<Whole>(rounded);
-}
-
-bool IsDigit(char c) {
-  return c >= '0' && c <= '9';
 }
 
 // Blanks, tabs and line feeds are skipped anywhere.

@@ -70,8 +70,12 @@ std::vector<std::string_view> Lines(std::string_view text) {
   return lines;
 }
 
+bool IsDigit(char c) {
+  return c >= '0' && c <= '9';
+}
+
 bool IsAsciiLetterOrDigit(char c) {
-  return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9');
+  return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || IsDigit(c);
 }
 
 std::string PercentEncoded(std::string_view text, bool (*isPlain)(char byte)) {

@@ -15,6 +15,7 @@ std::string Trim(std::string_view text);
 std::vector<std::string_view> Split(std::string_view text, char separator);
 // The lines of a text, each without its line feed; the last one may lack it. An empty text has none.
 std::vector<std::string_view> Lines(std::string_view text);
+bool IsDigit(char c);  // 0 to 9
 bool IsAsciiLetterOrDigit(char c);
 // Bytes for which `isPlain` is false become a percent sign and two hexadecimal digits, letters capital.
 std::string PercentEncoded(std::string_view text, bool (*isPlain)(char byte));
