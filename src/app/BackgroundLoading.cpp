@@ -26,6 +26,8 @@ namespace pixorra {
 
 namespace {
 
+constexpr int BothSides = 2;  // turns
+
 bool IsPaused(const FilmStripState& strip) {
   return EqualIgnoringCase(strip.ThumbsPaused, "True");
 }
@@ -53,36 +55,56 @@ bool HasGone(MainForm& main, const FileListBox& list) {
   return !main.host.files.FolderExists(list.Path());
 }
 
-void LoadOpenFolder(MainForm& main) {
+// False: there is nothing to load, and nothing more to ask for.
+bool LoadOpenFolder(MainForm& main) {
   DesktopState& desk = main.desk;
-  if (desk.DestFileList.Path() != desk.DestLoadedPath) {
+  const bool changed = desk.DestFileList.Path() != desk.DestLoadedPath;
+  if (changed) {
     ClearDestThumbnails(main);
     desk.DestLoadedPath = desk.DestFileList.Path();
   }
-  const bool missing = desk.DestSlotCount < CellsWanted(desk);
-  if (desk.OpenFolderIndex == 0 || !missing || IsPaused(main.strip) || HasGone(main, desk.DestFileList)) {
+  const bool wanted = desk.OpenFolderIndex != 0 && desk.DestSlotCount < CellsWanted(desk) && !IsPaused(main.strip);
+  if (!wanted || HasGone(main, desk.DestFileList)) {
     main.host.readAhead.Expect(ReadAhead::Reader::OpenFolder, {}, 0, {});
-    return;
+    return changed || wanted;
   }
   const std::string next = NextDestThumbFile(desk);
   const auto following = [&](int most) { return NextDestThumbFiles(desk, most); };
   if (IsPrepared(main, ReadAhead::Reader::OpenFolder, next, following)) AddDestThumbnail(main, next);
+  return true;
 }
 
-void LoadFilmStrip(MainForm& main) {
+bool LoadFilmStrip(MainForm& main) {
   FilmStripState& strip = main.strip;
-  if (strip.SrcFileList.Path() != strip.SrcLoadedPath) {
+  const bool changed = strip.SrcFileList.Path() != strip.SrcLoadedPath;
+  if (changed) {
     ClearFilmStrip(main);
     strip.SrcLoadedPath = strip.SrcFileList.Path();
   }
-  const bool missing = strip.SrcSlotCount < SlotsWanted(strip);
-  if (strip.NoFilmStrip || !missing || IsPaused(strip) || HasGone(main, strip.SrcFileList)) {
+  const bool wanted = !strip.NoFilmStrip && strip.SrcSlotCount < SlotsWanted(strip) && !IsPaused(strip);
+  if (!wanted || HasGone(main, strip.SrcFileList)) {
     main.host.readAhead.Expect(ReadAhead::Reader::FilmStrip, {}, 0, {});
-    return;
+    return changed || wanted;
   }
   const std::string next = NextSrcPhoto(strip);
   const auto following = [&](int most) { return strip.loadedPaths.Missing(strip.SrcFileList, SlotPaths(strip), most); };
   if (IsPrepared(main, ReadAhead::Reader::FilmStrip, next, following)) AddSrcSlot(main, next);
+  return true;
+}
+
+// The film strip's turns and the open folder's alternate, by the timer's tag. True: the turn has found something to do.
+bool TakeTurn(MainForm& main) {
+  Timer& timer = main.strip.ThumbsTimer;
+  const bool ofStrip = timer.Tag().empty();
+  timer.SetTag(ofStrip ? "*" : "");
+  return ofStrip ? LoadFilmStrip(main) : LoadOpenFolder(main);
+}
+
+// The turns that were left out count as any others.
+void CountLeftOut(FilmStripState& strip) {
+  const int turns = strip.ThumbsTimer.LeftOut();
+  strip.SrcMedium.Turns += turns;
+  if (turns % 2 != 0) strip.ThumbsTimer.SetTag(strip.ThumbsTimer.Tag().empty() ? "*" : "");
 }
 
 }  // namespace
@@ -90,6 +112,7 @@ void LoadFilmStrip(MainForm& main) {
 void ThumbsTimer_Timer(MainForm& main) {
   FilmStripState& strip = main.strip;
   strip.ThumbsTimer.SetEnabled(false);
+  CountLeftOut(strip);
   // A long step of this handler has let events run, and the timer has ticked meanwhile.
   if (strip.ThumbsTimerGuard == GuardHeld) {
     strip.ThumbsTimer.SetEnabled(true);
@@ -102,18 +125,13 @@ void ThumbsTimer_Timer(MainForm& main) {
     main.strip.ThumbsTimerGuard = 0;
     main.strip.ThumbsTimer.SetEnabled(true);
   });
-  if (main.core.LayoutCountdown > 0 && --main.core.LayoutCountdown == 0) Window_Layout(main);
+  const bool settled = main.core.LayoutCountdown == 0;
+  if (!settled && --main.core.LayoutCountdown == 0) Window_Layout(main);
   // On a screen that is too small the layout has ended the program.
   if (main.host.toolkit.Ended()) return;
   ShowHints(main);
-  WatchStripMedium(main);
-  if (!strip.ThumbsTimer.Tag().empty()) {
-    strip.ThumbsTimer.SetTag("");
-    LoadOpenFolder(main);
-  } else {
-    strip.ThumbsTimer.SetTag("*");
-    LoadFilmStrip(main);
-  }
+  const bool found = WatchStripMedium(main);
+  if (!TakeTurn(main) && !found && settled) strip.ThumbsTimer.WasIdle(TurnsWithoutLook(strip), BothSides);
 }
 
 std::string NextSrcPhoto(FilmStripState& strip) {

@@ -3,6 +3,7 @@
 #include "platform/runtime/Text.h"
 #include "platform/services/Dialogs.h"
 #include "utility/MemStats.h"
+#include "window/CoreState.h"
 #include "window/FilmStripState.h"
 #include "window/MainForm.h"
 
@@ -10,11 +11,15 @@ namespace pixorra {
 
 void SystemResourceStatusTimer_Timer(MainForm& main) {
   FilmStripState& strip = main.strip;
-  if (ResourcesOk(main.host.memory)) {
+  const bool ok = ResourcesOk(main.host.memory);
+  if (ok != EqualIgnoringCase(strip.ThumbsPaused, "True")) {
+    main.core.SystemResourceStatusTimer.WasIdle(0);
+    return;
+  }
+  if (ok) {
     strip.ThumbsPaused = "False";
     return;
   }
-  if (EqualIgnoringCase(strip.ThumbsPaused, "True")) return;
   main.host.dialogs.MsgBox(
       "The System Graphic Resources are running low.\r\n"
       "All thumbnails CANNOT be displayed at this time.\r\n"

@@ -14,15 +14,9 @@ namespace {
 
 constexpr int TurnsBetweenLooks = 50;  // of ThumbsTimer, a second in all
 
-}  // namespace
-
-void WatchStripMedium(MainForm& main) {
+void LookAtMedium(MainForm& main, std::uint64_t stamp) {
   FilmStripState& strip = main.strip;
   WatchedMedium& watched = strip.SrcMedium;
-  if (++watched.Turns < TurnsBetweenLooks && watched.Folder == strip.SrcFileList.Path()) return;
-  watched.Turns = 0;
-  const std::uint64_t stamp = main.host.volumes.Stamp();
-  if (stamp == watched.Stamp && watched.Folder == strip.SrcFileList.Path()) return;
   watched.Stamp = stamp;
   const std::vector<PlaceOfVolume> volumes = main.host.volumes.List();
   const PlaceOfVolume* volume = VolumeOf(volumes, strip.SrcFileList.Path());
@@ -41,6 +35,23 @@ void WatchStripMedium(MainForm& main) {
   watched.Identity = medium.Identity;
   strip.SrcFileList.Refresh();
   strip.SrcLoadedPath.clear();
+}
+
+}  // namespace
+
+bool WatchStripMedium(MainForm& main) {
+  FilmStripState& strip = main.strip;
+  WatchedMedium& watched = strip.SrcMedium;
+  if (++watched.Turns < TurnsBetweenLooks && watched.Folder == strip.SrcFileList.Path()) return false;
+  watched.Turns = 0;
+  const std::uint64_t stamp = main.host.volumes.Stamp();
+  if (stamp == watched.Stamp && watched.Folder == strip.SrcFileList.Path()) return false;
+  LookAtMedium(main, stamp);
+  return true;
+}
+
+int TurnsWithoutLook(const FilmStripState& strip) {
+  return TurnsBetweenLooks - 1 - strip.SrcMedium.Turns;
 }
 
 }  // namespace pixorra

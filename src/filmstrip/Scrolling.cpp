@@ -93,10 +93,9 @@ void FitSrcScrollbar(MainForm& main, int shown) {
   if (FitBar(strip.SrcScrollbar, strip.SrcBarScale, pixels)) ScrollStrip(main);
 }
 
-void AutoScrollStep(MainForm& main) {
-  FilmStripState& strip = main.strip;
-  strip.SrcScrollbar.SetMax(strip.SrcScrollbar.Max());
-  main.desk.DestScrollbar.SetMax(main.desk.DestScrollbar.Max());
+namespace {
+
+void ScrollPastMarked(FilmStripState& strip) {
   if (!strip.AutoScrollPending || strip.SrcSlotCount == 0) return;
   int first = 0;
   int rightEdge = 0;
@@ -112,6 +111,19 @@ void AutoScrollStep(MainForm& main) {
   ErrorsIgnored([&] { StepOn(strip, step); });
   // The change of the bar has taken this for a move by the user.
   strip.AutoScrollPending = true;
+}
+
+}  // namespace
+
+void AutoScrollStep(MainForm& main) {
+  FilmStripState& strip = main.strip;
+  strip.SrcScrollbar.SetMax(strip.SrcScrollbar.Max());
+  main.desk.DestScrollbar.SetMax(main.desk.DestScrollbar.Max());
+  const int value = strip.SrcScrollbar.Value();
+  const double rest = strip.SrcBarScale.Rest;
+  ScrollPastMarked(strip);
+  if (strip.SrcScrollbar.Value() == value && strip.SrcBarScale.Rest == rest)
+    strip.AutoScrollTimer.WasIdle(Timer::UntilSomethingRuns);
 }
 
 }  // namespace pixorra

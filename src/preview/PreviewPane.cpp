@@ -153,7 +153,10 @@ void SelectedPhotoMenu_Click(MainForm& main) {
 
 void AutoPicPreviewTimer_Timer(MainForm& main) {
   PreviewState& preview = main.preview;
-  if (!preview.bPicEdited || SelectedPhoto(preview).empty()) return;
+  if (!preview.bPicEdited || SelectedPhoto(preview).empty()) {
+    preview.AutoPicPreviewTimer.WasIdle(Timer::UntilSomethingRuns);
+    return;
+  }
   const std::string photo = SelectedPhoto(preview);
   PaintPicPreview(main, photo);
   if (SelectedPhoto(preview).empty() && IsBeingSaved(main, photo)) {

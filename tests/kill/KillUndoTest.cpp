@@ -22,7 +22,15 @@ namespace {
 
 constexpr const char* UndoStrip = "C:\\Strip";
 constexpr const char* UndoFolder = "C:\\Home\\Family";
+// The sanitizer build, whose sessions take five times as long, dies at every fourth point; what is then on the disk is
+// the same in both builds.
+#ifdef __SANITIZE_ADDRESS__
+constexpr int UndoShares = 4;
+constexpr int UndoSharesTried = 1;
+#else
 constexpr int UndoShares = 2;
+constexpr int UndoSharesTried = UndoShares;
+#endif
 
 enum class UndoDeath { BeforeChange, InWrite };
 
@@ -167,7 +175,7 @@ TEST_P(KillUndoTest, KilledHalfWayThroughAnyWriteOnlyWhatWasAskedForIsGone) {
   DieAtEachPoint(UndoDeath::InWrite);
 }
 
-INSTANTIATE_TEST_SUITE_P(Share, KillUndoTest, ::testing::Range(0, UndoShares));
+INSTANTIATE_TEST_SUITE_P(Share, KillUndoTest, ::testing::Range(0, UndoSharesTried));
 
 }  // namespace
 }  // namespace pixorra

@@ -37,10 +37,24 @@ void FileListBox::SetPath(const std::string& path) {
   Raise(On().PathChange, static_cast<Control&>(*this));
 }
 
+namespace {
+
+// In whatever order they are named.
+bool ListTheSame(const std::string& pattern, const std::string& other) {
+  std::vector<std::string_view> one = Split(pattern, ';');
+  std::vector<std::string_view> two = Split(other, ';');
+  std::ranges::sort(one);
+  std::ranges::sort(two);
+  return one == two;
+}
+
+}  // namespace
+
 void FileListBox::SetPattern(const std::string& pattern) {
   if (pattern == pattern_) return;
+  const bool same = generation_ != 0 && ListTheSame(pattern, pattern_);
   pattern_ = pattern;
-  Refresh();
+  if (!same) Refresh();
 }
 
 void FileListBox::SetListing(const std::string& path, const std::string& pattern, std::vector<std::string> names) {
@@ -88,6 +102,12 @@ bool AreInOrder(const std::vector<std::string>& names, const std::vector<std::st
 void FileListBox::TakeNames(std::vector<std::string> names) {
   if (AreInOrder(names, names_)) {
     names_ = std::move(names);
+    ++generation_;
+    return;
+  }
+  if (names_.empty()) {
+    names_ = std::move(names);
+    std::ranges::sort(names_, NameLess);
     ++generation_;
     return;
   }

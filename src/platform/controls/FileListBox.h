@@ -21,7 +21,7 @@ class FileListBox : public Control {
   const std::string& Path() const { return path_; }
   void SetPath(const std::string& path);
   const std::string& Pattern() const { return pattern_; }
-  void SetPattern(const std::string& pattern);  // lists anew when it differs
+  void SetPattern(const std::string& pattern);  // lists anew when it names others than before
   // The folder, the pattern and the names by the order of NameLess, as they have been read elsewhere. A path different
   // from the present one raises PathChange. Looks at no disk and raises nothing itself.
   void SetListing(const std::string& path, const std::string& pattern, std::vector<std::string> names);

@@ -1,5 +1,9 @@
 #include "platform/controls/Timer.h"
 
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
 #include "platform/controls/Form.h"
 #include "platform/controls/Toolkit.h"
 #include "platform/runtime/AtExit.h"
@@ -29,7 +33,36 @@ void Timer::EnabledChanged() {
   Restart();
 }
 
+void Timer::WasIdle(int ticks, int round) {
+  idle_ = true;
+  leaveOut_ = ticks;
+  round_ = round;
+}
+
+std::optional<double> Timer::WakeUp() const {
+  if (asleep_ == UntilSomethingRuns) return std::nullopt;
+  return deadline_ + asleep_ * (interval_ / 1000.0);
+}
+
+void Timer::LeaveOut(double until) {
+  if (asleep_ == 0 || deadline_ > until) return;
+  const double interval = interval_ / 1000.0;
+  const double passed = std::floor((until - deadline_) / interval) + 1;
+  const int ticks = static_cast<int>(std::min<double>(passed, asleep_));
+  deadline_ += ticks * interval;
+  if (asleep_ != UntilSomethingRuns) asleep_ -= ticks;
+  leavingOut_ += std::min(ticks, UntilSomethingRuns - leavingOut_);
+}
+
+void Timer::Wake() {
+  asleep_ = 0;
+  idleTicks_ = 0;
+}
+
 void Timer::Restart() {
+  LeaveOut(GetToolkit().Seconds());
+  // A handler that disables its timer for the length of its tick has not begun anew.
+  if (!ticking_) Wake();
   deadline_ = GetToolkit().Seconds() + interval_ / 1000.0;
   GetToolkit().GetTimers().Changed();
 }
@@ -38,12 +71,19 @@ void Timer::Tick(double now) {
   const double interval = interval_ / 1000.0;
   deadline_ += interval;
   if (deadline_ <= now + Timers::SameMoment) deadline_ = now + interval;
+  leftOut_ = std::exchange(leavingOut_, 0);
+  idle_ = false;
   // The handler may raise, and may destroy the timer.
   const AtExit done([timer = Watch<Timer>(*this)] {
     if (timer) timer->ticking_ = false;
   });
   ticking_ = true;
   Raise(On().Timer, static_cast<Control&>(*this));
+}
+
+bool Timer::EndTick() {
+  if (idle_ && ++idleTicks_ >= round_) asleep_ = leaveOut_;
+  return idle_;
 }
 
 }  // namespace pixorra

@@ -9,6 +9,8 @@
 namespace pixorra {
 
 class Timer;
+template <typename T>
+class Watch;
 
 class Timers {
  public:
@@ -26,14 +28,23 @@ class Timers {
   // Each timer that is due ticks once, the one due first going first. Ticks that were missed are dropped, and a timer
   // whose handler still runs (because that runs a loop) waits for its end.
   void RunDue();
-  // By the back end's clock; nothing: none runs.
+  // By the back end's clock; nothing: none runs, or all are asleep until something runs.
   std::optional<double> NextDeadline() const;
+  // Something runs, or has run: timers that are asleep tick on. Called by the back end around all that is not a
+  // timer's.
+  void Stirred();
+  // From here on every tick is raised, the idle ones too.
+  void LeaveNoneOut();
   // None ticks from here on.
   void Stop() { stopped_ = true; }
 
  private:
+  void TickOne(const Watch<Timer>& timer, double moment);
+
   Backend& backend_;
   std::vector<Timer*> timers_;
+  double ranTo_ = -1;  // what was due up to that moment has ticked, or has been left out
+  bool leavesOut_ = true;
   bool stopped_ = false;
 };
 

@@ -6,10 +6,12 @@
 namespace pixorra {
 
 void Toolkit::DoEvents() {
+  timers_.Stirred();
   if (!ended_) backend_.ProcessEvents();
 }
 
 bool Toolkit::WaitUntil(const std::function<bool()>& done) {
+  timers_.Stirred();
   while (!done()) {
     if (ended_) return false;
     backend_.WaitForEvents(std::nullopt);
@@ -18,6 +20,7 @@ bool Toolkit::WaitUntil(const std::function<bool()>& done) {
 }
 
 bool Toolkit::WaitUntil(const std::function<bool()>& done, double seconds) {
+  timers_.Stirred();
   const double end = backend_.Seconds() + seconds;
   for (double left = seconds; !done(); left = end - backend_.Seconds()) {
     if (ended_ || left <= Timers::SameMoment) return false;

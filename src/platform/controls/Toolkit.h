@@ -102,6 +102,8 @@ class Toolkit {
 
   // --- timers; called by the back end
   void RunDueTimers() { timers_.RunDue(); }
+  // Around all that runs but RunDueTimers, ahead of it and when it has ended, and before what runs next.
+  void Stirred() { timers_.Stirred(); }
   std::optional<double> NextDeadline() const { return timers_.NextDeadline(); }
 
   // --- services of the back end

@@ -18,6 +18,19 @@ std::unique_ptr<Peer> HeadlessBackend::MakePeer(Control& control) {
 }
 
 void HeadlessBackend::Dispatch(const std::function<void()>& act) {
+  toolkit_->Stirred();
+  Guarded(act);
+  toolkit_->Stirred();
+}
+
+bool HeadlessBackend::React(Script::Moment moment) {
+  bool reacted = true;
+  Guarded([&] { reacted = script_.RunOne(moment); });
+  if (reacted) toolkit_->Stirred();
+  return reacted;
+}
+
+void HeadlessBackend::Guarded(const std::function<void()>& act) {
   try {
     act();
   } catch (const RuntimeError& e) {
@@ -30,7 +43,7 @@ void HeadlessBackend::Dispatch(const std::function<void()>& act) {
 }
 
 void HeadlessBackend::RunDue() {
-  Dispatch([this] { toolkit_->RunDueTimers(); });
+  Guarded([this] { toolkit_->RunDueTimers(); });
 }
 
 void HeadlessBackend::Post(std::function<void()> call) {
@@ -53,9 +66,7 @@ bool HeadlessBackend::RunPosted() {
 
 void HeadlessBackend::ProcessEvents() {
   RunPosted();
-  Dispatch([this] {
-    if (script_.RunOne(Script::Moment::Events)) Stir();
-  });
+  if (React(Script::Moment::Events)) Stir();
   if (!toolkit_->Ended()) RunDue();
 }
 
@@ -64,9 +75,7 @@ void HeadlessBackend::WaitForEvents(std::optional<double> seconds) {
     Stir();
     return;
   }
-  bool reacted = false;
-  Dispatch([&] { reacted = script_.RunOne(Script::Moment::Wait); });
-  if (reacted) {
+  if (React(Script::Moment::Wait)) {
     Stir();
     return;
   }
@@ -89,6 +98,7 @@ void HeadlessBackend::WaitForEvents(std::optional<double> seconds) {
 
 void HeadlessBackend::Advance(double seconds) {
   const double target = clock_.Seconds() + seconds;
+  toolkit_->Stirred();
   RunPosted();
   while (!toolkit_->Ended()) {
     const std::optional<double> next = toolkit_->NextDeadline();
@@ -98,6 +108,7 @@ void HeadlessBackend::Advance(double seconds) {
     RunPosted();
   }
   clock_.AdvanceTo(target);
+  if (!toolkit_->Ended()) RunDue();
 }
 
 // The program waits for something that nobody is going to do. It ends, so that the test fails and does not hang.
@@ -154,9 +165,7 @@ void HeadlessBackend::PopupMenu(Form&, MenuItem& menu) {
   MenuItem* const outer = popup_;
   popup_ = &menu;
   chosen_ = nullptr;
-  bool reacted = false;
-  Dispatch([&] { reacted = script_.RunOne(Script::Moment::Popup); });
-  if (!reacted) failures_.Report("unexpected pop-up menu " + menu.Name());
+  if (!React(Script::Moment::Popup)) failures_.Report("unexpected pop-up menu " + menu.Name());
   popup_ = outer;
   Stir();
   if (MenuItem* const item = std::exchange(chosen_, nullptr)) item->UserClicked();

@@ -83,6 +83,9 @@ class HeadlessBackend : public Backend, public Posting {
   friend class HeadlessWindow;
   void Add(HeadlessWindow& window) { windows_.push_back(&window); }
   void Remove(HeadlessWindow& window) { std::erase(windows_, &window); }
+  // True: the person has done what was waiting for that moment.
+  bool React(Script::Moment moment);
+  void Guarded(const std::function<void()>& act);
   void RunDue();
   bool RunPosted();
   void GiveUp();

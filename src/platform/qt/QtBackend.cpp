@@ -11,6 +11,7 @@
 #include <algorithm>
 #include <cmath>
 #include <new>
+#include <utility>
 
 #include "platform/controls/Form.h"
 #include "platform/controls/Menu.h"
@@ -22,6 +23,7 @@
 #include "platform/qt/HostWindow.h"
 #include "platform/qt/MenuView.h"
 #include "platform/qt/NativePeers.h"
+#include "platform/runtime/AtExit.h"
 #include "platform/runtime/Errors.h"
 
 namespace pixorra {
@@ -63,8 +65,10 @@ QtBackend::QtBackend() : menuBarHeight_(MeasureMenuBar()) {
   wake_.setSingleShot(true);
   wake_.setTimerType(Qt::PreciseTimer);
   QObject::connect(&wake_, &QTimer::timeout, &wake_, [this] { RunTimers(); });
-  QObject::connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock, &wake_,
-                   [this] { FollowActiveForm(); });
+  QObject::connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock, &wake_, [this] {
+    FollowActiveForm();
+    LookForStir();
+  });
 }
 
 QtBackend::~QtBackend() = default;
@@ -146,8 +150,15 @@ void QtBackend::WakeAt(std::optional<double> seconds) {
 void QtBackend::RunTimers() {
   if (toolkit_ == nullptr || toolkit_->Ended()) return;
   wake_.start(NestedAlarm);
-  Dispatch([this] { toolkit_->RunDueTimers(); });
+  Guarded([this] { toolkit_->RunDueTimers(); });
   toolkit_->GetTimers().Changed();
+  onlyTimersRan_ = true;
+}
+
+// A turn of the loop in which something other than the timers ran. What a person does comes by Dispatch too, but the
+// toolkit below has a life of its own.
+void QtBackend::LookForStir() {
+  if (!std::exchange(onlyTimersRan_, false) && toolkit_ != nullptr) toolkit_->Stirred();
 }
 
 namespace {
@@ -241,6 +252,16 @@ void QtBackend::SetErrorHandler(std::function<void(int, const std::string&)> han
 }
 
 void QtBackend::Dispatch(const std::function<void()>& act) {
+  const auto stir = [this] {
+    onlyTimersRan_ = false;
+    if (toolkit_ != nullptr) toolkit_->Stirred();
+  };
+  stir();
+  const AtExit after(stir);
+  Guarded(act);
+}
+
+void QtBackend::Guarded(const std::function<void()>& act) {
   if (!onError_) {
     act();
     return;

@@ -82,6 +82,8 @@ class QtBackend final : public Backend {
 
  private:
   void RunTimers();
+  void LookForStir();
+  void Guarded(const std::function<void()>& act);
   void FollowActiveForm();
 
   Toolkit* toolkit_ = nullptr;
@@ -99,6 +101,7 @@ class QtBackend final : public Backend {
   // Runs when the events that are waiting have been handled.
   PostedCall repeatsWanted_{[this] { dropsRepeats_ = false; }};
   bool dropsRepeats_ = false;
+  bool onlyTimersRan_ = false;  // since the loop last slept
 };
 
 }  // namespace pixorra

@@ -1,6 +1,8 @@
 // Texts: case, comparison, cutting, encoding.
 #include "platform/runtime/Text.h"
 
+#include <algorithm>
+
 #include "platform/runtime/LetterCase.h"
 #include "platform/runtime/Utf8.h"
 
@@ -19,10 +21,18 @@ std::string Mapped(std::string_view text, char32_t (*map)(char32_t)) {
   return result;
 }
 
+// The length of the start that two texts have in common, up to its last ASCII character: a character of several bytes
+// may differ in the last of them.
+std::size_t CommonStart(std::string_view a, std::string_view b) {
+  auto at = static_cast<std::size_t>(std::mismatch(a.begin(), a.end(), b.begin(), b.end()).first - a.begin());
+  while (at > 0 && (static_cast<unsigned char>(a[at - 1]) & 0x80U) != 0) --at;
+  return at;
+}
+
 // Below 0, 0 or above 0, by the characters' upper case.
 int CompareIgnoringCase(std::string_view a, std::string_view b) {
-  std::size_t atA = 0;
-  std::size_t atB = 0;
+  std::size_t atA = CommonStart(a, b);
+  std::size_t atB = atA;
   while (atA < a.size() && atB < b.size()) {
     const Utf8Character inA = CharacterAt(a, atA);
     const Utf8Character inB = CharacterAt(b, atB);

@@ -121,6 +121,27 @@ TEST_F(TimeContract, TimerMayGoInItsOwnTick) {
   EXPECT_TRUE(toolkit.WaitUntil([&] { return timer == nullptr; }));
 }
 
+TEST_F(TimeContract, IdleTicksAreLeftOutUntilAnotherTimerHasDoneSomething) {
+  Timer idle(form, "Idle", 10);
+  Timer other(form, "Other", 300);
+  int ticks = 0;
+  int ticksBefore = 0;
+  idle.On().Timer = [&](Control&) {
+    ++ticks;
+    idle.WasIdle(Timer::UntilSomethingRuns);
+  };
+  other.On().Timer = [&](Control&) {
+    ticksBefore = ticks;
+    other.SetEnabled(false);
+  };
+  idle.SetEnabled(true);
+  other.SetEnabled(true);
+  toolkit.WaitFor(0.6);
+  EXPECT_GE(ticksBefore, 1);
+  EXPECT_GT(ticks, ticksBefore);
+  EXPECT_LT(ticks, 30) << "of 60";
+}
+
 TEST_F(TimeContract, PendingEventsDoNotWait) {
   Timer timer(form, "Timer", 10000);
   timer.SetEnabled(true);

@@ -131,6 +131,20 @@ TEST_F(FileListBoxTest, SamePatternAndPathAreNotReadAgain) {
   EXPECT_EQ(counted.Count(FileCall::Names), calls);
 }
 
+TEST_F(FileListBoxTest, TheSamePatternsInAnotherOrderAreNotReadAgain) {
+  FaultyFiles counted(drive.DriveFiles());
+  FileListBox box(form, "Counted", counted);
+  box.SetPattern("*.jpg;*.txt");
+  box.SetPath("C:\\Photos");
+  const int calls = counted.Count(FileCall::Names);
+  box.SetPattern("*.txt;*.jpg");
+  EXPECT_EQ(counted.Count(FileCall::Names), calls);
+  EXPECT_EQ(box.Pattern(), "*.txt;*.jpg");
+  EXPECT_EQ(box.ListCount(), 4);
+  box.SetPattern("*.txt;*.txt");
+  EXPECT_EQ(box.ListCount(), 1);
+}
+
 TEST_F(FileListBoxTest, EntryOutsideTheListRaises9) {
   list.SetPath("C:\\Photos");
   EXPECT_EQ(ErrorOf([&] { list.List(3); }), error::BadSubscript);

@@ -34,6 +34,25 @@ TEST_F(LoopTest, ATimerTicksAtItsInterval) {
   EXPECT_EQ(ticks, 3);
 }
 
+// What runs without the program's knowing of it may have changed something all the same.
+TEST_F(LoopTest, WhateverTheToolkitDoesWakesATimerWhoseTicksWereIdle) {
+  Timer timer(form, "Timer", 10);
+  std::vector<double> ticks;
+  timer.On().Timer = [&](Control&) {
+    ticks.push_back(toolkit.Seconds());
+    timer.WasIdle(Timer::UntilSomethingRuns);
+  };
+  timer.SetEnabled(true);
+  double ran = 0;
+  QTimer::singleShot(400, [&] { ran = toolkit.Seconds(); });
+  toolkit.WaitFor(0.7);
+  ASSERT_GT(ran, 0);
+  ASSERT_FALSE(ticks.empty());
+  EXPECT_LT(ticks.front(), ran);
+  EXPECT_GT(ticks.back(), ran);
+  EXPECT_LT(ticks.size(), 20U) << "of 70";
+}
+
 TEST_F(LoopTest, OtherTimersTickWhileAHandlerWaitsInALoopOfItsOwn) {
   Timer slow(form, "Slow", 10);
   Timer other(form, "Other", 15);

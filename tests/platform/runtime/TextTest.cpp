@@ -127,6 +127,18 @@ TEST(NameLess, OrdersAsAFileListShows) {
   EXPECT_EQ(names, expected);
 }
 
+// Names alike in the first bytes of a character, or in whole ones, are told apart by what they differ in.
+TEST(NameLess, NamesThatBeginAlikeAreOrderedByCharacters) {
+  EXPECT_TRUE(NameLess("IMG_0009.jpg", "img_0010.jpg"));
+  EXPECT_TRUE(NameLess("a\u00e8", "a\u00e9"));
+  EXPECT_FALSE(NameLess("a\u00e9", "a\u00e8"));
+  EXPECT_TRUE(NameLess("\u00e8a", "\u00c9a")) << "the capital of the first comes ahead";
+  EXPECT_FALSE(NameLess("\u00c9a", "\u00e8a"));
+  EXPECT_TRUE(NameLess("a\u5199", "a\u519a"));
+  EXPECT_TRUE(NameLess("a\u00e9", "a\xc3"));
+  EXPECT_TRUE(EqualIgnoringCase("x\u00e9\u00e9", "x\u00c9\u00e9"));
+}
+
 TEST(NameLess, TellsNamesApartThatDifferByCaseOnly) {
   EXPECT_TRUE(NameLess("A", "a"));
   EXPECT_FALSE(NameLess("a", "A"));

@@ -1,5 +1,6 @@
 #include "tests/support/headless/TestHost.h"
 
+#include <cstdlib>
 #include <gtest/gtest.h>
 
 namespace pixorra {
@@ -30,6 +31,7 @@ TestHost::TestHost(TemporaryDrive& drive, DecodeAhead* ahead)
            platform.memory} {
   platform.shell.SetFiles(drive.DriveFiles());
   platform.failures.OnFailure = [](const std::string& text) { ADD_FAILURE() << text; };
+  if (std::getenv("PIXORRA_EVERY_TICK") != nullptr) platform.toolkit.GetTimers().LeaveNoneOut();
 }
 
 TestHost::~TestHost() = default;

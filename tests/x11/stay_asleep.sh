@@ -1,0 +1,49 @@
+#!/usr/bin/env bash
+# A program that is left alone sleeps: fewer than 5 wake-ups a second, of all its threads together, with a strip and an open
+# folder on show. A folder that then gets a photo by another program's hand, and a click, find it as awake as ever.
+source "$(dirname "${BASH_SOURCE[0]}")/support/steps.bash"
+source "$(dirname "${BASH_SOURCE[0]}")/support/strip.bash"
+
+card="$HOME/Card"
+state="$HOME/.config/pixorra/Pixorra.sav"
+mkdir -p "$card" "$HOME/One" "$(dirname "$state")"
+count=12
+convert -size 80x60 xc:gray40 "$HOME/grey.jpg"
+for ((photo = 1; photo <= count; photo++)); do cp "$HOME/grey.jpg" "$card/$(printf 'IMG_%05d.JPG' "$photo")"; done
+cp "$HOME/grey.jpg" "$HOME/One/1.JPG"
+printf '%s\r\n' '11730,9090,300,600,0' '"Pixorra - Kestrelia Corp"' 2 2 1 1 1 1 1 1 1 0 '""' \
+  "\"$(backslash "$card")\"" "\"$(backslash "$HOME/One")\"" '""' '""' '""' '""' '""' '""' '""' 1 >"$state"
+
+# Of each thread, one line: its number and how often it went to sleep so far.
+sleeps() {
+  local thread
+  for thread in "/proc/$program_id/task/"*; do
+    printf '%s %s\n' "${thread##*/}" "$(sed -n 's/^voluntary_ctxt_switches:\t//p' "$thread/status" 2>/dev/null)"
+  done | sort
+}
+# wake_ups SECONDS: of the threads that are there at both ends.
+wake_ups() {
+  local before
+  before=$(sleeps)
+  sleep "$1"
+  join <(echo "$before") <(sleeps) | awk '{ sum += $3 - $2 } END { print sum + 0 }'
+}
+
+start_program
+window=$(wait_for_window "^Pixorra v")
+within 20 cached || fail "the strip's thumbnails do not come up"
+seconds=10
+settled() { [ "$(wake_ups 1)" -lt 10 ]; }
+within 20 settled || fail "it does not come to rest: $(wake_ups 1) wake-ups in a second"
+number=$(wake_ups $seconds)
+echo "$number wake-ups in $seconds seconds"
+[ "$number" -lt $((5 * seconds)) ] || fail "$number wake-ups in $seconds seconds"
+
+# The first photo is marked by a double click: the auto scroll, asleep as well, begins at once.
+click 719 187 # Auto
+wake_ups 2 >/dev/null
+double_click 280 44
+first_marked() { has_marks 1; }
+within 10 first_marked || fail "the double click marks nothing"
+close_window "$window"
+expect_exit 0
