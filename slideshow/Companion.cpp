@@ -99,6 +99,7 @@ void Companion::TakeSavedFolder() {
 }
 
 void Companion::Start() {
+  host_.toolkit.SetEnder([this] { Window.Unload(); });
   const bool isSaver = request_.What == Request::Wish::Saver;
   if (isSaver) TakeSavedFolder();
   pointer_.emplace(Now());

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "platform/codecs/ThreadedFrames.h"
+#include "platform/posix/EndSignals.h"
 #include "platform/posix/Environment.h"
 #include "platform/posix/ErrorTrace.h"
 #include "platform/posix/MappingSource.h"
@@ -41,6 +42,10 @@ int Run(const Request& request, int argc, char** argv) {
     std::fputs("pixorra-slideshow: there is no such window\n", stderr);
     return 1;
   }
+  const EndSignals signals;
+  qt.OnReadable(signals.Descriptor(), [&] {
+    if (signals.Take()) qt.toolkit.AskToEnd();
+  });
   const auto mapping = std::make_shared<MountedMapping>(environment);
   PosixFiles files(mapping);
   PosixFolderReader folderReader(mapping, qt.posting);

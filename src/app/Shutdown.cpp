@@ -30,6 +30,11 @@ void Form_QueryUnload(MainForm& main) {
   }
 }
 
+void SaveForSession(MainForm& main) {
+  // A window that is not shown yet, or no longer, has not all of the state.
+  if (main.Window.IsLoaded() && main.Window.Visible()) ErrorsIgnored([&] { WriteSavedState(main); });
+}
+
 void Form_Unload(MainForm& main) {
   main.modeless.UnloadAll();
   main.preferences.Window.Unload();

@@ -13,6 +13,7 @@
 #include "desktop/FolderSlots.h"
 #include "desktop/OpenFolderView.h"
 #include "filmstrip/Listing.h"
+#include "platform/controls/Toolkit.h"
 #include "platform/runtime/Errors.h"
 #include "platform/services/Places.h"
 #include "platform/services/Printing.h"
@@ -148,6 +149,8 @@ void StartUp(MainForm& main) {
   main.preferences.Window.Load();
   main.Window.Load();
   if (!main.Window.IsLoaded()) return;
+  // Not before: what is to be saved has been read.
+  main.host.toolkit.SetEnder([&main] { main.Window.Unload(); });
   main.Window.Show();
   Window_Layout(main);
 }

@@ -33,6 +33,10 @@ class Backend {
   virtual void WaitForEvents(std::optional<double> seconds) = 0;
   // Ends the outermost loop, if one runs, when the present turn is over.
   virtual void EndLoop() = 0;
+  // Toolkit::ContinueEnding is to be called once, in a later turn of whichever loop runs then.
+  virtual void PostEnding() = 0;
+  // Closes the menu or box of the host that is in front, as by its frame; false where there is none.
+  virtual bool CloseFront() = 0;
   // The clock of the timers, in seconds.
   virtual double Seconds() = 0;
   // Toolkit::RunDueTimers is to be called at that moment (nothing: not at all); replaces what was asked before.

@@ -200,7 +200,7 @@ void Form::RunModal(Form* owner) {
   const AtExit done([&form] {
     if (!form) return;
     form->modal_ = false;
-    form->toolkit_.GetWindows().PopModal(*form.Get());
+    form->toolkit_.PopModal(*form.Get());
     form->Changed(Change::State);
   });
   toolkit_.PushModal(*this);
@@ -211,7 +211,7 @@ void Form::RunModal(Form* owner) {
 // The other forms take input at once, and not only when its ShowModal returns.
 void Form::Hide() {
   SetVisible(false);
-  toolkit_.GetWindows().PopModal(*this);
+  toolkit_.PopModal(*this);
   toolkit_.GetWindows().Deactivate(*this);
 }
 

@@ -1,7 +1,10 @@
 #include "platform/controls/Toolkit.h"
 
+#include <utility>
+
 #include "platform/controls/Form.h"
 #include "platform/controls/Menu.h"
+#include "platform/runtime/AtExit.h"
 
 namespace pixorra {
 
@@ -40,14 +43,64 @@ void Toolkit::End() {
   backend_.EndLoop();
 }
 
+void Toolkit::AskToEnd() {
+  endAsked_ = true;
+  FrontChanged();
+}
+
+void Toolkit::SetEnder(std::function<void()> end) {
+  end_ = std::move(end);
+  FrontChanged();
+}
+
+void Toolkit::ContinueEnding() {
+  if (ended_) return;
+  if (drags_.Runs()) CancelDrag();
+  if (backend_.CloseFront()) {
+    FrontChanged();
+    return;
+  }
+  // The box closes when control is back in its own loop, and reports it.
+  if (windows_.IsBoxUp()) return;
+  if (Form* modal = windows_.Modal()) {
+    modal->UserClosed();
+    return;
+  }
+  // Once: closing the main window may let events run.
+  const std::function<void()> end = std::exchange(end_, {});
+  if (!end) return;
+  // Also where it raises.
+  const AtExit done([this] {
+    if (!ended_) End();
+  });
+  end();
+}
+
+// Something else is in front now: an end that has been asked for goes on with it.
+void Toolkit::FrontChanged() {
+  if (endAsked_ && !ended_) backend_.PostEnding();
+}
+
 void Toolkit::PushBox() {
   windows_.PushBox();
   ReleaseCapture();
+  FrontChanged();
+}
+
+void Toolkit::PopBox() {
+  windows_.PopBox();
+  FrontChanged();
 }
 
 void Toolkit::PushModal(Form& form) {
   ReleaseCapture();
   windows_.PushModal(form);
+  FrontChanged();
+}
+
+void Toolkit::PopModal(Form& form) {
+  windows_.PopModal(form);
+  FrontChanged();
 }
 
 void Toolkit::PopupMenu(Form& form, MenuItem& menu) {

@@ -42,6 +42,16 @@ class Toolkit {
   void End();
   bool Ended() const { return ended_; }
 
+  // --- the end that the host asks for: the session is over, or the process is told to end
+  // What is in front is closed as by its frame, a box, menu or form in a turn of its own each, until no form is modal
+  // any more; then `end` of SetEnder runs. To ask again changes nothing. From then on no box waits for an answer.
+  void AskToEnd();
+  bool EndAsked() const { return endAsked_; }
+  // What closes the main window. An end that was asked for before it is set waits for it.
+  void SetEnder(std::function<void()> end);
+  // The next step, for the back end that was asked for it by PostEnding.
+  void ContinueEnding();
+
   // --- forms
   const std::vector<Form*>& Forms() const { return windows_.Forms(); }  // the one in front last
   Form* ActiveForm() const { return windows_.Active(); }
@@ -50,7 +60,7 @@ class Toolkit {
   bool TakesInput(const Form& form) const { return !ended_ && windows_.TakesInput(form); }
   // A box of the host is up: no form takes input until it is closed.
   void PushBox();
-  void PopBox() { windows_.PopBox(); }
+  void PopBox();
   Control* Focus() const { return windows_.Focus(); }
   void SetFocus(Control* control) { windows_.SetFocus(control); }
 
@@ -122,6 +132,7 @@ class Toolkit {
   Windows& GetWindows() { return windows_; }
   Timers& GetTimers() { return timers_; }
   void PushModal(Form& form);
+  void PopModal(Form& form);
   void PopupMenu(Form& form, MenuItem& menu);
   void Forget(Control& control);  // it is about to be destroyed
   void PointerChanged(Control& control);
@@ -132,6 +143,7 @@ class Toolkit {
   void Press(Form& form, int x, int y, int button, int shift, PressKind kind);
   void ReleaseCapture();
   void Hover(Form& form, Control* control);
+  void FrontChanged();
   bool RunShortcut(Form& form, int keyCode, int shift);
 
   Backend& backend_;
@@ -147,6 +159,8 @@ class Toolkit {
   int pressedButton_ = 0;
   bool secondPress_ = false;
   bool ended_ = false;
+  bool endAsked_ = false;
+  std::function<void()> end_;
 };
 
 }  // namespace pixorra

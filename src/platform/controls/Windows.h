@@ -25,9 +25,12 @@ class Windows {
   void Deactivate(Form& form);
   void PushModal(Form& form) { modal_.push_back(&form); }
   void PopModal(Form& form);
+  // The form that no other modal one is above; null where none is modal.
+  Form* Modal() const { return modal_.empty() ? nullptr : modal_.back(); }
   // A box of the host is up, or closed.
   void PushBox() { ++boxes_; }
   void PopBox();
+  bool IsBoxUp() const { return boxes_ > 0; }
 
   Control* Focus() const { return focus_.Get(); }
   // Raises LostFocus of the control that loses the focus, then GotFocus of the one that takes it. A form that is given

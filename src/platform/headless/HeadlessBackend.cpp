@@ -64,6 +64,21 @@ bool HeadlessBackend::RunPosted() {
   return !calls.empty();
 }
 
+void HeadlessBackend::PostEnding() {
+  if (std::exchange(endingPosted_, true)) return;
+  Post([this] {
+    endingPosted_ = false;
+    toolkit_->ContinueEnding();
+  });
+}
+
+// A box is closed when what runs while it is up is over.
+bool HeadlessBackend::CloseFront() {
+  if (popup_ == nullptr) return false;
+  ChooseFromPopup(nullptr);
+  return true;
+}
+
 void HeadlessBackend::ProcessEvents() {
   RunPosted();
   if (React(Script::Moment::Events)) Stir();

@@ -34,6 +34,8 @@ class HeadlessBackend : public Backend, public Posting {
   void ProcessEvents() override;
   void WaitForEvents(std::optional<double> seconds) override;
   void EndLoop() override { loopEnded_ = true; }
+  void PostEnding() override;
+  bool CloseFront() override;
   double Seconds() override { return clock_.Seconds(); }
   void WakeAt(std::optional<double> seconds) override { wakeAt_ = seconds; }
   Screen GetScreen() override { return GetScreen(0); }
@@ -110,6 +112,7 @@ class HeadlessBackend : public Backend, public Posting {
   double fineness_ = 1;
   int dragChanges_ = 0;
   bool loopEnded_ = false;
+  bool endingPosted_ = false;
 };
 
 }  // namespace pixorra

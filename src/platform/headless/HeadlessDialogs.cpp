@@ -31,10 +31,13 @@ class BoxUp {
 
 std::optional<Script::Answer> HeadlessDialogs::Ask(const std::string& kind, const std::string& title,
                                                    const std::string& text) {
+  // Nobody is waited for any more.
+  if (toolkit_.EndAsked()) return std::nullopt;
   const BoxUp up(toolkit_, backend_, kind + " \"" + title + "\": \"" + text + "\"");
   const std::optional<Script::Answer> answer = script_.AnswerFor(kind, title, text);
   backend_.Stir();
   if (answer && answer->Meanwhile) answer->Meanwhile();
+  if (toolkit_.EndAsked()) return std::nullopt;
   return answer;
 }
 

@@ -21,7 +21,7 @@ OwnedBox::~OwnedBox() {
 }
 
 bool OwnedBox::Run(QtBackend& backend) {
-  if (backend.GetToolkit().Ended()) return false;
+  if (backend.GetToolkit().Ended() || backend.GetToolkit().EndAsked()) return false;
   const BoxGuard guard(backend);
   return dialog_->exec() == QDialog::Accepted && dialog_ != nullptr;
 }

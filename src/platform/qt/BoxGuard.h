@@ -28,7 +28,8 @@ class OwnedBox {
   OwnedBox(const OwnedBox&) = delete;
   OwnedBox& operator=(const OwnedBox&) = delete;
 
-  // Shows it until it is answered. False where it was put away in another way; it may be gone then.
+  // Shows it until it is answered. False where it was put away in another way; it may be gone then. None is shown once
+  // the program has ended or has been asked to.
   bool Run(QtBackend& backend);
 
  private:

@@ -135,6 +135,20 @@ void QtBackend::EndLoop() {
   loop_.quit();
 }
 
+void QtBackend::ContinueEnding() {
+  toolkit_->ContinueEnding();
+}
+
+bool QtBackend::CloseFront() {
+  if (QWidget* popup = QApplication::activePopupWidget(); popup != nullptr && popup->close()) return true;
+  auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+  if (dialog == nullptr) return false;
+  dialog->reject();
+  // Some refuse, as long as something of theirs goes on.
+  if (dialog->isVisible()) dialog->hide();
+  return true;
+}
+
 double QtBackend::Seconds() {
   return static_cast<double>(clock_.nsecsElapsed()) / 1e9;
 }

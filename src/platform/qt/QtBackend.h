@@ -45,6 +45,8 @@ class QtBackend final : public Backend {
   void ProcessEvents() override;
   void WaitForEvents(std::optional<double> seconds) override;
   void EndLoop() override;
+  void PostEnding() override { endingStep_.Post(); }
+  bool CloseFront() override;
   double Seconds() override;
   void WakeAt(std::optional<double> seconds) override;
   Screen GetScreen() override { return GetScreen(0); }
@@ -84,6 +86,7 @@ class QtBackend final : public Backend {
   void RunTimers();
   void LookForStir();
   void Guarded(const std::function<void()>& act);
+  void ContinueEnding();
   void FollowActiveForm();
 
   Toolkit* toolkit_ = nullptr;
@@ -102,6 +105,7 @@ class QtBackend final : public Backend {
   PostedCall repeatsWanted_{[this] { dropsRepeats_ = false; }};
   bool dropsRepeats_ = false;
   bool onlyTimersRan_ = false;  // since the loop last slept
+  PostedCall endingStep_{[this] { Dispatch([this] { ContinueEnding(); }); }};
 };
 
 }  // namespace pixorra

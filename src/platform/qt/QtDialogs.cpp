@@ -8,7 +8,9 @@
 #include <QKeyEvent>
 #include <QMessageBox>
 #include <QPushButton>
+#include <cstdio>
 
+#include "platform/controls/Toolkit.h"
 #include "platform/qt/BoxGuard.h"
 #include "platform/qt/Convert.h"
 #include "platform/qt/QtBackend.h"
@@ -45,6 +47,11 @@ void MakeRoomForTitle(QMessageBox& box) {
   grid->addItem(new QSpacerItem(width, 0), grid->rowCount(), 0, 1, grid->columnCount());
 }
 
+// What nobody is there to read.
+void WriteToLog(const std::string& title, const std::string& text) {
+  std::fprintf(stderr, "%s: %s\n", title.c_str(), text.c_str());
+}
+
 // A box with one button is closed by Esc as by that button; this one knows the difference.
 class MessageBox : public QMessageBox {
  public:
@@ -78,6 +85,7 @@ BoxAnswer QtDialogs::MsgBox(const std::string& text, BoxIcon icon, BoxButtons bu
     answer = result;
     byEsc = box->ClosedByEsc;
   });
+  if (backend_.GetToolkit().EndAsked()) WriteToLog(title, text);
   owned.Run(backend_);
   if (!asks) return byEsc ? BoxAnswer::Cancel : BoxAnswer::Ok;
   return answer == QMessageBox::Yes ? BoxAnswer::Yes : BoxAnswer::No;

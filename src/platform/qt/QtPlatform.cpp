@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QIcon>
+#include <QSessionManager>
 #include <QSocketNotifier>
 #include <QWidget>
 #include <utility>
@@ -31,10 +32,33 @@ QIcon ProgramIcon() {
   return icon;
 }
 
+// The session manager, and others that end a program from outside, ask the application to quit: no window's own close
+// is to answer them.
+class QuitRequests final : public QObject {
+ public:
+  explicit QuitRequests(QtBackend& backend) : backend_(backend) { qApp->installEventFilter(this); }
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    if (watched != qApp || event->type() != QEvent::Quit) return false;
+    backend_.Dispatch([this] { backend_.GetToolkit().AskToEnd(); });
+    return true;
+  }
+
+ private:
+  QtBackend& backend_;
+};
+
+// The next session begins with this program as it began by itself, without what the toolkit would add.
+void TellHowToRestart(QSessionManager& session) {
+  session.setRestartCommand({QCoreApplication::applicationFilePath()});
+}
+
 }  // namespace
 
 struct QtPlatform::Parts {
-  Parts(int& argc, char** argv) : application(argc, argv) { InstallLook(); }
+  Parts(int& argc, char** argv) : application(argc, argv) {
+    InstallLook();
+    QObject::connect(&application, &QGuiApplication::saveStateRequest, &application, TellHowToRestart);
+  }
 
   QApplication application;
   QtBackend backend;
@@ -45,6 +69,7 @@ struct QtPlatform::Parts {
   QtClipboard clipboard;
   QtShipped shipped{backend.Art()};
   QtPosting posting{backend};
+  QuitRequests quitRequests{backend};
 };
 
 QtPlatform::QtPlatform(int& argc, char** argv)
@@ -76,7 +101,16 @@ int QtPlatform::Run(const std::function<void()>& startUp) {
 void QtPlatform::OnReadable(int descriptor, std::function<void()> function) {
   if (descriptor < 0) return;
   auto* const notifier = new QSocketNotifier(descriptor, QSocketNotifier::Read, &parts_->application);
-  QObject::connect(notifier, &QSocketNotifier::activated, notifier, [run = std::move(function)] { run(); });
+  QObject::connect(notifier, &QSocketNotifier::activated, notifier,
+                   [this, run = std::move(function)] { parts_->backend.Dispatch(run); });
+}
+
+void QtPlatform::OnSessionSaves(std::function<void()> function) {
+  QObject::connect(&parts_->application, &QGuiApplication::commitDataRequest, &parts_->application,
+                   [this, save = std::move(function)](QSessionManager& session) {
+                     TellHowToRestart(session);
+                     parts_->backend.Dispatch(save);
+                   });
 }
 
 void QtPlatform::ComeToFront() {

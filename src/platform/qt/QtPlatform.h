@@ -41,8 +41,10 @@ class QtPlatform {
   // is shown in a box, and the program goes on; after a start-up that has shown no window it ends.
   int Run(const std::function<void()>& startUp);
   // Runs the function in the loop whenever the host's descriptor can be read; it must then read it. A descriptor below
-  // 0 never can.
+  // 0 never can. An error is shown as in Run.
   void OnReadable(int descriptor, std::function<void()> function);
+  // Called when the desktop saves its session. Its end is Toolkit::AskToEnd, after that or without it.
+  void OnSessionSaves(std::function<void()> function);
   // Shows the windows in front of those of other programs, as their user does by the task bar.
   void ComeToFront();
   // From here on another program's window on the X server is the only screen: forms that cover the screen lie in it,
