@@ -211,8 +211,12 @@ void SelectInStrip(MainForm& main) {
     Refuse(main);
     return;
   }
+  SelectSlotInStrip(main, slot);
+}
+
+void SelectSlotInStrip(MainForm& main, int slot) {
   ClickSlot(main, slot);
-  if (strip.SrcBackground.IsLoaded(slot)) BringSlotBack(strip, slot);
+  if (main.strip.SrcBackground.IsLoaded(slot)) BringSlotBack(main.strip, slot);
 }
 
 void SelectInOpenFolder(MainForm& main) {

@@ -11,5 +11,7 @@ bool MoveSelection(MainForm& main, int keyCode);
 // where there is none. As with every selection by key, full size follows where it is shown.
 void SelectInStrip(MainForm& main);
 void SelectInOpenFolder(MainForm& main);
+// As a click on that slot, from 1, which is brought into view.
+void SelectSlotInStrip(MainForm& main, int slot);
 
 }  // namespace pixorra

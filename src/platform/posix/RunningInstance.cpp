@@ -1,16 +1,19 @@
 #include "platform/posix/RunningInstance.h"
 
 #include <algorithm>
+#include <array>
 #include <cerrno>
 #include <cstring>
 #include <ctime>
 #include <fcntl.h>
+#include <optional>
 #include <poll.h>
 #include <sys/file.h>
 #include <sys/socket.h>
 #include <sys/stat.h>
 #include <sys/un.h>
 #include <unistd.h>
+#include <utility>
 
 #include "platform/posix/SmallFiles.h"
 
@@ -24,11 +27,18 @@ constexpr mode_t OwnersOnly = 0600;
 constexpr int MostWaiting = 8;
 // Between two tries to reach a first start that is not ready yet, milliseconds.
 constexpr int Pause = 20;
+// A caller sends its message at once; the program stands still meanwhile.
+constexpr double SecondsForMessage = 0.25;
 
 double Now() {
   timespec now{};
   clock_gettime(CLOCK_MONOTONIC, &now);
   return static_cast<double>(now.tv_sec) + static_cast<double>(now.tv_nsec) * 1e-9;
+}
+
+// Until that moment, for poll().
+int Milliseconds(double until) {
+  return std::max(0, static_cast<int>((until - Now()) * 1000));
 }
 
 // By the folder's descriptor, as an address has room for about a hundred bytes of path only.
@@ -57,20 +67,62 @@ UniqueFd Listen(const UniqueFd& folder) {
 
 enum class Answer { Taken, Ended, None };
 
+// All of it, or none.
+bool Send(const UniqueFd& call, const std::string& message, double until) {
+  std::size_t sent = 0;
+  while (sent < message.size()) {
+    const ssize_t went = send(call.Get(), message.data() + sent, message.size() - sent, MSG_NOSIGNAL);
+    if (went > 0) {
+      sent += static_cast<std::size_t>(went);
+    } else if (errno != EINTR) {
+      pollfd wait{call.Get(), POLLOUT, 0};
+      if (errno != EAGAIN || poll(&wait, 1, Milliseconds(until)) <= 0) return false;
+    }
+  }
+  return shutdown(call.Get(), SHUT_WR) == 0;
+}
+
+// Up to its end; nothing where that does not come in time or the message is too long.
+std::optional<std::string> Receive(const UniqueFd& call) {
+  const double until = Now() + SecondsForMessage;
+  std::string message;
+  std::array<char, 4096> bytes{};
+  while (message.size() <= RunningInstance::MostBytes) {
+    const ssize_t came = recv(call.Get(), bytes.data(), bytes.size(), MSG_DONTWAIT);
+    if (came == 0) return message;
+    if (came > 0) {
+      message.append(bytes.data(), static_cast<std::size_t>(came));
+    } else if (errno != EINTR) {
+      pollfd wait{call.Get(), POLLIN, 0};
+      if (errno != EAGAIN || poll(&wait, 1, Milliseconds(until)) <= 0) return std::nullopt;
+    }
+  }
+  return std::nullopt;
+}
+
+// The socket's own permissions keep others away where its file system has any.
+bool IsOwnUser(const UniqueFd& call) {
+  ucred peer{};
+  socklen_t size = sizeof peer;
+  return getsockopt(call.Get(), SOL_SOCKET, SO_PEERCRED, &peer, &size) == 0 && peer.uid == geteuid();
+}
+
 // The first start answers with a byte when it has taken the call. A connection that ends without one was never taken.
 Answer WaitForAnswer(const UniqueFd& call, double until) {
   pollfd wait{call.Get(), POLLIN, 0};
-  if (poll(&wait, 1, std::max(0, static_cast<int>((until - Now()) * 1000))) <= 0) return Answer::None;
+  if (poll(&wait, 1, Milliseconds(until)) <= 0) return Answer::None;
   char byte = 0;
   return recv(call.Get(), &byte, 1, 0) == 1 ? Answer::Taken : Answer::Ended;
 }
 
-Answer Call(const UniqueFd& folder, double until) {
+Answer Call(const UniqueFd& folder, const std::string& message, double until) {
   const sockaddr_un address = AddressIn(folder);
   // A full queue of calls refuses at once, and does not keep this one waiting without an end.
   const UniqueFd call = NewSocket(SOCK_NONBLOCK);
-  if (call && connect(call.Get(), reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0)
-    return WaitForAnswer(call, until);
+  if (call && connect(call.Get(), reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0) {
+    if (Send(call, message, until)) return WaitForAnswer(call, until);
+    return errno == EPIPE || errno == ECONNRESET ? Answer::Ended : Answer::None;
+  }
   return errno == ECONNREFUSED || errno == ENOENT ? Answer::Ended : Answer::None;
 }
 
@@ -95,10 +147,10 @@ bool RunningInstance::TakeLock() {
   return true;
 }
 
-RunningInstance::Outcome RunningInstance::CallFirst(double seconds) {
+RunningInstance::Outcome RunningInstance::CallFirst(double seconds, const std::string& message) {
   const double until = Now() + seconds;
   do {
-    const Answer answer = Call(folder_, until);
+    const Answer answer = Call(folder_, message, until);
     if (answer == Answer::Taken) return Outcome::Taken;
     // Nobody listens: the first start is not ready yet, or is about to end, and then its lock is free.
     if (answer == Answer::Ended && TakeLock()) {
@@ -110,16 +162,18 @@ RunningInstance::Outcome RunningInstance::CallFirst(double seconds) {
   return Outcome::Unanswered;
 }
 
-bool RunningInstance::TakeCalls() const {
-  bool any = false;
+std::vector<std::string> RunningInstance::TakeCalls() const {
+  std::vector<std::string> messages;
   for (;;) {
     const UniqueFd call(accept4(calls_.Get(), nullptr, nullptr, SOCK_CLOEXEC));
     if (call) {
-      any = true;
+      std::optional<std::string> message = IsOwnUser(call) ? Receive(call) : std::nullopt;
+      if (!message) continue;
+      messages.push_back(std::move(*message));
       const char answer = 1;
       static_cast<void>(send(call.Get(), &answer, 1, MSG_NOSIGNAL));
     } else if (errno != EINTR && errno != ECONNABORTED) {
-      return any;
+      return messages;
     }
   }
 }

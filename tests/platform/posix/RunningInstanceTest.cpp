@@ -1,13 +1,19 @@
 // The lock of the first start, and the call of a later one. Locks are of open files, so two of them meet in one process
 // as they do in two.
-#include <gtest/gtest.h>
+#include <atomic>
+#include <chrono>
+#include <fcntl.h>
+#include <gmock/gmock.h>
 #include <memory>
 #include <poll.h>
 #include <string>
+#include <sys/socket.h>
 #include <sys/stat.h>
+#include <sys/un.h>
 #include <sys/wait.h>
 #include <thread>
 #include <unistd.h>
+#include <vector>
 
 #include "platform/posix/RunningInstance.h"
 #include "tests/support/TemporaryDrive.h"
@@ -15,9 +21,18 @@
 namespace pixorra {
 namespace {
 
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
 class RunningInstanceTest : public ::testing::Test {
  protected:
   std::string Host(const std::string& path) const { return drive.HostPath(path); }
+  // The messages of the next calls, when there are some.
+  static std::vector<std::string> AwaitCalls(const RunningInstance& first) {
+    pollfd wait{first.Calls(), POLLIN, 0};
+    EXPECT_EQ(poll(&wait, 1, 20000), 1);
+    return first.TakeCalls();
+  }
 
   TemporaryDrive drive;
 };
@@ -54,16 +69,60 @@ TEST_F(RunningInstanceTest, TheLockDiesWithItsHolder) {
 
 TEST_F(RunningInstanceTest, ALaterStartIsHeardByTheFirst) {
   const RunningInstance first(Host("C:\\config"));
-  EXPECT_FALSE(first.TakeCalls());
+  EXPECT_THAT(first.TakeCalls(), IsEmpty());
   RunningInstance later(Host("C:\\config"));
   auto outcome = RunningInstance::Outcome::Unanswered;
   std::thread caller([&] { outcome = later.CallFirst(20); });
-  pollfd wait{first.Calls(), POLLIN, 0};
-  EXPECT_EQ(poll(&wait, 1, 20000), 1);
-  EXPECT_TRUE(first.TakeCalls());
+  EXPECT_THAT(AwaitCalls(first), ElementsAre(""));
   caller.join();
   EXPECT_EQ(outcome, RunningInstance::Outcome::Taken);
-  EXPECT_FALSE(first.TakeCalls());
+  EXPECT_THAT(first.TakeCalls(), IsEmpty());
+}
+
+TEST_F(RunningInstanceTest, ItsMessageIsHeardByteForByte) {
+  const RunningInstance first(Host("C:\\config"));
+  RunningInstance later(Host("C:\\config"));
+  const std::string message("/home/anna/My photos\0\n\xFF\xC3\xA4", 25);
+  auto outcome = RunningInstance::Outcome::Unanswered;
+  std::thread caller([&] { outcome = later.CallFirst(20, message); });
+  EXPECT_THAT(AwaitCalls(first), ElementsAre(message));
+  caller.join();
+  EXPECT_EQ(outcome, RunningInstance::Outcome::Taken);
+}
+
+TEST_F(RunningInstanceTest, ALongMessageIsTakenAndATooLongOneIsNot) {
+  const RunningInstance first(Host("C:\\config"));
+  RunningInstance later(Host("C:\\config"));
+  const std::string longest(RunningInstance::MostBytes, 'x');
+  auto outcome = RunningInstance::Outcome::Unanswered;
+  std::thread caller([&] { outcome = later.CallFirst(20, longest); });
+  EXPECT_THAT(AwaitCalls(first), ElementsAre(longest));
+  caller.join();
+  EXPECT_EQ(outcome, RunningInstance::Outcome::Taken);
+  std::atomic<bool> over = false;
+  std::thread secondCaller([&] {
+    outcome = later.CallFirst(0.2, longest + 'x');
+    over = true;
+  });
+  while (!over) EXPECT_THAT(first.TakeCalls(), IsEmpty());
+  secondCaller.join();
+  EXPECT_EQ(outcome, RunningInstance::Outcome::Unanswered);
+}
+
+TEST_F(RunningInstanceTest, ACallerThatSaysNothingHoldsNothingUp) {
+  const RunningInstance first(Host("C:\\config"));
+  sockaddr_un address{};
+  address.sun_family = AF_UNIX;
+  const int folder = open(Host("C:\\config").c_str(), O_PATH | O_DIRECTORY);
+  const std::string path = "/proc/self/fd/" + std::to_string(folder) + "/running";
+  path.copy(address.sun_path, sizeof address.sun_path - 1);
+  const int silent = socket(AF_UNIX, SOCK_STREAM, 0);
+  ASSERT_EQ(connect(silent, reinterpret_cast<const sockaddr*>(&address), sizeof address), 0);
+  const auto begin = std::chrono::steady_clock::now();
+  EXPECT_THAT(first.TakeCalls(), IsEmpty());
+  EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(5));
+  close(silent);
+  close(folder);
 }
 
 TEST_F(RunningInstanceTest, AFirstStartThatDoesNotAnswerIsGivenUp) {

@@ -16,8 +16,9 @@ end_program() {
 }
 trap end_program EXIT
 
+# start_program ARGUMENT...
 start_program() {
-  "$PIXORRA" &
+  "$PIXORRA" "$@" &
   program_id=$!
 }
 

@@ -1,0 +1,139 @@
+#include "app/GivenPath.h"
+
+#include <utility>
+#include <vector>
+
+#include "app/SelectionKeys.h"
+#include "base/PictureTypes.h"
+#include "base/Routines.h"
+#include "browse/FindFolder.h"
+#include "browse/FolderChoices.h"
+#include "desktop/FolderRename.h"
+#include "filmstrip/Listing.h"
+#include "platform/controls/Toolkit.h"
+#include "platform/runtime/AtExit.h"
+#include "platform/runtime/Errors.h"
+#include "platform/runtime/Text.h"
+#include "platform/services/Dialogs.h"
+#include "platform/services/Files.h"
+#include "preview/PreviewPane.h"
+#include "window/DropState.h"
+#include "window/FilmStripState.h"
+#include "window/MainForm.h"
+#include "window/PreviewState.h"
+
+namespace pixorra {
+
+namespace {
+
+constexpr int Interval = 50;  // milliseconds
+
+void Refuse(MainForm& main, const std::string& path, const std::string& reason) {
+  main.host.dialogs.MsgBox(main.host.files.ShownPath(path) + "\n" + reason, BoxIcon::Exclamation, BoxButtons::Ok,
+                           "WARNING: Unable to Select Film Strip");
+}
+
+// A dialog is up, photos are dropped, or the program is about to end.
+bool IsBusy(const MainForm& main) {
+  const Toolkit& toolkit = main.host.toolkit;
+  return !toolkit.TakesInput(main.Window) || toolkit.EndAsked() || toolkit.Drag().Source != nullptr ||
+         main.drop.DropAllRunning;
+}
+
+bool IsFilmStrip(const FilmStripState& strip, const std::string& folder) {
+  return !strip.NoFilmStrip && strip.SrcFileList.Path() == folder;
+}
+
+bool IsReadable(Files& files, const std::string& folder) {
+  return ErrorsIgnored([&] { files.CompleteNames(folder, AllPictures, 0); }) == error::None;
+}
+
+// As the list has it, by that spelling before any other; empty where it has no such photo.
+std::string InList(const FileListBox& list, const std::string& name) {
+  std::string found;
+  for (int i = 0; i < list.ListCount(); ++i) {
+    if (list.List(i) == name) return list.FullPath(i);
+    if (found.empty() && EqualIgnoringCase(list.List(i), name)) found = list.FullPath(i);
+  }
+  return found;
+}
+
+}  // namespace
+
+GivenPath::GivenPath(MainForm& main) : main_(main), timer_(main.Window, "GivenPathTimer", Interval) {
+  timer_.SetEnabled(false);
+  Connect(timer_.On().Timer, [this](Control&) { Tick(); });
+}
+
+void GivenPath::Give(const std::string& path) {
+  path_ = path;
+  photo_.clear();
+  timer_.SetEnabled(true);
+}
+
+void GivenPath::Tick() {
+  if (taking_ || IsBusy(main_)) return;
+  taking_ = true;
+  const AtExit taken([this] {
+    taking_ = false;
+    if (main_.host.toolkit.Ended()) return;
+    timer_.SetEnabled(!IsDone());
+  });
+  if (!path_.empty()) {
+    Take(main_.host.files.ProgramPath(std::exchange(path_, {})));
+  } else if (!photo_.empty()) {
+    SelectWhenLoaded();
+  }
+}
+
+void GivenPath::Take(const std::string& path) {
+  EndFolderRename(main_);
+  const std::string trimmed = StripTrailingBackslash(path);
+  const auto found = FindFolders(main_.host, {path, IsRootPath(path) ? path : ParentPathOf(trimmed)});
+  if (main_.host.toolkit.Ended()) return;
+  // The look has let events run. What has been given since is taken instead.
+  if (IsBusy(main_) || !path_.empty()) {
+    if (path_.empty()) path_ = path;
+    return;
+  }
+  const bool isPhoto = !found[0] && found[1] && main_.host.files.FileExists(trimmed);
+  if (!found[0] && !isPhoto) return Refuse(main_, path, "cannot be found or opened.");
+  if (isPhoto && !MatchesPattern(FileNameOf(trimmed), AllPictures))
+    return Refuse(main_, path, "is not a photo that Pixorra can show.");
+  const std::string folder = isPhoto ? *found[1] : *found[0];
+  if (!IsReadable(main_.host.files, folder)) return Refuse(main_, folder, "cannot be read.");
+  // Another photo of the film strip needs no question.
+  const bool isHere = isPhoto && IsFilmStrip(main_.strip, folder);
+  if (!isHere && !(MaySelectFilmStrip(main_, folder) && SelectFilmStrip(main_, folder))) return;
+  if (isPhoto && !main_.host.toolkit.Ended()) SelectPhoto(folder, FileNameOf(trimmed));
+}
+
+// A photo whose type is not shown now is in no list.
+void GivenPath::SelectPhoto(const std::string& folder, const std::string& name) {
+  FilmStripState& strip = main_.strip;
+  if (!IsFilmStrip(strip, folder)) return;
+  if (InList(strip.SrcFileList, name).empty()) strip.SrcFileList.Refresh();
+  photo_ = InList(strip.SrcFileList, name);
+  folder_ = folder;
+  shown_ = false;
+}
+
+// The pane shows the photo at once; its thumbnail is loaded when the turn of it comes.
+void GivenPath::SelectWhenLoaded() {
+  FilmStripState& strip = main_.strip;
+  if (!IsFilmStrip(strip, folder_)) return photo_.clear();
+  if (strip.SrcLoadedPath != strip.SrcFileList.Path()) return;
+  // Somebody has selected another one meanwhile.
+  const std::string pane = main_.preview.PicPreview.Tag();
+  if (shown_ && !pane.empty() && pane != photo_) return photo_.clear();
+  const int slot = SlotOf(strip, photo_);
+  if (slot > 0) {
+    SelectSlotInStrip(main_, slot);
+    photo_.clear();
+  } else if (!shown_) {
+    shown_ = true;
+    PaintPicPreview(main_, std::string(photo_));
+  }
+}
+
+}  // namespace pixorra

@@ -1,0 +1,118 @@
+#include "app/StartOptions.h"
+
+#include <cstddef>
+#include <optional>
+#include <string_view>
+
+#include "platform/runtime/Text.h"
+
+namespace pixorra {
+
+namespace {
+
+constexpr std::string_view FileScheme = "file:";
+
+// Control characters would break the line, and drive a terminal.
+std::string Printable(std::string_view text) {
+  std::string shown(text);
+  for (char& c : shown) {
+    if (static_cast<unsigned char>(c) < ' ' || c == '\x7F') c = '?';
+  }
+  return shown;
+}
+
+StartOptions Misuse(const std::string& problem) {
+  return {.What = StartOptions::Wish::Misuse, .Problem = problem};
+}
+
+std::optional<int> HexDigit(char c) {
+  if (c >= '0' && c <= '9') return c - '0';
+  if (c >= 'a' && c <= 'f') return c - 'a' + 10;
+  if (c >= 'A' && c <= 'F') return c - 'A' + 10;
+  return std::nullopt;
+}
+
+// Nothing for a NUL and for what is no number after a percent sign.
+std::optional<std::string> WithoutPercents(std::string_view text) {
+  std::string plain;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    if (text[i] != '%') {
+      plain += text[i];
+      continue;
+    }
+    if (i + 2 >= text.size()) return std::nullopt;
+    const std::optional<int> high = HexDigit(text[i + 1]);
+    const std::optional<int> low = HexDigit(text[i + 2]);
+    if (!high || !low || *high + *low == 0) return std::nullopt;
+    plain += static_cast<char>(*high * 16 + *low);
+    i += 2;
+  }
+  return plain;
+}
+
+// file:///home/anna, file://localhost/home/anna and file:/home/anna. Nothing for another host's.
+std::optional<std::string> PathOfAddress(std::string_view address) {
+  address.remove_prefix(FileScheme.size());
+  if (address.starts_with("//")) {
+    address.remove_prefix(2);
+    constexpr std::string_view Here = "localhost";
+    if (EqualIgnoringCase(address.substr(0, Here.size()), Here)) address.remove_prefix(Here.size());
+  }
+  if (!address.starts_with('/')) return std::nullopt;
+  return WithoutPercents(address.substr(0, address.find_first_of("?#")));
+}
+
+// A drive's or a server's, in the program's own spelling.
+bool IsProgramPath(std::string_view path) {
+  return path.starts_with("\\\\") || (path.size() >= 2 && path[1] == ':' && (path.size() == 2 || path[2] == '\\'));
+}
+
+StartOptions StartWith(const std::string& argument, const std::string& workingFolder) {
+  if (argument.empty()) return Misuse("the folder has no name");
+  StartOptions options;
+  if (EqualIgnoringCase(std::string_view(argument).substr(0, FileScheme.size()), FileScheme)) {
+    const std::optional<std::string> path = PathOfAddress(argument);
+    if (!path) return Misuse("not an address of a file here: " + Printable(argument));
+    options.Path = *path;
+  } else if (argument.starts_with('/') || argument.find("://") != std::string::npos || IsProgramPath(argument)) {
+    options.Path = argument;
+  } else {
+    options.Path = workingFolder + (workingFolder.ends_with('/') ? "" : "/") + argument;
+  }
+  return options;
+}
+
+}  // namespace
+
+const char* const StartUsage =
+    "Usage: pixorra [FOLDER | PHOTO]\n"
+    "\n"
+    "Sorts the photos of a camera, or of any folder, into folders.\n"
+    "\n"
+    "  FOLDER      becomes the film strip\n"
+    "  PHOTO       its folder becomes the film strip, and the photo is selected\n"
+    "  --          what follows is a name, also where it begins with a dash\n"
+    "  --help      show this text\n"
+    "  --version   show the version\n"
+    "\n"
+    "Where Pixorra runs already, its window comes to the front and takes the folder.\n";
+
+StartOptions ReadStartOptions(const std::vector<std::string>& arguments, const std::string& workingFolder) {
+  std::optional<std::string> path;
+  bool named = false;  // after "--"
+  for (const std::string& argument : arguments) {
+    const bool isOption = !named && argument.size() > 1 && argument.starts_with('-');
+    if (isOption && argument == "--help") return {.What = StartOptions::Wish::Help};
+    if (isOption && argument == "--version") return {.What = StartOptions::Wish::Version};
+    if (isOption && argument == "--") {
+      named = true;
+      continue;
+    }
+    if (isOption) return Misuse("unknown option: " + Printable(argument));
+    if (path) return Misuse("more than one folder: " + Printable(argument));
+    path = argument;
+  }
+  return path ? StartWith(*path, workingFolder) : StartOptions{};
+}
+
+}  // namespace pixorra

@@ -1,0 +1,236 @@
+// A folder or a photo that the program was started with, or that a later start has handed over.
+#include <gtest/gtest.h>
+
+#include "app/GivenPath.h"
+#include "platform/runtime/Errors.h"
+#include "tests/support/TestPictures.h"
+#include "tests/support/headless/ProgramTest.h"
+#include "window/DropState.h"
+#include "window/PreferencesForm.h"
+#include "window/PreviewState.h"
+
+namespace pixorra {
+namespace {
+
+constexpr const char* CardFolder = "C:\\Home\\Card";
+constexpr const char* NotSelected = "WARNING: Unable to Select Film Strip";
+
+class GivenPathTest : public ProgramTest {
+ protected:
+  // So many photos, named p001.bmp and so on.
+  void MakeCard(int count) {
+    drive.MakeFolder(CardFolder);
+    for (int i = 1; i <= count; ++i) drive.Write(Photo(i), BmpPhoto(8, 8));
+  }
+  static std::string Photo(int number) {
+    const std::string digits = std::to_string(1000 + number).substr(1);
+    return std::string(CardFolder) + "\\p" + digits + ".bmp";
+  }
+  ProgramRun& StartedWith(const std::string& path) {
+    ProgramRun& run = NewRun();
+    given_ = std::make_unique<GivenPath>(run.main);
+    given_->Give(path);
+    run.Start();
+    run.Wait(0.3);
+    return run;
+  }
+  void Give(ProgramRun& run, const std::string& path) {
+    given_->Give(path);
+    run.Wait(0.3);
+  }
+  ~GivenPathTest() override { given_.reset(); }
+
+  std::unique_ptr<GivenPath> given_;
+};
+
+TEST_F(GivenPathTest, TheFolderOfTheStartBecomesTheFilmStrip) {
+  MakeCard(3);
+  ProgramRun& run = StartedWith(CardFolder);
+  run.LoadAll();
+  EXPECT_EQ(run.main.strip.SrcSlotCount, 3);
+  EXPECT_EQ(run.main.strip.SrcFolderPath.Caption(), "Card");
+  EXPECT_EQ(run.main.strip.PreviousList.List(0), CardFolder);
+  EXPECT_TRUE(given_->IsDone());
+}
+
+TEST_F(GivenPathTest, AFinalBackslashAndOtherLettersCaseLeadToTheSameFolder) {
+  MakeCard(1);
+  ProgramRun& run = StartedWith("C:\\HOME\\card\\");
+  EXPECT_EQ(run.main.strip.SrcFileList.Path(), CardFolder);
+}
+
+TEST_F(GivenPathTest, ItIsTakenInsteadOfTheStripOfTheRunBefore) {
+  MakeCard(2);
+  drive.Write("C:\\Strip\\a.bmp", BmpPhoto(8, 8));
+  WriteSavedState(StateLines("C:\\Strip", {}));
+  ProgramRun& run = StartedWith(CardFolder);
+  EXPECT_EQ(run.main.strip.SrcFileList.Path(), CardFolder);
+}
+
+TEST_F(GivenPathTest, ItIsAskedAboutAsInTheBrowser) {
+  MakeCard(2);
+  WriteSavedState(StateLines(CardFolder, {}));
+  ProgramRun& run = NewRun();
+  given_ = std::make_unique<GivenPath>(run.main);
+  given_->Give(CardFolder);
+  run.person.ExpectBox("The Film Strip has not changed", "Do you want to refresh the Film Strip?", BoxAnswer::No);
+  run.Start();
+  run.Wait(0.3);
+  EXPECT_TRUE(given_->IsDone());
+}
+
+TEST_F(GivenPathTest, AFolderOfTheDesktopIsMovedUpOnlyWhenThatIsWanted) {
+  MakeCard(2);
+  WriteSavedState(StateLines("", {CardFolder}));
+  ProgramRun& run = NewRun();
+  given_ = std::make_unique<GivenPath>(run.main);
+  given_->Give(Photo(1));
+  run.person.ExpectBox("Already Selected as a Folder [Card]", "move the folder up", BoxAnswer::No);
+  run.Start();
+  run.Wait(0.5);
+  EXPECT_TRUE(run.main.strip.NoFilmStrip);
+  EXPECT_EQ(run.main.desk.FoldersShown, 1);
+  EXPECT_EQ(run.main.preview.PicPreview.Tag(), "");
+}
+
+TEST_F(GivenPathTest, APhotosFolderIsTakenAndThePhotoSelectedAndScrolledTo) {
+  MakeCard(60);
+  ProgramRun& run = StartedWith(Photo(50));
+  EXPECT_EQ(run.main.strip.SrcFileList.Path(), CardFolder);
+  // The pane does not wait for the thumbnails before it.
+  EXPECT_LT(run.main.strip.SrcSlotCount, 50);
+  EXPECT_EQ(run.main.preview.PicPreview.Tag(), Photo(50));
+  run.LoadAll();
+  run.Wait(0.2);
+  const FilmStripState& strip = run.main.strip;
+  EXPECT_TRUE(strip.SrcThumbFrame.Visible());
+  ASSERT_EQ(PhotoOf(strip, SelectedSlot(strip)), Photo(50));
+  const int left = strip.SrcBackground(SelectedSlot(strip)).Left() + strip.SrcCanvas.Left();
+  EXPECT_GE(left, 0);
+  EXPECT_LT(left, strip.SrcThumbsWindow.Width());
+  EXPECT_TRUE(given_->IsDone());
+}
+
+TEST_F(GivenPathTest, WhoSelectsAnotherPhotoMeanwhileKeepsIt) {
+  MakeCard(60);
+  ProgramRun& run = StartedWith(Photo(50));
+  ASSERT_GT(run.main.strip.SrcSlotCount, 0);
+  run.person.Click(run.main.strip.SrcThumbnail(1));
+  run.LoadAll();
+  run.Wait(0.2);
+  EXPECT_EQ(SelectedSlot(run.main.strip), 1);
+  EXPECT_EQ(run.main.preview.PicPreview.Tag(), Photo(1));
+  EXPECT_TRUE(given_->IsDone());
+}
+
+TEST_F(GivenPathTest, AnotherPhotoOfTheStripIsSelectedWithoutAQuestion) {
+  MakeCard(5);
+  ProgramRun& run = StartedWith(Photo(2));
+  run.LoadAll();
+  Give(run, Photo(4));
+  EXPECT_EQ(run.main.preview.PicPreview.Tag(), Photo(4));
+  EXPECT_EQ(SelectedSlot(run.main.strip), 4);
+  // One that has come since.
+  drive.Write(Photo(6), BmpPhoto(8, 8));
+  Give(run, Photo(6));
+  run.LoadAll();
+  run.Wait(0.2);
+  EXPECT_EQ(run.main.preview.PicPreview.Tag(), Photo(6));
+}
+
+TEST_F(GivenPathTest, APhotoOfATypeThatIsNotShownIsNotSelectedButItsFolderIsTaken) {
+  MakeCard(2);
+  SavedState saved;
+  saved.Bitmap = false;
+  WriteSavedState(saved);
+  ProgramRun& run = StartedWith(Photo(2));
+  EXPECT_EQ(run.main.strip.SrcFileList.Path(), CardFolder);
+  EXPECT_EQ(run.main.preview.PicPreview.Tag(), "");
+  EXPECT_TRUE(given_->IsDone());
+}
+
+TEST_F(GivenPathTest, WhatIsNotThereIsToldAndTheProgramGoesOn) {
+  ProgramRun& run = NewRun();
+  given_ = std::make_unique<GivenPath>(run.main);
+  given_->Give("C:\\Home\\Nowhere");
+  run.person.ExpectBox(NotSelected, "C:\\Home\\Nowhere\ncannot be found or opened.");
+  run.Start();
+  run.Wait(0.3);
+  EXPECT_TRUE(run.main.strip.NoFilmStrip);
+  for (const char* path : {"C:\\", "no path", "Q:\\DCIM", "C:\\Home\\Nowhere\\a.jpg"}) {
+    if (std::string(path) == "C:\\") continue;
+    run.person.ExpectBox(NotSelected, "cannot be found or opened.");
+    Give(run, path);
+  }
+  EXPECT_TRUE(run.main.Window.Visible());
+}
+
+TEST_F(GivenPathTest, AFileThatIsNoPhotoIsTold) {
+  MakeCard(1);
+  drive.Write("C:\\Home\\Card\\notes.txt", "notes");
+  ProgramRun& run = StartedWith(CardFolder);
+  run.person.ExpectBox(NotSelected, "notes.txt\nis not a photo that Pixorra can show.");
+  Give(run, "C:\\Home\\Card\\notes.txt");
+}
+
+TEST_F(GivenPathTest, AFolderThatCannotBeReadIsTold) {
+  MakeCard(1);
+  ProgramRun& run = Started();
+  given_ = std::make_unique<GivenPath>(run.main);
+  run.files.FailAlways(FileCall::Names, error::PathAccess, "Card");
+  run.person.ExpectBox(NotSelected, "Card\ncannot be read.");
+  Give(run, CardFolder);
+  EXPECT_TRUE(run.main.strip.NoFilmStrip);
+}
+
+TEST_F(GivenPathTest, ANameThatIsNoTextIsTaken) {
+  const std::string name =
+      "C:\\Home\\\xEF\x9F\xBF"
+      "dd";  // the byte FF, as the program spells it
+  drive.Write(name + "\\a b.bmp", BmpPhoto(8, 8));
+  ProgramRun& run = StartedWith(name + "\\a b.bmp");
+  EXPECT_EQ(run.main.strip.SrcFileList.Path(), name);
+  EXPECT_EQ(run.main.preview.PicPreview.Tag(), name + "\\a b.bmp");
+}
+
+TEST_F(GivenPathTest, WhileADialogIsUpItWaitsAndTheLastOneIsTaken) {
+  MakeCard(2);
+  drive.Write("C:\\Strip\\a.bmp", BmpPhoto(8, 8));
+  ProgramRun& run = StartedWith("C:\\Strip");
+  run.person.ExpectBox("Title", "Text", BoxAnswer::Ok, [&] {
+    Give(run, "C:\\Home");
+    Give(run, CardFolder);
+    run.Wait(2);
+    EXPECT_EQ(run.main.strip.SrcFileList.Path(), "C:\\Strip");
+    EXPECT_FALSE(given_->IsDone());
+  });
+  run.platform.dialogs.MsgBox("Text", BoxIcon::Information, BoxButtons::Ok, "Title");
+  run.Wait(0.3);
+  EXPECT_EQ(run.main.strip.SrcFileList.Path(), CardFolder);
+}
+
+TEST_F(GivenPathTest, WhilePhotosAreDroppedItWaits) {
+  MakeCard(2);
+  ProgramRun& run = Started();
+  given_ = std::make_unique<GivenPath>(run.main);
+  run.main.drop.DropAllRunning = true;
+  Give(run, CardFolder);
+  EXPECT_TRUE(run.main.strip.NoFilmStrip);
+  run.main.drop.DropAllRunning = false;
+  run.Wait(0.3);
+  EXPECT_EQ(run.main.strip.SrcFileList.Path(), CardFolder);
+}
+
+TEST_F(GivenPathTest, AnEndThatIsAskedForMeanwhileTakesNothingMore) {
+  MakeCard(2);
+  ProgramRun& run = Started();
+  given_ = std::make_unique<GivenPath>(run.main);
+  given_->Give(CardFolder);
+  run.platform.toolkit.AskToEnd();
+  run.Wait(1);
+  EXPECT_TRUE(run.platform.toolkit.Ended());
+  EXPECT_EQ(drive.Read("C:\\Windows\\Pixorra.sav").find("Card"), std::string::npos);
+}
+
+}  // namespace
+}  // namespace pixorra
