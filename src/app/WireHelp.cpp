@@ -3,6 +3,7 @@
 #include "desktop/FolderRename.h"
 #include "utility/CompanyName.h"
 #include "utility/HelpPages.h"
+#include "utility/Manual.h"
 #include "utility/ViewReadmeForm.h"
 #include "utility/frmAbout.h"
 #include "window/CoreState.h"
@@ -30,6 +31,7 @@ void ConnectHelp(MainForm& main) {
       {menu.HelpMenuItem_SlideShow, HelpTopic::SlideShow},
   };
   for (const auto& [item, topic] : topics) Connect(item, [&main, topic = topic] { ShowHelp(main, topic); });
+  Connect(menu.ManualMenuItem, EndingRename(main, [&main] { ManualMenuItem_Click(main); }));
   Connect(menu.ViewReadmeMenuItem, EndingRename(main, [&main] { ViewReadmeMenuItem_Click(main); }));
   Connect(menu.VisitKestreliaMenuItem, EndingRename(main, [&main] { VisitKestreliaMenuItem_Click(main); }));
   Connect(menu.HelpMenu, [&main] { HelpMenu_Click(main); });

@@ -29,7 +29,7 @@ constexpr int BarHeight = 12;
 constexpr double MeasuredSeconds = 0.2;
 
 constexpr const char* LegalLines =
-    "Made by Kestrelia Corp. This copy comes without a licence text of its own: all rights are reserved.\n\n"
+    "Made by Kestrelia Corp, and free software: its MIT licence lets anybody use, change and pass it on.\n\n"
     "It uses Qt (GNU LGPL 3), GLib (GNU LGPL 2.1 or later) and libjpeg-turbo (IJG and BSD licences). "
     "This software is based in part on the work of the Independent JPEG Group.";
 

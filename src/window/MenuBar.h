@@ -100,6 +100,7 @@ class MenuBar {
   MenuItem HelpMenuItem_Delete{TipsMenuItem, "HelpMenuItem_Delete", "Deleting"};
   MenuItem HelpMenuItem_Printing{TipsMenuItem, "HelpMenuItem_Printing", "Printing"};
   MenuItem HelpMenuItem_SlideShow{TipsMenuItem, "HelpMenuItem_SlideShow", "Slide Show"};
+  MenuItem ManualMenuItem{HelpMenu, "ManualMenuItem", "Manual"};
   MenuItem ViewReadmeMenuItem{HelpMenu, "ViewReadmeMenuItem", "Read Me"};
   MenuItem VisitKestreliaMenuItem{HelpMenu, "VisitKestreliaMenuItem", "Visit Kestrelia"};
   MenuItem Separator9{HelpMenu, "Separator9", "-"};

@@ -67,6 +67,7 @@ constexpr const char* UsableItems[] = {
     "HelpMenuItem_Delete",
     "HelpMenuItem_Printing",
     "HelpMenuItem_SlideShow",
+    "ManualMenuItem",
     "ViewReadmeMenuItem",
     "AboutMenuItem",
     "OpenFolderPopupItem",

@@ -124,6 +124,7 @@ std::vector<Line> SlideShowAndHelpMenus() {
       {2, "HelpMenuItem_Delete", "Deleting", ""},
       {2, "HelpMenuItem_Printing", "Printing", ""},
       {2, "HelpMenuItem_SlideShow", "Slide Show", ""},
+      {1, "ManualMenuItem", "Manual", ""},
       {1, "ViewReadmeMenuItem", "Read Me", ""},
       {1, "VisitKestreliaMenuItem", "Visit Kestrelia", ""},
       Separator(1),

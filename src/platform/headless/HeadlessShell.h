@@ -29,6 +29,8 @@ class HeadlessShell : public Shell {
   void AddInstalled(const std::string& name) { installed_.insert(name); }
   // The programs that were offered, by their paths.
   const std::map<std::string, std::string>& AllOffered() const { return offered_; }
+  // The manual's first page; there is none at first.
+  void SetManual(const std::string& path) { manual_ = path; }
   // Whether the desktop has windows for the screen saver and for the machine; it has none at first.
   void SetHasOwnWindows(bool has) { hasOwnWindows_ = has; }
   const std::vector<Opened>& AllOpened() const { return opened_; }
@@ -41,6 +43,7 @@ class HeadlessShell : public Shell {
   void Open(const std::string& target, const std::string& workingFolder) override;
   void Run(const std::string& command) override;
   void OfferProgram(const std::string& path, const std::string& name) override;
+  std::string FindManual() override { return manual_; }
   bool OpenScreenSaverSettings() override;
   bool OpenSystemInformation() override;
 
@@ -53,6 +56,7 @@ class HeadlessShell : public Shell {
   std::vector<Opened> opened_;
   std::vector<std::string> run_;
   std::string missing_;
+  std::string manual_;
   std::set<std::string> installed_;
   std::map<std::string, std::string> offered_;
   bool hasOwnWindows_ = false;

@@ -3,6 +3,7 @@
 #include <array>
 #include <cerrno>
 #include <cstdio>
+#include <filesystem>
 #include <sys/stat.h>
 #include <unistd.h>
 #include <utility>
@@ -131,6 +132,16 @@ void PosixShell::OfferProgram(const std::string& path, const std::string& name) 
   unlink(mended.c_str());
   if (symlink(program.c_str(), mended.c_str()) == 0 && rename(mended.c_str(), link.c_str()) != 0)
     unlink(mended.c_str());
+}
+
+std::string PosixShell::FindManual() {
+  if (ownFolder_.empty()) return {};
+  for (const char* place : {"/../share/doc/pixorra/manual/index.html", "/docs/manual/index.html"}) {
+    const std::string page = std::filesystem::path(ownFolder_ + place).lexically_normal();
+    const std::string path = mapping_->Current().ToProgram(page).value_or("");
+    if (!path.empty() && files_.FileExists(path)) return path;
+  }
+  return {};
 }
 
 bool PosixShell::OpenScreenSaverSettings() {

@@ -27,6 +27,8 @@ class PosixShell : public Shell {
   void Run(const std::string& command) override;
   // A symbolic link. A program that is not in its folder is looked for in the search path.
   void OfferProgram(const std::string& path, const std::string& name) override;
+  // Below "../share/doc" from the program's folder, or "docs" in it, where a build leaves the manual.
+  std::string FindManual() override;
   bool OpenScreenSaverSettings() override;
   bool OpenSystemInformation() override;
 

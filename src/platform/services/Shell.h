@@ -34,6 +34,8 @@ class Shell {
   // the name already stays, except a link that leads to no program any more. Raises nothing, whether it succeeds or
   // not.
   virtual void OfferProgram(const std::string& path, const std::string& name) = 0;
+  // The first page of the manual that was installed with this program; empty where there is none.
+  virtual std::string FindManual() = 0;
   // Each opens the desktop's own window; false where the desktop has none that is known here.
   virtual bool OpenScreenSaverSettings() = 0;
   virtual bool OpenSystemInformation() = 0;

@@ -19,6 +19,12 @@ class HeadlessHost : public ContractHost {
 
   void AddProgram(const std::string& path) override { drive.Write(path, "a program"); }
   void AddInstalled(const std::string& name) override { shell_.AddInstalled(name); }
+  std::string AddManual() override {
+    const std::string page = "C:\\manual\\index.html";
+    drive.Write(page, "pages");
+    shell_.SetManual(page);
+    return page;
+  }
   void RegisterViewer(const std::string& ending) override {
     shell_.RegisterProgram(ending, "C:\\bin\\viewer",
                            {.FileDescription = "Views",

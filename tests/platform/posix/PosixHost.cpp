@@ -33,6 +33,11 @@ class PosixHost : public ContractHost {
     drive.SetMode(path, 0755);
   }
   void AddInstalled(const std::string& name) override { AddProgram("C:\\installed\\" + name); }
+  std::string AddManual() override {
+    const std::string page = "C:\\share\\doc\\pixorra\\manual\\index.html";
+    drive.Write(page, "pages");
+    return page;
+  }
   void RegisterViewer(const std::string& ending) override {
     AddStarter("viewer", "viewer", "Comment=Views\n");
     drive.Write("C:\\share\\mime\\globs2", "50:image/tried:*" + ending + "\n");

@@ -254,6 +254,23 @@ TEST_F(OnInstalledPrograms, AProgramThatIsNotInItsFolderIsTakenFromTheSearchPath
   EXPECT_EQ(Target(), drive_.HostPath("C:\\bin\\shown"));
 }
 
+TEST_F(OnInstalledPrograms, TheManualIsBelowTheSamePrefixAsTheProgramOrElseInItsBuild) {
+  const std::string built = "C:\\tree\\build\\docs\\manual\\index.html";
+  const std::string installed = "C:\\tree\\share\\doc\\pixorra\\manual\\index.html";
+  const auto found = [this](const std::string& ownFolder) {
+    return PosixShell(std::make_shared<FixedMapping>(PathMapping({{'C', drive_.HostRoot(), "Test"}})), ownFolder)
+        .FindManual();
+  };
+  drive_.MakeFolder("C:\\tree\\build");
+  const std::string ownFolder = drive_.HostPath("C:\\tree\\build");
+  EXPECT_EQ(found(ownFolder), "");
+  drive_.Write(built, "pages");
+  EXPECT_EQ(found(ownFolder), built);
+  drive_.Write(installed, "pages");
+  EXPECT_EQ(found(ownFolder), installed);
+  EXPECT_EQ(found(""), "");
+}
+
 TEST_F(OnPosixShell, ADesktopsWindowMadeForAnotherDesktopIsPassedOver) {
   AddStarter("hardinfo", "Exec=painter\nOnlyShowIn=XFCE;\n");
   session_["XDG_CURRENT_DESKTOP"] = "GNOME";

@@ -32,6 +32,8 @@ class ContractHost {
   virtual void AddProgram(const std::string& path) = 0;
   // Puts a program with this name among those that were installed with this one.
   virtual void AddInstalled(const std::string& name) = 0;
+  // Installs a manual with this program. Returns its first page.
+  virtual std::string AddManual() = 0;
   // Lets the program "C:\bin\viewer", which calls itself "The viewer" and "Views", open files that end so.
   virtual void RegisterViewer(const std::string& ending) = 0;
   virtual void AddOwnWindows() = 0;

@@ -118,6 +118,16 @@ TEST_F(ShellContract, AFileUnderTheNameOfWhatIsOfferedStays) {
   EXPECT_EQ(host->drive.Read("C:\\Windows\\My Show.scr"), "mine");
 }
 
+TEST_F(ShellContract, TheManualIsFoundWhereItIsInstalledAndOpensInTheProgramForItsType) {
+  host->WithShell([](Shell& shell) { EXPECT_EQ(shell.FindManual(), ""); });
+  const std::string page = host->AddManual();
+  host->RegisterViewer(".html");
+  host->WithShell([&page](Shell& shell) {
+    EXPECT_EQ(shell.FindManual(), page);
+    EXPECT_NE(shell.FindExecutable(page), "");
+  });
+}
+
 TEST_F(ShellContract, OpeningWhatIsNotThereRaisesNothing) {
   host->WithShell([](Shell& shell) {
     EXPECT_EQ(ErrorsIgnored([&] { shell.Open("C:\\missing.jpg", "C:\\nowhere"); }), error::None);
