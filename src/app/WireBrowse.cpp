@@ -48,7 +48,7 @@ void ConnectButtons(MainForm& main) {
     Connect(on->Click, EndingRename(main, [&main](Control&) { ShowFolder_Click(main); }));
 }
 
-void ConnectMenus(MainForm& main) {
+void ConnectBrowseMenus(MainForm& main) {
   MenuBar& menu = main.menu;
   const auto connect = [&main](MenuItem& item, auto operation) { Connect(item, EndingRename(main, operation)); };
   connect(menu.OpenFilmStripMenuItem, [&main] { Browse(main, BrowseMode::FilmStrip); });
@@ -76,7 +76,7 @@ void ConnectDrops(MainForm& main) {
 
 void ConnectBrowse(MainForm& main) {
   ConnectButtons(main);
-  ConnectMenus(main);
+  ConnectBrowseMenus(main);
   ConnectDrops(main);
 }
 

@@ -57,7 +57,7 @@ void ConnectRenameBox(MainForm& main) {
   }
 }
 
-void ConnectMenus(MainForm& main) {
+void ConnectFolderMenus(MainForm& main) {
   MenuBar& menu = main.menu;
   const auto connect = [&main](MenuItem& item, auto operation) { Connect(item, EndingRename(main, operation)); };
   connect(menu.HideFolderMenuItem, [&main] { HideFolder_Click(main); });
@@ -83,7 +83,7 @@ void ConnectDesktop(MainForm& main) {
   ConnectFolders(main);
   ConnectView(main);
   ConnectRenameBox(main);
-  ConnectMenus(main);
+  ConnectFolderMenus(main);
 }
 
 }  // namespace pixorra
