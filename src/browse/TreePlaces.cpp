@@ -14,10 +14,10 @@ namespace pixorra {
 
 namespace {
 
-constexpr int IconSize = 16;  // pixels
+constexpr int PlaceIconSize = 16;  // pixels
 
 Picture Icon(Host& host, const std::string& name) {
-  return Drawing(host, "desktop:" + name, IconSize, IconSize);
+  return Drawing(host, "desktop:" + name, PlaceIconSize, PlaceIconSize);
 }
 
 TreeEntry Entry(const std::string& key, const std::string& text, const Picture& icon) {

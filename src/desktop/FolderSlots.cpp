@@ -71,6 +71,13 @@ void ShowFolderCount(DesktopState& desk, int slot) {
   desk.DestPicsCount(slot).SetCaption(CountCaption(desk.DestFolderFiles(slot).ListCount()));
 }
 
+void RefreshLists(DesktopState& desk, int slot) {
+  ErrorsIgnored([&] {
+    desk.DestFolderFiles(slot).Refresh();
+    desk.DestFileList.RefreshAs(desk.DestFolderFiles(slot));
+  });
+}
+
 void ShowFolderName(DesktopState& desk, int slot, const std::string& caption) {
   Label& name = desk.DestFolderName(slot);
   name.SetCaption(caption);

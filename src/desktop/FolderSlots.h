@@ -18,6 +18,8 @@ void ArrangeFolderSlots(DesktopState& desk);
 void ShowFolderCount(DesktopState& desk, int slot);
 // A folder of the Desktop is shown in that slot, or the slot is the Trashcan's.
 bool IsSlotInUse(const DesktopState& desk, int slot);
+// Lists the folder of that slot anew, and the open folder as it. What cannot be read stays as it is.
+void RefreshLists(DesktopState& desk, int slot);
 // Writes the name of slots 1 to 8, centred below the icon.
 void ShowFolderName(DesktopState& desk, int slot, const std::string& caption);
 

@@ -21,7 +21,7 @@ bool IsNetworkPath(const std::string& path) {
   return path.starts_with("\\\\");
 }
 
-void Warn(MainForm& main, const std::string& title, const std::string& text) {
+void WarnWith(MainForm& main, const std::string& title, const std::string& text) {
   main.host.dialogs.MsgBox(text, BoxIcon::Exclamation, BoxButtons::Ok, title);
 }
 
@@ -81,10 +81,10 @@ int Display_a_New_Folder(MainForm& main, const std::string& path) {
   DesktopState& desk = main.desk;
   Files& files = main.host.files;
   if (!IsNetworkPath(path) && !files.FolderExists(StripTrailingBackslash(path))) {
-    Warn(main, "WARNING: Can't display the folder",
-         "Folder not found\n\n" + files.ShownPath(path) +
-             "\n\nThis folder may have been Moved, Renamed, or Deleted.\n"
-             "It may have been located on a removeable media such\nas a CD-ROM or your digital camera.");
+    WarnWith(main, "WARNING: Can't display the folder",
+             "Folder not found\n\n" + files.ShownPath(path) +
+                 "\n\nThis folder may have been Moved, Renamed, or Deleted.\n"
+                 "It may have been located on a removeable media such\nas a CD-ROM or your digital camera.");
     return 0;
   }
   if (const int shown = SlotShowing(desk, path)) {
@@ -93,14 +93,14 @@ int Display_a_New_Folder(MainForm& main, const std::string& path) {
     return shown;
   }
   if (desk.FoldersShown == FolderSlots) {
-    Warn(main, "WARNING: Unable to open folder",
-         "You already have ALL 8 folders on your desktop.\nPlease close one before trying again.");
+    WarnWith(main, "WARNING: Unable to open folder",
+             "You already have ALL 8 folders on your desktop.\nPlease close one before trying again.");
     return 0;
   }
   const int slot = FirstFreeSlot(desk);
   if (ErrorsIgnored([&] { FillSlot(main, slot, path); }) != error::None) {
-    Warn(main, std::string(ApplicationTitle) + " - Cannot Display Folder",
-         "?? Folder not found\n\n" + files.ShownPath(path));
+    WarnWith(main, std::string(ApplicationTitle) + " - Cannot Display Folder",
+             "?? Folder not found\n\n" + files.ShownPath(path));
     return 0;
   }
   return slot;

@@ -33,8 +33,6 @@ namespace {
 constexpr int CellsThatScroll = 8;
 // Seconds between an answer of the rename dialog and the next look at the name.
 constexpr double RenamePause = 0.3;
-// A folder that takes none of so many names, though they looked free, takes none.
-constexpr int MostNames = 100;
 
 // What a drop is about. Dialogs and waits let events run, and anything may have changed when they return.
 struct Drop {
@@ -135,13 +133,6 @@ void ShowNewArrival(MainForm& main, const Drop& drop) {
 void ShowEndOfView(DesktopState& desk) {
   ScrollBar& bar = desk.DestScrollbar;
   bar.SetValue(desk.DestSlotCount < CellsThatScroll ? bar.Min() : bar.Max());
-}
-
-void RefreshLists(DesktopState& desk, int slot) {
-  ErrorsIgnored([&] {
-    desk.DestFolderFiles(slot).Refresh();
-    desk.DestFileList.RefreshAs(desk.DestFolderFiles(slot));
-  });
 }
 
 struct Settled {

@@ -7,6 +7,9 @@ namespace pixorra {
 
 class Files;
 
+// A folder that takes none of so many names, though they looked free, takes none.
+inline constexpr int MostNames = 100;
+
 // The last full stop of a file name and what is after it; empty where there is none.
 std::string ExtensionOf(const std::string& name);
 // The name as it is where it is free in the folder, else with its trailing number raised until it is. Empty where

@@ -32,7 +32,6 @@ constexpr const char* PastedName = "Clipboard.jpg";
 constexpr int PastedQuality = 90;
 constexpr int MostJpegPixels = 65500;  // a side
 // A folder that takes none of so many names, though they looked free, takes none.
-constexpr int MostNames = 100;
 constexpr std::size_t KnownBy = 16;  // bytes at its start
 
 // The folder that the picture is pasted into. Dialogs let events run: it may be off the Desktop when they return.
@@ -104,13 +103,6 @@ std::string ChooseName(MainForm& main, const Place& place) {
   }
   if (main.preferences.RenameAlwaysOption.Value()) return MakeGeneratedName(files, place.Folder, PastedName);
   return MakeUniqueName(files, place.Folder, PastedName);
-}
-
-void RefreshLists(DesktopState& desk, int slot) {
-  ErrorsIgnored([&] {
-    desk.DestFolderFiles(slot).Refresh();
-    desk.DestFileList.RefreshAs(desk.DestFolderFiles(slot));
-  });
 }
 
 void ShowPasted(MainForm& main, const Place& place, const std::string& path) {

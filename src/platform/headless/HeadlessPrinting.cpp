@@ -11,8 +11,8 @@ namespace pixorra {
 namespace {
 
 constexpr double TwipsPerPoint = 20;
-constexpr double CharacterWidth = 0.5;  // of the font's size
-constexpr double LineHeight = 1.2;
+constexpr double LetterWidth = 0.5;  // of the font's size
+constexpr double LineRise = 1.2;
 
 }  // namespace
 
@@ -94,11 +94,11 @@ double HeadlessPrinting::ScaleHeight() {
 double HeadlessPrinting::TextWidth(const std::string& text) {
   std::size_t longest = 0;
   for (const std::string& line : LinesOf(text)) longest = std::max(longest, CharacterCount(line));
-  return static_cast<double>(longest) * CharacterWidth * state_.FontSize * TwipsPerPoint;
+  return static_cast<double>(longest) * LetterWidth * state_.FontSize * TwipsPerPoint;
 }
 
 double HeadlessPrinting::TextHeight(const std::string& text) {
-  return static_cast<double>(LinesOf(text).size()) * LineHeight * state_.FontSize * TwipsPerPoint;
+  return static_cast<double>(LinesOf(text).size()) * LineRise * state_.FontSize * TwipsPerPoint;
 }
 
 PrintedPage& HeadlessPrinting::Page() {

@@ -23,7 +23,7 @@ int NoFolderAs(int hostError) {
   return hostError == ELOOP ? ENOTDIR : hostError;
 }
 
-bool IsFolder(int folder, const dirent& entry) {
+bool IsOwnFolder(int folder, const dirent& entry) {
   if (entry.d_type != DT_UNKNOWN) return entry.d_type == DT_DIR;
   struct stat looked {};
   const char* name = static_cast<const char*>(entry.d_name);
@@ -90,7 +90,7 @@ std::vector<FolderEntry> FolderDescent::List() const {
   own.Release();
   while (const dirent* entry = readdir(open.get())) {
     const std::string_view name = static_cast<const char*>(entry->d_name);
-    if (name != "." && name != "..") entries.push_back({std::string(name), IsFolder(Folder(), *entry)});
+    if (name != "." && name != "..") entries.push_back({std::string(name), IsOwnFolder(Folder(), *entry)});
   }
   return entries;
 }

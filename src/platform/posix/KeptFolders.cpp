@@ -47,14 +47,14 @@ bool SaysThatItIgnoresCase(int folder) {
   return ioctl(folder, FS_IOC_GETFLAGS, &flags) == 0 && (flags & FS_CASEFOLD_FL) != 0;
 }
 
-bool IsLetter(char c) {
+bool IsAsciiLetter(char c) {
   return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
 }
 
 bool HasTwinOfOtherCase(int folder, const std::string& hostName) {
   std::string other = hostName;
   for (char& c : other)
-    if (IsLetter(c)) c = static_cast<char>(c ^ ('a' ^ 'A'));
+    if (IsAsciiLetter(c)) c = static_cast<char>(c ^ ('a' ^ 'A'));
   struct stat entry {};
   struct stat twin {};
   return fstatat(folder, hostName.c_str(), &entry, AT_SYMLINK_NOFOLLOW) == 0 &&
@@ -95,8 +95,8 @@ bool KeptFolder::Read(DIR& open) {
   if (errno != 0) return false;
   std::sort(entries_.begin(), entries_.end(), [](const Entry& a, const Entry& b) { return NameLess(a.Name, b.Name); });
   // Where the whole disk ignores case the folder does not say so.
-  const auto lettered =
-      std::ranges::find_if(entries_, [](const Entry& entry) { return std::ranges::any_of(entry.HostName, IsLetter); });
+  const auto lettered = std::ranges::find_if(
+      entries_, [](const Entry& entry) { return std::ranges::any_of(entry.HostName, IsAsciiLetter); });
   return lettered == entries_.end() || !HasTwinOfOtherCase(folder, lettered->HostName);
 }
 

@@ -65,7 +65,7 @@ UniqueFd Listen(const UniqueFd& folder) {
   return calls;
 }
 
-enum class Answer { Taken, Ended, None };
+enum class Reply { Taken, Ended, None };
 
 // All of it, or none.
 bool Send(const UniqueFd& call, const std::string& message, double until) {
@@ -108,22 +108,22 @@ bool IsOwnUser(const UniqueFd& call) {
 }
 
 // The first start answers with a byte when it has taken the call. A connection that ends without one was never taken.
-Answer WaitForAnswer(const UniqueFd& call, double until) {
+Reply WaitForAnswer(const UniqueFd& call, double until) {
   pollfd wait{call.Get(), POLLIN, 0};
-  if (poll(&wait, 1, Milliseconds(until)) <= 0) return Answer::None;
+  if (poll(&wait, 1, Milliseconds(until)) <= 0) return Reply::None;
   char byte = 0;
-  return recv(call.Get(), &byte, 1, 0) == 1 ? Answer::Taken : Answer::Ended;
+  return recv(call.Get(), &byte, 1, 0) == 1 ? Reply::Taken : Reply::Ended;
 }
 
-Answer Call(const UniqueFd& folder, const std::string& message, double until) {
+Reply Call(const UniqueFd& folder, const std::string& message, double until) {
   const sockaddr_un address = AddressIn(folder);
   // A full queue of calls refuses at once, and does not keep this one waiting without an end.
   const UniqueFd call = NewSocket(SOCK_NONBLOCK);
   if (call && connect(call.Get(), reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0) {
     if (Send(call, message, until)) return WaitForAnswer(call, until);
-    return errno == EPIPE || errno == ECONNRESET ? Answer::Ended : Answer::None;
+    return errno == EPIPE || errno == ECONNRESET ? Reply::Ended : Reply::None;
   }
-  return errno == ECONNREFUSED || errno == ENOENT ? Answer::Ended : Answer::None;
+  return errno == ECONNREFUSED || errno == ENOENT ? Reply::Ended : Reply::None;
 }
 
 }  // namespace
@@ -150,10 +150,10 @@ bool RunningInstance::TakeLock() {
 RunningInstance::Outcome RunningInstance::CallFirst(double seconds, const std::string& message) {
   const double until = Now() + seconds;
   do {
-    const Answer answer = Call(folder_, message, until);
-    if (answer == Answer::Taken) return Outcome::Taken;
+    const Reply answer = Call(folder_, message, until);
+    if (answer == Reply::Taken) return Outcome::Taken;
     // Nobody listens: the first start is not ready yet, or is about to end, and then its lock is free.
-    if (answer == Answer::Ended && TakeLock()) {
+    if (answer == Reply::Ended && TakeLock()) {
       first_ = true;
       return Outcome::IsFirst;
     }
