@@ -29,7 +29,8 @@ constexpr int BarHeight = 12;
 constexpr double MeasuredSeconds = 0.2;
 
 constexpr const char* LegalLines =
-    "Made by Kestrelia Corp, and free software: its MIT licence lets anybody use, change and pass it on.\n\n"
+    "Made by Kestrelia Corp. Copyright 2026 the Pixorra developers. Free under the MIT licence; there is no "
+    "warranty.\n\n"
     "It uses Qt (GNU LGPL 3), GLib (GNU LGPL 2.1 or later) and libjpeg-turbo (IJG and BSD licences). "
     "This software is based in part on the work of the Independent JPEG Group.";
 
