@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""run, test, .ci/run, tools/install-packages and tools/fuzz, each in a checkout of nothing but scripts, with stand-ins for what they call."""
+"""run, test, package, .ci/run, tools/install-packages and tools/fuzz, each in a checkout of nothing but scripts, with stand-ins for what they call."""
 
 import json
 import os
@@ -25,7 +25,7 @@ class ScriptTest(unittest.TestCase):
         self.bin.mkdir()
         self.log = Path(folder.name) / "log"
         self.log.touch()
-        for name in ("run", "test", ".ci/run", "tools/install-packages", "tools/packages.txt", "tools/fuzz", "tools/test-targets",
+        for name in ("run", "test", ".ci/run", "tools/install-packages", "tools/packages.txt", "tools/fuzz", "package", "tools/test-targets",
                      "tools/checks/sources.py"):
             (self.root / name).parent.mkdir(parents=True, exist_ok=True)
             shutil.copy2(ROOT / name, self.root / name)
@@ -255,6 +255,9 @@ class Test(Built):
     def test_tests_on_a_display_build_the_program(self):
         self.assertEqual(["pixorra pixorra-slideshow"], self.targets("--quick", "--tests-regex", "x11.start"))
 
+    def test_what_is_installed_needs_the_programs(self):
+        self.assertEqual(["pixorra pixorra-slideshow"], self.targets("--quick", "-R", "packaging"))
+
     def test_where_no_test_matches_all_is_built(self):
         self.assertEqual(["all"], self.targets("-R", "Nothing", "--quick"))
 
@@ -276,6 +279,45 @@ class Test(Built):
                               check=False)
         self.assertEqual(0, done.returncode, done.stderr)
         self.assertEqual(["asan", "release"], self.built())
+
+
+class Package(Built):
+    def setUp(self):
+        super().setUp()
+        self.stand_in(self.bin / "cpack", 'echo "$SOURCE_DATE_EPOCH $QT_RCC_SOURCE_DATE_OVERRIDE" >>"$LOG.date"')
+        self.stand_in(self.bin / "git", "echo 86400")
+        self.stand_in(self.bin / "dpkg-buildflags", "echo -hardened")
+        self.stand_in(self.root / "tests/package/try", 'exit "${TRIED:-0}"')
+        (self.root / "build/package").mkdir(parents=True)
+
+    def test_the_programs_alone_are_built_and_packed(self):
+        done = self.call("./package")
+        self.assertEqual(0, done.returncode, done.stderr)
+        self.assertEqual(["build package"], self.calls("install-packages"))
+        self.assertIn("--build --preset package --target pixorra pixorra-slideshow", self.calls("cmake"))
+        self.assertIn("-hardened", self.calls("cmake")[0])
+        self.assertEqual(1, len(self.calls("cpack")))
+        self.assertEqual([], self.calls("try"))
+
+    def test_all_that_is_packed_has_the_date_of_the_commit_or_the_one_that_is_given(self):
+        date = Path(f"{self.log}.date")
+        self.call("./package")
+        self.call("./package", SOURCE_DATE_EPOCH="7")
+        self.assertEqual("86400 86400\n7 7\n", date.read_text())
+
+    def test_packages_of_before_are_not_taken_for_it(self):
+        (self.root / "build/package/pixorra_0_all.deb").touch()
+        self.call("./package")
+        self.assertEqual([], list((self.root / "build/package").glob("*.deb")))
+
+    def test_it_is_tried_when_asked_and_fails_with_that(self):
+        self.assertEqual(0, self.call("./package", "--test").returncode)
+        self.assertEqual(["build package package-test"], self.calls("install-packages"))
+        self.assertEqual(1, self.call("./package", "--test", TRIED="1").returncode)
+
+    def test_an_unknown_option_is_refused(self):
+        self.assertEqual(2, self.call("./package", "--tets").returncode)
+        self.assertEqual([], self.calls("cmake"))
 
 
 class Fuzz(Built):

@@ -1,0 +1,127 @@
+#!/usr/bin/env python3
+"""What is installed, from a build folder with both programs in it: every file in its place below any prefix, and none that the
+desktop's own checks find fault with.
+
+    files_test.py BUILD_FOLDER
+"""
+
+import os
+import re
+import shutil
+import subprocess
+import sys
+import tempfile
+import unittest
+from pathlib import Path
+
+ROOT = Path(__file__).resolve().parents[2]
+PACKAGING = ROOT / "packaging"
+PREFIX = "/opt/photo tools"
+
+FILES = """
+bin/pixorra
+bin/pixorra-slideshow
+libexec/xscreensaver/pixorra-slideshow
+share/applications/pixorra-slideshow.desktop
+share/applications/pixorra.desktop
+share/applications/screensavers/pixorra-slideshow.desktop
+share/icons/hicolor/scalable/apps/pixorra.svg
+share/icons/hicolor/symbolic/apps/pixorra-symbolic.svg
+share/man/man1/pixorra-slideshow.1
+share/man/man1/pixorra.1
+share/metainfo/org.pixorra.pixorra.metainfo.xml
+share/xscreensaver/config/pixorra-slideshow.xml
+""".split() + [f"share/icons/hicolor/{size}x{size}/apps/pixorra.png" for size in (16, 22, 24, 32, 48, 64, 128, 256, 512)]
+
+
+def run(*command, **more):
+    return subprocess.run([str(part) for part in command], capture_output=True, text=True, check=False, **more)
+
+
+def needs(tool):
+    return unittest.skipUnless(shutil.which(tool), f"{tool} is missing")
+
+
+class Installed(unittest.TestCase):
+    build = None
+
+    @classmethod
+    def setUpClass(cls):
+        folder = tempfile.TemporaryDirectory()
+        cls.addClassCleanup(folder.cleanup)
+        cls.stage = Path(folder.name)
+        done = run("cmake", "--install", cls.build, "--prefix", PREFIX, env={**os.environ, "DESTDIR": folder.name})
+        if done.returncode != 0:
+            raise AssertionError(done.stderr)
+        cls.prefix = cls.stage / PREFIX[1:]
+
+    def paths(self, pattern):
+        found = sorted(str(path) for path in self.prefix.rglob(pattern))
+        self.assertTrue(found, pattern)
+        return found
+
+    def passes(self, *command):
+        done = run(*command)
+        self.assertEqual((0, ""), (done.returncode, done.stdout + done.stderr if done.returncode else ""))
+        return done.stdout + done.stderr
+
+    def test_each_file_is_in_its_place_and_no_other(self):
+        found = [path.relative_to(self.prefix).as_posix() for path in self.prefix.rglob("*") if not path.is_dir()]
+        self.assertEqual(sorted(FILES), sorted(found))
+        self.assertEqual(["opt"], [path.name for path in self.stage.iterdir()], "something is outside the prefix")
+
+    def test_the_programs_run_from_there_and_need_nothing_beside_the_build(self):
+        for program in ("bin/pixorra-slideshow", "libexec/xscreensaver/pixorra-slideshow"):
+            done = run(self.prefix / program, "--version", cwd="/")
+            self.assertEqual((0, f"pixorra-slideshow {version()}\n"), (done.returncode, done.stdout))
+        for program in ("pixorra", "pixorra-slideshow"):
+            self.assertNotIn(str(Path(self.build).resolve()).encode(), (self.prefix / "bin" / program).read_bytes(), program)
+
+    def test_the_screen_saver_is_the_slide_show(self):
+        self.assertEqual((self.prefix / "bin/pixorra-slideshow").resolve(),
+                         (self.prefix / "libexec/xscreensaver/pixorra-slideshow").resolve())
+
+    def test_icons_have_the_size_of_their_folder(self):
+        for path in self.paths("*.png"):
+            size = int(re.search(r"/(\d+)x\1/", path)[1])
+            header = Path(path).read_bytes()[16:24]
+            self.assertEqual((size, size), (int.from_bytes(header[:4], "big"), int.from_bytes(header[4:], "big")), path)
+
+    @needs("desktop-file-validate")
+    def test_the_desktop_finds_no_fault_with_the_entries(self):
+        self.assertEqual("", self.passes("desktop-file-validate", *self.paths("applications/pixorra*.desktop")))
+        # Its category is the daemons', which the tool has a hint about.
+        self.passes("desktop-file-validate", *self.paths("screensavers/*.desktop"))
+
+    @needs("appstreamcli")
+    def test_software_centres_find_no_fault_with_the_programs_page(self):
+        self.passes("appstreamcli", "validate", "--pedantic", "--no-net", *self.paths("*.metainfo.xml"))
+
+    @needs("mandoc")
+    def test_the_manual_pages_are_clean(self):
+        self.assertEqual("", self.passes("mandoc", "-Tlint", *self.paths("*.1")))
+
+
+def version():
+    return re.search(r"VERSION ([\d.]+)", re.search(r"project\([^)]*\)", (ROOT / "CMakeLists.txt").read_text())[0])[1]
+
+
+class Texts(unittest.TestCase):
+    def test_all_speak_of_one_version(self):
+        changelog = (PACKAGING / "debian/changelog").read_text()
+        self.assertEqual(version(), re.match(r"pixorra \(([\d.]+)\)", changelog)[1])
+        metainfo = next(PACKAGING.glob("*.metainfo.xml")).read_text()
+        self.assertEqual(version(), re.search(r'<release version="([\d.]+)"', metainfo)[1])
+        for page in PACKAGING.glob("*.1"):
+            self.assertIn(f'"Pixorra {version()}"', page.read_text().splitlines()[0], page.name)
+
+    def test_the_licence_is_the_same_everywhere(self):
+        text = (ROOT / "LICENSE").read_text().split("\n\n", 2)[2]
+        self.assertTrue((ROOT / "assets/Readme.txt").read_text().endswith(text))
+        debian = "".join(f" {line or '.'}\n" for line in text.splitlines())
+        self.assertIn("License: Expat\n" + debian, (PACKAGING / "debian/copyright").read_text())
+
+
+if __name__ == "__main__":
+    Installed.build = sys.argv.pop(1)
+    unittest.main()
