@@ -312,7 +312,7 @@ class Package(Built):
 
     def test_it_is_tried_when_asked_and_fails_with_that(self):
         self.assertEqual(0, self.call("./package", "--test").returncode)
-        self.assertEqual(["build package package-test"], self.calls("install-packages"))
+        self.assertEqual(["build package virtual package-test"], self.calls("install-packages"))
         self.assertEqual(1, self.call("./package", "--test", TRIED="1").returncode)
 
     def test_an_unknown_option_is_refused(self):
