@@ -80,7 +80,7 @@ int Run(RunningInstance& instance, const Environment& environment, const std::st
   PosixPlaces places(environment, mapping);
   PosixClock clock;
   PosixShell shell(mapping, environment.OwnFolder);
-  PosixRegistry registry(environment.DataHome, environment.ConfigHome, mapping);
+  PosixRegistry registry(environment.DataHome, environment.ConfigHome, mapping, environment.DataFolders);
   PosixFolderReader folderReader(mapping, qt.posting);
   PosixVolumes volumes(environment, mapping);
   PosixMemory memory;

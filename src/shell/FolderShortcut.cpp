@@ -23,6 +23,14 @@ constexpr const char* MachineClasses = "Software\\CLASSES\\";
 // Speed 2, with the title; the file manager puts the folder in the place of the mark.
 constexpr const char* VerbArguments = " 21%L";
 
+constexpr const char* Section = "FolderShortcut";
+constexpr const char* AddedKey = "AddedAtFirstStart";
+constexpr const char* RemovedKey = "Removed";  // by the user
+
+bool IsNoted(Host& host, const char* key) {
+  return !host.settings.GetSetting(ApplicationTitle, Section, key, "").empty();
+}
+
 }  // namespace
 
 bool HasFolderShortcut(Registry& registry) {
@@ -41,18 +49,24 @@ void RemoveFolderShortcut(Registry& registry) {
 }
 
 void AddFolderShortcutAtFirstStart(Host& host) {
-  constexpr const char* section = "FolderShortcut";
-  constexpr const char* key = "AddedAtFirstStart";
-  if (!host.settings.GetSetting(ApplicationTitle, section, key, "").empty()) return;
-  if (ErrorsIgnored([&] { host.settings.SaveSetting(ApplicationTitle, section, key, "1"); }) != error::None) return;
+  if (IsNoted(host, AddedKey)) {
+    if (IsNoted(host, RemovedKey) && HasFolderShortcut(host.registry)) RemoveFolderShortcut(host.registry);
+    return;
+  }
+  if (ErrorsIgnored([&] { host.settings.SaveSetting(ApplicationTitle, Section, AddedKey, "1"); }) != error::None)
+    return;
   AddFolderShortcut(host);
 }
 
 void AddFolderShortcutCheckbox_MouseUp(MainForm& main) {
-  if (main.preferences.AddFolderShortcutCheckbox.Value() == 1)
-    AddFolderShortcut(main.host);
+  Host& host = main.host;
+  const bool wanted = main.preferences.AddFolderShortcutCheckbox.Value() == 1;
+  static_cast<void>(
+      ErrorsIgnored([&] { host.settings.SaveSetting(ApplicationTitle, Section, RemovedKey, wanted ? "" : "1"); }));
+  if (wanted)
+    AddFolderShortcut(host);
   else
-    RemoveFolderShortcut(main.host.registry);
+    RemoveFolderShortcut(host.registry);
 }
 
 }  // namespace pixorra

@@ -13,8 +13,8 @@ bool HasFolderShortcut(Registry& registry);
 void AddFolderShortcut(Host& host);
 void RemoveFolderShortcut(Registry& registry);
 
-// Adds it the first time that the program is started, and never again: what a user has removed stays removed. Where the
-// host cannot keep a note of that it is not added.
+// Adds it the first time that the program is started, and never again: what a user has removed stays removed, also when
+// a package has brought it for everybody since. Where the host cannot keep a note of that it is not added.
 void AddFolderShortcutAtFirstStart(Host& host);
 
 // A person has ticked or cleared the box: the command is added or removed at once.

@@ -22,11 +22,13 @@ FILES = """
 bin/pixorra
 bin/pixorra-slideshow
 libexec/xscreensaver/pixorra-slideshow
+share/Thunar/sendto/pixorra-slideshow-by-pixorra.desktop
 share/applications/pixorra-slideshow.desktop
 share/applications/pixorra.desktop
 share/applications/screensavers/pixorra-slideshow.desktop
 share/icons/hicolor/scalable/apps/pixorra.svg
 share/icons/hicolor/symbolic/apps/pixorra-symbolic.svg
+share/kio/servicemenus/pixorra-slideshow-by-pixorra.desktop
 share/man/man1/pixorra-slideshow.1
 share/man/man1/pixorra.1
 share/metainfo/org.pixorra.pixorra.metainfo.xml
@@ -50,7 +52,7 @@ class Installed(unittest.TestCase):
         folder = tempfile.TemporaryDirectory()
         cls.addClassCleanup(folder.cleanup)
         cls.stage = Path(folder.name)
-        done = run("cmake", "--install", cls.build, "--prefix", PREFIX, env={**os.environ, "DESTDIR": folder.name})
+        done = run("cmake", "--install", cls.build, "--prefix", PREFIX, "--strip", env={**os.environ, "DESTDIR": folder.name})
         if done.returncode != 0:
             raise AssertionError(done.stderr)
         cls.prefix = cls.stage / PREFIX[1:]
@@ -70,10 +72,12 @@ class Installed(unittest.TestCase):
         self.assertEqual(sorted(FILES), sorted(found))
         self.assertEqual(["opt"], [path.name for path in self.stage.iterdir()], "something is outside the prefix")
 
-    def test_the_programs_run_from_there_and_need_nothing_beside_the_build(self):
+    def test_the_programs_run_from_there(self):
         for program in ("bin/pixorra-slideshow", "libexec/xscreensaver/pixorra-slideshow"):
             done = run(self.prefix / program, "--version", cwd="/")
             self.assertEqual((0, f"pixorra-slideshow {version()}\n"), (done.returncode, done.stdout))
+
+    def test_the_programs_know_nothing_of_the_folder_that_they_were_built_in(self):
         for program in ("pixorra", "pixorra-slideshow"):
             self.assertNotIn(str(Path(self.build).resolve()).encode(), (self.prefix / "bin" / program).read_bytes(), program)
 

@@ -48,6 +48,7 @@ done
 inside anna pixorra-slideshow --version >/dev/null || fail "the slide show does not start"
 sort_one 1 320
 [ "$(readlink "$HOME/.config/pixorra/Pixorra SlideShow.scr")" = /usr/bin/pixorra-slideshow ] || fail "the slide show is not found"
+[ ! -e "$HOME/.local/share/kio" ] || fail "the folders' menus show the command twice"
 [ -x "$HOME/.local/share/nautilus/scripts/SlideShow by Pixorra" ] || fail "the first start adds no command to the folders' menus"
 
 install now

@@ -90,6 +90,18 @@ TEST_F(FolderShortcutTest, ClearingAndTickingTheBoxActsAtOnceAndSaysNothing) {
   EXPECT_FALSE(IsThere(run));
 }
 
+TEST_F(FolderShortcutTest, WhatAUserHasRemovedStaysRemovedWhenAPackageBringsItLater) {
+  ProgramRun& run = Started();
+  const auto click = [](Person& person, CheckBox& box) { person.Click(box); };
+  InPreferences(run, click);
+  run.platform.registry.SetKeyValue(registry::ClassesRoot, VerbCommand, "", "pixorra-slideshow 21%L");
+  AddFolderShortcutAtFirstStart(run.host);
+  EXPECT_FALSE(IsThere(run));
+  InPreferences(run, click);
+  AddFolderShortcutAtFirstStart(run.host);
+  EXPECT_TRUE(IsThere(run)) << "ticked again";
+}
+
 TEST_F(FolderShortcutTest, SettingTheBoxByTheProgramTouchesNothing) {
   ProgramRun& run = Started();
   run.main.preferences.AddFolderShortcutCheckbox.SetValue(1);

@@ -1,5 +1,7 @@
 #include "platform/posix/Environment.h"
 
+#include <algorithm>
+#include <cstddef>
 #include <cstdlib>
 #include <filesystem>
 #include <pwd.h>
@@ -25,6 +27,16 @@ std::string WithoutFinalSlash(std::string_view path) {
 void TakePath(const char* variable, std::string& path) {
   const std::string_view value = Variable(variable);
   if (value.starts_with('/')) path = WithoutFinalSlash(value);
+}
+
+std::vector<std::string> PathsIn(std::string_view list) {
+  std::vector<std::string> paths;
+  while (!list.empty()) {
+    const std::size_t end = std::min(list.find(':'), list.size());
+    if (list.starts_with('/')) paths.push_back(WithoutFinalSlash(list.substr(0, end)));
+    list.remove_prefix(std::min(end + 1, list.size()));
+  }
+  return paths;
 }
 
 std::string FolderOfProgram() {
@@ -54,6 +66,8 @@ Environment Environment::OfProcess() {
   TakePath("XDG_CONFIG_HOME", environment.ConfigHome);
   TakePath("XDG_CACHE_HOME", environment.CacheHome);
   TakePath("XDG_RUNTIME_DIR", environment.RuntimeDir);
+  const std::string_view dataFolders = Variable("XDG_DATA_DIRS");
+  environment.DataFolders = PathsIn(dataFolders.empty() ? "/usr/local/share:/usr/share" : dataFolders);
   environment.OwnFolder = FolderOfProgram();
   return environment;
 }

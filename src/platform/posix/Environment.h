@@ -2,16 +2,18 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 namespace pixorra {
 
 // Host paths without a final slash, all absolute, the folders not necessarily there.
 struct Environment {
   std::string Home;
-  std::string DataHome;    // $XDG_DATA_HOME
-  std::string ConfigHome;  // $XDG_CONFIG_HOME
-  std::string CacheHome;   // $XDG_CACHE_HOME
-  std::string RuntimeDir;  // $XDG_RUNTIME_DIR, may be empty
+  std::string DataHome;                    // $XDG_DATA_HOME
+  std::string ConfigHome;                  // $XDG_CONFIG_HOME
+  std::string CacheHome;                   // $XDG_CACHE_HOME
+  std::vector<std::string> DataFolders{};  // $XDG_DATA_DIRS, everybody's; none in OfHome
+  std::string RuntimeDir;                  // $XDG_RUNTIME_DIR, may be empty
   std::string User;
   std::string OwnFolder;  // of the program that runs; empty where it is not known
 

@@ -107,7 +107,18 @@ std::string MarkedKeyFile(const std::vector<Line>& lines) {
   return std::string("# ") + VerbMark + '\n' + text.get();
 }
 
+constexpr std::string_view hiddenLine = "\nHidden=true\n";
+
 }  // namespace
+
+// Without a type and kinds of files it is refused where the key is not known.
+std::string HidingText() {
+  return std::string("# ") + VerbMark + "\n[Desktop Entry]" + std::string(hiddenLine);
+}
+
+bool IsHidingText(std::string_view text) {
+  return text.find(hiddenLine) != std::string_view::npos;
+}
 
 std::vector<VerbFile> FilesOfFolderVerb(const std::string& name, const std::string& program,
                                         const std::vector<std::string>& arguments) {
@@ -152,10 +163,10 @@ std::vector<VerbFile> FilesOfFolderVerb(const std::string& name, const std::stri
   const std::string script = Script(program, arguments);
   constexpr VerbFile::Home data = VerbFile::Home::Data;
   // The service menu must be executable, or it is not trusted.
-  return {{data, "kio/servicemenus/" + stem + ".desktop", serviceMenu, true},
-          {data, "file-manager/actions/" + stem + ".desktop", action, false},
-          {data, "nemo/actions/" + stem + ".nemo_action", nemo, false},
-          {data, "Thunar/sendto/" + stem + ".desktop", starter, false},
+  return {{data, "kio/servicemenus/" + stem + ".desktop", serviceMenu, true, true},
+          {data, "file-manager/actions/" + stem + ".desktop", action},
+          {data, "nemo/actions/" + stem + ".nemo_action", nemo},
+          {data, "Thunar/sendto/" + stem + ".desktop", starter, false, true},
           {data, "nautilus/scripts/" + scriptName, script, true},
           {VerbFile::Home::Configuration, "caja/scripts/" + scriptName, script, true}};
 }

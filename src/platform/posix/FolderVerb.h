@@ -13,6 +13,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace pixorra {
@@ -20,13 +21,21 @@ namespace pixorra {
 struct VerbFile {
   enum class Home : std::uint8_t { Data, Configuration };
   Home Below = Home::Data;
-  std::string Place;  // below that folder
-  std::string Text;
+  std::string Place{};  // below that folder
+  std::string Text{};
   bool Executable = false;
+  // A file of the same name in a folder of $XDG_DATA_DIRS serves everybody, and the user's own takes its place, one
+  // that hides it too. Of the other file managers some have no such folder; Nemo and PCManFM would show the machine's
+  // file whatever the user's says.
+  bool ForEverybody = false;
 };
 
 // Every text holds these words; a file without them is somebody else's.
 inline constexpr const char* VerbMark = "Made by Pixorra";
+
+// The text of a user's file that hides everybody's, and whether a text is one.
+std::string HidingText();
+bool IsHidingText(std::string_view text);
 
 // `name` is what the menu shows. The command begins with the program's host path; the first "%L" in an argument becomes
 // the folder.

@@ -105,35 +105,59 @@ void Write(const std::string& hostPath, const VerbFile& file) {
   RemoveFolders(FolderOf(hostPath), made);
 }
 
+// This program's files of the verb in the folder of `wanted`, in the case that the disk has.
+void AddOwnFiles(const std::filesystem::path& wanted, const VerbKey& place, std::vector<std::string>& paths) {
+  std::error_code failure;
+  for (std::filesystem::directory_iterator entry(wanted.parent_path(), failure), end; !failure && entry != end;
+       entry.increment(failure)) {
+    const std::string name = entry->path().filename();
+    const bool named = place.Verb.empty() || EqualIgnoringCase(name, wanted.filename().string());
+    if (named && IsOwn(entry->path())) paths.push_back(entry->path());
+  }
+}
+
 }  // namespace
 
-PosixRegistry::PosixRegistry(std::string dataHome, std::string configHome, std::shared_ptr<MappingSource> mapping)
-    : dataHome_(std::move(dataHome)), configHome_(std::move(configHome)), mapping_(std::move(mapping)) {}
+PosixRegistry::PosixRegistry(std::string dataHome, std::string configHome, std::shared_ptr<MappingSource> mapping,
+                             std::vector<std::string> dataFolders)
+    : dataHome_(std::move(dataHome)),
+      configHome_(std::move(configHome)),
+      mapping_(std::move(mapping)),
+      dataFolders_(std::move(dataFolders)) {}
 
 std::string PosixRegistry::PathOf(const VerbFile& file) const {
   return (file.Below == VerbFile::Home::Data ? dataHome_ : configHome_) + '/' + file.Place;
 }
 
-// Those that are there, in the case that the disk has.
-std::vector<std::string> PosixRegistry::FilesOfKey(std::uint32_t root, const std::string& key) {
+std::vector<std::string> PosixRegistry::FilesOfKey(std::uint32_t root, const std::string& key) const {
   std::vector<std::string> paths;
   const std::optional<VerbKey> place = VerbOf(root, key);
   if (!place) return paths;
-  for (const VerbFile& file : FilesOfFolderVerb(place->Verb, {}, {})) {
-    const std::filesystem::path wanted = PathOf(file);
-    std::error_code failure;
-    for (std::filesystem::directory_iterator entry(wanted.parent_path(), failure), end; !failure && entry != end;
-         entry.increment(failure)) {
-      const std::string name = entry->path().filename();
-      const bool named = place->Verb.empty() || EqualIgnoringCase(name, wanted.filename().string());
-      if (named && IsOwn(entry->path())) paths.push_back(entry->path());
-    }
-  }
+  for (const VerbFile& file : FilesOfFolderVerb(place->Verb, {}, {})) AddOwnFiles(PathOf(file), *place, paths);
   return paths;
 }
 
+std::vector<std::string> PosixRegistry::PathsToHide(std::uint32_t root, const std::string& key) const {
+  std::vector<std::string> hiding;
+  const std::optional<VerbKey> place = VerbOf(root, key);
+  if (!place) return hiding;
+  for (const VerbFile& file : FilesOfFolderVerb(place->Verb, {}, {})) {
+    if (!file.ForEverybody) continue;
+    std::vector<std::string> brought;
+    for (const std::string& folder : dataFolders_) AddOwnFiles(folder + '/' + file.Place, *place, brought);
+    for (const std::string& path : brought) {
+      const std::string own = FolderOf(PathOf(file)) + path.substr(path.rfind('/'));
+      if (!IsTaken(own)) hiding.push_back(own);
+    }
+  }
+  return hiding;
+}
+
 bool PosixRegistry::KeyExists(std::uint32_t root, const std::string& key) {
-  return !FilesOfKey(root, key).empty();
+  const std::vector<std::string> own = FilesOfKey(root, key);
+  const bool hasOwn = std::any_of(
+      own.begin(), own.end(), [](const std::string& path) { return !IsHidingText(ReadSmallFile(path).value_or("")); });
+  return hasOwn || !PathsToHide(root, key).empty();
 }
 
 void PosixRegistry::SetKeyValue(std::uint32_t root, const std::string& key, const std::string& valueName,
@@ -145,15 +169,21 @@ void PosixRegistry::SetKeyValue(std::uint32_t root, const std::string& key, cons
   std::string program;
   if (ErrorsIgnored([&] { program = Locate(mapping_->Current().ToHost(command.Program)).Path.Text(); }) != 0) return;
   // A verb that is there under another case is replaced.
-  DeleteKey(root, key);
+  RemoveOwnFiles(root, key);
+  const std::vector<std::string> brought = PathsToHide(root, key);
   for (const VerbFile& file : FilesOfFolderVerb(place->Verb, program, command.Arguments)) {
     const std::string path = PathOf(file);
-    if (IsTaken(path)) continue;
+    if (IsTaken(path) || std::find(brought.begin(), brought.end(), path) != brought.end()) continue;
     Write(path, file);
   }
 }
 
 void PosixRegistry::DeleteKey(std::uint32_t root, const std::string& key) {
+  RemoveOwnFiles(root, key);
+  for (const std::string& path : PathsToHide(root, key)) Write(path, {.Text = HidingText()});
+}
+
+void PosixRegistry::RemoveOwnFiles(std::uint32_t root, const std::string& key) {
   // The last one first: folders that they share were made for the first.
   std::vector<std::string> paths = FilesOfKey(root, key);
   std::reverse(paths.begin(), paths.end());

@@ -178,6 +178,16 @@ TEST(OfProcess, AbsoluteValuesAreTakenAndOthersPassedOver) {
       });
 }
 
+TEST(OfProcess, EverybodysFoldersAreTheUsualOnesOrThoseThatAreNamed) {
+  using Folders = std::vector<std::string>;
+  InOwnProcess({{"XDG_DATA_DIRS", ""}}, [] {
+    EXPECT_EQ(Environment::OfProcess().DataFolders, (Folders{"/usr/local/share", "/usr/share"}));
+  });
+  InOwnProcess({{"XDG_DATA_DIRS", "/opt/share/:relative::/usr/share:"}}, [] {
+    EXPECT_EQ(Environment::OfProcess().DataFolders, (Folders{"/opt/share", "/usr/share"}));
+  });
+}
+
 TEST(OnPosixClock, NowIsTheHostsLocalTime) {
   PosixClock clock;
   const std::time_t before = std::time(nullptr);

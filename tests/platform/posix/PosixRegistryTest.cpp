@@ -44,9 +44,10 @@ const std::vector<std::string> oddNames = {"my photos",
 
 class OnPosixRegistry : public ::testing::Test {
  protected:
-  OnPosixRegistry()
-      : registry_(drive_.HostRoot() + "/data", drive_.HostRoot() + "/config",
-                  std::make_shared<FixedMapping>(PathMapping({{'C', drive_.HostRoot(), "Test"}}))) {}
+  OnPosixRegistry() : registry_(drive_.HostRoot() + "/data", drive_.HostRoot() + "/config", Mapping()) {}
+  std::shared_ptr<MappingSource> Mapping() const {
+    return std::make_shared<FixedMapping>(PathMapping({{'C', drive_.HostRoot(), "Test"}}));
+  }
   void Add() {
     registry_.SetKeyValue(registry::ClassesRoot, folderVerbCommand, "", std::string(companionPath) + " 21%L");
   }
@@ -315,6 +316,95 @@ TEST(FolderVerb, APercentSignInTheProgramsPathIsWrittenTwice) {
     const std::string exec = ValueIn(file.Text, "Exec");
     EXPECT_TRUE(exec.empty() || exec == "\"/100%%\"") << exec;
   }
+}
+
+// What the package brings for everybody, and one user's registry beside it.
+class OnPackagedVerb : public OnPosixRegistry {
+ protected:
+  OnPackagedVerb()
+      : with_(drive_.HostRoot() + "/data", drive_.HostRoot() + "/config", Mapping(),
+              {drive_.HostPath("C:\\none"), drive_.HostPath("C:\\share")}) {
+    std::filesystem::copy(Packaged(), drive_.HostPath("C:\\share"), std::filesystem::copy_options::recursive);
+  }
+  static std::filesystem::path Packaged() {
+    return std::filesystem::path(PIXORRA_TEST_DATA) / "../../packaging/folder-verb";
+  }
+  void Tick() { with_.SetKeyValue(registry::ClassesRoot, folderVerbCommand, "", std::string(companionPath) + " 21%L"); }
+  void Clear() { with_.DeleteKey(registry::ClassesRoot, folderVerb); }
+  bool IsThere() { return with_.KeyExists(registry::ClassesRoot, folderVerb); }
+  bool IsHidden(const std::string& path) { return ValueIn(drive_.Read(path), "Hidden") == "true"; }
+  PosixRegistry with_;
+};
+
+TEST_F(OnPackagedVerb, ItIsWhatTheProgramWouldWrite) {
+  std::vector<std::string> places;
+  for (const VerbFile& file : FilesOfFolderVerb("SlideShow by Pixorra", "pixorra-slideshow", {"21%L"})) {
+    if (!file.ForEverybody) continue;
+    places.push_back(drive_.HostPath("C:\\share") + '/' + file.Place);
+    ASSERT_TRUE(std::filesystem::exists(places.back())) << file.Place;
+    std::string written = "C:\\share\\" + file.Place;
+    std::replace(written.begin(), written.end(), '/', '\\');
+    EXPECT_EQ(drive_.Read(written), file.Text) << file.Place;
+  }
+  std::vector<std::string> files = AllIn("C:\\share");
+  std::erase_if(files, [](const std::string& path) { return std::filesystem::is_directory(path); });
+  EXPECT_THAT(files, ::testing::UnorderedElementsAreArray(places));
+}
+
+TEST_F(OnPackagedVerb, WhereItIsAUsersOwnIsNotWrittenBesideIt) {
+  EXPECT_TRUE(IsThere()) << "with nothing of the user's";
+  Tick();
+  EXPECT_TRUE(IsThere());
+  EXPECT_FALSE(drive_.Exists(serviceMenu));
+  EXPECT_FALSE(drive_.Exists(sendTo));
+  EXPECT_TRUE(drive_.Exists(script)) << "a file manager that takes it from a user alone";
+  EXPECT_TRUE(drive_.Exists(otherScript));
+}
+
+TEST_F(OnPackagedVerb, AUserTakesItAwayAndBringsItBack) {
+  const std::vector<std::string> packaged = AllIn("C:\\share");
+  Tick();
+  Clear();
+  EXPECT_FALSE(IsThere());
+  EXPECT_TRUE(IsHidden(serviceMenu));
+  EXPECT_TRUE(IsHidden(sendTo));
+  EXPECT_FALSE(drive_.Exists(script));
+  Clear();
+  EXPECT_FALSE(IsThere()) << "cleared twice";
+  Tick();
+  EXPECT_TRUE(IsThere());
+  EXPECT_FALSE(drive_.Exists(serviceMenu));
+  EXPECT_FALSE(drive_.Exists("C:\\data\\Thunar")) << "a folder that was made to hide it";
+  EXPECT_EQ(AllIn("C:\\share"), packaged);
+}
+
+TEST_F(OnPackagedVerb, OnceThePackageHasGoneTheUsersOwnIsWrittenAgain) {
+  Clear();
+  std::filesystem::remove_all(drive_.HostPath("C:\\share"));
+  EXPECT_FALSE(IsThere()) << "what hides it is no verb";
+  Tick();
+  EXPECT_TRUE(IsThere());
+  EXPECT_FALSE(IsHidden(serviceMenu));
+  EXPECT_THAT(drive_.Read(serviceMenu), HasSubstr("Pixorra SlideShow.scr"));
+  Clear();
+  EXPECT_FALSE(drive_.Exists("C:\\data"));
+}
+
+TEST_F(OnPackagedVerb, SomebodyElsesFileInItsPlaceStays) {
+  drive_.Write(sendTo, "mine");
+  Clear();
+  EXPECT_EQ(drive_.Read(sendTo), "mine");
+  EXPECT_FALSE(IsThere());
+  Tick();
+  EXPECT_EQ(drive_.Read(sendTo), "mine");
+}
+
+TEST_F(OnPackagedVerb, TheDesktopTakesWhatHidesItForNoProgram) {
+  std::string printed;
+  if (RunTool("gio help launch", printed) != 0) GTEST_SKIP() << "there is no such tool here";
+  Clear();
+  EXPECT_NE(RunTool("gio launch '" + drive_.HostPath(sendTo) + "' /", printed), 0);
+  EXPECT_THAT(printed, HasSubstr("load"));
 }
 
 class OnPosixSettings : public ::testing::Test {
