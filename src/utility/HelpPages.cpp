@@ -34,7 +34,10 @@ constexpr const char* GeneralPages[] = {
     "drop the selected photo into that folder, 9 into the Trashcan.\n"
     "'Undo Last' deletes the copy that the last drop, or the last\n"
     "'PASTE from Clipboard', has made, and no other file. It\n"
-    "stays where the photo that was dropped has gone since.",
+    "stays where the photo that was dropped has gone since.\n"
+    "\n"
+    "'Manual' in the 'Help' menu opens pages on all of this, with\n"
+    "pictures, in your web browser.",
 };
 
 constexpr const char* SelectFilmStripPages[] = {
