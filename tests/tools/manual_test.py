@@ -18,6 +18,7 @@ import render  # pylint: disable=wrong-import-position
 NOT_OURS = {
     "programs:": "a line of the screen saver's own settings",
     "~/.xscreensaver": "a file of the screen saver",
+    "man pixorra": "a command",
     "man pixorra-slideshow": "a command",
     "DCIM": "a folder of cameras",
 }
