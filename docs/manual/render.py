@@ -43,7 +43,7 @@ def block_html(block):
     if heading:
         level = len(heading[1])
         return f"<h{level}>{inline(heading[2])}</h{level}>"
-    shown = re.fullmatch(r"!\[(.+)\]\((.+)\)", first)
+    shown = re.fullmatch(r"!\[(.*)\]\((.+)\)", first)
     if shown:
         return picture(shown)
     if first.startswith("|"):
