@@ -7,10 +7,12 @@
 
 namespace pixorra {
 
+int FinePixel(double place) {
+  return static_cast<int>(std::clamp(std::floor(place + 0.5), -1e9, 1e9));
+}
+
 Rect FineRect(const Rect& at, double fineness) {
-  const auto edge = [fineness](double pixel) {
-    return static_cast<int>(std::clamp(std::nearbyint(pixel * fineness), -1e9, 1e9));
-  };
+  const auto edge = [fineness](double pixel) { return FinePixel(pixel * fineness); };
   const int left = edge(at.Left);
   const int top = edge(at.Top);
   return {left, top, edge(static_cast<double>(at.Left) + at.Width) - left,

@@ -125,7 +125,7 @@ void Form::SetFullScreenOn(int screen) {
 }
 
 void Form::ScreenChanged() {
-  if (fullScreen_ && (Width() != ScaleWidth() || Height() != ScaleHeight())) Resized();
+  if (fullScreen_) Resized();
 }
 
 int Form::ScaleWidth() const {

@@ -152,6 +152,8 @@ Screen HeadlessBackend::GetScreen(int number) {
 
 int HeadlessBackend::AddScreen(int width, int height) {
   moreScreens_.push_back({width * screen_.TwipsPerPixelX, height * screen_.TwipsPerPixelY});
+  // The main one is as it was, and everybody hears of the change.
+  SetScreen(screen_.Width / screen_.TwipsPerPixelX, screen_.Height / screen_.TwipsPerPixelY);
   return ScreenCount() - 1;
 }
 

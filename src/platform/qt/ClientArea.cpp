@@ -59,9 +59,16 @@ void ClientArea::paintEvent(QPaintEvent* event) {
   LightPainter(painter, *this, peer_->GetBackend().Art()).PaintForm(peer_->GetForm(), ToRect(event->rect()));
 }
 
+// A button that has no name here, such as those for back and forward, is one more key to a form that takes every key.
 void ClientArea::mousePressEvent(QMouseEvent* event) {
-  if (peer_ == nullptr || ToButton(event->button()) == 0) return;
+  if (peer_ == nullptr) return;
   QtBackend& backend = peer_->GetBackend();
+  if (ToButton(event->button()) == 0) {
+    backend.Dispatch([&, form = &peer_->GetForm()] {
+      if (form->TakesEveryKey()) backend.GetToolkit().KeyPressed(*form, key::Other, shift::None, KeyStroke::Pressed);
+    });
+    return;
+  }
   backend.Dispatch([&, at = PixelOf(*event), form = &peer_->GetForm()] {
     backend.GetToolkit().MousePressed(*form, at.x(), at.y(), ToButton(event->button()), ToShift(event->modifiers()));
   });

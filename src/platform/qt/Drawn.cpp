@@ -2,6 +2,7 @@
 
 #include <QPainter>
 
+#include "platform/controls/FineSurface.h"
 #include "platform/qt/Convert.h"
 
 namespace pixorra {
@@ -33,8 +34,8 @@ namespace {
 // The device pixels that a rectangle of logical ones covers, its edges moved to the nearest.
 QRect DeviceRect(const QPainter& painter, const QRect& at) {
   const QRectF exact = painter.deviceTransform().mapRect(QRectF(at));
-  const QPoint from(qRound(exact.left()), qRound(exact.top()));
-  return {from, QSize(qRound(exact.right()) - from.x(), qRound(exact.bottom()) - from.y())};
+  const QPoint from(FinePixel(exact.left()), FinePixel(exact.top()));
+  return {from, QSize(FinePixel(exact.right()) - from.x(), FinePixel(exact.bottom()) - from.y())};
 }
 
 }  // namespace

@@ -267,7 +267,7 @@ void FormPeer::FocusFirst() {
 void FormPeer::ReportFrame() {
   if (placeChanged_ || !form_.Visible() || !window_->isVisible()) return;
   if (form_.FullScreen()) {
-    form_.ScreenChanged();
+    if (form_.Width() != form_.ScaleWidth() || form_.Height() != form_.ScaleHeight()) form_.ScreenChanged();
     return;
   }
   const int state = StateOf(*window_);

@@ -2,6 +2,7 @@
 
 #include <QGuiApplication>
 #include <QWindow>
+#include <QtMath>
 #include <cstdlib>
 #include <limits>
 #include <xcb/xcb.h>
@@ -21,6 +22,13 @@ struct Release {
 
 }  // namespace
 
+bool HostWindow::HasServer() {
+  xcb_connection_t* const server = xcb_connect(nullptr, nullptr);
+  const bool answers = xcb_connection_has_error(server) == 0;
+  xcb_disconnect(server);
+  return answers;
+}
+
 std::unique_ptr<HostWindow> HostWindow::Of(std::uint64_t number) {
   xcb_connection_t* const server = Server();
   if (server == nullptr || number == 0 || number > std::numeric_limits<std::uint32_t>::max()) return nullptr;
@@ -30,7 +38,7 @@ std::unique_ptr<HostWindow> HostWindow::Of(std::uint64_t number) {
   QWindow* const window = geometry != nullptr ? QWindow::fromWinId(id) : nullptr;
   if (window == nullptr) return nullptr;
   std::unique_ptr<HostWindow> host(new HostWindow(id, *window));
-  host->TakeSize(geometry->width, geometry->height);
+  host->size_ = QSize(geometry->width, geometry->height);
   return host;
 }
 
@@ -55,8 +63,9 @@ double HostWindow::Fineness() const {
   return window_->devicePixelRatio();
 }
 
-void HostWindow::TakeSize(int width, int height) {
-  size_ = (QSizeF(width, height) / Fineness()).toSize();
+QSize HostWindow::Size() const {
+  const QSizeF exact = QSizeF(size_) / Fineness();
+  return {qCeil(exact.width()), qCeil(exact.height())};
 }
 
 bool HostWindow::nativeEventFilter(const QByteArray& eventType, void* message, qintptr*) {
@@ -67,7 +76,7 @@ bool HostWindow::nativeEventFilter(const QByteArray& eventType, void* message, q
   if (kind == XCB_CONFIGURE_NOTIFY) {
     const auto& configured = *reinterpret_cast<const xcb_configure_notify_event_t*>(event);
     const QSize before = size_;
-    if (configured.window == number_) TakeSize(configured.width, configured.height);
+    if (configured.window == number_) size_ = QSize(configured.width, configured.height);
     if (size_ != before && resized_) resized_();
   } else if (kind == XCB_DESTROY_NOTIFY) {
     const auto& destroyed = *reinterpret_cast<const xcb_destroy_notify_event_t*>(event);

@@ -13,6 +13,8 @@ namespace pixorra {
 
 class HostWindow final : public QAbstractNativeEventFilter {
  public:
+  // Whether the X server that the environment names answers.
+  static bool HasServer();
   // Null where there is no such window, or no X server.
   static std::unique_ptr<HostWindow> Of(std::uint64_t number);
   ~HostWindow() override;
@@ -20,7 +22,8 @@ class HostWindow final : public QAbstractNativeEventFilter {
   HostWindow& operator=(const HostWindow&) = delete;
 
   QWindow& Window() { return *window_; }
-  QSize Size() const { return size_; }
+  // Logical pixels; as many as cover it, where it has no whole number of them.
+  QSize Size() const;
   double Fineness() const;
   // When it has another size, and when it has gone.
   void OnResized(std::function<void()> handler) { resized_ = std::move(handler); }
@@ -30,11 +33,9 @@ class HostWindow final : public QAbstractNativeEventFilter {
 
  private:
   HostWindow(std::uint32_t number, QWindow& window);
-  void TakeSize(int width, int height);
-
   std::uint32_t number_;
   std::unique_ptr<QWindow> window_;
-  QSize size_;  // logical pixels
+  QSize size_;  // the server's pixels
   std::function<void()> resized_;
   std::function<void()> gone_;
 };

@@ -77,7 +77,8 @@ bool DeliverKey(QtBackend& backend, Form& form, const QKeyEvent& event) {
   const bool repeated = backend.Held().Repeats(event);
   const bool ends =
       stroke.Code != 0 && stroke.Code != key::Other && !GoesOnWhileHeld(stroke.Code, backend.GetToolkit().Focus());
-  if (repeated && (ends || backend.DropsRepeats())) return true;
+  // Whoever takes every key waits for one to be pressed, and not for one that has been held since before it came up.
+  if (repeated && (ends || form.TakesEveryKey() || backend.DropsRepeats())) return true;
   Watch<Form> watch(form);
   bool used = false;
   QElapsedTimer handling;

@@ -69,6 +69,17 @@ QtBackend::QtBackend() : menuBarHeight_(MeasureMenuBar()) {
     FollowActiveForm();
     LookForStir();
   });
+  const auto watch = [this](const QScreen* screen) {
+    QObject::connect(screen, &QScreen::geometryChanged, &screensChanged_, [this] { FollowScreens(); });
+    QObject::connect(screen, &QScreen::logicalDotsPerInchChanged, &screensChanged_, [this] { FollowScreens(); });
+  };
+  for (const QScreen* screen : QGuiApplication::screens()) watch(screen);
+  QObject::connect(qGuiApp, &QGuiApplication::screenAdded, &screensChanged_, [this, watch](const QScreen* screen) {
+    watch(screen);
+    FollowScreens();
+  });
+  QObject::connect(qGuiApp, &QGuiApplication::screenRemoved, &screensChanged_, [this] { FollowScreens(); });
+  QObject::connect(qGuiApp, &QGuiApplication::primaryScreenChanged, &screensChanged_, [this] { FollowScreens(); });
 }
 
 QtBackend::~QtBackend() = default;
@@ -212,14 +223,19 @@ int QtBackend::ScreenOfPointer() {
 bool QtBackend::ShowInside(std::uint64_t window) {
   host_ = HostWindow::Of(window);
   if (host_ == nullptr) return false;
-  host_->OnResized([this] {
-    Dispatch([this] {
-      const std::vector<Form*> forms = toolkit_->Forms();
-      for (Form* form : forms) form->ScreenChanged();
-    });
-  });
+  host_->OnResized([this] { TellOfScreens(); });
   host_->OnGone([this] { toolkit_->End(); });
   return true;
+}
+
+// A form may go while another one arranges itself.
+void QtBackend::TellOfScreens() {
+  if (toolkit_ == nullptr || toolkit_->Ended()) return;
+  std::vector<Watch<Form>> forms;
+  for (Form* form : toolkit_->Forms()) forms.emplace_back(*form);
+  for (const Watch<Form>& form : forms) {
+    if (form) Dispatch([&form] { form->ScreenChanged(); });
+  }
 }
 
 Screen QtBackend::LargestWindow() {

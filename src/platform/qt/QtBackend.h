@@ -70,6 +70,9 @@ class QtBackend final : public Backend {
   void DropWaitingRepeats();
   bool DropsRepeats() const { return dropsRepeats_; }
 
+  // The screens may have changed: forms that cover one hear of it when the events that are waiting have been handled.
+  void FollowScreens() { screensChanged_.Post(); }
+
   // As QtPlatform::ShowInside.
   bool ShowInside(std::uint64_t window);
   // The window that is shown inside of; null where each form is a window of its own.
@@ -88,6 +91,7 @@ class QtBackend final : public Backend {
   void Guarded(const std::function<void()>& act);
   void ContinueEnding();
   void FollowActiveForm();
+  void TellOfScreens();
 
   Toolkit* toolkit_ = nullptr;
   Watch<Form> front_;  // the active form that the windows were last arranged for
@@ -106,6 +110,7 @@ class QtBackend final : public Backend {
   bool dropsRepeats_ = false;
   bool onlyTimersRan_ = false;  // since the loop last slept
   PostedCall endingStep_{[this] { Dispatch([this] { ContinueEnding(); }); }};
+  PostedCall screensChanged_{[this] { TellOfScreens(); }};
 };
 
 }  // namespace pixorra

@@ -9,6 +9,7 @@
 
 #include "platform/controls/Form.h"
 #include "platform/qt/Accessibility.h"
+#include "platform/qt/HostWindow.h"
 #include "platform/qt/LookStyle.h"
 #include "platform/qt/QtArtwork.h"
 #include "platform/qt/QtBackend.h"
@@ -126,6 +127,10 @@ void QtPlatform::ComeToFront() {
   if (front == nullptr) return;
   front->raise();
   front->activateWindow();
+}
+
+bool QtPlatform::HasXServer() {
+  return HostWindow::HasServer();
 }
 
 bool QtPlatform::ShowInside(std::uint64_t window) {

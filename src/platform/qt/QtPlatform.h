@@ -23,6 +23,9 @@ class QtPlatform {
   std::unique_ptr<Parts> parts_;
 
  public:
+  // Whether there is an X server to connect to; without one a platform that is to be on it ends the process.
+  static bool HasXServer();
+
   // Connects to the desktop; one may stand at a time. `argc` and `argv` stay in use.
   QtPlatform(int& argc, char** argv);
   ~QtPlatform();

@@ -4,8 +4,10 @@
 #include <QScreen>
 #include <QTemporaryDir>
 #include <QWindow>
+#include <algorithm>
 
 #include "platform/controls/FadeBox.h"
+#include "platform/controls/FineSurface.h"
 #include "tests/platform/qt/QtTest.h"
 
 namespace pixorra {
@@ -61,26 +63,46 @@ TEST_F(FadeTest, APictureOfAnotherSizeIsStretched) {
   EXPECT_EQ(Seen(97, 77), QColor(0, 0, 255));
 }
 
-// Several screens are a process's own from its start: the test runs once more in one that has them.
+// Screens and their scale are a process's own from its start: a test runs once more in one that has others.
 class ScreensTest : public QtTest {
  protected:
+  static constexpr const char* TwoScreens = R"({"screens": [
+      {"name": "One", "x": 0, "y": 0, "width": 640, "height": 480, "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 1},
+      {"name": "Two", "x": 640, "y": 0, "width": 800, "height": 600, "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 1}
+    ]})";
+  static constexpr const char* WideScreen = R"({"screens": [
+      {"name": "Wide", "x": 0, "y": 0, "width": 2560, "height": 1440, "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 1}
+    ]})";
+
   void OnTwoScreens(const std::function<void()>& test) {
     if (QGuiApplication::screens().size() == 2) {
       test();
-      return;
+    } else {
+      RunAgainOn(TwoScreens, 1);
     }
+  }
+  // 2560 x 1440 pixels of its own, one and a half of them to a pixel's side.
+  void OnABrokenScale(const std::function<void()>& test) {
+    if (qGuiApp->devicePixelRatio() == BrokenScale) {
+      test();
+    } else {
+      RunAgainOn(WideScreen, BrokenScale);
+    }
+  }
+  static constexpr double BrokenScale = 1.5;
+
+ private:
+  void RunAgainOn(const char* description, double scale) {
     QTemporaryDir folder;
     QFile screens(folder.filePath(QStringLiteral("screens.json")));
     ASSERT_TRUE(screens.open(QIODevice::WriteOnly));
-    screens.write(R"({"screens": [
-      {"name": "One", "x": 0, "y": 0, "width": 640, "height": 480, "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 1},
-      {"name": "Two", "x": 640, "y": 0, "width": 800, "height": 600, "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 1}
-    ]})");
+    screens.write(description);
     screens.close();
     const auto* info = ::testing::UnitTest::GetInstance()->current_test_info();
     QProcess process;
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.insert(QStringLiteral("QT_QPA_PLATFORM"), "offscreen:configfile=" + screens.fileName());
+    environment.insert(QStringLiteral("QT_SCALE_FACTOR"), QString::number(scale));
     process.setProcessEnvironment(environment);
     process.setProcessChannelMode(QProcess::MergedChannels);
     process.start(QCoreApplication::applicationFilePath(),
@@ -112,12 +134,72 @@ TEST_F(ScreensTest, AFormCoversTheScreenThatItIsToldTo) {
   });
 }
 
+TEST_F(ScreensTest, AFormThatCoversAScreenHearsThatTheScreenIsNotAsItWas) {
+  Form covers(toolkit, "Covers");
+  Form plain(toolkit, "Plain");
+  covers.SetFullScreen(true);
+  covers.Show();
+  plain.Show();
+  Settle();
+  int heard = 0;
+  covers.On().Resize = [&](Control&) { ++heard; };
+  plain.On().Resize = [](Control&) { FAIL() << "it covers none"; };
+  QScreen* const screen = QGuiApplication::primaryScreen();
+  Q_EMIT screen->logicalDotsPerInchChanged(192);
+  Q_EMIT screen->geometryChanged(screen->geometry());
+  Settle();
+  EXPECT_EQ(heard, 1) << "once, however much has changed";
+  Q_EMIT qGuiApp->screenAdded(screen);
+  Settle();
+  EXPECT_EQ(heard, 2);
+  QEvent moved(QEvent::ScreenChangeInternal);
+  QCoreApplication::sendEvent(&WindowOf(covers), &moved);
+  Settle();
+  EXPECT_EQ(heard, 3);
+}
+
 TEST_F(ScreensTest, TheScreenWithThePointerIsKnown) {
   OnTwoScreens([this] {
     QCursor::setPos(700, 100);
     EXPECT_EQ(toolkit.ScreenOfPointer(), 1);
     QCursor::setPos(10, 10);
     EXPECT_EQ(toolkit.ScreenOfPointer(), 0);
+  });
+}
+
+// Black and white pixels in turn: whatever is stretched by even one of them is grey somewhere.
+Picture Chequered(const Rect& size) {
+  Bitmap bitmap(size.Width, size.Height, PixelFormat::Bgra32);
+  bitmap.Fill(0);
+  for (int y = 0; y < size.Height; ++y) {
+    for (int x = y % 2; x < size.Width; x += 2) std::fill_n(bitmap.Row(y) + std::ptrdiff_t{4} * x, 3, 0xFF);
+  }
+  return Picture(std::move(bitmap));
+}
+
+TEST_F(ScreensTest, APictureOfTheScreensOwnPixelsIsSeenPixelForPixelAtABrokenScale) {
+  OnABrokenScale([this] {
+    Form form(toolkit, "Wide");
+    FadeBox box(form, "Box");
+    form.SetFullScreen(true);
+    ASSERT_EQ(form.ScaleWidth(), 1707) << "half a pixel more than the screen has";
+    box.Move(0, 0, form.ScaleWidth(), form.ScaleHeight());
+    form.Show();
+    Settle();
+    const Rect own = FineRect({0, 0, form.ScaleWidth(), form.ScaleHeight()}, toolkit.GetScreen().Fineness);
+    const Picture chequered = Chequered(own);
+    for (const double share : {1.0, 0.5}) {
+      box.Show({}, chequered, share);
+      const QImage shot = Shot(form);
+      ASSERT_GE(shot.width(), 2560);
+      ASSERT_GE(shot.height(), 1440);
+      const int bright = share == 1 ? 255 : 128;
+      for (int y = 0; y < 1440; y += 7) {
+        for (int x = 0; x < 2560; ++x) {
+          ASSERT_NEAR(shot.pixelColor(x, y).red(), (x + y) % 2 == 0 ? bright : 0, 1) << x << " " << y;
+        }
+      }
+    }
   });
 }
 

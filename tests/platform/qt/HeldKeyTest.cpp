@@ -47,6 +47,25 @@ TEST_F(HeldKeyTest, EachRepeatIsHandledWhereTheProgramIsQuick) {
   EXPECT_EQ(handled, 5);
 }
 
+TEST_F(HeldKeyTest, AKeyThatIsHeldSinceBeforeIsNotPressedInAFormThatTakesEveryKey) {
+  form.SetTakesEveryKey(true);
+  for (int i = 0; i < 3; ++i) Send(true);
+  Settle();
+  EXPECT_EQ(handled, 0);
+  Send(false);
+  Settle();
+  EXPECT_EQ(handled, 1);
+}
+
+TEST_F(HeldKeyTest, AButtonWithoutANameIsAKeyToAFormThatTakesEveryKey) {
+  Press(ClientOf(form), {20, 20}, Qt::BackButton);
+  Release(ClientOf(form), {20, 20}, Qt::BackButton);
+  EXPECT_EQ(handled, 0);
+  form.SetTakesEveryKey(true);
+  Press(ClientOf(form), {20, 20}, Qt::ForwardButton);
+  EXPECT_EQ(handled, 1);
+}
+
 TEST_F(HeldKeyTest, RepeatsThatHavePiledUpAreDroppedAndTheNextOneIsHandled) {
   busy = 60;
   for (int i = 0; i < 5; ++i) Send(i > 0);
