@@ -133,8 +133,8 @@ Bitmap DecodePlain(const BmpHeader& header, ByteReader& in) {
 
 }  // namespace
 
-Bitmap DecodeBmp(ByteReader& in) {
-  const BmpHeader header = ReadBmpHeader(in);
+Bitmap DecodeBmp(ByteReader& in, std::int64_t mostPixels) {
+  const BmpHeader header = ReadBmpHeader(in, mostPixels);
   if (header.coding != BmpCoding::RunLength8 && header.coding != BmpCoding::RunLength4) return DecodePlain(header, in);
   Bitmap bitmap = DecodeBmpRuns(in, header);
   if (bitmap.IsEmpty()) throw RuntimeError(error::BadPicture);

@@ -90,7 +90,7 @@ void ReadPalette(ByteReader& in, std::size_t at, std::size_t end, std::size_t en
 
 }  // namespace
 
-BmpHeader ReadBmpHeader(ByteReader& in) {
+BmpHeader ReadBmpHeader(ByteReader& in, std::int64_t mostPixels) {
   if (in.U8(0) != 'B' || in.U8(1) != 'M') Refuse();
   const std::uint32_t headerBytes = in.U32(14);
   if (headerBytes < CoreHeaderBytes || headerBytes > LongestHeaderBytes) Refuse();
@@ -119,7 +119,7 @@ BmpHeader ReadBmpHeader(ByteReader& in) {
   }
   if (said < FileHeaderBytes + headerBytes) header.pixelsAt = at;  // not said, or nonsense
   if (header.pixelsAt >= in.Size()) Refuse();
-  RefuseTooLarge(header.width, header.height);
+  RefuseTooLarge(header.width, header.height, mostPixels);
   return header;
 }
 

@@ -30,7 +30,7 @@ struct BmpHeader {
 };
 
 // Raises BadPicture for what is no bitmap, of no known kind, or larger than its bytes can back, OutOfMemory above
-// MostPixels (SizeBound.h), and what reading does.
-BmpHeader ReadBmpHeader(ByteReader& in);
+// so many pixels, and what reading does.
+BmpHeader ReadBmpHeader(ByteReader& in, std::int64_t mostPixels);
 
 }  // namespace pixorra

@@ -1,12 +1,17 @@
 #include "platform/codecs/FrameDecoder.h"
 
 #include <cstddef>
+#include <cstdint>
+#include <new>
 
-#include "platform/codecs/CodecPictures.h"
+#include "platform/codecs/BmpDecoder.h"
+#include "platform/codecs/ByteReader.h"
+#include "platform/codecs/GifDecoder.h"
 #include "platform/codecs/JpegReader.h"
 #include "platform/codecs/LargePages.h"
 #include "platform/pixels/Framing.h"
 #include "platform/runtime/Errors.h"
+#include "platform/services/FileBytes.h"
 
 namespace pixorra {
 
@@ -15,9 +20,34 @@ namespace {
 // Of one decode, in bytes: a progressive photo of 100 megapixels takes six a pixel beside its rows.
 constexpr std::int64_t MostMemory = std::int64_t{1024} * 1024 * 1024;
 
-bool IsJpeg(std::span<const std::uint8_t> file) {
-  return file.size() >= 2 && file[0] == 0xFF && file[1] == 0xD8;
+enum class FrameKind { None, Bmp, Gif, Jpeg };
+
+FrameKind FrameKindOf(ByteReader& in) {
+  if (in.U8(0) == 'B' && in.U8(1) == 'M') return FrameKind::Bmp;
+  if (in.U8(0) == 'G' && in.U8(1) == 'I' && in.U8(2) == 'F') return FrameKind::Gif;
+  return in.U8(0) == 0xFF && in.U8(1) == 0xD8 ? FrameKind::Jpeg : FrameKind::None;
 }
+
+// A file that ends its reading when it is told to.
+class StoppableFile final : public File {
+ public:
+  StoppableFile(File& file, const std::atomic<bool>& stop) : file_(file), stop_(stop) {}
+  std::int64_t Length() override { return file_.Length(); }
+  FileStamp Stamp() override { return file_.Stamp(); }
+  std::size_t ReadAt(std::int64_t offset, void* into, std::size_t count) override {
+    if (stop_) throw RuntimeError(error::DeviceIO);
+    return file_.ReadAt(offset, into, count);
+  }
+  void WriteAt(std::int64_t offset, const void* from, std::size_t count) override {
+    file_.WriteAt(offset, from, count);
+  }
+  void Flush() override { file_.Flush(); }
+  void Empty() override { file_.Empty(); }
+
+ private:
+  File& file_;
+  const std::atomic<bool>& stop_;
+};
 
 void Succeed(int status) {
   if (status != jpeg::Ok) throw RuntimeError(status == jpeg::OutOfMemory ? error::OutOfMemory : error::BadPicture);
@@ -31,14 +61,18 @@ void ReduceTo(JpegReader& reader, PixelSize wanted) {
   }
 }
 
-Bitmap DecodeJpegFrame(std::span<const std::uint8_t> file, PixelSize screen, const std::atomic<bool>& stop) {
-  JpegReader reader(file);
+Bitmap DecodeJpegFrame(File& file, PixelSize screen, const std::atomic<bool>& stop) {
+  if (file.Length() > MostMemory) throw RuntimeError(error::OutOfMemory);
+  FileBytes bytes;
+  bytes.Read(file);
+  JpegReader reader(bytes.Bytes());
   Succeed(reader.Open());
   reader.StopOn(stop);
   const PixelSize framed = FramedSize({reader.Width(), reader.Height()}, screen);
   ReduceTo(reader, framed);
   const std::int64_t rows = (std::int64_t{reader.ReducedWidth()} * 3 + 3) * reader.ReducedHeight();
-  if (rows + reader.WorkingMemory() > MostMemory) throw RuntimeError(error::OutOfMemory);
+  if (rows + reader.WorkingMemory() + static_cast<std::int64_t>(bytes.Size()) > MostMemory)
+    throw RuntimeError(error::OutOfMemory);
   // What is missing after damage is black.
   Bitmap pixels = Bitmap::Cleared(reader.ReducedWidth(), reader.ReducedHeight(), PixelFormat::Bgr24);
   UseLargePages(pixels);
@@ -48,14 +82,37 @@ Bitmap DecodeJpegFrame(std::span<const std::uint8_t> file, PixelSize screen, con
   return FrameOf(pixels, framed, screen);
 }
 
-}  // namespace
+// Of the kinds that are read part by part and cannot be decoded at a reduction.
+Bitmap DecodeWhole(FrameKind kind, ByteReader& in) {
+  constexpr std::int64_t MostFramePixels = MostMemory / 4;
+  if (kind == FrameKind::Bmp) return DecodeBmp(in, MostFramePixels);
+  if (kind == FrameKind::Gif) return DecodeGif(in, MostFramePixels);
+  throw RuntimeError(error::BadPicture);
+}
 
-Bitmap DecodeFrame(std::span<const std::uint8_t> file, PixelSize screen, const std::atomic<bool>& stop) {
-  if (IsJpeg(file)) return DecodeJpegFrame(file, screen, stop);
-  const Bitmap pixels = DecodePicture(file);
+Bitmap DecodeUnlessStopped(File& file, PixelSize screen, const std::atomic<bool>& stop) {
+  ByteReader in(file);
+  const FrameKind kind = FrameKindOf(in);
+  if (kind == FrameKind::Jpeg) return DecodeJpegFrame(file, screen, stop);
+  const Bitmap pixels = DecodeWhole(kind, in);
   if (pixels.IsEmpty()) throw RuntimeError(error::BadPicture);
   if (stop) return {};
   return FrameOf(pixels, FramedSize({pixels.Width(), pixels.Height()}, screen), screen);
+}
+
+}  // namespace
+
+Bitmap DecodeFrame(File& file, PixelSize screen, const std::atomic<bool>& stop) {
+  StoppableFile stoppable(file, stop);
+  try {
+    return DecodeUnlessStopped(stoppable, screen, stop);
+  } catch (const std::bad_alloc&) {
+    throw RuntimeError(error::OutOfMemory);
+  } catch (const RuntimeError& e) {
+    if (stop) return {};
+    if (e.Number() == error::Overflow) throw RuntimeError(error::OutOfMemory);
+    throw;
+  }
 }
 
 }  // namespace pixorra

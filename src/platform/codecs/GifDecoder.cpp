@@ -231,7 +231,7 @@ bool HasPixels(const GifImage& image, ByteReader& in) {
 
 }  // namespace
 
-Bitmap DecodeGif(ByteReader& in) {
+Bitmap DecodeGif(ByteReader& in, std::int64_t mostPixels) {
   GifImage image = GifParser(in).FirstImage();
   if (image.screenWidth == 0 || image.screenHeight == 0) {
     image.screenWidth = std::min(image.left + image.width, LongestSide);
@@ -242,8 +242,8 @@ Bitmap DecodeGif(ByteReader& in) {
   if (!IsBacked(image.width, image.height, codes, GifPixelsPerByte)) Refuse();
   if (!IsBacked(image.screenWidth, image.screenHeight, in.Size(), GifPixelsPerByte)) Refuse();
   if (!HasPixels(image, in)) Refuse();
-  RefuseTooLarge(image.width, image.height);
-  RefuseTooLarge(image.screenWidth, image.screenHeight);
+  RefuseTooLarge(image.width, image.height, mostPixels);
+  RefuseTooLarge(image.screenWidth, image.screenHeight, mostPixels);
   if (!image.hasPalette) {
     for (std::size_t i = 0; i < image.palette.size(); ++i) image.palette[i].fill(static_cast<Byte>(i));
   }

@@ -31,8 +31,8 @@ inline bool IsBacked(std::int64_t width, std::int64_t height, std::size_t bytes,
 }
 
 // A picture that its data backs and that is too large all the same is a lack of memory: raises OutOfMemory.
-inline void RefuseTooLarge(std::int64_t width, std::int64_t height) {
-  if (width * height > MostPixels) throw RuntimeError(error::OutOfMemory);
+inline void RefuseTooLarge(std::int64_t width, std::int64_t height, std::int64_t mostPixels) {
+  if (width * height > mostPixels) throw RuntimeError(error::OutOfMemory);
 }
 
 }  // namespace pixorra

@@ -12,7 +12,6 @@
 #include "platform/codecs/FrameDecoder.h"
 #include "platform/codecs/ThreadPriority.h"
 #include "platform/runtime/Errors.h"
-#include "platform/services/FileBytes.h"
 
 namespace pixorra {
 
@@ -46,20 +45,19 @@ void Deliver(Task& task, const PhotoFrame& frame) {
 }
 
 bool Serves(const PhotoFrame& known, const FileStamp& stamp, PixelSize screen) {
-  return !known.Shown.IsNothing() && known.Stamp == stamp && known.Shown.Width() == screen.Width &&
-         known.Shown.Height() == screen.Height;
+  return known.Stamp == stamp &&
+         (known.Shown.IsNothing() || (known.Shown.Width() == screen.Width && known.Shown.Height() == screen.Height));
 }
 
-PhotoFrame MakeFrame(Files& files, Task& task) {
-  PhotoFrame frame;
+void MakeFrame(Files& files, Task& task, PhotoFrame& frame) {
   const std::unique_ptr<File> file = files.Open(task.Path, OpenMode::Read);
   frame.Stamp = file->Stamp();
-  if (Serves(task.Known, frame.Stamp, task.Screen)) return task.Known;
+  if (Serves(task.Known, frame.Stamp, task.Screen)) {
+    frame = task.Known;
+    return;
+  }
   task.Known = {};
-  FileBytes bytes;
-  bytes.Read(*file);
-  frame.Shown = Picture(DecodeFrame(bytes.Bytes(), task.Screen, task.Cancelled));
-  return frame;
+  frame.Shown = Picture(DecodeFrame(*file, task.Screen, task.Cancelled));
 }
 
 }  // namespace
@@ -96,7 +94,9 @@ void ThreadedFrames::Work(const std::shared_ptr<Queue>& queue) {
     if (task->Cancelled) continue;
     lock.unlock();
     PhotoFrame frame;
-    ErrorsIgnored([&] { frame = MakeFrame(*queue->Source, *task); });
+    const int failure = ErrorsIgnored([&] { MakeFrame(*queue->Source, *task, frame); });
+    // What fails for anything but the file itself may do better another time.
+    if (failure != error::None && failure != error::BadPicture) frame.Stamp = {};
     task->Known = {};
     lock.lock();
     if (queue->Loop != nullptr && !task->Cancelled) queue->Loop->Post([task, frame] { Deliver(*task, frame); });

@@ -35,14 +35,14 @@ PhotoFrame HeadlessFrames::FrameFor(const Request& request) {
   const std::unique_ptr<File> file = files_.Open(request.Path, OpenMode::Read);
   frame.Stamp = file->Stamp();
   const Picture& known = request.Known.Shown;
-  if (!known.IsNothing() && request.Known.Stamp == frame.Stamp &&
-      PixelSize{known.Width(), known.Height()} == request.Screen) {
-    return request.Known;
-  }
+  const bool fits = known.IsNothing() || PixelSize{known.Width(), known.Height()} == request.Screen;
+  if (request.Known.Stamp == frame.Stamp && fits) return request.Known;
   ++decoded_;
-  const Picture photo = pictures_.Load(*file);
-  const PixelSize framed = FramedSize({photo.Width(), photo.Height()}, request.Screen);
-  frame.Shown = Picture(FrameOf(photo.Pixels(), framed, request.Screen));
+  ErrorsIgnored([&] {
+    const Picture photo = pictures_.Load(*file);
+    const PixelSize framed = FramedSize({photo.Width(), photo.Height()}, request.Screen);
+    frame.Shown = Picture(FrameOf(photo.Pixels(), framed, request.Screen));
+  });
   return frame;
 }
 

@@ -28,8 +28,10 @@ class PhotoFrames {
 
   // The photo upright and whole in the middle of black, as large as the screen (in its own pixels) has room for, but at
   // most twice its own size. `known` is what was made of the same path before, or nothing: it serves again where the
-  // file is unchanged and the size is the same. The handler is called at most once, in the program's thread, from a
-  // later turn of its loop; it may end its own making, and begin others. Raises OutOfMemory where no thread can be had.
+  // file is unchanged and the size is the same; so does a frame of nothing with the stamp of a damaged file. The path
+  // is one that a folder reader has given, spelled as on the disk. The handler is called at most once, in the program's
+  // thread, from a later turn of its loop; it may end its own making, and begin others. Raises OutOfMemory where no
+  // thread can be had.
   [[nodiscard]] virtual std::unique_ptr<Making> Make(const std::string& path, PixelSize screen, const PhotoFrame& known,
                                                      Handler handler) = 0;
 };

@@ -1,15 +1,20 @@
 // Frames that a thread makes: what their users share is in FramesContract.
 #include <condition_variable>
+#include <cstdint>
 #include <deque>
+#include <filesystem>
 #include <future>
 #include <gtest/gtest.h>
 #include <mutex>
 #include <optional>
+#include <string>
 #include <thread>
+#include <utility>
 
 #include "platform/codecs/FrameDecoder.h"
 #include "platform/codecs/ThreadedFrames.h"
 #include "platform/runtime/Errors.h"
+#include "tests/platform/codecs/BoundedMemory.h"
 #include "tests/platform/runtime/RaisesError.h"
 #include "tests/support/FaultyFiles.h"
 #include "tests/support/TemporaryDrive.h"
@@ -19,6 +24,14 @@ namespace pixorra {
 namespace {
 
 constexpr PixelSize FrameSize{64, 48};
+
+// The same bitmap file with another size in its head.
+std::string WithBmpSize(std::string file, int width, int height) {
+  for (const auto& [at, value] : {std::pair(18, width), std::pair(22, height)}) {
+    for (int i = 0; i < 4; ++i) file[static_cast<std::size_t>(at + i)] = static_cast<char>(value >> 8 * i & 255);
+  }
+  return file;
+}
 
 // A loop that runs what was posted when the test says so.
 class PostedCalls : public Posting {
@@ -85,19 +98,71 @@ TEST_F(ThreadedFramesTest, ADiskThatHangsHoldsUpNeitherTheProgramNorItsEnd) {
   while (!held.expired()) std::this_thread::yield();
 }
 
-TEST(FrameDecoderTest, ADecodeThatIsNotWantedAnyMoreMakesNothing) {
-  const std::string photo = JpegPhoto(640, 480);
+class FrameDecoderTest : public ::testing::Test {
+ protected:
+  static constexpr std::int64_t Gigabyte = std::int64_t{1024} * MiB;
+
+  Bitmap Decoded(Files& from, const std::atomic<bool>& stop) {
+    return DecodeFrame(*from.Open("C:\\photo.jpg", OpenMode::Read), FrameSize, stop);
+  }
+  int Raised() {
+    const std::atomic<bool> stop = false;
+    return ErrorOf([&] { Decoded(drive.DriveFiles(), stop); });
+  }
+  // As long as that, with nothing on the disk behind what was written.
+  void MakeLong(std::int64_t bytes) {
+    std::filesystem::resize_file(drive.HostPath("C:\\photo.jpg"), static_cast<std::uintmax_t>(bytes));
+  }
+
+  TemporaryDrive drive;
+};
+
+TEST_F(FrameDecoderTest, ADecodeThatIsNotWantedAnyMoreMakesNothing) {
   const std::atomic<bool> stop = true;
-  const std::span bytes(reinterpret_cast<const std::uint8_t*>(photo.data()), photo.size());
-  EXPECT_TRUE(DecodeFrame(bytes, FrameSize, stop).IsEmpty());
+  for (const std::string& photo : {JpegPhoto(640, 480), BmpPhoto(640, 480)}) {
+    drive.Write("C:\\photo.jpg", photo);
+    EXPECT_TRUE(Decoded(drive.DriveFiles(), stop).IsEmpty());
+  }
 }
 
-TEST(FrameDecoderTest, AProgressivePhotoThatWouldTakeGigabytesIsRefused) {
-  std::string photo = JpegPhoto(64, 64, {.progressive = true});
-  photo = WithJpegSize(photo, 30000, 30000) + std::string(4'000'000, '\0');
-  const std::atomic<bool> stop = false;
-  const std::span bytes(reinterpret_cast<const std::uint8_t*>(photo.data()), photo.size());
-  EXPECT_EQ(ErrorOf([&] { DecodeFrame(bytes, FrameSize, stop); }), error::OutOfMemory);
+TEST_F(FrameDecoderTest, ALongBitmapIsNotReadToItsEndForNothing) {
+  drive.Write("C:\\photo.jpg", BmpPhoto(1600, 1200));
+  FaultyFiles files(drive.DriveFiles());
+  std::atomic<bool> stop = false;
+  files.BeforeNth(FileCall::Read, 3, [&] { stop = true; });
+  EXPECT_TRUE(Decoded(files, stop).IsEmpty());
+  EXPECT_LE(files.Count(FileCall::Read), 4);
+}
+
+TEST_F(FrameDecoderTest, AProgressivePhotoThatWouldTakeGigabytesIsRefused) {
+  const std::string photo = JpegPhoto(64, 64, {.progressive = true});
+  drive.Write("C:\\photo.jpg", WithJpegSize(photo, 30000, 30000) + std::string(4'000'000, '\0'));
+  EXPECT_EQ(Raised(), error::OutOfMemory);
+}
+
+TEST_F(FrameDecoderTest, AFileThatIsNoPictureIsNotReadHoweverLongItIs) {
+  drive.Write("C:\\photo.jpg", "no picture");
+  MakeLong(Gigabyte * 3 / 2);
+  WithinTwoGigabytes([&] { EXPECT_LT(MostTaken([&] { EXPECT_EQ(Raised(), error::BadPicture); }), 16 * MiB); });
+}
+
+TEST_F(FrameDecoderTest, APhotoWhoseFileAloneWouldTakeMoreThanAGigabyteIsRefusedUnread) {
+  drive.Write("C:\\photo.jpg", JpegPhoto(64, 64));
+  MakeLong(Gigabyte + 1);
+  WithinTwoGigabytes([&] { EXPECT_LT(MostTaken([&] { EXPECT_EQ(Raised(), error::OutOfMemory); }), 16 * MiB); });
+}
+
+TEST_F(FrameDecoderTest, ABitmapTakesNoRoomForItsFile) {
+  drive.Write("C:\\photo.jpg", WithBmpSize(BmpPhoto(64, 64), 8000, 8000));
+  MakeLong(54 + std::int64_t{8000} * 8000 * 3);
+  WithinTwoGigabytes(
+      [&] { EXPECT_LT(MostTaken([&] { EXPECT_EQ(Raised(), error::None); }), 8000 * 8000 * 3 + 48 * MiB); });
+}
+
+TEST_F(FrameDecoderTest, ABitmapOfMoreThanAGigabyteIsRefused) {
+  drive.Write("C:\\photo.jpg", WithBmpSize(BmpPhoto(64, 64), 17000, 16000));
+  MakeLong(54 + std::int64_t{17000} * 16000 * 3);
+  WithinTwoGigabytes([&] { EXPECT_LT(MostTaken([&] { EXPECT_EQ(Raised(), error::OutOfMemory); }), 16 * MiB); });
 }
 
 }  // namespace

@@ -147,6 +147,16 @@ TEST_F(FramesContract, WhatIsKnownServesAgainForAsLongAsFileAndScreenAreTheSame)
   EXPECT_TRUE(Made("C:\\photo.jpg", WideScreen, first).Shown.IsNothing());
 }
 
+TEST_F(FramesContract, WhatIsKnownToBeDamagedIsNotDecodedAgainUntilTheFileChanges) {
+  const PhotoFrame damaged = MadeOf("no picture");
+  EXPECT_NE(damaged.Stamp, FileStamp());
+  EXPECT_EQ(Made("C:\\none.jpg").Stamp, FileStamp());
+  drive.Write("C:\\good.bmp", BmpPhoto(30, 20));
+  const PhotoFrame good = Made("C:\\good.bmp");
+  EXPECT_TRUE(Made("C:\\good.bmp", WideScreen, {{}, good.Stamp}).Shown.IsNothing()) << "it is not even looked at";
+  EXPECT_FALSE(Made("C:\\good.bmp", WideScreen, {{}, damaged.Stamp}).Shown.IsNothing());
+}
+
 TEST_F(FramesContract, AMakingThatHasEndedIsNotHeardOf) {
   drive.Write("C:\\photo.jpg", BmpPhoto(30, 20));
   bool came = false;
