@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <pwd.h>
 #include <string_view>
+#include <sys/stat.h>
 #include <system_error>
 #include <unistd.h>
 
@@ -44,6 +45,14 @@ std::string FolderOfProgram() {
   return std::filesystem::read_symlink("/proc/self/exe", failure).parent_path();
 }
 
+// Daemons start programs without the session's variables. Empty where that folder is not the user's own.
+std::string UsualRuntimeDir() {
+  std::string folder = "/run/user/" + std::to_string(getuid());
+  struct stat entry {};
+  const bool isOwn = lstat(folder.c_str(), &entry) == 0 && S_ISDIR(entry.st_mode) && entry.st_uid == getuid();
+  return isOwn ? folder : std::string();
+}
+
 }  // namespace
 
 Environment Environment::OfHome(const std::string& home) {
@@ -65,6 +74,7 @@ Environment Environment::OfProcess() {
   TakePath("XDG_DATA_HOME", environment.DataHome);
   TakePath("XDG_CONFIG_HOME", environment.ConfigHome);
   TakePath("XDG_CACHE_HOME", environment.CacheHome);
+  environment.RuntimeDir = UsualRuntimeDir();
   TakePath("XDG_RUNTIME_DIR", environment.RuntimeDir);
   const std::string_view dataFolders = Variable("XDG_DATA_DIRS");
   environment.DataFolders = PathsIn(dataFolders.empty() ? "/usr/local/share:/usr/share" : dataFolders);

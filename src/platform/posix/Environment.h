@@ -13,7 +13,7 @@ struct Environment {
   std::string ConfigHome;                  // $XDG_CONFIG_HOME
   std::string CacheHome;                   // $XDG_CACHE_HOME
   std::vector<std::string> DataFolders{};  // $XDG_DATA_DIRS, everybody's; none in OfHome
-  std::string RuntimeDir;                  // $XDG_RUNTIME_DIR, may be empty
+  std::string RuntimeDir;                  // $XDG_RUNTIME_DIR, else the usual one if it is there; may be empty
   std::string User;
   std::string OwnFolder;  // of the program that runs; empty where it is not known
 

@@ -17,7 +17,7 @@ namespace pixorra {
 
 namespace {
 
-std::vector<ListedFile> ListByHost(const std::string& folder, const std::string& pattern) {
+std::vector<ListedFile> ListByHost(const std::string& folder, const std::string& pattern, bool lengths) {
   const std::unique_ptr<DIR, int (*)(DIR*)> open(opendir(folder.c_str()), closedir);
   if (!open) throw RuntimeError(error::PathNotFound);
   std::vector<ListedFile> files;
@@ -28,6 +28,10 @@ std::vector<ListedFile> ListByHost(const std::string& folder, const std::string&
     if (hostName[0] == '.' || !mayBeFile) continue;
     std::string name = NameFromHost(hostName);
     if (!MatchesPattern(name, pattern)) continue;
+    if (!lengths && entry->d_type == DT_REG) {
+      files.push_back({std::move(name), std::nullopt});
+      continue;
+    }
     struct stat looked {};
     const bool seen = fstatat(dirfd(open.get()), hostName, &looked, 0) == 0;
     if (seen ? !S_ISREG(looked.st_mode) : entry->d_type != DT_REG) continue;
@@ -67,10 +71,10 @@ bool IsOfDesktop(const PathMapping& mapping, const std::string& hostFolder) {
 
 }  // namespace
 
-std::vector<ListedFile> ListFiles(const PathMapping& mapping, const std::string& hostFolder,
-                                  const std::string& pattern) {
+std::vector<ListedFile> ListFiles(const PathMapping& mapping, const std::string& hostFolder, const std::string& pattern,
+                                  bool lengths) {
   std::vector<ListedFile> files =
-      IsOfDesktop(mapping, hostFolder) ? ListByDesktop(hostFolder, pattern) : ListByHost(hostFolder, pattern);
+      IsOfDesktop(mapping, hostFolder) ? ListByDesktop(hostFolder, pattern) : ListByHost(hostFolder, pattern, lengths);
   std::sort(files.begin(), files.end(),
             [](const ListedFile& a, const ListedFile& b) { return NameLess(a.Name, b.Name); });
   return files;

@@ -26,13 +26,13 @@ std::string PathOfFolder(const PathMapping& mapping, const std::string& path);
 
 struct ListedFile {
   std::string Name;
-  std::optional<std::int64_t> Length;  // bytes; nothing where it cannot be looked at
+  std::optional<std::int64_t> Length;  // bytes; nothing where it cannot be looked at, or need not be
 };
-// As Files::Names gives them, but hidden ones and folders never, by the order of NameLess. One listing and one look at
-// each file; on a device that the desktop mounts, the desktop's own enumeration, which needs no look. Raises
-// PathNotFound for a folder that cannot be read, DeviceIO where the listing breaks off.
-std::vector<ListedFile> ListFiles(const PathMapping& mapping, const std::string& hostFolder,
-                                  const std::string& pattern);
+// As Files::Names gives them, but hidden ones and folders never, by the order of NameLess. One listing, and one look at
+// each file where lengths are asked for; on a device that the desktop mounts, the desktop's own enumeration, which
+// needs no look. Raises PathNotFound for a folder that cannot be read, DeviceIO where the listing breaks off.
+std::vector<ListedFile> ListFiles(const PathMapping& mapping, const std::string& hostFolder, const std::string& pattern,
+                                  bool lengths);
 
 // For Files::Folders. Where a volume of the mapping is mounted another drive begins: such a folder is left out.
 std::vector<std::string> ListFolders(const PathMapping& mapping, const HostPath& folder, int attributes);

@@ -1,6 +1,7 @@
 // Case rules of look-ups.
 #include "platform/posix/HostLookup.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <dirent.h>
 #include <memory>
@@ -124,6 +125,25 @@ Located Locate(HostPath path, KeptFolders* kept) {
   const std::size_t last = path.Names.size() - 1;
   const bool folderIsThere = last > 0 && IsThere(path.Text(last));
   return Walk(std::move(path), folderIsThere ? last : 0, kept);
+}
+
+Located LocateExactly(HostPath path) {
+  const auto look = [](HostPath asked) {
+    Located located;
+    located.Failure = Look(asked.Text(), located.Entry);
+    located.Path = std::move(asked);
+    if (located.Exists()) located.Found = located.Path.Names.size();
+    return located;
+  };
+  const bool isOnShare = path.RootNames > 0;
+  Located located = look(std::move(path));
+  if (located.Exists() || !isOnShare) return located;
+  HostPath share = located.Path;
+  share.Names.resize(share.RootNames);
+  const Located mount = Locate(std::move(share));
+  if (!mount.Exists()) return located;
+  std::copy(mount.Path.Names.begin(), mount.Path.Names.end(), located.Path.Names.begin());
+  return look(std::move(located.Path));
 }
 
 Located LocateInDiskCase(HostPath path) {

@@ -26,6 +26,9 @@ struct Located {
 // is kept.
 Located Locate(HostPath path, KeptFolders* kept = nullptr);
 
+// As Locate, but names are there only as they are spelled; no folder is read but that of the mounts.
+Located LocateExactly(HostPath path);
+
 // As Locate, but each name is in the disk's own case even where the disk itself ignores case.
 Located LocateInDiskCase(HostPath path);
 

@@ -4,6 +4,7 @@
 #include <fcntl.h>
 #include <poll.h>
 #include <string_view>
+#include <utility>
 
 #include "platform/posix/DesktopMountsLook.h"
 #include "platform/posix/HostNames.h"
@@ -20,12 +21,20 @@ std::string ShownName(const std::string& mountPoint) {
   return NameForPeople(NameFromHost(std::string_view(mountPoint).substr(mountPoint.rfind('/') + 1)));
 }
 
+std::string ShareMountsOf(const Environment& environment) {
+  return environment.RuntimeDir.empty() ? std::string() : environment.RuntimeDir + "/gvfs";
+}
+
 }  // namespace
 
 MountedMapping::MountedMapping(const Environment& environment)
+    : MountedMapping(environment,
+                     DesktopMountsLook(ShareMountsOf(environment)).Names(DesktopMountsLook::PatienceAtStart)) {}
+
+MountedMapping::MountedMapping(const Environment& environment, std::vector<std::string> desktopMounts)
     : user_(environment.User),
-      shareMounts_(environment.RuntimeDir.empty() ? std::string() : environment.RuntimeDir + "/gvfs"),
-      desktopMounts_(DesktopMountsLook(shareMounts_).Names(DesktopMountsLook::PatienceAtStart)),
+      shareMounts_(ShareMountsOf(environment)),
+      desktopMounts_(std::move(desktopMounts)),
       lettersFile_(environment.ConfigHome + "/pixorra/drives"),
       mountInfo_(open("/proc/self/mountinfo", O_RDONLY | O_CLOEXEC)),
       remembered_(ParseLetters(ReadSmallFile(lettersFile_).value_or(""))) {

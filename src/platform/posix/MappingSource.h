@@ -39,6 +39,8 @@ class FixedMapping : public MappingSource {
 class MountedMapping : public MappingSource {
  public:
   explicit MountedMapping(const Environment& environment);
+  // With what is known already of the session's folder of mounts, which may take long to answer.
+  MountedMapping(const Environment& environment, std::vector<std::string> desktopMounts);
   const PathMapping& Current() override;
   void ReadAgain(const std::vector<std::string>& desktopMounts) override;
   std::vector<std::string> DesktopMounts() const override { return desktopMounts_; }

@@ -56,8 +56,8 @@ struct PosixFolderReader::Queue {
   int Idle = 0;
 };
 
-PosixFolderReader::PosixFolderReader(std::shared_ptr<MappingSource> mapping, Posting& posting)
-    : mapping_(std::move(mapping)), queue_(std::make_shared<Queue>(posting)) {}
+PosixFolderReader::PosixFolderReader(std::shared_ptr<MappingSource> mapping, Posting& posting, Lengths lengths)
+    : mapping_(std::move(mapping)), lengths_(lengths), queue_(std::make_shared<Queue>(posting)) {}
 
 PosixFolderReader::~PosixFolderReader() {
   const std::lock_guard lock(queue_->Mutex);
@@ -98,9 +98,10 @@ std::unique_ptr<FolderReader::Reading> PosixFolderReader::Read(const std::string
 
 std::unique_ptr<FolderReader::Reading> PosixFolderReader::ReadFiles(const std::string& folder,
                                                                     const std::string& pattern, Handler handler) {
-  const auto look = [folder, pattern](const PathMapping& mapping, Answer& answer) {
+  const auto look = [folder, pattern, lengths = lengths_ == Lengths::Known](const PathMapping& mapping,
+                                                                            Answer& answer) {
     answer.Path = PathOfFolder(mapping, folder);
-    for (ListedFile& file : ListFiles(mapping, mapping.ToHost(answer.Path).Text(), pattern)) {
+    for (ListedFile& file : ListFiles(mapping, mapping.ToHost(answer.Path).Text(), pattern, lengths)) {
       answer.Names.push_back(std::move(file.Name));
       answer.Lengths.push_back(file.Length);
     }

@@ -16,7 +16,10 @@ class PosixFolderReader : public FolderReader {
   // So many folders may hang at once before others have to wait for them.
   static constexpr int MostThreads = 8;
 
-  PosixFolderReader(std::shared_ptr<MappingSource> mapping, Posting& posting);
+  // Whether ReadFiles looks how long the files are: one look at each, which takes most of the time in a large folder.
+  enum class Lengths { Known, Unknown };
+
+  PosixFolderReader(std::shared_ptr<MappingSource> mapping, Posting& posting, Lengths lengths = Lengths::Known);
   ~PosixFolderReader() override;
   PosixFolderReader(const PosixFolderReader&) = delete;
   PosixFolderReader& operator=(const PosixFolderReader&) = delete;
@@ -33,6 +36,7 @@ class PosixFolderReader : public FolderReader {
   static void Work(const std::shared_ptr<Queue>& queue);
 
   std::shared_ptr<MappingSource> mapping_;
+  Lengths lengths_;
   std::shared_ptr<Queue> queue_;
 };
 

@@ -104,6 +104,23 @@ TEST_F(PosixFolderReaderTest, FolderThatAnswersAtLastIsHeard) {
   EXPECT_THAT(heard, ElementsAre("b", "a"));
 }
 
+TEST_F(PosixFolderReaderTest, FilesAreListedAlikeWhereNobodyWantsTheirLengths) {
+  drive.Write("C:\\Other\\one.jpg", "1");
+  drive.MakeLink("C:\\Other\\two.jpg", "one.jpg");
+  drive.MakeLink("C:\\Other\\gone.jpg", "nowhere");
+  drive.MakeFolder("C:\\Other\\folder.jpg");
+  drive.MakeFifo("C:\\Other\\pipe.jpg");
+  PosixFolderReader plain(std::make_shared<FixedMapping>(PathMapping({{'C', drive.HostRoot(), "C"}})), loop,
+                          PosixFolderReader::Lengths::Unknown);
+  FolderReader::Answer answer;
+  const auto reading =
+      plain.ReadFiles("C:\\Other", "*.jpg", [&](const FolderReader::Answer& heardOf) { answer = heardOf; });
+  ASSERT_TRUE(loop.RunOne());
+  EXPECT_THAT(answer.Names, ElementsAre("one.jpg", "two.jpg"));
+  ASSERT_EQ(answer.Lengths.size(), 2U);
+  EXPECT_EQ(answer.Lengths[0], std::nullopt) << "it has not been looked at";
+}
+
 // A reader that waited for its threads would hang here, and nothing would be posted to a loop that has gone.
 TEST_F(PosixFolderReaderTest, EndDoesNotWaitForAFolder) {
   HeldUp held;

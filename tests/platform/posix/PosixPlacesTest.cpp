@@ -2,8 +2,12 @@
 #include <algorithm>
 #include <cmath>
 #include <ctime>
+#include <filesystem>
 #include <gtest/gtest.h>
+#include <string>
 #include <sys/stat.h>
+#include <system_error>
+#include <unistd.h>
 
 #include "platform/posix/PosixClock.h"
 #include "platform/posix/PosixPlaces.h"
@@ -186,6 +190,22 @@ TEST(OfProcess, EverybodysFoldersAreTheUsualOnesOrThoseThatAreNamed) {
   InOwnProcess({{"XDG_DATA_DIRS", "/opt/share/:relative::/usr/share:"}}, [] {
     EXPECT_EQ(Environment::OfProcess().DataFolders, (Folders{"/opt/share", "/usr/share"}));
   });
+}
+
+TEST(OfProcess, WithoutTheSessionsVariableTheUsersOwnFolderIsTheOneOfTheSession) {
+  const std::string usual = "/run/user/" + std::to_string(getuid());
+  std::error_code failure;
+  const bool made = std::filesystem::create_directories(usual, failure);
+  if (!std::filesystem::is_directory(usual)) GTEST_SKIP() << "this user has no such folder";
+  InOwnProcess({{"XDG_RUNTIME_DIR", ""}}, [&] { EXPECT_EQ(Environment::OfProcess().RuntimeDir, usual); });
+  InOwnProcess({{"XDG_RUNTIME_DIR", "/else"}}, [] { EXPECT_EQ(Environment::OfProcess().RuntimeDir, "/else"); });
+  if (getuid() == 0 && made) {
+    constexpr uid_t somebodyElse = 12345;
+    ASSERT_EQ(chown(usual.c_str(), somebodyElse, static_cast<gid_t>(-1)), 0);
+    InOwnProcess({{"XDG_RUNTIME_DIR", ""}}, [] { EXPECT_EQ(Environment::OfProcess().RuntimeDir, ""); });
+    ASSERT_EQ(chown(usual.c_str(), 0, static_cast<gid_t>(-1)), 0);
+  }
+  if (made) std::filesystem::remove(usual, failure);
 }
 
 TEST(OnPosixClock, NowIsTheHostsLocalTime) {
