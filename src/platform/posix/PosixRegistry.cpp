@@ -97,10 +97,11 @@ void Write(const std::string& hostPath, const VerbFile& file) {
   const int made = FoldersToMake(hostPath);
   const int failure = ErrorsIgnored([&] {
     if (!MakeFolders(FolderOf(hostPath))) throw RuntimeError(error::PathAccess);
-    WriteSmallFile(hostPath, WithNote(file.Text, made));
+    RemoveTracesOf(hostPath, VerbMark);
+    WriteNewSmallFile(hostPath, WithNote(file.Text, made));
     if (file.Executable && chmod(hostPath.c_str(), 0700) != 0) throw RuntimeError(error::PathAccess);
   });
-  if (failure == error::None) return;
+  if (failure == error::None || failure == error::FileExists) return;
   if (IsOwn(hostPath)) unlink(hostPath.c_str());
   RemoveFolders(FolderOf(hostPath), made);
 }

@@ -63,6 +63,17 @@ bool IsProgram(const std::string& hostPath) {
   return stat(hostPath.c_str(), &entry) == 0 && S_ISREG(entry.st_mode) && access(hostPath.c_str(), X_OK) == 0;
 }
 
+// A link to the program under a name that nobody has, next to that path; empty where it cannot be made.
+std::string LinkBeside(const std::string& path, const std::string& program) {
+  constexpr int MostTries = 100;
+  for (int i = 0; i < MostTries; ++i) {
+    std::string name = path + '.' + std::to_string(getpid()) + '-' + std::to_string(i);
+    if (symlink(program.c_str(), name.c_str()) == 0) return name;
+    if (errno != EEXIST) break;
+  }
+  return {};
+}
+
 bool OpenFirst(std::span<const char* const> names) {
   const std::string starter = FirstStarter(names);
   return !starter.empty() && LaunchStarter(starter, {}, {});
@@ -127,11 +138,13 @@ void PosixShell::OfferProgram(const std::string& path, const std::string& name) 
     static_cast<void>(symlink(program.c_str(), link.c_str()));
     return;
   }
-  if (!S_ISLNK(entry.st_mode) || IsProgram(link)) return;
-  const std::string mended = link + ".new";
-  unlink(mended.c_str());
-  if (symlink(program.c_str(), mended.c_str()) == 0 && rename(mended.c_str(), link.c_str()) != 0)
-    unlink(mended.c_str());
+  const auto leadsNowhere = [&] {
+    return lstat(link.c_str(), &entry) == 0 && S_ISLNK(entry.st_mode) && !IsProgram(link);
+  };
+  if (!leadsNowhere()) return;
+  const std::string mended = LinkBeside(link, program);
+  if (mended.empty()) return;
+  if (!leadsNowhere() || rename(mended.c_str(), link.c_str()) != 0) unlink(mended.c_str());
 }
 
 std::string PosixShell::FindManual() {

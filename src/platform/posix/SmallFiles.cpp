@@ -7,12 +7,16 @@
 #include <cstdio>
 #include <cstdlib>
 #include <fcntl.h>
+#include <filesystem>
 #include <memory>
 #include <sys/stat.h>
+#include <system_error>
 #include <unistd.h>
+#include <vector>
 
 #include "platform/posix/HostErrors.h"
 #include "platform/posix/HostFile.h"
+#include "platform/posix/RenameFile.h"
 
 namespace pixorra {
 
@@ -33,6 +37,29 @@ void FlushFolderOf(const std::string& path) {
   if (fd) static_cast<void>(fsync(fd.Get()));
 }
 
+// What makes the name of a file that is being written one that nobody has.
+constexpr std::string_view madeUp = "XXXXXX";
+
+// `takeName` renames the file that has been written, and returns the host's error.
+template <typename TakeName>
+void WriteBeside(const std::string& target, std::string_view text, const TakeName& takeName) {
+  std::string temporary = target + '.' + std::string(madeUp);
+  UniqueFd fd(mkostemp(temporary.data(), O_CLOEXEC));
+  if (!fd) RaiseHostError(errno);
+  struct stat old {};
+  if (stat(target.c_str(), &old) == 0) static_cast<void>(fchmod(fd.Get(), old.st_mode & 0777U));
+  try {
+    const std::unique_ptr<File> file = MakeHostFile(std::move(fd));
+    file->WriteAt(0, text.data(), text.size());
+    file->Flush();
+    if (const int failure = takeName(temporary, target); failure != 0) RaiseHostError(failure);
+  } catch (const RuntimeError&) {
+    unlink(temporary.c_str());
+    throw;
+  }
+  FlushFolderOf(target);
+}
+
 }  // namespace
 
 std::optional<std::string> ReadSmallFile(const std::string& path) {
@@ -49,22 +76,28 @@ std::optional<std::string> ReadSmallFile(const std::string& path) {
 }
 
 void WriteSmallFile(const std::string& path, std::string_view text) {
-  const std::string target = BehindLinks(path);
-  std::string temporary = target + ".XXXXXX";
-  UniqueFd fd(mkostemp(temporary.data(), O_CLOEXEC));
-  if (!fd) RaiseHostError(errno);
-  struct stat old {};
-  if (stat(target.c_str(), &old) == 0) static_cast<void>(fchmod(fd.Get(), old.st_mode & 0777U));
-  try {
-    const std::unique_ptr<File> file = MakeHostFile(std::move(fd));
-    file->WriteAt(0, text.data(), text.size());
-    file->Flush();
-    if (rename(temporary.c_str(), target.c_str()) != 0) RaiseHostError(errno);
-  } catch (const RuntimeError&) {
-    unlink(temporary.c_str());
-    throw;
+  WriteBeside(BehindLinks(path), text, [](const std::string& temporary, const std::string& target) {
+    return rename(temporary.c_str(), target.c_str()) == 0 ? 0 : errno;
+  });
+}
+
+void WriteNewSmallFile(const std::string& path, std::string_view text) {
+  WriteBeside(path, text, RenameKeeping);
+}
+
+void RemoveTracesOf(const std::string& path, std::string_view mark) {
+  const std::filesystem::path target = path;
+  const std::string start = target.filename().string() + '.';
+  std::error_code failure;
+  std::vector<std::string> traces;
+  for (std::filesystem::directory_iterator entry(target.parent_path(), failure), end; !failure && entry != end;
+       entry.increment(failure)) {
+    const std::string name = entry->path().filename();
+    if (name.starts_with(start) && name.size() == start.size() + madeUp.size()) traces.push_back(entry->path());
   }
-  FlushFolderOf(target);
+  for (const std::string& trace : traces) {
+    if (ReadSmallFile(trace).value_or("").find(mark) != std::string::npos) unlink(trace.c_str());
+  }
 }
 
 bool MakeFolders(const std::string& path) {

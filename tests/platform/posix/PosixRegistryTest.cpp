@@ -85,6 +85,16 @@ class OnPosixRegistry : public ::testing::Test {
   PosixRegistry registry_;
 };
 
+TEST_F(OnPosixRegistry, WhatAKilledStartHasLeftOfTheVerbGoesWhenItIsWrittenAgain) {
+  Add();
+  const std::string left = std::string(script) + ".aB3dE6";
+  drive_.Write(left, drive_.Read(script));
+  drive_.Remove(script);
+  Add();
+  EXPECT_TRUE(drive_.Exists(script));
+  EXPECT_FALSE(drive_.Exists(left)) << "it would be in the menu as well";
+}
+
 TEST_F(OnPosixRegistry, AVerbsFilesAreThereFromItsSettingToItsDeletion) {
   const std::vector<std::string> places = {serviceMenu,
                                            script,

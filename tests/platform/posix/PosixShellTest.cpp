@@ -234,6 +234,15 @@ TEST_F(OnInstalledPrograms, TheOfferIsALinkThatIsMendedWhereItLeadsToNoProgram) 
   EXPECT_FALSE(drive_.Exists(offered_ + ".new"));
 }
 
+TEST_F(OnInstalledPrograms, WhatTheUserKeepsBesideTheLinkStaysWhenItIsMended) {
+  drive_.MakeLink(offered_, "gone");
+  drive_.Write(offered_ + ".new", "the user's own");
+  Offer();
+  EXPECT_EQ(Target(), drive_.HostPath("C:\\installed\\shown"));
+  EXPECT_EQ(drive_.Read(offered_ + ".new"), "the user's own");
+  EXPECT_EQ(drive_.DriveFiles().Names("C:\\Windows", "*.*", attribute::Hidden | attribute::System).size(), 2U);
+}
+
 TEST_F(OnInstalledPrograms, ALinkToAnotherProgramStays) {
   drive_.MakeLink(offered_, drive_.HostPath("C:\\bin\\viewer"));
   Offer();

@@ -7,6 +7,7 @@
 #include "platform/runtime/Errors.h"
 #include "tests/platform/posix/OrdinaryUser.h"
 #include "tests/platform/posix/PrivateMounts.h"
+#include "tests/platform/runtime/RaisesError.h"
 #include "tests/support/TemporaryDrive.h"
 
 namespace pixorra {
@@ -29,6 +30,29 @@ TEST_F(SmallFiles, WhatIsWrittenIsReadAndNothingElseStays) {
   struct stat entry {};
   ASSERT_EQ(stat(path_.c_str(), &entry), 0);
   EXPECT_EQ(entry.st_mode & 0777U, 0600U);
+}
+
+TEST_F(SmallFiles, ANewFileNeverTakesANameThatIsTaken) {
+  WriteNewSmallFile(path_, "one");
+  EXPECT_EQ(ReadSmallFile(path_), "one");
+  EXPECT_EQ(ErrorOf([&] { WriteNewSmallFile(path_, "two"); }), error::FileExists);
+  EXPECT_EQ(ReadSmallFile(path_), "one");
+  drive_.MakeLink("C:\\link", "nowhere");
+  EXPECT_EQ(ErrorOf([&] { WriteNewSmallFile(drive_.HostPath("C:\\link"), "two"); }), error::FileExists);
+  EXPECT_FALSE(drive_.Exists("C:\\nowhere"));
+  EXPECT_EQ(FilesIn("C:\\"), 1U) << "nothing else stays";
+}
+
+TEST_F(SmallFiles, WhatAKilledWriteHasLeftIsRemovedAndNothingElse) {
+  drive_.Write("C:\\a", "marked");
+  drive_.Write("C:\\a.Xy12zZ", "marked, and cut of");
+  drive_.Write("C:\\a.Ab34cD", "somebody else's");
+  drive_.Write("C:\\a.copy", "marked, and kept by the user");
+  drive_.Write("C:\\b.Xy12zZ", "marked, of another");
+  RemoveTracesOf(path_, "marked");
+  EXPECT_FALSE(drive_.Exists("C:\\a.Xy12zZ"));
+  for (const char* name : {"C:\\a", "C:\\a.Ab34cD", "C:\\a.copy", "C:\\b.Xy12zZ"})
+    EXPECT_TRUE(drive_.Exists(name)) << name;
 }
 
 TEST_F(SmallFiles, AnOldFileKeepsItsMode) {
