@@ -49,8 +49,9 @@ Request Misuse(const std::string& problem) {
   return {.What = Request::Wish::Misuse, .Problem = problem};
 }
 
-// One dash is as good as two: daemons write either.
+// One dash is as good as two: daemons write either. Empty for what is no option.
 std::string_view OptionName(std::string_view argument) {
+  if (!argument.starts_with('-')) return {};
   argument.remove_prefix(argument.starts_with("--") ? 2 : 1);
   return argument.substr(0, argument.find('='));
 }
@@ -58,7 +59,7 @@ std::string_view OptionName(std::string_view argument) {
 Request SaverOf(const std::vector<std::string>& arguments, const std::string& saverWindow) {
   Request request;
   request.HostWindow = WindowNumber(saverWindow).value_or(0);
-  std::string unknown;
+  std::optional<std::string> unknown;
   for (std::size_t i = 0; i < arguments.size(); ++i) {
     const std::string_view argument = arguments[i];
     const std::string_view name = OptionName(argument);
@@ -66,7 +67,7 @@ Request SaverOf(const std::vector<std::string>& arguments, const std::string& sa
     if (name == "version") return {.What = Request::Wish::Version};
     if (name == "root") continue;
     if (name != "window-id") {
-      if (unknown.empty()) unknown = argument;
+      if (!unknown) unknown = argument;
       continue;
     }
     const std::size_t mark = argument.find('=');
@@ -81,7 +82,7 @@ Request SaverOf(const std::vector<std::string>& arguments, const std::string& sa
     request.HostWindow = *window;
   }
   // A daemon's window is drawn in, whatever else a daemon says: an end is taken for a crash there.
-  if (!unknown.empty() && request.HostWindow == 0) return Misuse("unknown option: " + unknown);
+  if (unknown && request.HostWindow == 0) return Misuse("unknown option: " + *unknown);
   return request;
 }
 
@@ -121,7 +122,7 @@ Request ReadCommandLine(const std::vector<std::string>& arguments, const std::st
 std::string FromRoot(const std::string& folder, const std::string& workingFolder) {
   const bool isProgramPath = folder.starts_with("\\\\") ||
                              (folder.size() >= 2 && folder[1] == ':' && (folder.size() == 2 || folder[2] == '\\'));
-  if (folder.empty() || folder.starts_with('/') || isProgramPath) return folder;
+  if (folder.empty() || folder.starts_with('/') || folder.starts_with("smb://") || isProgramPath) return folder;
   return workingFolder + (workingFolder.ends_with('/') ? "" : "/") + folder;
 }
 

@@ -2,11 +2,14 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstddef>
 #include <utility>
 
 #include "base/PictureTypes.h"
+#include "base/ShownNames.h"
 #include "platform/controls/FineSurface.h"
 #include "platform/runtime/Errors.h"
+#include "platform/runtime/Utf8.h"
 
 namespace pixorra {
 
@@ -21,6 +24,9 @@ constexpr double TitleHeight = 1.0 / 62;
 constexpr double NoticeHeight = 1.0 / 44;
 constexpr double Margin = 1.0 / 40;
 constexpr double LeastSize = 10;  // points
+constexpr double SmallestSize = 1;
+// A folder that has not answered by then is told of, in seconds.
+constexpr double Patience = 2;
 
 std::string WithBackslash(const std::string& folder) {
   return folder.ends_with('\\') ? folder : folder + '\\';
@@ -31,21 +37,41 @@ Font FontOf(double pixels) {
   return {.Name = {}, .Size = std::max(LeastSize, std::floor(pixels * 72 / 96))};
 }
 
+// A name may hold anything at all; what would end a line or is no letter is a blank.
+std::string OnOneLine(const std::string& text) {
+  constexpr char32_t FirstLetter = 0x20;
+  const auto isControl = [](char32_t code) {
+    return code < FirstLetter || (code >= 0x7F && code < 0xA0) || code == 0x2028 || code == 0x2029;
+  };
+  std::string line;
+  for (std::size_t at = 0; at < text.size();) {
+    const Utf8Character character = CharacterAt(text, at);
+    AppendCharacter(line, isControl(character.Code) ? U' ' : character.Code);
+    at += character.Bytes;
+  }
+  return line;
+}
+
 }  // namespace
 
 Companion::Companion(const CompanionHost& host, const Request& request)
     : host_(host),
       Window(host.toolkit, "SlideShow"),
       request_(request),
-      folder_(host.files.ProgramPath(request.Folder)) {
+      folder_(host.files.ProgramPath(request.Folder)),
+      shownFolder_(host.files.ShownPath(folder_)) {
   Window.SetCaption("Pixorra SlideShow");
   Window.SetBackColor(Black);
   Window.SetMousePointer(pointer::Hidden);
   DressLabels();
-  Connect(Window.On().Resize, [this](Control&) { Arrange(); });
+  Connect(Window.On().Resize, [this](Control&) {
+    UncoverGoneScreens();
+    Arrange();
+    if (Window.Visible()) CoverOtherScreens();
+  });
   Connect(Window.On().Unload, [this](Control&) { End(); });
   Connect(Clock.On().Timer, [this](Control&) {
-    show_->Tick(Now());
+    if (show_) show_->Tick(Now());
     Follow();
   });
 }
@@ -92,7 +118,8 @@ void Companion::ConnectInput(Form& window, int screen) {
 
 void Companion::TakeSavedFolder() {
   const auto saved = [this](const char* key) { return host_.settings.GetSetting("Pixorra", "ScreenSaver", key, ""); };
-  folder_ = saved("SourceLocation");
+  folder_ = host_.files.ProgramPath(saved("SourceLocation"));
+  shownFolder_ = host_.files.ShownPath(folder_);
   const std::string digit = saved("Duration");
   request_.Seconds = SecondsOf(digit.empty() ? ' ' : digit.front());
   request_.Title = false;
@@ -102,7 +129,8 @@ void Companion::Start() {
   host_.toolkit.SetEnder([this] { Window.Unload(); });
   const bool isSaver = request_.What == Request::Wish::Saver;
   if (isSaver) TakeSavedFolder();
-  pointer_.emplace(Now());
+  began_ = Now();
+  pointer_.emplace(began_);
   const int screen = host_.toolkit.ScreenOfPointer();
   ConnectInput(Window, screen);
   Window.SetFullScreenOn(screen);
@@ -118,9 +146,12 @@ void Companion::Start() {
   Follow();
 }
 
+// Those that have no cover yet: a screen may be plugged in at any time.
 void Companion::CoverOtherScreens() {
   for (int screen = 0; screen < host_.toolkit.ScreenCount(); ++screen) {
-    if (screen == Window.FullScreenOn()) continue;
+    const bool isCovered =
+        std::ranges::any_of(covers_, [&](const auto& cover) { return cover->FullScreenOn() == screen; });
+    if (screen == Window.FullScreenOn() || isCovered) continue;
     auto& cover = *covers_.emplace_back(std::make_unique<Form>(host_.toolkit, "Cover"));
     cover.SetCaption(Window.Caption());
     cover.SetBackColor(Black);
@@ -131,6 +162,16 @@ void Companion::CoverOtherScreens() {
     cover.SetFullScreen(true);
     cover.Show();
   }
+}
+
+// What covered a screen that has gone would cover the main one, and so does the show then.
+void Companion::UncoverGoneScreens() {
+  const int screens = host_.toolkit.ScreenCount();
+  if (Window.FullScreenOn() >= screens) {
+    std::erase_if(covers_, [](const auto& cover) { return cover->FullScreenOn() == 0; });
+    Window.SetFullScreenOn(0);
+  }
+  std::erase_if(covers_, [screens](const auto& cover) { return cover->FullScreenOn() >= screens; });
 }
 
 PixelSize Companion::OwnPixels() {
@@ -158,27 +199,33 @@ void Companion::Arrange() {
   Follow();
 }
 
-// In the middle, one below the other.
+// How high the notice is with letters of that font; too high for any window where a line of it has no room across.
+double Companion::NoticeHeightFor(const Font& font) {
+  constexpr double NoRoom = 1e9;
+  const int margin = static_cast<int>(Window.ScaleHeight() * Margin);
+  const int room = std::max(0, Window.ScaleWidth() - 2 * margin);
+  double all = -margin;
+  for (const Label* label : {&NoticeLabel, &FolderLabel, &AdviceLabel}) {
+    if (label->Caption().empty()) continue;
+    const TextExtent size = host_.toolkit.Text().Measure(font, label->Caption());
+    if (!label->ShortensInMiddle() && std::ceil(size.Width) > room) return NoRoom;
+    all += std::ceil(size.Height) + margin;
+  }
+  return all;
+}
+
+// In the middle, one below the other. In the small window of a preview the letters are as small as they have to be:
+// smaller ones are not narrower by the same part, so each size is tried.
 void Companion::ArrangeNotice() {
-  const int width = Window.ScaleWidth();
   const int height = Window.ScaleHeight();
   const int margin = static_cast<int>(height * Margin);
-  const int room = std::max(0, width - 2 * margin);
+  const int room = std::max(0, Window.ScaleWidth() - 2 * margin);
   Font font = FontOf(height * NoticeHeight);
-  for (const Label* label : {&NoticeLabel, &AdviceLabel}) {
-    // In the small window of a preview the letters are as small as they have to be.
-    const double widest = host_.toolkit.Text().Measure(font, label->Caption()).Width;
-    if (widest > room) font.Size = std::max(1.0, std::floor(2 * font.Size * room / widest) / 2);
-  }
-  double all = 0;
+  while (font.Size > SmallestSize && NoticeHeightFor(font) > height) font.Size -= 0.5;
+  double top = std::max(0.0, (height - NoticeHeightFor(font)) / 2);
   for (Label* label : {&NoticeLabel, &FolderLabel, &AdviceLabel}) {
     label->SetFont(font);
-    label->SetHeight(std::ceil(host_.toolkit.Text().Measure(font, label->Caption()).Height));
-    if (!label->Caption().empty()) all += label->Height() + margin;
-  }
-  double top = (height - all + margin) / 2;
-  for (Label* label : {&NoticeLabel, &FolderLabel, &AdviceLabel}) {
-    label->Move(margin, top, room, label->Height());
+    label->Move(margin, top, room, std::ceil(host_.toolkit.Text().Measure(font, label->Caption()).Height));
     if (!label->Caption().empty()) top += label->Height() + margin;
   }
 }
@@ -195,17 +242,16 @@ void Companion::Follow() {
 
 void Companion::ReadFolder() {
   const auto answered = [this](const FolderReader::Answer& answer) {
-    std::vector<std::string> paths;
-    for (const std::string& name : answer.Names) paths.push_back(WithBackslash(answer.Path) + name);
     if (answer.Error == error::None) {
-      show_->Listed(std::move(paths), Now());
+      shownFolder_ = host_.files.ShownPath(folder_);
+      show_->Listed(WithBackslash(answer.Path), answer.Names, Now());
     } else {
       show_->ListingFailed(Now());
     }
     Follow();
   };
   const int failed = ErrorsIgnored([&] { reading_ = host_.folderReader.ReadFiles(folder_, AllPictures, answered); });
-  if (failed != error::None) show_->ListingFailed(Now());
+  if (failed != error::None) show_->RanOutOfMemory(Now());
 }
 
 void Companion::MakeFrame(const Show::FrameWish& wish) {
@@ -214,25 +260,44 @@ void Companion::MakeFrame(const Show::FrameWish& wish) {
     Follow();
   };
   const int failed = ErrorsIgnored([&] { making_ = host_.frames.Make(wish.Path, screen_, wish.Known, made); });
-  if (failed != error::None) show_->ListingFailed(Now());
+  if (failed != error::None) show_->RanOutOfMemory(Now());
+}
+
+bool Companion::WaitsForFolder() {
+  return show_ && request_.What != Request::Wish::Saver && show_->Now() == Show::State::Starting &&
+         show_->Coming() == nullptr;
 }
 
 void Companion::SayWhatIsMissing() {
   const bool isSaver = request_.What == Request::Wish::Saver;
-  const std::string folder = host_.files.ShownPath(folder_);
+  const std::string folder = OnOneLine(shownFolder_);
   if (!show_ && isSaver) {
-    Say("The screen saver has no folder yet.", "",
+    Say("The screen saver has no folder yet.",
+        host_.settingsPlace.empty() ? "" : "Its settings were looked for in " + host_.settingsPlace,
         "Start Pixorra and play a folder with \"Slide Show\" > \"Play\",\r\n"
         "then choose \"Slide Show\" > \"Use as ScreenSaver\".");
   } else if (!show_) {
     Say("No folder was named to show the photos of.", "", EndsByKey);
-  } else if (show_->Now() == Show::State::NoPhotos && !isSaver) {
+  } else if (isSaver) {
+    Say("", "", "");
+  } else if (show_->Now() == Show::State::NoPhotos) {
     Say("There are no photos to show in this folder:", folder, EndsByKey);
-  } else if (show_->Now() == Show::State::NoFolder && !isSaver) {
+  } else if (show_->Now() == Show::State::NoFolder) {
     Say("This folder cannot be opened:", folder, EndsByKey);
+  } else if (show_->Now() == Show::State::NoMemory) {
+    Say("There is too little memory for a show.", "", EndsByKey);
+  } else if (WaitsForFolder() && Now() >= began_ + Patience) {
+    Say("Reading the folder...", folder, EndsByKey);
   } else {
     Say("", "", "");
   }
+}
+
+std::string Companion::TitleOf(const Slide& slide) {
+  std::string name = ShownFileName(host_.files, slide.Path);
+  const std::size_t dot = name.rfind('.');
+  if (dot != std::string::npos && dot > 0) name.resize(dot);
+  return OnOneLine(name);
 }
 
 void Companion::Paint() {
@@ -244,12 +309,13 @@ void Companion::Paint() {
   const auto picture = [](const Slide* slide) { return slide != nullptr ? slide->Frame.Shown : Picture(); };
   Photo.Show(coming != nullptr ? picture(shown) : Picture(), picture(named), show_->Share(Now()));
   Photo.SetVisible(named != nullptr);
-  Photo.SetAccessibleName(named != nullptr ? named->Title : "");
+  const std::string title = named != nullptr ? TitleOf(*named) : "";
+  Photo.SetAccessibleName(title);
   const bool titled = named != nullptr && request_.Title;
   if (titled) {
     CounterLabel.SetCaption(std::to_string(named->Number) + " / " + std::to_string(named->Count));
     TitleLabel.SetMaxWidth(std::max(1, CounterLabel.Left() - 2 * TitleLabel.Left()));
-    TitleLabel.SetCaption(named->Title);
+    TitleLabel.SetCaption(title);
   }
   TitleLabel.SetVisible(titled);
   CounterLabel.SetVisible(titled);
@@ -265,7 +331,8 @@ void Companion::Say(const std::string& notice, const std::string& folder, const 
 }
 
 void Companion::SetClock() {
-  const std::optional<double> next = show_ ? show_->NextMoment(Now()) : std::nullopt;
+  std::optional<double> next = show_ ? show_->NextMoment(Now()) : std::nullopt;
+  if (!next && WaitsForFolder() && Now() < began_ + Patience) next = began_ + Patience;
   if (next) Clock.SetInterval(std::max(1, static_cast<int>(std::ceil((*next - Now()) * 1000))));
   Clock.SetEnabled(next.has_value());
 }

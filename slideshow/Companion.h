@@ -30,6 +30,8 @@ struct CompanionHost {
   PhotoFrames& frames;
   Settings& settings;
   Session& session;
+  // The place of the settings as a person reads it, to be named where they have no folder; empty where it need not be.
+  std::string settingsPlace{};
 };
 
 class Companion {
@@ -57,12 +59,16 @@ class Companion {
   void DressLabels();
   void TakeSavedFolder();
   void CoverOtherScreens();
+  void UncoverGoneScreens();
   void Arrange();
   void ArrangeNotice();
+  double NoticeHeightFor(const Font& font);
   void Follow();
   void ReadFolder();
   void MakeFrame(const Show::FrameWish& wish);
   void Paint();
+  std::string TitleOf(const Slide& slide);
+  bool WaitsForFolder();
   void SayWhatIsMissing();
   void Say(const std::string& notice, const std::string& folder, const std::string& advice);
   void SetClock();
@@ -72,6 +78,9 @@ class Companion {
 
   Request request_;
   std::string folder_;  // the program's path; empty where none is known
+  std::string
+      shownFolder_;  // as it is called for as long as it is there: a card that is pulled out leaves a letter alone
+  double began_ = 0;
   std::optional<Show> show_;
   PixelSize screen_;  // what frames are made for
   std::optional<PointerWatch> pointer_;

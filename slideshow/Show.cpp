@@ -3,17 +3,11 @@
 #include <algorithm>
 #include <utility>
 
+#include "platform/runtime/Text.h"
+
 namespace pixorra {
 
 namespace {
-
-// Of a path of the program: "C:\Photos\trip.2.jpg" is called "trip.2".
-std::string TitleOf(const std::string& path) {
-  std::string name = path.substr(path.rfind('\\') + 1);
-  const std::size_t dot = name.rfind('.');
-  if (dot != std::string::npos && dot > 0) name.resize(dot);
-  return name;
-}
 
 // Sums of seconds differ in their last digits.
 bool HasCome(double moment, double now) {
@@ -33,9 +27,12 @@ std::optional<Show::FrameWish> Show::TakeFrameWish() {
   if (frame_ != Wish::Wanted) return std::nullopt;
   frame_ = Wish::Asked;
   if (remake_) return FrameWish{shown_->Path, {}};
-  const std::string& path = paths_[at_];
-  const Slide* known = KnownAt(path);
-  FrameWish wish{path, known != nullptr ? known->Frame : PhotoFrame()};
+  FrameWish wish{folder_ + names_[at_], {}};
+  if (const auto damaged = damaged_.find(names_[at_]); damaged != damaged_.end()) {
+    wish.Known.Stamp = damaged->second;
+  } else if (const Slide* known = KnownAt(wish.Path)) {
+    wish.Known = known->Frame;
+  }
   before_.reset();
   return wish;
 }
@@ -50,24 +47,60 @@ const Slide* Show::KnownAt(const std::string& path) const {
 // Wishes for what is missing, one thing at a time. New photos are seen when a round begins.
 void Show::Plan() {
   if (next_ || frame_ != Wish::None || listing_ != Wish::None || Rests()) return;
-  if (remake_ || at_ < paths_.size()) {
+  if (remake_ || at_ < names_.size()) {
     frame_ = Wish::Wanted;
   } else {
     listing_ = Wish::Wanted;
   }
 }
 
-void Show::Listed(std::vector<std::string> paths, double now) {
+void Show::Listed(const std::string& folder, std::vector<std::string> names, double now) {
   listing_ = Wish::None;
-  paths_ = std::move(paths);
+  folder_ = folder;
+  names_ = std::move(names);
+  missing_ = 0;
+  const std::string last = std::exchange(goOnAfter_, {});
   at_ = 0;
-  found_ = false;
-  if (paths_.empty()) {
-    RestFrom(State::NoPhotos, now);
-    return;
+  if (last.empty()) {
+    found_ = false;
+    listedAgain_ = false;
+    KeepDamaged();
+    skipsDamaged_ = !HasCome(tryDamagedAt_, now);
+    if (!skipsDamaged_) tryDamagedAt_ = now + std::max(Rest, static_cast<double>(damaged_.size()) * RestForEach);
+  } else {
+    at_ = static_cast<std::size_t>(std::upper_bound(names_.begin(), names_.end(), last, NameLess) - names_.begin());
   }
-  // What was said of the folder stays until a photo is ready.
-  if (frame_ == Wish::None) frame_ = Wish::Wanted;
+  if (names_.empty()) {
+    RestFrom(State::NoPhotos, now);
+  } else {
+    Pass(now);
+  }
+}
+
+// Only those that are still there: a folder may be filled anew for as long as a show runs.
+void Show::KeepDamaged() {
+  if (damaged_.empty()) return;
+  std::unordered_map<std::string, FileStamp> kept;
+  for (const std::string& name : names_) {
+    if (const auto damaged = damaged_.find(name); damaged != damaged_.end()) kept.insert(*damaged);
+  }
+  damaged_ = std::move(kept);
+}
+
+void Show::SkipDamaged() {
+  while (skipsDamaged_ && at_ < names_.size() && damaged_.contains(names_[at_])) ++at_;
+}
+
+// On to the next name of the round. What was said of the folder stays until a photo is ready.
+void Show::Pass(double now) {
+  SkipDamaged();
+  if (at_ < names_.size()) {
+    if (frame_ == Wish::None) frame_ = Wish::Wanted;
+  } else if (found_) {
+    Plan();
+  } else {
+    RestFrom(State::NoPhotos, now);
+  }
 }
 
 void Show::ListingFailed(double now) {
@@ -75,10 +108,16 @@ void Show::ListingFailed(double now) {
   RestFrom(State::NoFolder, now);
 }
 
+void Show::RanOutOfMemory(double now) {
+  listing_ = Wish::None;
+  RestFrom(State::NoMemory, now);
+}
+
 void Show::RestFrom(State why, double now) {
   state_ = why;
   for (std::optional<Slide>* slide : {&shown_, &before_, &coming_, &next_}) slide->reset();
-  paths_.clear();
+  names_.clear();
+  goOnAfter_.clear();
   at_ = 0;
   frame_ = Wish::None;
   remake_ = false;
@@ -94,27 +133,35 @@ void Show::Framed(const PhotoFrame& frame, double now) {
     return;
   }
   const std::size_t index = at_++;
+  const std::string& name = names_[index];
   if (usable) {
     found_ = true;
+    missing_ = 0;
     state_ = State::Running;
-    next_ = Slide{paths_[index], TitleOf(paths_[index]), static_cast<int>(index) + 1, static_cast<int>(paths_.size()),
-                  frame};
+    damaged_.erase(name);
+    next_ = Slide{folder_ + name, static_cast<int>(index) + 1, static_cast<int>(names_.size()), frame};
+    SkipDamaged();
     Tick(now);
-  } else if (at_ < paths_.size()) {
-    frame_ = Wish::Wanted;
-  } else if (found_) {
-    Plan();
-  } else {
-    RestFrom(State::NoPhotos, now);
+    return;
   }
+  if (frame.Stamp != FileStamp()) {
+    damaged_[name] = frame.Stamp;
+  } else if (++missing_ >= MostMissing && !listedAgain_) {
+    listedAgain_ = true;
+    goOnAfter_ = name;
+    listing_ = Wish::Wanted;
+    return;
+  }
+  Pass(now);
 }
 
 void Show::ScreenChanged(double now) {
   if (coming_) EndFade(now);
-  if (std::exchange(next_, std::nullopt)) --at_;
+  if (next_) at_ = static_cast<std::size_t>(next_->Number) - 1;
+  next_.reset();
   before_.reset();
   remake_ = shown_.has_value();
-  if (frame_ == Wish::Asked) frame_ = paths_.empty() ? Wish::None : Wish::Wanted;
+  if (frame_ == Wish::Asked) frame_ = names_.empty() ? Wish::None : Wish::Wanted;
   Tick(now);
 }
 

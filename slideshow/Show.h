@@ -8,17 +8,18 @@
 #include <cstddef>
 #include <optional>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
+#include "platform/services/Files.h"
 #include "platform/services/PhotoFrames.h"
 
 namespace pixorra {
 
 struct Slide {
   std::string Path;
-  std::string Title;  // its name without the extension
-  int Number = 0;     // in the folder, from 1
-  int Count = 0;      // of the folder's photos
+  int Number = 0;  // in the folder, from 1
+  int Count = 0;   // of the folder's photos
   PhotoFrame Frame;
 };
 
@@ -33,9 +34,14 @@ class Show {
     Running,
     NoPhotos,  // none that can be shown is in the folder
     NoFolder,  // it cannot be read
+    NoMemory,  // for anything at all
   };
   // A folder without photos is looked at again after so long.
   static constexpr double Rest = 10;
+  // Photos that could not be shown are tried again after so long for each of them, and not before Rest.
+  static constexpr double RestForEach = 0.005;
+  // After so many names in a row that are not there any more the folder is listed anew, once in a round.
+  static constexpr int MostMissing = 8;
   // While a photo fades in, it is to be painted this often at the most.
   static constexpr double FadeStep = 1.0 / 60;
 
@@ -46,14 +52,17 @@ class Show {
   bool TakeListingWish();
   struct FrameWish {
     std::string Path;
-    PhotoFrame Known;  // what is there of this path
+    PhotoFrame Known;  // what is there of this path; a stamp alone is that of a file that could not be shown
   };
   // The photo is to be made ready, and given to Framed.
   std::optional<FrameWish> TakeFrameWish();
 
   // --- what it is given
-  void Listed(std::vector<std::string> paths, double now);
+  // Names by the order of NameLess, in a folder whose path ends with a backslash.
+  void Listed(const std::string& folder, std::vector<std::string> names, double now);
   void ListingFailed(double now);
+  // What was wished for cannot even be tried now.
+  void RanOutOfMemory(double now);
   void Framed(const PhotoFrame& frame, double now);
   // The screen has another size: frames are to be made anew. One that is being made is not wanted any more.
   void ScreenChanged(double now);
@@ -74,17 +83,27 @@ class Show {
   enum class Wish { None, Wanted, Asked };
 
   void Plan();
+  void Pass(double now);
+  void SkipDamaged();
+  void KeepDamaged();
   void BeginFade(double now);
   void EndFade(double now);
   void RestFrom(State why, double now);
-  bool Rests() const { return state_ == State::NoPhotos || state_ == State::NoFolder; }
+  bool Rests() const { return state_ != State::Starting && state_ != State::Running; }
   const Slide* KnownAt(const std::string& path) const;
 
   Pace pace_;
   State state_ = State::Starting;
-  std::vector<std::string> paths_;  // of the present round
-  std::size_t at_ = 0;              // the next of them
-  bool found_ = false;              // one of this round could be shown
+  std::string folder_;
+  std::vector<std::string> names_;                      // of the present round
+  std::size_t at_ = 0;                                  // the next of them
+  bool found_ = false;                                  // one of this round could be shown
+  int missing_ = 0;                                     // in a row
+  bool listedAgain_ = false;                            // in this round
+  std::string goOnAfter_;                               // this name, where the folder is being listed again; else empty
+  std::unordered_map<std::string, FileStamp> damaged_;  // by their names
+  bool skipsDamaged_ = false;                           // in this round
+  double tryDamagedAt_ = 0;
   Wish listing_ = Wish::Wanted;
   Wish frame_ = Wish::None;
   bool remake_ = false;  // the frame is that of the photo that is shown, for another screen

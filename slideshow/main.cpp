@@ -4,16 +4,19 @@
 #include <memory>
 #include <string>
 #include <unistd.h>
+#include <utility>
 #include <vector>
 
 #include "platform/codecs/ThreadedFrames.h"
 #include "platform/posix/EndSignals.h"
 #include "platform/posix/Environment.h"
 #include "platform/posix/ErrorTrace.h"
+#include "platform/posix/ListedFiles.h"
 #include "platform/posix/MappingSource.h"
 #include "platform/posix/PosixFiles.h"
 #include "platform/posix/PosixFolderReader.h"
 #include "platform/posix/PosixSettings.h"
+#include "platform/posix/RunningInstance.h"
 #include "platform/qt/QtPlatform.h"
 #include "platform/session/DesktopSession.h"
 #include "slideshow/CommandLine.h"
@@ -35,8 +38,34 @@ std::string WorkingFolder() {
   return result;
 }
 
-int Run(const Request& request, int argc, char** argv) {
+// A folder's menu hands over a path of the host, byte for byte; what a person writes may be spelled in either way.
+std::string ProgramFolder(const Request& request, MappingSource& mapping) {
+  if (!request.Folder.starts_with('/')) return request.Folder;
+  return mapping.Current().ToProgram(request.Folder).value_or(request.Folder);
+}
+
+// A show ends by any key, and only the one in front hears it: a new one that its user starts ends the one before.
+std::unique_ptr<RunningInstance> OnlyShowOf(const Environment& environment) {
+  constexpr double Patience = 2;  // seconds for each
+  const std::string& session = environment.RuntimeDir.empty() ? environment.CacheHome : environment.RuntimeDir;
+  auto instance = std::make_unique<RunningInstance>(session + "/pixorra-slideshow");
+  if (!instance->IsFirst() && instance->CallFirst(Patience) == RunningInstance::Outcome::Taken)
+    static_cast<void>(instance->CallFirst(Patience));
+  return instance;
+}
+
+// What a screen saver without a folder says of the place where it has looked: a daemon may leave out what leads to
+// another one.
+std::string SettingsPlace(const Environment& environment) {
+  return Variable("XDG_CONFIG_HOME").empty() ? environment.ConfigHome + "/pixorra" : "";
+}
+
+int Run(Request request, int argc, char** argv) {
   const Environment environment = Environment::OfProcess();
+  if (request.HostWindow != 0 && !QtPlatform::HasXServer()) {
+    std::fputs("pixorra-slideshow: --window-id needs an X server\n", stderr);
+    return 1;
+  }
   QtPlatform qt(argc, argv);
   if (request.HostWindow != 0 && !qt.ShowInside(request.HostWindow)) {
     std::fputs("pixorra-slideshow: there is no such window\n", stderr);
@@ -47,12 +76,22 @@ int Run(const Request& request, int argc, char** argv) {
     if (signals.Take()) qt.toolkit.AskToEnd();
   });
   const auto mapping = std::make_shared<MountedMapping>(environment);
+  request.Folder = ProgramFolder(request, *mapping);
   PosixFiles files(mapping);
-  PosixFolderReader folderReader(mapping, qt.posting);
-  ThreadedFrames frames(std::make_shared<PosixFiles>(std::make_shared<MountedMapping>(environment)), qt.posting);
+  PosixFolderReader folderReader(mapping, qt.posting, PosixFolderReader::Lengths::Unknown);
+  const auto framesMapping = std::make_shared<MountedMapping>(environment, mapping->DesktopMounts());
+  ThreadedFrames frames(std::make_shared<ListedFiles>(framesMapping), qt.posting);
   PosixSettings settings(environment.ConfigHome + "/pixorra/settings");
   DesktopSession session(environment);
-  Companion companion({qt.toolkit, files, folderReader, frames, settings, session}, request);
+  Companion companion({qt.toolkit, files, folderReader, frames, settings, session, SettingsPlace(environment)},
+                      request);
+  std::unique_ptr<RunningInstance> only;
+  if (request.What == Request::Wish::Show) {
+    only = OnlyShowOf(environment);
+    qt.OnReadable(only->Calls(), [&] {
+      if (only->TakeCalls()) companion.Window.Unload();
+    });
+  }
   return qt.Run([&] { companion.Start(); });
 }
 
@@ -84,5 +123,5 @@ int main(int argc, char** argv) {
   if (request.HostWindow != 0) setenv("QT_QPA_PLATFORM", "xcb", 1);
   // What is meant for the toolkit below must not be taken from the command line: a folder is no option of its.
   int noArguments = 1;
-  return Run(request, noArguments, argv);
+  return Run(std::move(request), noArguments, argv);
 }

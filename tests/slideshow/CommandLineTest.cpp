@@ -133,11 +133,20 @@ TEST(CommandLineTest, AnUnknownOptionIsRefusedUnlessADaemonWaitsForASaver) {
   EXPECT_EQ(saver.HostWindow, 0x99U);
 }
 
+TEST(CommandLineTest, WhatHasNoDashIsNoOption) {
+  EXPECT_EQ(Read({"--root", ""}).What, Wish::Misuse);
+  EXPECT_EQ(Read({"--root", "xhelp"}).What, Wish::Misuse);
+  EXPECT_NE(Read({"--root", "xhelp"}).Problem.find("xhelp"), std::string::npos);
+  EXPECT_EQ(Read({"--root", "xversion"}).What, Wish::Misuse);
+  EXPECT_EQ(Read({"--root", "", "xhelp"}, "0x99").HostWindow, 0x99U);
+}
+
 TEST(CommandLineTest, APathBeginsAtTheRootOrInTheWorkingFolder) {
   EXPECT_EQ(FromRoot("/home/anna", "/tmp"), "/home/anna");
   EXPECT_EQ(FromRoot("C:\\Photos", "/tmp"), "C:\\Photos");
   EXPECT_EQ(FromRoot("D:", "/tmp"), "D:");
   EXPECT_EQ(FromRoot("\\\\nas\\photos", "/tmp"), "\\\\nas\\photos");
+  EXPECT_EQ(FromRoot("smb://nas/photos", "/tmp"), "smb://nas/photos");
   EXPECT_EQ(FromRoot("Norway", "/home/anna"), "/home/anna/Norway");
   EXPECT_EQ(FromRoot("c:x", "/home/anna"), "/home/anna/c:x");
   EXPECT_EQ(FromRoot("x", "/"), "/x");

@@ -232,6 +232,65 @@ TEST_F(ShownCompanionTest, AScreenOfAnotherSizeGetsFramesOfItsOwn) {
   EXPECT_EQ(SeenColour(), Red);
 }
 
+TEST_F(ShownCompanionTest, AScreenOfAnotherFinenessGetsFramesOfItsOwn) {
+  BeginShow();
+  Wait(1);
+  platform.backend.SetFineness(2);
+  platform.backend.SetScreen(Width, Height);
+  Settle();
+  EXPECT_EQ(companion->Photo.Upper().Width(), 2 * Width);
+  EXPECT_EQ(companion->Photo.Upper().Height(), 2 * Height);
+}
+
+TEST_F(ShownCompanionTest, AScreenThatIsPluggedInMeanwhileIsBlack) {
+  BeginShow();
+  Wait(1);
+  EXPECT_EQ(person.Window("Cover"), nullptr);
+  const int second = platform.backend.AddScreen(80, 60);
+  Settle();
+  Form* const cover = person.Window("Cover");
+  ASSERT_NE(cover, nullptr);
+  EXPECT_EQ(cover->FullScreenOn(), second);
+  EXPECT_TRUE(cover->FullScreen());
+  platform.backend.AddScreen(80, 60);
+  EXPECT_EQ(toolkit.Forms().size(), 3U) << "each by one window";
+  person.PressAt(*cover, 5, 5);
+  EXPECT_TRUE(HasEnded());
+}
+
+TEST_F(ShownCompanionTest, AFolderThatDoesNotAnswerIsToldOfAfterAWhile) {
+  reader.Hold(true);
+  BeginShow();
+  Wait(1.9);
+  EXPECT_EQ(Notice(), "");
+  Wait(0.2);
+  EXPECT_EQ(Notice(), "Reading the folder...");
+  EXPECT_EQ(companion->FolderLabel.Caption(), "C:\\Photos");
+  reader.Answer("C:\\Photos");
+  Settle();
+  EXPECT_EQ(Notice(), "");
+  Wait(1);
+  EXPECT_EQ(SeenColour(), Red);
+}
+
+TEST_F(ShownCompanionTest, WithoutMemoryForAThreadThatIsWhatIsSaid) {
+  class Exhausted : public FolderReader {
+   public:
+    std::unique_ptr<Reading> Read(const std::string&, int, Handler) override { throw RuntimeError(error::OutOfMemory); }
+    std::unique_ptr<Reading> ReadFiles(const std::string&, const std::string&, Handler) override {
+      throw RuntimeError(error::OutOfMemory);
+    }
+    std::unique_ptr<Reading> FindFolder(const std::string&, Handler) override {
+      throw RuntimeError(error::OutOfMemory);
+    }
+  } exhausted;
+  companion = std::make_unique<Companion>(
+      CompanionHost{toolkit, drive.DriveFiles(), exhausted, frames, platform.settings, session},
+      Request{.What = Request::Wish::Show, .Folder = "C:\\Photos"});
+  companion->Start();
+  EXPECT_EQ(Notice(), "There is too little memory for a show.");
+}
+
 TEST_F(ShownCompanionTest, TheScreenIsKeptFromSleepingWhileItRuns) {
   BeginShow();
   EXPECT_EQ(session.AwakeFor().size(), 1U);
@@ -339,6 +398,26 @@ TEST_F(CompanionTest, TheScreenSaverWithoutSettingsSaysHowToChooseAFolder) {
   Begin({.What = Request::Wish::Saver});
   EXPECT_THAT(Notice(), HasSubstr("no folder"));
   EXPECT_THAT(companion->AdviceLabel.Caption(), HasSubstr("Use as ScreenSaver"));
+}
+
+TEST_F(CompanionTest, ASavedFolderMayBeSpelledAsAPersonWritesIt) {
+  AddPhoto("a.bmp", Red);
+  PosixFiles files{PathMapping({{'C', drive.HostRoot(), "Test"}})};
+  platform.settings.SaveSetting("Pixorra", "ScreenSaver", "SourceLocation", drive.HostRoot() + "/Photos");
+  companion = std::make_unique<Companion>(CompanionHost{toolkit, files, reader, frames, platform.settings, session},
+                                          Request{.What = Request::Wish::Saver});
+  companion->Start();
+  Wait(1);
+  EXPECT_EQ(SeenColour(), Red);
+}
+
+TEST_F(CompanionTest, TheScreenSaverWithoutSettingsSaysWhereItHasLookedForThem) {
+  companion = std::make_unique<Companion>(
+      CompanionHost{toolkit, drive.DriveFiles(), reader, frames, platform.settings, session, "/home/anna/.config/x"},
+      Request{.What = Request::Wish::Saver});
+  companion->Start();
+  EXPECT_THAT(companion->FolderLabel.Caption(), HasSubstr("/home/anna/.config/x"));
+  EXPECT_TRUE(companion->FolderLabel.Visible());
 }
 
 TEST_F(CompanionTest, WhatIsSaidFitsTheSmallWindowOfAPreview) {

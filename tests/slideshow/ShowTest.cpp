@@ -1,6 +1,7 @@
 // The order and the clock of a show, without a window: frames are single pixels.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <memory>
 #include <set>
 
 #include "platform/services/Files.h"
@@ -20,7 +21,7 @@ class ShowTest : public ::testing::Test {
       served = false;
       if (!listingHeld && show.TakeListingWish()) {
         ++listings;
-        folderGone ? show.ListingFailed(now) : show.Listed(folder, now);
+        folderGone ? show.ListingFailed(now) : show.Listed(Home, NamesIn(folder), now);
         served = true;
       }
       if (framesHeld) continue;
@@ -33,20 +34,29 @@ class ShowTest : public ::testing::Test {
       }
       most = std::max(most, Held());
     }
+    EXPECT_LE(most, 3U) << "no more photos are in memory than that";
   }
   PhotoFrame FrameOf(const Show::FrameWish& asked) {
-    if (damaged.contains(asked.Path)) return {};
+    ++tries;
+    if (gone.contains(asked.Path)) return {};
+    if (damaged.contains(asked.Path)) {
+      if (asked.Known.Stamp == Damage) ++recognised;
+      EXPECT_TRUE(asked.Known.Shown.IsNothing() || asked.Known.Stamp != Damage);
+      return {{}, Damage};
+    }
     if (!asked.Known.Shown.IsNothing()) return asked.Known;
     decoded.push_back(asked.Path);
-    return {Picture(Bitmap::Cleared(1, 1, PixelFormat::Bgra32)), {}};
+    // The picture holds the mark for as long as anybody holds the picture.
+    const auto mark = std::make_shared<int>();
+    marks.emplace_back(mark);
+    const PhotoFrame frame{Picture(1, 1, "", [mark] { return Bitmap::Cleared(1, 1, PixelFormat::Bgra32); }), {}};
+    most = std::max(most, Held());
+    return frame;
   }
-  // How many different photos the show holds; the one being made is one more.
-  std::size_t Held() const {
-    std::set<std::string> paths;
-    for (const Slide* slide : {show.Shown(), show.Coming()}) {
-      if (slide != nullptr) paths.insert(slide->Path);
-    }
-    return paths.size();
+  // How many decoded photos there are.
+  std::size_t Held() {
+    std::erase_if(marks, [](const std::weak_ptr<int>& mark) { return mark.expired(); });
+    return marks.size();
   }
   // Steps from moment to moment, as a timer would, to `seconds` from the start, and writes down when what is shown
   // whole changes.
@@ -67,7 +77,7 @@ class ShowTest : public ::testing::Test {
     Note();
   }
   void Note() {
-    const std::string name = show.Shown() != nullptr ? show.Shown()->Title : "";
+    const std::string name = show.Shown() != nullptr ? TitleOf(show.Shown()) : "";
     if (seen.empty() || seen.back().first != name) seen.emplace_back(name, now);
   }
   std::vector<std::string> Names() const {
@@ -75,6 +85,16 @@ class ShowTest : public ::testing::Test {
     for (const auto& [name, when] : seen) {
       if (!name.empty()) names.push_back(name);
     }
+    return names;
+  }
+  static constexpr const char* Home = "C:\\Photos\\";
+  static std::string TitleOf(const Slide* slide) {
+    const std::string name = slide->Path.substr(slide->Path.rfind('\\') + 1);
+    return name.substr(0, name.rfind('.'));
+  }
+  static std::vector<std::string> NamesIn(const std::vector<std::string>& paths) {
+    std::vector<std::string> names;
+    for (const std::string& path : paths) names.push_back(path.substr(path.rfind('\\') + 1));
     return names;
   }
   static std::vector<std::string> Folder(const std::vector<std::string>& names) {
@@ -85,12 +105,17 @@ class ShowTest : public ::testing::Test {
 
   Show show{{.Stand = 3, .Fade = 0.3}};
   std::vector<std::string> folder = Folder({"a", "b", "c"});
+  static constexpr FileStamp Damage{.Disk = 1, .Number = 2, .Length = 10};
   std::set<std::string> damaged;
+  std::set<std::string> gone;
+  int tries = 0;
+  int recognised = 0;  // of damaged ones, by their stamps
   std::vector<std::string> decoded;
   std::vector<std::pair<std::string, double>> seen;
   std::optional<Show::FrameWish> wish;
   double now = 100;
   int listings = 0;
+  std::vector<std::weak_ptr<int>> marks;
   std::size_t most = 0;
   bool folderGone = false;
   bool listingHeld = false;
@@ -120,7 +145,7 @@ TEST_F(ShowTest, ThePhotoComesInMoreAndMore) {
   now += 0.3;
   show.Tick(now);
   EXPECT_EQ(show.Coming(), nullptr);
-  EXPECT_EQ(show.Shown()->Title, "a");
+  EXPECT_EQ(TitleOf(show.Shown()), "a");
   EXPECT_EQ(show.Share(now), 1);
 }
 
@@ -128,7 +153,7 @@ TEST_F(ShowTest, WithoutAFadePhotosChangeAtOnce) {
   show = Show({.Stand = 1, .Fade = 0});
   Serve();
   EXPECT_EQ(show.Coming(), nullptr);
-  EXPECT_EQ(show.Shown()->Title, "a");
+  EXPECT_EQ(TitleOf(show.Shown()), "a");
   RunTo(102.5);
   EXPECT_THAT(Names(), ElementsAre("a", "b", "c"));
   EXPECT_NEAR(seen.back().second, 102, 1e-6);
@@ -149,13 +174,13 @@ TEST_F(ShowTest, APhotoThatIsNotReadyInTimeKeepsTheOneBeforeOnShow) {
   framesHeld = true;
   RunTo(104);  // b, which was ready, comes in; c is wished for
   RunTo(120);
-  EXPECT_EQ(show.Shown()->Title, "b");
+  EXPECT_EQ(TitleOf(show.Shown()), "b");
   EXPECT_EQ(show.Coming(), nullptr);
   EXPECT_EQ(show.NextMoment(now), std::nullopt) << "it sleeps until the photo is ready";
   framesHeld = false;
   Serve();
   ASSERT_NE(show.Coming(), nullptr) << "and comes in at once then";
-  EXPECT_EQ(show.Coming()->Title, "c");
+  EXPECT_EQ(TitleOf(show.Coming()), "c");
 }
 
 TEST_F(ShowTest, TheNextPhotoIsMadeReadyWhileOneComesIn) {
@@ -172,6 +197,20 @@ TEST_F(ShowTest, NoMoreThanOneIsMadeReadyAhead) {
   EXPECT_EQ(decoded.size(), 3U);
 }
 
+TEST_F(ShowTest, NoMoreThanThreeAreInMemoryWhateverHappens) {
+  folder = Folder({"a", "b", "c", "d", "e"});
+  for (const double moment : {101.0, 103.4, 104.0, 106.7, 111.0, 114.2, 120.0}) {
+    RunTo(moment);
+    show.ScreenChanged(now);
+    Serve();
+    listingHeld = !listingHeld;
+    framesHeld = listingHeld && !framesHeld;
+  }
+  listingHeld = framesHeld = false;
+  RunTo(140);
+  EXPECT_EQ(most, 3U);
+}
+
 TEST_F(ShowTest, DamagedPhotosArePassedOver) {
   damaged = {folder[0], folder[2]};
   folder = Folder({"a", "b", "c", "d"});
@@ -179,16 +218,11 @@ TEST_F(ShowTest, DamagedPhotosArePassedOver) {
   EXPECT_THAT(Names(), ElementsAre("b", "d", "b", "d"));
 }
 
-TEST_F(ShowTest, TitleAndCounterAreThoseOfTheFolder) {
-  folder = {"C:\\Photos\\trip.2.JPG", "C:\\Photos\\.jpg", "C:\\Photos\\plain"};
+TEST_F(ShowTest, TheCounterIsThatOfTheFolder) {
   Serve();
-  EXPECT_EQ(show.Coming()->Title, "trip.2");
   EXPECT_EQ(show.Coming()->Number, 1);
   EXPECT_EQ(show.Coming()->Count, 3);
-  RunTo(104);
-  EXPECT_EQ(show.Shown()->Title, ".jpg");
   RunTo(107.5);
-  EXPECT_EQ(show.Shown()->Title, "plain");
   EXPECT_EQ(show.Shown()->Number, 3);
 }
 
@@ -217,7 +251,7 @@ TEST_F(ShowTest, TwoPhotosAreDecodedOnceEachAlsoWhereTheFolderIsSlowToList) {
   RunTo(101);
   listingHeld = true;
   RunTo(105);
-  EXPECT_EQ(show.Shown()->Title, "b");
+  EXPECT_EQ(TitleOf(show.Shown()), "b");
   listingHeld = false;
   RunTo(120);
   EXPECT_EQ(decoded.size(), 2U);
@@ -278,6 +312,84 @@ TEST_F(ShowTest, AFolderThatVanishesMeanwhileEndsInWords) {
   EXPECT_EQ(show.Coming(), nullptr);
 }
 
+TEST_F(ShowTest, DamagedPhotosAreRecognisedAndTriedAgainTheMoreSeldomTheMoreThereAre) {
+  std::vector<std::string> names;
+  for (int i = 0; i < 4000; ++i) names.push_back(std::to_string(10000 + i));
+  folder = Folder(names);
+  damaged = {folder.begin(), folder.end()};
+  RunTo(105);
+  EXPECT_EQ(tries, 4000);
+  RunTo(115);
+  EXPECT_EQ(tries, 8000);
+  EXPECT_EQ(recognised, 4000) << "without a look at what is in them";
+  RunTo(125);
+  EXPECT_EQ(tries, 8000) << "4,000 are tried every twenty seconds";
+  RunTo(135);
+  EXPECT_EQ(tries, 12000);
+  damaged.erase(folder[5]);
+  RunTo(165);
+  EXPECT_EQ(TitleOf(show.Shown()), names[5]);
+}
+
+TEST_F(ShowTest, APhotoThatIsDamagedMeanwhileIsNotTakenForTheOneThatWasShown) {
+  folder = Folder({"a", "b"});
+  RunTo(104);
+  damaged = {folder[0]};
+  RunTo(150);
+  EXPECT_EQ(TitleOf(show.Shown()), "b");
+  damaged.clear();
+  seen.clear();
+  RunTo(180);
+  EXPECT_THAT(Names(), ::testing::Contains("a"));
+}
+
+TEST_F(ShowTest, WherePhotosGoAwayTheFolderIsListedAnewAndTheOrderStays) {
+  std::vector<std::string> names;
+  for (int i = 0; i < 1000; ++i) names.push_back(std::to_string(10000 + i));
+  folder = Folder(names);
+  RunTo(101);
+  gone = {folder.begin() + 2, folder.begin() + 900};
+  folder.erase(folder.begin() + 2, folder.begin() + 900);
+  tries = 0;
+  RunTo(110);
+  EXPECT_THAT(Names(), ElementsAre("10000", "10001", "10900"));
+  EXPECT_LT(tries, 20);
+  EXPECT_EQ(listings, 2);
+  EXPECT_EQ(show.Shown()->Number, 3);
+}
+
+TEST_F(ShowTest, AFolderWhosePhotosAllGoAwayIsSaidToBeEmptyAtOnce) {
+  std::vector<std::string> names;
+  for (int i = 0; i < 1000; ++i) names.push_back(std::to_string(10000 + i));
+  folder = Folder(names);
+  RunTo(101);
+  gone = {folder.begin(), folder.end()};
+  folder.clear();
+  tries = 0;
+  RunTo(105);
+  EXPECT_EQ(show.Now(), Show::State::NoPhotos);
+  EXPECT_LT(tries, 20);
+}
+
+TEST_F(ShowTest, WhatCannotBeOpenedThoughItIsThereIsPassedOverAndTheFolderListedOnceMore) {
+  std::vector<std::string> names{"0"};
+  for (int i = 0; i < 30; ++i) names.push_back(std::to_string(100 + i));
+  names.push_back("9");
+  folder = Folder(names);
+  gone = {folder.begin() + 1, folder.end() - 1};
+  RunTo(105);
+  EXPECT_THAT(Names(), ElementsAre("0", "9"));
+  EXPECT_EQ(listings, 3) << "at the start, after some that cannot be opened, and for the next round";
+}
+
+TEST_F(ShowTest, WithoutMemoryItIsSaidSoAndTriedAgain) {
+  ASSERT_TRUE(show.TakeListingWish());
+  show.RanOutOfMemory(now);
+  EXPECT_EQ(show.Now(), Show::State::NoMemory);
+  RunTo(111);
+  EXPECT_EQ(show.Now(), Show::State::Running);
+}
+
 TEST_F(ShowTest, OneGoodPhotoAmongDamagedOnesStandsAndNothingIsTriedWithoutEnd) {
   damaged = {folder[0], folder[2]};
   RunTo(130);
@@ -292,7 +404,7 @@ TEST_F(ShowTest, OnAScreenOfAnotherSizeTheShownPhotoIsMadeAnewAndTheOrderStays) 
   show.ScreenChanged(now);
   Serve();
   EXPECT_THAT(decoded, ElementsAre(folder[0], folder[1]));
-  EXPECT_EQ(show.Shown()->Title, "a");
+  EXPECT_EQ(TitleOf(show.Shown()), "a");
   EXPECT_EQ(show.Coming(), nullptr) << "and no photo is faded into itself";
   RunTo(100 + 3 * 3.3);
   EXPECT_THAT(Names(), ElementsAre("a", "b", "c"));
@@ -303,9 +415,9 @@ TEST_F(ShowTest, AScreenThatChangesWhileAPhotoComesInShowsItWhole) {
   ASSERT_NE(show.Coming(), nullptr);
   show.ScreenChanged(now);
   EXPECT_EQ(show.Coming(), nullptr);
-  EXPECT_EQ(show.Shown()->Title, "b");
+  EXPECT_EQ(TitleOf(show.Shown()), "b");
   RunTo(107);
-  EXPECT_EQ(show.Shown()->Title, "c");
+  EXPECT_EQ(TitleOf(show.Shown()), "c");
 }
 
 TEST_F(ShowTest, AScreenThatChangesBeforeAnyPhotoIsThereChangesNothingElse) {
@@ -315,7 +427,7 @@ TEST_F(ShowTest, AScreenThatChangesBeforeAnyPhotoIsThereChangesNothingElse) {
   show.ScreenChanged(now);
   EXPECT_FALSE(show.TakeListingWish()) << "the folder is being read already";
   listingHeld = false;
-  show.Listed(folder, now);
+  show.Listed(Home, NamesIn(folder), now);
   framesHeld = true;
   ASSERT_TRUE(show.TakeFrameWish().has_value());
   show.ScreenChanged(now);
@@ -328,7 +440,7 @@ TEST_F(ShowTest, AWishIsGivenOutOnce) {
   EXPECT_TRUE(show.TakeListingWish());
   EXPECT_FALSE(show.TakeListingWish());
   EXPECT_FALSE(show.TakeFrameWish().has_value());
-  show.Listed(folder, now);
+  show.Listed(Home, NamesIn(folder), now);
   EXPECT_TRUE(show.TakeFrameWish().has_value());
   EXPECT_FALSE(show.TakeFrameWish().has_value());
 }

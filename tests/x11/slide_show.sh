@@ -35,6 +35,18 @@ begin_show "21$odd"
 xdotool click 3
 ends_with_success
 
+# A new one ends the one before, which no key would reach any more.
+begin_show "71$photos"
+before=$program_id
+start_show "71$photos"
+ended_before() { ! kill -0 "$before" 2>/dev/null; }
+within 20 ended_before || fail "two shows run"
+wait "$before" || fail "the show before ends with $?"
+wait_for_window "^Pixorra SlideShow" >/dev/null
+wait_for_colour red
+xdotool key space
+ends_with_success
+
 # A key that makes no character.
 begin_show "$photos"
 xdotool key Shift_L
