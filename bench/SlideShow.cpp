@@ -15,6 +15,7 @@
 #include "platform/codecs/ThreadedFrames.h"
 #include "platform/headless/HeadlessSession.h"
 #include "platform/headless/HeadlessSettings.h"
+#include "platform/posix/ListedFiles.h"
 #include "platform/posix/MappingSource.h"
 #include "platform/posix/PosixFiles.h"
 #include "platform/posix/PosixFolderReader.h"
@@ -135,8 +136,8 @@ int Run(const std::string& folder, int speed, double seconds) {
   QtPlatform qt(count, arguments);
   const auto mapping = std::make_shared<FixedMapping>(PathMapping());
   PosixFiles files(mapping);
-  PosixFolderReader reader(mapping, qt.posting);
-  ThreadedFrames frames(std::make_shared<PosixFiles>(PathMapping()), qt.posting);
+  PosixFolderReader reader(mapping, qt.posting, PosixFolderReader::Lengths::Unknown);
+  ThreadedFrames frames(std::make_shared<ListedFiles>(std::make_shared<FixedMapping>(PathMapping())), qt.posting);
   HeadlessSettings settings;
   HeadlessSession session;
   Companion companion({qt.toolkit, files, reader, frames, settings, session},
