@@ -1,11 +1,14 @@
 #include "platform/posix/DesktopMountsLook.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <condition_variable>
 #include <cstdint>
 #include <dirent.h>
+#include <fcntl.h>
 #include <mutex>
 #include <new>
+#include <sys/stat.h>
 #include <system_error>
 #include <thread>
 #include <utility>
@@ -58,10 +61,24 @@ void DesktopMountsLook::Work(const std::shared_ptr<State>& state) {
   }
 }
 
+namespace {
+
+// Something is mounted there, or that cannot be known. The kernel is asked for what it knows, and not the mount.
+bool MayHang(const std::string& folder) {
+  struct statx known {};
+  constexpr int withoutAsking = AT_STATX_DONT_SYNC | AT_NO_AUTOMOUNT;
+  if (statx(AT_FDCWD, folder.c_str(), withoutAsking, 0, &known) != 0) return errno != ENOENT;
+  const bool told = (known.stx_attributes_mask & STATX_ATTR_MOUNT_ROOT) != 0;
+  return !told || (known.stx_attributes & STATX_ATTR_MOUNT_ROOT) != 0;
+}
+
+}  // namespace
+
 std::vector<std::string> DesktopMountsLook::Names(std::chrono::milliseconds patience) {
   State& state = *state_;
   if (state.Folder.empty()) return {};
   std::unique_lock lock(state.Mutex);
+  if (!MayHang(state.Folder)) return state.Names = DesktopMounts(state.Folder);
   if (state.Asked != state.Answered) return state.Names;
   if (!state.HasThread) {
     try {

@@ -1,5 +1,6 @@
 // The folder in which the desktop mounts shares and devices. A mount that hangs may keep the whole folder from
-// answering: it is looked at in a thread of its own, which is left to itself then, at the program's end too.
+// answering: it is looked at in a thread of its own, which is left to itself then, at the program's end too. Where
+// nothing is mounted on it, no thread is needed.
 #pragma once
 
 #include <chrono>
