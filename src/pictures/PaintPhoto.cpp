@@ -3,10 +3,10 @@
 #include <vector>
 
 #include "base/Routines.h"
-#include "pictures/Fit.h"
 #include "pictures/PictureLoader.h"
 #include "pictures/QuickThumbs.h"
 #include "pictures/Scratch.h"
+#include "platform/pixels/Fit.h"
 #include "platform/runtime/Errors.h"
 #include "platform/runtime/Numbers.h"
 #include "platform/services/Dialogs.h"

@@ -10,9 +10,9 @@
 #include <iterator>
 #include <sstream>
 
-#include "pictures/Fit.h"
 #include "pictures/PaintPhoto.h"
 #include "pictures/PictureLoader.h"
+#include "platform/pixels/Fit.h"
 #include "tests/pictures/RealPhotosRun.h"
 #include "tests/support/RealPhotos.h"
 

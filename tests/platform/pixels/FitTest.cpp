@@ -1,7 +1,7 @@
 // Where photos of several shapes lie on a canvas, in numbers.
 #include <gtest/gtest.h>
 
-#include "pictures/Fit.h"
+#include "platform/pixels/Fit.h"
 
 namespace pixorra {
 namespace {
