@@ -14,6 +14,7 @@
 #include "app/Startup.h"
 #include "platform/codecs/CodecPictures.h"
 #include "platform/codecs/DecodeAhead.h"
+#include "platform/codecs/ThreadedTwins.h"
 #include "platform/codecs/TurboJpegCodec.h"
 #include "platform/posix/EndSignals.h"
 #include "platform/posix/Environment.h"
@@ -86,6 +87,10 @@ int Run(RunningInstance& instance, const Environment& environment, const std::st
   PosixMemory memory;
   PosixSettings settings(environment.ConfigHome + "/pixorra/settings");
   const std::unique_ptr<DecodeAhead, EndOrLeave> readAhead(new DecodeAhead(files));
+  // The thread has files of its own, and sees all disks below one root: the letters of drives are this thread's.
+  ThreadedTwins twins(std::make_shared<PosixFiles>(std::make_shared<FixedMapping>(PathMapping())), qt.posting,
+                      [mapping](const std::string& path) { return PathBelowRoot(mapping->Current(), path); });
+  qt.SharpenThumbnailsBy(&twins);
   CodecPictures pictures(files, readAhead.get());
   TurboJpegCodec jpeg(files, readAhead.get());
 

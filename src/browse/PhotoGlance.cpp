@@ -23,6 +23,7 @@ PhotoGlance::PhotoGlance(MainForm& main, FileListBox& files, ImageBox& preview, 
       preview_(preview),
       name_(name),
       waiting_(*preview.GetContainer(), "GlanceWaiting", WaitingInterval) {
+  preview_.SetShowsPhotoOfTag(true);
   Connect(waiting_.On().Timer, [this](Control&) {
     if (!main_.host.readAhead.IsReady(path_, main_.pictures.lDecodeScale)) return;
     waiting_.SetEnabled(false);
@@ -66,6 +67,7 @@ void PhotoGlance::ShowNow() {
   const std::string path = path_;
   preview_.Move(preview_.Left(), preview_.Top(), ThumbnailWidth, ThumbnailHeight);
   bool bDragged = false;
+  preview_.SetTag(path);
   PaintThumbnail(main_, preview_, path, bDragged);
   // A message about the photo lets the user go on to another one.
   if (path != path_) return;

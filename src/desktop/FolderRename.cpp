@@ -74,6 +74,8 @@ std::string Followed(const std::string& path, const std::string& from, const std
 
 void ShowNewPath(MainForm& main, int slot, const std::string& path) {
   DesktopState& desk = main.desk;
+  ImageBox& preview = desk.DestFolderPreview(slot);
+  if (!preview.Tag().empty()) preview.SetTag(JoinPath(path, FileNameOf(preview.Tag())));
   desk.DestFolderFiles(slot).SetPath(path);
   desk.DestFolderFiles(slot).Refresh();
   ShowFolderCount(desk, slot);

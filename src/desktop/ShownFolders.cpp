@@ -72,7 +72,9 @@ void ShowNewestPhoto(MainForm& main, int slot, const std::string& folder, const 
     preview.SetVisible(false);
   } else {
     bool bDragged = false;
-    PaintThumbnail(main, preview, JoinPath(folder, list.List(list.ListCount() - 1)), bDragged);
+    const std::string photo = JoinPath(folder, list.List(list.ListCount() - 1));
+    preview.SetTag(photo);
+    PaintThumbnail(main, preview, photo, bDragged);
     preview.SetVisible(true);
   }
 }

@@ -118,8 +118,9 @@ void ShowCopyFailure(MainForm& main, const Drop& drop) {
 
 // The preview takes the thumbnail's picture. One with the shading of dragged photos is of no use: the photo is painted
 // anew.
-void ShowNewArrival(MainForm& main, const Drop& drop) {
+void ShowNewArrival(MainForm& main, const Drop& drop, const std::string& destination) {
   ImageBox& preview = main.desk.DestFolderPreview(drop.Slot);
+  preview.SetTag(destination);
   if (!IsMarked(main.strip, drop.Source->Index())) {
     preview.SetPicture(drop.Source->GetPicture());
   } else {
@@ -158,7 +159,7 @@ Settled SettleDuplicate(MainForm& main, const Drop& drop, std::string newFile) {
 // drop. Each step by itself: one that fails is passed over. A photo that has no copy is neither marked nor remembered.
 void FinishDrop(MainForm& main, const Drop& drop, const std::string& destination, const CopyStamps& stamps) {
   DesktopState& desk = main.desk;
-  if (drop.Slot != TrashcanSlot) ErrorsIgnored([&] { ShowNewArrival(main, drop); });
+  if (drop.Slot != TrashcanSlot) ErrorsIgnored([&] { ShowNewArrival(main, drop, destination); });
   if (!IsStillPossible(main, drop)) return;
   RefreshLists(desk, drop.Slot);
   Settled settled;

@@ -108,6 +108,7 @@ std::string ChooseName(MainForm& main, const Place& place) {
 void ShowPasted(MainForm& main, const Place& place, const std::string& path) {
   ImageBox& preview = main.desk.DestFolderPreview(place.Slot);
   bool bDragged = false;
+  preview.SetTag(path);
   PaintThumbnail(main, preview, path, bDragged);
   // It was hidden where the folder was empty.
   if (IsStillThere(main, place)) preview.SetVisible(true);

@@ -39,6 +39,7 @@ void DesktopState::DefineDesktop(Host& host) {
   DestFolderName(0).SetBackColor(palette::ClosedLabelBack);
   DestFolderName(0).SetForeColor(palette::ClosedLabelText);
   DestFolderPreview(0).SetStretch(true);
+  DestFolderPreview(0).SetShowsPhotoOfTag(true);
   DestFolderPreview(0).Move(0, 0, ThumbnailWidth, ThumbnailHeight);
   DestFolderPreview(0).SetMousePointer(pointer::Hand);
 
@@ -76,6 +77,7 @@ void DesktopState::DefineView(Host& host) {
 
   DestBackground(0).SetPicture(Drawing(host, "DestBackground", CellWidth, CellHeight));
   DestThumbnail(0).SetStretch(true);
+  DestThumbnail(0).SetShowsPhotoOfTag(true);
   DestThumbnail(0).Move(0, 0, ThumbnailWidth, ThumbnailHeight);
   DestThumbnail(0).SetMousePointer(pointer::Hand);
   DestThumbName(0).Move(0, 0, ThumbnailWidth, ThumbNameHeight);

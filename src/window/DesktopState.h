@@ -56,7 +56,8 @@ struct DesktopState {
   Shape DestBackShape3{window_, "DestBackShape3"};
   Shape DestBackShape4{window_, "DestBackShape4"};
   ImageBox DesktopImage{window_, "DesktopImage"};
-  // A folder slot is one index in these five; the Trashcan, slot 9, has no preview.
+  // A folder slot is one index in these five; the Trashcan, slot 9, has no preview. A preview's Tag is the
+  // path of its photo.
   ControlArray<ImageBox> DestFolder{window_, "DestFolder"};
   ControlArray<Label> DestPicsCount{window_, "DestPicsCount"};
   ControlArray<Label> DestFolderName{window_, "DestFolderName"};

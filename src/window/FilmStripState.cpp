@@ -31,6 +31,7 @@ void FilmStripState::DefineStrip(Host& host) {
 
   SrcBackground(0).SetPicture(Drawing(host, "SrcBackground", SrcFrameWidth, SrcFrameHeight));
   SrcThumbnail(0).SetStretch(true);
+  SrcThumbnail(0).SetShowsPhotoOfTag(true);
   SrcThumbnail(0).Move(0, 0, ThumbnailWidth, ThumbnailHeight);
   SrcThumbnail(0).SetToolTipText("Drag Photo into a folder");
   SrcThumbnail(0).SetAutomaticDrag(true);

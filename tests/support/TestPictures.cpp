@@ -39,16 +39,31 @@ std::vector<JSAMPLE> SampleRow(const Bitmap& bitmap, int y, int channels) {
   return row;
 }
 
-// An Exif segment with nothing but the orientation in it.
-std::vector<JOCTET> ExifSegment(int orientation) {
+// An entry of a directory of Exif data, with a number in it.
+void PutEntry(std::string& out, int tag, int type, int number) {
+  Put16(out, tag);
+  Put16(out, type);
+  Put32(out, 1);
+  Put32(out, number);
+}
+
+// An Exif segment with nothing but the orientation in it, and the thumbnail.
+std::vector<JOCTET> ExifSegment(const JpegFile& file) {
+  constexpr int Short = 3;
+  constexpr int Long = 4;
+  constexpr int SecondDirectory = 26;
+  constexpr int Thumbnail = 56;
   std::string out("Exif\0\0II*\0", 10);
   Put32(out, 8);
   Put16(out, 1);
-  Put16(out, 0x0112);
-  Put16(out, 3);
-  Put32(out, 1);
-  Put32(out, orientation);
+  PutEntry(out, 0x0112, Short, file.exifOrientation);
+  Put32(out, file.thumbnail.empty() ? 0 : SecondDirectory);
+  if (file.thumbnail.empty()) return {out.begin(), out.end()};
+  Put16(out, 2);
+  PutEntry(out, 0x0201, Long, Thumbnail);
+  PutEntry(out, 0x0202, Long, static_cast<int>(file.thumbnail.size()));
   Put32(out, 0);
+  out += file.thumbnail;
   return {out.begin(), out.end()};
 }
 
@@ -136,7 +151,7 @@ std::string JpegOf(const Bitmap& bitmap, const JpegFile& file) {
   Describe(writer, bitmap, file);
   jpeg_start_compress(&writer, TRUE);
   if (file.exif) {
-    const std::vector<JOCTET> exif = ExifSegment(file.exifOrientation);
+    const std::vector<JOCTET> exif = ExifSegment(file);
     jpeg_write_marker(&writer, JPEG_APP0 + 1, exif.data(), static_cast<unsigned>(exif.size()));
   }
   for (int y = 0; y < bitmap.Height(); ++y) {

@@ -23,6 +23,8 @@ struct JpegFile {
   bool exif = false;        // bytes 7 to 10 spell Exif and not JFIF
   bool noName = false;      // neither of the two
   int exifOrientation = 1;  // 1 to 8, noted only with `exif`
+  std::string thumbnail =
+      {};  // a small JPEG file that comes in the Exif data, of less than 60,000 bytes; only with `exif`
 };
 
 // A JPEG file of these pixels.

@@ -6,9 +6,8 @@
 
 #include "platform/codecs/BmpDecoder.h"
 #include "platform/codecs/ByteReader.h"
+#include "platform/codecs/EnoughPixels.h"
 #include "platform/codecs/GifDecoder.h"
-#include "platform/codecs/JpegReader.h"
-#include "platform/codecs/LargePages.h"
 #include "platform/pixels/Framing.h"
 #include "platform/runtime/Errors.h"
 #include "platform/services/FileBytes.h"
@@ -49,37 +48,15 @@ class StoppableFile final : public File {
   const std::atomic<bool>& stop_;
 };
 
-void Succeed(int status) {
-  if (status != jpeg::Ok) throw RuntimeError(status == jpeg::OutOfMemory ? error::OutOfMemory : error::BadPicture);
-}
-
-// The reader is left at the coarsest reduction that still has the pixels of `wanted`.
-void ReduceTo(JpegReader& reader, PixelSize wanted) {
-  for (const int denominator : {8, 4, 2, 1}) {
-    Succeed(reader.Reduce(denominator));
-    if (reader.ReducedWidth() >= wanted.Width && reader.ReducedHeight() >= wanted.Height) return;
-  }
-}
-
 Bitmap DecodeJpegFrame(File& file, PixelSize screen, const std::atomic<bool>& stop) {
   if (file.Length() > MostMemory) throw RuntimeError(error::OutOfMemory);
   FileBytes bytes;
   bytes.Read(file);
-  JpegReader reader(bytes.Bytes());
-  Succeed(reader.Open());
-  reader.StopOn(stop);
-  const PixelSize framed = FramedSize({reader.Width(), reader.Height()}, screen);
-  ReduceTo(reader, framed);
-  const std::int64_t rows = (std::int64_t{reader.ReducedWidth()} * 3 + 3) * reader.ReducedHeight();
-  if (rows + reader.WorkingMemory() + static_cast<std::int64_t>(bytes.Size()) > MostMemory)
-    throw RuntimeError(error::OutOfMemory);
-  // What is missing after damage is black.
-  Bitmap pixels = Bitmap::Cleared(reader.ReducedWidth(), reader.ReducedHeight(), PixelFormat::Bgr24);
-  UseLargePages(pixels);
-  const int status = reader.Read(pixels.Row(0), static_cast<std::ptrdiff_t>(pixels.Stride()), 3);
-  if (stop) return {};
-  Succeed(status);
-  return FrameOf(pixels, framed, screen);
+  const auto framed = [screen](PixelSize photo) { return FramedSize(photo, screen); };
+  const std::int64_t room = MostMemory - static_cast<std::int64_t>(bytes.Size());
+  const DecodedPhoto decoded = DecodeEnough(bytes.Bytes(), framed, room, stop);
+  if (decoded.Pixels.IsEmpty()) return {};
+  return FrameOf(decoded.Pixels, framed(decoded.Photo), screen);
 }
 
 // Of the kinds that are read part by part and cannot be decoded at a reduction.

@@ -25,6 +25,8 @@ class JpegReader {
   // Reads the header. A status, as the others; nothing else may be asked before it succeeded. Sizes that the bytes
   // cannot back are refused here.
   int Open();
+  // In place of what the picture's own bytes note: it is a part of a file that notes it. Once it is open.
+  void SetOrientation(int orientation) { orientation_ = orientation; }
   int Width() const { return static_cast<int>(IsOnItsSide() ? reader_.image_height : reader_.image_width); }
   int Height() const { return static_cast<int>(IsOnItsSide() ? reader_.image_width : reader_.image_height); }
   // In the file: 1 grey, 3 colours, 4 inks.

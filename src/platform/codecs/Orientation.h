@@ -1,5 +1,5 @@
-// How a camera was held: the orientation that it notes in a JPEG file's Exif data, and where a pixel lies once the
-// picture is upright. After the Exif standard, CIPA DC-008, tag 0x0112.
+// How a camera was held: the orientation that it notes in a JPEG file's Exif data, tag 0x0112, and where a pixel lies
+// once the picture is upright.
 #pragma once
 
 #include <cstddef>

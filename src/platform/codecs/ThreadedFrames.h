@@ -4,6 +4,7 @@
 #include <memory>
 #include <string>
 
+#include "platform/codecs/TaskThread.h"
 #include "platform/services/Files.h"
 #include "platform/services/PhotoFrames.h"
 #include "platform/services/Posting.h"
@@ -14,20 +15,14 @@ namespace pixorra {
 class ThreadedFrames final : public PhotoFrames {
  public:
   // The files are the thread's alone from here on: nobody else may use them, or what they are made of.
-  ThreadedFrames(std::shared_ptr<Files> files, Posting& posting);
-  ~ThreadedFrames() override;
-  ThreadedFrames(const ThreadedFrames&) = delete;
-  ThreadedFrames& operator=(const ThreadedFrames&) = delete;
+  ThreadedFrames(std::shared_ptr<Files> files, Posting& posting) : files_(std::move(files)), thread_(posting) {}
 
   std::unique_ptr<Making> Make(const std::string& path, PixelSize screen, const PhotoFrame& known,
                                Handler handler) override;
 
  private:
-  struct Queue;
-  static void Work(const std::shared_ptr<Queue>& queue);
-
-  std::shared_ptr<Queue> queue_;
-  bool started_ = false;
+  std::shared_ptr<Files> files_;
+  TaskThread thread_;
 };
 
 }  // namespace pixorra

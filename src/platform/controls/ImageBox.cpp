@@ -13,6 +13,7 @@ void ImageBox::CopyFrom(const ImageBox& source) {
   picture_ = source.picture_;
   pressedPicture_ = source.pressedPicture_;
   stretch_ = source.stretch_;
+  showsPhotoOfTag_ = source.showsPhotoOfTag_;
   borderStyle_ = source.borderStyle_;
 }
 

@@ -25,11 +25,16 @@ class ImageBox : public Control {
   // Shown in place of the picture while the border style is 1; nothing: the picture itself.
   const Picture& PressedPicture() const { return pressedPicture_; }
   void SetPressedPicture(const Picture& picture);
+  // The picture is a thumbnail of the photo whose path is the Tag: on a screen that has more pixels than the picture, a
+  // back end may show the photo itself in its place.
+  bool ShowsPhotoOfTag() const { return showsPhotoOfTag_; }
+  void SetShowsPhotoOfTag(bool shows) { showsPhotoOfTag_ = shows; }
 
  private:
   Picture picture_;
   Picture pressedPicture_;
   bool stretch_ = false;
+  bool showsPhotoOfTag_ = false;
   std::uint8_t borderStyle_ = 0;
 };
 

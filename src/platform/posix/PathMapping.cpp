@@ -168,4 +168,8 @@ std::string PathMapping::ProgramPath(const std::string& typed) const {
   return Program(typed, NameFromPeople).value_or(typed);
 }
 
+std::string PathBelowRoot(const PathMapping& mapping, const std::string& path) {
+  return *PathMapping().ToProgram(mapping.ToHost(path).Text());
+}
+
 }  // namespace pixorra

@@ -69,4 +69,7 @@ class PathMapping {
   bool shownAsProgram_ = false;
 };
 
+// The path of the same file for a mapping whose only volume is the host's "/". Raises as ToHost does.
+std::string PathBelowRoot(const PathMapping& mapping, const std::string& path);
+
 }  // namespace pixorra

@@ -56,7 +56,8 @@ void ClientArea::paintEvent(QPaintEvent* event) {
     painter.fillRect(event->rect(), palette().color(QPalette::Window));
     return;
   }
-  LightPainter(painter, *this, peer_->GetBackend().Art()).PaintForm(peer_->GetForm(), ToRect(event->rect()));
+  QtBackend& backend = peer_->GetBackend();
+  LightPainter(painter, *this, backend.Art(), backend.Sharp()).PaintForm(peer_->GetForm(), ToRect(event->rect()));
 }
 
 // A button that has no name here, such as those for back and forward, is one more key to a form that takes every key.

@@ -13,6 +13,7 @@
 #include "platform/controls/Toolkit.h"
 #include "platform/qt/Convert.h"
 #include "platform/qt/Drawn.h"
+#include "platform/qt/SharpThumbnails.h"
 
 namespace pixorra {
 
@@ -114,7 +115,8 @@ void LightPainter::PaintImage(const ImageBox& image, const QRect& at) {
   const bool hasPressed = pressed && !image.PressedPicture().IsNothing();
   const Picture& picture = hasPressed ? image.PressedPicture() : image.GetPicture();
   const QRect own(at.topLeft(), QSize(picture.Width(), picture.Height()));
-  DrawPicture(painter_, image.Stretch() ? at : own, picture, art_);
+  const Picture sharp = image.ShowsPhotoOfTag() ? sharp_.InPlaceOf(image, on_.devicePixelRatioF()) : Picture();
+  DrawPicture(painter_, image.Stretch() ? at : own, sharp.IsNothing() ? picture : sharp, art_);
   if (pressed && !hasPressed) Edge(at);
 }
 

@@ -22,12 +22,14 @@ class ImageBox;
 class Label;
 class PictureBox;
 class Shape;
+class SharpThumbnails;
 class Toolkit;
 
 class LightPainter {
  public:
   // The palette and the style are those of the widget.
-  LightPainter(QPainter& painter, const QWidget& on, ArtStore& art) : painter_(painter), on_(on), art_(art) {}
+  LightPainter(QPainter& painter, const QWidget& on, ArtStore& art, SharpThumbnails& sharp)
+      : painter_(painter), on_(on), art_(art), sharp_(sharp) {}
 
   // `exposed` is in pixels of the client area.
   void PaintForm(const Form& form, const Rect& exposed);
@@ -51,6 +53,7 @@ class LightPainter {
   QPainter& painter_;
   const QWidget& on_;
   ArtStore& art_;
+  SharpThumbnails& sharp_;
   const Toolkit* toolkit_ = nullptr;
 };
 

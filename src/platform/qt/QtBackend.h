@@ -16,6 +16,7 @@
 #include "platform/qt/Pending.h"
 #include "platform/qt/PostedCall.h"
 #include "platform/qt/QtText.h"
+#include "platform/qt/SharpThumbnails.h"
 
 class QScreen;
 class QWidget;
@@ -83,6 +84,7 @@ class QtBackend final : public Backend {
   QWidget* WindowForBoxes();
   PendingList& AtEndOfTurn() { return pending_; }
   ArtStore& Art() { return art_; }
+  SharpThumbnails& Sharp() { return sharp_; }
   HeldKey& Held() { return held_; }
 
  private:
@@ -96,6 +98,7 @@ class QtBackend final : public Backend {
   Toolkit* toolkit_ = nullptr;
   Watch<Form> front_;  // the active form that the windows were last arranged for
   ArtStore art_;
+  SharpThumbnails sharp_{*this};
   QtText text_;
   PendingList pending_;
   HeldKey held_;

@@ -137,6 +137,10 @@ bool QtPlatform::ShowInside(std::uint64_t window) {
   return parts_->backend.ShowInside(window);
 }
 
+void QtPlatform::SharpenThumbnailsBy(ThumbnailTwins* twins) {
+  parts_->backend.Sharp().MakeBy(twins);
+}
+
 void QtPlatform::PrintToFile(const std::string& hostPath) {
   parts_->printing.PrintToFile(hostPath);
 }

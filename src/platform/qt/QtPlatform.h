@@ -14,6 +14,7 @@
 #include "platform/services/Posting.h"
 #include "platform/services/Printing.h"
 #include "platform/services/Shipped.h"
+#include "platform/services/ThumbnailTwins.h"
 
 namespace pixorra {
 
@@ -53,6 +54,9 @@ class QtPlatform {
   // From here on another program's window on the X server is the only screen: forms that cover the screen lie in it,
   // are as large as it is, and take no input. The program ends when it goes. False where there is no such window.
   bool ShowInside(std::uint64_t window);
+  // Thumbnails are shown by twins of theirs where a screen has the pixels for that. Null: no more. The twins must live
+  // until then, or as long as the loop runs.
+  void SharpenThumbnailsBy(ThumbnailTwins* twins);
   // Documents become a PDF file of the host.
   void PrintToFile(const std::string& hostPath);
 };

@@ -1,11 +1,8 @@
 // Frames that a thread makes: what their users share is in FramesContract.
-#include <condition_variable>
 #include <cstdint>
-#include <deque>
 #include <filesystem>
 #include <future>
 #include <gtest/gtest.h>
-#include <mutex>
 #include <optional>
 #include <string>
 #include <thread>
@@ -15,6 +12,7 @@
 #include "platform/codecs/ThreadedFrames.h"
 #include "platform/runtime/Errors.h"
 #include "tests/platform/codecs/BoundedMemory.h"
+#include "tests/platform/codecs/PostedCalls.h"
 #include "tests/platform/runtime/RaisesError.h"
 #include "tests/support/FaultyFiles.h"
 #include "tests/support/TemporaryDrive.h"
@@ -32,29 +30,6 @@ std::string WithBmpSize(std::string file, int width, int height) {
   }
   return file;
 }
-
-// A loop that runs what was posted when the test says so.
-class PostedCalls : public Posting {
- public:
-  void Post(std::function<void()> call) override {
-    const std::lock_guard lock(mutex_);
-    calls_.push_back(std::move(call));
-    came_.notify_all();
-  }
-  void RunNext() {
-    std::unique_lock lock(mutex_);
-    came_.wait(lock, [this] { return !calls_.empty(); });
-    const std::function<void()> call = std::move(calls_.front());
-    calls_.pop_front();
-    lock.unlock();
-    call();
-  }
-
- private:
-  std::mutex mutex_;
-  std::condition_variable came_;
-  std::deque<std::function<void()>> calls_;
-};
 
 class ThreadedFramesTest : public ::testing::Test {
  protected:

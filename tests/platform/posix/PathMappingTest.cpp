@@ -261,5 +261,16 @@ TEST(PathMapping, AnythingCanBeShownAndTyped) {
   }
 }
 
+TEST(PathMapping, APathOfAnyDriveIsKnownBelowTheRootAlone) {
+  const PathMapping plain;
+  for (const char* path : {"C:\\home\\a.jpg", "D:\\DCIM\\a.jpg", "E:\\other\\b:c.jpg", "\\\\server\\share\\a.jpg"}) {
+    const std::string below = PathBelowRoot(WithVolumes(), path);
+    EXPECT_TRUE(below.starts_with("C:\\")) << below;
+    EXPECT_EQ(plain.ToHost(below).Text(), WithVolumes().ToHost(path).Text()) << path;
+  }
+  EXPECT_EQ(PathBelowRoot(WithVolumes(), "D:\\DCIM\\a.jpg"), "C:\\media\\anna\\CARD\\DCIM\\a.jpg");
+  EXPECT_EQ(ErrorsIgnored([] { PathBelowRoot(WithVolumes(), "Z:\\a.jpg"); }), error::PathNotFound);
+}
+
 }  // namespace
 }  // namespace pixorra

@@ -1,8 +1,4 @@
-// Surfaces on a high-density screen. The scale is the process's own from its start: each test runs once more in a
-// process whose screen has two device pixels to each pixel's side.
-#include <QProcess>
-#include <QProcessEnvironment>
-
+// Surfaces on a high-density screen.
 #include "platform/controls/Label.h"
 #include "platform/controls/PictureBox.h"
 #include "platform/qt/Convert.h"
@@ -11,32 +7,12 @@
 namespace pixorra {
 namespace {
 
-constexpr int Fineness = 2;
-
 class FineScreenTest : public QtTest {
  protected:
   FineScreenTest() {
     form.SetClientSize(200, 150);
     box.Move(20, 30, 60, 40);
     box.SetBackColor(0x00FFFFFF);
-  }
-  void OnAFineScreen(const std::function<void()>& test) {
-    if (qGuiApp->devicePixelRatio() == Fineness) {
-      test();
-      return;
-    }
-    const auto* info = ::testing::UnitTest::GetInstance()->current_test_info();
-    QProcess process;
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(QStringLiteral("QT_SCALE_FACTOR"), QString::number(Fineness));
-    process.setProcessEnvironment(environment);
-    process.setProcessChannelMode(QProcess::MergedChannels);
-    process.start(QCoreApplication::applicationFilePath(),
-                  {QStringLiteral("--gtest_filter=%1.%2").arg(info->test_suite_name(), info->name())});
-    ASSERT_TRUE(process.waitForFinished(60000));
-    const std::string output = process.readAll().toStdString();
-    EXPECT_EQ(process.exitCode(), 0) << output;
-    EXPECT_NE(output.find("1 test from"), std::string::npos) << output;
   }
   // What is seen of the box, in device pixels.
   QImage BoxShot() {

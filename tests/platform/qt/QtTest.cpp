@@ -2,6 +2,8 @@
 
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QProcess>
+#include <QProcessEnvironment>
 #include <QTimer>
 
 #include "platform/qt/ClientArea.h"
@@ -80,6 +82,25 @@ void QtTest::Type(QWidget& widget, const QString& text) {
 
 void QtTest::Meanwhile(const std::function<void()>& act) {
   QTimer::singleShot(0, act);
+}
+
+void QtTest::OnAFineScreen(const std::function<void()>& test) {
+  if (qGuiApp->devicePixelRatio() == Fineness) {
+    test();
+    return;
+  }
+  const auto* info = ::testing::UnitTest::GetInstance()->current_test_info();
+  QProcess process;
+  QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+  environment.insert(QStringLiteral("QT_SCALE_FACTOR"), QString::number(Fineness));
+  process.setProcessEnvironment(environment);
+  process.setProcessChannelMode(QProcess::MergedChannels);
+  process.start(QCoreApplication::applicationFilePath(),
+                {QStringLiteral("--gtest_filter=%1.%2").arg(info->test_suite_name(), info->name())});
+  ASSERT_TRUE(process.waitForFinished(60000));
+  const std::string output = process.readAll().toStdString();
+  EXPECT_EQ(process.exitCode(), 0) << output;
+  EXPECT_NE(output.find("1 test from"), std::string::npos) << output;
 }
 
 }  // namespace pixorra

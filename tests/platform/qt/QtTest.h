@@ -57,6 +57,11 @@ class QtTest : public ::testing::Test {
   void Key(QWidget& widget, int key, const QString& text = {}, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
   void Type(QWidget& widget, const QString& text);
 
+  // On a screen that has this many device pixels to each pixel's side. The scale is a process's own from its start: the
+  // test runs once more, in a process of its own.
+  static constexpr int Fineness = 2;
+  void OnAFineScreen(const std::function<void()>& test);
+
   // Runs when a box or menu of the host is up and waits for a person.
   void Meanwhile(const std::function<void()>& act);
 

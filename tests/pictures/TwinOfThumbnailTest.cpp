@@ -1,0 +1,96 @@
+// Thumbnails as the program makes them, and what is made of their photos with more pixels: every twin shows what its
+// thumbnail does.
+#include <cstdlib>
+#include <filesystem>
+#include <gtest/gtest.h>
+
+#include "pictures/PaintPhoto.h"
+#include "pictures/Shading.h"
+#include "platform/codecs/TwinDecoder.h"
+#include "platform/pixels/Stretch.h"
+#include "tests/support/RealPhotos.h"
+#include "tests/support/TestPictures.h"
+#include "tests/support/headless/ProgramTest.h"
+
+namespace pixorra {
+namespace {
+
+constexpr const char* Photo = "C:\\Photos\\a.jpg";
+
+class TwinOfThumbnailTest : public ProgramTest {
+ protected:
+  TwinOfThumbnailTest() {
+    thumbnail.SetStretch(true);
+    thumbnail.Move(0, 0, 80, 60);
+  }
+  void Paint(const std::string& file) {
+    drive.Write(Photo, file);
+    bool bDragged = false;
+    PaintThumbnail(run.main, thumbnail, Photo, bDragged);
+  }
+  Bitmap Twin(double fineness) {
+    const PixelSize size{static_cast<int>(80 * fineness), static_cast<int>(60 * fineness)};
+    const std::atomic<bool> stop = false;
+    return DecodeTwin(*drive.DriveFiles().Open(Photo, OpenMode::Read), thumbnail.GetPicture().Pixels(), size, stop);
+  }
+  // The farthest that a pixel of the thumbnail is from what the twin shows there; of 255.
+  int Farthest(const Bitmap& twin) {
+    const Bitmap& shown = thumbnail.GetPicture().Pixels();
+    Bitmap small(80, 60, PixelFormat::Bgr24);
+    Stretch(twin, small, 0, 0, 80, 60);
+    int farthest = 0;
+    for (int y = 0; y < 60; ++y) {
+      for (int x = 0; x < 3 * 80; ++x) farthest = std::max(farthest, std::abs(small.Row(y)[x] - shown.Row(y)[x]));
+    }
+    return farthest;
+  }
+
+  ProgramRun& run = Started();
+  ImageBox thumbnail{run.main.Window, "thumbnail"};
+};
+
+TEST_F(TwinOfThumbnailTest, PhotosOfEveryShapeLieWhereTheThumbnailHasThem) {
+  for (const PixelSize size :
+       {PixelSize{800, 600}, {750, 500}, {960, 540}, {540, 960}, {1200, 200}, {300, 300}, {60, 45}}) {
+    for (const int orientation : {1, 6}) {
+      Paint(JpegPhoto(size.Width, size.Height, {.exif = true, .exifOrientation = orientation}));
+      for (const double fineness : {1.25, 1.75, 2.0, 3.0}) {
+        SCOPED_TRACE(std::to_string(size.Width) + " x " + std::to_string(size.Height) + " turned " +
+                     std::to_string(orientation) + ", " + std::to_string(fineness));
+        const Bitmap twin = Twin(fineness);
+        ASSERT_FALSE(twin.IsEmpty());
+        EXPECT_LE(Farthest(twin), 14);
+      }
+    }
+  }
+}
+
+TEST_F(TwinOfThumbnailTest, AMarkedPhotoHasOneToo) {
+  Paint(JpegPhoto(800, 600));
+  const Bitmap plain = Twin(2);
+  ShadeThumbnail(thumbnail);
+  const Bitmap shaded = Twin(2);
+  ASSERT_FALSE(shaded.IsEmpty());
+  EXPECT_LE(Farthest(shaded), 14);
+  EXPECT_EQ(shaded.Row(62)[3 * 62], plain.Row(62)[3 * 62]);
+  EXPECT_EQ(shaded.Row(60)[3 * 62], 0);
+}
+
+TEST_F(TwinOfThumbnailTest, RealPhotosHaveThem) {
+  int photos = 0;
+  std::error_code none;
+  for (const auto& entry : std::filesystem::directory_iterator(PhotosFolder() / "card", none)) {
+    drive.Remove("C:\\Photos");
+    drive.MakeFolder("C:\\Photos");
+    std::filesystem::copy(entry.path(), drive.HostPath(Photo));
+    bool bDragged = false;
+    PaintThumbnail(run.main, thumbnail, Photo, bDragged);
+    if (!thumbnail.GetPicture().ArtName().empty()) continue;  // no photo
+    EXPECT_FALSE(Twin(2).IsEmpty()) << entry.path();
+    ++photos;
+  }
+  if (photos == 0) GTEST_SKIP() << "there are no real photos here";
+}
+
+}  // namespace
+}  // namespace pixorra
