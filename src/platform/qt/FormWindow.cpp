@@ -12,6 +12,9 @@ namespace pixorra {
 
 FormWindow::FormWindow(FormPeer& peer, int menuBarHeight)
     : peer_(&peer), menuBar_(new QMenuBar(this)), client_(new ClientArea(peer, this)), menuBarHeight_(menuBarHeight) {
+  // Places on a form are from its left edge, and the program speaks English: what Qt would mirror on a desktop that
+  // reads from right to left would be some of it only.
+  setLayoutDirection(Qt::LeftToRight);
   menuBar_->setNativeMenuBar(false);
   menuBar_->hide();
 }
