@@ -24,6 +24,14 @@ QColor Mixed(const QPalette& palette, double share) {
   return {mix(over.red(), ground.red()), mix(over.green(), ground.green()), mix(over.blue(), ground.blue())};
 }
 
+// A desktop of black and white alone, for people who need that: the edges of all that can be worked stand out as its
+// letters do.
+bool IsBlackAndWhite(const QPalette& palette) {
+  constexpr int NearlyAll = 250;  // of 255
+  const int text = palette.color(QPalette::WindowText).lightness();
+  return qAbs(text - palette.color(QPalette::Window).lightness()) >= NearlyAll;
+}
+
 class LookStyle final : public QProxyStyle {
  public:
   using QProxyStyle::QProxyStyle;
@@ -33,15 +41,30 @@ class LookStyle final : public QProxyStyle {
     QProxyStyle::drawComplexControl(control, option, painter, widget);
     const auto* bar = qstyleoption_cast<const QStyleOptionSlider*>(option);
     if (control == CC_ScrollBar && bar != nullptr) DrawThumb(*bar, *painter, widget);
+    if (!IsBlackAndWhite(option->palette)) return;
+    if (control == CC_ComboBox) DrawRoundEdge(*option, option->rect, *painter);
+    if (control != CC_Slider) return;
+    for (const SubControl part : {SC_SliderGroove, SC_SliderHandle})
+      DrawRoundEdge(*option, subControlRect(CC_Slider, option, part, widget), *painter);
+  }
+
+  void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                   const QWidget* widget) const override {
+    QProxyStyle::drawControl(element, option, painter, widget);
+    if (element == CE_ProgressBarGroove && IsBlackAndWhite(option->palette))
+      DrawRoundEdge(*option, option->rect, *painter);
   }
 
   void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                      const QWidget* widget) const override {
     QProxyStyle::drawPrimitive(element, option, painter, widget);
     if (element == PE_PanelMenu) DrawEdge(*option, *painter);
+    const bool isWorked = element == PE_PanelButtonCommand || element == PE_Frame || element == PE_IndicatorCheckBox;
+    if (element == PE_IndicatorRadioButton && IsBlackAndWhite(option->palette)) DrawRing(*option, *painter);
     // One with the focus has the colour of that around it already.
-    if (element != PE_FrameLineEdit || (option->state & State_HasFocus) != 0) return;
-    DrawRoundEdge(*option, *painter);
+    if ((option->state & State_HasFocus) != 0) return;
+    if (element == PE_FrameLineEdit || (isWorked && IsBlackAndWhite(option->palette)))
+      DrawRoundEdge(*option, option->rect, *painter);
   }
 
   // A shadow behind pale letters makes them hard to read.
@@ -64,11 +87,21 @@ class LookStyle final : public QProxyStyle {
     painter.restore();
   }
 
-  static void DrawRoundEdge(const QStyleOption& option, QPainter& painter) {
+  static void DrawRoundEdge(const QStyleOption& option, const QRect& at, QPainter& painter) {
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(Mixed(option.palette, Edge));
-    painter.drawRoundedRect(QRectF(option.rect).adjusted(0.5, 0.5, -0.5, -0.5), 2, 2);
+    painter.setBrush(Qt::NoBrush);
+    painter.setPen(Mixed(option.palette, IsBlackAndWhite(option.palette) ? 1 : Edge));
+    painter.drawRoundedRect(QRectF(at).adjusted(0.5, 0.5, -0.5, -0.5), 2, 2);
+    painter.restore();
+  }
+
+  static void DrawRing(const QStyleOption& option, QPainter& painter) {
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setBrush(Qt::NoBrush);
+    painter.setPen(option.palette.color(QPalette::WindowText));
+    painter.drawEllipse(QRectF(option.rect).adjusted(0.5, 0.5, -0.5, -0.5));
     painter.restore();
   }
 

@@ -1,10 +1,16 @@
 // What the plain style leaves hard to see stands out, on light and on dark desktops.
 #include <QCheckBox>
+#include <QComboBox>
 #include <QLineEdit>
+#include <QListWidget>
+#include <QProgressBar>
+#include <QPushButton>
 #include <QRadioButton>
 #include <QScrollBar>
+#include <QSlider>
 #include <QStyleFactory>
 #include <QStyleOptionSlider>
+#include <QTreeWidget>
 
 #include "platform/qt/Convert.h"
 #include "platform/qt/LookStyle.h"
@@ -63,7 +69,55 @@ TEST_P(LookStyleTest, ACaptionStandsNearItsMark) {
   EXPECT_EQ(box.style()->pixelMetric(QStyle::PM_CheckBoxLabelSpacing, nullptr, &box), 4);
 }
 
+class BlackAndWhiteTest : public LookStyleTest {
+ protected:
+  // Something of its uppermost pixels in the middle stands out from the desktop's ground.
+  static bool HasEdge(QWidget& widget) {
+    widget.resize(120, 40);
+    const QImage shot = widget.grab().toImage();
+    const QColor ground = QApplication::palette().color(QPalette::Window);
+    for (int y = 0; y < 3; ++y)
+      if (Contrast(shot.pixelColor(60, y), ground) >= 4.5) return true;
+    return false;
+  }
+};
+
+TEST_P(BlackAndWhiteTest, TheEdgesOfAllThatCanBeWorkedStandOut) {
+  QPushButton button(QStringLiteral("Help"));
+  EXPECT_TRUE(HasEdge(button));
+  QListWidget list;
+  EXPECT_TRUE(HasEdge(list));
+  QTreeWidget tree;
+  EXPECT_TRUE(HasEdge(tree));
+  QComboBox combo;
+  EXPECT_TRUE(HasEdge(combo));
+  QLineEdit text;
+  EXPECT_TRUE(HasEdge(text));
+  QProgressBar progress;
+  EXPECT_TRUE(HasEdge(progress));
+}
+
+TEST_P(BlackAndWhiteTest, SlidersAndMarksAreSeen) {
+  const auto seen = [](QWidget& widget, int x) {
+    widget.resize(200, 24);
+    const QImage shot = widget.grab().toImage();
+    const QColor ground = QApplication::palette().color(QPalette::Window);
+    for (int y = 0; y < shot.height(); ++y)
+      if (Contrast(shot.pixelColor(x, y), ground) >= 4.5) return true;
+    return false;
+  };
+  QSlider slider(Qt::Horizontal);
+  slider.setValue(50);
+  EXPECT_TRUE(seen(slider, 180)) << "the groove";
+  EXPECT_TRUE(seen(slider, 100)) << "the handle";
+  QCheckBox box;
+  EXPECT_TRUE(seen(box, 6));
+  QRadioButton option;
+  EXPECT_TRUE(seen(option, 6));
+}
+
 INSTANTIATE_TEST_SUITE_P(Desktops, LookStyleTest, ::testing::Values(0xEF, 0x35));
+INSTANTIATE_TEST_SUITE_P(Desktops, BlackAndWhiteTest, ::testing::Values(0xFF, 0x00));
 
 }  // namespace
 }  // namespace pixorra
