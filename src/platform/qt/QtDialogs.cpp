@@ -6,8 +6,11 @@
 #include <QGridLayout>
 #include <QInputDialog>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QScreen>
+#include <algorithm>
 #include <cstdio>
 
 #include "platform/controls/Toolkit.h"
@@ -52,6 +55,16 @@ void WriteToLog(const std::string& title, const std::string& text) {
   std::fprintf(stderr, "%s: %s\n", title.c_str(), text.c_str());
 }
 
+// A text comes in lines of its own, which are broken once more only where the screen has no room for them.
+void MakeRoomForText(QMessageBox& box) {
+  constexpr double ShareOfScreen = 0.8;
+  auto* label = box.findChild<QLabel*>(QStringLiteral("qt_msgbox_label"));
+  if (label == nullptr) return;
+  label->ensurePolished();
+  const int own = label->fontMetrics().size(0, box.text()).width() + 1;
+  label->setMinimumWidth(std::min(own, static_cast<int>(box.screen()->availableSize().width() * ShareOfScreen)));
+}
+
 // A box with one button is closed by Esc as by that button; this one knows the difference.
 class MessageBox : public QMessageBox {
  public:
@@ -79,6 +92,7 @@ BoxAnswer QtDialogs::MsgBox(const std::string& text, BoxIcon icon, BoxButtons bu
   box->setDefaultButton(asks ? QMessageBox::Yes : QMessageBox::Ok);
   box->setEscapeButton(asks ? QMessageBox::No : QMessageBox::Ok);
   MakeRoomForTitle(*box);
+  MakeRoomForText(*box);
   int answer = QMessageBox::NoButton;
   bool byEsc = false;
   QObject::connect(box, &QDialog::finished, [&answer, &byEsc, box](int result) {

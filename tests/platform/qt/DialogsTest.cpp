@@ -43,6 +43,23 @@ TEST_F(DialogsTest, ABoxShowsPlainLinesAndItsTitle) {
   EXPECT_EQ(answer, BoxAnswer::Ok);
 }
 
+TEST_F(DialogsTest, LinesOfATextAreNotBrokenOnceMoreBelowLargeLetters) {
+  const QFont before = QApplication::font();
+  QFont large = before;
+  large.setPointSize(14);
+  QApplication::setFont(large);
+  Meanwhile([] {
+    auto& box = Up<QMessageBox>();
+    const auto* label = box.findChild<QLabel*>(QStringLiteral("qt_msgbox_label"));
+    EXPECT_GE(label->width(), label->fontMetrics().size(0, box.text()).width());
+    EXPECT_LT(label->height(), 3 * label->fontMetrics().lineSpacing());
+    box.button(QMessageBox::Ok)->click();
+  });
+  dialogs.MsgBox("A photo that is dragged into a folder is copied\r\nand shaded.", BoxIcon::Information, BoxButtons::Ok,
+                 "Title");
+  QApplication::setFont(before);
+}
+
 TEST_F(DialogsTest, AQuestionIsAnsweredByItsButtonsAndNoByAnyOtherWay) {
   const auto ask = [this] { return dialogs.MsgBox("Really?", BoxIcon::Question, BoxButtons::YesNo, "Title"); };
   Meanwhile([] {
