@@ -36,6 +36,7 @@ bool HidesGround(const std::vector<PaintItem>& items, const Rect& exposed) {
 
 void LightPainter::PaintForm(const Form& form, const Rect& exposed) {
   toolkit_ = &form.GetToolkit();
+  painter_.setLayoutDirection(on_.layoutDirection());  // a painter begins with the application's
   const std::vector<PaintItem> items = ItemsToPaint(form, exposed);
   if (!HidesGround(items, exposed)) {
     Fill(ToQRect(exposed), form.BackColor());

@@ -45,6 +45,7 @@ class CellDelegate final : public QStyledItemDelegate {
     const bool chosen = row.state.testFlag(QStyle::State_Selected);
     painter->save();
     painter->setFont(row.font);
+    painter->setLayoutDirection(row.direction);  // a painter begins with the application's
     painter->setPen(row.palette.color(chosen ? QPalette::HighlightedText : QPalette::Text));
     PaintCells(*painter, row, list_->Cells(index.row()));
     painter->restore();
