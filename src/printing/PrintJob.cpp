@@ -1,31 +1,16 @@
 #include "printing/PrintJob.h"
 
 #include "platform/controls/Toolkit.h"
-#include "platform/runtime/AtExit.h"
 #include "platform/runtime/ErrorReport.h"
 #include "platform/runtime/Errors.h"
 #include "platform/services/Dialogs.h"
 #include "platform/services/Printing.h"
 #include "printing/PrintUnits.h"
 #include "window/CoreState.h"
+#include "window/DesktopState.h"
 #include "window/MainForm.h"
 
 namespace pixorra {
-
-void RunPrintJob(MainForm& main, const std::function<void()>& job) {
-  if (main.core.PrintJobRuns) {
-    main.host.dialogs.Beep();
-    return;
-  }
-  main.core.PrintJobRuns = true;
-  // The printer that the dialog shows is the one that prints.
-  main.host.printing.HoldPrinter(true);
-  const AtExit done([&main] {
-    main.host.printing.HoldPrinter(false);
-    main.core.PrintJobRuns = false;
-  });
-  job();
-}
 
 bool BeginDocument(MainForm& main) {
   PrintSurface& printer = main.host.printing.Printer();
@@ -43,6 +28,13 @@ bool BeginDocument(MainForm& main) {
       main.host.dialogs.MsgBox(ErrorReport(failure), BoxIcon::Exclamation, BoxButtons::Ok, "Can't Print");
     return false;
   }
+}
+
+bool HasOpenFolder(MainForm& main, const std::string& title) {
+  if (main.desk.OpenFolderIndex != 0) return true;
+  main.host.dialogs.MsgBox("No Folder is Open.\r\nTry opening a folder first.", BoxIcon::Exclamation, BoxButtons::Ok,
+                           title);
+  return false;
 }
 
 bool IsPrintingStopped(const MainForm& main) {

@@ -1,14 +1,14 @@
-// What all print jobs have in common: only one runs at a time, and how a document begins.
+// What the print jobs of photos have in common.
 #pragma once
 
-#include <functional>
+#include <string>
 
 namespace pixorra {
 
 struct MainForm;
 
-// Runs a print job with its dialog. A job lets events run: while one runs, a second is refused with a beep.
-void RunPrintJob(MainForm& main, const std::function<void()>& job);
+// Where no folder is open, a message with this title says so.
+bool HasOpenFolder(MainForm& main, const std::string& title);
 // Begins a document on a landscape page, lengths in twips, by printing one blank. False where it cannot be begun: no
 // document is left open then. `Printer` is passed over in silence, as its user may have thought better of it; a message
 // tells any other reason, such as that of a printer that takes no documents.

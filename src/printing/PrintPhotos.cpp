@@ -19,8 +19,8 @@
 #include "printing/PrintPhotoForm.h"
 #include "printing/PrintUnits.h"
 #include "utility/ConfirmForm.h"
+#include "utility/RunPrintJob.h"
 #include "window/CoreState.h"
-#include "window/DesktopState.h"
 #include "window/MainForm.h"
 #include "window/PreviewState.h"
 #include "window/ThumbnailGeometry.h"
@@ -171,12 +171,7 @@ void PrintPhotoBatch(MainForm& main, BatchSource source) {
 }
 
 void BatchPrintOpenFolderMenuItem_Click(MainForm& main) {
-  if (main.desk.OpenFolderIndex == 0) {
-    main.host.dialogs.MsgBox("No Folder is Open.\r\nTry opening a folder first.", BoxIcon::Exclamation, BoxButtons::Ok,
-                             "Can't Batch Print Individual Photos");
-    return;
-  }
-  PrintPhotoBatch(main, BatchSource::OpenFolder);
+  if (HasOpenFolder(main, "Can't Batch Print Individual Photos")) PrintPhotoBatch(main, BatchSource::OpenFolder);
 }
 
 }  // namespace pixorra

@@ -25,8 +25,8 @@
 #include "printing/PrintUnits.h"
 #include "printing/ProofSums.h"
 #include "utility/ConfirmForm.h"
+#include "utility/RunPrintJob.h"
 #include "window/CoreState.h"
-#include "window/DesktopState.h"
 #include "window/MainForm.h"
 #include "window/PicturesState.h"
 
@@ -275,12 +275,7 @@ void PrintProofSheets(MainForm& main, BatchSource source) {
 }
 
 void PrintProofOpenFolderMenuItem_Click(MainForm& main) {
-  if (main.desk.OpenFolderIndex == 0) {
-    main.host.dialogs.MsgBox("No Folder is Open.\r\nTry opening a folder first.", BoxIcon::Exclamation, BoxButtons::Ok,
-                             FailureTitle);
-    return;
-  }
-  PrintProofSheets(main, BatchSource::OpenFolder);
+  if (HasOpenFolder(main, FailureTitle)) PrintProofSheets(main, BatchSource::OpenFolder);
 }
 
 }  // namespace pixorra

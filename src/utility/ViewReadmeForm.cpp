@@ -14,7 +14,7 @@
 #include "platform/services/Places.h"
 #include "platform/services/Printing.h"
 #include "utility/PrintText.h"
-#include "window/CoreState.h"
+#include "utility/RunPrintJob.h"
 #include "window/MainForm.h"
 #include "window/ModelessForms.h"
 
@@ -68,6 +68,26 @@ std::string TextToShow(Files& files, const std::string& path) {
   return TextOfFile(bytes) + "\r\n" + std::string(CutShort) + "\r\n";
 }
 
+void PrintReadme(Host& host, const std::string& text) {
+  PrintSurface& printer = host.printing.Printer();
+  // What a print job that failed has left over is a document of its own.
+  ErrorsIgnored([&] { printer.EndDoc(); });
+  if (!OrElse(false, [&] { return host.printing.ShowPrintDialog(); }) || host.toolkit.Ended()) return;
+  printer.SetDocumentName("Pixorra - Read Me");
+  bool begun = false;
+  try {
+    BeginText(printer);
+    begun = true;
+    PrintText(printer, text);
+    printer.EndDoc();
+  } catch (const RuntimeError& failure) {
+    printer.KillDoc();
+    // A document that its user has thought better of is passed over in silence.
+    if (!begun && failure.Number() == error::Printer) return;
+    host.dialogs.MsgBox(ErrorReport(failure), BoxIcon::Exclamation, BoxButtons::Ok, "Can't Print");
+  }
+}
+
 }  // namespace
 
 std::string TextOfFile(std::string_view bytes) {
@@ -114,36 +134,8 @@ void ViewReadmeForm::Form_Load() {
 }
 
 void ViewReadmeForm::PrintButton_Click() {
-  Host& host = main_.host;
-  if (main_.core.PrintJobRuns) {
-    host.dialogs.Beep();
-    return;
-  }
-  main_.core.PrintJobRuns = true;
-  host.printing.HoldPrinter(true);
-  const AtExit done([&main = main_] {
-    main.host.printing.HoldPrinter(false);
-    main.core.PrintJobRuns = false;
-  });
   // The window may be closed while the dialog is up.
-  const std::string text = ReadmeTextbox.Text();
-  PrintSurface& printer = host.printing.Printer();
-  // What a print job that failed has left over is a document of its own.
-  ErrorsIgnored([&] { printer.EndDoc(); });
-  if (!OrElse(false, [&] { return host.printing.ShowPrintDialog(); }) || host.toolkit.Ended()) return;
-  printer.SetDocumentName("Pixorra - Read Me");
-  bool begun = false;
-  try {
-    BeginText(printer);
-    begun = true;
-    PrintText(printer, text);
-    printer.EndDoc();
-  } catch (const RuntimeError& failure) {
-    printer.KillDoc();
-    // A document that its user has thought better of is passed over in silence.
-    if (!begun && failure.Number() == error::Printer) return;
-    host.dialogs.MsgBox(ErrorReport(failure), BoxIcon::Exclamation, BoxButtons::Ok, "Can't Print");
-  }
+  RunPrintJob(main_, [&host = main_.host, text = ReadmeTextbox.Text()] { PrintReadme(host, text); });
 }
 
 void ViewReadmeForm::ShowIt(Form& owner) {
