@@ -1,6 +1,7 @@
 #include "printing/PageLines.h"
 
 #include "base/FileDateTime.h"
+#include "base/OneLine.h"
 #include "platform/runtime/Format.h"
 #include "platform/runtime/Numbers.h"
 #include "platform/runtime/Text.h"
@@ -12,13 +13,13 @@ namespace pixorra {
 
 std::string InfoLine(MainForm& main, double width, double height, const std::string& path) {
   const DateValue date = GetFileDateToRead(main.host.files, path);
-  return " W" + TrimmedStr(width) + " x H" + TrimmedStr(height) + "  - " + main.host.files.ShownPath(path) + "  [" +
-         FormatDate(date, "hh:mmampm") + " " + FormatDate(date, "d/mmm/yyyy") + "]";
+  return " W" + TrimmedStr(width) + " x H" + TrimmedStr(height) + "  - " + OneLine(main.host.files.ShownPath(path)) +
+         "  [" + FormatDate(date, "hh:mmampm") + " " + FormatDate(date, "d/mmm/yyyy") + "]";
 }
 
 std::string CompanyLine(const MainForm& main) {
   const std::string& company = main.core.CompanyNameLabel.Caption();
-  return Trim(company).empty() ? " " : "Printed by: " + company;
+  return Trim(company).empty() ? " " : "Printed by: " + OneLine(company);
 }
 
 }  // namespace pixorra

@@ -4,6 +4,7 @@
 
 #include "base/Definition.h"
 #include "base/Dialog.h"
+#include "base/OneLine.h"
 #include "pictures/PictureLoader.h"
 #include "platform/runtime/AtExit.h"
 #include "platform/runtime/Errors.h"
@@ -233,7 +234,7 @@ void PrintProofForm::PaintHeader() {
   const int right = PagePreview.ScaleWidth() - TextMargin;
   PagePreview.SetForeColor(0);
   PagePreview.SetFont({PageFont, 4, true});
-  PagePreview.PrintAt(TextMargin, TextTop, main_.host.files.ShownPath(PhotoList(main_, source_).Path()));
+  PagePreview.PrintAt(TextMargin, TextTop, OneLine(main_.host.files.ShownPath(PhotoList(main_, source_).Path())));
   // Deliberate: the entry "All" counts among the pages here, as the position in the list is what is shown.
   const std::string page = TrimmedStr(PagesBox.ListIndex()) + " of " + TrimmedStr(PagesBox.ListCount()) + " pages";
   PagePreview.PrintAt(right - PagePreview.TextWidth(page), TextTop, page);
@@ -253,7 +254,7 @@ void PrintProofForm::PaintCells(int cellWidth, int cellHeight) {
   for (int row = 0; row < across; ++row) {
     for (int column = 0; column < across; ++column) {
       const Picture thumbnail = slot != 0 ? slots.Thumbnails(slot).GetPicture() : Picture();
-      const std::string caption = slot != 0 ? slots.Names(slot).Caption() : " ";
+      const std::string caption = slot != 0 ? OneLine(slots.Names(slot).Caption()) : " ";
       PaintCell(thumbnail, caption,
                 {column * cellWidth + CellMargin, row * cellHeight + CellMargin, cellWidth, cellHeight});
       if (slot != 0) slot = slots.After(slot);

@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "base/OneLine.h"
 #include "base/ShownNames.h"
 #include "pictures/PaintPhoto.h"
 #include "pictures/PictureLoader.h"
@@ -168,7 +169,7 @@ void ProofSheets::PrintHeader() {
   printer_.SetFontBold(true);
   printer_.SetCurrentX(TextMargin);
   printer_.SetCurrentY(HeaderTop);
-  printer_.Print(main_.host.files.ShownPath(folder_));
+  printer_.Print(OneLine(main_.host.files.ShownPath(folder_)));
   // Deliberate: the number has the blank of a sign ahead of it.
   printAtRight(Str(sheet_) + " of " + TrimmedStr(ProofPages(static_cast<int>(photos_.size()), across_)) + " pages",
                HeaderTop);
@@ -204,7 +205,7 @@ void ProofSheets::PrintCell(int row, int column) {
                           picture.Width() * TwipsPerPixel, picture.Height() * TwipsPerPixel);
   });
   ErrorsIgnored([&] {
-    const std::string caption = ShownFileName(main_.host.files, photo.Path);
+    const std::string caption = OneLine(ShownFileName(main_.host.files, photo.Path));
     printer_.SetCurrentX((cellWidth_ - printer_.TextWidth(caption) - CellMargin) / 2 + x);
     printer_.SetCurrentY(y + cellHeight_ - CellMargin + CaptionDrop);
     printer_.Print(caption);

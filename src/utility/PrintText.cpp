@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <string>
 
+#include "base/OneLine.h"
 #include "platform/runtime/Text.h"
 #include "platform/runtime/Utf8.h"
 #include "platform/services/Printing.h"
@@ -80,7 +81,7 @@ class TextPages {
 std::string Untabbed(std::string_view line) {
   std::string plain;
   for (const char c : line) plain += c == '\t' ? std::string(4, ' ') : std::string(1, c);
-  return plain;
+  return OneLine(plain);
 }
 
 }  // namespace

@@ -154,6 +154,18 @@ TEST_F(PrintPhotosTest, WithNoPhotoSelectedAfterAnEarlierPrintTheJobGoesOnWithIt
   ExpectAllPutBack();
 }
 
+TEST_F(PrintPhotosTest, ALineEndInANameOrTheCompanyIsABlankOnPaper) {
+  LoadStrip({"a\n\x1B\xE2\x80\xA8z 160x120"});
+  Select(1);
+  main.core.CompanyNameLabel.SetCaption("Kestrelia\r\nof\tOslo");
+  PrintAt(50, true);
+  Print();
+  const std::vector<std::string> lines = OnlyPage().Texts();
+  ASSERT_THAT(lines, SizeIs(3));
+  EXPECT_THAT(lines[1], HasSubstr("\\a   z 160x120.bmp  ["));
+  EXPECT_EQ(lines[2], "Printed by: Kestrelia  of Oslo");
+}
+
 TEST_F(PrintPhotosTest, TheNoticeIsUpWhileAPhotoIsPrintedAndCannotBeAskedToStop) {
   SelectPhoto("160x120");
   main.core.PrintAborted = true;

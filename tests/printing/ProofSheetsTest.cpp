@@ -308,6 +308,18 @@ TEST_F(ProofSheetsTest, StoppedAtTheQuestionAfterPageTwoOfFiveTheCellsMadeComeOu
   EXPECT_THAT(CaptionsOf(Page(1)), NamesFrom(1, 4)) << "an earlier stop does not stop the next job";
 }
 
+TEST_F(ProofSheetsTest, ALineEndInTheFoldersOrAPhotosNameIsABlankOnPaper) {
+  MakePhotos("C:\\St\nrip", 0);
+  drive.Write("C:\\St\nrip\\one\ntwo.jpg", JpegOf(PlainBitmap(80, 60, 0)));
+  main.strip.NoFilmStrip = false;
+  main.strip.SrcFileList.SetPath("C:\\St\nrip");
+  run.Wait(0.04);
+  run.LoadAll();
+  Print(2);
+  EXPECT_THAT(Page(1).Texts(), Contains("C:\\St rip"));
+  EXPECT_THAT(Page(1).Texts(), Contains("one two.jpg"));
+}
+
 TEST_F(ProofSheetsTest, ANoAtTheQuestionGoesOn) {
   LoadStrip(5);
   person.During([&] { return ConfirmForm::Of(main).Label2.Caption() == "Now Printing .. 2/5"; },
