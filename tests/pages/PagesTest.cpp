@@ -14,22 +14,28 @@ constexpr double TwipsPerPoint = 20;
 
 }  // namespace
 
-PagesTest::PagesTest() : host_(MakeHost()), main(host_) {
+PaperTest::PaperTest(const std::function<std::unique_ptr<Printing>(QtBackend&)>& makePrinting)
+    : printing_(makePrinting(run.platform.backend)), host_(MakeHost()), main(host_) {
   ConnectEvents(main);
   StartUp(main);
-  printing.Pdf().FixFile(File());
 }
 
-PagesTest::~PagesTest() {
+PaperTest::~PaperTest() {
   run.platform.Finish();
 }
 
-// The stage's, but with a printer that makes files.
-Host PagesTest::MakeHost() {
+// The stage's, but with other printers.
+Host PaperTest::MakeHost() {
   const Host& host = run.host;
   return {host.toolkit,  host.files,     host.places,  host.clock,        host.pictures, host.artwork,
-          host.jpeg,     host.dialogs,   printing,     host.clipboard,    host.shell,    host.registry,
+          host.jpeg,     host.dialogs,   *printing_,   host.clipboard,    host.shell,    host.registry,
           host.settings, host.readAhead, host.shipped, host.folderReader, host.volumes,  host.memory};
+}
+
+PagesTest::PagesTest()
+    : PaperTest([](QtBackend& backend) { return std::make_unique<FilePrinting>(backend); }),
+      printing(static_cast<FilePrinting&>(main.host.printing)) {
+  printing.Pdf().FixFile(File());
 }
 
 void PagesTest::SetPaper(const QPageSize& size) {
@@ -50,7 +56,7 @@ TurnedPaper PagesTest::Paper() {
   return paper;
 }
 
-void PagesTest::ShowStrip(const std::string& folder) {
+void PaperTest::ShowStrip(const std::string& folder) {
   main.strip.NoFilmStrip = false;
   main.strip.SrcFileList.SetPath(folder);
   main.strip.SrcFileList.Refresh();

@@ -6,7 +6,9 @@
 #include <QTemporaryDir>
 #include <functional>
 #include <gtest/gtest.h>
+#include <memory>
 #include <ostream>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -68,28 +70,47 @@ class FilePrinting final : public Printing {
   QtPrintSurface surface_{pdf_};
 };
 
-class PagesTest : public ::testing::Test {
+// The program in its windows, with printers of the test's choice.
+class PaperTest : public ::testing::Test {
  protected:
-  PagesTest();
-  ~PagesTest() override;
+  explicit PaperTest(const std::function<std::unique_ptr<Printing>(QtBackend&)>& makePrinting);
+  ~PaperTest() override;
 
-  void SetPaper(const QPageSize& size);
-  TurnedPaper Paper();
   // A folder of the drive becomes the film strip, and its thumbnails are loaded.
   void ShowStrip(const std::string& folder);
-  QString File() const { return folder_.filePath("printed.pdf"); }
+  template <typename Wanted>
+  static Wanted& Find(Container& form, const std::string& name) {
+    for (Control* control : form.Controls()) {
+      if (control->Name() == name) return static_cast<Wanted&>(*control);
+    }
+    throw std::runtime_error("no control " + name);
+  }
 
   TemporaryDrive drive;
   TestHost run{drive};
-  FilePrinting printing{run.platform.backend};
 
  private:
   Host MakeHost();
-  QTemporaryDir folder_;
+  std::unique_ptr<Printing> printing_;
   Host host_;
 
  public:
   MainForm main;
+};
+
+// Its printer writes one file.
+class PagesTest : public PaperTest {
+ protected:
+  PagesTest();
+
+  void SetPaper(const QPageSize& size);
+  TurnedPaper Paper();
+  QString File() const { return folder_.filePath("printed.pdf"); }
+
+  FilePrinting& printing;
+
+ private:
+  QTemporaryDir folder_;
 };
 
 }  // namespace pixorra

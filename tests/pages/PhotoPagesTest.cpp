@@ -86,13 +86,6 @@ class PhotoPagesTest : public PagesTest, public ::testing::WithParamInterface<st
       std::copy_n(band.Row(0), 3 * shape.Width, photo.Row(y));
     return photo;
   }
-  template <typename Wanted>
-  static Wanted& Find(Container& form, const std::string& name) {
-    for (Control* control : form.Controls()) {
-      if (control->Name() == name) return static_cast<Wanted&>(*control);
-    }
-    throw std::runtime_error("no control " + name);
-  }
   void Print(int percent, bool info) {
     run.platform.person.Click(main.strip.SrcThumbnail(1));
     run.platform.person.ExpectForm("PrintPhotoForm", [=](auto& hand, Form& form) {

@@ -54,13 +54,6 @@ class ProofPagesTest : public PagesTest {
     for (int i = 0; i < count; ++i) drive.Write(std::string(Strip) + "\\" + NameOf(i), photo);
     ShowStrip(Strip);
   }
-  template <typename Wanted>
-  static Wanted& Find(Container& form, const std::string& name) {
-    for (Control* control : form.Controls()) {
-      if (control->Name() == name) return static_cast<Wanted&>(*control);
-    }
-    throw std::runtime_error("no control " + name);
-  }
   void Print(int across, int page = 0) {
     run.platform.person.ExpectForm("PrintProofForm", [=](auto& hand, Form& form) {
       hand.MoveBar(Find<ScrollBar>(form, "ProofSizeBar"), across);

@@ -88,21 +88,25 @@ constexpr const char* Description = R"PPD(*PPD-Adobe: "4.3"
 *PageSize A4/A4: "<</PageSize[595 842]>>setpagedevice"
 *PageSize Letter/Letter: "<</PageSize[612 792]>>setpagedevice"
 *PageSize 4x6/4 x 6 in: "<</PageSize[288 432]>>setpagedevice"
+*PageSize Tag/Tag: "<</PageSize[100 200]>>setpagedevice"
 *CloseUI: *PageSize
 *OpenUI *PageRegion/Media Size: PickOne
 *DefaultPageRegion: A4
 *PageRegion A4/A4: "<</PageSize[595 842]>>setpagedevice"
 *PageRegion Letter/Letter: "<</PageSize[612 792]>>setpagedevice"
 *PageRegion 4x6/4 x 6 in: "<</PageSize[288 432]>>setpagedevice"
+*PageRegion Tag/Tag: "<</PageSize[100 200]>>setpagedevice"
 *CloseUI: *PageRegion
 *DefaultImageableArea: A4
 *ImageableArea A4/A4: "10 36 585 830"
 *ImageableArea Letter/Letter: "10 36 602 780"
 *ImageableArea 4x6/4 x 6 in: "0 0 288 432"
+*ImageableArea Tag/Tag: "80 110 90 190"
 *DefaultPaperDimension: A4
 *PaperDimension A4/A4: "595 842"
 *PaperDimension Letter/Letter: "612 792"
 *PaperDimension 4x6/4 x 6 in: "288 432"
+*PaperDimension Tag/Tag: "100 200"
 *OpenUI *Resolution/Resolution: PickOne
 *DefaultResolution: 600dpi
 *Resolution 600dpi/600 dpi: "<</HWResolution[600 600]>>setpagedevice"
@@ -167,9 +171,13 @@ std::string PrintServer::Start() {
   if (!Until([] { return CupsServer::Reach() != nullptr; })) {
     return "the print server does not answer: " + Read("error_log").toStdString();
   }
+  AddOffice();
+  return {};
+}
+
+void PrintServer::AddOffice() const {
   Administer("lpadmin", {"-p", "Office", "-E", "-v", "keep:/", "-P", In("office.ppd")});
   Administer("lpadmin", {"-d", "Office"});
-  return {};
 }
 
 void PrintServer::Hang() const {
@@ -227,7 +235,7 @@ int PrintServer::PagesOf(int job) const {
 
 QString PrintServer::Info(int job, const QString& field) const {
   QProcess process;
-  process.start("pdfinfo", {In(QStringLiteral("out/%1.pdf").arg(job))});
+  process.start("pdfinfo", {PathOf(job)});
   process.waitForFinished();
   for (const QString& line : QString::fromUtf8(process.readAll()).split('\n')) {
     if (line.startsWith(field + ":")) return line.section(':', 1).trimmed();
@@ -237,6 +245,15 @@ QString PrintServer::Info(int job, const QString& field) const {
 
 bool PrintServer::HasNothing() const {
   return QDir(In("out")).isEmpty();
+}
+
+bool PrintServer::BecomesIdle() const {
+  return Until([] {
+    cups_job_t* jobs = nullptr;
+    const int count = cupsGetJobs(&jobs, nullptr, 0, CUPS_WHICHJOBS_ACTIVE);
+    cupsFreeJobs(count, jobs);
+    return count == 0;
+  });
 }
 
 }  // namespace pixorra

@@ -34,21 +34,30 @@ class PrintServer {
 
   // Empty where it runs.
   const std::string& WhyNot() const { return whyNot_; }
+  // What it says of "Office", for further printers.
+  QString DescriptionFile() const { return In("office.ppd"); }
+  int Port() const { return port_; }
   void Stop();
   // It hangs: it is there, and answers nothing.
   void Hang() const;
   void GoOn() const;
+  // After it has been deleted; it is there at first.
+  void AddOffice() const;
   // One of the print system's own tools.
   void Administer(const QString& tool, const QStringList& arguments) const;
 
   // What the printer got as this job, by its number from 1: the number of its pages, 0 where it does not come.
   int PagesOf(int job) const;
+  // The file that holds it.
+  QString PathOf(int job) const { return In(QStringLiteral("out/%1.pdf").arg(job)); }
   // A line of what is known of the document.
   QString Info(int job, const QString& field) const;
   QString Title(int job) const { return Read(QStringLiteral("out/%1.title").arg(job)); }
   int Copies(int job) const { return Read(QStringLiteral("out/%1.copies").arg(job)).toInt(); }
   QStringList Options(int job) const { return Read(QStringLiteral("out/%1.options").arg(job)).split(' '); }
   bool HasNothing() const;
+  // No job is left at the server that is not done; false where that does not come about.
+  bool BecomesIdle() const;
 
  private:
   std::string Start();
