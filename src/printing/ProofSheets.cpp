@@ -44,7 +44,7 @@ constexpr int FootHeight = 100;
 constexpr int CellMargin = 600;
 constexpr int CaptionDrop = 110;  // below the picture
 constexpr int TextMargin = 400;
-constexpr int HeaderTop = 150;
+constexpr int PageHeaderTop = 150;
 constexpr int CompanyRise = 300;
 
 // The same shape, of no more pixels than are rendered.
@@ -168,11 +168,11 @@ void ProofSheets::PrintHeader() {
   printer_.SetFontSize(14);
   printer_.SetFontBold(true);
   printer_.SetCurrentX(TextMargin);
-  printer_.SetCurrentY(HeaderTop);
+  printer_.SetCurrentY(PageHeaderTop);
   printer_.Print(OneLine(main_.host.files.ShownPath(folder_)));
   // Deliberate: the number has the blank of a sign ahead of it.
   printAtRight(Str(sheet_) + " of " + TrimmedStr(ProofPages(static_cast<int>(photos_.size()), across_)) + " pages",
-               HeaderTop);
+               PageHeaderTop);
   printer_.SetFontBold(false);
   printer_.SetFontSize(8);
   printAtRight(CompanyLine(main_), pageHeight_ - CompanyRise);

@@ -1,7 +1,6 @@
 #include "platform/codecs/DecodeAhead.h"
 
 #include <algorithm>
-#include <array>
 #include <atomic>
 #include <cstring>
 #include <exception>
@@ -11,6 +10,7 @@
 #include <utility>
 
 #include "platform/codecs/CodecPictures.h"
+#include "platform/codecs/ExpectedPhotos.h"
 #include "platform/codecs/JpegReader.h"
 #include "platform/codecs/JpegWriter.h"
 #include "platform/codecs/ThreadPriority.h"
@@ -42,22 +42,6 @@ struct DecodeAhead::Job {
 namespace {
 
 constexpr std::size_t MostThreads = 4;
-
-bool IsJpeg(File& file) {
-  std::array<std::uint8_t, 2> start{};
-  return file.ReadAt(0, start.data(), start.size()) == start.size() && start[0] == 0xFF && start[1] == 0xD8;
-}
-
-std::int64_t BytesOf(PixelSize size) {
-  return (std::int64_t{size.Width} * 3 + 3) * size.Height;
-}
-
-std::vector<PixelSize> SizesFor(const ReadAhead::PaintedSizes& sizes, int width, int height) {
-  std::vector<PixelSize> wanted;
-  if (sizes) wanted = sizes(width, height);
-  std::erase_if(wanted, [](PixelSize size) { return size.Width < 1 || size.Height < 1; });
-  return wanted;
-}
 
 // In the quality that a transfer has unless another is asked for. Without one the rows alone are ready.
 void MakeSmallJpeg(const ReducedRows& rows, const std::vector<PixelSize>& sizes, SmallJpeg& small) {

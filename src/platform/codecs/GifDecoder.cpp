@@ -16,7 +16,7 @@ using Palette = std::array<std::array<Byte, 3>, 256>;  // blue, green, red
 
 constexpr int NoTransparency = -1;
 
-[[noreturn]] void Refuse() {
+[[noreturn]] void RefuseGif() {
   throw RuntimeError(error::BadPicture);
 }
 
@@ -40,7 +40,7 @@ class GifParser {
   explicit GifParser(ByteReader& in) : in_(in) {}
 
   GifImage FirstImage() {
-    if (in_.Size() < 13) Refuse();
+    if (in_.Size() < 13) RefuseGif();
     image_.screenWidth = static_cast<int>(in_.U16(6));
     image_.screenHeight = static_cast<int>(in_.U16(8));
     at_ = 13;
@@ -56,7 +56,7 @@ class GifParser {
         break;
       }
     }
-    Refuse();
+    RefuseGif();
   }
 
  private:
@@ -239,9 +239,9 @@ Bitmap DecodeGif(ByteReader& in, std::int64_t mostPixels) {
   }
   const auto enough = static_cast<std::size_t>(std::int64_t{image.width} * image.height / GifPixelsPerByte);
   const std::size_t codes = GifBlocks(in, image.codesAt).Count(enough);
-  if (!IsBacked(image.width, image.height, codes, GifPixelsPerByte)) Refuse();
-  if (!IsBacked(image.screenWidth, image.screenHeight, in.Size(), GifPixelsPerByte)) Refuse();
-  if (!HasPixels(image, in)) Refuse();
+  if (!IsBacked(image.width, image.height, codes, GifPixelsPerByte)) RefuseGif();
+  if (!IsBacked(image.screenWidth, image.screenHeight, in.Size(), GifPixelsPerByte)) RefuseGif();
+  if (!HasPixels(image, in)) RefuseGif();
   RefuseTooLarge(image.width, image.height, mostPixels);
   RefuseTooLarge(image.screenWidth, image.screenHeight, mostPixels);
   if (!image.hasPalette) {

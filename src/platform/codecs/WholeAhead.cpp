@@ -1,7 +1,6 @@
 #include "platform/codecs/WholeAhead.h"
 
 #include <algorithm>
-#include <array>
 #include <atomic>
 #include <exception>
 #include <numeric>
@@ -11,6 +10,7 @@
 #include <utility>
 
 #include "platform/codecs/CodecPictures.h"
+#include "platform/codecs/ExpectedPhotos.h"
 #include "platform/codecs/JpegReader.h"
 #include "platform/codecs/LargePages.h"
 #include "platform/codecs/ThreadPriority.h"
@@ -45,11 +45,6 @@ namespace {
 constexpr std::size_t MostThreads = 4;
 constexpr std::size_t ReadPart = std::size_t{1024} * 1024;  // bytes
 
-bool IsJpeg(File& file) {
-  std::array<std::uint8_t, 2> start{};
-  return file.ReadAt(0, start.data(), start.size()) == start.size() && start[0] == 0xFF && start[1] == 0xD8;
-}
-
 // A file's first bytes, so many or all that there are; returns how many. It ends early where the photo is dropped.
 std::size_t ReadInParts(File& file, std::uint8_t* into, std::size_t bytes, const std::atomic<bool>& dropped) {
   std::size_t read = 0;
@@ -60,16 +55,6 @@ std::size_t ReadInParts(File& file, std::uint8_t* into, std::size_t bytes, const
     if (got < part) break;
   }
   return read;
-}
-
-std::int64_t BytesOf(PixelSize size) {
-  return (std::int64_t{size.Width} * 3 + 3) * size.Height;
-}
-
-std::vector<PixelSize> SizesFor(const ReadAhead::PaintedSizes& sizes, int width, int height) {
-  std::vector<PixelSize> wanted = sizes(width, height);
-  std::erase_if(wanted, [](PixelSize size) { return size.Width < 1 || size.Height < 1; });
-  return wanted;
 }
 
 bool HasReductions(const Picture& picture, const ReadAhead::PaintedSizes& sizes) {

@@ -8,12 +8,12 @@
 #include <utility>
 
 #include "platform/pixels/Stretch.h"
+#include "platform/qt/PageUnits.h"
 
 namespace pixorra {
 
 namespace {
 
-constexpr double TwipsPerInch = 1440;
 constexpr Colour White = 0x00FFFFFF;
 constexpr int DrawingColours = 256;
 // What takes more exactly, as a photo in black and white does, is held as a photo.
@@ -129,7 +129,9 @@ PagePicture MakePagePicture(const Picture& picture, const QRectF& place, const Q
   };
   made.Place = placed(QRectF(cut));
   made.Shown = placed(inside);
-  const auto dots = [&](double twips) { return std::max(1.0, std::ceil(twips * dotsPerInch / TwipsPerInch - 0.01)); };
+  const auto dots = [&](double twips) {
+    return std::max(1.0, std::ceil(twips * dotsPerInch / PageTwipsPerInch - 0.01));
+  };
   QSize size(static_cast<int>(std::min<double>(cut.width(), dots(made.Place.width()))),
              static_cast<int>(std::min<double>(cut.height(), dots(made.Place.height()))));
   made.Image = Reduced(picture, cut, size);

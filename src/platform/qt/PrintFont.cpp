@@ -1,14 +1,9 @@
 #include "platform/qt/PrintFont.h"
 
 #include "platform/qt/Convert.h"
+#include "platform/qt/PageUnits.h"
 
 namespace pixorra {
-
-namespace {
-
-constexpr double TwipsPerPoint = 20;
-
-}  // namespace
 
 QFont PrintFont(const std::string& name, double points, bool bold) {
   QStringList families{ToQString(name)};
@@ -19,7 +14,7 @@ QFont PrintFont(const std::string& name, double points, bool bold) {
   if (!name.empty()) font.setFamilies(families);
   font.setStyleHint(QFont::SansSerif, QFont::ForceOutline);
   font.setHintingPreference(QFont::PreferNoHinting);
-  font.setPixelSize(qMax(1, qRound(points * TwipsPerPoint)));
+  font.setPixelSize(qMax(1, qRound(points * PageTwipsPerPoint)));
   font.setBold(bold);
   return font;
 }

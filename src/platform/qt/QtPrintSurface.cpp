@@ -8,6 +8,7 @@
 
 #include "platform/qt/Convert.h"
 #include "platform/qt/PagePicture.h"
+#include "platform/qt/PageUnits.h"
 #include "platform/qt/PrintFont.h"
 #include "platform/runtime/Errors.h"
 
@@ -15,8 +16,6 @@ namespace pixorra {
 
 namespace {
 
-constexpr int TwipsPerInch = 1440;
-constexpr double TwipsPerPoint = 20;
 constexpr double PictureTwips = 15;  // of a picture's pixel
 constexpr int Landscape = 2;
 constexpr int Transparent = 1;
@@ -36,7 +35,7 @@ bool IsBlank(const std::string& text) {
 
 QtPrintSurface::Document::Document(std::unique_ptr<PrintJob> to, const PrintPaper& on)
     : Job(std::move(to)), Paper(on), Writer(&Job->Device()) {
-  Writer.setResolution(TwipsPerInch);
+  Writer.setResolution(PageTwipsPerInch);
   Writer.setCreator(QStringLiteral("Pixorra"));
 }
 
@@ -88,15 +87,15 @@ void QtPrintSurface::SetOrientation(int orientation) {
 }
 
 QtPrintSurface::Lengths QtPrintSurface::Sheet() {
-  const QSizeF size = Paper().Size * TwipsPerPoint;
+  const QSizeF size = Paper().Size * PageTwipsPerPoint;
   if (orientation_ == Landscape) return {size.height(), size.width()};
   return {size.width(), size.height()};
 }
 
 QtPrintSurface::Lengths QtPrintSurface::Printable() {
   const PrintPaper paper = Paper();
-  const double across = 2 * TwipsPerPoint * (orientation_ == Landscape ? paper.EndMargin : paper.SideMargin);
-  const double down = 2 * TwipsPerPoint * (orientation_ == Landscape ? paper.SideMargin : paper.EndMargin);
+  const double across = 2 * PageTwipsPerPoint * (orientation_ == Landscape ? paper.EndMargin : paper.SideMargin);
+  const double down = 2 * PageTwipsPerPoint * (orientation_ == Landscape ? paper.SideMargin : paper.EndMargin);
   const Lengths sheet = Sheet();
   return {sheet.Width - across, sheet.Height - down};
 }
@@ -118,7 +117,7 @@ double QtPrintSurface::SheetHeight() {
 }
 
 double QtPrintSurface::TwipsPerPixelX() {
-  return Single(static_cast<double>(TwipsPerInch) / Paper().DotsPerInch);
+  return Single(static_cast<double>(PageTwipsPerInch) / Paper().DotsPerInch);
 }
 
 void QtPrintSurface::UpdateFont() {
