@@ -75,21 +75,29 @@ Sums SumsOf(const Bitmap& bitmap, int left, int top, bool dotsAlone) {
   return sums;
 }
 
-// Finer than a part they may differ: the thumbnail was made of fewer pixels, and by way of a small JPEG file.
+// Finer than a part they may differ, and some parts may too: the thumbnail of a small photo was made of very few
+// pixels, and by way of a small JPEG file.
 bool LooksTheSame(const Bitmap& twin, const Bitmap& thumbnail, bool shaded) {
-  constexpr int MostApart = 28;  // of 255, on average
+  constexpr int Apart = 28;  // of 255, on average
+  constexpr int FarApart = 96;
+  constexpr int OneIn = 10;  // parts may be apart, and none far
   Bitmap small(thumbnail.Width(), thumbnail.Height(), PixelFormat::Bgr24);
   Stretch(twin, small, 0, 0, small.Width(), small.Height());
   const std::int64_t pixels = PartSide * PartSide / (shaded ? 4 : 1);
+  int sums = 0;
+  int apart = 0;
   for (int top = 0; top < small.Height(); top += PartSide) {
     for (int left = 0; left < small.Width(); left += PartSide) {
       const Sums is = SumsOf(small, left, top, shaded);
       const Sums was = SumsOf(thumbnail, left, top, shaded);
-      for (std::size_t i = 0; i < is.size(); ++i)
-        if (std::abs(is[i] - was[i]) > MostApart * pixels) return false;
+      for (std::size_t i = 0; i < is.size(); ++i, ++sums) {
+        const std::int64_t difference = std::abs(is[i] - was[i]) / pixels;
+        if (difference > FarApart) return false;
+        if (difference > Apart) ++apart;
+      }
     }
   }
-  return true;
+  return apart * OneIn <= sums;
 }
 
 bool IsOfShape(PixelSize small, PixelSize photo) {

@@ -263,7 +263,9 @@ TEST(PathMapping, AnythingCanBeShownAndTyped) {
 
 TEST(PathMapping, APathOfAnyDriveIsKnownBelowTheRootAlone) {
   const PathMapping plain;
-  for (const char* path : {"C:\\home\\a.jpg", "D:\\DCIM\\a.jpg", "E:\\other\\b:c.jpg", "\\\\server\\share\\a.jpg"}) {
+  const std::string odd = "E:\\other\\" + NameFromHost("b:c\\d.jpg");
+  for (const std::string& path :
+       {std::string("C:\\home\\a.jpg"), std::string("D:\\DCIM\\a.jpg"), odd, std::string("\\\\server\\share\\a.jpg")}) {
     const std::string below = PathBelowRoot(WithVolumes(), path);
     EXPECT_TRUE(below.starts_with("C:\\")) << below;
     EXPECT_EQ(plain.ToHost(below).Text(), WithVolumes().ToHost(path).Text()) << path;
