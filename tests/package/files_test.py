@@ -34,6 +34,9 @@ share/man/man1/pixorra.1
 share/metainfo/org.pixorra.pixorra.metainfo.xml
 share/xscreensaver/config/pixorra-slideshow.xml
 """.split() + [f"share/icons/hicolor/{size}x{size}/apps/pixorra.png" for size in (16, 22, 24, 32, 48, 64, 128, 256, 512)]
+MANUAL = ROOT / "docs/manual"
+FILES += [f"share/doc/pixorra/manual/{name}" for name in ["manual.css"] +
+          [f"{page.stem}.html" for page in MANUAL.glob("*.md")] + [f"images/{image.name}" for image in MANUAL.glob("images/*.png")]]
 
 
 def run(*command, **more):
@@ -86,7 +89,7 @@ class Installed(unittest.TestCase):
                          (self.prefix / "libexec/xscreensaver/pixorra-slideshow").resolve())
 
     def test_icons_have_the_size_of_their_folder(self):
-        for path in self.paths("*.png"):
+        for path in self.paths("apps/*.png"):
             size = int(re.search(r"/(\d+)x\1/", path)[1])
             header = Path(path).read_bytes()[16:24]
             self.assertEqual((size, size), (int.from_bytes(header[:4], "big"), int.from_bytes(header[4:], "big")), path)
