@@ -64,6 +64,8 @@ void Toolkit::ContinueEnding() {
   if (windows_.IsBoxUp()) return;
   if (Form* modal = windows_.Modal()) {
     modal->UserClosed();
+    // What could not be closed now, as it is about to come up or to go, is tried again.
+    if (windows_.Modal() == modal) FrontChanged();
     return;
   }
   // Once: closing the main window may let events run.

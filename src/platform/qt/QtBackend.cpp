@@ -44,6 +44,19 @@ int ToMilliseconds(double seconds) {
   return static_cast<int>(std::clamp(std::ceil(seconds * 1000), 0.0, 1e9));
 }
 
+// What the innermost loop is, for as long as it runs.
+class LoopKind {
+ public:
+  LoopKind(bool& waits, bool now) : waits_(waits), before_(std::exchange(waits, now)) {}
+  ~LoopKind() { waits_ = before_; }
+  LoopKind(const LoopKind&) = delete;
+  LoopKind& operator=(const LoopKind&) = delete;
+
+ private:
+  bool& waits_;
+  bool before_;
+};
+
 FormPeer* PeerOf(Form& form) {
   return static_cast<FormPeer*>(form.GetPeer());
 }
@@ -115,13 +128,26 @@ void QtBackend::Run(const std::function<void()>& startUp) {
 
 void QtBackend::ProcessEvents() {
   pending_.RunAll();
-  QCoreApplication::processEvents(QEventLoop::AllEvents);
+  {
+    const LoopKind handles(waits_, false);
+    QCoreApplication::processEvents(QEventLoop::AllEvents);
+  }
   pending_.RunAll();
 }
 
 void QtBackend::WaitForEvents(std::optional<double> seconds) {
   // What is put off may raise events; the caller's condition must be looked at before any sleep.
-  if (pending_.RunAll()) {
+  const bool changed = pending_.RunAll();
+  if (endingDue_) {
+    ContinueEnding();
+    return;
+  }
+  // A wait that is over does not come back here.
+  const AtExit goesOn([this] {
+    if (endingDue_) endingStep_.Post();
+  });
+  const LoopKind waits(waits_, true);
+  if (changed) {
     QCoreApplication::processEvents(QEventLoop::AllEvents);
     return;
   }
@@ -146,8 +172,18 @@ void QtBackend::EndLoop() {
   loop_.quit();
 }
 
+// Who waits for what the last step has closed goes on before the next one.
+void QtBackend::EndingStep() {
+  if (waits_ && !toolkit_->GetWindows().IsBoxUp() && QApplication::activePopupWidget() == nullptr) {
+    endingDue_ = true;
+  } else {
+    ContinueEnding();
+  }
+}
+
 void QtBackend::ContinueEnding() {
-  toolkit_->ContinueEnding();
+  endingDue_ = false;
+  Dispatch([this] { toolkit_->ContinueEnding(); });
 }
 
 bool QtBackend::CloseFront() {

@@ -91,6 +91,7 @@ class QtBackend final : public Backend {
   void RunTimers();
   void LookForStir();
   void Guarded(const std::function<void()>& act);
+  void EndingStep();
   void ContinueEnding();
   void FollowActiveForm();
   void TellOfScreens();
@@ -112,8 +113,10 @@ class QtBackend final : public Backend {
   PostedCall repeatsWanted_{[this] { dropsRepeats_ = false; }};
   bool dropsRepeats_ = false;
   bool onlyTimersRan_ = false;  // since the loop last slept
-  PostedCall endingStep_{[this] { Dispatch([this] { ContinueEnding(); }); }};
   PostedCall screensChanged_{[this] { TellOfScreens(); }};
+  PostedCall endingStep_{[this] { EndingStep(); }};
+  bool waits_ = false;      // the innermost loop is that of WaitForEvents
+  bool endingDue_ = false;  // once the wait has seen that what it waits for is not there yet
 };
 
 }  // namespace pixorra

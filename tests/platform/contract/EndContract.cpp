@@ -99,18 +99,6 @@ TEST_F(EndContract, AFormThatComesUpOnTheWayIsClosedToo) {
                                    "ContractForm query", "ContractForm unload"));
 }
 
-TEST_F(EndContract, ABoxThatIsUpIsAnsweredByTheLeast) {
-  Show();
-  platform->AnswerBox(BoxAnswer::Yes, [this] {
-    toolkit.AskToEnd();
-    return true;
-  });
-  EXPECT_EQ(platform->GetDialogs().MsgBox("Go?", BoxIcon::Question, BoxButtons::YesNo, "Title"), BoxAnswer::No);
-  EXPECT_TRUE(toolkit.TakesInput(form));
-  toolkit.WaitFor(10);
-  EXPECT_THAT(Heard(), ElementsAre("ContractForm query", "ContractForm unload"));
-}
-
 TEST_F(EndContract, ABoxThatComesUpOnTheWayIsNotShown) {
   Show();
   toolkit.AskToEnd();
