@@ -332,6 +332,15 @@ TEST_F(ShownCompanionTest, OnlyPhotosThatTheProgramKnowsAreShown) {
   EXPECT_EQ(companion->CounterLabel.Caption(), "1 / 3");
 }
 
+TEST_F(CompanionTest, AskedToEndByTheHostItEndsAndTheScreenMaySleepAgain) {
+  AddPhoto("a.bmp", Red);
+  BeginShow();
+  toolkit.AskToEnd();
+  Wait(0.1);
+  EXPECT_TRUE(HasEnded());
+  EXPECT_THAT(session.AwakeFor(), IsEmpty());
+}
+
 TEST_F(CompanionTest, AnEmptyFolderIsSaidToBeEmptyAndAnyKeyEnds) {
   drive.MakeFolder("C:\\Photos");
   BeginShow();
