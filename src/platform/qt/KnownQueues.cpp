@@ -7,22 +7,25 @@ namespace pixorra {
 
 namespace {
 
-// Milliseconds. A server that hangs costs a few seconds each time.
-constexpr qint64 AnswerHolds = 2000;
-constexpr qint64 SilenceHolds = 60000;
+// Seconds. A server that hangs costs a few of them each time.
+constexpr double SilenceHolds = 60;
+
+double SecondsOf(const QElapsedTimer& timer) {
+  return static_cast<double>(timer.elapsed()) / 1000;
+}
 
 }  // namespace
 
 const std::vector<CupsQueue>& KnownQueues::Look() {
-  if (since_.isValid() && since_.elapsed() < holds_) return queues_;
+  if (since_.isValid() && SecondsOf(since_) < holds_) return queues_;
   QElapsedTimer took;
   took.start();
-  const auto server = CupsServer::Reach();
+  const auto server = CupsServer::Reach(patience_);
   auto listed = server != nullptr ? server->Queues() : std::nullopt;
   answers_ = listed.has_value();
   if (listed) queues_ = std::move(*listed);
-  const bool hangs = !answers_ && took.elapsed() > AnswerHolds;
-  holds_ = hangs ? SilenceHolds : AnswerHolds;
+  const bool hangs = !answers_ && SecondsOf(took) > patience_.AnswerSeconds / 2;
+  holds_ = hangs ? SilenceHolds : patience_.ListSeconds;
   since_.start();
   return queues_;
 }

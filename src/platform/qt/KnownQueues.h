@@ -11,6 +11,8 @@ namespace pixorra {
 
 class KnownQueues {
  public:
+  explicit KnownQueues(const CupsPatience& patience) : patience_(patience) {}
+
   // Asks the print system, unless it has been asked a moment ago, or did not answer not long ago. While it does not
   // answer, or does not list them, they are those of the last answer.
   const std::vector<CupsQueue>& Look();
@@ -23,10 +25,11 @@ class KnownQueues {
   bool Has(const std::string& name);
 
  private:
+  CupsPatience patience_;
   std::vector<CupsQueue> queues_;
   QElapsedTimer since_;
   bool answers_ = false;
-  qint64 holds_ = 0;  // milliseconds
+  double holds_ = 0;  // seconds
 };
 
 }  // namespace pixorra

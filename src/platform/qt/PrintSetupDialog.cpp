@@ -55,12 +55,54 @@ void HidePartOf(const QWidget& dialog, const char* control) {
 }
 
 // The picture of the sheet takes the height of what was beside it.
-void KeepPictureOf(const QPageSetupDialog& dialog) {
+void KeepPictureOf(const QWidget& dialog) {
   constexpr QSize Least(120, 150);
   for (QWidget* const each : dialog.findChildren<QWidget*>()) {
     if (qstrcmp(each->metaObject()->className(), "QPagePreview") == 0) each->setMinimumSize(Least);
   }
 }
+
+// Pages have their own orientation, and no margins but the printer's.
+void OfferPaperOnly(const QWidget& dialog) {
+  HidePartOf(dialog, "portrait");
+  HidePartOf(dialog, "topMargin");
+  KeepPictureOf(dialog);
+}
+
+// The setup dialog's own dialog, about one printer, is made when it is asked for.
+class PropertiesTrimmer final : public QObject {
+ public:
+  explicit PropertiesTrimmer(QPrintDialog& dialog) : QObject(&dialog), dialog_(dialog) {
+    QCoreApplication::instance()->installEventFilter(this);
+  }
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    if (event->type() != QEvent::Show) return false;
+    const auto* shown = qobject_cast<QDialog*>(watched);
+    if (shown != nullptr && dialog_.findChildren<const QDialog*>().contains(shown)) OfferPaperOnly(*shown);
+    return false;
+  }
+
+ private:
+  QPrintDialog& dialog_;
+};
+
+// For its lifetime the toolkit does not say that a device for files has no paper to set up: that it has.
+class QuietAboutFiles {
+ public:
+  QuietAboutFiles() : before_(qInstallMessageHandler(PassOn)) { others_ = before_; }
+  ~QuietAboutFiles() { qInstallMessageHandler(before_); }
+  QuietAboutFiles(const QuietAboutFiles&) = delete;
+  QuietAboutFiles& operator=(const QuietAboutFiles&) = delete;
+
+ private:
+  static void PassOn(QtMsgType type, const QMessageLogContext& context, const QString& message) {
+    if (message.startsWith(QStringLiteral("QPageSetupDialog:"))) return;
+    if (others_ != nullptr) others_(type, context, message);
+  }
+
+  static inline QtMessageHandler others_ = nullptr;
+  QtMessageHandler before_;
+};
 
 // A button in the place of the dialog's own.
 QPushButton* TwinOf(QPushButton* theirs) {
@@ -156,6 +198,7 @@ bool AskForPrinter(QtBackend& backend, PrinterChoice& choice) {
   dialog->setWindowTitle(QCoreApplication::translate("QPrintWidget", "Printer"));
   OfferPdf(*dialog, backend, choice);
   MakeSetupOf(*dialog);
+  new PropertiesTrimmer(*dialog);
   if (!owned.Run(backend)) return false;
   // The dialog gives the printer its usual paper unless its own properties were accepted.
   const auto inside = dialog->findChildren<QDialog*>();
@@ -167,12 +210,12 @@ bool AskForPrinter(QtBackend& backend, PrinterChoice& choice) {
 
 bool AskForPaper(QtBackend& backend, QPrinter& printer, QWidget* parent) {
   const ToolkitLanguage language;
-  auto* const dialog = new QPageSetupDialog(&printer, parent);
+  auto* const dialog = [&] {
+    const QuietAboutFiles quiet;
+    return new QPageSetupDialog(&printer, parent);
+  }();
   OwnedBox owned(dialog);
-  // Pages have their own orientation, and no margins but the printer's.
-  HidePartOf(*dialog, "portrait");
-  HidePartOf(*dialog, "topMargin");
-  KeepPictureOf(*dialog);
+  OfferPaperOnly(*dialog);
   return owned.Run(backend);
 }
 

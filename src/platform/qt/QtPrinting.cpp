@@ -1,5 +1,6 @@
 #include "platform/qt/QtPrinting.h"
 
+#include <QPrinter>
 #include <utility>
 
 #include "platform/qt/Convert.h"
@@ -11,7 +12,14 @@
 
 namespace pixorra {
 
-QtPrinting::QtPrinting(QtBackend& backend) : backend_(backend), pdf_(backend) {}
+namespace {
+
+constexpr const char* NoAnswer = "The print system does not answer";
+
+}  // namespace
+
+QtPrinting::QtPrinting(QtBackend& backend, const CupsPatience& patience)
+    : backend_(backend), patience_(patience), pdf_(backend) {}
 
 QtPrinting::~QtPrinting() = default;
 
@@ -36,12 +44,14 @@ void QtPrinting::FollowDefault() {
   if (held_ && std::exchange(usedSinceHeld_, true)) return;
   const std::string present = followed_.empty() ? FirstToFollow() : queues_.Default();
   if (present.empty() || present == followed_) return;
-  followed_ = present;
   if (present == PdfPrinter::PrinterName) {
     UsePdf();
+  } else if (auto queue = queues_.Answered() ? QueuePrinter::Of(present, patience_) : nullptr) {
+    UseQueue(std::move(queue));
   } else {
-    UseQueue(std::make_unique<QueuePrinter>(present));
+    return;
   }
+  followed_ = present;
   if (const auto tell = std::exchange(tell_, nullptr)) tell(present);
 }
 
@@ -57,11 +67,10 @@ void QtPrinting::SetCurrentPrinter(const std::string& name) {
   FollowDefault();
   if (name == PdfPrinter::PrinterName) return UsePdf();
   if (!queues_.Has(name)) throw RuntimeError(error::Printer);
-  if (queue_ == nullptr || queue_->Name() != name) {
-    UseQueue(std::make_unique<QueuePrinter>(name));
-  } else {
-    surface_.SetDestination(*queue_);
-  }
+  if (queue_ != nullptr && queue_->Name() == name) return surface_.SetDestination(*queue_);
+  auto queue = QueuePrinter::Of(name, patience_);
+  if (queue == nullptr) throw RuntimeError(error::Printer, NoAnswer);
+  UseQueue(std::move(queue));
 }
 
 void QtPrinting::WhenDefaultIsKnown(std::function<void(const std::string& name)> tell) {
@@ -94,7 +103,7 @@ PrintSurface& QtPrinting::Printer() {
 bool QtPrinting::IsReady(const std::string& name) {
   if (name == PdfPrinter::PrinterName) return true;
   if (!queues_.Has(name)) return false;
-  const auto server = CupsServer::Reach();
+  const auto server = CupsServer::Reach(patience_);
   return server != nullptr && ReasonAgainst(name, server->StateOf(name)).empty();
 }
 
@@ -105,31 +114,38 @@ bool QtPrinting::AskForPdfPaper() {
   return true;
 }
 
+// What a dialog changes of the queue that was used last, or else of the first one; null where the print system does not
+// answer.
+std::unique_ptr<QPrinter> QtPrinting::QueueToSetUp() {
+  if (queue_ == nullptr || !queues_.Has(queue_->Name())) {
+    auto other = QueuePrinter::Of(queues_.DefaultOrFirst(), patience_);
+    if (other == nullptr) return nullptr;
+    if (surface_.DeviceName() != PdfPrinter::PrinterName) surface_.SetDestination(*other);
+    queue_ = std::move(other);
+  }
+  return CopyOf(queue_->Chosen(), patience_);
+}
+
 bool QtPrinting::ShowPrintSetup() {
   FollowDefault();
   const bool none = queues_.Look().empty();
-  const bool silent = !none && !queues_.Answered();
-  if (silent) {
-    TellOfPrinting(backend_,
-                   QStringLiteral("The print system does not answer.\nChoose the paper for PDF files instead."));
-  }
-  if (none || silent) {
+  auto queue = !none && queues_.Answered() ? QueueToSetUp() : nullptr;
+  if (queue == nullptr) {
+    if (!none) {
+      TellOfPrinting(backend_,
+                     QString::fromLatin1(NoAnswer) + QStringLiteral(".\nChoose the paper for PDF files instead."));
+    }
     if (!AskForPdfPaper()) return false;
     UsePdf();
     return true;
   }
-  if (queue_ == nullptr || !queues_.Has(queue_->Name())) {
-    auto other = std::make_unique<QueuePrinter>(queues_.DefaultOrFirst());
-    if (surface_.DeviceName() != PdfPrinter::PrinterName) surface_.SetDestination(*other);
-    queue_ = std::move(other);
-  }
-  PrinterChoice choice{surface_.DeviceName() == PdfPrinter::PrinterName, pdf_.PageSize(), CopyOf(queue_->Chosen())};
+  PrinterChoice choice{surface_.DeviceName() == PdfPrinter::PrinterName, pdf_.PageSize(), std::move(queue)};
   if (!AskForPrinter(backend_, choice)) return false;
   pdf_.SetPageSize(choice.PdfPaper);
   if (choice.Pdf) {
     UsePdf();
   } else {
-    UseQueue(std::make_unique<QueuePrinter>(std::move(choice.Queue)));
+    UseQueue(std::make_unique<QueuePrinter>(std::move(choice.Queue), patience_));
   }
   return true;
 }
@@ -138,9 +154,9 @@ bool QtPrinting::ShowProperties(const std::string& name) {
   if (!IsReady(name)) return false;
   SetCurrentPrinter(name);
   if (name == PdfPrinter::PrinterName) return AskForPdfPaper();
-  auto chosen = CopyOf(queue_->Chosen());
-  if (!AskForPaper(backend_, *chosen, backend_.WindowForBoxes())) return false;
-  UseQueue(std::make_unique<QueuePrinter>(std::move(chosen)));
+  auto chosen = CopyOf(queue_->Chosen(), patience_);
+  if (chosen == nullptr || !AskForPaper(backend_, *chosen, backend_.WindowForBoxes())) return false;
+  UseQueue(std::make_unique<QueuePrinter>(std::move(chosen), patience_));
   return true;
 }
 

@@ -9,6 +9,8 @@
 #include "platform/qt/QtPrintSurface.h"
 #include "platform/services/Printing.h"
 
+class QPrinter;
+
 namespace pixorra {
 
 class QtBackend;
@@ -16,7 +18,7 @@ class QueuePrinter;
 
 class QtPrinting final : public Printing {
  public:
-  explicit QtPrinting(QtBackend& backend);
+  explicit QtPrinting(QtBackend& backend, const CupsPatience& patience = {});
   ~QtPrinting() override;
   QtPrinting(const QtPrinting&) = delete;
   QtPrinting& operator=(const QtPrinting&) = delete;
@@ -41,11 +43,13 @@ class QtPrinting final : public Printing {
   std::string FirstToFollow();
   void FollowDefault();
   void UsePdf();
+  std::unique_ptr<QPrinter> QueueToSetUp();
   bool AskForPdfPaper();
   void UseQueue(std::unique_ptr<QueuePrinter> queue);
 
   QtBackend& backend_;
-  KnownQueues queues_;
+  CupsPatience patience_;
+  KnownQueues queues_{patience_};
   PdfPrinter pdf_;
   std::unique_ptr<QueuePrinter> queue_;  // the last one that was used
   QtPrintSurface surface_{pdf_};

@@ -1,10 +1,12 @@
 #include "platform/qt/QueuePrinter.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QPrintEngine>
 #include <QPrinterInfo>
 #include <QTemporaryFile>
 #include <algorithm>
+#include <utility>
 
 #include "platform/qt/Convert.h"
 #include "platform/qt/PaperCodes.h"
@@ -16,6 +18,8 @@ namespace pixorra {
 namespace {
 
 constexpr int UsualDots = 600;  // of a printer that does not say
+// Whatever a printer says, half of a paper's width and of its height is printed on.
+constexpr double LeastOfMargin = 4;
 constexpr int LeastDots = 72;
 constexpr int MostDots = 2400;
 // Where the toolkit's dialogs keep options that the printer alone knows, names and values in turn.
@@ -35,11 +39,16 @@ std::string TitleOf(const std::string& documentName) {
   return title;
 }
 
+// While a document is on its way: what a person does waits until it is there.
+void KeepWindowsAlive() {
+  QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+}
+
 // A document that is composed in a file without a name, and sent at its end.
 class QueueJob final : public PrintJob {
  public:
-  QueueJob(std::string queue, std::string title, PrintOptions options)
-      : queue_(std::move(queue)), title_(std::move(title)), options_(std::move(options)) {
+  QueueJob(std::string queue, std::string title, PrintOptions options, const CupsPatience& patience)
+      : queue_(std::move(queue)), title_(std::move(title)), options_(std::move(options)), patience_(patience) {
     // A long document does not belong into memory, which is where the other folder often is.
     file_.setFileTemplate(QStringLiteral("/var/tmp/pixorra-XXXXXX"));
     if (file_.open()) return;
@@ -55,11 +64,11 @@ class QueueJob final : public PrintJob {
     RaiseIfFailed();
     if (!file_.flush()) RaiseWriteError(file_, Failure());
     file_.seek(0);
-    const auto server = CupsServer::Reach();
+    const auto server = CupsServer::Reach(patience_);
     if (server == nullptr) throw RuntimeError(error::Printer, "The print system does not answer");
     const std::string reason = ReasonAgainst(queue_, server->StateOf(queue_));
     if (!reason.empty()) throw RuntimeError(error::Printer, reason);
-    server->Submit(queue_, title_, options_, file_);
+    server->Submit(queue_, title_, options_, file_, KeepWindowsAlive);
   }
 
  private:
@@ -68,9 +77,20 @@ class QueueJob final : public PrintJob {
   std::string queue_;
   std::string title_;
   PrintOptions options_;
+  CupsPatience patience_;
   QTemporaryFile file_;
   PdfSink sink_{file_};
 };
+
+// Null where the print system does not answer: the toolkit would wait minutes for it.
+std::unique_ptr<QPrinter> DeviceOf(const QString& name, const CupsPatience& patience) {
+  if (CupsServer::Reach(patience) == nullptr) return nullptr;
+  const QPrinterInfo printer = QPrinterInfo::printerInfo(name);
+  auto device = std::make_unique<QPrinter>(printer, QPrinter::HighResolution);
+  // By itself it has the country's paper, wherever the printer knows that.
+  if (const QPageSize usual = printer.defaultPageSize(); usual.isValid()) device->setPageSize(usual);
+  return device;
+}
 
 // Whatever a dialog has made of it; a request that the printer's margins do not allow drops the whole layout.
 void SetUpright(QPrinter& printer) {
@@ -96,29 +116,26 @@ std::string SidesOf(const QPrinter& printer) {
 
 }  // namespace
 
-QueuePrinter::QueuePrinter(const std::string& name)
-    : name_(name),
-      chosen_(std::make_unique<QPrinter>(QPrinterInfo::printerInfo(ToQString(name)), QPrinter::HighResolution)) {
-  SetUpright(*chosen_);
-  LookAtState();
+std::unique_ptr<QueuePrinter> QueuePrinter::Of(const std::string& name, const CupsPatience& patience) {
+  auto device = DeviceOf(ToQString(name), patience);
+  return device != nullptr ? std::make_unique<QueuePrinter>(std::move(device), patience) : nullptr;
 }
 
-QueuePrinter::QueuePrinter(std::unique_ptr<QPrinter> chosen)
-    : name_(ToUtf8(chosen->printerName())), chosen_(std::move(chosen)) {
+QueuePrinter::QueuePrinter(std::unique_ptr<QPrinter> chosen, const CupsPatience& patience)
+    : name_(ToUtf8(chosen->printerName())), chosen_(std::move(chosen)), patience_(patience) {
   SetUpright(*chosen_);
-  LookAtState();
-}
-
-void QueuePrinter::LookAtState() {
-  if (const auto server = CupsServer::Reach()) state_ = server->StateOf(name_);
+  if (const auto server = CupsServer::Reach(patience_)) state_ = server->StateOf(name_);
 }
 
 PrintPaper QueuePrinter::Paper() {
   const QPageLayout layout = chosen_->pageLayout();
   const QSizeF size = layout.fullRect(QPageLayout::Point).size().toSize();
   const QMarginsF least = layout.minimumMargins();
-  double across = std::max(least.left(), least.right());
-  double down = std::max(least.top(), least.bottom());
+  const auto margin = [](double first, double second, double length) {
+    return std::min(std::max(first, second), length / LeastOfMargin);
+  };
+  double across = margin(least.left(), least.right(), size.width());
+  double down = margin(least.top(), least.bottom(), size.height());
   if (size.width() > size.height()) std::swap(across, down);
   const int dots = std::clamp(state_.DotsPerInch > 0 ? state_.DotsPerInch : UsualDots, LeastDots, MostDots);
   return {QSizeF(std::min(size.width(), size.height()), std::max(size.width(), size.height())), across, down,
@@ -126,15 +143,16 @@ PrintPaper QueuePrinter::Paper() {
 }
 
 std::unique_ptr<PrintJob> QueuePrinter::Begin(const std::string& documentName) {
-  const auto server = CupsServer::Reach();
+  const auto server = CupsServer::Reach(patience_);
   if (server == nullptr) throw RuntimeError(error::DeviceIO, "The print system does not answer");
   const std::string reason = ReasonAgainst(name_, server->StateOf(name_));
   if (!reason.empty()) throw RuntimeError(error::DeviceIO, reason);
-  return std::make_unique<QueueJob>(name_, TitleOf(documentName), OptionsOf(*chosen_));
+  return std::make_unique<QueueJob>(name_, TitleOf(documentName), OptionsOf(*chosen_), patience_);
 }
 
-std::unique_ptr<QPrinter> CopyOf(const QPrinter& printer) {
-  auto copy = std::make_unique<QPrinter>(QPrinterInfo::printerInfo(printer.printerName()), QPrinter::HighResolution);
+std::unique_ptr<QPrinter> CopyOf(const QPrinter& printer, const CupsPatience& patience) {
+  auto copy = DeviceOf(printer.printerName(), patience);
+  if (copy == nullptr) return copy;
   copy->setPageSize(printer.pageLayout().pageSize());
   copy->setCopyCount(printer.copyCount());
   copy->setCollateCopies(printer.collateCopies());

@@ -11,9 +11,10 @@ namespace pixorra {
 
 class QueuePrinter final : public PrintDestination {
  public:
-  explicit QueuePrinter(const std::string& name);
+  // Null where the print system does not answer.
+  static std::unique_ptr<QueuePrinter> Of(const std::string& name, const CupsPatience& patience);
   // With what was chosen in a dialog.
-  explicit QueuePrinter(std::unique_ptr<QPrinter> chosen);
+  QueuePrinter(std::unique_ptr<QPrinter> chosen, const CupsPatience& patience);
 
   std::string Name() override { return name_; }
   std::string DriverName() override { return state_.Model; }
@@ -25,15 +26,14 @@ class QueuePrinter final : public PrintDestination {
   const QPrinter& Chosen() const { return *chosen_; }
 
  private:
-  void LookAtState();
-
   std::string name_;
   std::unique_ptr<QPrinter> chosen_;
+  CupsPatience patience_;
   QueueState state_;  // when it was made
 };
 
-// A device for a dialog to change, with the same printer and choices.
-std::unique_ptr<QPrinter> CopyOf(const QPrinter& printer);
+// A device for a dialog to change, with the same printer and choices. Null where the print system does not answer.
+std::unique_ptr<QPrinter> CopyOf(const QPrinter& printer, const CupsPatience& patience);
 // The choices as the print system's options. The page's turning is none of them: pages have their own shape.
 PrintOptions OptionsOf(const QPrinter& printer);
 

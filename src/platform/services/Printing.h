@@ -51,7 +51,8 @@ class PrintSurface {
   // Hands the document over; before that nothing of it is printed, and no file is there. A last page without a drawing
   // does not come out, nor a document of blanks alone. One that cannot be handed over is dropped, and the error has a
   // reason for a person: `Printer` where it is refused or too long, `DiskFull`, `PathAccess` or `FileExists` of a file.
-  // NewPage and PaintPicture raise it once a write has failed. Nothing happens without a document.
+  // NewPage and PaintPicture raise it once a write has failed. While it is on its way events run, but for what a person
+  // does. Nothing happens without a document.
   virtual void EndDoc() = 0;
   // Drops the document that is being composed, as the program's end does. Nothing happens without one.
   virtual void KillDoc() = 0;

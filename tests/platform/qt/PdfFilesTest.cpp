@@ -331,6 +331,23 @@ TEST_F(PdfFilesTest, SetupChangesThePaperAndCancelChangesNothing) {
   EXPECT_EQ(page.SheetHeight(), 420 * 20);
 }
 
+TEST_F(PdfFilesTest, PaperIsAskedForWithoutAWordInTheLog) {
+  static QStringList said;
+  const QtMessageHandler before =
+      qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString& message) {
+        // The rest is of the platform that has no screen.
+        if (message.startsWith("Q") || message.startsWith("of")) said << message;
+      });
+  Hands::Meanwhile([] { return Up<QPageSetupDialog>() != nullptr; },
+                   [] {
+                     qWarning("of something else");
+                     Up<QPageSetupDialog>()->reject();
+                   });
+  EXPECT_FALSE(printing.ShowProperties("Save as PDF"));
+  qInstallMessageHandler(before);
+  EXPECT_EQ(said, QStringList("of something else"));
+}
+
 // The language is the process's own from its start.
 TEST_F(PdfFilesTest, ToolkitsDialogsSpeakThePersonsLanguage) {
   if (!QFile::exists(QLibraryInfo::path(QLibraryInfo::TranslationsPath) + "/qtbase_de.qm")) {
