@@ -1,6 +1,7 @@
 #include "platform/headless/HeadlessBackend.h"
 
 #include <algorithm>
+#include <cmath>
 #include <utility>
 
 #include "platform/controls/Menu.h"
@@ -153,7 +154,8 @@ Screen HeadlessBackend::GetScreen(int number) {
 int HeadlessBackend::AddScreen(int width, int height) {
   moreScreens_.push_back({width * screen_.TwipsPerPixelX, height * screen_.TwipsPerPixelY});
   // The main one is as it was, and everybody hears of the change.
-  SetScreen(screen_.Width / screen_.TwipsPerPixelX, screen_.Height / screen_.TwipsPerPixelY);
+  SetScreen(static_cast<int>(std::lround(screen_.Width / screen_.TwipsPerPixelX)),
+            static_cast<int>(std::lround(screen_.Height / screen_.TwipsPerPixelY)));
   return ScreenCount() - 1;
 }
 

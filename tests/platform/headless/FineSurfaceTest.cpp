@@ -24,13 +24,13 @@ TEST_F(FineSurfaceTest, HasTheScreensPixelsAlsoAtABrokenScale) {
   box.SetBackColor(0x00FFFFFF);
   box.PSet(1, 2, 0x000000FF);
   const Bitmap& fine = box.FineSurface();
-  ASSERT_EQ(fine.Width(), 16);
-  ASSERT_EQ(fine.Height(), 10);
+  ASSERT_EQ(fine.Width(), 17);
+  ASSERT_EQ(fine.Height(), 11);
   int red = 0;
-  for (int y = 0; y < 10; ++y) {
-    for (int x = 0; x < 16; ++x) red += fine.Row(y)[3 * x] == 0 ? 1 : 0;
+  for (int y = 0; y < 11; ++y) {
+    for (int x = 0; x < 17; ++x) red += fine.Row(y)[3 * x] == 0 ? 1 : 0;
   }
-  EXPECT_EQ(red, 1) << "from 2 to 3 across, from 3 to 4 down";
+  EXPECT_EQ(red, 2) << "from 2 to 3 across, from 3 to 5 down";
   EXPECT_EQ(fine.Row(3)[3 * 2], 0);
 }
 
