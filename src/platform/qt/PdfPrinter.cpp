@@ -20,8 +20,8 @@ namespace pixorra {
 namespace {
 
 // A file has no edge that cannot be printed on; it gets that of a common printer.
-constexpr double FileMargin = 18;    // points
-constexpr double LeastOfMargin = 8;  // of a small paper no more than this part of its width is margin at a side
+constexpr double FileMargin = 18;  // points
+constexpr double MarginPart = 8;   // of a small paper no more than this part of its width is margin at a side
 constexpr int DotsPerInch = 300;
 // Of a file, in bytes. While it is written over, the new one has a name that is longer by 7.
 constexpr int LongestName = 255 - 7;
@@ -92,7 +92,7 @@ PdfPrinter::PdfPrinter(QtBackend& backend)
 PrintPaper PdfPrinter::Paper() {
   const QSize size = size_.sizePoints();
   const double across = std::min(size.width(), size.height());
-  const double margin = std::min(FileMargin, across / LeastOfMargin);
+  const double margin = std::min(FileMargin, across / MarginPart);
   return {QSizeF(across, std::max(size.width(), size.height())), margin, margin, PaperCodeOf(size_), DotsPerInch};
 }
 
