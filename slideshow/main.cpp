@@ -89,7 +89,7 @@ int Run(Request request, int argc, char** argv) {
   if (request.What == Request::Wish::Show) {
     only = OnlyShowOf(environment);
     qt.OnReadable(only->Calls(), [&] {
-      if (only->TakeCalls()) companion.Window.Unload();
+      if (!only->TakeCalls().empty()) companion.Window.Unload();
     });
   }
   return qt.Run([&] { companion.Start(); });

@@ -89,7 +89,7 @@ int Run(RunningInstance& instance, const Environment& environment, const std::st
   const std::unique_ptr<DecodeAhead, EndOrLeave> readAhead(new DecodeAhead(files));
   // The thread has files of its own, and sees all disks below one root: the letters of drives are this thread's.
   ThreadedTwins twins(std::make_shared<PosixFiles>(std::make_shared<FixedMapping>(PathMapping())), qt.posting,
-                      [mapping](const std::string& path) { return PathBelowRoot(mapping->Current(), path); });
+                      [mapping](const std::string& photo) { return PathBelowRoot(mapping->Current(), photo); });
   qt.SharpenThumbnailsBy(&twins);
   CodecPictures pictures(files, readAhead.get());
   TurboJpegCodec jpeg(files, readAhead.get());

@@ -41,8 +41,6 @@ struct DecodeAhead::Job {
 
 namespace {
 
-constexpr std::size_t MostThreads = 4;
-
 // In the quality that a transfer has unless another is asked for. Without one the rows alone are ready.
 void MakeSmallJpeg(const ReducedRows& rows, const std::vector<PixelSize>& sizes, SmallJpeg& small) {
   const int quality = JPEG_CORE_PROPERTIES().jquality;

@@ -1,6 +1,7 @@
 // What the decoders of photos that are wanted soon share.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <vector>
 
@@ -10,6 +11,9 @@
 namespace pixorra {
 
 class File;
+
+// That decode at a time.
+inline constexpr std::size_t MostThreads = 4;
 
 // By its first two bytes. Raises what reading raises.
 bool IsJpeg(File& file);

@@ -17,7 +17,7 @@ namespace pixorra {
 namespace {
 
 // Of one decode, in bytes: a progressive photo of 100 megapixels takes six a pixel beside its rows.
-constexpr std::int64_t MostMemory = std::int64_t{1024} * 1024 * 1024;
+constexpr std::int64_t MostFrameMemory = std::int64_t{1024} * 1024 * 1024;
 
 enum class FrameKind { None, Bmp, Gif, Jpeg };
 
@@ -49,11 +49,11 @@ class StoppableFile final : public File {
 };
 
 Bitmap DecodeJpegFrame(File& file, PixelSize screen, const std::atomic<bool>& stop) {
-  if (file.Length() > MostMemory) throw RuntimeError(error::OutOfMemory);
+  if (file.Length() > MostFrameMemory) throw RuntimeError(error::OutOfMemory);
   FileBytes bytes;
   bytes.Read(file);
   const auto framed = [screen](PixelSize photo) { return FramedSize(photo, screen); };
-  const std::int64_t room = MostMemory - static_cast<std::int64_t>(bytes.Size());
+  const std::int64_t room = MostFrameMemory - static_cast<std::int64_t>(bytes.Size());
   const DecodedPhoto decoded = DecodeEnough(bytes.Bytes(), framed, room, stop);
   if (decoded.Pixels.IsEmpty()) return {};
   return FrameOf(decoded.Pixels, framed(decoded.Photo), screen);
@@ -61,7 +61,7 @@ Bitmap DecodeJpegFrame(File& file, PixelSize screen, const std::atomic<bool>& st
 
 // Of the kinds that are read part by part and cannot be decoded at a reduction.
 Bitmap DecodeWhole(FrameKind kind, ByteReader& in) {
-  constexpr std::int64_t MostFramePixels = MostMemory / 4;
+  constexpr std::int64_t MostFramePixels = MostFrameMemory / 4;
   if (kind == FrameKind::Bmp) return DecodeBmp(in, MostFramePixels);
   if (kind == FrameKind::Gif) return DecodeGif(in, MostFramePixels);
   throw RuntimeError(error::BadPicture);

@@ -10,7 +10,7 @@ namespace pixorra {
 namespace {
 
 // Progressive pictures are kept as whole coefficient arrays; this much for them, in bytes.
-constexpr long MostMemory = 1024L * 1024 * 1024;
+constexpr long MostReaderMemory = 1024L * 1024 * 1024;
 // 255 is no ink.
 std::uint8_t InkToLight(unsigned ink, unsigned black) {
   return static_cast<std::uint8_t>((ink * black * 2 + 255) / 510);
@@ -30,7 +30,7 @@ int JpegReader::Open() {
   errors_.Install(reinterpret_cast<j_common_ptr>(&reader_));
   const bool read = errors_.Run([this] {
     jpeg_create_decompress(&reader_);
-    reader_.mem->max_memory_to_use = MostMemory;
+    reader_.mem->max_memory_to_use = MostReaderMemory;
     progress_.monitor.progress_monitor = Watch;
     reader_.progress = &progress_.monitor;
     jpeg_mem_src(&reader_, bytes_.data(), static_cast<unsigned long>(bytes_.size()));

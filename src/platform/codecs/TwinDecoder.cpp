@@ -26,7 +26,7 @@ namespace {
 using Bytes = std::span<const std::uint8_t>;
 
 // Of one decode, in bytes.
-constexpr std::int64_t MostMemory = std::int64_t{256} * 1024 * 1024;
+constexpr std::int64_t MostTwinMemory = std::int64_t{256} * 1024 * 1024;
 constexpr std::int64_t LongestFile = std::int64_t{128} * 1024 * 1024;
 // Where a camera's own small picture is, in bytes from the start.
 constexpr std::int64_t HeadBytes = 128 * 1024;
@@ -113,7 +113,7 @@ Bitmap EmbeddedPicture(Bytes head, PixelSize size, const std::atomic<bool>& stop
   const PixelSize photo{whole.Width(), whole.Height()};
   const PixelSize needed = PaintedSize(photo, size);
   const auto allPixels = [](PixelSize own) { return own; };
-  DecodedPhoto decoded = DecodeEnough(small, allPixels, MostMemory, stop, OrientationOf(head));
+  DecodedPhoto decoded = DecodeEnough(small, allPixels, MostTwinMemory, stop, OrientationOf(head));
   const bool serves =
       decoded.Photo.Width >= needed.Width && decoded.Photo.Height >= needed.Height && IsOfShape(decoded.Photo, photo);
   return serves ? std::move(decoded.Pixels) : Bitmap();
@@ -145,7 +145,7 @@ Bitmap DecodeTwin(File& photo, const Bitmap& thumbnail, PixelSize size, const st
     const PixelSize painted = PaintedSize(own, size);
     return PixelSize{painted.Width * Spare, painted.Height * Spare};
   };
-  return twinOf(DecodeEnough(bytes.Bytes(), needed, MostMemory, stop).Pixels);
+  return twinOf(DecodeEnough(bytes.Bytes(), needed, MostTwinMemory, stop).Pixels);
 }
 
 }  // namespace pixorra

@@ -42,7 +42,6 @@ struct WholeAhead::Job {
 
 namespace {
 
-constexpr std::size_t MostThreads = 4;
 constexpr std::size_t ReadPart = std::size_t{1024} * 1024;  // bytes
 
 // A file's first bytes, so many or all that there are; returns how many. It ends early where the photo is dropped.
