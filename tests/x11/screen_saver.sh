@@ -52,13 +52,13 @@ if env -u DISPLAY "$PIXORRA_SLIDESHOW" --window-id 1 2>"$HOME/said"; then fail "
 
 # A window that has no whole number of the screen's larger pixels is covered to its last row and column.
 printf '[pixorra/screensaver]\nsourcelocation=%s\nduration=1\n' "${escaped//\\/\\\\}" >"$settings"
-python3 "$(dirname "${BASH_SOURCE[0]}")/support/plain_window.py" 600 200 401 301 white >"$HOME/number" &
+python3 "$(dirname "${BASH_SOURCE[0]}")/support/plain_window.py" 600 200 398 301 white >"$HOME/number" &
 keeper=$!
 read -r -t 20 host <"$HOME/number" || fail "there is no second window to draw in"
-QT_SCALE_FACTOR=1.5 start_show --window-id "$host"
-within 20 is_red_or_blue 800 350 || fail "nothing is drawn in the window at one and a half pixels to a pixel"
+QT_SCALE_FACTOR=1.75 start_show --window-id "$host"
+within 20 is_red_or_blue 800 350 || fail "nothing is drawn in the window at another scale"
 shot broken_scale
-covered() { [ "$(import -silent -window root -crop 401x301+600+200 png:- | convert png:- -fill black +opaque white -format '%[fx:maxima]' info:-)" = 0 ]; }
+covered() { [ "$(import -silent -window root -crop 398x301+600+200 png:- | convert png:- -fill black +opaque white -format '%[fx:maxima]' info:-)" = 0 ]; }
 within 10 covered || fail "the window is not covered whole"
 kill "$keeper"
 expect_exit 0
