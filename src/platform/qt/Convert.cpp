@@ -25,7 +25,7 @@ QString ToLines(const std::string& text) {
       .replace(QLatin1Char('\r'), QLatin1Char('\n'));
 }
 
-QStringList LinesOf(const std::string& text) {
+QStringList ToLineList(const std::string& text) {
   return ToLines(text).split(QLatin1Char('\n'));
 }
 

@@ -27,7 +27,7 @@ std::string ToUtf8(const QString& text);
 // Lines joined by CR LF become lines joined by LF.
 QString ToLines(const std::string& text);
 // Those lines, at least one.
-QStringList LinesOf(const std::string& text);
+QStringList ToLineList(const std::string& text);
 // A tool tip that is shown as it stands, whatever marks it holds.
 QString ToToolTip(const std::string& text);
 

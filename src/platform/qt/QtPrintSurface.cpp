@@ -142,12 +142,12 @@ void QtPrintSurface::SetFontBold(bool bold) {
 double QtPrintSurface::TextWidth(const std::string& text) {
   const QFontMetricsF metrics(font_);
   double width = 0;
-  for (const QString& line : LinesOf(text)) width = std::max(width, metrics.horizontalAdvance(line));
+  for (const QString& line : ToLineList(text)) width = std::max(width, metrics.horizontalAdvance(line));
   return Single(width);
 }
 
 double QtPrintSurface::TextHeight(const std::string& text) {
-  return Single(QFontMetricsF(font_).height() * static_cast<double>(LinesOf(text).size()));
+  return Single(QFontMetricsF(font_).height() * static_cast<double>(ToLineList(text).size()));
 }
 
 void QtPrintSurface::Print(const std::string& text) {
@@ -157,7 +157,7 @@ void QtPrintSurface::Print(const std::string& text) {
   page.setPen(ToQColor(foreColor_, QPalette(Qt::lightGray)));
   const QFontMetricsF metrics(font_);
   double baseline = y_ + metrics.ascent();
-  for (const QString& line : LinesOf(text)) {
+  for (const QString& line : ToLineList(text)) {
     page.drawText(QPointF(x_, baseline), line);
     x_ = 0;
     baseline += metrics.height();

@@ -35,7 +35,7 @@ Face FaceOf(const Font& font) {
 TextExtent QtText::Measure(const Font& font, const std::string& text) {
   const Face face = FaceOf(font);
   const QFontMetricsF metrics(face.Drawn);
-  const QStringList lines = LinesOf(text);
+  const QStringList lines = ToLineList(text);
   TextExtent extent;
   for (const QString& line : lines) extent.Width = std::max(extent.Width, metrics.horizontalAdvance(line) * face.Scale);
   extent.Height = metrics.height() * face.Scale * static_cast<double>(lines.size());
@@ -58,7 +58,7 @@ void QtText::DrawFine(Bitmap& target, double fineness, const Font& font, double 
   painter.setPen(ToQColor(colour, QPalette(Qt::lightGray)));
   const QFontMetricsF metrics(painter.font());
   double baseline = top / face.Scale + metrics.ascent();
-  for (const QString& line : LinesOf(text)) {
+  for (const QString& line : ToLineList(text)) {
     painter.drawText(QPointF(left / face.Scale, baseline), line);
     baseline += metrics.height();
   }
