@@ -5,11 +5,11 @@
 #include <cstddef>
 #include <utility>
 
+#include "base/OneLine.h"
 #include "base/PictureTypes.h"
 #include "base/ShownNames.h"
 #include "platform/controls/FineSurface.h"
 #include "platform/runtime/Errors.h"
-#include "platform/runtime/Utf8.h"
 
 namespace pixorra {
 
@@ -35,21 +35,6 @@ std::string WithBackslash(const std::string& folder) {
 // Letters that are so many pixels high.
 Font FontOf(double pixels) {
   return {.Name = {}, .Size = std::max(LeastSize, std::floor(pixels * 72 / 96))};
-}
-
-// A name may hold anything at all; what would end a line or is no letter is a blank.
-std::string OnOneLine(const std::string& text) {
-  constexpr char32_t FirstLetter = 0x20;
-  const auto isControl = [](char32_t code) {
-    return code < FirstLetter || (code >= 0x7F && code < 0xA0) || code == 0x2028 || code == 0x2029;
-  };
-  std::string line;
-  for (std::size_t at = 0; at < text.size();) {
-    const Utf8Character character = CharacterAt(text, at);
-    AppendCharacter(line, isControl(character.Code) ? U' ' : character.Code);
-    at += character.Bytes;
-  }
-  return line;
 }
 
 }  // namespace
@@ -270,7 +255,7 @@ bool Companion::WaitsForFolder() {
 
 void Companion::SayWhatIsMissing() {
   const bool isSaver = request_.What == Request::Wish::Saver;
-  const std::string folder = OnOneLine(shownFolder_);
+  const std::string folder = OneLine(shownFolder_);
   if (!show_ && isSaver) {
     Say("The screen saver has no folder yet.",
         host_.settingsPlace.empty() ? "" : "Its settings were looked for in " + host_.settingsPlace,
@@ -297,7 +282,7 @@ std::string Companion::TitleOf(const Slide& slide) {
   std::string name = ShownFileName(host_.files, slide.Path);
   const std::size_t dot = name.rfind('.');
   if (dot != std::string::npos && dot > 0) name.resize(dot);
-  return OnOneLine(name);
+  return OneLine(name);
 }
 
 void Companion::Paint() {
