@@ -30,7 +30,7 @@ in_front() { xdotool windowactivate --sync "$window"; }
 
 convert -size 300x200 xc:none -fill 'rgb(20,120,220)' -draw 'rectangle 150,0 299,199' "$HOME/offered.png"
 # One wider than any JPEG file, and one as large as cameras of our day make them.
-python3 - "$HOME" <<'PNG'
+"$python" - "$HOME" <<'PNG'
 import struct, sys, zlib
 def chunk(kind, data):
     return struct.pack(">I", len(data)) + kind + data + struct.pack(">I", zlib.crc32(kind + data))
@@ -112,9 +112,9 @@ xdotool key ctrl+z
 within 20 unpasted || fail "a key after the notice goes nowhere"
 
 # What was copied outlives the program where a clipboard manager runs.
-if python3 -c 'import Xlib' 2>/dev/null; then
+if "$python" -c 'import Xlib' 2>/dev/null; then
   mkfifo "$HOME/ready"
-  timeout 30 python3 "$(dirname "${BASH_SOURCE[0]}")/support/clipboard_keeper.py" "$HOME/kept.png" >"$HOME/ready" &
+  timeout 30 "$python" "$(dirname "${BASH_SOURCE[0]}")/support/clipboard_keeper.py" "$HOME/kept.png" >"$HOME/ready" &
   keeper=$!
   read -r -t 20 _ <"$HOME/ready" || fail "the clipboard manager does not start"
   close_window "$window"

@@ -4,7 +4,7 @@
 source "$(dirname "${BASH_SOURCE[0]}")/support/steps.bash"
 source "$(dirname "${BASH_SOURCE[0]}")/support/show.bash"
 
-python3 -c 'import Xlib' 2>/dev/null || { echo "Skipped: python3-xlib is missing."; exit 77; }
+"$python" -c 'import Xlib' 2>/dev/null || { echo "Skipped: python3-xlib is missing."; exit 77; }
 
 plain_photos red blue
 mkdir -p "$HOME/.config/pixorra"
@@ -14,7 +14,7 @@ printf '[pixorra/screensaver]\nsourcelocation=%s\nduration=1\n' "${escaped//\\/\
 
 # A plain window at (600, 200), over all others, that stays until its keeper is killed; its number comes first.
 mkfifo "$HOME/number"
-python3 "$(dirname "${BASH_SOURCE[0]}")/support/plain_window.py" 600 200 400 300 >"$HOME/number" &
+"$python" "$(dirname "${BASH_SOURCE[0]}")/support/plain_window.py" 600 200 400 300 >"$HOME/number" &
 keeper=$!
 trap 'kill "$keeper" 2>/dev/null || true; end_program' EXIT
 read -r -t 20 host <"$HOME/number" || fail "there is no window to draw in"
@@ -52,7 +52,7 @@ if env -u DISPLAY "$PIXORRA_SLIDESHOW" --window-id 1 2>"$HOME/said"; then fail "
 
 # A window that has no whole number of the screen's larger pixels is covered to its last row and column.
 printf '[pixorra/screensaver]\nsourcelocation=%s\nduration=1\n' "${escaped//\\/\\\\}" >"$settings"
-python3 "$(dirname "${BASH_SOURCE[0]}")/support/plain_window.py" 600 200 398 301 white >"$HOME/number" &
+"$python" "$(dirname "${BASH_SOURCE[0]}")/support/plain_window.py" 600 200 398 301 white >"$HOME/number" &
 keeper=$!
 read -r -t 20 host <"$HOME/number" || fail "there is no second window to draw in"
 QT_SCALE_FACTOR=1.75 start_show --window-id "$host"

@@ -5,7 +5,7 @@ source "$(dirname "${BASH_SOURCE[0]}")/support/steps.bash"
 source "$(dirname "${BASH_SOURCE[0]}")/support/strip.bash"
 
 support="$(cd "$(dirname "${BASH_SOURCE[0]}")/support" && pwd)"
-if ! ldconfig -p | grep -q 'libSM\.so\.6'; then
+if ! "$python" -c 'import ctypes; ctypes.CDLL("libSM.so.6")' 2>/dev/null; then
   echo "Skipped: libSM is missing."
   exit 77
 fi
@@ -16,7 +16,7 @@ state="$HOME/.config/pixorra/Pixorra.sav"
 mkdir -p "$card"
 fill_card
 
-coproc manager { exec python3 "$support/session_manager.py"; }
+coproc manager { exec "$python" "$support/session_manager.py"; }
 manager_id=$!
 end_both() {
   end_program

@@ -62,11 +62,11 @@ done
 ends_with_success
 
 # The screen does not go to sleep meanwhile, and does afterwards.
-if python3 -c 'import Xlib' 2>/dev/null; then
+if "$python" -c 'import Xlib' 2>/dev/null; then
   saver="$(dirname "${BASH_SOURCE[0]}")/support/screen_sleeps.py"
-  python3 "$saver" || fail "this screen never goes to sleep"
+  "$python" "$saver" || fail "this screen never goes to sleep"
   begin_show "71$photos"
-  if python3 "$saver"; then fail "the screen goes to sleep"; fi
+  if "$python" "$saver"; then fail "the screen goes to sleep"; fi
   xdotool key space
   ends_with_success
 fi

@@ -11,7 +11,7 @@ skip() {
 }
 for tool in weston dbus-daemon; do command -v "$tool" >/dev/null || skip "$tool is missing"; done
 [ -x /usr/libexec/at-spi-bus-launcher ] || skip "at-spi2-core is missing"
-/usr/bin/python3 -c 'from gi.repository import Gio' 2>/dev/null || skip "python3-gi is missing"
+"$python" -c 'from gi.repository import Gio' 2>/dev/null || skip "python3-gi is missing"
 
 photos="$(cd "$(dirname "${BASH_SOURCE[0]}")/../data/photos" && pwd)"
 card="$HOME/Card"

@@ -119,12 +119,16 @@ void SharpThumbnails::Forget(const std::vector<OnScreen>& seen) {
   std::erase_if(
       twins_, [this](const auto& entry) { return entry.second.Making != nullptr && entry.second.LastSeen != looks_; });
   std::int64_t wanted = 0;
-  for (const OnScreen& one : seen)
-    if (!twins_.contains(one.Of)) wanted += BytesOf(one.Of);
+  std::size_t coming = 0;
+  for (const OnScreen& one : seen) {
+    if (twins_.contains(one.Of)) continue;
+    wanted += BytesOf(one.Of);
+    ++coming;
+  }
   const auto lastSeen = [](const auto& a, const auto& b) { return a.second.LastSeen < b.second.LastSeen; };
   while (!twins_.empty()) {
     const auto oldest = std::ranges::min_element(twins_, lastSeen);
-    const bool tooMany = twins_.size() > KeptForEach * seen.size() || Bytes() + wanted > MostBytes;
+    const bool tooMany = twins_.size() + coming > KeptForEach * seen.size() || Bytes() + wanted > MostBytes;
     if (oldest->second.LastSeen == looks_ || !tooMany) return;
     twins_.erase(oldest);
   }

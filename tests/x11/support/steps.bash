@@ -3,6 +3,10 @@ set -euo pipefail
 
 program_id=
 
+# The host's own, which finds the modules that its packages install; one that a person has put before it does not.
+python=/usr/bin/python3
+[ -x "$python" ] || python=python3
+
 fail() {
   echo "FAILED: $*" >&2
   if [ -n "${PIXORRA_SCREENSHOTS:-}" ] && command -v import >/dev/null; then
