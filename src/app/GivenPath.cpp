@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "app/SelectionKeys.h"
+#include "base/OneLine.h"
 #include "base/PictureTypes.h"
 #include "base/Routines.h"
 #include "browse/FindFolder.h"
@@ -17,6 +18,8 @@
 #include "platform/services/Dialogs.h"
 #include "platform/services/Files.h"
 #include "preview/PreviewPane.h"
+#include "window/CoreState.h"
+#include "window/DesktopState.h"
 #include "window/DropState.h"
 #include "window/FilmStripState.h"
 #include "window/MainForm.h"
@@ -29,15 +32,24 @@ namespace {
 constexpr int Interval = 50;  // milliseconds
 
 void Refuse(MainForm& main, const std::string& path, const std::string& reason) {
-  main.host.dialogs.MsgBox(main.host.files.ShownPath(path) + "\n" + reason, BoxIcon::Exclamation, BoxButtons::Ok,
-                           "WARNING: Unable to Select Film Strip");
+  main.host.dialogs.MsgBox(OneLine(main.host.files.ShownPath(path)) + "\n" + reason, BoxIcon::Exclamation,
+                           BoxButtons::Ok, "WARNING: Unable to Select Film Strip");
 }
 
-// A dialog is up, photos are dropped, or the program is about to end.
+// A dialog is up, photos are dropped or printed, a folder's name is typed, or the program is about to end.
 bool IsBusy(const MainForm& main) {
   const Toolkit& toolkit = main.host.toolkit;
   return !toolkit.TakesInput(main.Window) || toolkit.EndAsked() || toolkit.Drag().Source != nullptr ||
-         main.drop.DropAllRunning;
+         main.drop.DropRunning || main.drop.DropAllRunning || main.core.PrintJobRuns || IsFolderBeingRenamed(main.desk);
+}
+
+// Shows a photo that has no place in film strip and open folder yet: nothing that goes by a frame may take another for
+// it.
+void ShowAhead(MainForm& main, const std::string& photo) {
+  main.strip.SrcThumbFrame.SetVisible(false);
+  main.strip.SrcThumbFrame.SetTag("0");
+  main.desk.DestThumbFrame.SetVisible(false);
+  PaintPicPreview(main, photo);
 }
 
 bool IsFilmStrip(const FilmStripState& strip, const std::string& folder) {
@@ -87,7 +99,6 @@ void GivenPath::Tick() {
 }
 
 void GivenPath::Take(const std::string& path) {
-  EndFolderRename(main_);
   const std::string trimmed = StripTrailingBackslash(path);
   const auto found = FindFolders(main_.host, {path, IsRootPath(path) ? path : ParentPathOf(trimmed)});
   if (main_.host.toolkit.Ended()) return;
@@ -125,14 +136,15 @@ void GivenPath::SelectWhenLoaded() {
   if (strip.SrcLoadedPath != strip.SrcFileList.Path()) return;
   // Somebody has selected another one meanwhile.
   const std::string pane = main_.preview.PicPreview.Tag();
-  if (shown_ && !pane.empty() && pane != photo_) return photo_.clear();
+  const bool anotherIsFramed = strip.SrcThumbFrame.Visible() || main_.desk.DestThumbFrame.Visible();
+  if (shown_ && (anotherIsFramed || (!pane.empty() && pane != photo_))) return photo_.clear();
   const int slot = SlotOf(strip, photo_);
   if (slot > 0) {
     SelectSlotInStrip(main_, slot);
     photo_.clear();
   } else if (!shown_) {
     shown_ = true;
-    PaintPicPreview(main_, std::string(photo_));
+    ShowAhead(main_, std::string(photo_));
   }
 }
 

@@ -75,8 +75,9 @@ void Delete(Files& files, const ShownPhoto& photo) {
 // that was selected there last leaves the strip, and the open folder's cell stays until the view is loaded anew.
 void TakeOutOfStrip(MainForm& main, const std::string& photo) {
   FilmStripState& strip = main.strip;
-  // The frame may be on another slot than that of the pane's photo.
-  const int slot = strip.SrcThumbFrame.Visible() ? SlotOf(strip, photo) : SelectedSlot(strip);
+  // The frame may be on another slot than that of the pane's photo, or on none yet.
+  const bool goesByPhoto = strip.SrcThumbFrame.Visible() || SelectedSlot(strip) == 0;
+  const int slot = goesByPhoto ? SlotOf(strip, photo) : SelectedSlot(strip);
   if (slot != 0) EmptySrcSlot(strip, slot);
   Redisplay_FilmStrip(main);
 }

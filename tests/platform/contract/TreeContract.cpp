@@ -84,10 +84,8 @@ TEST_F(TreeContract, AnswerMayComeLaterWhileEventsRun) {
   tree.Add(tree.Root(), Named("a", true));
   Timer later(form, "Later", 20);
   TreeHandle asked;
-  tree.SetFiller([&](TreeView&, TreeView::Node& node) {
-    asked = TreeHandle(node);
-    later.SetEnabled(true);
-  });
+  tree.SetFiller([&](TreeView&, TreeView::Node& node) { asked = TreeHandle(node); });
+  later.SetEnabled(false);
   later.On().Timer = [&](Control&) {
     later.SetEnabled(false);
     if (asked) tree.Fill(*asked.Get(), {Named("a/1")});
@@ -96,6 +94,7 @@ TEST_F(TreeContract, AnswerMayComeLaterWhileEventsRun) {
   platform->ClickOpener(tree, {"a"}, true);
   EXPECT_THAT(Look(), ElementsAre("- a"));
   EXPECT_FALSE(asked.Get()->Known());
+  later.SetEnabled(true);
   toolkit.WaitUntil([&] { return asked.Get()->Known(); });
   EXPECT_THAT(Look(), ElementsAre("- a", "  . 1"));
 }

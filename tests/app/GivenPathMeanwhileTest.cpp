@@ -1,0 +1,133 @@
+// What a folder or photo that a later start hands over does to what is going on in the window, and what goes on before
+// its thumbnail is there.
+#include <gtest/gtest.h>
+
+#include "app/GivenPath.h"
+#include "desktop/FolderRename.h"
+#include "tests/support/TestPictures.h"
+#include "tests/support/headless/ProgramTest.h"
+#include "window/CoreState.h"
+#include "window/DropState.h"
+#include "window/MenuBar.h"
+#include "window/PreviewState.h"
+
+namespace pixorra {
+namespace {
+
+class GivenPathMeanwhileTest : public ProgramTest {
+ protected:
+  static constexpr const char* Here = "C:\\Here";
+  static constexpr const char* There = "C:\\There";
+
+  // So many photos in either folder; the strip shows the first one.
+  ProgramRun& StartedHere(int here, int there, bool loaded = true) {
+    drive.MakeFolder("C:\\Family");
+    for (int i = 1; i <= here; ++i) drive.Write(Of(Here, i), BmpPhoto(8, 8));
+    for (int i = 1; i <= there; ++i) drive.Write(Of(There, i), BmpPhoto(8, 8));
+    WriteSavedState(StateLines(Here, {"C:\\Family"}));
+    ProgramRun& run = Started();
+    loaded ? run.LoadAll() : run.Wait(0.1);
+    given_ = std::make_unique<GivenPath>(run.main);
+    return run;
+  }
+  ~GivenPathMeanwhileTest() override { given_.reset(); }
+
+  static std::string Of(const std::string& folder, int number) {
+    return folder + "\\q" + std::to_string(1000 + number).substr(1) + ".bmp";
+  }
+  void Give(ProgramRun& run, const std::string& path) {
+    given_->Give(path);
+    run.Wait(0.3);
+  }
+  // It waits while the flag is set, and is taken afterwards.
+  void ExpectToWaitFor(ProgramRun& run, bool& flag) {
+    flag = true;
+    Give(run, There);
+    run.Wait(1);
+    EXPECT_EQ(run.main.strip.SrcFileList.Path(), Here);
+    flag = false;
+    run.Wait(0.3);
+    EXPECT_EQ(run.main.strip.SrcFileList.Path(), There);
+  }
+  static void DeleteSelected(ProgramRun& run) {
+    run.person.ExpectForm("DeleteSelectedForm", [](Person& hand, Form& form) {
+      for (Control* control : form.Controls())
+        if (control->Name() == "DeleteButton") hand.Click(*control);
+    });
+    run.person.ChooseMenu(run.main.menu.DeleteMenuItem);
+  }
+
+  std::unique_ptr<GivenPath> given_;
+};
+
+TEST_F(GivenPathMeanwhileTest, WhilePhotosArePrintedItWaits) {
+  ProgramRun& run = StartedHere(2, 2);
+  ExpectToWaitFor(run, run.main.core.PrintJobRuns);
+}
+
+TEST_F(GivenPathMeanwhileTest, WhileOnePhotoIsDroppedItWaits) {
+  ProgramRun& run = StartedHere(2, 2);
+  ExpectToWaitFor(run, run.main.drop.DropRunning);
+}
+
+TEST_F(GivenPathMeanwhileTest, AFolderKeepsItsNameUntilTheNewOneIsTypedToItsEnd) {
+  ProgramRun& run = StartedHere(2, 2);
+  RenameFolderStart(run.main, 1);
+  ASSERT_TRUE(IsFolderBeingRenamed(run.main.desk));
+  run.person.Type("Hol");
+  Give(run, There);
+  run.Wait(1);
+  EXPECT_EQ(run.main.strip.SrcFileList.Path(), Here);
+  EXPECT_TRUE(drive.Exists("C:\\Family"));
+  run.person.Type("iday");
+  run.person.Key(key::Return);
+  run.Wait(0.5);
+  EXPECT_TRUE(drive.Exists("C:\\Holiday"));
+  EXPECT_EQ(run.main.strip.SrcFileList.Path(), There);
+}
+
+TEST_F(GivenPathMeanwhileTest, NoKeyDropsThePhotoSelectedBeforeInstead) {
+  ProgramRun& run = StartedHere(60, 0, false);
+  ASSERT_GE(run.main.strip.SrcSlotCount, 1);
+  run.person.Click(run.main.strip.SrcThumbnail(1));
+  Give(run, Of(Here, 60));
+  ASSERT_EQ(run.main.preview.PicPreview.Tag(), Of(Here, 60));
+  ASSERT_EQ(SlotOf(run.main.strip, Of(Here, 60)), 0);
+  run.person.Key('1');
+  EXPECT_EQ(run.main.drop.LastDropFile, "");
+  run.LoadAll();
+  run.Wait(0.3);
+  EXPECT_EQ(PhotoOf(run.main.strip, SelectedSlot(run.main.strip)), Of(Here, 60));
+  run.person.Key('1');
+  EXPECT_EQ(run.main.drop.LastDropSrcIndex, 60);
+}
+
+TEST_F(GivenPathMeanwhileTest, APhotoDeletedAheadOfItsThumbnailTakesNoOtherOutOfTheStrip) {
+  ProgramRun& run = StartedHere(3, 60);
+  run.person.Click(run.main.strip.SrcThumbnail(2));
+  Give(run, Of(There, 60));
+  ASSERT_EQ(run.main.preview.PicPreview.Tag(), Of(There, 60));
+  ASSERT_EQ(SlotOf(run.main.strip, Of(There, 60)), 0);
+  ASSERT_GE(run.main.strip.SrcSlotCount, 2);
+  DeleteSelected(run);
+  EXPECT_FALSE(drive.Exists(Of(There, 60)));
+  run.LoadAll();
+  for (int i = 1; i < 60; ++i) EXPECT_NE(SlotOf(run.main.strip, Of(There, i)), 0) << i;
+  EXPECT_EQ(SlotOf(run.main.strip, Of(There, 60)), 0);
+}
+
+TEST_F(GivenPathMeanwhileTest, ADamagedPhotoThatIsClickedMeanwhileStaysSelected) {
+  drive.Write(Of(There, 1), "no photo");
+  ProgramRun& run = StartedHere(1, 0);
+  for (int i = 2; i <= 60; ++i) drive.Write(Of(There, i), BmpPhoto(8, 8));
+  Give(run, Of(There, 60));
+  ASSERT_EQ(SlotOf(run.main.strip, Of(There, 60)), 0);
+  ASSERT_GE(run.main.strip.SrcSlotCount, 1);
+  run.person.Click(run.main.strip.SrcThumbnail(1));
+  run.LoadAll();
+  run.Wait(0.3);
+  EXPECT_EQ(SelectedSlot(run.main.strip), 1);
+}
+
+}  // namespace
+}  // namespace pixorra
