@@ -41,11 +41,11 @@ class LookStyle final : public QProxyStyle {
     QProxyStyle::drawComplexControl(control, option, painter, widget);
     const auto* bar = qstyleoption_cast<const QStyleOptionSlider*>(option);
     if (control == CC_ScrollBar && bar != nullptr) DrawThumb(*bar, *painter, widget);
-    if (!IsBlackAndWhite(option->palette)) return;
-    if (control == CC_ComboBox) DrawRoundEdge(*option, option->rect, *painter);
-    if (control != CC_Slider) return;
-    for (const SubControl part : {SC_SliderGroove, SC_SliderHandle})
-      DrawRoundEdge(*option, subControlRect(CC_Slider, option, part, widget), *painter);
+    if (control == CC_Slider) {
+      for (const SubControl part : {SC_SliderGroove, SC_SliderHandle})
+        DrawRoundEdge(*option, subControlRect(CC_Slider, option, part, widget), *painter);
+    }
+    if (control == CC_ComboBox && IsBlackAndWhite(option->palette)) DrawRoundEdge(*option, option->rect, *painter);
   }
 
   void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,

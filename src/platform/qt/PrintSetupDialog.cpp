@@ -54,19 +54,21 @@ void HidePartOf(const QWidget& dialog, const char* control) {
   if (part != nullptr) part->hide();
 }
 
-// The picture of the sheet takes the height of what was beside it.
-void KeepPictureOf(const QWidget& dialog) {
+// The picture of the sheet takes the room of what was beside and below it.
+void GiveRoomToPictureOf(const QWidget& dialog) {
   constexpr QSize Least(120, 150);
-  for (QWidget* const each : dialog.findChildren<QWidget*>()) {
-    if (qstrcmp(each->metaObject()->className(), "QPagePreview") == 0) each->setMinimumSize(Least);
-  }
+  auto* const picture = dialog.findChild<QWidget*>(QStringLiteral("preview"));
+  if (picture == nullptr) return;
+  picture->setMinimumSize(Least);
+  picture->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
 }
 
 // Pages have their own orientation, and no margins but the printer's.
-void OfferPaperOnly(const QWidget& dialog) {
+void OfferPaperOnly(QWidget& dialog) {
   HidePartOf(dialog, "portrait");
   HidePartOf(dialog, "topMargin");
-  KeepPictureOf(dialog);
+  GiveRoomToPictureOf(dialog);
+  dialog.adjustSize();
 }
 
 // The setup dialog's own dialog, about one printer, is made when it is asked for.
@@ -77,8 +79,8 @@ class PropertiesTrimmer final : public QObject {
   }
   bool eventFilter(QObject* watched, QEvent* event) override {
     if (event->type() != QEvent::Show) return false;
-    const auto* shown = qobject_cast<QDialog*>(watched);
-    if (shown != nullptr && dialog_.findChildren<const QDialog*>().contains(shown)) OfferPaperOnly(*shown);
+    auto* const shown = qobject_cast<QDialog*>(watched);
+    if (shown != nullptr && dialog_.findChildren<QDialog*>().contains(shown)) OfferPaperOnly(*shown);
     return false;
   }
 

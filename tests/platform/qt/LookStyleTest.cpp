@@ -24,6 +24,16 @@ double Contrast(const QColor& one, const QColor& other) {
   return pixorra::Contrast(ToColour(one), ToColour(other));
 }
 
+// Something of its pixels in this column does.
+bool StandsOut(QWidget& widget, int x, double contrast) {
+  widget.resize(200, 24);
+  const QImage shot = widget.grab().toImage();
+  const QColor ground = QApplication::palette().color(QPalette::Window);
+  for (int y = 0; y < shot.height(); ++y)
+    if (Contrast(shot.pixelColor(x, y), ground) >= contrast) return true;
+  return false;
+}
+
 class LookStyleTest : public ::testing::TestWithParam<int> {
  protected:
   LookStyleTest() : before_(QApplication::palette()) {
@@ -62,6 +72,13 @@ TEST_P(LookStyleTest, TheEdgeOfATextBoxStandsOut) {
   EXPECT_GE(Contrast(shot.pixelColor(50, 0), box.palette().color(QPalette::Base)), 2.9);
 }
 
+TEST_P(LookStyleTest, TheGrooveOfASliderStandsOutOnBothSidesOfItsHandle) {
+  QSlider slider(Qt::Horizontal);
+  slider.setValue(50);
+  for (const int x : {20, 180}) EXPECT_TRUE(StandsOut(slider, x, 2.9)) << x;
+  EXPECT_TRUE(StandsOut(slider, 100, 2.9)) << "the handle";
+}
+
 TEST_P(LookStyleTest, ACaptionStandsNearItsMark) {
   const QRadioButton option(QStringLiteral("All"));
   const QCheckBox box(QStringLiteral("All"));
@@ -98,22 +115,15 @@ TEST_P(BlackAndWhiteTest, TheEdgesOfAllThatCanBeWorkedStandOut) {
 }
 
 TEST_P(BlackAndWhiteTest, SlidersAndMarksAreSeen) {
-  const auto seen = [](QWidget& widget, int x) {
-    widget.resize(200, 24);
-    const QImage shot = widget.grab().toImage();
-    const QColor ground = QApplication::palette().color(QPalette::Window);
-    for (int y = 0; y < shot.height(); ++y)
-      if (Contrast(shot.pixelColor(x, y), ground) >= 4.5) return true;
-    return false;
-  };
+  constexpr double Seen = 4.5;
   QSlider slider(Qt::Horizontal);
   slider.setValue(50);
-  EXPECT_TRUE(seen(slider, 180)) << "the groove";
-  EXPECT_TRUE(seen(slider, 100)) << "the handle";
+  EXPECT_TRUE(StandsOut(slider, 180, Seen)) << "the groove";
+  EXPECT_TRUE(StandsOut(slider, 100, Seen)) << "the handle";
   QCheckBox box;
-  EXPECT_TRUE(seen(box, 6));
+  EXPECT_TRUE(StandsOut(box, 6, Seen));
   QRadioButton option;
-  EXPECT_TRUE(seen(option, 6));
+  EXPECT_TRUE(StandsOut(option, 6, Seen));
 }
 
 INSTANTIATE_TEST_SUITE_P(Desktops, LookStyleTest, ::testing::Values(0xEF, 0x35));
