@@ -21,11 +21,13 @@ CupsOwned<ipp_t> Question(ipp_op_t operation, const char* subject, const std::st
 CupsOwned<http_t> ConnectToCups(const CupsPatience& patience) {
   CupsOwned<http_t> connection(httpConnect2(cupsServer(), ippPort(), nullptr, AF_UNSPEC, cupsEncryption(), 1,
                                             patience.ConnectMilliseconds, nullptr));
-  if (connection != nullptr) {
-    httpSetTimeout(
-        connection.get(), patience.AnswerSeconds, [](http_t*, void*) { return 0; }, nullptr);
-  }
+  if (connection != nullptr) LimitCupsAnswers(connection.get(), patience);
   return connection;
+}
+
+void LimitCupsAnswers(http_t* connection, const CupsPatience& patience) {
+  httpSetTimeout(
+      connection, patience.AnswerSeconds, [](http_t*, void*) { return 0; }, nullptr);
 }
 
 CupsName::CupsName(const std::string& name) : Queue(name) {

@@ -20,6 +20,8 @@ using CupsOwned = std::unique_ptr<Thing, FreeCups>;
 
 // Null where none answers.
 CupsOwned<http_t> ConnectToCups(const CupsPatience& patience);
+// No answer is waited for any longer than that. So is every connection at first.
+void LimitCupsAnswers(http_t* connection, const CupsPatience& patience);
 
 // "queue/instance", as the toolkit spells a queue with settings of its own.
 struct CupsName {

@@ -74,6 +74,40 @@ ServerHas TakeBack(http_t* connection, int job) {
 
 }  // namespace
 
+// For its lifetime whatever the library waits for, between the parts of a piece too, is waited for with what is idle
+// running, and as long as a document may take.
+class CupsSubmission::IdleWaits {
+ public:
+  IdleWaits(http_t* connection, const CupsPatience& patience, const std::function<void()>& idle)
+      : connection_(connection), patience_(patience), idle_(idle) {
+    waited_.start();
+    turn_.start();
+    httpSetTimeout(
+        connection_, TurnMilliseconds / 1000.0,
+        [](http_t*, void* waits) { return static_cast<IdleWaits*>(waits)->Turn() ? 1 : 0; }, this);
+  }
+  ~IdleWaits() { LimitCupsAnswers(connection_, patience_); }
+  IdleWaits(const IdleWaits&) = delete;
+  IdleWaits& operator=(const IdleWaits&) = delete;
+
+  // Something has arrived at the server: the time for more begins anew.
+  void GetsOn() { waited_.start(); }
+  // False where it has taken too long.
+  bool Turn() {
+    idle_();
+    turn_.start();
+    return static_cast<double>(waited_.elapsed()) <= patience_.DocumentSeconds * 1000;
+  }
+  bool IsTurnDue() const { return turn_.elapsed() >= TurnMilliseconds; }
+
+ private:
+  http_t* connection_;
+  const CupsPatience& patience_;
+  const std::function<void()>& idle_;
+  QElapsedTimer waited_;
+  QElapsedTimer turn_;
+};
+
 CupsSubmission::CupsSubmission(http_t* connection, const CupsPatience& patience, std::string queue,
                                std::function<void()> idle)
     : connection_(connection), patience_(patience), queue_(std::move(queue)), idle_(std::move(idle)) {}
@@ -128,51 +162,35 @@ CupsSubmission::Told CupsSubmission::SendDocument(int job, const std::string& ti
   ippAddString(question.get(), IPP_TAG_OPERATION, IPP_TAG_MIMETYPE, "document-format", nullptr, CUPS_FORMAT_PDF);
   ippAddBoolean(question.get(), IPP_TAG_OPERATION, "last-document", 1);
   const std::string resource = CupsQueueResource(queue_);
+  IdleWaits waits(connection_, patience_, idle_);
   const http_status_t begun = cupsSendRequest(connection_, question.get(), resource.c_str(), CUPS_LENGTH_VARIABLE);
-  if (begun != HTTP_STATUS_CONTINUE || !SendBytes(document)) return Told::Nothing;
+  if (begun != HTTP_STATUS_CONTINUE || !SendBytes(document, waits)) return Told::Nothing;
   // Its end.
-  if (httpWrite2(connection_, "", 0) < 0 || !WaitForAnswer()) return Told::Nothing;
+  if (httpWrite2(connection_, "", 0) < 0 || !WaitForAnswer(waits)) return Told::Nothing;
   const CupsOwned<ipp_t> answer(cupsGetResponse(connection_, resource.c_str()));
   if (answer == nullptr) return Told::Nothing;
   return IsCupsYes(CupsStatusOf(answer)) ? Told::Whole : Told::Refused;
 }
 
-bool CupsSubmission::SendBytes(QIODevice& document) {
+bool CupsSubmission::SendBytes(QIODevice& document, IdleWaits& waits) {
   std::array<char, 16384> piece{};
-  QElapsedTimer turn;
-  turn.start();
   while (true) {
     const qint64 count = document.read(piece.data(), static_cast<qint64>(piece.size()));
     if (count <= 0) return count == 0;
-    if (!WaitForRoom()) return false;
     if (cupsWriteRequestData(connection_, piece.data(), static_cast<std::size_t>(count)) != HTTP_STATUS_CONTINUE) {
       return false;
     }
-    if (turn.elapsed() < TurnMilliseconds) continue;
-    idle_();
-    turn.start();
+    if (waits.IsTurnDue()) waits.Turn();
+    waits.GetsOn();
   }
 }
 
-bool CupsSubmission::WaitForRoom() {
-  QElapsedTimer waited;
-  waited.start();
-  pollfd line{httpGetFd(connection_), POLLOUT, 0};
-  while (poll(&line, 1, TurnMilliseconds) == 0) {
-    if (static_cast<double>(waited.elapsed()) > patience_.DocumentSeconds * 1000) return false;
-    idle_();
-  }
-  return true;
-}
-
-bool CupsSubmission::WaitForAnswer() {
-  QElapsedTimer waited;
-  waited.start();
+bool CupsSubmission::WaitForAnswer(IdleWaits& waits) {
+  waits.GetsOn();
   // The library's own way to wait takes what is left of earlier answers for this one.
   pollfd line{httpGetFd(connection_), POLLIN, 0};
   while (poll(&line, 1, TurnMilliseconds) == 0) {
-    if (static_cast<double>(waited.elapsed()) > patience_.DocumentSeconds * 1000) return false;
-    idle_();
+    if (!waits.Turn()) return false;
   }
   return true;
 }

@@ -21,13 +21,13 @@ class CupsSubmission {
 
  private:
   enum class Told { Whole, Refused, Nothing };  // by the server, of the document
+  class IdleWaits;
 
   int CreateJob(const std::string& title, const PrintOptions& options);
   int CreateJobOnTheNetwork(const std::string& title, const PrintOptions& options);
   Told SendDocument(int job, const std::string& title, QIODevice& document);
-  bool SendBytes(QIODevice& document);
-  bool WaitForRoom();
-  bool WaitForAnswer();
+  bool SendBytes(QIODevice& document, IdleWaits& waits);
+  bool WaitForAnswer(IdleWaits& waits);
   // The server has said nothing: asks it anew what it has of the job. Raises unless it has all of it.
   void FindOut(int job);
   [[noreturn]] void RaiseNotReached(const std::string& reason);

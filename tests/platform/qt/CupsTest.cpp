@@ -1,19 +1,18 @@
 // Printing through a real print server.
 #include <QComboBox>
 #include <QDialogButtonBox>
-#include <QElapsedTimer>
 #include <QMessageBox>
 #include <QPageSetupDialog>
 #include <QPrintDialog>
 #include <QPushButton>
 #include <QSpinBox>
-#include <QThread>
 #include <cups/cups.h>
 #include <gmock/gmock.h>
 
 #include "platform/qt/CupsServer.h"
 #include "platform/qt/QtPrinting.h"
 #include "platform/runtime/Errors.h"
+#include "tests/platform/qt/PrintLine.h"
 #include "tests/platform/qt/PrintServer.h"
 #include "tests/platform/qt/QtTest.h"
 #include "tests/platform/qt/hands/Hands.h"
@@ -23,8 +22,12 @@ namespace {
 
 using ::testing::ElementsAre;
 
-// Of a server that hangs.
-constexpr CupsPatience Brief{.AnswerSeconds = 1};
+// Of a server that hangs. Before that it must answer in this time, however busy the machine is.
+constexpr CupsPatience Brief{.AnswerSeconds = 2};
+
+void AskAt(int port) {
+  cupsSetServer(QStringLiteral("127.0.0.1:%1").arg(port).toUtf8().constData());
+}
 
 class CupsTest : public QtTest {
  protected:
@@ -223,14 +226,16 @@ TEST_F(CupsTest, LongTitleArrivesOnOneLineAndCutAtACharacter) {
   EXPECT_EQ(server.Title(1), "Two lines " + QString(122, QChar(0xE4)));
 }
 
-TEST_F(CupsTest, ServerThatHangsMeanwhileIsToldWithinSeconds) {
+// A question to a server that hangs takes seconds, and some of the print system's own minutes.
+TEST_F(CupsTest, ServerThatHangsMeanwhileIsToldAndNotAskedAgain) {
+  const PrintLine line(server.Port());
+  AskAt(line.Port());
   const auto reached = CupsServer::Reach(Brief);
   ASSERT_NE(reached, nullptr);
+  const int before = line.Connections();
   server.Hang();
-  QElapsedTimer took;
-  took.start();
   EXPECT_EQ(ReasonAgainst("Office", reached->StateOf("Office")), "The print system does not answer");
-  EXPECT_LT(took.elapsed(), 8000);
+  EXPECT_EQ(line.Connections(), before);
 }
 
 TEST_F(CupsTest, PrinterThatIsHeldDoesNotFollowTheDefault) {
@@ -249,10 +254,7 @@ TEST_F(CupsTest, ListThatFailsIsNotAListWithoutPrinters) {
   ASSERT_NE(reached, nullptr);
   EXPECT_EQ(reached->Queues()->size(), 1U);
   server.Hang();
-  QElapsedTimer took;
-  took.start();
   EXPECT_FALSE(reached->Queues().has_value());
-  EXPECT_LT(took.elapsed(), 10000) << "two answers are waited for";
 }
 
 TEST_F(CupsTest, ServerWithoutPrintersListsNone) {
@@ -285,23 +287,26 @@ TEST_F(CupsTest, SetupDialogOffersTheFilesPrinterAndCancelChangesNothing) {
   EXPECT_EQ(server.Copies(1), 3);
 }
 
-TEST_F(CupsTest, PrinterIsNotChosenForMinutesWhileTheServerHangs) {
+// The toolkit would ask it again and again for minutes.
+TEST_F(CupsTest, ServerThatHangsIsAskedOnceByEachThatNeedsAPrinterOfIt) {
   server.Administer("lpadmin", {"-p", "Spare", "-E", "-v", "keep:/", "-P", server.DescriptionFile()});
-  QtPrinting printing(backend, {.AnswerSeconds = 1, .ListSeconds = 600});
+  const PrintLine line(server.Port());
+  AskAt(line.Port());
+  QtPrinting printing(backend, {.AnswerSeconds = Brief.AnswerSeconds, .ListSeconds = 600});
   EXPECT_EQ(printing.CurrentPrinterName(), "Office");
   server.Hang();
-  QElapsedTimer took;
-  took.start();
+  const int before = line.Connections();
   const RuntimeError hangs = ErrorOf([&] { printing.SetCurrentPrinter("Spare"); });
   EXPECT_EQ(hangs.Number(), error::Printer);
   EXPECT_EQ(hangs.Description(), "The print system does not answer");
   EXPECT_EQ(printing.CurrentPrinterName(), "Office") << "as before";
+  EXPECT_EQ(line.Connections(), before + 1);
   Hands::Meanwhile([] { return qobject_cast<QMessageBox*>(QApplication::activeModalWidget()) != nullptr; },
                    [] { QApplication::activeModalWidget()->close(); });
   Hands::Meanwhile([] { return qobject_cast<QPageSetupDialog*>(QApplication::activeModalWidget()) != nullptr; },
                    [] { QApplication::activeModalWidget()->close(); });
   EXPECT_FALSE(printing.ShowPrintSetup());
-  EXPECT_LT(took.elapsed(), 20000);
+  EXPECT_EQ(line.Connections(), before + 2);
 }
 
 TEST_F(CupsTest, PaperIsThePrintersOwnUsualOne) {
@@ -329,9 +334,10 @@ TEST_F(CupsTest, PaperWithMarginsWiderThanItselfStillHasRoomToPrintOn) {
   EXPECT_EQ(server.PagesOf(1), 2);
 }
 
-TEST_F(CupsTest, PropertiesInTheSetupOfferNoMarginsAndNoOrientation) {
+TEST_F(CupsTest, PropertiesInTheSetupShowThePaperAndOfferNoMarginsAndNoOrientation) {
   QtPrinting printing(backend);
   QStringList shown;
+  int heightOfPicture = 0;
   InSetup("Office", QDialogButtonBox::Cancel, [&](QPrintDialog& dialog) {
     Hands::Meanwhile([&] { return QApplication::activeModalWidget() != &dialog; },
                      [&] {
@@ -340,12 +346,15 @@ TEST_F(CupsTest, PropertiesInTheSetupOfferNoMarginsAndNoOrientation) {
                          const auto* part = properties->findChild<QWidget*>(name);
                          if (part != nullptr && part->isVisible()) shown << name;
                        }
+                       if (auto* const picture = properties->findChild<QWidget*>("preview"))
+                         heightOfPicture = picture->height();
                        properties->close();
                      });
     dialog.findChild<QPushButton*>("properties")->click();
   });
   EXPECT_FALSE(printing.ShowPrintSetup());
   EXPECT_EQ(shown, QStringList("pageSizeCombo"));
+  EXPECT_GE(heightOfPicture, 150);
 }
 
 TEST_F(CupsTest, PaperThatWasChosenIsKeptByTheNextSetup) {
@@ -369,44 +378,40 @@ TEST_F(CupsTest, PaperThatWasChosenIsKeptByTheNextSetup) {
   EXPECT_TRUE(server.Options(1).contains("media=4x6")) << server.Options(1).join(' ').toStdString();
 }
 
-TEST_F(QtTest, ServerThatNeverAnswersCostsAFewSecondsOnce) {
+class SilentServerTest : public QtTest {
+ protected:
+  SilentServerTest() { AskAt(port.Number()); }
+  ~SilentServerTest() override { cupsSetServer("127.0.0.1:1"); }
+
   MutePort port;
-  cupsSetServer(QStringLiteral("127.0.0.1:%1").arg(port.Number()).toUtf8().constData());
-  QtPrinting printing(backend, Brief);
+};
+
+TEST_F(SilentServerTest, ItIsAskedOnceAndNotAgainForAWhile) {
+  QtPrinting printing(backend, {.AnswerSeconds = 1, .ListSeconds = 0});
   printing.SetTrackDefault(true);
   printing.WhenDefaultIsKnown([](const std::string&) {});
-  EXPECT_FALSE(port.WasCalled()) << "nobody has asked for printers yet";
-  QElapsedTimer took;
-  took.start();
+  EXPECT_EQ(port.Calls(), 0) << "nobody has asked for printers yet";
   EXPECT_THAT(printing.PrinterNames(), ElementsAre("Save as PDF"));
-  EXPECT_TRUE(port.WasCalled());
-  EXPECT_GT(took.elapsed(), 1000) << "an answer is waited for";
-  EXPECT_LT(took.elapsed(), 8000);
-  took.start();
+  EXPECT_EQ(port.Calls(), 1);
   EXPECT_EQ(printing.CurrentPrinterName(), "Save as PDF");
-  EXPECT_LT(took.elapsed(), 1000) << "and not again at once";
-  cupsSetServer("127.0.0.1:1");
+  EXPECT_THAT(printing.PrinterNames(), ElementsAre("Save as PDF"));
+  EXPECT_EQ(port.Calls(), 0);
 }
 
-TEST_F(QtTest, PaperOfPdfFilesIsAskedForAtOnceWhileTheServerHangs) {
-  MutePort port;
-  cupsSetServer(QStringLiteral("127.0.0.1:%1").arg(port.Number()).toUtf8().constData());
-  QtPrinting printing(backend, Brief);
+TEST_F(SilentServerTest, PaperOfPdfFilesIsAskedForWithoutIt) {
+  QtPrinting printing(backend, {.AnswerSeconds = 1});
   EXPECT_THAT(printing.PrinterNames(), ElementsAre("Save as PDF"));
-  QElapsedTimer took;
-  took.start();
-  qint64 up = -1;
+  EXPECT_GT(port.Calls(), 0);
+  int calls = -1;
   Hands::Meanwhile([] { return qobject_cast<QDialog*>(QApplication::activeModalWidget()) != nullptr; },
                    [&] {
-                     up = took.elapsed();
+                     calls = port.Calls();
                      qobject_cast<QDialog*>(QApplication::activeModalWidget())->reject();
                    });
   EXPECT_FALSE(printing.ShowPrintSetup());
-  EXPECT_GE(up, 0);
-  EXPECT_LT(up, 8000);
+  EXPECT_EQ(calls, 0);
   EXPECT_EQ(cupsServer(), std::string("127.0.0.1"));
   EXPECT_EQ(ippPort(), port.Number()) << "the server stays the one that is asked";
-  cupsSetServer("127.0.0.1:1");
 }
 
 }  // namespace

@@ -22,6 +22,13 @@ TEST(PaperCodesTest, CodesHaveTheirUsualSizes) {
   EXPECT_EQ(PaperOfCode(27).size(QPageSize::Millimeter), QSizeF(110, 220));
 }
 
+TEST(PaperCodesTest, SizesThatShareACodeWithAnotherHaveIt) {
+  EXPECT_EQ(PaperCodeOf(QPageSize(QPageSize::Executive)), 7);
+  EXPECT_EQ(PaperCodeOf(QPageSize(QPageSize::JisB4)), 12);
+  EXPECT_EQ(PaperCodeOf(QPageSize(QPageSize::B5)), 34);
+  EXPECT_EQ(PaperCodeOf(QPageSize(QPageSize::B6)), 35);
+}
+
 TEST(PaperCodesTest, OtherPapersAreUserDefined) {
   EXPECT_EQ(PaperCodeOf(QPageSize(QSizeF(100, 150), QPageSize::Millimeter)), UserDefinedPaper);
   EXPECT_EQ(PaperCodeOf(QPageSize(QPageSize::A6)), UserDefinedPaper);

@@ -66,15 +66,19 @@ void PrintLine::Carry(int client, int number) {
   const int server = socket(AF_INET, SOCK_STREAM, 0);
   const sockaddr_in at = Here(to_);
   std::array<char, 16384> piece{};
+  std::int64_t carried = 0;  // to the server
   bool open = connect(server, reinterpret_cast<const sockaddr*>(&at), sizeof at) == 0;
   while (open && !ends_ && number > broken_) {
-    std::array<pollfd, 2> ends{{{client, POLLIN, 0}, {server, POLLIN, 0}}};
+    const bool held = carried >= freely_ && let_ <= 0;
+    std::array<pollfd, 2> ends{{{held ? -1 : client, POLLIN, 0}, {server, POLLIN, 0}}};
     if (poll(ends.data(), ends.size(), LookMilliseconds) <= 0) continue;
     for (std::size_t i = 0; i < ends.size() && open; ++i) {
       if (ends[i].revents == 0) continue;
       const ssize_t count = recv(ends[i].fd, piece.data(), piece.size(), 0);
-      open = count > 0 && (i == 1 && number <= loses_ ? true : SendAll(ends[1 - i].fd, piece.data(), count));
-      if (i == 0 && delay_ > 0) poll(nullptr, 0, delay_);
+      open = count > 0 && (i == 1 && number <= loses_ ? true : SendAll(i == 1 ? client : server, piece.data(), count));
+      if (i == 1) continue;
+      if (carried >= freely_) --let_;
+      carried += count;
     }
   }
   close(server);

@@ -1,7 +1,9 @@
-// The way to a print server, which may be slow, lose what it carries, or break off.
+// The way to a print server, which may hold up or lose what it carries, or break off.
 #pragma once
 
 #include <atomic>
+#include <cstdint>
+#include <limits>
 #include <mutex>
 #include <thread>
 #include <vector>
@@ -18,8 +20,12 @@ class PrintLine {
 
   // Where it begins.
   int Port() const { return port_; }
-  // Each piece of 16 KB takes so long from now on.
-  void SlowDown(int milliseconds) { delay_ = milliseconds; }
+  // The connections that were made so far.
+  int Connections() const { return begun_; }
+  // From now on a connection carries no more than so many bytes to the server by itself, and then the pieces of 16 KB
+  // that LetGoOn lets go.
+  void HoldUpAfter(std::int64_t bytes) { freely_ = bytes; }
+  void LetGoOn(int pieces) { let_ += pieces; }
   // Nothing that is answered over the connections that there are arrives any more.
   void LoseAnswers() { loses_ = begun_.load(); }
   // Ends the connections that there are.
@@ -35,7 +41,8 @@ class PrintLine {
   std::atomic<int> begun_ = 0;  // connections
   std::atomic<int> loses_ = 0;  // the first ones of these
   std::atomic<int> broken_ = 0;
-  std::atomic<int> delay_ = 0;  // milliseconds
+  std::atomic<std::int64_t> freely_ = std::numeric_limits<std::int64_t>::max();
+  std::atomic<int> let_ = 0;  // pieces
   std::atomic<bool> ends_ = false;
   std::mutex mutex_;
   std::vector<std::thread> threads_;

@@ -18,7 +18,8 @@ class MutePort {
   MutePort(const MutePort&) = delete;
   MutePort& operator=(const MutePort&) = delete;
   int Number() const { return number_; }
-  bool WasCalled();
+  // The calls since it was last asked.
+  int Calls();
 
  private:
   int socket_;
