@@ -61,8 +61,9 @@ dots=$(pdfimages -list "$HOME/one.pdf" | awk 'NR == 3 { print $13 }')
 case "$dots" in 49 | 50 | 51) ;; *) fail "the photo is printed with $dots dots to the inch" ;; esac
 
 # All, by the button's menu: its second entry, and the first below that.
+menu_is_up() { [ "$(xdotool search --onlyvisible --class pixorra | wc -l)" -eq 2 ]; }
 xdotool mousemove --window "$window" --sync 552 186 click 3
-sleep 0.3
+within 20 menu_is_up || fail "the print button has no menu"
 xdotool key Down Down Right Return
 dialog=$(wait_for_window "Batch Print")
 shot batch

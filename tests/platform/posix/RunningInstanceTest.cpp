@@ -1,7 +1,6 @@
 // The lock of the first start, and the call of a later one. Locks are of open files, so two of them meet in one process
 // as they do in two.
 #include <atomic>
-#include <chrono>
 #include <fcntl.h>
 #include <gmock/gmock.h>
 #include <memory>
@@ -16,6 +15,7 @@
 #include <vector>
 
 #include "platform/posix/RunningInstance.h"
+#include "platform/posix/UniqueFd.h"
 #include "tests/support/TemporaryDrive.h"
 
 namespace pixorra {
@@ -29,9 +29,27 @@ class RunningInstanceTest : public ::testing::Test {
   std::string Host(const std::string& path) const { return drive.HostPath(path); }
   // The messages of the next calls, when there are some.
   static std::vector<std::string> AwaitCalls(const RunningInstance& first) {
-    pollfd wait{first.Calls(), POLLIN, 0};
-    EXPECT_EQ(poll(&wait, 1, 20000), 1);
-    return first.TakeCalls();
+    std::vector<std::string> calls;
+    // A caller that a busy machine keeps from its message is let go, and calls again.
+    while (calls.empty()) {
+      pollfd wait{first.Calls(), POLLIN, 0};
+      EXPECT_EQ(poll(&wait, 1, 20000), 1);
+      if (wait.revents == 0) break;
+      calls = first.TakeCalls();
+    }
+    return calls;
+  }
+  // The end of a caller who has said this. One who has not said all keeps silent from then on.
+  static UniqueFd Caller(const UniqueFd& folder, const std::string& said, bool all) {
+    sockaddr_un address{};
+    address.sun_family = AF_UNIX;
+    const std::string path = "/proc/self/fd/" + std::to_string(folder.Get()) + "/running";
+    path.copy(address.sun_path, sizeof address.sun_path - 1);
+    UniqueFd caller(socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0));
+    EXPECT_EQ(connect(caller.Get(), reinterpret_cast<const sockaddr*>(&address), sizeof address), 0);
+    EXPECT_EQ(write(caller.Get(), said.data(), said.size()), static_cast<ssize_t>(said.size()));
+    if (all) shutdown(caller.Get(), SHUT_WR);
+    return caller;
   }
 
   TemporaryDrive drive;
@@ -109,20 +127,17 @@ TEST_F(RunningInstanceTest, ALongMessageIsTakenAndATooLongOneIsNot) {
   EXPECT_EQ(outcome, RunningInstance::Outcome::Unanswered);
 }
 
-TEST_F(RunningInstanceTest, ACallerThatSaysNothingHoldsNothingUp) {
+TEST_F(RunningInstanceTest, CallersThatDoNotFinishAreLetGoAndTheNextOneIsHeard) {
   const RunningInstance first(Host("C:\\config"));
-  sockaddr_un address{};
-  address.sun_family = AF_UNIX;
-  const int folder = open(Host("C:\\config").c_str(), O_PATH | O_DIRECTORY);
-  const std::string path = "/proc/self/fd/" + std::to_string(folder) + "/running";
-  path.copy(address.sun_path, sizeof address.sun_path - 1);
-  const int silent = socket(AF_UNIX, SOCK_STREAM, 0);
-  ASSERT_EQ(connect(silent, reinterpret_cast<const sockaddr*>(&address), sizeof address), 0);
-  const auto begin = std::chrono::steady_clock::now();
-  EXPECT_THAT(first.TakeCalls(), IsEmpty());
-  EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(5));
-  close(silent);
-  close(folder);
+  const UniqueFd folder(open(Host("C:\\config").c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC));
+  const UniqueFd silent = Caller(folder, "", false);
+  const UniqueFd stuck = Caller(folder, "half a mess", false);
+  const UniqueFd next = Caller(folder, "a message", true);
+  ASSERT_THAT(first.TakeCalls(), ElementsAre("a message"));
+  char answer = 0;
+  EXPECT_EQ(recv(silent.Get(), &answer, 1, 0), 0);
+  EXPECT_LE(recv(stuck.Get(), &answer, 1, 0), 0) << "it has an end, and no answer";
+  EXPECT_EQ(recv(next.Get(), &answer, 1, 0), 1);
 }
 
 TEST_F(RunningInstanceTest, AFirstStartThatDoesNotAnswerIsGivenUp) {

@@ -252,17 +252,13 @@ TEST_F(WindowTest, AFormThatCodeBringsToTheFrontIsActiveOnTheScreen) {
   Form other(toolkit, "OtherForm");
   form.Show();
   other.Show();
-  toolkit.WaitFor(0.05);
-  EXPECT_TRUE(WindowOf(other).isActiveWindow());
+  EXPECT_TRUE(toolkit.WaitUntil([&] { return WindowOf(other).isActiveWindow(); }, 60));
   form.Show();
-  toolkit.WaitFor(0.05);
-  EXPECT_TRUE(WindowOf(form).isActiveWindow());
+  EXPECT_TRUE(toolkit.WaitUntil([&] { return WindowOf(form).isActiveWindow(); }, 60));
   other.SetFocus();
-  toolkit.WaitFor(0.05);
-  EXPECT_TRUE(WindowOf(other).isActiveWindow());
+  EXPECT_TRUE(toolkit.WaitUntil([&] { return WindowOf(other).isActiveWindow(); }, 60));
   other.Hide();
-  toolkit.WaitFor(0.05);
-  EXPECT_TRUE(WindowOf(form).isActiveWindow());
+  EXPECT_TRUE(toolkit.WaitUntil([&] { return WindowOf(form).isActiveWindow(); }, 60));
 }
 
 TEST_F(WindowTest, NestedModalFormsEndInTheirOrder) {
