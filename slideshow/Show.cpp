@@ -56,25 +56,30 @@ void Show::Plan() {
 
 void Show::Listed(const std::string& folder, std::vector<std::string> names, double now) {
   listing_ = Wish::None;
+  isListed_ = true;
   folder_ = folder;
   names_ = std::move(names);
-  missing_ = 0;
   const std::string last = std::exchange(goOnAfter_, {});
-  at_ = 0;
-  if (last.empty()) {
-    found_ = false;
-    listedAgain_ = false;
-    KeepDamaged();
-    skipsDamaged_ = !HasCome(tryDamagedAt_, now);
-    if (!skipsDamaged_) tryDamagedAt_ = now + std::max(Rest, static_cast<double>(damaged_.size()) * RestForEach);
-  } else {
-    at_ = static_cast<std::size_t>(std::upper_bound(names_.begin(), names_.end(), last, NameLess) - names_.begin());
-  }
   if (names_.empty()) {
     RestFrom(State::NoPhotos, now);
+  } else if (last.empty()) {
+    BeginRound(now);
   } else {
+    missing_ = 0;
+    at_ = static_cast<std::size_t>(std::upper_bound(names_.begin(), names_.end(), last, NameLess) - names_.begin());
     Pass(now);
   }
+}
+
+void Show::BeginRound(double now) {
+  at_ = 0;
+  found_ = false;
+  missing_ = 0;
+  listedAgain_ = false;
+  KeepDamaged();
+  skipsDamaged_ = !HasCome(tryDamagedAt_, now);
+  if (!skipsDamaged_) tryDamagedAt_ = now + std::max(Rest, static_cast<double>(damaged_.size()) * RestForEach);
+  Pass(now);
 }
 
 // Only those that are still there: a folder may be filled anew for as long as a show runs.
@@ -99,13 +104,19 @@ void Show::Pass(double now) {
   } else if (found_) {
     Plan();
   } else {
-    RestFrom(State::NoPhotos, now);
+    RestFrom(isListed_ ? State::NoPhotos : State::NoFolder, now);
   }
 }
 
+// The photos of the round before may still be there: the folder has gone once none of them can be opened either.
 void Show::ListingFailed(double now) {
   listing_ = Wish::None;
-  RestFrom(State::NoFolder, now);
+  isListed_ = false;
+  if (names_.empty() || !goOnAfter_.empty()) {
+    RestFrom(State::NoFolder, now);
+  } else {
+    BeginRound(now);
+  }
 }
 
 void Show::RanOutOfMemory(double now) {

@@ -60,6 +60,7 @@ class Show {
   // --- what it is given
   // Names by the order of NameLess, in a folder whose path ends with a backslash.
   void Listed(const std::string& folder, std::vector<std::string> names, double now);
+  // Where a round is over, the next one has the same photos.
   void ListingFailed(double now);
   // What was wished for cannot even be tried now.
   void RanOutOfMemory(double now);
@@ -82,6 +83,7 @@ class Show {
  private:
   enum class Wish { None, Wanted, Asked };
 
+  void BeginRound(double now);
   void Plan();
   void Pass(double now);
   void SkipDamaged();
@@ -96,6 +98,7 @@ class Show {
   State state_ = State::Starting;
   std::string folder_;
   std::vector<std::string> names_;                      // of the present round
+  bool isListed_ = false;                               // for it, and not for one before
   std::size_t at_ = 0;                                  // the next of them
   bool found_ = false;                                  // one of this round could be shown
   int missing_ = 0;                                     // in a row

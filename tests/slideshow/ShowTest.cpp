@@ -312,6 +312,43 @@ TEST_F(ShowTest, AFolderThatVanishesMeanwhileEndsInWords) {
   EXPECT_EQ(show.Coming(), nullptr);
 }
 
+TEST_F(ShowTest, AFolderThatCannotBeListedForAWhileGoesOnWithThePhotosThatItHad) {
+  RunTo(102);
+  folderGone = true;
+  RunTo(100 + 7 * 3.3);
+  EXPECT_EQ(show.Now(), Show::State::Running);
+  EXPECT_THAT(Names(), ElementsAre("a", "b", "c", "a", "b", "c", "a"));
+  EXPECT_EQ(listings, 3) << "it is tried once a round";
+  folderGone = false;
+  folder = Folder({"a", "aa"});
+  seen.clear();
+  RunTo(100 + 11 * 3.3);
+  EXPECT_THAT(Names(), ElementsAre("a", "b", "c", "a", "aa"));
+}
+
+TEST_F(ShowTest, AFolderOfManyThatVanishesIsSaidToBeGoneAfterAFewOfThem) {
+  std::vector<std::string> names;
+  for (int i = 0; i < 1000; ++i) names.push_back(std::to_string(10000 + i));
+  folder = Folder(names);
+  RunTo(101);
+  gone = {folder.begin(), folder.end()};
+  folderGone = true;
+  tries = 0;
+  RunTo(105);
+  EXPECT_EQ(show.Now(), Show::State::NoFolder);
+  EXPECT_LT(tries, 20);
+}
+
+TEST_F(ShowTest, AFolderThatVanishesAtTheRoundsEndIsSaidToBeGoneOnceNoneOfItsPhotosIsThere) {
+  RunTo(102);
+  gone = {folder.begin(), folder.end()};
+  folderGone = true;
+  tries = 0;
+  RunTo(109);
+  EXPECT_EQ(show.Now(), Show::State::NoFolder);
+  EXPECT_LE(tries, 5);
+}
+
 TEST_F(ShowTest, DamagedPhotosAreRecognisedAndTriedAgainTheMoreSeldomTheMoreThereAre) {
   std::vector<std::string> names;
   for (int i = 0; i < 4000; ++i) names.push_back(std::to_string(10000 + i));
