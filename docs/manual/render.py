@@ -1,8 +1,9 @@
 #!/usr/bin/env python3
 """Makes the manual's pages for a web browser from docs/manual/*.md.
 
-render.py SOURCES TARGET    writes TARGET/*.html and what they show. Of Markdown it knows headings, paragraphs, lists without
-lists in them, tables, pictures on a line of their own, commands (indented by four blanks), **strong**, `labels` and [links](to)."""
+render.py SOURCES TARGET    writes TARGET/*.html and what they show, in place of an older manual or of nothing. Of Markdown it knows
+headings, paragraphs, lists without lists in them, tables, pictures on a line of their own, commands (indented by four blanks),
+**strong**, `labels` and [links](to)."""
 
 import html
 import re
@@ -77,8 +78,22 @@ def page(name, texts):
             "</body>\n</html>\n")
 
 
+def refusal(sources, target):
+    """Why the target may not be replaced; None where it may be."""
+    inner, outer = target.resolve(), sources.resolve()
+    if inner == outer or inner in outer.parents or outer in inner.parents:
+        return "is among the sources, or holds them"
+    if target.is_symlink() or target.exists() and not target.is_dir():
+        return "is no folder"
+    ours = all((target / name).is_file() for name in ("index.html", "manual.css"))
+    return "holds something else" if target.exists() and not ours and any(target.iterdir()) else None
+
+
 def main():
     sources, target = Path(sys.argv[1]), Path(sys.argv[2])
+    problem = refusal(sources, target)
+    if problem:
+        sys.exit(f"render.py: {target} {problem}")
     texts = {name: (sources / f"{name}.md").read_text(encoding="utf-8") for name in PAGES}
     shutil.rmtree(target, ignore_errors=True)
     (target / "images").mkdir(parents=True)

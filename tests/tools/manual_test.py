@@ -2,6 +2,7 @@
 """The manual: its pages as a browser gets them, and whether the program has every label that they name."""
 
 import re
+import shutil
 import subprocess
 import sys
 import tempfile
@@ -90,6 +91,59 @@ class Pages(unittest.TestCase):
         subprocess.run([sys.executable, "-B", MANUAL / "render.py", MANUAL, again], check=True)
         for path in self.target.rglob("*.html"):
             self.assertEqual(path.read_bytes(), (again / path.relative_to(self.target)).read_bytes())
+
+    def test_an_older_manual_is_replaced_as_a_whole(self):
+        older = Path(self.folder.name) / "older"
+        shutil.copytree(self.target, older)
+        (older / "gone.html").write_text("")
+        self.rendered_to(older).check_returncode()
+        self.assertEqual(sorted(path.name for path in self.target.iterdir()), sorted(path.name for path in older.iterdir()))
+
+    def test_a_folder_that_holds_anything_else_is_refused_and_stays(self):
+        with tempfile.TemporaryDirectory() as scratch:
+            for kept in ("letter.txt", "index.html", "manual.css", "images/cat.png"):
+                target = Path(scratch) / kept.replace("/", "-") / "target"
+                (target / kept).parent.mkdir(parents=True)
+                (target / kept).write_text("mine")
+                self.assert_refused(target)
+                self.assertEqual("mine", (target / kept).read_text())
+
+    def test_a_file_and_a_link_are_refused(self):
+        with tempfile.TemporaryDirectory() as scratch:
+            file = Path(scratch) / "file"
+            file.write_text("mine")
+            self.assert_refused(file)
+            self.assertEqual("mine", file.read_text())
+            link = Path(scratch) / "link"
+            shutil.copytree(self.target, Path(scratch) / "manual")
+            link.symlink_to("manual")
+            self.assert_refused(link)
+            self.assertTrue((Path(scratch) / "manual/index.html").is_file())
+
+    def test_the_sources_and_what_they_are_in_are_refused(self):
+        with tempfile.TemporaryDirectory() as scratch:
+            manual = Path(scratch) / "docs/manual"
+            shutil.copytree(MANUAL, manual)
+            for target in (manual, manual.parent, manual / "images"):
+                (target / "index.html").write_text("")
+                (target / "manual.css").touch()
+                self.assert_refused(target, manual)
+                self.assertTrue((manual / "index.md").is_file())
+                self.assertTrue(any((manual / "images").glob("*.png")))
+
+    def test_an_empty_folder_is_taken(self):
+        with tempfile.TemporaryDirectory() as scratch:
+            self.rendered_to(scratch).check_returncode()
+            self.assertTrue((Path(scratch) / "index.html").is_file())
+
+    @staticmethod
+    def rendered_to(target, sources=MANUAL):
+        return subprocess.run([sys.executable, "-B", MANUAL / "render.py", sources, target], capture_output=True, text=True, check=False)
+
+    def assert_refused(self, target, sources=MANUAL):
+        run = self.rendered_to(target, sources)
+        self.assertEqual(1, run.returncode, run.stderr)
+        self.assertEqual(1, len(run.stderr.splitlines()), run.stderr)
 
 
 class Labels(unittest.TestCase):
