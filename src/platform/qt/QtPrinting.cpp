@@ -12,12 +12,6 @@
 
 namespace pixorra {
 
-namespace {
-
-constexpr const char* NoAnswer = "The print system does not answer";
-
-}  // namespace
-
 QtPrinting::QtPrinting(QtBackend& backend, const CupsPatience& patience)
     : backend_(backend), patience_(patience), pdf_(backend) {}
 
@@ -46,10 +40,9 @@ void QtPrinting::FollowDefault() {
   if (present.empty() || present == followed_) return;
   if (present == PdfPrinter::PrinterName) {
     UsePdf();
-  } else if (auto queue = queues_.Answered() ? QueuePrinter::Of(present, patience_) : nullptr) {
-    UseQueue(std::move(queue));
   } else {
-    return;
+    if (!queues_.Answered() || ErrorsIgnored([&] { UseQueue(QueuePrinter::Of(present, patience_)); }) != error::None)
+      return;
   }
   followed_ = present;
   if (const auto tell = std::exchange(tell_, nullptr)) tell(present);
@@ -68,9 +61,7 @@ void QtPrinting::SetCurrentPrinter(const std::string& name) {
   if (name == PdfPrinter::PrinterName) return UsePdf();
   if (!queues_.Has(name)) throw RuntimeError(error::Printer);
   if (queue_ != nullptr && queue_->Name() == name) return surface_.SetDestination(*queue_);
-  auto queue = QueuePrinter::Of(name, patience_);
-  if (queue == nullptr) throw RuntimeError(error::Printer, NoAnswer);
-  UseQueue(std::move(queue));
+  UseQueue(QueuePrinter::Of(name, patience_));
 }
 
 void QtPrinting::WhenDefaultIsKnown(std::function<void(const std::string& name)> tell) {
@@ -114,12 +105,10 @@ bool QtPrinting::AskForPdfPaper() {
   return true;
 }
 
-// What a dialog changes of the queue that was used last, or else of the first one; null where the print system does not
-// answer.
+// What a dialog changes of the queue that was used last, or else of the first one. Raises as QueuePrinter::Of.
 std::unique_ptr<QPrinter> QtPrinting::QueueToSetUp() {
   if (queue_ == nullptr || !queues_.Has(queue_->Name())) {
     auto other = QueuePrinter::Of(queues_.DefaultOrFirst(), patience_);
-    if (other == nullptr) return nullptr;
     if (surface_.DeviceName() != PdfPrinter::PrinterName) surface_.SetDestination(*other);
     queue_ = std::move(other);
   }
@@ -128,13 +117,19 @@ std::unique_ptr<QPrinter> QtPrinting::QueueToSetUp() {
 
 bool QtPrinting::ShowPrintSetup() {
   FollowDefault();
-  const bool none = queues_.Look().empty();
-  auto queue = !none && queues_.Answered() ? QueueToSetUp() : nullptr;
-  if (queue == nullptr) {
-    if (!none) {
-      TellOfPrinting(backend_,
-                     QString::fromLatin1(NoAnswer) + QStringLiteral(".\nChoose the paper for PDF files instead."));
+  std::unique_ptr<QPrinter> queue;
+  std::string reason;
+  if (!queues_.Look().empty()) {
+    reason = "The print system does not answer";
+    try {
+      if (queues_.Answered()) queue = QueueToSetUp();
+    } catch (const RuntimeError& failure) {
+      reason = failure.Description();
     }
+  }
+  if (queue == nullptr) {
+    if (!reason.empty())
+      TellOfPrinting(backend_, ToQString(reason) + QStringLiteral(".\nChoose the paper for PDF files instead."));
     if (!AskForPdfPaper()) return false;
     UsePdf();
     return true;
@@ -155,7 +150,7 @@ bool QtPrinting::ShowProperties(const std::string& name) {
   SetCurrentPrinter(name);
   if (name == PdfPrinter::PrinterName) return AskForPdfPaper();
   auto chosen = CopyOf(queue_->Chosen(), patience_);
-  if (chosen == nullptr || !AskForPaper(backend_, *chosen, backend_.WindowForBoxes())) return false;
+  if (!AskForPaper(backend_, *chosen, backend_.WindowForBoxes())) return false;
   UseQueue(std::make_unique<QueuePrinter>(std::move(chosen), patience_));
   return true;
 }

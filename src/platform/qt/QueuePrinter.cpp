@@ -82,10 +82,13 @@ class QueueJob final : public PrintJob {
   PdfSink sink_{file_};
 };
 
-// Null where the print system does not answer: the toolkit would wait minutes for it.
+// Raises as QueuePrinter::Of. A print system that hangs is not asked by the toolkit, which would wait minutes for it.
 std::unique_ptr<QPrinter> DeviceOf(const QString& name, const CupsPatience& patience) {
-  if (CupsServer::Reach(patience) == nullptr) return nullptr;
-  const QPrinterInfo printer = QPrinterInfo::printerInfo(name);
+  QueueState state;
+  state.Answers = CupsServer::Reach(patience) != nullptr;
+  const QPrinterInfo printer = state.Answers ? QPrinterInfo::printerInfo(name) : QPrinterInfo();
+  // The toolkit makes a device without a name for a printer that is not there.
+  if (printer.isNull()) throw RuntimeError(error::Printer, ReasonAgainst(ToUtf8(name), state));
   auto device = std::make_unique<QPrinter>(printer, QPrinter::HighResolution);
   // By itself it has the country's paper, wherever the printer knows that.
   if (const QPageSize usual = printer.defaultPageSize(); usual.isValid()) device->setPageSize(usual);
@@ -117,8 +120,7 @@ std::string SidesOf(const QPrinter& printer) {
 }  // namespace
 
 std::unique_ptr<QueuePrinter> QueuePrinter::Of(const std::string& name, const CupsPatience& patience) {
-  auto device = DeviceOf(ToQString(name), patience);
-  return device != nullptr ? std::make_unique<QueuePrinter>(std::move(device), patience) : nullptr;
+  return std::make_unique<QueuePrinter>(DeviceOf(ToQString(name), patience), patience);
 }
 
 QueuePrinter::QueuePrinter(std::unique_ptr<QPrinter> chosen, const CupsPatience& patience)
@@ -152,7 +154,6 @@ std::unique_ptr<PrintJob> QueuePrinter::Begin(const std::string& documentName) {
 
 std::unique_ptr<QPrinter> CopyOf(const QPrinter& printer, const CupsPatience& patience) {
   auto copy = DeviceOf(printer.printerName(), patience);
-  if (copy == nullptr) return copy;
   copy->setPageSize(printer.pageLayout().pageSize());
   copy->setCopyCount(printer.copyCount());
   copy->setCollateCopies(printer.collateCopies());

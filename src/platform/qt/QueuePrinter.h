@@ -11,7 +11,7 @@ namespace pixorra {
 
 class QueuePrinter final : public PrintDestination {
  public:
-  // Null where the print system does not answer.
+  // Raises Printer with the reason where the print system does not answer, or has no such printer any more.
   static std::unique_ptr<QueuePrinter> Of(const std::string& name, const CupsPatience& patience);
   // With what was chosen in a dialog.
   QueuePrinter(std::unique_ptr<QPrinter> chosen, const CupsPatience& patience);
@@ -32,7 +32,7 @@ class QueuePrinter final : public PrintDestination {
   QueueState state_;  // when it was made
 };
 
-// A device for a dialog to change, with the same printer and choices. Null where the print system does not answer.
+// A device for a dialog to change, with the same printer and choices. Raises as QueuePrinter::Of.
 std::unique_ptr<QPrinter> CopyOf(const QPrinter& printer, const CupsPatience& patience);
 // The choices as the print system's options. The page's turning is none of them: pages have their own shape.
 PrintOptions OptionsOf(const QPrinter& printer);

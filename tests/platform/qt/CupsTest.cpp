@@ -215,6 +215,34 @@ TEST_F(CupsTest, PrinterThatWasChosenStaysWhenOthersComeAndNoneIsTheDefault) {
   EXPECT_EQ(printing.CurrentPrinterName(), "Annex") << "a default that is set is followed";
 }
 
+TEST_F(CupsTest, PrinterThatHasGoneSinceItWasListedIsToldAndNotChosen) {
+  server.Administer("lpadmin", {"-p", "Spare", "-E", "-v", "keep:/", "-P", server.DescriptionFile()});
+  QtPrinting printing(backend, {.ListSeconds = 600});
+  EXPECT_EQ(printing.CurrentPrinterName(), "Office");
+  server.Administer("lpadmin", {"-x", "Spare"});
+  const RuntimeError gone = ErrorOf([&] { printing.SetCurrentPrinter("Spare"); });
+  EXPECT_EQ(gone.Number(), error::Printer);
+  EXPECT_EQ(gone.Description(), "The printer \"Spare\" is not there any more");
+  EXPECT_EQ(printing.CurrentPrinterName(), "Office");
+}
+
+TEST_F(CupsTest, WhereTheCurrentPrinterHasGoneSetupTellsItAndOffersPdfFiles) {
+  QtPrinting printing(backend, {.ListSeconds = 600});
+  EXPECT_EQ(printing.CurrentPrinterName(), "Office");
+  server.Administer("lpadmin", {"-x", "Office"});
+  QString told;
+  Hands::Meanwhile([] { return qobject_cast<QDialog*>(QApplication::activeModalWidget()) != nullptr; },
+                   [&] {
+                     if (auto* const box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget()))
+                       told = box->text();
+                     qobject_cast<QDialog*>(QApplication::activeModalWidget())->reject();
+                   });
+  Hands::Meanwhile([] { return qobject_cast<QPageSetupDialog*>(QApplication::activeModalWidget()) != nullptr; },
+                   [] { QApplication::activeModalWidget()->close(); });
+  EXPECT_FALSE(printing.ShowPrintSetup());
+  EXPECT_TRUE(told.startsWith("The printer \"Office\" is not there any more")) << told.toStdString();
+}
+
 TEST_F(CupsTest, LongTitleArrivesOnOneLineAndCutAtACharacter) {
   QtPrinting printing(backend);
   std::string name = "Two\nlines ";
