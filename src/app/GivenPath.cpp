@@ -7,6 +7,8 @@
 #include "base/OneLine.h"
 #include "base/PictureTypes.h"
 #include "base/Routines.h"
+#include "browse/BrowseFolderLocationForm.h"
+#include "browse/CardFolders.h"
 #include "browse/FindFolder.h"
 #include "browse/FolderChoices.h"
 #include "desktop/FolderRename.h"
@@ -84,7 +86,8 @@ void GivenPath::Give(const std::string& path) {
 }
 
 void GivenPath::Tick() {
-  if (taking_ || IsBusy(main_)) return;
+  if (taking_) return;
+  if (IsBusy(main_)) return timer_.WasIdle(Timer::UntilSomethingRuns);
   taking_ = true;
   const AtExit taken([this] {
     taking_ = false;
@@ -93,8 +96,8 @@ void GivenPath::Tick() {
   });
   if (!path_.empty()) {
     Take(main_.host.files.ProgramPath(std::exchange(path_, {})));
-  } else if (!photo_.empty()) {
-    SelectWhenLoaded();
+  } else if (!photo_.empty() && !SelectWhenLoaded()) {
+    timer_.WasIdle(Timer::UntilSomethingRuns);
   }
 }
 
@@ -108,11 +111,15 @@ void GivenPath::Take(const std::string& path) {
     return;
   }
   const bool isPhoto = !found[0] && found[1] && main_.host.files.FileExists(trimmed);
+  main_.preview.bPicEdited = false;
   if (!found[0] && !isPhoto) return Refuse(main_, path, "cannot be found or opened.");
   if (isPhoto && !MatchesPattern(FileNameOf(trimmed), AllPictures))
     return Refuse(main_, path, "is not a photo that Pixorra can show.");
-  const std::string folder = isPhoto ? *found[1] : *found[0];
-  if (!IsReadable(main_.host.files, folder)) return Refuse(main_, folder, "cannot be read.");
+  const std::string given = isPhoto ? *found[1] : *found[0];
+  if (!IsReadable(main_.host.files, given)) return Refuse(main_, given, "cannot be read.");
+  const PhotosOfCard photos = isPhoto ? PhotosOfCard{given} : FindPhotosOfCard(main_.host.files, given);
+  if (photos.AreInSeveral) return ShowBrowserAt(main_, photos.Folder);
+  const std::string& folder = photos.Folder;
   // Another photo of the film strip needs no question.
   const bool isHere = isPhoto && IsFilmStrip(main_.strip, folder);
   if (!isHere && !(MaySelectFilmStrip(main_, folder) && SelectFilmStrip(main_, folder))) return;
@@ -130,22 +137,27 @@ void GivenPath::SelectPhoto(const std::string& folder, const std::string& name) 
 }
 
 // The pane shows the photo at once; its thumbnail is loaded when the turn of it comes.
-void GivenPath::SelectWhenLoaded() {
+bool GivenPath::SelectWhenLoaded() {
   FilmStripState& strip = main_.strip;
-  if (!IsFilmStrip(strip, folder_)) return photo_.clear();
-  if (strip.SrcLoadedPath != strip.SrcFileList.Path()) return;
+  const bool here = IsFilmStrip(strip, folder_);
+  if (here && strip.SrcLoadedPath != strip.SrcFileList.Path()) return false;
   // Somebody has selected another one meanwhile.
   const std::string pane = main_.preview.PicPreview.Tag();
   const bool anotherIsFramed = strip.SrcThumbFrame.Visible() || main_.desk.DestThumbFrame.Visible();
-  if (shown_ && (anotherIsFramed || (!pane.empty() && pane != photo_))) return photo_.clear();
-  const int slot = SlotOf(strip, photo_);
+  const bool wanted = here && (!shown_ || (!anotherIsFramed && (pane.empty() || pane == photo_)));
+  const int slot = wanted ? SlotOf(strip, photo_) : 0;
   if (slot > 0) {
     SelectSlotInStrip(main_, slot);
-    photo_.clear();
-  } else if (!shown_) {
+  } else if (wanted && !shown_) {
     shown_ = true;
     ShowAhead(main_, std::string(photo_));
+    return true;
+  } else if (wanted && strip.SrcSlotCount < SlotsWanted(strip)) {
+    return false;
   }
+  // Also where all are loaded: a photo that has gone before its turn gets no slot any more.
+  photo_.clear();
+  return true;
 }
 
 }  // namespace pixorra

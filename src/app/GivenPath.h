@@ -1,5 +1,5 @@
 // The folder or photo that the program was started with, or that a later start has handed over. A folder becomes the
-// film strip; a photo is selected there.
+// film strip; a photo is selected there. For a card, the folder of its photos is taken.
 #pragma once
 
 #include <string>
@@ -27,7 +27,8 @@ class GivenPath {
   void Tick();
   void Take(const std::string& path);
   void SelectPhoto(const std::string& folder, const std::string& name);
-  void SelectWhenLoaded();
+  // False where that has to wait still, and nothing has been done.
+  bool SelectWhenLoaded();
 
   MainForm& main_;
   std::string path_;

@@ -211,12 +211,16 @@ void SelectInStrip(MainForm& main) {
     Refuse(main);
     return;
   }
-  SelectSlotInStrip(main, slot);
+  ClickSlot(main, slot);
+  if (strip.SrcBackground.IsLoaded(slot)) BringSlotBack(strip, slot);
 }
 
 void SelectSlotInStrip(MainForm& main, int slot) {
+  FilmStripState& strip = main.strip;
+  if (!IsSlotShown(strip, slot)) strip.AllOption.SetValue(true);
   ClickSlot(main, slot);
-  if (main.strip.SrcBackground.IsLoaded(slot)) BringSlotBack(main.strip, slot);
+  if (!strip.SrcBackground.IsLoaded(slot) || IsInView(strip, slot)) return;
+  ErrorsIgnored([&] { ScrollStripTo(strip, slot, FramesAhead); });
 }
 
 void SelectInOpenFolder(MainForm& main) {

@@ -11,7 +11,8 @@ bool MoveSelection(MainForm& main, int keyCode);
 // where there is none. As with every selection by key, full size follows where it is shown.
 void SelectInStrip(MainForm& main);
 void SelectInOpenFolder(MainForm& main);
-// As a click on that slot, from 1, which is brought into view.
+// As a click on that slot, from 1, which is brought into view whole. Where the view leaves its photo out, all photos
+// are shown first.
 void SelectSlotInStrip(MainForm& main, int slot);
 
 }  // namespace pixorra

@@ -64,6 +64,12 @@ void ShowBrowser(MainForm& main, BrowseMode mode) {
   }
 }
 
+void ShowBrowserAt(MainForm& main, const std::string& folder) {
+  auto& browser = main.modeless.Get<BrowseFolderLocationForm>(main);
+  if (browser.IsRunning()) browser.Window.Unload();
+  browser.DisplayDialogSrc(folder);
+}
+
 BrowseFolderLocationForm::BrowseFolderLocationForm(MainForm& main)
     : main_(main),
       Window(main.host.toolkit, "BrowseFolderLocationForm"),
@@ -158,8 +164,8 @@ void BrowseFolderLocationForm::DisplayDialogCamera() {
   Open(BrowseMode::Camera, " Set Camera Location", "Set Camera Location");
 }
 
-void BrowseFolderLocationForm::DisplayDialogSrc() {
-  Open(BrowseMode::FilmStrip, " Select a Film Strip", "Select Film Strip");
+void BrowseFolderLocationForm::DisplayDialogSrc(const std::string& at) {
+  Open(BrowseMode::FilmStrip, " Select a Film Strip", "Select Film Strip", at);
 }
 
 void BrowseFolderLocationForm::DisplayDialogDest() {
@@ -170,7 +176,8 @@ bool BrowseFolderLocationForm::IsRunning() const {
   return Window.Tag() == Running;
 }
 
-void BrowseFolderLocationForm::Open(BrowseMode mode, const char* caption, const char* selectCaption) {
+void BrowseFolderLocationForm::Open(BrowseMode mode, const char* caption, const char* selectCaption,
+                                    const std::string& at) {
   Window.SetTag(Running);
   main_.preview.bPreviewNoButtons = true;
   Window.SetCaption(caption);
@@ -184,7 +191,7 @@ void BrowseFolderLocationForm::Open(BrowseMode mode, const char* caption, const 
   // Until the start path has answered, the program's own folder is the choice: it is surely there.
   const std::string own = main_.host.places.ProgramFolder();
   File1.SetListing(OrElse(own, [&] { return main_.host.files.FolderPath(own); }), main_.core.PicturePattern, {});
-  startPath_ = StartPath();
+  startPath_ = at.empty() ? StartPath() : at;
   FillPreviousList();
   Window.ShowOwned(&main_.Window);
   ReadFolder(startPath_);

@@ -26,6 +26,8 @@ enum class BrowseMode { Camera, FilmStrip, Show };
 
 // Opens the browser; a beep where it is open already.
 void ShowBrowser(MainForm& main, BrowseMode mode);
+// Opens it at this folder, for the choice of a film strip. One that is open already begins anew.
+void ShowBrowserAt(MainForm& main, const std::string& folder);
 
 class BrowseFolderLocationForm {
   MainForm& main_;  // ahead of the controls, which are made from it
@@ -34,7 +36,7 @@ class BrowseFolderLocationForm {
   explicit BrowseFolderLocationForm(MainForm& main);
 
   void DisplayDialogCamera();
-  void DisplayDialogSrc();
+  void DisplayDialogSrc(const std::string& at = {});  // a folder; empty: where it opens by itself
   void DisplayDialogDest();
   bool IsRunning() const;
 
@@ -58,7 +60,7 @@ class BrowseFolderLocationForm {
   void ConnectButtons();
   void ConnectLists();
   void ArrangeControls();
-  void Open(BrowseMode mode, const char* caption, const char* selectCaption);
+  void Open(BrowseMode mode, const char* caption, const char* selectCaption, const std::string& at = {});
   void FillPreviousList();
   std::string StartPath() const;
   void Close();

@@ -2,10 +2,13 @@
 #include <gtest/gtest.h>
 
 #include "app/GivenPath.h"
+#include "browse/BrowseFolderLocationForm.h"
+#include "filmstrip/Scrolling.h"
 #include "platform/runtime/Errors.h"
 #include "tests/support/TestPictures.h"
 #include "tests/support/headless/ProgramTest.h"
 #include "window/DropState.h"
+#include "window/ModelessForms.h"
 #include "window/PreferencesForm.h"
 #include "window/PreviewState.h"
 
@@ -67,16 +70,26 @@ TEST_F(GivenPathTest, ItIsTakenInsteadOfTheStripOfTheRunBefore) {
   EXPECT_EQ(run.main.strip.SrcFileList.Path(), CardFolder);
 }
 
-TEST_F(GivenPathTest, ItIsAskedAboutAsInTheBrowser) {
+// Read anew, the strip's photos count as not dragged.
+TEST_F(GivenPathTest, TheFilmStripsOwnFolderIsReadAnewOnlyWhenThatIsWanted) {
   MakeCard(2);
-  WriteSavedState(StateLines(CardFolder, {}));
-  ProgramRun& run = NewRun();
-  given_ = std::make_unique<GivenPath>(run.main);
-  given_->Give(CardFolder);
-  run.person.ExpectBox("The Film Strip has not changed", "Do you want to refresh the Film Strip?", BoxAnswer::No);
-  run.Start();
-  run.Wait(0.3);
-  EXPECT_TRUE(given_->IsDone());
+  for (const BoxAnswer answer : {BoxAnswer::No, BoxAnswer::Yes}) {
+    WriteSavedState(StateLines(CardFolder, {}));
+    ProgramRun& run = Started();
+    given_ = std::make_unique<GivenPath>(run.main);
+    run.LoadAll();
+    if (answer == BoxAnswer::No) run.person.DoubleClick(run.main.strip.SrcThumbName(2));
+    ASSERT_TRUE(IsMarked(run.main.strip, 2));
+    drive.Write(Photo(3), BmpPhoto(8, 8));
+    run.person.ExpectBox("The Film Strip has not changed", "Do you want to refresh the Film Strip?", answer);
+    Give(run, CardFolder);
+    run.LoadAll();
+    EXPECT_TRUE(given_->IsDone());
+    EXPECT_EQ(run.main.strip.SrcSlotCount, answer == BoxAnswer::Yes ? 3 : 2);
+    EXPECT_EQ(IsMarked(run.main.strip, 2), answer == BoxAnswer::No);
+    drive.Remove(Photo(3));
+    given_.reset();
+  }
 }
 
 TEST_F(GivenPathTest, AFolderOfTheDesktopIsMovedUpOnlyWhenThatIsWanted) {
@@ -91,6 +104,13 @@ TEST_F(GivenPathTest, AFolderOfTheDesktopIsMovedUpOnlyWhenThatIsWanted) {
   EXPECT_TRUE(run.main.strip.NoFilmStrip);
   EXPECT_EQ(run.main.desk.FoldersShown, 1);
   EXPECT_EQ(run.main.preview.PicPreview.Tag(), "");
+  run.person.ExpectBox("Already Selected as a Folder [Card]", "move the folder up", BoxAnswer::Yes);
+  Give(run, Photo(1));
+  run.LoadAll();
+  EXPECT_EQ(run.main.strip.SrcFileList.Path(), CardFolder);
+  EXPECT_EQ(run.main.strip.SrcSlotCount, 2);
+  EXPECT_EQ(run.main.desk.FoldersShown, 0);
+  EXPECT_EQ(run.main.preview.PicPreview.Tag(), Photo(1));
 }
 
 TEST_F(GivenPathTest, APhotosFolderIsTakenAndThePhotoSelectedAndScrolledTo) {
@@ -138,6 +158,120 @@ TEST_F(GivenPathTest, AnotherPhotoOfTheStripIsSelectedWithoutAQuestion) {
   EXPECT_EQ(run.main.preview.PicPreview.Tag(), Photo(6));
 }
 
+TEST_F(GivenPathTest, APhotoThatIsHiddenAsDraggedIsShownFirst) {
+  MakeCard(5);
+  ProgramRun& run = StartedWith(CardFolder);
+  run.LoadAll();
+  FilmStripState& strip = run.main.strip;
+  run.person.DoubleClick(strip.SrcThumbName(2));
+  run.person.Click(strip.RemainingOption);
+  ASSERT_FALSE(strip.SrcThumbnail(2).Visible());
+  // One that remains is selected in the view as it is.
+  Give(run, Photo(4));
+  EXPECT_TRUE(strip.RemainingOption.Value());
+  EXPECT_EQ(strip.SrcThumbFrame.Left(), strip.SrcThumbnail(4).Left());
+  Give(run, Photo(2));
+  EXPECT_TRUE(strip.AllOption.Value());
+  EXPECT_EQ(run.main.preview.PicPreview.Tag(), Photo(2));
+  EXPECT_EQ(SelectedSlot(strip), 2);
+  EXPECT_TRUE(strip.SrcThumbnail(2).Visible());
+  EXPECT_TRUE(strip.SrcThumbFrame.Visible());
+  EXPECT_EQ(strip.SrcThumbFrame.Left(), strip.SrcThumbnail(2).Left());
+  EXPECT_TRUE(IsInView(strip, 2));
+}
+
+TEST_F(GivenPathTest, APhotoOfWhichOnlyAnEdgeIsInViewIsScrolledTo) {
+  MakeCard(60);
+  ProgramRun& run = StartedWith(CardFolder);
+  run.LoadAll();
+  FilmStripState& strip = run.main.strip;
+  for (const int moved : {10, SrcFrameWidth - 10}) {  // pixels that the first frame in sight has lost
+    run.person.MoveBar(strip.SrcScrollbar, (20 * SrcFrameWidth + moved) / strip.SrcBarScale.Unit);
+    int cut = 1;
+    while (strip.SrcBackground(cut).Left() + strip.SrcCanvas.Left() + SrcFrameWidth <= 0) ++cut;
+    ASSERT_FALSE(IsInView(strip, cut));
+    Give(run, Photo(cut));
+    EXPECT_EQ(SelectedSlot(strip), cut);
+    EXPECT_TRUE(IsInView(strip, cut)) << moved;
+  }
+  // One that is wholly in view stays where it is.
+  const int before = strip.SrcScrollbar.Value();
+  Give(run, Photo(SelectedSlot(strip) + 1));
+  EXPECT_EQ(strip.SrcScrollbar.Value(), before);
+}
+
+TEST_F(GivenPathTest, ACardWhosePhotosAreInOneFolderGivesThatFolder) {
+  for (const char* folder : {"100ABCDE", "101ABCDE", "MISC"})
+    drive.MakeFolder(std::string("C:\\Media\\Card\\dcim\\") + folder);
+  drive.Write("C:\\Media\\Card\\dcim\\101ABCDE\\a.bmp", BmpPhoto(8, 8));
+  drive.Write("C:\\Media\\Card\\dcim\\MISC\\notes.txt", "notes");
+  ProgramRun& run = StartedWith("C:\\Media\\Card\\");
+  run.LoadAll();
+  EXPECT_EQ(run.main.strip.SrcFileList.Path(), "C:\\Media\\Card\\dcim\\101ABCDE");
+  EXPECT_EQ(run.main.strip.SrcSlotCount, 1);
+  EXPECT_EQ(run.person.Window("BrowseFolderLocationForm"), nullptr);
+  // Its question comes as for any other folder.
+  run.person.ExpectBox("The Film Strip has not changed", "refresh", BoxAnswer::No);
+  Give(run, "C:\\Media\\Card");
+}
+
+TEST_F(GivenPathTest, ACardWhosePhotosAreInSeveralFoldersOpensTheBrowserThere) {
+  for (const char* folder : {"100ABCDE", "101ABCDE"})
+    drive.Write(std::string("C:\\Media\\Card\\DCIM\\") + folder + "\\a.bmp", BmpPhoto(8, 8));
+  ProgramRun& run = StartedWith("C:\\Media\\Card");
+  run.Wait(0.2);
+  EXPECT_TRUE(run.main.strip.NoFilmStrip);
+  EXPECT_TRUE(given_->IsDone());
+  const auto& browser = run.main.modeless.Get<BrowseFolderLocationForm>(run.main);
+  EXPECT_TRUE(browser.IsRunning());
+  EXPECT_EQ(browser.SelectButton.Caption(), "Select Film Strip");
+  EXPECT_EQ(browser.File1.Path(), "C:\\Media\\Card\\DCIM");
+  EXPECT_EQ(browser.PreviousList.Text(), "C:\\Media\\Card\\DCIM");
+  // A browser that is open already goes there.
+  run.person.Close(*run.person.Window("BrowseFolderLocationForm"));
+  ShowBrowser(run.main, BrowseMode::Show);
+  run.Wait(0.2);
+  Give(run, "C:\\Media\\Card");
+  run.Wait(0.2);
+  EXPECT_EQ(browser.SelectButton.Caption(), "Select Film Strip");
+  EXPECT_EQ(browser.File1.Path(), "C:\\Media\\Card\\DCIM");
+}
+
+TEST_F(GivenPathTest, AFolderWithPhotosOfItsOwnOrWithoutAnyIsTakenItself) {
+  drive.Write("C:\\Own\\a.bmp", BmpPhoto(8, 8));
+  drive.Write("C:\\Own\\DCIM\\100ABCDE\\a.bmp", BmpPhoto(8, 8));
+  drive.MakeFolder("C:\\Blank\\DCIM\\100ABCDE");
+  drive.MakeFolder("C:\\Bare");
+  ProgramRun& run = Started();
+  given_ = std::make_unique<GivenPath>(run.main);
+  for (const char* folder : {"C:\\Own", "C:\\Blank", "C:\\Bare", "C:\\Own\\DCIM"}) {
+    Give(run, folder);
+    EXPECT_EQ(run.main.strip.SrcFileList.Path(), folder);
+  }
+}
+
+TEST_F(GivenPathTest, APhotoThatGoesBeforeItsThumbnailIsLoadedIsWaitedForNoLonger) {
+  MakeCard(60);
+  ProgramRun& run = StartedWith(Photo(50));
+  ASSERT_LT(run.main.strip.SrcSlotCount, 50);
+  drive.Remove(Photo(50));
+  run.main.strip.SrcFileList.Refresh();
+  run.LoadAll();
+  run.Wait(0.2);
+  EXPECT_EQ(run.main.strip.SrcSlotCount, 59);
+  EXPECT_TRUE(given_->IsDone());
+}
+
+TEST_F(GivenPathTest, WhatIsEditedOutsideIsLookedAtNoLonger) {
+  MakeCard(2);
+  ProgramRun& run = StartedWith(Photo(1));
+  run.LoadAll();
+  drive.MakeFolder("C:\\Other");
+  run.main.preview.bPicEdited = true;
+  Give(run, "C:\\Other");
+  EXPECT_FALSE(run.main.preview.bPicEdited);
+}
+
 TEST_F(GivenPathTest, APhotoOfATypeThatIsNotShownIsNotSelectedButItsFolderIsTaken) {
   MakeCard(2);
   SavedState saved;
@@ -157,12 +291,19 @@ TEST_F(GivenPathTest, WhatIsNotThereIsToldAndTheProgramGoesOn) {
   run.Start();
   run.Wait(0.3);
   EXPECT_TRUE(run.main.strip.NoFilmStrip);
-  for (const char* path : {"C:\\", "no path", "Q:\\DCIM", "C:\\Home\\Nowhere\\a.jpg"}) {
-    if (std::string(path) == "C:\\") continue;
+  for (const char* path : {"no path", "Q:\\DCIM", "C:\\Home\\Nowhere\\a.jpg"}) {
     run.person.ExpectBox(NotSelected, "cannot be found or opened.");
     Give(run, path);
   }
   EXPECT_TRUE(run.main.Window.Visible());
+}
+
+TEST_F(GivenPathTest, TheRootOfADriveIsAFolderLikeAnyOther) {
+  drive.Write("C:\\a.bmp", BmpPhoto(8, 8));
+  ProgramRun& run = StartedWith("C:\\");
+  run.LoadAll();
+  EXPECT_EQ(run.main.strip.SrcFileList.Path(), "C:\\");
+  EXPECT_EQ(run.main.strip.SrcSlotCount, 1);
 }
 
 TEST_F(GivenPathTest, AFileThatIsNoPhotoIsTold) {
