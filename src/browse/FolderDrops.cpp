@@ -5,6 +5,7 @@
 #include "platform/controls/Toolkit.h"
 #include "platform/services/Files.h"
 #include "window/MainForm.h"
+#include "window/PreviewState.h"
 
 namespace pixorra {
 
@@ -24,6 +25,7 @@ std::vector<std::string> FoldersAmong(MainForm& main, const std::vector<std::str
 }  // namespace
 
 void DropOnFilmStrip(MainForm& main, const std::vector<std::string>& paths) {
+  main.preview.bPicEdited = false;
   const std::vector<std::string> folders = FoldersAmong(main, paths);
   if (!folders.empty() && MaySelectFilmStrip(main, folders.front())) SelectFilmStrip(main, folders.front());
 }

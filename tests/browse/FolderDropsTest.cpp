@@ -5,6 +5,7 @@
 #include "platform/controls/FileDrops.h"
 #include "platform/controls/Toolkit.h"
 #include "tests/browse/BrowseTest.h"
+#include "window/PreviewState.h"
 
 namespace pixorra {
 namespace {
@@ -20,9 +21,11 @@ class FolderDropsTest : public BrowseTest {
 
 TEST_F(FolderDropsTest, AFolderDroppedOntoTheStripBecomesIt) {
   const std::string folder = MakePhotos("C:\\Home\\Card", 3);
+  main.preview.bPicEdited = true;
   Drop(strip.SrcThumbsWindow, {folder});
   run.LoadAll();
   EXPECT_EQ(strip.SrcSlotCount, 3);
+  EXPECT_FALSE(main.preview.bPicEdited);
   EXPECT_EQ(strip.SrcFolderPath.Caption(), "Card");
   EXPECT_EQ(strip.PreviousList.List(0), folder);
   EXPECT_FALSE(IsOpen());
