@@ -11,6 +11,7 @@ namespace pixorra {
 namespace {
 
 constexpr std::string_view FileScheme = "file:";
+constexpr std::string_view ShareScheme = "smb://";
 
 // Control characters would break the line, and drive a terminal.
 std::string Printable(std::string_view text) {
@@ -23,6 +24,10 @@ std::string Printable(std::string_view text) {
 
 StartOptions Misuse(const std::string& problem) {
   return {.What = StartOptions::Wish::Misuse, .Problem = problem};
+}
+
+StartOptions NotHere(std::string_view address) {
+  return Misuse("not an address of a file here: " + Printable(address));
 }
 
 std::optional<int> HexDigit(char c) {
@@ -62,6 +67,18 @@ std::optional<std::string> PathOfAddress(std::string_view address) {
   return WithoutPercents(address.substr(0, address.find_first_of("?#")));
 }
 
+bool BeginsWith(std::string_view text, std::string_view scheme) {
+  return EqualIgnoringCase(text.substr(0, scheme.size()), scheme);
+}
+
+// Such as https://example.org.
+bool IsAddress(std::string_view text) {
+  const std::size_t end = text.find("://");
+  if (end == std::string_view::npos || end == 0) return false;
+  return text.substr(0, end).find_first_not_of("abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789+-.") ==
+         std::string_view::npos;
+}
+
 // A drive's or a server's, in the program's own spelling.
 bool IsProgramPath(std::string_view path) {
   return path.starts_with("\\\\") || (path.size() >= 2 && path[1] == ':' && (path.size() == 2 || path[2] == '\\'));
@@ -70,11 +87,15 @@ bool IsProgramPath(std::string_view path) {
 StartOptions StartWith(const std::string& argument, const std::string& workingFolder) {
   if (argument.empty()) return Misuse("the folder has no name");
   StartOptions options;
-  if (EqualIgnoringCase(std::string_view(argument).substr(0, FileScheme.size()), FileScheme)) {
+  if (BeginsWith(argument, FileScheme)) {
     const std::optional<std::string> path = PathOfAddress(argument);
-    if (!path) return Misuse("not an address of a file here: " + Printable(argument));
+    if (!path) return NotHere(argument);
     options.Path = *path;
-  } else if (argument.starts_with('/') || argument.find("://") != std::string::npos || IsProgramPath(argument)) {
+  } else if (BeginsWith(argument, ShareScheme)) {
+    options.Path = std::string(ShareScheme) + argument.substr(ShareScheme.size());
+  } else if (IsAddress(argument)) {
+    return NotHere(argument);
+  } else if (argument.starts_with('/') || IsProgramPath(argument)) {
     options.Path = argument;
   } else {
     options.Path = workingFolder + (workingFolder.ends_with('/') ? "" : "/") + argument;

@@ -64,6 +64,17 @@ TEST(StartOptionsTest, AnAddressThatIsNoFileHereIsRefused) {
     EXPECT_EQ(ProblemWith({address}), std::string("not an address of a file here: ") + address);
 }
 
+TEST(StartOptionsTest, AnAddressOfNoFileAndNoShareIsRefused) {
+  for (const char* address : {"http://x/y", "https://x", "sftp://far/photos", "mtp://Phone/", "x-y+z.1://a\nb"})
+    EXPECT_TRUE(ProblemWith({address}).starts_with("not an address of a file here: ")) << address;
+  EXPECT_EQ(PathGiven("SMB://server/share"), "smb://server/share");
+  // Names that only look a little like it.
+  EXPECT_EQ(PathGiven("a b://c"), "/home/anna/My photos/a b://c");
+  EXPECT_EQ(PathGiven("a/http://x"), "/home/anna/My photos/a/http://x");
+  EXPECT_EQ(PathGiven("./http://x"), "/home/anna/My photos/./http://x");
+  EXPECT_EQ(PathGiven("://x"), "/home/anna/My photos/://x");
+}
+
 TEST(StartOptionsTest, AfterTwoDashesEverythingIsAName) {
   const StartOptions options = OptionsOf({"--", "--help"});
   EXPECT_EQ(options.What, StartWish::Start);
