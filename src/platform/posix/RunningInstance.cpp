@@ -169,9 +169,9 @@ std::vector<std::string> RunningInstance::TakeCalls() const {
     if (call) {
       std::optional<std::string> message = IsOwnUser(call) ? Receive(call) : std::nullopt;
       if (!message) continue;
-      messages.push_back(std::move(*message));
+      // A caller that has given up has told its user that nothing was taken.
       const char answer = 1;
-      static_cast<void>(send(call.Get(), &answer, 1, MSG_NOSIGNAL));
+      if (send(call.Get(), &answer, 1, MSG_NOSIGNAL) == 1) messages.push_back(std::move(*message));
     } else if (errno != EINTR && errno != ECONNABORTED) {
       return messages;
     }

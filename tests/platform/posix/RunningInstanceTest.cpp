@@ -147,6 +147,13 @@ TEST_F(RunningInstanceTest, AFirstStartThatDoesNotAnswerIsGivenUp) {
     EXPECT_EQ(RunningInstance(Host("C:\\config")).CallFirst(0.05), RunningInstance::Outcome::Unanswered);
 }
 
+// Its user has been told that nothing was taken.
+TEST_F(RunningInstanceTest, ACallThatWasGivenUpIsNotHeardLater) {
+  const RunningInstance first(Host("C:\\config"));
+  EXPECT_EQ(RunningInstance(Host("C:\\config")).CallFirst(0.05, "/home"), RunningInstance::Outcome::Unanswered);
+  EXPECT_THAT(first.TakeCalls(), IsEmpty());
+}
+
 TEST_F(RunningInstanceTest, ALaterStartWhoseFirstEndsWithoutAnAnswerBecomesTheFirst) {
   auto first = std::make_unique<RunningInstance>(Host("C:\\config"));
   RunningInstance later(Host("C:\\config"));
