@@ -61,14 +61,13 @@ void SetCameraLocation(MainForm& main, const std::string& path) {
 
 void FollowCameraVolume(MainForm& main) {
   // Brings the drives' letters up to date.
-  static_cast<void>(main.host.volumes.Stamp());
+  const std::vector<PlaceOfVolume> volumes = main.host.volumes.List();
   std::string& location = main.strip.CameraLocation;
   const std::string identity = Kept(main, VolumeEntry);
   const std::string root = Kept(main, RootEntry);
   if (identity.empty() || location.empty()) return;
   const std::optional<std::string> folder = RememberedFolder(main, root);
   if (!folder) return;
-  const std::vector<PlaceOfVolume> volumes = main.host.volumes.List();
   const auto isIt = [&](const PlaceOfVolume& volume) { return volume.Identity == identity; };
   auto at = std::ranges::find_if(volumes, [&](const PlaceOfVolume& it) { return isIt(it) && it.Path == root; });
   if (at == volumes.end()) at = std::ranges::find_if(volumes, isIt);

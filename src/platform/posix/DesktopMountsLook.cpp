@@ -74,6 +74,10 @@ bool MayHang(const std::string& folder) {
 
 }  // namespace
 
+bool DesktopMountsLook::NeedsThread() const {
+  return !state_->Folder.empty() && MayHang(state_->Folder);
+}
+
 std::vector<std::string> DesktopMountsLook::Names(std::chrono::milliseconds patience) {
   State& state = *state_;
   if (state.Folder.empty()) return {};

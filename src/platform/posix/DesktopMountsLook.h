@@ -25,6 +25,8 @@ class DesktopMountsLook {
   // The names in it, in order. Where they do not come in time, and at once while an earlier look has no answer yet,
   // those of the last look that had one.
   std::vector<std::string> Names(std::chrono::milliseconds patience = Patience);
+  // As it is mounted now.
+  bool NeedsThread() const;
 
  private:
   struct State;

@@ -68,14 +68,28 @@ PlaceOfVolume VolumeOfDesktopMount(const std::string& folder) {
   return {};
 }
 
-PosixVolumes::PosixVolumes(const Environment& environment, std::shared_ptr<MappingSource> mapping)
+PosixVolumes::PosixVolumes(const Environment& environment, std::shared_ptr<MappingSource> mapping,
+                           std::chrono::milliseconds pause)
     : desktopMounts_(environment.RuntimeDir.empty() ? std::string() : environment.RuntimeDir + "/gvfs"),
       mapping_(std::move(mapping)),
       look_(desktopMounts_, mapping_->DesktopMounts()),
       mountInfo_(open(mountInfoFile, O_RDONLY | O_CLOEXEC)),
-      seen_(mapping_->DesktopMounts()) {}
+      seen_(mapping_->DesktopMounts()),
+      pause_(pause),
+      lookedAt_(std::chrono::steady_clock::now() - pause) {}
+
+void PosixVolumes::LookAtDesktopMounts() {
+  std::vector<std::string> names = look_.Names();
+  lookedAt_ = std::chrono::steady_clock::now();
+  if (names == seen_) return;
+  seen_ = std::move(names);
+  // A device that has come or gone is a drive that has.
+  mapping_->ReadAgain(seen_);
+  ++stamp_;
+}
 
 std::vector<PlaceOfVolume> PosixVolumes::List() {
+  LookAtDesktopMounts();
   const PathMapping& mapping = mapping_->Current();
   const std::vector<Mount> mounts = AllMounts();
   std::vector<PlaceOfVolume> volumes;
@@ -83,7 +97,7 @@ std::vector<PlaceOfVolume> PosixVolumes::List() {
     const bool ofDesktop = !desktopMounts_.empty() && volume.HostRoot.starts_with(desktopMounts_ + '/');
     if (!ofDesktop) volumes.push_back(PlaceOf(volume, mounts));
   }
-  for (const std::string& folder : look_.Names()) {
+  for (const std::string& folder : seen_) {
     PlaceOfVolume volume = VolumeOfDesktopMount(folder);
     const std::optional<std::string> path = mapping.ToProgram(desktopMounts_ + '/' + folder);
     if (volume.Label.empty() || !path) continue;
@@ -109,12 +123,10 @@ std::uint64_t PosixVolumes::Stamp() {
   // The kernel raises this once for each change since the last look.
   pollfd look{mountInfo_.Get(), POLLPRI, 0};
   const bool changed = mountInfo_ && poll(&look, 1, 0) > 0 && (look.revents & (POLLERR | POLLPRI)) != 0;
-  std::vector<std::string> names = look_.Names();
-  if (!changed && names == seen_) return stamp_;
-  // A device that has come or gone is a drive that has.
-  if (names != seen_) mapping_->ReadAgain(names);
-  seen_ = std::move(names);
-  return ++stamp_;
+  if (changed) ++stamp_;
+  const bool lately = std::chrono::steady_clock::now() - lookedAt_ < pause_;
+  if (changed || !lately || !look_.NeedsThread()) LookAtDesktopMounts();
+  return stamp_;
 }
 
 }  // namespace pixorra

@@ -1,6 +1,7 @@
 // Volumes by the kernel's list of mounts, and by the folder in which the desktop mounts shares and cameras.
 #pragma once
 
+#include <chrono>
 #include <memory>
 #include <string>
 #include <vector>
@@ -15,17 +16,26 @@ namespace pixorra {
 
 class PosixVolumes : public Volumes {
  public:
-  PosixVolumes(const Environment& environment, std::shared_ptr<MappingSource> mapping);
+  // Where the desktop's folder is a mount, each look at it takes a thread's time, and nothing says that it has changed:
+  // Stamp looks at it no more often than this. List always does.
+  static constexpr std::chrono::milliseconds PauseOfLooks{4000};
+
+  PosixVolumes(const Environment& environment, std::shared_ptr<MappingSource> mapping,
+               std::chrono::milliseconds pause = PauseOfLooks);
   std::vector<PlaceOfVolume> List() override;
   bool IsMountOfDesktop(const std::string& path) override;
   std::uint64_t Stamp() override;
 
  private:
+  void LookAtDesktopMounts();
+
   std::string desktopMounts_;  // host path, empty for none
   std::shared_ptr<MappingSource> mapping_;
   DesktopMountsLook look_;
   UniqueFd mountInfo_;
-  std::vector<std::string> seen_;  // what was mounted there at the last Stamp
+  std::vector<std::string> seen_;  // what was mounted there at the last look
+  std::chrono::milliseconds pause_;
+  std::chrono::steady_clock::time_point lookedAt_;
   std::uint64_t stamp_ = 1;
 };
 

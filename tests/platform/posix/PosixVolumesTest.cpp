@@ -85,6 +85,27 @@ TEST_F(PosixVolumesTest, StampFollowsTheKernelsMounts) {
   EXPECT_NE(volumes.Stamp(), before);
 }
 
+TEST_F(PosixVolumesTest, WhatTheDesktopMountsOnAMountIsLookedAtOnceInAWhileAndWhenItIsListed) {
+  const MemoryDisk gvfs(drive.HostPath("C:\\run\\gvfs"), "size=64k");
+  if (!gvfs.Mounted()) GTEST_SKIP() << "nothing can be mounted here";
+  PosixVolumes seldom(environment, mapping, std::chrono::hours(1));
+  PosixVolumes often(environment, mapping, std::chrono::milliseconds(0));
+  const std::uint64_t before = seldom.Stamp();
+  const std::uint64_t oftenBefore = often.Stamp();
+  Mount("smb-share:server=nas,share=photos");
+  EXPECT_EQ(seldom.Stamp(), before);
+  // The thread is given a moment, and may want more.
+  while (often.Stamp() == oftenBefore) std::this_thread::yield();
+  while (seldom.List().size() != 3) std::this_thread::yield();
+  EXPECT_NE(seldom.Stamp(), before);
+  // The kernel's word of a change leads to a look.
+  const std::uint64_t listed = seldom.Stamp();
+  Mount("smb-share:server=nas,share=videos");
+  const MemoryDisk card(drive.HostPath("C:\\media\\card"), "size=64k");
+  EXPECT_NE(seldom.Stamp(), listed);
+  EXPECT_EQ(seldom.List().size(), 4U);
+}
+
 TEST_F(PosixVolumesTest, AMountThatHangsHoldsNothingUpAndWhatWasThereCounts) {
   if (!HavePrivateMounts()) GTEST_SKIP() << "nothing can be mounted here";
   Mount("smb-share:server=nas,share=photos");
