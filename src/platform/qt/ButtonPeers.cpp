@@ -5,6 +5,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <algorithm>
+#include <functional>
 #include <vector>
 
 #include "platform/controls/Buttons.h"
@@ -40,10 +41,20 @@ class WholeButton final : public ButtonType {
   bool hitButton(const QPoint& at) const override { return this->rect().contains(at); }
 };
 
+// A screen reader sets a mark without a click. By a hand's click, and by what the model sets, both are the same again
+// when this runs.
+void WhenToggled(QAbstractButton& button, QObject* context, const std::function<void()>& look) {
+  QObject::connect(&button, &QAbstractButton::toggled, context,
+                   [context, look] { QMetaObject::invokeMethod(context, look, Qt::QueuedConnection); });
+}
+
 class CheckPeer final : public PeerOf<QCheckBox, CheckBox> {
  public:
   CheckPeer(QtBackend& backend, CheckBox& control) : PeerOf(backend, control, new WholeButton<QCheckBox>) {
     QObject::connect(&Widget(), &QCheckBox::clicked, Context(), [this] { Act([this] { Model().UserClicked(); }); });
+    WhenToggled(Widget(), Context(), [this] {
+      if (Widget().isChecked() != (Model().Value() != 0)) Act([this] { Model().UserClicked(); });
+    });
   }
 
  private:
@@ -62,6 +73,9 @@ class OptionPeer final : public PeerOf<QRadioButton, OptionButton> {
     group_.addButton(&Widget());
     Widget().setAutoExclusive(true);
     QObject::connect(&Widget(), &QRadioButton::clicked, Context(), [this] { Act([this] { Model().UserClicked(); }); });
+    WhenToggled(Widget(), Context(), [this] {
+      if (Widget().isChecked() != Model().Value()) Act([this] { Model().UserClicked(); });
+    });
   }
 
  private:

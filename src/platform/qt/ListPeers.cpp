@@ -1,6 +1,7 @@
 // List boxes and drop-down lists as widgets.
 #include <QComboBox>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPainter>
@@ -84,6 +85,12 @@ class ListPeer final : public PeerOf<QListWidget, ListBox> {
       if (row < 0 || !Knows(row)) return;
       Act([this, row] { Model().UserChose(row); });
     });
+    // A screen reader selects an entry without moving there. A hand does both, one after the other.
+    QObject::connect(&Widget(), &QListWidget::itemSelectionChanged, Context(), [this] {
+      if (!Mirroring())
+        QMetaObject::invokeMethod(
+            Context(), [this] { GoToSelected(); }, Qt::QueuedConnection);
+    });
   }
   // The widget lives a little longer.
   ~ListPeer() override {
@@ -93,6 +100,10 @@ class ListPeer final : public PeerOf<QListWidget, ListBox> {
   ListPeer& operator=(const ListPeer&) = delete;
 
  private:
+  void GoToSelected() {
+    const QList<QListWidgetItem*> selected = Widget().selectedItems();
+    if (selected.size() == 1) Widget().setCurrentItem(selected.first());
+  }
   // The entry that a person sees there is the model's.
   bool Knows(int row) const {
     return row < Model().ListCount() && Widget().item(row)->text() == ToQString(Model().List(row));
@@ -133,6 +144,7 @@ class ComboPeer final : public PeerOf<QComboBox, ComboBox> {
   ComboPeer(QtBackend& backend, ComboBox& control) : PeerOf(backend, control, new QComboBox) {
     Widget().setEditable(control.Editable());
     Widget().setInsertPolicy(QComboBox::NoInsert);
+    NameForHelpers();
     QObject::connect(&Widget(), &QComboBox::activated, Context(), [this](int index) {
       if (!Knows(index)) return;
       Act([this, index] { Model().UserChose(index); });
@@ -141,9 +153,32 @@ class ComboPeer final : public PeerOf<QComboBox, ComboBox> {
     Widget().setCompleter(nullptr);
     QObject::connect(Widget().lineEdit(), &QLineEdit::textEdited, Context(),
                      [this](const QString& text) { Act([this, typed = ToUtf8(text)] { Model().UserTyped(typed); }); });
+    // A screen reader writes without typing. After a choice, as after what is typed, the model has the text when this
+    // runs.
+    QObject::connect(Widget().lineEdit(), &QLineEdit::textChanged, Context(), [this] {
+      if (!Mirroring())
+        QMetaObject::invokeMethod(
+            Context(), [this] { TakeWritten(); }, Qt::QueuedConnection);
+    });
   }
+  ~ComboPeer() override { delete label_; }
+  ComboPeer(const ComboPeer&) = delete;
+  ComboPeer& operator=(const ComboPeer&) = delete;
 
  private:
+  // To them a list's own name is what is chosen in it, and what it is for is its label.
+  void NameForHelpers() {
+    const QString name = ToQString(Model().AccessibleName());
+    if (name.isEmpty()) return;
+    label_ = new QLabel(name, Widget().parentWidget());
+    label_->hide();
+    label_->setBuddy(&Widget());
+    if (Widget().lineEdit() != nullptr) Widget().lineEdit()->setAccessibleName(name);
+  }
+  void TakeWritten() {
+    const std::string text = ToUtf8(Widget().lineEdit()->text());
+    if (text != Model().Text()) Act([this, text] { Model().UserTyped(text); });
+  }
   // Enter is for the program: the widget would take it for a choice of the entry of that text.
   bool OwnKey(const QKeyEvent& event) override {
     return Widget().isEditable() && (event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter);
@@ -175,6 +210,8 @@ class ComboPeer final : public PeerOf<QComboBox, ComboBox> {
     if (line.text() != text) line.setText(text);
     if (cursor >= 0 && line.cursorPosition() != cursor) line.setCursorPosition(cursor);
   }
+
+  QPointer<QLabel> label_;
 };
 
 }  // namespace

@@ -18,6 +18,7 @@ QString MenuText(const MenuItem& item) {
 MenuView::MenuView(QtBackend& backend, MenuItem& menu, Raises raises, QWidget* parent)
     : QMenu(parent), backend_(backend), menu_(menu), chosen_(std::make_shared<Chosen>()) {
   setObjectName(ToQString(menu.Name()));
+  setAccessibleName(ToQString(menu.Caption()).remove(QLatin1Char('&')));
   setLayoutDirection(Qt::LeftToRight);  // as the form's window; a menu does not have it from there
   QObject::connect(this, &QMenu::aboutToShow, this, [this, raises] {
     if (raises == Raises::Self) {

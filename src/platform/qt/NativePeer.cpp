@@ -47,6 +47,14 @@ bool IsVisibleOnForm(const Control& control) {
   return true;
 }
 
+// What is said of a control beside its name: its tool tip or, where it is one of several in a frame, what that is
+// about.
+std::string SpokenBeside(const Control& control) {
+  const Container* outer = control.GetContainer();
+  if (!control.ToolTipText().empty() || outer->GetKind() != Kind::Frame) return control.ToolTipText();
+  return static_cast<const Frame*>(outer)->Caption();
+}
+
 bool IsEnabledOnForm(const Control& control) {
   for (const Control* outer = &control; outer->GetContainer() != nullptr; outer = outer->GetContainer()) {
     if (!outer->Enabled()) return false;
@@ -95,7 +103,7 @@ void NativePeer::Update(Change change) {
       ApplyVisible();
       break;
     case Change::Focus:
-      widget_->setFocus(Qt::OtherFocusReason);
+      GiveFocus();
       break;
     case Change::Look:
       ApplyLook();
@@ -123,7 +131,13 @@ void NativePeer::ApplyVisible() {
   if (!visible || !enabled) widget_->clearFocus();
   widget_->setEnabled(enabled);
   widget_->setVisible(visible);
-  if (control_.HasFocus() && visible) widget_->setFocus(Qt::OtherFocusReason);
+  if (control_.HasFocus() && visible) GiveFocus();
+}
+
+void NativePeer::GiveFocus() {
+  givingFocus_ = true;
+  widget_->setFocus(Qt::OtherFocusReason);
+  givingFocus_ = false;
 }
 
 // Those in a coloured frame take its colours. On dark ground a mark stands dark on a field as light as the text: a
@@ -163,7 +177,7 @@ void NativePeer::ApplyColours() {
 void NativePeer::ApplyLook() {
   ApplyColours();
   widget_->setToolTip(ToToolTip(control_.ToolTipText()));
-  widget_->setAccessibleDescription(ToQString(control_.ToolTipText()));
+  widget_->setAccessibleDescription(ToQString(SpokenBeside(control_)));
   if (!control_.AccessibleName().empty()) widget_->setAccessibleName(ToQString(control_.AccessibleName()));
   if (control_.ZOrder() == z_) return;
   if (control_.ZOrder() > z_) {
@@ -252,6 +266,10 @@ void NativePeer::FocusTaken(Qt::FocusReason reason) {
     case Qt::TabFocusReason:
     case Qt::BacktabFocusReason:
     case Qt::ShortcutFocusReason:
+      break;
+    case Qt::OtherFocusReason:
+      // A screen reader's wish, where it is not the model's.
+      if (givingFocus_) return;
       break;
     default:
       return;

@@ -7,6 +7,7 @@
 #include <QInputDialog>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QScreen>
@@ -111,6 +112,8 @@ std::string QtDialogs::InputBox(const std::string& prompt, const std::string& ti
   box->setWindowTitle(ToQString(title));
   box->setLabelText(ToLines(prompt).toHtmlEscaped().replace(QLatin1Char('\n'), QLatin1String("<br>")));
   box->setTextValue(ToQString(present));
+  // Its label is read as marked up otherwise.
+  if (auto* line = box->findChild<QLineEdit*>()) line->setAccessibleName(ToLines(prompt));
   return owned.Run(backend_) ? ToUtf8(box->textValue()) : std::string();
 }
 

@@ -27,7 +27,8 @@ int ToBytes(const QString& text, int units) {
 class LinePeer final : public PeerOf<QLineEdit, TextBox> {
  public:
   LinePeer(QtBackend& backend, TextBox& control) : PeerOf(backend, control, new QLineEdit) {
-    QObject::connect(&Widget(), &QLineEdit::textEdited, Context(), [this](const QString& text) {
+    // Not textEdited: what a screen reader writes is a person's text too.
+    QObject::connect(&Widget(), &QLineEdit::textChanged, Context(), [this](const QString& text) {
       Act([this, typed = ToUtf8(text)] { Model().UserTyped(typed, From()); });
     });
     QObject::connect(&Widget(), &QLineEdit::selectionChanged, Context(), [this] { Selected(); });
