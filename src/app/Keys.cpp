@@ -25,37 +25,6 @@ bool IsNoCommand(const MainForm& main) {
   return IsFolderBeingRenamed(main.desk) || main.host.toolkit.IsTextTyped(main.Window);
 }
 
-// The slot of the strip whose photo is selected; 0 for none.
-int SlotSelected(const FilmStripState& strip) {
-  if (!strip.SrcThumbFrame.Visible()) return 0;
-  const int slot = SelectedSlot(strip);
-  const bool there = slot >= 1 && strip.SrcThumbnail.IsLoaded(slot) && strip.SrcThumbnail(slot).Visible();
-  return there && !PhotoOf(strip, slot).empty() ? slot : 0;
-}
-
-// As if the photo had been dragged there: the drop goes to the folder's own target.
-void DropOnSlot(MainForm& main, int folder) {
-  const int slot = SlotSelected(main.strip);
-  if (slot == 0 || !IsSlotInUse(main.desk, folder)) {
-    main.host.dialogs.Beep();
-    return;
-  }
-  ImageBox& photo = main.strip.SrcThumbnail(slot);
-  const bool onPreview = folder != TrashcanSlot && main.desk.DestFolderPreview(folder).Visible();
-  ImageBox& target = onPreview ? main.desk.DestFolderPreview(folder) : main.desk.DestFolder(folder);
-  Raise(target.On().DragDrop, static_cast<Control&>(target), DragArgs{photo});
-}
-
-// As a double click on the photo's frame.
-void ToggleMark(MainForm& main) {
-  const int slot = SlotSelected(main.strip);
-  if (slot == 0) {
-    main.host.dialogs.Beep();
-  } else {
-    SrcBackground_DblClick(main, slot);
-  }
-}
-
 // Keys that need neither a selection nor a focus; false where the key is none of them.
 bool RunCommand(MainForm& main, int keyCode, int shift) {
   if (keyCode == key::F1 && shift == AllShiftKeys) {
@@ -69,17 +38,50 @@ bool RunCommand(MainForm& main, int keyCode, int shift) {
   }
   // With the Shift key too: there are keyboards that make their digits so.
   if (keyCode >= '1' && keyCode <= '9' && (shift & ~shift::Shift) == 0) {
-    DropOnSlot(main, keyCode - '0');
+    DropSelected(main, keyCode - '0');
     return true;
   }
   if (keyCode == key::Insert && shift == shift::None) {
-    ToggleMark(main);
+    ToggleMarkOfSelected(main);
     return true;
   }
   return false;
 }
 
 }  // namespace
+
+int SlotSelected(const FilmStripState& strip) {
+  if (!strip.SrcThumbFrame.Visible()) return 0;
+  const int slot = SelectedSlot(strip);
+  const bool there = slot >= 1 && strip.SrcThumbnail.IsLoaded(slot) && strip.SrcThumbnail(slot).Visible();
+  return there && !PhotoOf(strip, slot).empty() ? slot : 0;
+}
+
+void DropOnTarget(MainForm& main, int folder, Control& source) {
+  DesktopState& desk = main.desk;
+  if (!IsSlotInUse(desk, folder)) return;
+  const bool onPreview = folder != TrashcanSlot && desk.DestFolderPreview(folder).Visible();
+  ImageBox& target = onPreview ? desk.DestFolderPreview(folder) : desk.DestFolder(folder);
+  Raise(target.On().DragDrop, static_cast<Control&>(target), DragArgs{source});
+}
+
+void DropSelected(MainForm& main, int folder) {
+  const int slot = SlotSelected(main.strip);
+  if (slot == 0 || !IsSlotInUse(main.desk, folder)) {
+    main.host.dialogs.Beep();
+    return;
+  }
+  DropOnTarget(main, folder, main.strip.SrcThumbnail(slot));
+}
+
+void ToggleMarkOfSelected(MainForm& main) {
+  const int slot = SlotSelected(main.strip);
+  if (slot == 0) {
+    main.host.dialogs.Beep();
+  } else {
+    SrcBackground_DblClick(main, slot);
+  }
+}
 
 void Form_KeyDown(MainForm& main, int& keyCode, int shift) {
   if (IsNoCommand(main)) return;

@@ -1,6 +1,9 @@
 // What screen readers say of the main window's controls, beyond their captions and tool tips.
+#include "app/Keys.h"
+#include "app/SpokenActions.h"
 #include "app/Wiring.h"
 #include "base/ShownNames.h"
+#include "platform/runtime/Errors.h"
 #include "platform/runtime/Text.h"
 #include "window/DesktopState.h"
 #include "window/FilmStripState.h"
@@ -20,6 +23,28 @@ std::string Nothing(const Control&) {
   return {};
 }
 
+// Among those that are shown: the Remaining view leaves some out.
+PlaceAmong PlaceInStrip(const FilmStripState& strip, const Control& photo) {
+  PlaceAmong place{.Count = strip.SrcShownCount, .Chosen = SlotSelected(strip) == photo.Index()};
+  for (int slot = 1; slot <= photo.Index(); ++slot) {
+    if (strip.SrcThumbnail.IsLoaded(slot) && strip.SrcThumbnail(slot).Visible()) ++place.Place;
+  }
+  return place;
+}
+
+// The cell of the open folder whose photo is selected; 0 for none.
+int CellSelected(const DesktopState& desk) {
+  if (!desk.DestThumbFrame.Visible()) return 0;
+  const int cell = OrElse(0, [&] { return SelectedCell(desk); });
+  return cell >= 1 && cell <= desk.DestSlotCount ? cell : 0;
+}
+
+Control* SelectedThumbnail(MainForm& main) {
+  if (const int slot = SlotSelected(main.strip)) return &main.strip.SrcThumbnail(slot);
+  const int cell = CellSelected(main.desk);
+  return cell != 0 ? &main.desk.DestThumbnail(cell) : nullptr;
+}
+
 void SpeakStrip(MainForm& main) {
   FilmStripState& strip = main.strip;
   const auto marked = [&strip](const Control& of) { return !strip.SrcThumbName(of.Index()).Tag().empty(); };
@@ -27,13 +52,8 @@ void SpeakStrip(MainForm& main) {
     const std::string name = NameOfPhoto(main, photo.Tag());
     return name.empty() ? name : name + (marked(photo) ? ", dragged" : ", not dragged");
   });
-  Connect(strip.SrcBackground.On().SpokenName, [&main](const Control& frame) {
-    const std::string name = NameOfPhoto(main, main.strip.SrcThumbnail(frame.Index()).Tag());
-    return name.empty() ? name : "Frame of " + name;
-  });
-  Connect(strip.SrcBackground.On().SpokenDescription, [marked](const Control& frame) {
-    return std::string(marked(frame) ? "Double-Click to Recover Photo" : "Double-Click to Discard Photo");
-  });
+  Connect(strip.SrcThumbnail.On().SpokenPlace, [&strip](const Control& photo) { return PlaceInStrip(strip, photo); });
+  Connect(strip.SrcBackground.On().SpokenName, Nothing);
   Connect(strip.SrcThumbName.On().SpokenName, Nothing);
   strip.SrcScrollbar.SetAccessibleName("Film Strip");
 }
@@ -61,6 +81,9 @@ void SpeakFolders(MainForm& main) {
 void SpeakPhotos(MainForm& main) {
   Connect(main.desk.DestThumbnail.On().SpokenName,
           [&main](const Control& photo) { return NameOfPhoto(main, photo.Tag()); });
+  Connect(main.desk.DestThumbnail.On().SpokenPlace, [&main](const Control& photo) {
+    return PlaceAmong{photo.Index(), main.desk.DestSlotCount, CellSelected(main.desk) == photo.Index()};
+  });
   Connect(main.desk.DestThumbName.On().SpokenName, Nothing);
   main.desk.DestScrollbar.SetAccessibleName("Open Folder");
   Connect(main.preview.PicPreview.On().SpokenName, [&main](const Control& pane) {
@@ -74,6 +97,8 @@ void ConnectSpoken(MainForm& main) {
   SpeakStrip(main);
   SpeakFolders(main);
   SpeakPhotos(main);
+  Connect(main.Window.On().SpokenChoice, [&main](const Control&) { return SelectedThumbnail(main); });
+  ConnectSpokenActions(main);
 }
 
 }  // namespace pixorra

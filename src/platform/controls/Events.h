@@ -87,6 +87,20 @@ struct FilesArgs {
   double Y = 0;
 };
 
+// The place of a photo, or the like, among its own kind: from 1, of so many. Chosen: it is what the keys act on.
+struct PlaceAmong {
+  int Place = 0;
+  int Count = 0;
+  bool Chosen = false;
+};
+
+// What can be done with a control, by a name that says it; Keys: what does the same by keyboard, empty for none.
+struct NamedAction {
+  std::string Name;
+  std::string Keys;
+  std::function<void()> Run;
+};
+
 // One set of handlers serves a control, or all elements of a control array; the element's Index says which.
 struct Events {
   std::function<void(Control&)> Click;
@@ -117,6 +131,12 @@ struct Events {
   // wanted, so that thousands of them cost nothing.
   std::function<std::string(const Control&)> SpokenName;
   std::function<std::string(const Control&)> SpokenDescription;
+  // An entry of a list, to a screen reader, and where in it.
+  std::function<PlaceAmong(const Control&)> SpokenPlace;
+  // What a screen reader offers to do with it beside a press, such as what a drag does by hand.
+  std::function<std::vector<NamedAction>(const Control&)> SpokenActions;
+  // Forms: the control that the keys act on where the focus is on another; null for none. A screen reader follows it.
+  std::function<Control*(const Control&)> SpokenChoice;
 };
 
 // Gives an event its handler. An event has one: raises std::logic_error, which names the place, where it has one

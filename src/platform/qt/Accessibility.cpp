@@ -1,25 +1,44 @@
 #include "platform/qt/Accessibility.h"
 
+#include <QAbstractSlider>
 #include <QAccessibleWidget>
+#include <algorithm>
 #include <map>
 #include <vector>
 
 #include "platform/controls/Form.h"
 #include "platform/controls/Painting.h"
 #include "platform/controls/Toolkit.h"
+#include "platform/qt/BarAccessible.h"
 #include "platform/qt/ClientArea.h"
 #include "platform/qt/FormPeer.h"
 #include "platform/qt/LightAccessible.h"
 #include "platform/qt/QtBackend.h"
+#include "platform/qt/TreeAccessible.h"
+#include "platform/qt/WindowAccessible.h"
 
 namespace pixorra {
 
 namespace {
 
+// What was last said of a control.
+struct Said {
+  Watch<Control> Of;
+  QString Name;
+};
+
+// Where a control array was met first, its elements follow in their order: they are painted the other way round.
+void PutInOrder(std::vector<Control*>& controls) {
+  std::map<const Events*, std::size_t> met;
+  for (std::size_t i = 0; i < controls.size(); ++i) met.try_emplace(&controls[i]->On(), i);
+  std::ranges::stable_sort(
+      controls, {}, [&met](const Control* control) { return std::pair(met.at(&control->On()), control->Index()); });
+}
+
 // Widgets come first, then the light controls in the order in which they are painted.
 class ClientAccessible final : public QAccessibleWidget {
  public:
-  explicit ClientAccessible(ClientArea& client) : QAccessibleWidget(&client, QAccessible::Client), client_(client) {}
+  explicit ClientAccessible(ClientArea& client) : QAccessibleWidget(&client, QAccessible::Pane), client_(client) {}
   ~ClientAccessible() override {
     for (const auto& [control, id] : children_) QAccessible::deleteAccessibleInterface(id);
   }
@@ -70,7 +89,30 @@ class ClientAccessible final : public QAccessibleWidget {
     return made;
   }
 
+  void TellFocused(Control& control) const { Tell(control, QAccessible::Focus); }
+
+  // A choice that moves is told as the focus is, unless that is elsewhere; so is a name that changes under either.
+  void Follow() {
+    FormPeer* peer = client_.GetPeer();
+    if (peer == nullptr) return;
+    const Form& form = peer->GetForm();
+    Control* focus = peer->GetBackend().GetToolkit().Focus();
+    const bool light = focus != nullptr && &focus->GetForm() == &form && !focus->IsNative() && focus != &form;
+    Follow(focus_, light ? focus : nullptr, false);
+    Follow(choice_, form.On().SpokenChoice ? form.On().SpokenChoice(form) : nullptr, client_.isActiveWindow());
+  }
+
  private:
+  void Follow(Said& said, Control* control, bool asFocus) {
+    const bool same = control != nullptr && said.Of.Get() == control;
+    const QString name = control != nullptr ? SpokenName(*control) : QString();
+    const bool renamed = same && said.Name != name;
+    said = {Watch<Control>::Of(control), name};
+    if (control == nullptr || name.isEmpty()) return;
+    if (renamed) Tell(*control, QAccessible::NameChanged);
+    if (!same && asFocus) Tell(*control, QAccessible::Focus);
+  }
+
   int Widgets() const { return QAccessibleWidget::childCount(); }
 
   // Those out of sight are left out: there may be tens of thousands of them.
@@ -82,29 +124,27 @@ class ClientAccessible final : public QAccessibleWidget {
       if (item.Clip.IsEmpty() || TraitsOf(item.Source->GetKind()).Spoken == SpokenAs::Nothing) continue;
       if (!SpokenName(*item.Source).isEmpty()) spoken.push_back(const_cast<Control*>(item.Source));
     }
+    PutInOrder(spoken);
     return spoken;
   }
 
-  ClientArea& client_;
-  mutable std::map<const Control*, QAccessible::Id> children_;
-};
-
-class WindowAccessible final : public QAccessibleWidget {
- public:
-  explicit WindowAccessible(FormWindow& window) : QAccessibleWidget(&window, QAccessible::Window), window_(window) {}
-
-  QAccessible::Role role() const override {
-    const FormPeer* peer = window_.GetPeer();
-    return peer != nullptr && peer->GetForm().Owner() != nullptr ? QAccessible::Dialog : QAccessible::Window;
+  void Tell(Control& control, QAccessible::Event what) const {
+    QAccessibleEvent event(InterfaceOf(control), what);
+    QAccessible::updateAccessibility(&event);
   }
 
- private:
-  FormWindow& window_;
+  ClientArea& client_;
+  Said choice_;
+  Said focus_;
+  mutable std::map<const Control*, QAccessible::Id> children_;
 };
 
 QAccessibleInterface* MakeAccessible(const QString&, QObject* object) {
   if (auto* client = dynamic_cast<ClientArea*>(object)) return new ClientAccessible(*client);
   if (auto* window = dynamic_cast<FormWindow*>(object)) return new WindowAccessible(*window);
+  if (auto* tree = dynamic_cast<TreeWidget*>(object)) return new TreeAccessible(*tree);
+  auto* bar = qobject_cast<QAbstractSlider*>(object);
+  if (bar != nullptr && dynamic_cast<ClientArea*>(bar->parent()) != nullptr) return new BarAccessible(*bar);
   return nullptr;
 }
 
@@ -113,9 +153,19 @@ QAccessibleInterface* MakeAccessible(const QString&, QObject* object) {
 void TellFocused(ClientArea& client, Control& control) {
   if (!QAccessible::isActive()) return;
   const auto* area = dynamic_cast<ClientAccessible*>(QAccessible::queryAccessibleInterface(&client));
-  if (area == nullptr) return;
-  QAccessibleEvent event(area->InterfaceOf(control), QAccessible::Focus);
+  if (area != nullptr) area->TellFocused(control);
+}
+
+void TellRenamed(FormWindow& window) {
+  if (!QAccessible::isActive()) return;
+  QAccessibleEvent event(&window, QAccessible::NameChanged);
   QAccessible::updateAccessibility(&event);
+}
+
+void FollowSpoken(ClientArea& client) {
+  if (!QAccessible::isActive()) return;
+  auto* area = dynamic_cast<ClientAccessible*>(QAccessible::queryAccessibleInterface(&client));
+  if (area != nullptr) area->Follow();
 }
 
 void InstallAccessibility() {

@@ -153,7 +153,7 @@ void FormPeer::Flush() {
   }
   if (menuChanged_) SyncMenus();
   window_->ShowMenuBar(form_.HasMenuBar());
-  window_->setWindowTitle(ToQString(form_.Caption()));
+  ApplyTitle();
   if (placeChanged_ && form_.Visible()) {
     placeChanged_ = false;
     ApplyFrame();
@@ -163,6 +163,14 @@ void FormPeer::Flush() {
   ApplyVisible();
   if (!outdated_.isEmpty()) Client().update(outdated_);
   outdated_ = {};
+  FollowSpoken(Client());
+}
+
+void FormPeer::ApplyTitle() {
+  const QString title = ToQString(form_.Caption());
+  if (title == window_->windowTitle()) return;
+  window_->setWindowTitle(title);
+  TellRenamed(*window_);
 }
 
 void FormPeer::SyncMenus() {

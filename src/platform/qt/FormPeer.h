@@ -46,6 +46,7 @@ class FormPeer final : public Peer, public Pending {
   bool KeyPressed(QKeyEvent& event);
 
  private:
+  void ApplyTitle();
   void ApplyFrame();
   void ApplyOwner();
   void ApplyState();

@@ -41,11 +41,18 @@ std::optional<QPoint> PointOn(Toolkit& toolkit, Control& control) {
   return std::nullopt;
 }
 
+// ", 12 of 345" for an entry of a list.
+QString PlaceText(const Control& control) {
+  if (!control.On().SpokenPlace) return {};
+  const PlaceAmong place = control.On().SpokenPlace(control);
+  return place.Place == 0 ? QString() : QStringLiteral(", %1 of %2").arg(place.Place).arg(place.Count);
+}
+
 }  // namespace
 
 QString LightAccessible::text(QAccessible::Text what) const {
   if (!isValid()) return {};
-  if (what == QAccessible::Name) return SpokenName(*control_.Get());
+  if (what == QAccessible::Name) return SpokenName(*control_.Get()) + PlaceText(*control_.Get());
   if (what == QAccessible::Description) {
     const Events& events = control_->On();
     return ToQString(events.SpokenDescription ? events.SpokenDescription(*control_.Get()) : control_->ToolTipText());
@@ -64,11 +71,29 @@ bool LightAccessible::CanBePressed() const {
   return control_->AutomaticDrag() || events.Click || events.MouseDown || events.DblClick;
 }
 
+// A text that takes a press as all of its window does: it is there to be read.
+bool LightAccessible::IsText() const {
+  if (TraitsOf(control_->GetKind()).Spoken != SpokenAs::Text) return false;
+  const Events& own = control_->On();
+  const Events& all = control_->GetForm().On();
+  return (!own.Click || all.Click) && (!own.MouseDown || all.MouseDown) && (!own.DblClick || all.DblClick);
+}
+
+bool LightAccessible::IsChosen() const {
+  const Form& form = control_->GetForm();
+  return form.On().SpokenChoice && form.On().SpokenChoice(form) == control_.Get();
+}
+
+std::vector<NamedAction> LightAccessible::OwnActions() const {
+  return control_->On().SpokenActions ? control_->On().SpokenActions(*control_.Get()) : std::vector<NamedAction>();
+}
+
 QAccessible::Role LightAccessible::role() const {
   if (!isValid()) return QAccessible::NoRole;
   const SpokenAs spoken = TraitsOf(control_->GetKind()).Spoken;
   if (spoken == SpokenAs::Group) return QAccessible::Grouping;
-  if (CanBePressed()) return QAccessible::Button;
+  if (control_->On().SpokenPlace) return QAccessible::ListItem;
+  if (CanBePressed() && !IsText()) return QAccessible::Button;
   return spoken == SpokenAs::Text ? QAccessible::StaticText : QAccessible::Graphic;
 }
 
@@ -78,8 +103,12 @@ QAccessible::State LightAccessible::state() const {
     state.invalid = true;
     return state;
   }
-  state.focusable = CanBePressed();
-  state.focused = control_->HasFocus();
+  state.focusable = CanBePressed() && !IsText();
+  state.focused = control_->HasFocus() || IsChosen();
+  if (control_->On().SpokenPlace) {
+    state.selectable = true;
+    state.selected = control_->On().SpokenPlace(*control_.Get()).Chosen;
+  }
   state.disabled = !control_->Enabled();
   state.invisible = !control_->IsShown() || control_->ShownRect().IsEmpty();
   return state;
@@ -90,13 +119,39 @@ void* LightAccessible::interface_cast(QAccessible::InterfaceType type) {
 }
 
 QStringList LightAccessible::actionNames() const {
-  if (!isValid() || !control_->Enabled() || !CanBePressed()) return {};
-  return {pressAction()};
+  if (!isValid() || !control_->Enabled()) return {};
+  QStringList names;
+  if (CanBePressed()) names.append(pressAction());
+  for (const NamedAction& action : OwnActions()) names.append(ToQString(action.Name));
+  return names;
+}
+
+QStringList LightAccessible::keyBindingsForAction(const QString& name) const {
+  if (!isValid()) return {};
+  for (const NamedAction& action : OwnActions()) {
+    if (ToQString(action.Name) == name && !action.Keys.empty()) return {ToQString(action.Keys)};
+  }
+  return {};
+}
+
+// Neither is done below a modal form. The control may be gone afterwards, and this with it.
+void LightAccessible::doAction(const QString& name) {
+  if (!actionNames().contains(name)) return;
+  if (name == pressAction()) {
+    Press();
+    return;
+  }
+  FormPeer* peer = FormPeerOf(*control_.Get());
+  if (peer == nullptr || !peer->GetBackend().GetToolkit().TakesInput(peer->GetForm())) return;
+  for (const NamedAction& action : OwnActions()) {
+    if (ToQString(action.Name) != name) continue;
+    peer->GetBackend().Dispatch(action.Run);
+    return;
+  }
 }
 
 // As a hand would press it.
-void LightAccessible::doAction(const QString& name) {
-  if (name != pressAction() || !isValid()) return;
+void LightAccessible::Press() {
   FormPeer* peer = FormPeerOf(*control_.Get());
   if (peer == nullptr) return;
   QtBackend& backend = peer->GetBackend();

@@ -4,6 +4,7 @@
 #include <QAccessible>
 #include <QAccessibleActionInterface>
 #include <QPointer>
+#include <vector>
 
 #include "platform/controls/Control.h"
 #include "platform/qt/ClientArea.h"
@@ -32,10 +33,14 @@ class LightAccessible final : public QAccessibleInterface, public QAccessibleAct
 
   QStringList actionNames() const override;
   void doAction(const QString& name) override;
-  QStringList keyBindingsForAction(const QString&) const override { return {}; }
+  QStringList keyBindingsForAction(const QString& name) const override;
 
  private:
   bool CanBePressed() const;
+  bool IsText() const;
+  bool IsChosen() const;
+  std::vector<NamedAction> OwnActions() const;
+  void Press();
 
   QPointer<ClientArea> client_;
   Watch<Control> control_;

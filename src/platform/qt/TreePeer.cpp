@@ -3,8 +3,9 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QScrollBar>
-#include <QTreeWidget>
 #include <algorithm>
+#include <string>
+#include <utility>
 #include <vector>
 
 #include "platform/controls/TreeView.h"
@@ -12,6 +13,7 @@
 #include "platform/qt/NativePeer.h"
 #include "platform/qt/NativePeers.h"
 #include "platform/qt/QtBackend.h"
+#include "platform/qt/TreeWidget.h"
 
 namespace pixorra {
 
@@ -63,9 +65,9 @@ class TreeIcons {
   std::vector<Made> made_;
 };
 
-class TreePeer final : public PeerOf<QTreeWidget, TreeView> {
+class TreePeer final : public PeerOf<TreeWidget, TreeView> {
  public:
-  TreePeer(QtBackend& backend, TreeView& control) : PeerOf(backend, control, new QTreeWidget), icons_(backend) {
+  TreePeer(QtBackend& backend, TreeView& control) : PeerOf(backend, control, new TreeWidget(control)), icons_(backend) {
     Widget().setHeaderHidden(true);
     Widget().setColumnCount(1);
     // The one column is as wide as the longest text near those on show, and a bar appears where that is wider than the
@@ -87,9 +89,22 @@ class TreePeer final : public PeerOf<QTreeWidget, TreeView> {
         if (TreeView::Node* node = Model().Find(key)) Model().UserSelected(*node);
       });
     });
+    ServeHelpers();
   }
+  // The widget lives a little longer.
+  ~TreePeer() override { Widget().Choose = {}, Widget().Open = {}, Widget().ItemOf = {}, Widget().NodeOf = {}; }
+  TreePeer(const TreePeer&) = delete;
+  TreePeer& operator=(const TreePeer&) = delete;
 
  private:
+  void ServeHelpers() {
+    Widget().Choose = [this](TreeView::Node& node) { Act([this, &node] { Model().UserSelected(node); }); };
+    Widget().Open = [this](TreeView::Node& node, bool open) {
+      Act([this, &node, open] { Model().UserExpanded(node, open); });
+    };
+    Widget().ItemOf = [this](const TreeView::Node& node) { return ItemOf(node); };
+    Widget().NodeOf = [this](const QTreeWidgetItem& item) { return Model().Find(KeyOf(item)); };
+  }
   void Opened(const QTreeWidgetItem& item, bool expanded) {
     if (Mirroring()) return;
     // The widget is to follow the model again, also where the model has not moved.
@@ -124,6 +139,8 @@ class TreePeer final : public PeerOf<QTreeWidget, TreeView> {
     }
     QTreeWidgetItem* current = Model().Selected() != nullptr ? ItemOf(*Model().Selected()) : nullptr;
     if (Widget().currentItem() != current) Widget().setCurrentItem(current);
+    const std::string selected = Model().Selected() != nullptr ? Model().Selected()->Key() : std::string();
+    if (std::exchange(told_, selected) != selected) Widget().TellSelected();
     if (revealed_ == Model().Reveals()) return;
     revealed_ = Model().Reveals();
     if (const TreeView::Node* node = Model().Revealed()) Widget().scrollToItem(ItemOf(*node));
@@ -243,6 +260,7 @@ class TreePeer final : public PeerOf<QTreeWidget, TreeView> {
 
   TreeIcons icons_;
   std::vector<std::string> moved_;  // nodes that a person has opened or closed on the screen
+  std::string told_;                // the node that helpers were told of last
   std::uint64_t mirrored_ = 0;
   std::uint64_t revealed_ = 0;
 };

@@ -59,6 +59,7 @@ TEST_F(AccessibilityTest, WidgetsStandBesideThem) {
 TEST_F(AccessibilityTest, AFormIsAWindowAndADialogWhereItHasAnOwner) {
   EXPECT_EQ(QAccessible::queryAccessibleInterface(&WindowOf(form))->role(), QAccessible::Window);
   Form ask(toolkit, "AskForm");
+  CommandButton yes(ask, "Yes");
   ask.ShowOwned(&form);
   Settle();
   EXPECT_EQ(QAccessible::queryAccessibleInterface(&WindowOf(ask))->role(), QAccessible::Dialog);
