@@ -3,15 +3,9 @@
 # shows it at full size, opens the print dialog, and ends by a signal with the dialog up.
 source "$(dirname "${BASH_SOURCE[0]}")/support/steps.bash"
 source "$(dirname "${BASH_SOURCE[0]}")/support/strip.bash"
+source "$(dirname "${BASH_SOURCE[0]}")/support/bus.bash"
 
-support="$(cd "$(dirname "${BASH_SOURCE[0]}")/support" && pwd)"
-skip() {
-  echo "Skipped: $1."
-  exit 77
-}
-for tool in weston dbus-daemon; do command -v "$tool" >/dev/null || skip "$tool is missing"; done
-[ -x /usr/libexec/at-spi-bus-launcher ] || skip "at-spi2-core is missing"
-"$python" -c 'from gi.repository import Gio' 2>/dev/null || skip "python3-gi is missing"
+need_bus weston
 
 photos="$(cd "$(dirname "${BASH_SOURCE[0]}")/../data/photos" && pwd)"
 card="$HOME/Card"
@@ -22,17 +16,6 @@ fill_card
 export CUPS_SERVER=localhost:9
 unset DISPLAY
 
-children=()
-end_all() {
-  end_program
-  local child
-  for child in "${children[@]}"; do
-    kill "$child" 2>/dev/null || true
-    wait "$child" 2>/dev/null || true
-  done
-}
-trap end_all EXIT
-
 weston --backend=headless-backend.so --socket=pixorra-test --width=1280 --height=1024 --no-config 2>"$HOME/weston.log" &
 compositor=$!
 children+=("$compositor")
@@ -42,23 +25,14 @@ for ((asked = 0; ; asked++)); do
   [ "$asked" -lt 200 ] || fail "weston does not start"
   sleep 0.05
 done
-mkfifo "$HOME/address"
-dbus-daemon --session --nofork --nopidfile --print-address 2>/dev/null >"$HOME/address" &
-children+=($!)
-read -r -t 20 DBUS_SESSION_BUS_ADDRESS <"$HOME/address" || fail "no bus"
-export DBUS_SESSION_BUS_ADDRESS
-export WAYLAND_DISPLAY=pixorra-test QT_QPA_PLATFORM=wayland QT_LINUX_ACCESSIBILITY_ALWAYS_ON=1
-access() { "$support/access.py" "$@" || fail "by the accessibility bus: $*"; }
+start_bus
+export WAYLAND_DISPLAY=pixorra-test QT_QPA_PLATFORM=wayland
 
 start_program "$card/IMG_0002.JPG"
 access wait "frame|dialog" "^Pixorra v"
 within 20 cached || fail "the folder of the start is not the film strip"
 access wait ".*" "^Preview of IMG_0002"
 
-choose() {
-  access press "menu item" "$1"
-  access press "menu item" "$2"
-}
 choose "^Selected Photo" "^View Full Size"
 access wait "frame|dialog" "^IMG_0002 - W"
 timeout 20 "$PIXORRA" "$card" || fail "a second start ends with $?"
