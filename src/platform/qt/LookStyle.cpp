@@ -41,10 +41,7 @@ class LookStyle final : public QProxyStyle {
     QProxyStyle::drawComplexControl(control, option, painter, widget);
     const auto* bar = qstyleoption_cast<const QStyleOptionSlider*>(option);
     if (control == CC_ScrollBar && bar != nullptr) DrawThumb(*bar, *painter, widget);
-    if (control == CC_Slider) {
-      for (const SubControl part : {SC_SliderGroove, SC_SliderHandle})
-        DrawRoundEdge(*option, subControlRect(CC_Slider, option, part, widget), *painter);
-    }
+    if (control == CC_Slider) DrawSlider(*option, *painter, widget);
     if (control == CC_ComboBox && IsBlackAndWhite(option->palette)) DrawRoundEdge(*option, option->rect, *painter);
   }
 
@@ -94,6 +91,19 @@ class LookStyle final : public QProxyStyle {
     painter.setPen(Mixed(option.palette, IsBlackAndWhite(option.palette) ? 1 : Edge));
     painter.drawRoundedRect(QRectF(at).adjusted(0.5, 0.5, -0.5, -0.5), 2, 2);
     painter.restore();
+  }
+
+  // Over the edges that its parts have, of which the handle covers that of the groove.
+  void DrawSlider(const QStyleOptionComplex& slider, QPainter& painter, const QWidget* widget) const {
+    const auto edgeOf = [&](SubControl part) {
+      return subControlRect(CC_Slider, &slider, part, widget).adjusted(1, 1, -1, -1);
+    };
+    const QRect handle = edgeOf(SC_SliderHandle);
+    painter.save();
+    painter.setClipRegion(QRegion(slider.rect).subtracted(handle), Qt::IntersectClip);
+    DrawRoundEdge(slider, edgeOf(SC_SliderGroove), painter);
+    painter.restore();
+    DrawRoundEdge(slider, handle, painter);
   }
 
   static void DrawRing(const QStyleOption& option, QPainter& painter) {
