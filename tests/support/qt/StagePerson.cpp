@@ -6,6 +6,7 @@
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTimer>
+#include <algorithm>
 
 #include "platform/controls/Lists.h"
 #include "platform/controls/Menu.h"
@@ -271,8 +272,13 @@ Form* StagePerson::Window(const std::string& name) const {
   return nullptr;
 }
 
+// In so many turns of the loop, so that the program does on a busy machine what it would do on another one.
 void StagePerson::Wait(double seconds) {
-  backend_.GetToolkit().WaitFor(seconds);
+  constexpr double Turn = 0.02;
+  Toolkit& toolkit = backend_.GetToolkit();
+  for (double left = seconds; left > Turn / 2; left -= Turn) {
+    if (!toolkit.WaitFor(std::min(left, Turn))) return;
+  }
 }
 
 // --- what to do when something comes up ------------------------------------------------------------------------------
