@@ -20,7 +20,7 @@ constexpr int PictureHeight = 240;
 constexpr int Margin = 16;
 constexpr int TextWidth = PictureWidth - 2 * Margin;
 constexpr int TitleHeight = 26;
-constexpr int DisclaimerHeight = 128;
+constexpr int DisclaimerHeight = 144;
 constexpr int ButtonHeight = 28;
 constexpr int ButtonWidth = 96;
 constexpr int WideButtonWidth = 168;
@@ -31,7 +31,9 @@ constexpr double MeasuredSeconds = 0.2;
 constexpr const char* LegalLines =
     "Made by Kestrelia Corp. Copyright 2026 the Pixorra developers. Free under the MIT licence; there is no "
     "warranty.\n\n"
-    "It uses Qt (GNU LGPL 3), GLib (GNU LGPL 2.1 or later) and libjpeg-turbo (IJG and BSD licences). "
+    "It uses Qt (GNU LGPL 3), GLib (GNU LGPL 2.1 or later), libjpeg-turbo (IJG and BSD licences), CUPS (Apache License "
+    "2.0) "
+    "and libxcb, libX11 and libXss (MIT and alike). "
     "This software is based in part on the work of the Independent JPEG Group.";
 
 }  // namespace

@@ -76,13 +76,29 @@ class Installed(unittest.TestCase):
         self.assertEqual(["opt"], [path.name for path in self.stage.iterdir()], "something is outside the prefix")
 
     def test_the_programs_run_from_there(self):
-        for program in ("bin/pixorra-slideshow", "libexec/xscreensaver/pixorra-slideshow"):
+        for program in ("bin/pixorra", "bin/pixorra-slideshow", "libexec/xscreensaver/pixorra-slideshow"):
             done = run(self.prefix / program, "--version", cwd="/")
-            self.assertEqual((0, f"pixorra-slideshow {version()}\n"), (done.returncode, done.stdout))
+            self.assertEqual((0, f"{Path(program).name} {version()}\n"), (done.returncode, done.stdout))
 
     def test_the_programs_know_nothing_of_the_folder_that_they_were_built_in(self):
         for program in ("pixorra", "pixorra-slideshow"):
             self.assertNotIn(str(Path(self.build).resolve()).encode(), (self.prefix / "bin" / program).read_bytes(), program)
+
+    @needs("readelf")
+    def test_the_licences_name_each_library_that_is_linked(self):
+        names = {"libQt6": "Qt 6", "libgio-": "GLib", "libgobject-": "GLib", "libglib-": "GLib", "libjpeg.": "libjpeg-turbo",
+                 "libcups.": "CUPS", "libxcb.": "libxcb", "libX11.": "libX11", "libXss.": "libXss"}
+        read_me = (ROOT / "assets/Readme.txt").read_text().split("\nLicences\n")[1].split("\nThe MIT licence\n")[0]
+        copyright = (PACKAGING / "debian/copyright").read_text()
+        for program in ("pixorra", "pixorra-slideshow"):
+            dynamic = self.passes("readelf", "-d", self.prefix / "bin" / program)
+            libraries = set(re.findall(r"\(NEEDED\).*\[(\S+)\]", dynamic))
+            self.assertTrue(libraries)
+            # The compiler's own come with every program.
+            for library in {name for name in libraries if not re.match(r"lib(c|m|gcc_s|stdc\+\+)\.|ld-", name)}:
+                name = next((names[start] for start in names if library.startswith(start)), library)
+                self.assertIn(name, read_me, library)
+                self.assertIn(name, copyright, library)
 
     def test_the_screen_saver_is_the_slide_show(self):
         self.assertEqual((self.prefix / "bin/pixorra-slideshow").resolve(),
@@ -91,14 +107,19 @@ class Installed(unittest.TestCase):
     def test_icons_have_the_size_of_their_folder(self):
         for path in self.paths("apps/*.png"):
             size = int(re.search(r"/(\d+)x\1/", path)[1])
-            header = Path(path).read_bytes()[16:24]
-            self.assertEqual((size, size), (int.from_bytes(header[:4], "big"), int.from_bytes(header[4:], "big")), path)
+            self.assertEqual((size, size), size_of(Path(path)), path)
 
     @needs("desktop-file-validate")
     def test_the_desktop_finds_no_fault_with_the_entries(self):
         self.assertEqual("", self.passes("desktop-file-validate", *self.paths("applications/pixorra*.desktop")))
         # Its category is the daemons', which the tool has a hint about.
         self.passes("desktop-file-validate", *self.paths("screensavers/*.desktop"))
+
+    # Without a folder the slide show is a screen saver, which nobody looks for among the programs.
+    def test_of_the_two_programs_the_menus_show_the_sorter(self):
+        hidden = {Path(path).name: "\nNoDisplay=true\n" in Path(path).read_text()
+                  for path in self.paths("applications/pixorra*.desktop")}
+        self.assertEqual({"pixorra.desktop": False, "pixorra-slideshow.desktop": True}, hidden)
 
     @needs("appstreamcli")
     def test_software_centres_find_no_fault_with_the_programs_page(self):
@@ -113,7 +134,23 @@ def version():
     return re.search(r"VERSION ([\d.]+)", re.search(r"project\([^)]*\)", (ROOT / "CMakeLists.txt").read_text())[0])[1]
 
 
+def size_of(image):
+    header = image.read_bytes()[16:24]
+    return int.from_bytes(header[:4], "big"), int.from_bytes(header[4:], "big")
+
+
 class Texts(unittest.TestCase):
+    def test_the_programs_page_shows_pictures_of_the_manual_with_their_sizes(self):
+        metainfo = next(PACKAGING.glob("*.metainfo.xml"))
+        shown = re.findall(r'<image type="source" width="(\d+)" height="(\d+)">[^<]*/([^/<]+)</image>', metainfo.read_text())
+        self.assertEqual(metainfo.read_text().count("<image"), len(shown))
+        for width, height, name in shown:
+            image = MANUAL / "images" / name
+            self.assertTrue(image.exists(), f"{metainfo.name} shows {name}: the manual has no such picture")
+            self.assertEqual((int(width), int(height)), size_of(image),
+                             f'{metainfo.name}: write width="{size_of(image)[0]}" height="{size_of(image)[1]}" for {name}')
+            self.assertIn(f"`../docs/manual/images/{name}`", (PACKAGING / "README.md").read_text())
+
     def test_all_speak_of_one_version(self):
         changelog = (PACKAGING / "debian/changelog").read_text()
         self.assertEqual(version(), re.match(r"pixorra \(([\d.]+)\)", changelog)[1])

@@ -32,8 +32,8 @@ TEST_F(frmAboutTest, ItNamesTheProgramItsVersionTheLicences) {
   about.Window.Load();
   EXPECT_EQ(about.lblTitle.Caption(), "Pixorra V" + std::to_string(VersionMajor) + "." + std::to_string(VersionMinor) +
                                           "." + std::to_string(VersionRevision));
-  for (const char* word :
-       {"Kestrelia Corp", "MIT licence", "no warranty", "Qt", "GLib", "libjpeg-turbo", "Independent JPEG Group"})
+  for (const char* word : {"Kestrelia Corp", "MIT licence", "no warranty", "Qt", "GLib", "libjpeg-turbo", "CUPS",
+                           "libxcb", "libX11", "libXss", "Independent JPEG Group"})
     EXPECT_THAT(about.lblDisclaimer.Caption(), HasSubstr(word));
   EXPECT_THAT(about.lblDisclaimer.Caption(), EndsWith("Group."));
   EXPECT_FALSE(about.ProgressBar1.Visible());
