@@ -98,9 +98,8 @@ int Run(RunningInstance& instance, const Environment& environment, const std::st
             qt.clipboard, shell, registry, settings, *readAhead, qt.shipped, folderReader, volumes,    memory};
   MainForm main(host);
   GivenPath given(main);
+  // Who calls one that is about to end becomes the next one.
   qt.OnReadable(instance.Calls(), [&] {
-    // Who calls one that is about to end becomes the next one.
-    if (qt.toolkit.EndAsked() || qt.toolkit.Ended()) return;
     for (const std::string& message : instance.TakeCalls()) {
       qt.ComeToFront();
       if (!message.empty()) given.Give(message);

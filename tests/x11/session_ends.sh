@@ -1,8 +1,9 @@
 #!/usr/bin/env bash
 # A desktop's session manager: a session that is to end has the state saved, also where the end is taken back; at the end the
-# program ends as by its window.
+# program ends as by its window. The next session begins with the program, and with no slide show.
 source "$(dirname "${BASH_SOURCE[0]}")/support/steps.bash"
 source "$(dirname "${BASH_SOURCE[0]}")/support/strip.bash"
+source "$(dirname "${BASH_SOURCE[0]}")/support/show.bash"
 
 support="$(cd "$(dirname "${BASH_SOURCE[0]}")/support" && pwd)"
 if ! "$python" -c 'import ctypes; ctypes.CDLL("libSM.so.6")' 2>/dev/null; then
@@ -46,6 +47,8 @@ rm "$state"
 tell save
 hear saved
 [ -e "$state" ] || fail "a second session does not save the state"
+tell ask
+hear "0 $PIXORRA"
 xdotool getwindowname "$window" >/dev/null || fail "the window does not outlive a session that was saved"
 
 # At the end with a dialog up.
@@ -55,3 +58,18 @@ rm "$state"
 tell die
 expect_exit 0
 [ -e "$state" ] || fail "the end of the session has not written the state"
+hear gone
+
+# A slide show is nothing that a session begins with: it would come up over the whole screen.
+photos="$HOME/My photos"
+plain_photos red
+start_show "$photos"
+wait_for_window "^Pixorra SlideShow" >/dev/null
+hear registered
+tell save
+hear saved
+tell ask
+read -r -t 20 said <&"${manager[0]}" || fail "the session manager says nothing of the slide show"
+[[ "$said" = "3 "* ]] || fail "the session is to begin with the slide show: $said"
+tell die
+expect_exit 0

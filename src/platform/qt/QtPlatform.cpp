@@ -3,7 +3,6 @@
 #include <QApplication>
 #include <QIcon>
 #include <QSessionManager>
-#include <QSocketNotifier>
 #include <QWidget>
 #include <utility>
 
@@ -18,6 +17,7 @@
 #include "platform/qt/QtPosting.h"
 #include "platform/qt/QtPrinting.h"
 #include "platform/qt/QtShipped.h"
+#include "platform/qt/ReadNotices.h"
 #include "platform/runtime/ErrorReport.h"
 
 namespace pixorra {
@@ -48,20 +48,24 @@ class QuitRequests final : public QObject {
   QtBackend& backend_;
 };
 
-// The next session begins with this program as it began by itself, without what the toolkit would add.
-void TellHowToRestart(QSessionManager& session) {
-  session.setRestartCommand({QCoreApplication::applicationFilePath()});
-}
-
 }  // namespace
 
 struct QtPlatform::Parts {
   Parts(int& argc, char** argv) : application(argc, argv) {
     InstallLook();
-    QObject::connect(&application, &QGuiApplication::saveStateRequest, &application, TellHowToRestart);
+    const auto tell = [this](QSessionManager& session) { TellHowToRestart(session); };
+    QObject::connect(&application, &QGuiApplication::saveStateRequest, &application, tell);
+    QObject::connect(&application, &QGuiApplication::commitDataRequest, &application, tell);
+  }
+
+  // The next session begins with this program as it began by itself, without what the toolkit would add, or without it.
+  void TellHowToRestart(QSessionManager& session) const {
+    session.setRestartHint(comesBack ? QSessionManager::RestartIfRunning : QSessionManager::RestartNever);
+    session.setRestartCommand({QCoreApplication::applicationFilePath()});
   }
 
   QApplication application;
+  bool comesBack = false;
   QtBackend backend;
   Toolkit toolkit{backend};
   QtArtwork artwork{backend.Art()};
@@ -100,18 +104,13 @@ int QtPlatform::Run(const std::function<void()>& startUp) {
 }
 
 void QtPlatform::OnReadable(int descriptor, std::function<void()> function) {
-  if (descriptor < 0) return;
-  auto* const notifier = new QSocketNotifier(descriptor, QSocketNotifier::Read, &parts_->application);
-  QObject::connect(notifier, &QSocketNotifier::activated, notifier,
-                   [this, run = std::move(function)] { parts_->backend.Dispatch(run); });
+  NoticeWhenReadable(parts_->backend, parts_->application, descriptor, std::move(function));
 }
 
 void QtPlatform::OnSessionSaves(std::function<void()> function) {
+  parts_->comesBack = true;
   QObject::connect(&parts_->application, &QGuiApplication::commitDataRequest, &parts_->application,
-                   [this, save = std::move(function)](QSessionManager& session) {
-                     TellHowToRestart(session);
-                     parts_->backend.Dispatch(save);
-                   });
+                   [this, save = std::move(function)] { parts_->backend.Dispatch(save); });
 }
 
 void QtPlatform::ComeToFront() {

@@ -44,10 +44,11 @@ class QtPlatform {
   // Runs the start-up, then handles events until the program ends; gives the exit code. An error that no handler wanted
   // is shown in a box, and the program goes on; after a start-up that has shown no window it ends.
   int Run(const std::function<void()>& startUp);
-  // Runs the function in the loop whenever the host's descriptor can be read; it must then read it. A descriptor below
-  // 0 never can. An error is shown as in Run.
+  // Runs the function in the loop whenever the host's descriptor can be read, until the program's end is asked for; it
+  // must then read it. A descriptor below 0 never can. An error is shown as in Run.
   void OnReadable(int descriptor, std::function<void()> function);
-  // Called when the desktop saves its session. Its end is Toolkit::AskToEnd, after that or without it.
+  // Called when the desktop saves its session, which begins with this program again the next time; a program that does
+  // not ask for it is left out then. The session's end is Toolkit::AskToEnd, after that or without it.
   void OnSessionSaves(std::function<void()> function);
   // Shows the windows in front of those of other programs, as their user does by the task bar.
   void ComeToFront();

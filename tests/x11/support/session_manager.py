@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """A session manager for one program. Prints its address; "registered" when the program has come. Then does what the lines of
 its input say: "save" and "shut down" ask the program to save itself, for "saved" when it has, "cancel" takes the end back, "die" ends
-it, for "gone" when it has left."""
+it, for "gone" when it has left, "ask" has it say how the program wants to be started again: its hint by number, and its command."""
 
 import atexit
 import ctypes
@@ -23,6 +23,14 @@ Leave = CFUNCTYPE(None, c_void_p, c_void_p, c_int, c_void_p)
 Properties = CFUNCTYPE(None, c_void_p, c_void_p, c_int, c_void_p)
 
 
+class Value(Structure):
+    _fields_ = [("length", c_int), ("bytes", c_void_p)]
+
+
+class Property(Structure):
+    _fields_ = [("name", c_char_p), ("type", c_char_p), ("count", c_int), ("values", POINTER(Value))]
+
+
 class Callbacks(Structure):
     _fields_ = [(f"{name}{part}", c_void_p) for name in (
         "register", "interact_request", "interact_done", "save_request", "save_phase2", "save_done", "close",
@@ -35,6 +43,7 @@ def say(text):
 
 client = None
 SAVE_BOTH = 2
+properties = {}  # of the program, the text of each value
 kept = []  # what C code calls must live on
 
 
@@ -60,6 +69,12 @@ def on_close(connection, _data, _count, _reasons):
     say("gone")
 
 
+def on_set_properties(_connection, _data, count, told):
+    for each in ctypes.cast(told, POINTER(POINTER(Property)))[:count]:
+        values = each.contents.values[:each.contents.count]
+        properties[each.contents.name] = [ctypes.string_at(value.bytes, value.length) for value in values]
+
+
 def on_properties(connection, _data):
     sm.SmsReturnProperties(c_void_p(connection), 0, None)
 
@@ -76,7 +91,7 @@ def on_new_client(connection, _data, mask, callbacks, _reason):
     told.save_phase2 = keep(Plain, lambda connection, _data: sm.SmsSaveYourselfPhase2(c_void_p(connection)))
     told.save_done = keep(WithInt, on_saved)
     told.close = keep(Leave, on_close)
-    told.set_properties = keep(Properties, lambda *_: None)
+    told.set_properties = keep(Properties, on_set_properties)
     told.delete_properties = keep(Properties, lambda *_: None)
     told.get_properties = keep(Plain, on_properties)
     return 1
@@ -111,6 +126,9 @@ while True:
                 sys.exit(0)
             if line in ("save", "shut down"):
                 sm.SmsSaveYourself(client, SAVE_BOTH, int(line == "shut down"), 0, 0)
+            elif line == "ask":
+                hint = properties.get(b"RestartStyleHint", [b""])[0]
+                say(f"{hint[0] if hint else None} {b' '.join(properties.get(b'RestartCommand', [])).decode()}")
             elif line == "cancel":
                 sm.SmsShutdownCancelled(client)
             elif line == "die":
