@@ -169,7 +169,9 @@ std::string PathMapping::ProgramPath(const std::string& typed) const {
 }
 
 std::string PathBelowRoot(const PathMapping& mapping, const std::string& path) {
-  return *PathMapping().ToProgram(mapping.ToHost(path).Text());
+  std::optional<std::string> below = PathMapping().ToProgram(mapping.ToHost(path).Text());
+  if (!below) throw RuntimeError(error::PathNotFound);
+  return *std::move(below);
 }
 
 }  // namespace pixorra

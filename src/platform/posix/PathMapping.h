@@ -69,7 +69,8 @@ class PathMapping {
   bool shownAsProgram_ = false;
 };
 
-// The path of the same file for a mapping whose only volume is the host's "/". Raises as ToHost does.
+// The path of the same file for a mapping whose only volume is the host's "/". Raises as ToHost does, and PathNotFound
+// for a volume that is not below it.
 std::string PathBelowRoot(const PathMapping& mapping, const std::string& path);
 
 }  // namespace pixorra

@@ -37,13 +37,15 @@ void FlushFolderOf(const std::string& path) {
   if (fd) static_cast<void>(fsync(fd.Get()));
 }
 
-// What makes the name of a file that is being written one that nobody has.
+// Ends the name of a file that is being written; what is in the place of the last letters is made up each time.
+constexpr std::string_view ownPart = ".pixorra-";
 constexpr std::string_view madeUp = "XXXXXX";
 
 // `takeName` renames the file that has been written, and returns the host's error.
 template <typename TakeName>
 void WriteBeside(const std::string& target, std::string_view text, const TakeName& takeName) {
-  std::string temporary = target + '.' + std::string(madeUp);
+  std::string temporary = target;
+  temporary.append(ownPart).append(madeUp);
   UniqueFd fd(mkostemp(temporary.data(), O_CLOEXEC));
   if (!fd) RaiseHostError(errno);
   struct stat old {};
@@ -87,7 +89,7 @@ void WriteNewSmallFile(const std::string& path, std::string_view text) {
 
 void RemoveTracesOf(const std::string& path, std::string_view mark) {
   const std::filesystem::path target = path;
-  const std::string start = target.filename().string() + '.';
+  const std::string start = target.filename().string().append(ownPart);
   std::error_code failure;
   std::vector<std::string> traces;
   for (std::filesystem::directory_iterator entry(target.parent_path(), failure), end; !failure && entry != end;

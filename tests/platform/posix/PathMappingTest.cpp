@@ -272,6 +272,9 @@ TEST(PathMapping, APathOfAnyDriveIsKnownBelowTheRootAlone) {
   }
   EXPECT_EQ(PathBelowRoot(WithVolumes(), "D:\\DCIM\\a.jpg"), "C:\\media\\anna\\CARD\\DCIM\\a.jpg");
   EXPECT_EQ(ErrorsIgnored([] { PathBelowRoot(WithVolumes(), "Z:\\a.jpg"); }), error::PathNotFound);
+  // Of a volume that has no place of its own on the host.
+  const PathMapping nowhere({{'C', "/", "File System"}, {'D', "CARD", "Card"}});
+  EXPECT_EQ(ErrorsIgnored([&] { PathBelowRoot(nowhere, "D:\\a.jpg"); }), error::PathNotFound);
 }
 
 }  // namespace

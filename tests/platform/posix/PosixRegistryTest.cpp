@@ -87,7 +87,7 @@ class OnPosixRegistry : public ::testing::Test {
 
 TEST_F(OnPosixRegistry, WhatAKilledStartHasLeftOfTheVerbGoesWhenItIsWrittenAgain) {
   Add();
-  const std::string left = std::string(script) + ".aB3dE6";
+  const std::string left = std::string(script) + ".pixorra-aB3dE6";
   drive_.Write(left, drive_.Read(script));
   drive_.Remove(script);
   Add();

@@ -1,7 +1,12 @@
 // Small files read and written whole.
 #include <filesystem>
 #include <gtest/gtest.h>
+#include <string>
+#include <sys/resource.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+#include <vector>
 
 #include "platform/posix/SmallFiles.h"
 #include "platform/runtime/Errors.h"
@@ -45,14 +50,37 @@ TEST_F(SmallFiles, ANewFileNeverTakesANameThatIsTaken) {
 
 TEST_F(SmallFiles, WhatAKilledWriteHasLeftIsRemovedAndNothingElse) {
   drive_.Write("C:\\a", "marked");
-  drive_.Write("C:\\a.Xy12zZ", "marked, and cut of");
-  drive_.Write("C:\\a.Ab34cD", "somebody else's");
-  drive_.Write("C:\\a.copy", "marked, and kept by the user");
-  drive_.Write("C:\\b.Xy12zZ", "marked, of another");
+  drive_.Write("C:\\a.pixorra-Xy12zZ", "marked, and cut of");
+  const std::vector<std::string> others = {"C:\\a.pixorra-Ab34cD", "C:\\a.copy",         "C:\\a.backup",
+                                           "C:\\a.edited",         "C:\\a.pixorra-copy", "C:\\b.pixorra-Xy12zZ"};
+  for (const std::string& name : others) drive_.Write(name, "marked, and the user's own");
+  drive_.Write(others.front(), "somebody else's");
   RemoveTracesOf(path_, "marked");
-  EXPECT_FALSE(drive_.Exists("C:\\a.Xy12zZ"));
-  for (const char* name : {"C:\\a", "C:\\a.Ab34cD", "C:\\a.copy", "C:\\b.Xy12zZ"})
-    EXPECT_TRUE(drive_.Exists(name)) << name;
+  EXPECT_FALSE(drive_.Exists("C:\\a.pixorra-Xy12zZ"));
+  EXPECT_TRUE(drive_.Exists("C:\\a"));
+  for (const std::string& name : others) EXPECT_TRUE(drive_.Exists(name)) << name;
+}
+
+TEST_F(SmallFiles, WhatIsWrittenIsUntilThenUnderANameThatCountsAsATrace) {
+  const std::string path = drive_.HostPath("C:\\written\\a");
+  drive_.MakeFolder("C:\\written");
+  // A killed write: the process ends at the first bytes beyond the bound.
+  const pid_t child = fork();
+  ASSERT_GE(child, 0);
+  if (child == 0) {
+    const rlimit none{0, 0};
+    const rlimit bound{8, 8};
+    setrlimit(RLIMIT_CORE, &none);
+    setrlimit(RLIMIT_FSIZE, &bound);
+    WriteSmallFile(path, "marked, of some length");
+    _exit(0);
+  }
+  int status = 0;
+  ASSERT_EQ(waitpid(child, &status, 0), child);
+  EXPECT_TRUE(WIFSIGNALED(status));
+  EXPECT_EQ(FilesIn("C:\\written"), 1U);
+  RemoveTracesOf(path, "marked");
+  EXPECT_EQ(FilesIn("C:\\written"), 0U);
 }
 
 TEST_F(SmallFiles, AnOldFileKeepsItsMode) {
