@@ -10,6 +10,7 @@
 #include "platform/codecs/GifDecoder.h"
 #include "platform/codecs/JpegReader.h"
 #include "platform/codecs/LargePages.h"
+#include "platform/codecs/SizeBound.h"
 #include "platform/pixels/Stretch.h"
 #include "platform/runtime/Errors.h"
 #include "platform/services/FileBytes.h"
@@ -61,12 +62,12 @@ Kind KindOf(ByteReader& in) {
 
 // `whole` returns all bytes of a JPEG file, as these are decoded from memory.
 template <typename Whole>
-Bitmap Decode(ByteReader& in, const Whole& whole) {
+Bitmap Decode(ByteReader& in, std::int64_t mostPixels, const Whole& whole) {
   switch (KindOf(in)) {
     case Kind::Bmp:
-      return DecodeBmp(in);
+      return DecodeBmp(in, mostPixels);
     case Kind::Gif:
-      return DecodeGif(in);
+      return DecodeGif(in, mostPixels);
     case Kind::Jpeg:
       return DecodeJpeg(whole());
     case Kind::None:
@@ -92,7 +93,7 @@ Picture LoadNow(File& file) {
   return WithMemoryErrors([&] {
     ByteReader in(file);
     FileBytes bytes;
-    return Picture(Decode(in, [&] {
+    return Picture(Decode(in, MostPixels, [&] {
       bytes.Read(file);
       return bytes.Bytes();
     }));
@@ -181,7 +182,13 @@ void ForEachBmpPart(const Bitmap& bitmap, const Sink& sink) {
 Bitmap DecodePicture(std::span<const std::uint8_t> file) {
   return WithMemoryErrors([&] {
     ByteReader in(file);
-    return Decode(in, [&] { return file; });
+    return Decode(in, MostPixels, [&] { return file; });
+  });
+}
+
+Bitmap DecodeBmpOrGif(ByteReader& in, std::int64_t mostPixels) {
+  return WithMemoryErrors([&] {
+    return Decode(in, mostPixels, []() -> std::span<const std::uint8_t> { throw RuntimeError(error::BadPicture); });
   });
 }
 

@@ -12,6 +12,7 @@
 
 namespace pixorra {
 
+class ByteReader;
 class DecodeAhead;
 
 class CodecPictures final : public Pictures {
@@ -35,6 +36,9 @@ class CodecPictures final : public Pictures {
 // The picture in a file's bytes: a bitmap ("BM"), a GIF ("GIF") or a JPEG (FF D8), recognised by its first bytes.
 // JPEG pictures come upright. Raises BadPicture and OutOfMemory, as Load does.
 Bitmap DecodePicture(std::span<const std::uint8_t> file);
+// The same of a bitmap or a GIF alone, which are read part by part: raises OutOfMemory above so many pixels too, and
+// what reading does.
+Bitmap DecodeBmpOrGif(ByteReader& in, std::int64_t mostPixels);
 
 // A bitmap file: 54 bytes of header, then the rows bottom-up at 24 bits, padded to 4 bytes with zeros. The resolution
 // fields are 0, so that the same pixels always make the same file. What is transparent is drawn over white.

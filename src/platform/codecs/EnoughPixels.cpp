@@ -1,18 +1,55 @@
 #include "platform/codecs/EnoughPixels.h"
 
+#include <algorithm>
 #include <cstddef>
 
+#include "platform/codecs/ByteReader.h"
 #include "platform/codecs/CodecPictures.h"
 #include "platform/codecs/JpegReader.h"
 #include "platform/codecs/LargePages.h"
 #include "platform/runtime/Errors.h"
+#include "platform/services/Files.h"
 
 namespace pixorra {
 
 namespace {
 
-bool IsJpeg(std::span<const std::uint8_t> file) {
-  return file.size() >= 2 && file[0] == 0xFF && file[1] == 0xD8;
+// Bytes in memory as a file whose reading ends with a failure when it is told to.
+class StoppableBytes final : public File {
+ public:
+  StoppableBytes(std::span<const std::uint8_t> bytes, const std::atomic<bool>& stop) : bytes_(bytes), stop_(stop) {}
+  std::int64_t Length() override { return static_cast<std::int64_t>(bytes_.size()); }
+  FileStamp Stamp() override { return {}; }
+  std::size_t ReadAt(std::int64_t offset, void* into, std::size_t count) override {
+    if (stop_) throw RuntimeError(error::DeviceIO);
+    const auto at = std::min(static_cast<std::size_t>(offset), bytes_.size());
+    const std::size_t length = std::min(count, bytes_.size() - at);
+    std::copy_n(bytes_.data() + at, length, static_cast<std::uint8_t*>(into));
+    return length;
+  }
+  void WriteAt(std::int64_t, const void*, std::size_t) override { throw RuntimeError(error::PathAccess); }
+  void Flush() override {}
+  void Empty() override { throw RuntimeError(error::PathAccess); }
+
+ private:
+  std::span<const std::uint8_t> bytes_;
+  const std::atomic<bool>& stop_;
+};
+
+// Whole, as these kinds cannot be decoded at a reduction.
+DecodedPhoto DecodeOther(std::span<const std::uint8_t> bytes, std::int64_t mostMemory, const std::atomic<bool>& stop) {
+  constexpr int MostBytesPerPixel = 4;
+  DecodedPhoto decoded;
+  StoppableBytes file(bytes, stop);
+  const int failure = ErrorsIgnored([&] {
+    ByteReader in(file);
+    decoded.Pixels = DecodeBmpOrGif(in, mostMemory / MostBytesPerPixel);
+    if (decoded.Pixels.IsEmpty()) throw RuntimeError(error::BadPicture);
+  });
+  if (stop) return {};
+  if (failure != error::None) throw RuntimeError(failure);
+  decoded.Photo = {decoded.Pixels.Width(), decoded.Pixels.Height()};
+  return decoded;
 }
 
 void Succeed(int status) {
@@ -29,16 +66,14 @@ void ReduceTo(JpegReader& reader, PixelSize wanted) {
 
 }  // namespace
 
+bool IsJpeg(std::span<const std::uint8_t> file) {
+  return file.size() >= 2 && file[0] == 0xFF && file[1] == 0xD8;
+}
+
 DecodedPhoto DecodeEnough(std::span<const std::uint8_t> file, const std::function<PixelSize(PixelSize photo)>& wanted,
                           std::int64_t mostMemory, const std::atomic<bool>& stop, std::optional<int> orientation) {
+  if (!IsJpeg(file)) return DecodeOther(file, mostMemory, stop);
   DecodedPhoto decoded;
-  if (!IsJpeg(file)) {
-    decoded.Pixels = DecodePicture(file);
-    if (decoded.Pixels.IsEmpty()) throw RuntimeError(error::BadPicture);
-    decoded.Photo = {decoded.Pixels.Width(), decoded.Pixels.Height()};
-    if (stop) decoded.Pixels = {};
-    return decoded;
-  }
   JpegReader reader(file);
   Succeed(reader.Open());
   if (orientation) reader.SetOrientation(*orientation);

@@ -16,10 +16,13 @@ struct DecodedPhoto {
   Bitmap Pixels;    // as many, or fewer; empty where `stop` became true meanwhile
 };
 
+// By its first bytes.
+bool IsJpeg(std::span<const std::uint8_t> file);
+
 // `wanted` is told the photo's own size and gives the size that it will be painted in: a JPEG photo is decoded at the
 // coarsest reduction that has the pixels for that. It comes upright, turned by `orientation` where that is given, else
 // as its own bytes note. Raises BadPicture and OutOfMemory; the latter too for a photo whose decode would take more
-// than `mostMemory`, in bytes.
+// than `mostMemory`, in bytes: one that is no JPEG is decoded whole.
 DecodedPhoto DecodeEnough(std::span<const std::uint8_t> file, const std::function<PixelSize(PixelSize photo)>& wanted,
                           std::int64_t mostMemory, const std::atomic<bool>& stop,
                           std::optional<int> orientation = std::nullopt);

@@ -37,7 +37,7 @@ int JpegReader::Open() {
     jpeg_read_header(&reader_, TRUE);
   });
   if (!read) return errors_.status;
-  if (!IsBacked(Width(), Height(), bytes_.size(), JpegPixelsPerByte)) return jpeg::TooLarge;
+  if (!IsBacked(Width(), Height(), fileBytes_, JpegPixelsPerByte)) return jpeg::TooLarge;
   if (reader_.data_precision != 8) return jpeg::Unsupported;
   if (Channels() != 1 && Channels() != 3 && Channels() != 4) return jpeg::Ok;
   reader_.out_color_space = Channels() == 4 ? JCS_CMYK : JCS_EXT_BGR;

@@ -17,7 +17,9 @@ class ScanWork;
 class JpegReader {
  public:
   // The bytes must outlive the reader.
-  explicit JpegReader(std::span<const std::uint8_t> bytes) : bytes_(bytes) {}
+  explicit JpegReader(std::span<const std::uint8_t> bytes) : JpegReader(bytes, bytes.size()) {}
+  // Of the beginning of a file that is `fileBytes` long.
+  JpegReader(std::span<const std::uint8_t> bytes, std::size_t fileBytes) : bytes_(bytes), fileBytes_(fileBytes) {}
   ~JpegReader();
   JpegReader(const JpegReader&) = delete;
   JpegReader& operator=(const JpegReader&) = delete;
@@ -71,6 +73,7 @@ class JpegReader {
   void ReadCmykRows(const TurnedPlaces& places, int bytesPerPixel);
 
   std::span<const std::uint8_t> bytes_;
+  std::size_t fileBytes_;
   int orientation_ = 1;
   int scansRead_ = 0;  // whole ones, of a picture that comes in several
   // Stored rows that have been decoded and not turned yet.

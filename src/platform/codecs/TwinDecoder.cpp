@@ -105,11 +105,11 @@ bool IsOfShape(PixelSize small, PixelSize photo) {
   return std::abs(height - small.Height) <= 1;
 }
 
-// What the camera left; empty where there is none, or none with the pixels for `size`.
-Bitmap EmbeddedPicture(Bytes head, PixelSize size, const std::atomic<bool>& stop) {
+// What the camera left in a file of this length; empty where there is none, or none with the pixels for `size`.
+Bitmap EmbeddedPicture(Bytes head, std::int64_t length, PixelSize size, const std::atomic<bool>& stop) {
   const Bytes small = ExifData(head).Thumbnail();
-  JpegReader whole(head);
-  if (small.empty() || whole.Open() != jpeg::Ok) return {};
+  JpegReader whole(head, static_cast<std::size_t>(length));
+  if (!IsJpeg(small) || whole.Open() != jpeg::Ok) return {};
   const PixelSize photo{whole.Width(), whole.Height()};
   const PixelSize needed = PaintedSize(photo, size);
   const auto allPixels = [](PixelSize own) { return own; };
@@ -136,7 +136,7 @@ Bitmap DecodeTwin(File& photo, const Bitmap& thumbnail, PixelSize size, const st
     std::vector<std::uint8_t> head(HeadBytes);
     head.resize(photo.ReadAt(0, head.data(), head.size()));
     Bitmap twin;
-    ErrorsIgnored([&] { twin = twinOf(EmbeddedPicture(head, size, stop)); });
+    ErrorsIgnored([&] { twin = twinOf(EmbeddedPicture(head, length, size, stop)); });
     if (!twin.IsEmpty() || stop) return twin;
   }
   FileBytes bytes;

@@ -7,6 +7,7 @@
 #include "platform/codecs/CodecPictures.h"
 #include "platform/runtime/Errors.h"
 #include "tests/platform/codecs/BoundedMemory.h"
+#include "tests/platform/codecs/SizedGif.h"
 #include "tests/support/TemporaryDrive.h"
 #include "tests/support/TestPictures.h"
 
@@ -55,49 +56,6 @@ std::string GifData(int times, bool transparentAtTheEnd) {
   return out + '\0';
 }
 
-// A GIF file of one colour, by ever longer texts of it: some hundred kilobytes for hundreds of megapixels.
-std::string GifOfOneColour(std::int64_t pixels) {
-  std::string data, out;
-  std::uint32_t window = 0;
-  unsigned held = 0;
-  const auto put = [&](unsigned code, unsigned bits) {
-    window |= code << held;
-    for (held += bits; held >= 8; held -= 8, window >>= 8) data += static_cast<char>(window & 255);
-  };
-  unsigned size = 258, bits = 9;
-  std::int64_t length = 1;
-  put(256, bits);
-  put(7, bits);
-  for (std::int64_t done = 1; done < pixels; done += length) {
-    if (size < 4096) {
-      put(size, bits);  // the text while it is being made: one longer than the last
-      ++length;
-      if (++size == 1U << bits && bits < 12) ++bits;
-    } else {
-      put(4095, bits);
-    }
-  }
-  put(257, bits);
-  data += static_cast<char>(window & 255);
-  for (std::size_t at = 0; at < data.size(); at += 255) {
-    const std::size_t part = std::min<std::size_t>(255, data.size() - at);
-    out += static_cast<char>(part);
-    out.append(data, at, part);
-  }
-  return out + '\0';
-}
-
-std::string GifWith(int width, int height, int transparent, const std::string& data) {
-  std::string out = GifOf(1, 1, [](int, int) { return std::uint8_t{1}; }, {.transparent = transparent});
-  const std::size_t image = out.find(',', 13 + 768);
-  std::string size;
-  Put(size, static_cast<std::uint32_t>(width), 2);
-  Put(size, static_cast<std::uint32_t>(height), 2);
-  out.replace(6, 4, size);
-  out.replace(image + 5, 4, size);
-  return out.substr(0, image + 11) + data;
-}
-
 class LargePicturesTest : public ::testing::Test {
  protected:
   // `length`: of a sparse file, with zeros after the bytes; 0 for no more than these.
@@ -134,7 +92,7 @@ class LargePicturesTest : public ::testing::Test {
 
 TEST_F(LargePicturesTest, AnImageOfManyMegapixelsInAFewKilobytesIsShown) {
   constexpr int Width = 4000, Height = 3000;
-  Write(GifWith(Width, Height, 9, GifOfOneColour(std::int64_t{Width} * Height)));
+  Write(GifOfSize(Width, Height, 9, OneColourGifData(std::int64_t{Width} * Height)));
   ExpectShown(Width, Height, [](const Bitmap& bitmap) {
     EXPECT_EQ(bitmap.Format(), PixelFormat::Bgr24);
     EXPECT_EQ(bitmap.Row(Height - 1)[(Width - 1) * 3 + 2], 7);
@@ -143,7 +101,7 @@ TEST_F(LargePicturesTest, AnImageOfManyMegapixelsInAFewKilobytesIsShown) {
 
 TEST_F(LargePicturesTest, AnImageWhoseDataIsAsLongAsItsPixelsTakesNothingForThatData) {
   for (const int transparent : {-1, 0}) {
-    Write(GifWith(2000, 2000, transparent, GifData(2000, transparent >= 0)));
+    Write(GifOfSize(2000, 2000, transparent, GifData(2000, transparent >= 0)));
     ExpectShown(2000, 2000, [&](const Bitmap& bitmap) {
       EXPECT_EQ(bitmap.Format(), transparent < 0 ? PixelFormat::Bgr24 : PixelFormat::Bgra32);
       EXPECT_EQ(bitmap.Row(1999)[1998 * bitmap.BytesPerPixel() + 2], 248);
@@ -153,7 +111,7 @@ TEST_F(LargePicturesTest, AnImageWhoseDataIsAsLongAsItsPixelsTakesNothingForThat
 
 TEST_F(LargePicturesTest, AnImageThatEndsAfterItsFirstPixelsTouchesOnlyThese) {
   if (!MemoryCanBeBounded) GTEST_SKIP();
-  Write(GifWith(4000, 4000, -1, GifData(1, false)));
+  Write(GifOfSize(4000, 4000, -1, GifData(1, false)));
   WithinTwoGigabytes([&] {
     const std::int64_t before = OwnMemory("VmRSS");
     const Picture picture = pictures.Load(File);
@@ -204,14 +162,14 @@ TEST_F(LargePicturesTest, MoreThan300MegapixelsAreRefusedBeforeAnythingIsTaken) 
   constexpr int Width = 20000, Height = 15001;
   Write(BmpHead(Width, Height, 24, 0), std::int64_t{Width} * Height * 3 + 54);
   ExpectRefused(error::OutOfMemory);
-  Write(GifWith(Width, Height, -1, GifOfOneColour(std::int64_t{Width} * Height)));
+  Write(GifOfSize(Width, Height, -1, OneColourGifData(std::int64_t{Width} * Height)));
   ExpectRefused(error::OutOfMemory);
 }
 
 TEST_F(LargePicturesTest, AHeaderThatBoastsIsRefusedForLittle) {
   Write(BmpHead(20000, 15000, 24, 0), 600 * 1024);  // one pixel in a thousand
   ExpectRefused(error::BadPicture);
-  Write(GifWith(4000, 4000, -1, std::string("\x01\x40\0", 3)));  // not a pixel
+  Write(GifOfSize(4000, 4000, -1, std::string("\x01\x40\0", 3)));  // not a pixel
   ExpectRefused(error::BadPicture);
   Write(BmpHead(4000, 4000, 8, 1) + std::string("\0\1", 2));
   ExpectRefused(error::BadPicture);

@@ -1,12 +1,16 @@
 // Thumbnails made of their photos once more, with more pixels.
 #include <cmath>
 #include <gtest/gtest.h>
+#include <span>
 #include <string>
 
+#include "platform/codecs/CodecPictures.h"
 #include "platform/codecs/TwinDecoder.h"
 #include "platform/pixels/DotScreen.h"
 #include "platform/pixels/Stretch.h"
 #include "platform/runtime/Errors.h"
+#include "tests/platform/codecs/BoundedMemory.h"
+#include "tests/platform/codecs/SizedGif.h"
 #include "tests/platform/runtime/RaisesError.h"
 #include "tests/support/TemporaryDrive.h"
 #include "tests/support/TestPictures.h"
@@ -52,6 +56,9 @@ class TwinDecoderTest : public ::testing::Test {
  protected:
   Bitmap TwinOf(const std::string& file, const Bitmap& thumbnail, PixelSize size = TwinSize) {
     drive.Write(PhotoPath, file);
+    return TwinOfWritten(thumbnail, size);
+  }
+  Bitmap TwinOfWritten(const Bitmap& thumbnail, PixelSize size = TwinSize) {
     return DecodeTwin(*drive.DriveFiles().Open(PhotoPath, OpenMode::Read), thumbnail, size, stop);
   }
 
@@ -118,6 +125,22 @@ TEST_F(TwinDecoderTest, WhatIsNoPictureRaises) {
   EXPECT_EQ(ErrorOf([&] { TwinOf("", thumbnail); }), error::BadPicture);
 }
 
+TEST_F(TwinDecoderTest, AFileThatBoastsOfItsSizeIsRefusedBeforeItTakesMemory) {
+  if (!MemoryCanBeBounded) GTEST_SKIP();
+  const Bitmap thumbnail = PlainBitmap(80, 60, 0);
+  drive.Write(PhotoPath, GifOfSize(17000, 17000, -1, OneColourGifData(std::int64_t{17000} * 17000)));
+  WithinTwoGigabytes([&] {
+    EXPECT_LT(MostTaken([&] { EXPECT_EQ(ErrorOf([&] { TwinOfWritten(thumbnail); }), error::OutOfMemory); }), 16 * MiB);
+  });
+}
+
+TEST_F(TwinDecoderTest, ALongFileIsNotReadToItsEndForATwinThatIsNotWantedAnyMore) {
+  const Bitmap thumbnail = PlainBitmap(80, 60, 0);
+  drive.Write(PhotoPath, GifOfSize(8000, 8000, -1, OneColourGifData(std::int64_t{8000} * 8000)));
+  stop = true;
+  WithinTwoGigabytes([&] { EXPECT_LT(MostTaken([&] { EXPECT_TRUE(TwinOfWritten(thumbnail).IsEmpty()); }), 16 * MiB); });
+}
+
 TEST_F(TwinDecoderTest, ATwinThatIsNotWantedAnyMoreIsNotMade) {
   stop = true;
   const Bitmap pixels = SmoothBitmap(800, 600);
@@ -167,6 +190,27 @@ TEST_F(EmbeddedTest, OneThatIsTooSmallOfAnotherShapeOrOfAnotherPhotoDoesNot) {
   EXPECT_TRUE(TwinOf(Spoilt(JpegPhoto(180, 120)), thumbnail).IsEmpty());
   EXPECT_TRUE(TwinOf(Spoilt(JpegOf(PlainBitmap(160, 120, 0x000000FF))), thumbnail).IsEmpty());
   EXPECT_TRUE(TwinOf(Spoilt("no picture"), thumbnail).IsEmpty());
+}
+
+TEST_F(EmbeddedTest, ASmallPictureThatIsNoJpegFileIsNotLookedAt) {
+  const auto bytes = [](const std::string& file) {
+    return std::span(reinterpret_cast<const std::uint8_t*>(file.data()), file.size());
+  };
+  for (const std::string& small : {GifPhoto(160, 120), BmpOf(SmoothBitmap(136, 102))}) {
+    const Bitmap pixels = DecodePicture(bytes(small));
+    EXPECT_TRUE(TwinOf(Spoilt(small), StretchedTo(pixels, {68, 51}), {136, 102}).IsEmpty());
+  }
+}
+
+TEST_F(EmbeddedTest, ThatOfALargePhotoServesThoughItsBeginningAloneCouldNotHoldSoManyPixels) {
+  // The frame header after that of the small picture.
+  const auto large = [](std::string file) {
+    const std::size_t frame = file.rfind(std::string("\xFF\xC0\0\x11", 4));
+    return file.replace(frame + 5, 4, std::string("\x1D\x4C\x27\x10", 4));
+  };
+  const Bitmap twin = TwinOf(large(Spoilt(JpegPhoto(160, 120))), thumbnail);  // 10,000 x 7,500
+  ASSERT_FALSE(twin.IsEmpty());
+  EXPECT_LT(Apart(twin, StretchedTo(SmoothBitmap(160, 120), TwinSize)), 3);
 }
 
 TEST_F(EmbeddedTest, ThePhotoItselfServesWhereItsSmallPictureDoesNot) {
