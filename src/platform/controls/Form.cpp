@@ -95,12 +95,16 @@ void Form::SetFrame(double twipsWidth, double twipsHeight) {
   Resized();
 }
 
+// The whole of it is on the main screen; where the owner is on another, the window system sees to that.
 void Form::CentreOn(const Form* owner) {
   const Screen screen = toolkit_.GetScreen();
   const double left = owner != nullptr ? owner->left_ + (owner->width_ - width_) / 2 : (screen.Width - width_) / 2;
   const double top = owner != nullptr ? owner->top_ + (owner->height_ - height_) / 2 : (screen.Height - height_) / 2;
-  SetTwipsLeft(std::max(0.0, std::min(left, screen.Width - width_)));
-  SetTwipsTop(std::max(0.0, std::min(top, screen.Height - height_)));
+  const double middle = left + width_ / 2;
+  const double centre = top + height_ / 2;
+  const bool isElsewhere = middle < 0 || middle >= screen.Width || centre < 0 || centre >= screen.Height;
+  SetTwipsLeft(isElsewhere ? left : std::max(0.0, std::min(left, screen.Width - width_)));
+  SetTwipsTop(isElsewhere ? top : std::max(0.0, std::min(top, screen.Height - height_)));
 }
 
 void Form::SetWindowState(int state) {

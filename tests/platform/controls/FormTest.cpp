@@ -82,6 +82,20 @@ TEST_F(FormTest, CentredOnTheScreenOrItsOwnerAndKeptOnTheScreen) {
   EXPECT_EQ(dialog.TwipsLeft(), 0);
 }
 
+TEST_F(FormTest, ADialogIsCentredOverAnOwnerOnAnotherScreenThanTheMainOne) {
+  Form dialog(toolkit, "Dialog");
+  dialog.SetClientSize(200, 100);
+  const double across = (form.TwipsWidth() - dialog.TwipsWidth()) / 2;
+  const double down = (form.TwipsHeight() - dialog.TwipsHeight()) / 2;
+  for (const double left : {1500.0 * 15, -900.0 * 15}) {
+    form.SetTwipsLeft(left);
+    form.SetTwipsTop(-300.0 * 15);
+    dialog.CentreOn(&form);
+    EXPECT_EQ(dialog.TwipsLeft(), left + across);
+    EXPECT_EQ(dialog.TwipsTop(), -300.0 * 15 + down);
+  }
+}
+
 TEST_F(FormTest, LoadComesOnceAndAgainAfterAnUnload) {
   LogLife(form);
   form.Load();
