@@ -1,6 +1,8 @@
 #include "platform/qt/Drawn.h"
 
 #include <QPainter>
+#include <algorithm>
+#include <cmath>
 
 #include "platform/controls/FineSurface.h"
 #include "platform/qt/Convert.h"
@@ -45,6 +47,20 @@ void DrawImage(QPainter& painter, const QRect& at, const QImage& image) {
   const QRect device = DeviceRect(painter, at);
   painter.setRenderHint(QPainter::SmoothPixmapTransform, image.size() != device.size());
   painter.drawImage(painter.deviceTransform().inverted().mapRect(QRectF(device)), image, QRectF(image.rect()));
+}
+
+void DrawOutline(QPainter& painter, const QRect& at, int width, const QColor& topLeft, const QColor& bottomRight) {
+  const QRect device = DeviceRect(painter, at);
+  const double scale = painter.deviceTransform().m11();
+  const int thick = std::max(1, static_cast<int>(std::lround(width * scale)));
+  const QTransform back = painter.deviceTransform().inverted();
+  const auto fill = [&](int x, int y, int across, int down, const QColor& colour) {
+    painter.fillRect(back.mapRect(QRectF(x, y, across, down)), colour);
+  };
+  fill(device.x(), device.y(), device.width(), thick, topLeft);
+  fill(device.x(), device.y(), thick, device.height(), topLeft);
+  fill(device.x(), device.bottom() + 1 - thick, device.width(), thick, bottomRight);
+  fill(device.right() + 1 - thick, device.y(), thick, device.height(), bottomRight);
 }
 
 void DrawPicture(QPainter& painter, const QRect& at, const Picture& picture, ArtStore& art) {

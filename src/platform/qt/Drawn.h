@@ -2,6 +2,7 @@
 // scaled.
 #pragma once
 
+#include <QColor>
 #include <QImage>
 #include <QPixmap>
 #include <QRect>
@@ -22,6 +23,10 @@ QPixmap DrawnPixmap(const Picture& picture, double devicePixelRatio, ArtStore& a
 
 // Fills a rectangle of logical pixels with an image, its edges moved as below; not scaled where it has as many pixels.
 void DrawImage(QPainter& painter, const QRect& at, const QImage& image);
+
+// Lines along the inner edges of a rectangle of logical pixels, which is moved as below: as thick as `width` logical
+// pixels in whole device pixels, and equally thick on all four sides.
+void DrawOutline(QPainter& painter, const QRect& at, int width, const QColor& topLeft, const QColor& bottomRight);
 
 // Stretched into a rectangle of logical pixels, whose edges are moved to the device pixels next to them: neighbours
 // meet without a gap, and drawings stay sharp at broken scale factors.

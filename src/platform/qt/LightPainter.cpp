@@ -103,12 +103,7 @@ QColor LightPainter::Shown(Colour colour) const {
 // One pixel, dark at the top and left as if sunk.
 void LightPainter::Edge(const QRect& at) {
   const QPalette palette = on_.palette();
-  const QColor dark = palette.color(QPalette::Dark);
-  const QColor light = palette.color(QPalette::Light);
-  painter_.fillRect(at.x(), at.y(), at.width(), 1, dark);
-  painter_.fillRect(at.x(), at.y(), 1, at.height(), dark);
-  painter_.fillRect(at.x(), at.bottom(), at.width(), 1, light);
-  painter_.fillRect(at.right(), at.y(), 1, at.height(), light);
+  DrawOutline(painter_, at, 1, palette.color(QPalette::Dark), palette.color(QPalette::Light));
 }
 
 void LightPainter::PaintImage(const ImageBox& image, const QRect& at) {
@@ -160,10 +155,7 @@ void LightPainter::PaintShape(const Shape& shape, const QRect& at) {
   // Whole pixels: half of the width lies outside the rectangle, the odd one inside.
   const QRect outer = at.adjusted(-(width / 2), -(width / 2), width / 2, width / 2);
   const QColor colour = Shown(shape.BorderColor());
-  painter_.fillRect(outer.x(), outer.y(), outer.width(), width, colour);
-  painter_.fillRect(outer.x(), outer.bottom() + 1 - width, outer.width(), width, colour);
-  painter_.fillRect(outer.x(), outer.y(), width, outer.height(), colour);
-  painter_.fillRect(outer.right() + 1 - width, outer.y(), width, outer.height(), colour);
+  DrawOutline(painter_, outer, width, colour, colour);
 }
 
 // The upper picture is laid over the whole lower one: where each was weighed by itself, what is below both would be
@@ -198,10 +190,7 @@ void LightPainter::PaintFrame(const Frame& frame, const QRect& at) {
   const int top = caption.isEmpty() ? at.y() : at.y() + metrics.height() / 2;
   const QRect line(at.x(), top, at.width(), at.bottom() + 1 - top);
   const QColor colour = Blend(text, Shown(frame.BackColor()), FrameLine);
-  painter_.fillRect(line.x(), line.y(), line.width(), 1, colour);
-  painter_.fillRect(line.x(), line.bottom(), line.width(), 1, colour);
-  painter_.fillRect(line.x(), line.y(), 1, line.height(), colour);
-  painter_.fillRect(line.right(), line.y(), 1, line.height(), colour);
+  DrawOutline(painter_, line, 1, colour, colour);
   if (caption.isEmpty()) return;
   const QRect gap(at.x() + 6, at.y(), metrics.horizontalAdvance(caption) + 6, metrics.height());
   Fill(gap, frame.BackColor());

@@ -7,6 +7,7 @@
 #include "platform/controls/Label.h"
 #include "platform/controls/PictureBox.h"
 #include "platform/controls/Shape.h"
+#include "platform/qt/Drawn.h"
 #include "platform/qt/QtArtwork.h"
 #include "platform/runtime/Errors.h"
 #include "tests/platform/qt/QtTest.h"
@@ -328,6 +329,30 @@ TEST_F(PaintTest, TonesFollowTheDesktopAtOnce) {
   EXPECT_EQ(Shot(form).pixelColor(5, 5), QColor(Qt::green));
   const OnDarkDesktop dark;
   EXPECT_EQ(Shot(form).pixelColor(5, 5), QColor(Qt::red));
+}
+
+TEST_F(PaintTest, TheLinesAroundARectangleAreEquallyThickAtEveryScale) {
+  for (const double scale : {1.0, 1.25, 1.5, 1.75, 2.0, 3.0}) {
+    for (int left = 0; left < 4; ++left) {
+      SCOPED_TRACE(std::to_string(scale) + " from " + std::to_string(left));
+      QImage image(400, 400, QImage::Format_RGB32);
+      image.fill(Qt::white);
+      image.setDevicePixelRatio(scale);
+      QPainter painter(&image);
+      DrawOutline(painter, QRect(left, 5 - left, 51, 42 + left), 1, Qt::black, Qt::black);
+      painter.end();
+      const auto black = [&](QPoint from, QPoint step) {
+        int count = 0;
+        for (QPoint at = from; image.rect().contains(at); at += step)
+          count += image.pixelColor(at) == Qt::black ? 1 : 0;
+        return count;
+      };
+      const int middle = static_cast<int>(25 * scale);
+      const int thick = qRound(scale);
+      EXPECT_EQ(black({middle, 0}, {0, 1}), 2 * thick);
+      EXPECT_EQ(black({0, middle}, {1, 0}), 2 * thick);
+    }
+  }
 }
 
 TEST_F(PaintTest, SomeDrawingsHaveATwinForDarkDesktops) {
