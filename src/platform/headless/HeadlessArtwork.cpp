@@ -17,6 +17,7 @@ const std::vector<std::string>& HeadlessArtwork::Names() {
       "CameraButtonPressed",
       "ClosedFolder",
       "Clouds",
+      "Critical",
       "DeleteAll",
       "DeleteButton",
       "DeleteButtonPressed",
@@ -36,6 +37,7 @@ const std::vector<std::string>& HeadlessArtwork::Names() {
       "OpenFolder",
       "PrintButton",
       "PrintButtonPressed",
+      "Question",
       "ReelDragIcon",
       "SelectionFrame",
       "ShowFolder",
@@ -48,6 +50,7 @@ const std::vector<std::string>& HeadlessArtwork::Names() {
       "TrashcanOpen",
       "UndoButton",
       "UndoButtonPressed",
+      "Warning",
   };
   return names;
 }

@@ -11,7 +11,7 @@
 #include "platform/qt/Convert.h"
 
 // Resources of a static library must be asked for by name, from outside any namespace.
-static void InitArt() {
+static void InitArtResource() {
   Q_INIT_RESOURCE(art);
 }
 
@@ -58,6 +58,10 @@ QImage DesktopIcon(const QString& name, QSize size) {
 
 ArtStore::ArtStore() : rendered_(CacheKilobytes), reduced_(CacheKilobytes), reducedLarge_(LargeKept) {
   InitArt();
+}
+
+void ArtStore::InitArt() {
+  InitArtResource();
 }
 
 ArtStore::~ArtStore() = default;

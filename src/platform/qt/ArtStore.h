@@ -23,6 +23,8 @@ class ArtStore {
   ArtStore(const ArtStore&) = delete;
   ArtStore& operator=(const ArtStore&) = delete;
 
+  // From now on the drawings can be read as files too, such as ":/art/Logo.svg".
+  static void InitArt();
   // Without reading it.
   bool Has(const std::string& name) const;
   // Filled to that size in device pixels; null where there is no such drawing. Some have a twin for dark desktops.

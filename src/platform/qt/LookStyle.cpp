@@ -1,9 +1,14 @@
 #include "platform/qt/LookStyle.h"
 
 #include <QApplication>
+#include <QIcon>
 #include <QPainter>
 #include <QProxyStyle>
 #include <QStyleOptionSlider>
+#include <QSvgRenderer>
+#include <array>
+
+#include "platform/qt/ArtStore.h"
 
 namespace pixorra {
 
@@ -32,6 +37,35 @@ bool IsBlackAndWhite(const QPalette& palette) {
   return qAbs(text - palette.color(QPalette::Window).lightness()) >= NearlyAll;
 }
 
+// An icon of a box: what desktops call it, and the program's own drawing.
+struct BoxArt {
+  QStyle::StandardPixmap Which;
+  QLatin1String OfDesktop;
+  QLatin1String Drawing;
+};
+constexpr std::array<BoxArt, 4> BoxArts = {
+    {{QStyle::SP_MessageBoxInformation, QLatin1String("dialog-information"), QLatin1String(":/art/Information.svg")},
+     {QStyle::SP_MessageBoxQuestion, QLatin1String("dialog-question"), QLatin1String(":/art/Question.svg")},
+     {QStyle::SP_MessageBoxWarning, QLatin1String("dialog-warning"), QLatin1String(":/art/Warning.svg")},
+     {QStyle::SP_MessageBoxCritical, QLatin1String("dialog-error"), QLatin1String(":/art/Critical.svg")}}};
+
+// In the pixels of each scale that screens usually have.
+QIcon DrawnIcon(const QString& drawing) {
+  constexpr int Side = 32;
+  QSvgRenderer source(drawing);
+  QIcon icon;
+  for (const double scale : {1.0, 1.25, 1.5, 1.75, 2.0, 2.5, 3.0, 4.0}) {
+    const int side = qRound(Side * scale);
+    QImage image(side, side, QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
+    QPainter painter(&image);
+    source.render(&painter, QRectF(image.rect()));
+    painter.end();
+    icon.addPixmap(QPixmap::fromImage(image));
+  }
+  return icon;
+}
+
 class LookStyle final : public QProxyStyle {
  public:
   using QProxyStyle::QProxyStyle;
@@ -58,10 +92,17 @@ class LookStyle final : public QProxyStyle {
     if (element == PE_PanelMenu) DrawEdge(*option, *painter);
     const bool isWorked = element == PE_PanelButtonCommand || element == PE_Frame || element == PE_IndicatorCheckBox;
     if (element == PE_IndicatorRadioButton && IsBlackAndWhite(option->palette)) DrawRing(*option, *painter);
-    // One with the focus has the colour of that around it already.
-    if ((option->state & State_HasFocus) != 0) return;
+    // One with the focus has the colour of that around it already, except for lists and trees.
+    if ((option->state & State_HasFocus) != 0 && element != PE_Frame) return;
     if (element == PE_FrameLineEdit || (isWorked && IsBlackAndWhite(option->palette)))
       DrawRoundEdge(*option, option->rect, *painter);
+  }
+
+  // The style's own for boxes have 32 pixels to the side, too few for fine screens.
+  QIcon standardIcon(StandardPixmap which, const QStyleOption* option, const QWidget* widget) const override {
+    for (const BoxArt& art : BoxArts)
+      if (art.Which == which && !QIcon::hasThemeIcon(art.OfDesktop)) return DrawnIcon(art.Drawing);
+    return QProxyStyle::standardIcon(which, option, widget);
   }
 
   // A shadow behind pale letters makes them hard to read.
@@ -135,6 +176,7 @@ class LookStyle final : public QProxyStyle {
 }  // namespace
 
 void InstallLook() {
+  ArtStore::InitArt();
   if (QApplication::style()->name() == QLatin1String("fusion")) QApplication::setStyle(new LookStyle);
 }
 

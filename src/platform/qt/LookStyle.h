@@ -1,5 +1,5 @@
 // Where the plain style of widgets is hard to see: thumbs of scroll bars, edges of text boxes and menus, captions
-// beside marks.
+// beside marks, icons of boxes.
 #pragma once
 
 namespace pixorra {

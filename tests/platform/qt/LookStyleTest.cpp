@@ -3,6 +3,7 @@
 #include <QComboBox>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QPainter>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QRadioButton>
@@ -86,6 +87,18 @@ TEST_P(LookStyleTest, ACaptionStandsNearItsMark) {
   EXPECT_EQ(box.style()->pixelMetric(QStyle::PM_CheckBoxLabelSpacing, nullptr, &box), 4);
 }
 
+TEST_P(LookStyleTest, TheIconsOfBoxesHaveTheScreensPixels) {
+  for (const auto which : {QStyle::SP_MessageBoxInformation, QStyle::SP_MessageBoxQuestion,
+                           QStyle::SP_MessageBoxWarning, QStyle::SP_MessageBoxCritical}) {
+    const QIcon icon = QApplication::style()->standardIcon(which);
+    for (const double scale : {1.25, 1.75, 3.0}) {
+      const QPixmap drawn = icon.pixmap(QSize(32, 32), scale);
+      EXPECT_EQ(drawn.width(), qRound(32 * scale)) << which;
+      EXPECT_GT(drawn.toImage().pixelColor(drawn.rect().center()).alpha(), 250) << which;
+    }
+  }
+}
+
 class BlackAndWhiteTest : public LookStyleTest {
  protected:
   // Something of its uppermost pixels in the middle stands out from the desktop's ground.
@@ -112,6 +125,22 @@ TEST_P(BlackAndWhiteTest, TheEdgesOfAllThatCanBeWorkedStandOut) {
   EXPECT_TRUE(HasEdge(text));
   QProgressBar progress;
   EXPECT_TRUE(HasEdge(progress));
+}
+
+TEST_P(BlackAndWhiteTest, AListKeepsItsEdgeWhileItHasTheFocus) {
+  QListWidget list;
+  list.resize(120, 40);
+  QImage shot(list.size(), QImage::Format_RGB32);
+  const QColor ground = QApplication::palette().color(QPalette::Window);
+  shot.fill(ground);
+  QStyleOptionFrame option;
+  option.initFrom(&list);
+  option.lineWidth = 1;
+  option.state |= QStyle::State_HasFocus | QStyle::State_Sunken;
+  QPainter painter(&shot);
+  list.style()->drawPrimitive(QStyle::PE_Frame, &option, &painter, &list);
+  painter.end();
+  EXPECT_GE(Contrast(shot.pixelColor(60, 0), ground), 4.5);
 }
 
 TEST_P(BlackAndWhiteTest, SlidersAndMarksAreSeen) {
