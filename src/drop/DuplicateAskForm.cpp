@@ -83,6 +83,7 @@ DuplicateAskForm::DuplicateAskForm(Toolkit& toolkit) : Window(toolkit, "Duplicat
   CaptionLabel.Move(Margin, Margin, width - 2 * Margin, 24);
   const int top = 2 * Margin + 24;
   PhotoPreview.SetStretch(true);
+  PhotoPreview.SetShowsPhotoOfTag(true);
   PhotoPreview.SetAccessibleName("The photo");
   PhotoPreview.Move(Margin, top, PreviewWidth, PreviewHeight);
   PhotoSize.SetAlignment(Alignment::Center);
@@ -109,6 +110,7 @@ std::string DeleteDuplicate(MainForm& main, const std::string& equalFile, const 
   Files& files = main.host.files;
   DuplicateAskForm form(main.host.toolkit);
   const PaintedImage painted = PaintImage(main, equalFile, form.PhotoPreview, ButtonFace);
+  form.PhotoPreview.SetTag(equalFile);
   form.PhotoSize.SetCaption(painted.ok ? "W" + TrimmedStr(painted.width) + " x H" + TrimmedStr(painted.height)
                                        : ShownFileName(files, equalFile));
   form.PhotoName1.SetCaption(ShownFileName(files, equalFile));

@@ -53,6 +53,16 @@ TEST_F(DuplicateAskFormTest, ItTellsNamesDatesSizeAndFolder) {
   EXPECT_EQ(DeleteDuplicate(main, old_, new_), "");
 }
 
+TEST_F(DuplicateAskFormTest, ItsPictureIsOneOfTheOriginalForFineScreens) {
+  person.ExpectForm("DuplicateAskForm", [this](Person& hand, Form& form) {
+    const auto& picture = Find<ImageBox>(form, "PhotoPreview");
+    EXPECT_TRUE(picture.ShowsPhotoOfTag());
+    EXPECT_EQ(picture.Tag(), old_);
+    hand.Click(Find<CommandButton>(form, "IgnoreButton"));
+  });
+  EXPECT_EQ(DeleteDuplicate(main, old_, new_), "");
+}
+
 TEST_F(DuplicateAskFormTest, APhotoThatCannotBeShownHasItsNameInTheSizesPlace) {
   drive.Write(old_, "no picture at all");
   person.ExpectForm("DuplicateAskForm", [](Person& hand, Form& form) {

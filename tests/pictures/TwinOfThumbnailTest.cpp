@@ -36,13 +36,14 @@ class TwinOfThumbnailTest : public ProgramTest {
     return DecodeTwin(*drive.DriveFiles().Open(photo, OpenMode::Read), thumbnail.GetPicture().Pixels(), size, stop);
   }
   // The farthest that a pixel of the thumbnail is from what the twin shows there; of 255.
-  int Farthest(const Bitmap& twin) {
-    const Bitmap& shown = thumbnail.GetPicture().Pixels();
-    Bitmap small(80, 60, PixelFormat::Bgr24);
-    Stretch(twin, small, 0, 0, 80, 60);
+  int Farthest(const Bitmap& twin) { return Farthest(twin, thumbnail.GetPicture().Pixels()); }
+  static int Farthest(const Bitmap& twin, const Bitmap& shown) {
+    Bitmap small(shown.Width(), shown.Height(), PixelFormat::Bgr24);
+    Stretch(twin, small, 0, 0, small.Width(), small.Height());
     int farthest = 0;
-    for (int y = 0; y < 60; ++y) {
-      for (int x = 0; x < 3 * 80; ++x) farthest = std::max(farthest, std::abs(small.Row(y)[x] - shown.Row(y)[x]));
+    for (int y = 0; y < small.Height(); ++y) {
+      for (int x = 0; x < 3 * small.Width(); ++x)
+        farthest = std::max(farthest, std::abs(small.Row(y)[x] - shown.Row(y)[x]));
     }
     return farthest;
   }
@@ -77,6 +78,25 @@ TEST_F(TwinOfThumbnailTest, AMarkedPhotoHasOneToo) {
   EXPECT_LE(Farthest(shaded), 14);
   EXPECT_EQ(shaded.Row(62)[3 * 62], plain.Row(62)[3 * 62]);
   EXPECT_EQ(shaded.Row(60)[3 * 62], 0);
+}
+
+TEST_F(TwinOfThumbnailTest, ThePreviewPanesPictureHasOneWithAllOfTheScreensPixels) {
+  constexpr int Fineness = 2;
+  for (const PixelSize pane : {PixelSize{249, 185}, PixelSize{700, 520}}) {
+    for (const PixelSize size : {PixelSize{1600, 1200}, {1200, 1600}, {2400, 600}}) {
+      SCOPED_TRACE(std::to_string(size.Width) + " x " + std::to_string(size.Height));
+      ImageBox box{run.main.Window, "pane"};
+      box.Move(0, 0, pane.Width, pane.Height);
+      drive.Write("C:\\Photos\\p.jpg", JpegPhoto(size.Width, size.Height));
+      ASSERT_TRUE(PaintImage(run.main, "C:\\Photos\\p.jpg", box, ButtonFace).ok);
+      const Bitmap& shown = box.GetPicture().Pixels();
+      const std::atomic<bool> stop = false;
+      const Bitmap twin = DecodeTwin(*drive.DriveFiles().Open("C:\\Photos\\p.jpg", OpenMode::Read), shown,
+                                     {Fineness * pane.Width, Fineness * pane.Height}, stop);
+      ASSERT_FALSE(twin.IsEmpty());
+      EXPECT_LE(Farthest(twin, shown), 110);  // edges of bars lie up to half a pixel apart
+    }
+  }
 }
 
 TEST_F(TwinOfThumbnailTest, RealPhotosHaveThem) {

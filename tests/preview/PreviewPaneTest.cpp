@@ -72,6 +72,7 @@ TEST_F(PreviewPaneTest, ThePhotoIsSelectedAndItsCaptionTellsSizeAndName) {
   EXPECT_TRUE(caption.Visible());
   EXPECT_TRUE(captionTimer.Enabled());
   EXPECT_EQ(pane.Tag(), Photo);
+  EXPECT_TRUE(pane.ShowsPhotoOfTag()) << "for fine screens";
   EXPECT_EQ(caption.ToolTipText(), Photo);
   EXPECT_EQ(pane.GetPicture().Width(), pane.Width());
   EXPECT_EQ(pane.GetPicture().Height(), pane.Height());

@@ -31,8 +31,10 @@ constexpr std::int64_t LongestFile = std::int64_t{128} * 1024 * 1024;
 // Where a camera's own small picture is, in bytes from the start.
 constexpr std::int64_t HeadBytes = 128 * 1024;
 
-// Thumbnails are first composed at ten times their size, so that the last reduction is a plain one.
+// Thumbnails are first composed at ten times their size, so that the last reduction is a plain one. Wider pictures,
+// such as the one in the preview pane, are not: their canvas would be a hundred megabytes.
 constexpr int Factor = 10;
+constexpr int WidestThumbnail = 160;
 
 // A photo is decoded with so many times the pixels to a side that its twin has: one that is made of just as many, or of
 // a few more, has lost the finest of it.
@@ -48,14 +50,23 @@ PixelSize PaintedSize(PixelSize photo, PixelSize size) {
   return {CLng(fitted.Width), CLng(fitted.Height)};
 }
 
+// A photo fitted to a size, on a canvas of another size that shows the same.
+Bitmap Compose(const Bitmap& photo, PixelSize fitted, PixelSize canvasSize) {
+  Bitmap canvas(canvasSize.Width, canvasSize.Height, PixelFormat::Bgr24);
+  canvas.Fill(ButtonFace);
+  const FittedRect at = Fit(fitted.Width, fitted.Height, photo.Width(), photo.Height());
+  const double across = static_cast<double>(canvasSize.Width) / fitted.Width;
+  const double down = static_cast<double>(canvasSize.Height) / fitted.Height;
+  Stretch(photo, canvas, CLng(at.X * across), CLng(at.Y * down), CLng(at.Width * across), CLng(at.Height * down));
+  return canvas;
+}
+
 // As the thumbnail was composed, but for the last step.
 Bitmap ComposeTwin(const Bitmap& photo, const Bitmap& thumbnail, PixelSize size) {
-  Bitmap canvas(thumbnail.Width() * Factor, thumbnail.Height() * Factor, PixelFormat::Bgr24);
-  canvas.Fill(ButtonFace);
-  const FittedRect at = Fit(canvas.Width(), canvas.Height(), photo.Width(), photo.Height());
-  Stretch(photo, canvas, CLng(at.X), CLng(at.Y), CLng(at.Width), CLng(at.Height));
+  const PixelSize large{thumbnail.Width() * Factor, thumbnail.Height() * Factor};
+  if (thumbnail.Width() > WidestThumbnail) return Compose(photo, large, size);
   Bitmap twin(size.Width, size.Height, PixelFormat::Bgr24);
-  Stretch(canvas, twin, 0, 0, size.Width, size.Height);
+  Stretch(Compose(photo, large, large), twin, 0, 0, size.Width, size.Height);
   return twin;
 }
 
