@@ -5,11 +5,11 @@
 #include <cstddef>
 #include <utility>
 
-#include "base/OneLine.h"
 #include "base/PictureTypes.h"
 #include "base/ShownNames.h"
 #include "platform/controls/FineSurface.h"
 #include "platform/runtime/Errors.h"
+#include "platform/runtime/OneLine.h"
 
 namespace pixorra {
 

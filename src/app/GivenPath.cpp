@@ -4,7 +4,6 @@
 #include <vector>
 
 #include "app/SelectionKeys.h"
-#include "base/OneLine.h"
 #include "base/PictureTypes.h"
 #include "base/Routines.h"
 #include "browse/BrowseFolderLocationForm.h"
@@ -16,6 +15,7 @@
 #include "platform/controls/Toolkit.h"
 #include "platform/runtime/AtExit.h"
 #include "platform/runtime/Errors.h"
+#include "platform/runtime/OneLine.h"
 #include "platform/runtime/Text.h"
 #include "platform/services/Dialogs.h"
 #include "platform/services/Files.h"

@@ -1,9 +1,9 @@
 #include "printing/PageLines.h"
 
 #include "base/FileDateTime.h"
-#include "base/OneLine.h"
 #include "platform/runtime/Format.h"
 #include "platform/runtime/Numbers.h"
+#include "platform/runtime/OneLine.h"
 #include "platform/runtime/Text.h"
 #include "platform/services/Files.h"
 #include "window/CoreState.h"

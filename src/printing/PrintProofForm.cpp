@@ -4,11 +4,11 @@
 
 #include "base/Definition.h"
 #include "base/Dialog.h"
-#include "base/OneLine.h"
 #include "pictures/PictureLoader.h"
 #include "platform/runtime/AtExit.h"
 #include "platform/runtime/Errors.h"
 #include "platform/runtime/Numbers.h"
+#include "platform/runtime/OneLine.h"
 #include "platform/runtime/Text.h"
 #include "platform/services/Files.h"
 #include "platform/services/Printing.h"

@@ -7,7 +7,6 @@
 #include <string>
 #include <vector>
 
-#include "base/OneLine.h"
 #include "base/ShownNames.h"
 #include "pictures/PaintPhoto.h"
 #include "pictures/PictureLoader.h"
@@ -17,6 +16,7 @@
 #include "platform/runtime/AtExit.h"
 #include "platform/runtime/Errors.h"
 #include "platform/runtime/Numbers.h"
+#include "platform/runtime/OneLine.h"
 #include "platform/services/Dialogs.h"
 #include "platform/services/Files.h"
 #include "platform/services/Printing.h"

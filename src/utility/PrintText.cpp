@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <string>
 
-#include "base/OneLine.h"
+#include "platform/runtime/OneLine.h"
 #include "platform/runtime/Text.h"
 #include "platform/runtime/Utf8.h"
 #include "platform/services/Printing.h"

@@ -39,6 +39,7 @@ for namespace in "unshare -m" "unshare -rm"; do
   if $namespace mount -t tmpfs none "$mounts" 2>/dev/null; then alone=($namespace) && break; fi
 done
 if [ ${#alone[@]} -gt 0 ]; then
+  # shellcheck disable=SC2016 # the inner shell's own
   "${alone[@]}" bash -c 'mount -t tmpfs none "$0" && mkdir "$0/smb-share:server=nas,share=photos" && exec "$1"' "$mounts" "$PIXORRA" &
   program_id=$!
 else

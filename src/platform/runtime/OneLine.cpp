@@ -1,4 +1,4 @@
-#include "base/OneLine.h"
+#include "platform/runtime/OneLine.h"
 
 #include <cstddef>
 
