@@ -4,6 +4,7 @@
 #include <QFontMetrics>
 #include <QPushButton>
 #include <algorithm>
+#include <cmath>
 #include <map>
 #include <unordered_map>
 
@@ -30,15 +31,28 @@ QSize SizeOf(const QString& text, const QFontMetrics& metrics) {
   return metrics.size(0, text);
 }
 
-// Where they stand on the form.
-QRect LettersOf(const Label& label, QSize size, const QFontMetrics& metrics) {
+// The rows of a label that have letters, from its top: not those above an "a", of one line.
+struct LetterRows {
+  int From;
+  int Height;
+};
+LetterRows RowsOf(const QString& text, QSize size, const QFont& font) {
+  const QFontMetricsF metrics(font);
+  const bool oneLine = size.height() < 2 * metrics.height();
+  const QRectF ink = metrics.tightBoundingRect(oneLine ? text : QStringLiteral("d"));
+  const int from = std::max(0, static_cast<int>(std::floor(metrics.ascent() + ink.top())));
+  const int to = oneLine ? static_cast<int>(std::ceil(metrics.ascent() + ink.bottom())) : size.height();
+  return {from, to - from};
+}
+
+// Where they are on the form.
+QRect LettersOf(const Label& label, QSize size, LetterRows rows) {
   const QRect whole = ToQRect(label.FormRect());
   const int width = std::min(size.width(), whole.width());
   int left = whole.left();
   if (label.GetAlignment() == Alignment::Center) left += (whole.width() - width) / 2;
   if (label.GetAlignment() == Alignment::Right) left += whole.width() - width;
-  const int blank = metrics.ascent() - metrics.boundingRect(QLatin1Char('d')).height();
-  return {left, whole.top() + blank, width, size.height() - blank};
+  return {left, whole.top() + rows.From, width, rows.Height};
 }
 
 }  // namespace
@@ -94,8 +108,8 @@ void LookAt::LookAtLabel(Label& label) {
   const bool scrolls = label.GetContainer() != &form_;
   if (text.trimmed().isEmpty() || (scrolls && !(label.ShownRect() == label.FormRect()))) return;
   const std::string where = Named(label, text);
-  const QFontMetrics metrics(label.Shrinks() ? FittedFont(label.GetFont(), text, label.Width())
-                                             : ToQFont(label.GetFont()));
+  const QFont font = label.Shrinks() ? FittedFont(label.GetFont(), text, label.Width()) : ToQFont(label.GetFont());
+  const QFontMetrics metrics(font);
   QSize size = SizeOf(text, metrics);
   if (label.WordWrap()) size = metrics.boundingRect(QRect(0, 0, label.Width(), 9999), Qt::TextWordWrap, text).size();
   const bool shortened = label.ShortensInMiddle() && size.width() > label.Width();
@@ -103,7 +117,7 @@ void LookAt::LookAtLabel(Label& label) {
   if (!shortened && size.width() > label.Width()) Fault(where, "is too wide");
   if (size.height() > label.Height()) Fault(where, "is too high");
   // The letters alone: the rows above them and the label's empty sides may lie under an edge.
-  const QRect at = LettersOf(label, size, metrics);
+  const QRect at = LettersOf(label, size, RowsOf(text, size, font));
   if (!ToQRect(label.ShownRect()).contains(at)) Fault(where, "is cut off by what it lies on");
   const QImage with = Shot(at);
   const bool dark = IsDark(client_.palette());

@@ -67,6 +67,8 @@ struct Desktop {
   const char* Name;
   bool Dark;
   QPalette (*Palette)();
+  bool RightToLeft = false;
+  double Letters = 0;  // points; 0 as they are
 };
 
 void PrintTo(const Desktop& desktop, std::ostream* out) {
@@ -83,6 +85,13 @@ class LookTest : public ProgramTest, public ::testing::WithParamInterface<Deskto
   LookTest() {
     before_ = QApplication::palette();
     QApplication::setPalette(GetParam().Palette());
+    fontBefore_ = QApplication::font();
+    if (GetParam().RightToLeft) QApplication::setLayoutDirection(Qt::RightToLeft);
+    if (GetParam().Letters > 0) {
+      QFont large = fontBefore_;
+      large.setPointSizeF(GetParam().Letters);
+      QApplication::setFont(large);
+    }
     std::vector<std::string> folders;
     for (const char* name : {"Family", "Grandma's 80th birthday party", LongName, "B", "School", "x", "Garden"}) {
       folders.push_back(std::string("C:\\Home\\") + name);
@@ -101,6 +110,8 @@ class LookTest : public ProgramTest, public ::testing::WithParamInterface<Deskto
   }
   ~LookTest() override {
     EndRun();
+    QApplication::setFont(fontBefore_);
+    QApplication::setLayoutDirection(Qt::LeftToRight);
     QApplication::setPalette(before_);
   }
 
@@ -112,6 +123,7 @@ class LookTest : public ProgramTest, public ::testing::WithParamInterface<Deskto
 
  private:
   QPalette before_;
+  QFont fontBefore_;
 };
 
 TEST_P(LookTest, EveryTextOfTheMainWindowIsReadableAtEverySize) {
@@ -267,10 +279,11 @@ INSTANTIATE_TEST_SUITE_P(Desktops, LookTest,
                          ::testing::Values(Desktop{"Light", false, LightDesktop}, Desktop{"Dark", true, DarkDesktop}),
                          [](const auto& desktop) { return desktop.param.Name; });
 
-// These differ in their colours alone: the sanitizers have seen what runs for them.
+// Nothing runs for these that does not run for those above, under the sanitizers too.
 #ifndef __SANITIZE_ADDRESS__
 INSTANTIATE_TEST_SUITE_P(BlackAndWhite, LookTest,
-                         ::testing::Values(Desktop{"Black", true, BlackDesktop}, Desktop{"White", false, WhiteDesktop}),
+                         ::testing::Values(Desktop{"BlackFromTheRight", true, BlackDesktop, true},
+                                           Desktop{"WhiteInLargeLetters", false, WhiteDesktop, false, 14}),
                          [](const auto& desktop) { return desktop.param.Name; });
 #endif
 
