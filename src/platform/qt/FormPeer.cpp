@@ -54,6 +54,14 @@ QPoint PlaceOf(const QtBackend& backend, const Form& form) {
   return QPoint(CLng(form.TwipsLeft() / TwipsPerPixel), CLng(form.TwipsTop() / TwipsPerPixel)) + FrameCorner;
 }
 
+bool HasWidgets(const Container& container) {
+  for (const Control* control : container.Controls()) {
+    if (control->IsNative()) return true;
+    if (TraitsOf(control->GetKind()).HoldsOthers && HasWidgets(static_cast<const Container&>(*control))) return true;
+  }
+  return false;
+}
+
 }  // namespace
 
 FormPeer* FormPeerOf(Control& control) {
@@ -164,6 +172,10 @@ void FormPeer::Flush() {
   if (!outdated_.isEmpty()) Client().update(outdated_);
   outdated_ = {};
   FollowSpoken(Client());
+}
+
+bool FormPeer::IsNotice() const {
+  return form_.Owner() != nullptr && !form_.IsModal() && !form_.FullScreen() && !HasWidgets(form_);
 }
 
 void FormPeer::ApplyTitle() {

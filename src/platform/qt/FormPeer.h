@@ -34,6 +34,8 @@ class FormPeer final : public Peer, public Pending {
   QtBackend& GetBackend() { return backend_; }
   FormWindow& Window() { return *window_; }
   ClientArea& Client() { return window_->Client(); }
+  // The form only tells something, and waits for nothing: it may close by itself at any time.
+  bool IsNotice() const;
 
   void ShowDrag(const Toolkit::DragShown& drag);
   void ShowPointer(const Toolkit::PointerShown& pointer);

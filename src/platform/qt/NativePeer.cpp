@@ -178,7 +178,9 @@ void NativePeer::ApplyLook() {
   ApplyColours();
   widget_->setToolTip(ToToolTip(control_.ToolTipText()));
   widget_->setAccessibleDescription(ToQString(SpokenBeside(control_)));
-  if (!control_.AccessibleName().empty()) widget_->setAccessibleName(ToQString(control_.AccessibleName()));
+  // Each time it is set it is said.
+  const QString name = ToQString(control_.AccessibleName());
+  if (!name.isEmpty() && name != widget_->accessibleName()) widget_->setAccessibleName(name);
   if (control_.ZOrder() == z_) return;
   if (control_.ZOrder() > z_) {
     widget_->raise();

@@ -352,6 +352,8 @@ QWidget* QtBackend::WindowForBoxes() {
   pending_.RunAll();
   if (toolkit_ == nullptr) return nullptr;
   Form* form = toolkit_->ActiveForm();
+  // A box would close with the window that it belongs to, unanswered.
+  while (form != nullptr && PeerOf(*form) != nullptr && PeerOf(*form)->IsNotice()) form = form->Owner();
   if (form == nullptr || PeerOf(*form) == nullptr || !PeerOf(*form)->Window().isVisible()) return nullptr;
   return &PeerOf(*form)->Window();
 }

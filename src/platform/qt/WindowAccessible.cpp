@@ -4,6 +4,7 @@
 #include <QCoreApplication>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QMenu>
 #include <QPointer>
 
 #include "platform/controls/Form.h"
@@ -18,26 +19,35 @@ namespace {
 const QString CloseAction = QStringLiteral("Close");
 const QString EnterAction = QStringLiteral("Enter");
 
-bool HasWidgets(const Container& container) {
-  for (const Control* control : container.Controls()) {
-    if (control->IsNative()) return true;
-    if (TraitsOf(control->GetKind()).HoldsOthers && HasWidgets(static_cast<const Container&>(*control))) return true;
-  }
-  return false;
-}
-
 }  // namespace
 
-// One that only tells something, and waits for nothing.
-bool WindowAccessible::IsNotice() const {
-  const Form& form = window_.GetPeer()->GetForm();
-  return !form.IsModal() && !form.FullScreen() && !HasWidgets(form);
+// A menu that is up over the window, as a child of it; null for none. The menu bar has its own.
+QWidget* WindowAccessible::PopupMenu() const {
+  for (QMenu* menu : window_.findChildren<QMenu*>(Qt::FindDirectChildrenOnly)) {
+    if (menu->isVisible()) return menu;
+  }
+  return nullptr;
+}
+
+int WindowAccessible::childCount() const {
+  return QAccessibleWidget::childCount() + (PopupMenu() != nullptr ? 1 : 0);
+}
+
+QAccessibleInterface* WindowAccessible::child(int index) const {
+  if (index != QAccessibleWidget::childCount()) return QAccessibleWidget::child(index);
+  return QAccessible::queryAccessibleInterface(PopupMenu());
+}
+
+int WindowAccessible::indexOfChild(const QAccessibleInterface* child) const {
+  QWidget* const menu = PopupMenu();
+  const bool isMenu = menu != nullptr && child != nullptr && child->object() == menu;
+  return isMenu ? QAccessibleWidget::childCount() : QAccessibleWidget::indexOfChild(child);
 }
 
 QAccessible::Role WindowAccessible::role() const {
   const FormPeer* peer = window_.GetPeer();
   if (peer == nullptr || peer->GetForm().Owner() == nullptr) return QAccessible::Window;
-  return IsNotice() ? QAccessible::AlertMessage : QAccessible::Dialog;
+  return peer->IsNotice() ? QAccessible::AlertMessage : QAccessible::Dialog;
 }
 
 bool WindowAccessible::TakesInput() const {

@@ -12,13 +12,16 @@ class WindowAccessible final : public QAccessibleWidget {
  public:
   explicit WindowAccessible(FormWindow& window) : QAccessibleWidget(&window, QAccessible::Window), window_(window) {}
 
+  int childCount() const override;
+  QAccessibleInterface* child(int index) const override;
+  int indexOfChild(const QAccessibleInterface* child) const override;
   QAccessible::Role role() const override;
   QStringList actionNames() const override;
   void doAction(const QString& name) override;
 
  private:
+  QWidget* PopupMenu() const;
   bool TakesInput() const;
-  bool IsNotice() const;
   QWidget* FocusedLine() const;
 
   FormWindow& window_;

@@ -14,6 +14,7 @@
 #include "platform/controls/ImageBox.h"
 #include "platform/controls/Label.h"
 #include "platform/controls/Lists.h"
+#include "platform/controls/Menu.h"
 #include "platform/controls/ScrollBar.h"
 #include "platform/controls/TextBox.h"
 #include "platform/controls/TreeView.h"
@@ -277,6 +278,26 @@ TEST_F(AccessibleActionsTest, AWindowIsClosedAsByItsFrame) {
   Do(window, "Close");
   EXPECT_EQ(asked, 1);
   EXPECT_FALSE(form.Visible());
+}
+
+TEST_F(AccessibleActionsTest, AMenuThatIsUpIsFoundInItsWindow) {
+  MenuItem popup(form, "FolderPopup", "Folder Popup");
+  MenuItem item(popup, "Remove", "Delete");
+  Show();
+  QAccessibleInterface& window = Of(WindowOf(form));
+  const int before = window.childCount();
+  Meanwhile([&] {
+    ASSERT_EQ(window.childCount(), before + 1);
+    QAccessibleInterface& menu = *window.child(before);
+    EXPECT_EQ(menu.role(), QAccessible::PopupMenu);
+    EXPECT_EQ(menu.text(QAccessible::Name), "Folder Popup");
+    EXPECT_EQ(menu.child(0)->text(QAccessible::Name), "Delete");
+    EXPECT_EQ(window.indexOfChild(&menu), before);
+    QApplication::activePopupWidget()->close();
+  });
+  form.PopupMenu(popup);
+  Settle();
+  EXPECT_EQ(window.childCount(), before);
 }
 
 TEST_F(AccessibleActionsTest, AnEntryIsFinishedAsByTheKeyEnter) {

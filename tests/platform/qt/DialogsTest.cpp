@@ -43,6 +43,21 @@ TEST_F(DialogsTest, ABoxShowsPlainLinesAndItsTitle) {
   EXPECT_EQ(answer, BoxAnswer::Ok);
 }
 
+TEST_F(DialogsTest, ABoxStaysWhenTheNoticeThatWasUpBeforeItGoes) {
+  form.Show();
+  Form notice(toolkit, "NoticeForm");
+  notice.ShowOwned(&form);
+  Settle();
+  Meanwhile([&] {
+    notice.Unload();
+    Settle();
+    auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+    ASSERT_NE(box, nullptr);
+    box->button(QMessageBox::Yes)->click();
+  });
+  EXPECT_EQ(dialogs.MsgBox("Go?", BoxIcon::Question, BoxButtons::YesNo, "Question"), BoxAnswer::Yes);
+}
+
 TEST_F(DialogsTest, LinesOfATextAreNotBrokenOnceMoreBelowLargeLetters) {
   const QFont before = QApplication::font();
   QFont large = before;
