@@ -50,12 +50,13 @@ bool IsPrepared(MainForm& main, ReadAhead::Reader reader, const std::string& nex
   return ahead.IsReady(next, main.pictures.lDecodeScale);
 }
 
-// A card that has been pulled out leaves what is loaded, and the rest away until it is back.
+// A card that has been pulled out leaves what is loaded, and the rest away until it is back. Until then each turn finds
+// nothing, and it is looked for only in those that are not left out.
 bool HasGone(MainForm& main, const FileListBox& list) {
   return !main.host.files.FolderExists(list.Path());
 }
 
-// False: there is nothing to load, and nothing more to ask for.
+// False: there is nothing to load, or it is not there.
 bool LoadOpenFolder(MainForm& main) {
   DesktopState& desk = main.desk;
   const bool changed = desk.DestFileList.Path() != desk.DestLoadedPath;
@@ -66,7 +67,7 @@ bool LoadOpenFolder(MainForm& main) {
   const bool wanted = desk.OpenFolderIndex != 0 && desk.DestSlotCount < CellsWanted(desk) && !IsPaused(main.strip);
   if (!wanted || HasGone(main, desk.DestFileList)) {
     main.host.readAhead.Expect(ReadAhead::Reader::OpenFolder, {}, 0, {});
-    return changed || wanted;
+    return changed;
   }
   const std::string next = NextDestThumbFile(desk);
   const auto following = [&](int most) { return NextDestThumbFiles(desk, most); };
@@ -84,7 +85,7 @@ bool LoadFilmStrip(MainForm& main) {
   const bool wanted = !strip.NoFilmStrip && strip.SrcSlotCount < SlotsWanted(strip) && !IsPaused(strip);
   if (!wanted || HasGone(main, strip.SrcFileList)) {
     main.host.readAhead.Expect(ReadAhead::Reader::FilmStrip, {}, 0, {});
-    return changed || wanted;
+    return changed;
   }
   const std::string next = NextSrcPhoto(strip);
   const auto following = [&](int most) { return strip.loadedPaths.Missing(strip.SrcFileList, SlotPaths(strip), most); };

@@ -12,7 +12,9 @@ namespace pixorra {
 
 namespace {
 
-constexpr int TurnsBetweenLooks = 50;  // of ThumbsTimer, a second in all
+// Of ThumbsTimer, a second in all. Where all between them are left out, it is the film strip's turn at one look and the
+// open folder's at the next, as the number is odd.
+constexpr int TurnsBetweenLooks = 49;
 
 void LookAtMedium(MainForm& main, std::uint64_t stamp) {
   FilmStripState& strip = main.strip;

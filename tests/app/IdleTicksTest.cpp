@@ -2,12 +2,14 @@
 // both must look the same at every moment.
 #include <array>
 #include <cstdlib>
+#include <filesystem>
 #include <gtest/gtest.h>
 #include <memory>
 #include <random>
 #include <sstream>
 
 #include "app/BackgroundLoading.h"
+#include "app/GivenPath.h"
 #include "desktop/OpenFolder.h"
 #include "filmstrip/Scrolling.h"
 #include "platform/controls/Container.h"
@@ -88,6 +90,16 @@ class Session {
   }
 };
 
+// The folder is not there for so long. What was to be loaded from it meanwhile is loaded afterwards, after a look or
+// two of a second each.
+void TakeAway(TemporaryDrive& drive, ProgramRun& run, const std::string& folder, double seconds) {
+  const std::string here = drive.HostPath(folder);
+  std::filesystem::rename(here, here + ".away");
+  run.Wait(seconds);
+  std::filesystem::rename(here + ".away", here);
+  run.Wait(6);
+}
+
 // The first lines that differ; empty where all is alike.
 std::string Difference(const std::string& one, const std::string& two) {
   if (one == two) return {};
@@ -160,6 +172,9 @@ void Do(Session& session, int what, int number) {
     case 13:
       run.platform.backend.Post([&main, number] { RefreshFolder(main, 1 + number % 2); });
       break;
+    case 14:
+      TakeAway(session.drive, run, number % 2 == 0 ? "C:\\Card" : "C:\\One", 0.03 + number % 3);
+      break;
     default:
       run.platform.toolkit.DoEvents();
       break;
@@ -175,7 +190,7 @@ TEST_P(IdleTicksTest, NobodyCanTell) {
   const auto any = [&](int below) { return static_cast<int>(random() % static_cast<unsigned>(below)); };
   ASSERT_EQ(Difference(all.Look(), some.Look()), "");
   for (int step = 0; step < 80; ++step) {
-    const int what = any(15);
+    const int what = any(16);
     const int number = any(1000);
     Do(all, what, number);
     Do(some, what, number);
@@ -191,7 +206,21 @@ TEST_P(IdleTicksTest, NobodyCanTell) {
 
 INSTANTIATE_TEST_SUITE_P(Sessions, IdleTicksTest, ::testing::Range(1U, 5U));
 
-class IdleProgramTest : public ProgramTest {};
+class IdleProgramTest : public ProgramTest {
+ protected:
+  // In so many seconds. One turn is one moment that the clock stops at.
+  static int TurnsIn(ProgramRun& run, double seconds) {
+    int turns = 0;
+    const double end = run.platform.clock.Seconds() + seconds;
+    while (true) {
+      const double next = run.platform.toolkit.NextDeadline().value_or(end);
+      if (next >= end) return turns;
+      run.platform.clock.AdvanceTo(next);
+      run.platform.toolkit.RunDueTimers();
+      ++turns;
+    }
+  }
+};
 
 TEST_F(IdleProgramTest, AProgramOfWhichNothingIsWantedAsksForFewerThanFiveTurnsASecond) {
   if (std::getenv("PIXORRA_EVERY_TICK") != nullptr) GTEST_SKIP() << "every tick is wanted";
@@ -202,18 +231,38 @@ TEST_F(IdleProgramTest, AProgramOfWhichNothingIsWantedAsksForFewerThanFiveTurnsA
     run.LoadAll();
     if (autoScroll) run.person.Click(run.main.strip.AutoScrollOption);
     run.Wait(3);
-    // One turn is one moment that the clock stops at.
-    int turns = 0;
-    const double end = run.platform.clock.Seconds() + 10;
-    while (true) {
-      const double next = run.platform.toolkit.NextDeadline().value_or(end);
-      if (next >= end) break;
-      run.platform.clock.AdvanceTo(next);
-      run.platform.toolkit.RunDueTimers();
-      ++turns;
-    }
-    EXPECT_LT(turns, 5 * 10) << "auto scroll: " << autoScroll;
+    EXPECT_LT(TurnsIn(run, 10), 5 * 10) << "auto scroll: " << autoScroll;
   }
+}
+
+TEST_F(IdleProgramTest, FoldersThatHaveGoneWhileTheyWereLoadedAreLookedForOnceInAWhileAndLoadedWhenTheyAreBack) {
+  if (std::getenv("PIXORRA_EVERY_TICK") != nullptr) GTEST_SKIP() << "every tick is wanted";
+  for (int i = 1; i <= 60; ++i) {
+    drive.Write("C:\\Card\\" + SessionPhoto(i), BmpPhoto(8, 8));
+    drive.Write("C:\\One\\" + SessionPhoto(i), BmpPhoto(8, 8));
+  }
+  WriteSavedState(StateLines("C:\\Card", {"C:\\One"}));
+  ProgramRun& run = Started();
+  GivenPath given(run.main);
+  given.Give("C:\\Card\\" + SessionPhoto(60));
+  Select_a_Folder(run.main, 1);
+  run.Wait(0.5);
+  const int loaded = run.main.strip.SrcSlotCount;
+  ASSERT_GT(loaded, 0);
+  ASSERT_LT(loaded, 60);
+  ASSERT_LT(run.main.desk.DestSlotCount, 60);
+  for (const char* folder : {"C:\\Card", "C:\\One"})
+    std::filesystem::rename(drive.HostPath(folder), drive.HostPath(folder) + ".away");
+  run.Wait(3);
+  EXPECT_EQ(run.main.strip.SrcSlotCount, loaded);
+  EXPECT_LT(TurnsIn(run, 10), 5 * 10);
+  EXPECT_FALSE(given.IsDone());
+  for (const char* folder : {"C:\\Card", "C:\\One"})
+    std::filesystem::rename(drive.HostPath(folder) + ".away", drive.HostPath(folder));
+  run.Wait(6);
+  EXPECT_EQ(run.main.strip.SrcSlotCount, 60);
+  EXPECT_EQ(run.main.desk.DestSlotCount, 60);
+  EXPECT_TRUE(given.IsDone());
 }
 
 }  // namespace

@@ -59,8 +59,9 @@ void Timer::Wake() {
   idleTicks_ = 0;
 }
 
+// The tick of this very moment, where it is still to come, is given up with the restart and was not left out.
 void Timer::Restart() {
-  LeaveOut(GetToolkit().Seconds());
+  LeaveOut(GetToolkit().Seconds() - Timers::SameMoment);
   // A handler that disables its timer for the length of its tick has not begun anew.
   if (!ticking_) Wake();
   deadline_ = GetToolkit().Seconds() + interval_ / 1000.0;
