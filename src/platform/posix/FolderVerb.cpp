@@ -67,6 +67,14 @@ std::string ShellQuoted(std::string_view text) {
   return quoted + '\'';
 }
 
+// `argument` in a shell's command, with that in the place of the mark.
+std::string ShellPart(const std::string& argument, std::string_view folder) {
+  const std::size_t mark = argument.find(folderMark);
+  if (mark == std::string::npos) return ShellQuoted(argument);
+  return ShellQuoted(argument.substr(0, mark)) + std::string(folder) +
+         ShellQuoted(argument.substr(mark + folderMark.size()));
+}
+
 // The file managers leave the paths of what is selected in a variable, a line end after each: their arguments are names
 // without a folder, and do not survive a percent sign. Of several folders the first is shown, of a photo its folder, of
 // nothing the folder on show.
@@ -86,12 +94,15 @@ esac
 
 std::string Script(const std::string& program, const std::vector<std::string>& arguments) {
   std::string command = "exec " + ShellQuoted(program);
-  for (const std::string& argument : arguments) {
-    const std::size_t mark = argument.find(folderMark);
-    command += ' ' + ShellQuoted(argument.substr(0, mark));
-    if (mark != std::string::npos) command += "\"$folder\"" + ShellQuoted(argument.substr(mark + folderMark.size()));
-  }
+  for (const std::string& argument : arguments) command += ' ' + ShellPart(argument, "\"$folder\"");
   return std::string("#!/bin/sh\n# ") + VerbMark + '\n' + findFolder + command + '\n';
+}
+
+// For menus that have no limit to one folder: the shell is given all that are marked, and hands on the first of them.
+std::string FirstFolderCommand(const std::string& program, const std::vector<std::string>& arguments) {
+  std::string command = "exec \"$0\"";
+  for (const std::string& argument : arguments) command += ' ' + ShellPart(argument, "\"$1\"");
+  return "/bin/sh -c " + DesktopQuoted(command) + ' ' + DesktopQuoted(program) + " %F";
 }
 
 struct Line {
@@ -128,6 +139,8 @@ std::vector<VerbFile> FilesOfFolderVerb(const std::string& name, const std::stri
       {"Desktop Entry", "X-KDE-ServiceTypes", "KonqPopupMenu/Plugin"},
       {"Desktop Entry", "X-KDE-Priority", "TopLevel"},
       {"Desktop Entry", "MimeType", "inode/directory;"},
+      {"Desktop Entry", "X-KDE-RequiredNumberOfUrls", "1"},
+      {"Desktop Entry", "X-KDE-MaxNumberOfUrls", "1"},
       {"Desktop Entry", "Actions", "play;"},
       {"Desktop Action play", "Name", name},
       {"Desktop Action play", "Icon", "pixorra"},
@@ -139,6 +152,7 @@ std::vector<VerbFile> FilesOfFolderVerb(const std::string& name, const std::stri
       {"Desktop Entry", "Icon", "pixorra"},
       {"Desktop Entry", "Profiles", "folder;"},
       {"X-Action-Profile folder", "MimeTypes", "inode/directory;"},
+      {"X-Action-Profile folder", "SelectionCount", "=1"},
       {"X-Action-Profile folder", "Exec", DesktopCommand(program, arguments, "%f")},
   });
   const std::string nemo = MarkedKeyFile({
@@ -154,7 +168,7 @@ std::vector<VerbFile> FilesOfFolderVerb(const std::string& name, const std::stri
       {"Desktop Entry", "Type", "Application"},
       {"Desktop Entry", "Name", name},
       {"Desktop Entry", "Icon", "pixorra"},
-      {"Desktop Entry", "Exec", DesktopCommand(program, arguments, "%f")},
+      {"Desktop Entry", "Exec", FirstFolderCommand(program, arguments)},
       {"Desktop Entry", "MimeType", "inode/directory;"},
   });
 

@@ -8,6 +8,9 @@
 //   GNOME Files                      nautilus/scripts of the data folder, a script in the menu "Scripts"
 //   Caja                             caja/scripts of the configuration folder, a script in the menu "Scripts"
 //
+// Of several folders that are marked at once one is shown: the menus that know a limit offer it for one alone, the
+// others start it on the first.
+//
 // None of them is a program that is registered for folders: such a program might become the one that opens them.
 #pragma once
 
