@@ -45,7 +45,15 @@ QRect DeviceRect(const QPainter& painter, const QRect& at) {
 void DrawImage(QPainter& painter, const QRect& at, const QImage& image) {
   if (image.isNull() || at.isEmpty()) return;
   const QRect device = DeviceRect(painter, at);
-  painter.setRenderHint(QPainter::SmoothPixmapTransform, image.size() != device.size());
+  if (image.size() == device.size()) {
+    // In the screen's own pixels: by way of a scale, even one that comes out even, it takes several times as long.
+    const QTransform before = painter.worldTransform();
+    painter.setWorldTransform(painter.deviceTransform().inverted(), true);
+    painter.drawImage(device.topLeft(), image);
+    painter.setWorldTransform(before);
+    return;
+  }
+  painter.setRenderHint(QPainter::SmoothPixmapTransform);
   painter.drawImage(painter.deviceTransform().inverted().mapRect(QRectF(device)), image, QRectF(image.rect()));
 }
 

@@ -1,13 +1,16 @@
 // Pictures that fade are read back from the screen, and forms that cover one of several screens.
+#include <QPainter>
 #include <QProcess>
 #include <QProcessEnvironment>
 #include <QScreen>
 #include <QTemporaryDir>
 #include <QWindow>
 #include <algorithm>
+#include <ctime>
 
 #include "platform/controls/FadeBox.h"
 #include "platform/controls/FineSurface.h"
+#include "platform/qt/Drawn.h"
 #include "tests/platform/qt/QtTest.h"
 
 namespace pixorra {
@@ -201,6 +204,32 @@ TEST_F(ScreensTest, APictureOfTheScreensOwnPixelsIsSeenPixelForPixelAtABrokenSca
       }
     }
   });
+}
+
+// The least processor time of many tries, seconds, for an image that covers a screen of that scale.
+double CpuOfDrawing(double scale) {
+  constexpr int Side = 1200;
+  constexpr int Tries = 20;
+  QImage screen(Side, Side, QImage::Format_RGB32);
+  screen.fill(Qt::black);
+  screen.setDevicePixelRatio(scale);
+  QImage image(Side, Side, QImage::Format_RGB32);
+  image.fill(Qt::white);
+  const int logical = qRound(Side / scale);
+  double least = 1e9;
+  for (int i = 0; i < Tries; ++i) {
+    QPainter painter(&screen);
+    painter.setOpacity(0.5);
+    const std::clock_t before = std::clock();
+    DrawImage(painter, QRect(0, 0, logical, logical), image);
+    painter.end();
+    least = std::min(least, static_cast<double>(std::clock() - before) / CLOCKS_PER_SEC);
+  }
+  return least;
+}
+
+TEST(DrawnImage, OneOfTheScreensOwnPixelsTakesNoLongerAtABrokenScale) {
+  EXPECT_LT(CpuOfDrawing(1.5), 1.5 * CpuOfDrawing(1));
 }
 
 }  // namespace
