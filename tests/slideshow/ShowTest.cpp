@@ -197,6 +197,15 @@ TEST_F(ShowTest, NoMoreThanOneIsMadeReadyAhead) {
   EXPECT_EQ(decoded.size(), 3U);
 }
 
+TEST_F(ShowTest, WhileAPhotoStandsOnlyItAndTheNextOneAreHeld) {
+  folder = Folder({"a", "b", "c", "d", "e"});
+  for (const double moment : {102.0, 105.0, 108.0, 111.0}) {
+    RunTo(moment);
+    ASSERT_EQ(show.Coming(), nullptr);
+    EXPECT_EQ(Held(), 2U) << moment;
+  }
+}
+
 TEST_F(ShowTest, NoMoreThanThreeAreInMemoryWhateverHappens) {
   folder = Folder({"a", "b", "c", "d", "e"});
   for (const double moment : {101.0, 103.4, 104.0, 106.7, 111.0, 114.2, 120.0}) {
