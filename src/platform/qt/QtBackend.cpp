@@ -296,7 +296,11 @@ void QtBackend::PopupMenu(Form& form, MenuItem& menu) {
   view->Fill();
   // A chosen item runs when the menu is gone: what it asks may come up in its place.
   const auto chosen = std::make_shared<Watch<MenuItem>>();
-  view->OnChosen([chosen](MenuItem& item) { *chosen = Watch<MenuItem>(item); });
+  // One that is pressed over the accessibility bus leaves the menu up.
+  view->OnChosen([chosen, view](MenuItem& item) {
+    *chosen = Watch<MenuItem>(item);
+    if (view != nullptr) view->close();
+  });
   view->exec(PlaceForMenu(*toolkit_, form));
   if (view != nullptr) view->deleteLater();
   if (*chosen && !toolkit_->Ended()) (*chosen)->UserClicked();

@@ -2,22 +2,20 @@
 
 #include <QApplication>
 #include <QColorDialog>
-#include <QFontMetrics>
-#include <QGridLayout>
 #include <QInputDialog>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
-#include <QScreen>
-#include <algorithm>
 #include <cstdio>
 
 #include "platform/controls/Toolkit.h"
 #include "platform/qt/BoxGuard.h"
+#include "platform/qt/BoxRoom.h"
 #include "platform/qt/Convert.h"
 #include "platform/qt/QtBackend.h"
+#include "platform/runtime/OneLine.h"
 
 namespace pixorra {
 
@@ -38,32 +36,9 @@ QMessageBox::Icon ToQt(BoxIcon icon) {
   }
 }
 
-// Pixels beside a title for the icon, the buttons and the edges of a window's frame.
-constexpr int FrameParts = 140;
-
-// A box is as wide as its text, and frames cut off what they have no room for.
-void MakeRoomForTitle(QMessageBox& box) {
-  auto* grid = qobject_cast<QGridLayout*>(box.layout());
-  if (grid == nullptr) return;
-  QFont font = QApplication::font();
-  font.setBold(true);
-  const int width = QFontMetrics(font).horizontalAdvance(box.windowTitle()) + FrameParts;
-  grid->addItem(new QSpacerItem(width, 0), grid->rowCount(), 0, 1, grid->columnCount());
-}
-
 // What nobody is there to read.
 void WriteToLog(const std::string& title, const std::string& text) {
-  std::fprintf(stderr, "%s: %s\n", title.c_str(), text.c_str());
-}
-
-// A text comes in lines of its own, which are broken once more only where the screen has no room for them.
-void MakeRoomForText(QMessageBox& box) {
-  constexpr double ShareOfScreen = 0.8;
-  auto* label = box.findChild<QLabel*>(QStringLiteral("qt_msgbox_label"));
-  if (label == nullptr) return;
-  label->ensurePolished();
-  const int own = label->fontMetrics().size(0, box.text()).width() + 1;
-  label->setMinimumWidth(std::min(own, static_cast<int>(box.screen()->availableSize().width() * ShareOfScreen)));
+  std::fprintf(stderr, "%s: %s\n", OneLine(title).c_str(), OneLine(text).c_str());
 }
 
 // A box with one button is closed by Esc as by that button; this one knows the difference.
@@ -92,8 +67,7 @@ BoxAnswer QtDialogs::MsgBox(const std::string& text, BoxIcon icon, BoxButtons bu
   box->setStandardButtons(asks ? QMessageBox::Yes | QMessageBox::No : QMessageBox::Ok);
   box->setDefaultButton(asks ? QMessageBox::Yes : QMessageBox::Ok);
   box->setEscapeButton(asks ? QMessageBox::No : QMessageBox::Ok);
-  MakeRoomForTitle(*box);
-  MakeRoomForText(*box);
+  MakeRoom(*box);
   int answer = QMessageBox::NoButton;
   bool byEsc = false;
   QObject::connect(box, &QDialog::finished, [&answer, &byEsc, box](int result) {

@@ -111,7 +111,16 @@ void SharpThumbnails::Look() {
   for (const OnScreen& one : seen)
     if (const auto known = twins_.find(one.Of); known != twins_.end()) known->second.LastSeen = looks_;
   Forget(seen);
-  for (const OnScreen& one : seen) Ask(one);
+  std::int64_t bytes = Bytes();
+  for (const OnScreen& one : seen) {
+    Twin& twin = twins_[one.Of];
+    twin.LastSeen = looks_;
+    // One that there was none of is asked for again where the photo has got another name.
+    if (!twin.Shown.IsNothing() || twin.Making != nullptr || twin.Photo == one.Box->Tag()) continue;
+    if (bytes + BytesOf(one.Of) > MostBytes) continue;
+    Ask(one);
+    if (twin.Making != nullptr) bytes += BytesOf(one.Of);
+  }
 }
 
 // What is being made and has left the screen, and then what has not been seen for longest.
@@ -125,21 +134,21 @@ void SharpThumbnails::Forget(const std::vector<OnScreen>& seen) {
     wanted += BytesOf(one.Of);
     ++coming;
   }
-  const auto lastSeen = [](const auto& a, const auto& b) { return a.second.LastSeen < b.second.LastSeen; };
-  while (!twins_.empty()) {
-    const auto oldest = std::ranges::min_element(twins_, lastSeen);
-    const bool tooMany = twins_.size() + coming > KeptForEach * seen.size() || Bytes() + wanted > MostBytes;
-    if (oldest->second.LastSeen == looks_ || !tooMany) return;
+  std::vector<decltype(twins_)::iterator> unseen;
+  for (auto at = twins_.begin(); at != twins_.end(); ++at)
+    if (at->second.LastSeen != looks_) unseen.push_back(at);
+  std::ranges::stable_sort(unseen,
+                           [](const auto& a, const auto& b) { return a->second.LastSeen < b->second.LastSeen; });
+  std::int64_t bytes = Bytes() + wanted;
+  for (const auto& oldest : unseen) {
+    if (twins_.size() + coming <= KeptForEach * seen.size() && bytes <= MostBytes) return;
+    if (!oldest->second.Shown.IsNothing()) bytes -= BytesOf(oldest->first);
     twins_.erase(oldest);
   }
 }
 
 void SharpThumbnails::Ask(const OnScreen& one) {
   Twin& twin = twins_[one.Of];
-  twin.LastSeen = looks_;
-  // One that there was none of is asked for again where the photo has got another name.
-  if (!twin.Shown.IsNothing() || twin.Making != nullptr || twin.Photo == one.Box->Tag()) return;
-  if (Bytes() + BytesOf(one.Of) > MostBytes) return;
   twin.Thumbnail = one.Box->GetPicture();
   twin.Photo = one.Box->Tag();
   const PixelSize size{std::get<1>(one.Of), std::get<2>(one.Of)};

@@ -5,6 +5,7 @@
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QScreen>
 
 #include "platform/controls/ImageBox.h"
 #include "platform/controls/Timer.h"
@@ -73,6 +74,64 @@ TEST_F(DialogsTest, LinesOfATextAreNotBrokenOnceMoreBelowLargeLetters) {
   dialogs.MsgBox("A photo that is dragged into a folder is copied\r\nand shaded.", BoxIcon::Information, BoxButtons::Ok,
                  "Title");
   QApplication::setFont(before);
+}
+
+// Lines of a text that are wider than a box may be.
+class WideTextTest : public DialogsTest {
+ protected:
+  ~WideTextTest() override { QApplication::setFont(before_); }
+
+  void ExpectAllOfItShown(const std::string& text, int points) {
+    SCOPED_TRACE(text + " at " + std::to_string(points));
+    QFont font = before_;
+    font.setPointSize(points);
+    QApplication::setFont(font);
+    Meanwhile([] {
+      auto& box = Up<QMessageBox>();
+      const auto& label = *box.findChild<QLabel*>(QStringLiteral("qt_msgbox_label"));
+      EXPECT_LE(label.mapTo(&box, QPoint(label.width(), 0)).x(), box.width());
+      const int room = label.contentsRect().width() - label.indent();
+      const QRect shown = label.fontMetrics().boundingRect(QRect(0, 0, room, 1), Qt::TextWordWrap, label.text());
+      EXPECT_LE(shown.width(), room);
+      EXPECT_LE(shown.height(), label.height());
+      EXPECT_LE(box.width(), box.screen()->availableSize().width());
+      box.button(QMessageBox::Ok)->click();
+    });
+    dialogs.MsgBox(text, BoxIcon::Exclamation, BoxButtons::Ok, text);
+  }
+  void ExpectAllOfEachShown() {
+    std::string words;
+    while (words.size() < 200) words += "word ";
+    const std::string path =
+        "/home/anna/Photos of the summer/" + std::string(60, 'a') + "/" + std::string(60, 'b') + "/x.jpg";
+    for (const int points : {9, 14}) {
+      for (const std::string& text :
+           {words, path, std::string(255, 'n'), "The name\r\n" + std::string(255, 'W') + "\r\nis long."})
+        ExpectAllOfItShown(text, points);
+    }
+  }
+
+ private:
+  const QFont before_ = QApplication::font();
+};
+
+TEST_F(WideTextTest, NothingIsCutOffOnASmallScreen) {
+  OnAScreenOf(800, 600, [this] { ExpectAllOfEachShown(); });
+}
+
+TEST_F(WideTextTest, NothingIsCutOffOnAUsualScreen) {
+  OnAScreenOf(1280, 1024, [this] { ExpectAllOfEachShown(); });
+}
+
+TEST_F(WideTextTest, NothingIsCutOffOnALargeScreen) {
+  OnAScreenOf(2560, 1800, [this] { ExpectAllOfEachShown(); });
+}
+
+TEST_F(DialogsTest, WhatNobodyIsThereToReadIsLoggedInOneLine) {
+  toolkit.AskToEnd();
+  testing::internal::CaptureStderr();
+  dialogs.MsgBox("Gone:\r\n/home/anna\nb\xC2\x9Bx", BoxIcon::Exclamation, BoxButtons::Ok, "Title\x1B");
+  EXPECT_EQ(testing::internal::GetCapturedStderr(), "Title : Gone:  /home/anna b x\n");
 }
 
 TEST_F(DialogsTest, AQuestionIsAnsweredByItsButtonsAndNoByAnyOtherWay) {

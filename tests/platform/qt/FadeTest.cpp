@@ -3,7 +3,6 @@
 #include <QProcess>
 #include <QProcessEnvironment>
 #include <QScreen>
-#include <QTemporaryDir>
 #include <QWindow>
 #include <algorithm>
 #include <ctime>
@@ -93,28 +92,6 @@ class ScreensTest : public QtTest {
     }
   }
   static constexpr double BrokenScale = 1.5;
-
- private:
-  void RunAgainOn(const char* description, double scale) {
-    QTemporaryDir folder;
-    QFile screens(folder.filePath(QStringLiteral("screens.json")));
-    ASSERT_TRUE(screens.open(QIODevice::WriteOnly));
-    screens.write(description);
-    screens.close();
-    const auto* info = ::testing::UnitTest::GetInstance()->current_test_info();
-    QProcess process;
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(QStringLiteral("QT_QPA_PLATFORM"), "offscreen:configfile=" + screens.fileName());
-    environment.insert(QStringLiteral("QT_SCALE_FACTOR"), QString::number(scale));
-    process.setProcessEnvironment(environment);
-    process.setProcessChannelMode(QProcess::MergedChannels);
-    process.start(QCoreApplication::applicationFilePath(),
-                  {QStringLiteral("--gtest_filter=%1.%2").arg(info->test_suite_name(), info->name())});
-    ASSERT_TRUE(process.waitForFinished(60000));
-    const std::string output = process.readAll().toStdString();
-    EXPECT_EQ(process.exitCode(), 0) << output;
-    EXPECT_NE(output.find("1 test from"), std::string::npos) << output;
-  }
 };
 
 TEST_F(ScreensTest, AFormCoversTheScreenThatItIsToldTo) {

@@ -1,9 +1,12 @@
 #include "tests/platform/qt/QtTest.h"
 
+#include <QFile>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QProcess>
 #include <QProcessEnvironment>
+#include <QScreen>
+#include <QTemporaryDir>
 #include <QTimer>
 
 #include "platform/qt/ClientArea.h"
@@ -16,6 +19,19 @@ namespace {
 void SendMouseNow(QWidget& widget, QEvent::Type type, QPoint at, Qt::MouseButton button, Qt::MouseButtons held) {
   QMouseEvent event(type, QPointF(at), QPointF(widget.mapToGlobal(at)), button, held, Qt::NoModifier);
   QApplication::sendEvent(&widget, &event);
+}
+
+void RunAgain(const QProcessEnvironment& environment) {
+  const auto* info = ::testing::UnitTest::GetInstance()->current_test_info();
+  QProcess process;
+  process.setProcessEnvironment(environment);
+  process.setProcessChannelMode(QProcess::MergedChannels);
+  process.start(QCoreApplication::applicationFilePath(),
+                {QStringLiteral("--gtest_filter=%1.%2").arg(info->test_suite_name(), info->name())});
+  ASSERT_TRUE(process.waitForFinished(60000));
+  const std::string output = process.readAll().toStdString();
+  EXPECT_EQ(process.exitCode(), 0) << output;
+  EXPECT_NE(output.find("1 test from"), std::string::npos) << output;
 }
 
 }  // namespace
@@ -89,18 +105,31 @@ void QtTest::OnAFineScreen(const std::function<void()>& test) {
     test();
     return;
   }
-  const auto* info = ::testing::UnitTest::GetInstance()->current_test_info();
-  QProcess process;
   QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
   environment.insert(QStringLiteral("QT_SCALE_FACTOR"), QString::number(Fineness));
-  process.setProcessEnvironment(environment);
-  process.setProcessChannelMode(QProcess::MergedChannels);
-  process.start(QCoreApplication::applicationFilePath(),
-                {QStringLiteral("--gtest_filter=%1.%2").arg(info->test_suite_name(), info->name())});
-  ASSERT_TRUE(process.waitForFinished(60000));
-  const std::string output = process.readAll().toStdString();
-  EXPECT_EQ(process.exitCode(), 0) << output;
-  EXPECT_NE(output.find("1 test from"), std::string::npos) << output;
+  RunAgain(environment);
+}
+
+void QtTest::OnAScreenOf(int width, int height, const std::function<void()>& test) {
+  if (QGuiApplication::primaryScreen()->size() == QSize(width, height)) {
+    test();
+    return;
+  }
+  RunAgainOn(R"({"screens": [{"name": "One", "x": 0, "y": 0, "width": )" + std::to_string(width) + R"(, "height": )" +
+                 std::to_string(height) + R"(, "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 1}]})",
+             1);
+}
+
+void QtTest::RunAgainOn(const std::string& screens, double scale) {
+  QTemporaryDir folder;
+  QFile description(folder.filePath(QStringLiteral("screens.json")));
+  ASSERT_TRUE(description.open(QIODevice::WriteOnly));
+  description.write(screens.c_str());
+  description.close();
+  QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+  environment.insert(QStringLiteral("QT_QPA_PLATFORM"), "offscreen:configfile=" + description.fileName());
+  environment.insert(QStringLiteral("QT_SCALE_FACTOR"), QString::number(scale));
+  RunAgain(environment);
 }
 
 }  // namespace pixorra

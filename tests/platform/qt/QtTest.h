@@ -61,6 +61,10 @@ class QtTest : public ::testing::Test {
   // test runs once more, in a process of its own.
   static constexpr int Fineness = 2;
   void OnAFineScreen(const std::function<void()>& test);
+  // On one screen of this size.
+  void OnAScreenOf(int width, int height, const std::function<void()>& test);
+  // The test once more, in a process of its own that has these screens: the offscreen platform's description of them.
+  static void RunAgainOn(const std::string& screens, double scale);
 
   // Runs when a box or menu of the host is up and waits for a person.
   void Meanwhile(const std::function<void()>& act);

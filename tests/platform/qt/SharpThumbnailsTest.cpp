@@ -277,6 +277,42 @@ TEST_F(SharpThumbnailsTest, TwinsTakeNoMoreMemoryThanTheyMay) {
   });
 }
 
+TEST_F(SharpThumbnailsTest, TheirBytesAreThoseOfWhatIsMadeOrShown) {
+  OnAFineScreen([this] {
+    constexpr std::int64_t One = std::int64_t{160} * 120 * 3;
+    const SharpThumbnails& sharp = backend.Sharp();
+    form.SetClientSize(200, 90);
+    PictureBox canvas(form, "Canvas");
+    canvas.Move(0, 0, 2000, 90);
+    for (int i = 0; i < 10; ++i) Add(canvas, i, 100 * i, ThumbnailOf(i));
+    drive.Remove(PathOf(1));
+    form.Show();
+    WaitForTwins(2);
+    EXPECT_EQ(sharp.Bytes(), One) << "one of the two has none";
+    canvas.SetLeft(-200);
+    WaitForTwins(4);
+    canvas.SetLeft(-400);
+    WaitForTwins(6);
+    EXPECT_EQ(sharp.Bytes(), 5 * One);
+    canvas.SetLeft(-600);
+    WaitForTwins(8);
+    EXPECT_EQ(sharp.Bytes(), 6 * One) << "the first page has gone";
+    noted.holdsBack = true;
+    canvas.SetLeft(-800);
+    Shot(form);
+    EXPECT_TRUE(toolkit.WaitUntil([&] { return noted.asked.size() == 10; }));
+    EXPECT_EQ(sharp.Bytes(), 6 * One) << "the second page has gone, and two are being made";
+    canvas.SetLeft(-600);
+    Shot(form);
+    EXPECT_TRUE(toolkit.WaitUntil([&] { return sharp.InMaking() == 0; }));
+    EXPECT_EQ(sharp.Bytes(), 4 * One);
+    backend.Sharp().MakeBy(nullptr);
+    EXPECT_EQ(sharp.Bytes(), 0);
+    canvas.SetVisible(false);
+    boxes.clear();
+  });
+}
+
 TEST_F(SharpThumbnailsTest, WhatHasNoTwinIsNotAskedForAgain) {
   OnAFineScreen([this] {
     ImageBox& box = Add(1, 20);
