@@ -4,6 +4,7 @@
 #include <optional>
 #include <string_view>
 
+#include "platform/runtime/OneLine.h"
 #include "platform/runtime/Text.h"
 
 namespace pixorra {
@@ -13,21 +14,15 @@ namespace {
 constexpr std::string_view FileScheme = "file:";
 constexpr std::string_view ShareScheme = "smb://";
 
-// Control characters would break the line, and drive a terminal.
-std::string Printable(std::string_view text) {
-  std::string shown(text);
-  for (char& c : shown) {
-    if (static_cast<unsigned char>(c) < ' ' || c == '\x7F') c = '?';
-  }
-  return shown;
-}
+// Of the host, in bytes.
+constexpr std::size_t LongestPath = 4095;
 
 StartOptions Misuse(const std::string& problem) {
   return {.What = StartOptions::Wish::Misuse, .Problem = problem};
 }
 
 StartOptions NotHere(std::string_view address) {
-  return Misuse("not an address of a file here: " + Printable(address));
+  return Misuse("not an address of a file here: " + OneLine(address));
 }
 
 std::optional<int> HexDigit(char c) {
@@ -100,6 +95,7 @@ StartOptions StartWith(const std::string& argument, const std::string& workingFo
   } else {
     options.Path = workingFolder + (workingFolder.ends_with('/') ? "" : "/") + argument;
   }
+  if (options.Path.size() > LongestPath) return Misuse("the path is too long");
   return options;
 }
 
@@ -119,21 +115,27 @@ const char* const StartUsage =
     "Where Pixorra runs already, its window comes to the front and takes the folder.\n";
 
 StartOptions ReadStartOptions(const std::vector<std::string>& arguments, const std::string& workingFolder) {
+  using Wish = StartOptions::Wish;
+  Wish wish = Wish::Start;
   std::optional<std::string> path;
   bool named = false;  // after "--"
   for (const std::string& argument : arguments) {
     const bool isOption = !named && argument.size() > 1 && argument.starts_with('-');
-    if (isOption && argument == "--help") return {.What = StartOptions::Wish::Help};
-    if (isOption && argument == "--version") return {.What = StartOptions::Wish::Version};
     if (isOption && argument == "--") {
       named = true;
       continue;
     }
-    if (isOption) return Misuse("unknown option: " + Printable(argument));
-    if (path) return Misuse("more than one folder: " + Printable(argument));
+    if (isOption && (argument == "--help" || argument == "--version")) {
+      if (wish == Wish::Start) wish = argument == "--help" ? Wish::Help : Wish::Version;
+      continue;
+    }
+    if (isOption) return Misuse("unknown option: " + OneLine(argument));
+    if (path) return Misuse("more than one folder: " + OneLine(argument));
     path = argument;
   }
-  return path ? StartWith(*path, workingFolder) : StartOptions{};
+  const StartOptions options = path ? StartWith(*path, workingFolder) : StartOptions{};
+  if (wish == Wish::Start || options.What == Wish::Misuse) return options;
+  return {.What = wish};
 }
 
 }  // namespace pixorra

@@ -94,7 +94,34 @@ TEST(StartOptionsTest, AnythingElseIsRefusedInOneLine) {
   EXPECT_EQ(ProblemWith({"/home", "-platform"}), "unknown option: -platform");
   EXPECT_EQ(ProblemWith({"/home", "/media"}), "more than one folder: /media");
   EXPECT_EQ(ProblemWith({""}), "the folder has no name");
-  EXPECT_EQ(ProblemWith({"-a\nb\x1B[2J"}), "unknown option: -a?b?[2J");
+  EXPECT_EQ(ProblemWith({"-a\nb\x1B[2J"}), "unknown option: -a b [2J");
+  EXPECT_EQ(ProblemWith({"-\xC2\x9B"
+                         "2J\xC2\x85\xE2\x80\xA8"}),
+            "unknown option: - 2J  ");
+}
+
+TEST(StartOptionsTest, MisuseIsRefusedWhateverElseIsAsked) {
+  EXPECT_EQ(ProblemWith({"--version", "--bogus"}), "unknown option: --bogus");
+  EXPECT_EQ(ProblemWith({"--help", "-x"}), "unknown option: -x");
+  EXPECT_EQ(ProblemWith({"--help", "/home", "/media"}), "more than one folder: /media");
+  EXPECT_EQ(ProblemWith({"--version", ""}), "the folder has no name");
+  EXPECT_EQ(OptionsOf({"--help", "--version"}).What, StartWish::Help);
+  EXPECT_EQ(OptionsOf({"--version", "--help"}).What, StartWish::Version);
+}
+
+TEST(StartOptionsTest, APathThatIsLongerThanTheHostsLongestIsRefused) {
+  const auto pathOf = [](std::size_t length) {
+    std::string path;
+    while (path.size() < length) path += "/folder";
+    return path.substr(0, length - 1) + "x";
+  };
+  EXPECT_EQ(PathGiven(pathOf(4095)), pathOf(4095));
+  EXPECT_EQ(PathGiven("file://" + pathOf(4095)), pathOf(4095));
+  for (const std::size_t length : {4096, 20'000}) {
+    EXPECT_EQ(ProblemWith({pathOf(length)}), "the path is too long");
+    EXPECT_EQ(ProblemWith({"file://" + pathOf(length)}), "the path is too long");
+    EXPECT_EQ(ProblemWith({pathOf(length).substr(1)}), "the path is too long");
+  }
 }
 
 }  // namespace
