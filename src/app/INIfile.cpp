@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <array>
+#include <memory>
+#include <string>
 
 #include "base/Routines.h"
 #include "base/SavedRecords.h"
@@ -52,21 +54,49 @@ std::string Compose(MainForm& main) {
   return record.Bytes();
 }
 
+// Where the file is: its name may be a link that a person has made.
+std::string PlaceOfState(MainForm& main) {
+  const std::string path = SavedStateFile(main);
+  return main.host.files.IsLink(path) ? main.host.files.RealPath(path) : path;
+}
+
+// What a run that was killed has left under this name, or anybody else, if it can be removed.
+void RemoveLeftOver(Files& files, const std::string& path) {
+  if (!files.NameTaken(path)) return;
+  if (ErrorsIgnored([&] { files.Delete(path); }) == error::None) return;
+  ErrorsIgnored([&] { files.RemoveFolder(path); });
+}
+
+// Gives the file another name, which nobody has. Raises as Rename does.
+void PutAside(Files& files, const std::string& path) {
+  constexpr int MostNames = 99;
+  std::string aside = path + ".old";
+  for (int i = 2; i <= MostNames && files.NameTaken(aside); ++i) aside = path + ".old" + std::to_string(i);
+  files.Rename(path, aside);
+}
+
+// A folder that takes no new file may still let the file itself be written.
+bool TakesNoNewFile(int failure) {
+  return failure == error::PathAccess || failure == error::PermissionDenied || failure == error::FileExists;
+}
+
 }  // namespace
 
 // Written beside the file and put in its place when it is on the disk: one of the two is whole at any time.
 void WriteSavedState(MainForm& main) {
   Files& files = main.host.files;
-  const std::string path = SavedStateFile(main);
+  const std::string path = PlaceOfState(main);
   const std::string beside = path + ".new";
   // A file that may not be written stays as it is, though its folder would let another one take its place.
-  if (files.NameTaken(path)) files.Open(path, OpenMode::ReadWrite);
+  const bool thereIsOne = files.NameTaken(path);
+  if (thereIsOne) files.Open(path, OpenMode::ReadWrite);
+  const bool keepsOld = thereIsOne && main.core.SavedStateUnread;
+  RemoveLeftOver(files, beside);
   std::unique_ptr<File> file;
-  const int opened = ErrorsIgnored([&] { file = files.Open(beside, OpenMode::Replace); });
+  const int opened = ErrorsIgnored([&] { file = files.Open(beside, OpenMode::CreateNew); });
   const bool besideItself = opened == error::None;
-  // A folder that may not be written takes no new file, but may still let the file itself be written. After any other
-  // failure, a full disk among them, the state before stays.
-  if (!besideItself && opened != error::PathAccess && opened != error::PermissionDenied) throw RuntimeError(opened);
+  // After any other failure, a full disk among them, the state before stays.
+  if (!besideItself && (keepsOld || !TakesNoNewFile(opened))) throw RuntimeError(opened);
   // In place it is cut short first: nothing but the writing itself must come after that.
   const std::string bytes = Compose(main);
   if (!besideItself) file = files.Open(path, OpenMode::Replace);
@@ -75,6 +105,8 @@ void WriteSavedState(MainForm& main) {
     file->Flush();
     file.reset();
     if (!besideItself) return;
+    if (keepsOld) PutAside(files, path);
+    main.core.SavedStateUnread = false;
     files.RenameOver(beside, path);
     files.FlushFolder(ParentPathOf(path));
   });
@@ -138,6 +170,8 @@ void ReadPreviousList(MainForm& main, SavedRecordReader& record) {
 void ReadSavedState(MainForm& main) {
   std::string bytes;
   const int failure = ErrorsIgnored([&] { bytes = ReadWhole(main.host.files, SavedStateFile(main)); });
+  const bool missing = failure == error::FileNotFound || failure == error::PathNotFound;
+  main.core.SavedStateUnread = failure != error::None && !missing;
   if (failure != error::None) return;
   SavedRecordReader record(bytes);
   ReadWindow(main, record);

@@ -224,6 +224,97 @@ TEST_F(INIfileTest, InAFolderThatTakesNoNewFileTheFileItselfIsWritten) {
   EXPECT_NE(drive.Read(StateFile).find("\"Changed\""), std::string::npos);
 }
 
+TEST_F(INIfileTest, WhatWasLeftInThePlaceOfTheNewStateDoesNotEndInTheFileItselfBeingCutShort) {
+  const std::string beside = std::string(StateFile) + ".new";
+  const auto leaveFolder = [&] { drive.MakeFolder(beside); };
+  const auto leaveLink = [&] { drive.MakeLink(beside, "elsewhere"); };
+  const auto leaveFile = [&] { drive.Write(beside, "cut sh"); };
+  for (const std::function<void()>& leave : {std::function<void()>(leaveFolder), {leaveLink}, {leaveFile}}) {
+    ProgramRun& full = StartedFrom(StateLines("C:\\Strip", {}));
+    const std::string before = drive.Read(StateFile);
+    full.main.core.CompanyNameLabel.SetCaption("Changed");
+    leave();
+    full.files.FillDiskAfter(20);
+    full.Close();
+    EXPECT_EQ(drive.Read(StateFile), before);
+    leave();
+    ProgramRun& run = Started();
+    run.main.core.CompanyNameLabel.SetCaption("Changed");
+    run.Close();
+    EXPECT_NE(drive.Read(StateFile).find("\"Changed\""), std::string::npos);
+    EXPECT_FALSE(run.files.IsLink(StateFile));
+    EXPECT_FALSE(drive.Exists(beside));
+  }
+  EXPECT_FALSE(drive.Exists("C:\\Windows\\elsewhere"));
+}
+
+TEST_F(INIfileTest, AFullFolderInThePlaceOfTheNewStateIsNobodysToDelete) {
+  const std::string beside = std::string(StateFile) + ".new";
+  ProgramRun& run = StartedFrom(StateLines("C:\\Strip", {}));
+  run.main.core.CompanyNameLabel.SetCaption("Changed");
+  drive.Write(beside + "\\a.txt", "kept");
+  run.Close();
+  EXPECT_NE(drive.Read(StateFile).find("\"Changed\""), std::string::npos);
+  EXPECT_TRUE(drive.Exists(beside + "\\a.txt"));
+}
+
+TEST_F(INIfileTest, AStateThatCouldNotBeReadIsKeptBesideTheNewOne) {
+  const std::vector<std::string> lines = With(StateLines("C:\\Strip", {}), 2, "\"Read it once more\"");
+  const auto kept = [](const std::string& number) { return std::string(StateFile) + ".old" + number; };
+  for (const std::string number : {"", "2", "3"}) {
+    WriteSavedState(lines);
+    const std::string before = drive.Read(StateFile);
+    ProgramRun& run = NewRun();
+    run.files.FailNth(FileCall::Read, 1, error::DeviceIO);
+    run.Start();
+    EXPECT_NE(run.main.core.CompanyNameLabel.Caption(), "Read it once more");
+    run.Close();
+    EXPECT_EQ(drive.Read(kept(number)), before) << number;
+    EXPECT_NE(drive.Read(StateFile), before);
+  }
+  EXPECT_NE(drive.Read(StateFile), "");
+  Started().Close();
+  EXPECT_FALSE(drive.Exists(kept("4"))) << "one that was read is not kept";
+}
+
+TEST_F(INIfileTest, AStateThatCouldNotBeReadAndCannotBeKeptIsNotWrittenOver) {
+  WriteSavedState(StateLines("C:\\Strip", {}));
+  const std::string before = drive.Read(StateFile);
+  ProgramRun& run = NewRun();
+  run.files.FailNth(FileCall::Read, 1, error::DeviceIO);
+  run.Start();
+  run.files.FailAlways(FileCall::OpenToWrite, error::PathAccess, "Pixorra.sav.new");
+  run.person.ExpectBox("Pixorra", "Error 75: Path/File access error");
+  run.Close();
+  EXPECT_EQ(drive.Read(StateFile), before);
+}
+
+TEST_F(INIfileTest, AStateThatIsALinkStaysOneAndWhatItLeadsToIsReplaced) {
+  ProgramRun& first = StartedFrom(StateLines("C:\\Strip", {}));
+  first.Close();
+  const std::string before = drive.Read(StateFile);
+  drive.Remove(StateFile);
+  drive.Write("C:\\dotfiles\\state", before);
+  drive.MakeLink(StateFile, "../dotfiles/state");
+  ProgramRun& run = Started();
+  EXPECT_EQ(run.main.strip.SrcFileList.Path(), "C:\\Strip");
+  run.main.core.CompanyNameLabel.SetCaption("Changed");
+  run.Close();
+  EXPECT_TRUE(run.files.IsLink(StateFile));
+  EXPECT_NE(drive.Read("C:\\dotfiles\\state").find("\"Changed\""), std::string::npos);
+  EXPECT_FALSE(drive.Exists("C:\\dotfiles\\state.new"));
+  EXPECT_FALSE(drive.Exists(std::string(StateFile) + ".new"));
+}
+
+TEST_F(INIfileTest, ALinkThatLeadsNowhereIsToldAndStays) {
+  drive.MakeFolder("C:\\Windows");
+  drive.MakeLink(StateFile, "../dotfiles/state");
+  ProgramRun& run = Started();
+  run.person.ExpectBox("Pixorra", "Error 76: Path not found");
+  run.Close();
+  EXPECT_TRUE(run.files.IsLink(StateFile));
+}
+
 TEST_F(INIfileTest, AStateThatCannotBePutInPlaceLeavesTheOneBefore) {
   for (const FileCall call : {FileCall::Flush, FileCall::Rename}) {
     ProgramRun& run = StartedFrom(StateLines("C:\\Strip", {}));

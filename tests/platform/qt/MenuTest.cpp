@@ -123,6 +123,23 @@ TEST_F(MenuTest, APopupRunsTheChosenItemWhenItIsClosed) {
   EXPECT_EQ(events, (std::vector<std::string>{"opens", "two", "returned"}));
 }
 
+// As the accessibility bus does, which presses no key and no button.
+TEST_F(MenuTest, APopupWhoseItemIsTriggeredCloses) {
+  int ran = 0;
+  two.On().Click = [&](Control&) { ++ran; };
+  bool closed = false;
+  Meanwhile([&] {
+    auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    ASSERT_NE(menu, nullptr);
+    menu->actions().at(1)->trigger();
+    closed = !menu->isVisible();
+    menu->close();
+  });
+  form.PopupMenu(popup);
+  EXPECT_TRUE(closed);
+  EXPECT_EQ(ran, 1);
+}
+
 TEST_F(MenuTest, APopupThatIsClosedRunsNothing) {
   one.On().Click = [&](Control&) { ADD_FAILURE(); };
   Meanwhile([&] { QApplication::activePopupWidget()->close(); });
