@@ -21,7 +21,13 @@ void TreeWidget::TellSelected() {
 }
 
 void TreeWidget::focusInEvent(QFocusEvent* event) {
-  QTreeWidget::focusInEvent(event);
+  // Where nothing is selected the focus alone would choose the first item.
+  if (currentItem() != nullptr) {
+    QTreeWidget::focusInEvent(event);
+  } else {
+    QWidget::focusInEvent(event);
+    viewport()->update();
+  }
   TellSelected();
 }
 

@@ -32,5 +32,26 @@ TEST_F(TreeTest, ALongNameFarDownCanBeReadToItsEndOnceItIsScrolledTo) {
   EXPECT_EQ(bar.maximum(), 0);
 }
 
+// The widget makes its first item the current one then, which nobody has chosen.
+TEST_F(TreeTest, TheFocusAloneSelectsNothingAndAClickDoes) {
+  TreeView tree(form, "Tree");
+  tree.Move(0, 0, 200, 200);
+  tree.Fill(tree.Root(), {{"1", "Home", false, {}, {}, {}}, {"2", "Computer", false, {}, {}, {}}});
+  int changes = 0;
+  Connect(tree.On().Change, [&](Control&) { ++changes; });
+  form.Show();
+  Settle();
+  auto& widget = WidgetOf<QTreeWidget>(tree);
+  QFocusEvent comes(QEvent::FocusIn, Qt::TabFocusReason);
+  QApplication::sendEvent(&widget, &comes);
+  Settle();
+  EXPECT_EQ(tree.Selected(), nullptr);
+  EXPECT_EQ(changes, 0);
+  Click(*widget.viewport(), widget.visualItemRect(widget.topLevelItem(1)).center());
+  Settle();
+  ASSERT_NE(tree.Selected(), nullptr);
+  EXPECT_EQ(tree.Selected()->Text(), "Computer");
+}
+
 }  // namespace
 }  // namespace pixorra
