@@ -15,8 +15,15 @@ fail() {
   exit 1
 }
 
+# It saves its state as it goes: its home is not removed before.
 end_program() {
-  [ -z "$program_id" ] || kill "$program_id" 2>/dev/null || true
+  [ -n "$program_id" ] && kill "$program_id" 2>/dev/null || return 0
+  local asked
+  for ((asked = 0; asked < 200; asked++)); do
+    kill -0 "$program_id" 2>/dev/null || return 0
+    sleep 0.05
+  done
+  kill -KILL "$program_id" 2>/dev/null || true
 }
 trap end_program EXIT
 
