@@ -49,14 +49,14 @@ QPalette DarkDesktop() {
 }
 
 // For people who need all the contrast that a screen has.
-QPalette BlackDesktop() {
+[[maybe_unused]] QPalette BlackDesktop() {
   QPalette palette(Qt::black);
   palette.setColor(QPalette::Highlight, Qt::yellow);
   palette.setColor(QPalette::HighlightedText, Qt::black);
   return palette;
 }
 
-QPalette WhiteDesktop() {
+[[maybe_unused]] QPalette WhiteDesktop() {
   QPalette palette(Qt::white);
   palette.setColor(QPalette::Highlight, QColor(0, 0, 128));
   palette.setColor(QPalette::HighlightedText, Qt::white);
