@@ -22,12 +22,16 @@ sleeps() {
     printf '%s %s\n' "${thread##*/}" "$(sed -n 's/^voluntary_ctxt_switches:\t//p' "$thread/status" 2>/dev/null)"
   done | sort
 }
-# wake_ups SECONDS: of the threads that are there at both ends.
+# wake_ups SECONDS: of the threads that are there at both ends, in so much time; a busy machine takes more over it.
 wake_ups() {
-  local before
+  local before after begin end
+  begin=$EPOCHREALTIME
   before=$(sleeps)
   sleep "$1"
-  join <(echo "$before") <(sleeps) | awk '{ sum += $3 - $2 } END { print sum + 0 }'
+  end=$EPOCHREALTIME
+  after=$(sleeps)
+  join <(echo "$before") <(echo "$after") |
+    awk -v part="$1" -v whole="$((${end/[.,]/} - ${begin/[.,]/}))" '{ sum += $3 - $2 } END { printf "%d\n", sum * part * 1e6 / whole }'
 }
 
 # As the desktop's own file system is mounted there in a session. Only the program sees it.
