@@ -12,8 +12,8 @@
 #include <string>
 #include <vector>
 
-#include "platform/qt/PdfPrinter.h"
-#include "platform/qt/QtPrintSurface.h"
+#include "platform/qt/printing/PdfPrinter.h"
+#include "platform/qt/printing/QtPrintSurface.h"
 #include "platform/services/Printing.h"
 #include "tests/support/TemporaryDrive.h"
 #include "tests/support/headless/TestHost.h"

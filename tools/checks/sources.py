@@ -9,7 +9,8 @@ from pathlib import Path
 CODE_SUFFIXES = {".cpp", ".h"}
 CODE_FOLDERS = ("src", "slideshow", "tests", "bench")
 # Where files, clocks and a toolkit are the business of the code; every other folder leaves them to the services.
-BACK_ENDS = ("platform/posix", "platform/codecs", "platform/session", "platform/headless", "platform/qt")
+BACK_ENDS = ("platform/posix", "platform/codecs", "platform/session", "platform/headless", "platform/qt",
+             "platform/qt/printing")
 BACK_END_FILES = ("app/main.cpp", "slideshow/main.cpp")
 # The program's folders are named from src/ on; the slide show, a program of its own, is beside it.
 COMPANION = "slideshow"

@@ -15,9 +15,9 @@
 #include "platform/qt/QtClipboard.h"
 #include "platform/qt/QtDialogs.h"
 #include "platform/qt/QtPosting.h"
-#include "platform/qt/QtPrinting.h"
 #include "platform/qt/QtShipped.h"
 #include "platform/qt/ReadNotices.h"
+#include "platform/qt/printing/QtPrinting.h"
 #include "platform/runtime/ErrorReport.h"
 
 namespace pixorra {

@@ -6,10 +6,10 @@
 #include <gtest/gtest.h>
 
 #include "platform/controls/Menu.h"
-#include "platform/qt/PrintBoxes.h"
 #include "platform/qt/QtDialogs.h"
 #include "platform/qt/QtPlatform.h"
-#include "platform/qt/QtPrinting.h"
+#include "platform/qt/printing/PrintBoxes.h"
+#include "platform/qt/printing/QtPrinting.h"
 #include "platform/runtime/Errors.h"
 #include "tests/platform/qt/QtTest.h"
 
