@@ -21,10 +21,6 @@ bool AnswersYes(MainForm& main, const std::string& title, const std::string& que
 
 namespace {
 
-bool IsFilmStrip(const MainForm& main, const std::string& path) {
-  return !main.strip.NoFilmStrip && main.strip.SrcFileList.Path() == path;
-}
-
 // The loader takes the slots away, and would load the same folder anew.
 void ClearFilmStripChoice(FilmStripState& strip) {
   strip.NoFilmStrip = true;
@@ -43,7 +39,7 @@ void TakeOffDesktop(MainForm& main, int slot) {
 }  // namespace
 
 bool MaySelectFilmStrip(MainForm& main, const std::string& path) {
-  if (IsFilmStrip(main, path) &&
+  if (IsFilmStrip(main.strip, path) &&
       !AnswersYes(main, "The Film Strip has not changed", "Do you want to refresh the Film Strip?"))
     return false;
   for (int slot = 1; slot <= FolderSlots; ++slot) {
@@ -64,7 +60,7 @@ bool MayShowFolder(MainForm& main, const std::string& path) {
                              "WARNING: Can't select the Trashcan");
     return false;
   }
-  if (!IsFilmStrip(main, path)) return true;
+  if (!IsFilmStrip(main.strip, path)) return true;
   if (!AnswersYes(main, "Already Selected as the Film Strip", "Do you want to Show the Film Strip as a Folder?"))
     return false;
   ClearFilmStripChoice(main.strip);

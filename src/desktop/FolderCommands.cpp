@@ -19,7 +19,7 @@ void BlankFilmStrip(MainForm& main) {
 }
 
 bool ShowsTrashcan(const MainForm& main) {
-  return !main.strip.NoFilmStrip && main.strip.SrcFileList.Path() == main.desk.DestFolderFiles(TrashcanSlot).Path();
+  return IsFilmStrip(main.strip, main.desk.DestFolderFiles(TrashcanSlot).Path());
 }
 
 }  // namespace

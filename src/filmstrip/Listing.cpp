@@ -22,6 +22,10 @@ void SrcFileList_PathChange(MainForm& main) {
   strip.SrcPicsTotal.SetCaption(TrimmedStr(strip.SrcFileList.ListCount()) + " Total");
 }
 
+bool IsFilmStrip(const FilmStripState& strip, const std::string& folder) {
+  return !strip.NoFilmStrip && strip.SrcFileList.Path() == folder;
+}
+
 void ShowNoFilmStrip(FilmStripState& strip) {
   strip.SrcFolderPath.SetCaption("Select a Film Strip");
   strip.SrcFolderPath.SetToolTipText("");

@@ -12,6 +12,8 @@ struct MainForm;
 void SrcFileList_PathChange(MainForm& main);
 // No film strip is chosen: the captions say so.
 void ShowNoFilmStrip(FilmStripState& strip);
+// Whether the folder, at its full path, is the film strip.
+bool IsFilmStrip(const FilmStripState& strip, const std::string& folder);
 // Makes the next slot, for the photo at the full path; nothing beyond MostThumbnails. Where it raises, no part of the
 // slot is left.
 void AddSrcSlot(MainForm& main, const std::string& path);

@@ -4,6 +4,7 @@
 
 #include "app/GivenPath.h"
 #include "desktop/FolderRename.h"
+#include "filmstrip/Listing.h"
 #include "tests/support/TestPictures.h"
 #include "tests/support/headless/ProgramTest.h"
 #include "window/CoreState.h"

@@ -10,6 +10,7 @@
 #include "platform/codecs/GifDecoder.h"
 #include "platform/codecs/JpegReader.h"
 #include "platform/codecs/LargePages.h"
+#include "platform/codecs/PictureKind.h"
 #include "platform/codecs/SizeBound.h"
 #include "platform/pixels/Stretch.h"
 #include "platform/runtime/Errors.h"
@@ -51,26 +52,17 @@ int DenominatorFor(PixelSize whole, const std::vector<PixelSize>& sizes) {
   return 1;
 }
 
-enum class Kind { None, Bmp, Gif, Jpeg };
-
-Kind KindOf(ByteReader& in) {
-  if (in.U8(0) == 'B' && in.U8(1) == 'M') return Kind::Bmp;
-  if (in.U8(0) == 'G' && in.U8(1) == 'I' && in.U8(2) == 'F') return Kind::Gif;
-  if (in.U8(0) == 0xFF && in.U8(1) == 0xD8) return Kind::Jpeg;
-  return Kind::None;
-}
-
 // `whole` returns all bytes of a JPEG file, as these are decoded from memory.
 template <typename Whole>
 Bitmap Decode(ByteReader& in, std::int64_t mostPixels, const Whole& whole) {
   switch (KindOf(in)) {
-    case Kind::Bmp:
+    case PictureKind::Bmp:
       return DecodeBmp(in, mostPixels);
-    case Kind::Gif:
+    case PictureKind::Gif:
       return DecodeGif(in, mostPixels);
-    case Kind::Jpeg:
+    case PictureKind::Jpeg:
       return DecodeJpeg(whole());
-    case Kind::None:
+    case PictureKind::None:
       break;
   }
   throw RuntimeError(error::BadPicture);
@@ -215,11 +207,11 @@ Picture CodecPictures::Load(File& file) {
 }
 
 Picture CodecPictures::LoadToPaint(File& file, const PaintedSizes& sizes) {
-  const Kind kind = WithMemoryErrors([&] {
+  const PictureKind kind = WithMemoryErrors([&] {
     ByteReader in(file);
     return KindOf(in);
   });
-  if (kind != Kind::Jpeg) return Load(file);
+  if (kind != PictureKind::Jpeg) return Load(file);
   return WithMemoryErrors([&] { return LoadReduced(file, sizes); });
 }
 

@@ -13,6 +13,7 @@
 #include "platform/codecs/ExpectedPhotos.h"
 #include "platform/codecs/JpegReader.h"
 #include "platform/codecs/JpegWriter.h"
+#include "platform/codecs/PictureKind.h"
 #include "platform/codecs/ThreadPriority.h"
 #include "platform/pixels/Stretch.h"
 #include "platform/runtime/Errors.h"

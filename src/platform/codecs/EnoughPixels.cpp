@@ -7,6 +7,7 @@
 #include "platform/codecs/CodecPictures.h"
 #include "platform/codecs/JpegReader.h"
 #include "platform/codecs/LargePages.h"
+#include "platform/codecs/PictureKind.h"
 #include "platform/runtime/Errors.h"
 #include "platform/services/Files.h"
 
@@ -65,10 +66,6 @@ void ReduceTo(JpegReader& reader, PixelSize wanted) {
 }
 
 }  // namespace
-
-bool IsJpeg(std::span<const std::uint8_t> file) {
-  return file.size() >= 2 && file[0] == 0xFF && file[1] == 0xD8;
-}
 
 DecodedPhoto DecodeEnough(std::span<const std::uint8_t> file, const std::function<PixelSize(PixelSize photo)>& wanted,
                           std::int64_t mostMemory, const std::atomic<bool>& stop, std::optional<int> orientation) {

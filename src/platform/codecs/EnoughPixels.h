@@ -16,9 +16,6 @@ struct DecodedPhoto {
   Bitmap Pixels;    // as many, or fewer; empty where `stop` became true meanwhile
 };
 
-// By its first bytes.
-bool IsJpeg(std::span<const std::uint8_t> file);
-
 // `wanted` is told the photo's own size and gives the size that it will be painted in: a JPEG photo is decoded at the
 // coarsest reduction that has the pixels for that. It comes upright, turned by `orientation` where that is given, else
 // as its own bytes note. Raises BadPicture and OutOfMemory; the latter too for a photo whose decode would take more

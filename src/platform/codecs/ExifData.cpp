@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <array>
 
+#include "platform/codecs/PictureKind.h"
+
 namespace pixorra {
 namespace {
 
@@ -20,7 +22,7 @@ Bytes TiffIn(Bytes jpeg) {
   constexpr std::array<std::uint8_t, 6> Exif{'E', 'x', 'i', 'f', 0, 0};
   constexpr std::uint8_t App1 = 0xE1;
   constexpr std::uint8_t StartOfScan = 0xDA;
-  if (jpeg.size() < 2 || jpeg[0] != 0xFF || jpeg[1] != 0xD8) return {};
+  if (!IsJpeg(jpeg)) return {};
   // One segment after the other; the length of each counts its own two bytes.
   for (std::size_t at = 2; at + 4 <= jpeg.size();) {
     if (jpeg[at] != 0xFF) return {};

@@ -1,15 +1,6 @@
 #include "platform/codecs/ExpectedPhotos.h"
 
-#include <array>
-
-#include "platform/services/Files.h"
-
 namespace pixorra {
-
-bool IsJpeg(File& file) {
-  std::array<std::uint8_t, 2> start{};
-  return file.ReadAt(0, start.data(), start.size()) == start.size() && start[0] == 0xFF && start[1] == 0xD8;
-}
 
 std::int64_t BytesOf(PixelSize size) {
   return (std::int64_t{size.Width} * 3 + 3) * size.Height;

@@ -10,13 +10,9 @@
 
 namespace pixorra {
 
-class File;
-
 // That decode at a time.
 inline constexpr std::size_t MostThreads = 4;
 
-// By its first two bytes. Raises what reading raises.
-bool IsJpeg(File& file);
 // Of a bitmap of three bytes a pixel, at most.
 std::int64_t BytesOf(PixelSize size);
 // The sizes in which a photo of that size will be painted, without those that hold no pixel; none where `sizes` is

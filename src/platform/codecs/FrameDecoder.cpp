@@ -8,6 +8,7 @@
 #include "platform/codecs/ByteReader.h"
 #include "platform/codecs/EnoughPixels.h"
 #include "platform/codecs/GifDecoder.h"
+#include "platform/codecs/PictureKind.h"
 #include "platform/pixels/Framing.h"
 #include "platform/runtime/Errors.h"
 #include "platform/services/FileBytes.h"
@@ -18,14 +19,6 @@ namespace {
 
 // Of one decode, in bytes: a progressive photo of 100 megapixels takes six a pixel beside its rows.
 constexpr std::int64_t MostFrameMemory = std::int64_t{1024} * 1024 * 1024;
-
-enum class FrameKind { None, Bmp, Gif, Jpeg };
-
-FrameKind FrameKindOf(ByteReader& in) {
-  if (in.U8(0) == 'B' && in.U8(1) == 'M') return FrameKind::Bmp;
-  if (in.U8(0) == 'G' && in.U8(1) == 'I' && in.U8(2) == 'F') return FrameKind::Gif;
-  return in.U8(0) == 0xFF && in.U8(1) == 0xD8 ? FrameKind::Jpeg : FrameKind::None;
-}
 
 // A file that ends its reading when it is told to.
 class StoppableFile final : public File {
@@ -60,17 +53,17 @@ Bitmap DecodeJpegFrame(File& file, PixelSize screen, const std::atomic<bool>& st
 }
 
 // Of the kinds that are read part by part and cannot be decoded at a reduction.
-Bitmap DecodeWhole(FrameKind kind, ByteReader& in) {
+Bitmap DecodeWhole(PictureKind kind, ByteReader& in) {
   constexpr std::int64_t MostFramePixels = MostFrameMemory / 4;
-  if (kind == FrameKind::Bmp) return DecodeBmp(in, MostFramePixels);
-  if (kind == FrameKind::Gif) return DecodeGif(in, MostFramePixels);
+  if (kind == PictureKind::Bmp) return DecodeBmp(in, MostFramePixels);
+  if (kind == PictureKind::Gif) return DecodeGif(in, MostFramePixels);
   throw RuntimeError(error::BadPicture);
 }
 
 Bitmap DecodeUnlessStopped(File& file, PixelSize screen, const std::atomic<bool>& stop) {
   ByteReader in(file);
-  const FrameKind kind = FrameKindOf(in);
-  if (kind == FrameKind::Jpeg) return DecodeJpegFrame(file, screen, stop);
+  const PictureKind kind = KindOf(in);
+  if (kind == PictureKind::Jpeg) return DecodeJpegFrame(file, screen, stop);
   const Bitmap pixels = DecodeWhole(kind, in);
   if (pixels.IsEmpty()) throw RuntimeError(error::BadPicture);
   if (stop) return {};

@@ -12,6 +12,7 @@
 #include "platform/codecs/ExifData.h"
 #include "platform/codecs/JpegReader.h"
 #include "platform/codecs/Orientation.h"
+#include "platform/codecs/PictureKind.h"
 #include "platform/pixels/DotScreen.h"
 #include "platform/pixels/Fit.h"
 #include "platform/pixels/Stretch.h"
