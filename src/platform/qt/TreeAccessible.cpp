@@ -1,5 +1,7 @@
 #include "platform/qt/TreeAccessible.h"
 
+#include <algorithm>
+
 #include "platform/qt/Convert.h"
 
 namespace pixorra {
@@ -50,7 +52,7 @@ int TreeAccessible::indexOfChild(const QAccessibleInterface* child) const {
 QAccessibleInterface* TreeAccessible::childAt(int x, int y) const {
   const TreeView* tree = tree_.Model();
   const QTreeWidgetItem* item = tree_.itemAt(tree_.viewport()->mapFromGlobal(QPoint(x, y)));
-  const TreeNode* node = tree != nullptr && item != nullptr ? tree_.NodeOf(*item) : nullptr;
+  const TreeNode* node = tree != nullptr && item != nullptr && tree_.NodeOf ? tree_.NodeOf(*item) : nullptr;
   return node != nullptr ? InterfaceOf(*node) : nullptr;
 }
 
@@ -60,22 +62,25 @@ QAccessibleInterface* TreeAccessible::focusChild() const {
   return any ? InterfaceOf(*tree->Selected()) : nullptr;
 }
 
-// Folders that have gone are many over time.
 QAccessibleInterface* TreeAccessible::InterfaceOf(const TreeNode& node) const {
   if (node.Parent() == nullptr) return nullptr;
-  constexpr std::size_t MostKept = 4096;
   const auto known = nodes_.find(node.Key());
   if (known != nodes_.end()) return QAccessible::accessibleInterface(known->second);
-  if (nodes_.size() >= MostKept) {
-    std::erase_if(nodes_, [this](const auto& entry) {
-      const bool gone = tree_.Model() == nullptr || tree_.Model()->Find(entry.first) == nullptr;
-      if (gone) QAccessible::deleteAccessibleInterface(entry.second);
-      return gone;
-    });
-  }
+  if (nodes_.size() >= sweepAt_) Sweep();
   auto* made = new NodeAccessible(*this, node.Key());
   nodes_[node.Key()] = QAccessible::registerAccessibleInterface(made);
   return made;
+}
+
+// Where most nodes are there still, the next sweep is as far away again, so that each node costs its share of one.
+void TreeAccessible::Sweep() const {
+  std::erase_if(nodes_, [this](const auto& entry) {
+    const bool gone = tree_.Model() == nullptr || tree_.Model()->Find(entry.first) == nullptr;
+    if (gone) QAccessible::deleteAccessibleInterface(entry.second);
+    return gone;
+  });
+  sweepAt_ = std::max(MostGone, 2 * nodes_.size());
+  ++sweeps_;
 }
 
 TreeNode* NodeAccessible::Node() const {

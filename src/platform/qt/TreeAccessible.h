@@ -24,10 +24,19 @@ class TreeAccessible final : public QAccessibleWidget {
   TreeWidget& Widget() const { return tree_; }
   // One for each node, as long as that lives; null for the root of all.
   QAccessibleInterface* InterfaceOf(const TreeNode& node) const;
+  // How often all nodes were looked through for those that have gone.
+  int Sweeps() const { return sweeps_; }
 
  private:
+  // Folders that have gone are many over time; so many are kept before any is looked for.
+  static constexpr std::size_t MostGone = 4096;
+
+  void Sweep() const;
+
   TreeWidget& tree_;
   mutable std::map<std::string, QAccessible::Id> nodes_;
+  mutable std::size_t sweepAt_ = MostGone;
+  mutable int sweeps_ = 0;
 };
 
 class NodeAccessible final : public QAccessibleInterface, public QAccessibleActionInterface {

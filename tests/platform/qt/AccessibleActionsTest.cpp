@@ -19,6 +19,7 @@
 #include "platform/controls/TextBox.h"
 #include "platform/controls/TreeView.h"
 #include "platform/qt/Accessibility.h"
+#include "platform/qt/TreeAccessible.h"
 #include "tests/platform/qt/QtTest.h"
 
 namespace pixorra {
@@ -209,6 +210,25 @@ TEST_F(AccessibleTreeTest, ANodeThatHasGoneIsNoLongerValid) {
   EXPECT_FALSE(net.isValid());
   EXPECT_TRUE(net.text(QAccessible::Name).isEmpty());
   EXPECT_EQ(Spoken().childCount(), 0);
+}
+
+TEST_F(AccessibleTreeTest, ManyNodesThatStayAreNotLookedThroughForEachFurtherOne) {
+  std::vector<TreeEntry> children;
+  for (int i = 0; i < 4400; ++i) children.push_back({"key" + std::to_string(i), "Folder", false, {}, {}, {}});
+  tree.Fill(tree.Root(), children);
+  Settle();
+  for (int i = 0; i < Spoken().childCount(); ++i) ASSERT_NE(Spoken().child(i), nullptr);
+  const auto& read = static_cast<const TreeAccessible&>(Spoken());
+  EXPECT_EQ(read.Sweeps(), 1);
+  // Those that have gone meanwhile are let go in their turn, however many come and go.
+  for (int round = 1; round <= 3; ++round) {
+    for (TreeEntry& child : children) child.Key += "+";
+    tree.Fill(tree.Root(), children);
+    Settle();
+    for (int i = 0; i < Spoken().childCount(); ++i) ASSERT_NE(Spoken().child(i), nullptr);
+  }
+  EXPECT_GE(read.Sweeps(), 3);
+  EXPECT_LE(read.Sweeps(), 5);
 }
 
 class AccessiblePhotosTest : public AccessibleActionsTest {
