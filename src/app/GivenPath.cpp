@@ -54,10 +54,6 @@ void ShowAhead(MainForm& main, const std::string& photo) {
   PaintPicPreview(main, photo);
 }
 
-bool IsFilmStrip(const FilmStripState& strip, const std::string& folder) {
-  return !strip.NoFilmStrip && strip.SrcFileList.Path() == folder;
-}
-
 bool IsReadable(Files& files, const std::string& folder) {
   return ErrorsIgnored([&] { files.CompleteNames(folder, AllPictures, 0); }) == error::None;
 }
@@ -101,15 +97,18 @@ void GivenPath::Tick() {
   }
 }
 
+// A look at folders has let events run. What has been given since is taken instead.
+bool GivenPath::MustWait(const std::string& path) {
+  if (!IsBusy(main_) && path_.empty()) return false;
+  if (path_.empty()) path_ = path;
+  return true;
+}
+
 void GivenPath::Take(const std::string& path) {
   const std::string trimmed = StripTrailingBackslash(path);
   const auto found = FindFolders(main_.host, {path, IsRootPath(path) ? path : ParentPathOf(trimmed)});
   if (main_.host.toolkit.Ended()) return;
-  // The look has let events run. What has been given since is taken instead.
-  if (IsBusy(main_) || !path_.empty()) {
-    if (path_.empty()) path_ = path;
-    return;
-  }
+  if (MustWait(path)) return;
   const bool isPhoto = !found[0] && found[1] && main_.host.files.FileExists(trimmed);
   main_.preview.bPicEdited = false;
   if (!found[0] && !isPhoto) return Refuse(main_, path, "cannot be found or opened.");
@@ -117,7 +116,8 @@ void GivenPath::Take(const std::string& path) {
     return Refuse(main_, path, "is not a photo that Pixorra can show.");
   const std::string given = isPhoto ? *found[1] : *found[0];
   if (!IsReadable(main_.host.files, given)) return Refuse(main_, given, "cannot be read.");
-  const PhotosOfCard photos = isPhoto ? PhotosOfCard{given} : FindPhotosOfCard(main_.host.files, given);
+  const PhotosOfCard photos = isPhoto ? PhotosOfCard{given} : FindPhotosOfCard(main_.host, given);
+  if (main_.host.toolkit.Ended() || MustWait(path)) return;
   if (photos.AreInSeveral) return ShowBrowserAt(main_, photos.Folder);
   const std::string& folder = photos.Folder;
   // Another photo of the film strip needs no question.

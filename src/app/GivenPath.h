@@ -26,6 +26,8 @@ class GivenPath {
  private:
   void Tick();
   void Take(const std::string& path);
+  // The path, or what has been given since, is taken later.
+  bool MustWait(const std::string& path);
   void SelectPhoto(const std::string& folder, const std::string& name);
   // False where that has to wait still, and nothing has been done.
   bool SelectWhenLoaded();

@@ -15,6 +15,7 @@
 #include "window/DropState.h"
 #include "window/FilmStripState.h"
 #include "window/MainForm.h"
+#include "window/PreviewState.h"
 
 namespace pixorra {
 
@@ -102,6 +103,7 @@ std::vector<NamedAction> ActionsOfFolder(MainForm& main, const Control& folder) 
 void CopyAll(MainForm& main, int slot) {
   FilmStripState& strip = main.strip;
   ImageBox& reel = strip.AllButton;
+  main.preview.bPicEdited = false;
   if (strip.SrcSlotCount < SlotsWanted(strip)) {
     AllButton_DragOver(main, reel, DragState::Enter);
     return;

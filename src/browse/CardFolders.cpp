@@ -1,35 +1,71 @@
 #include "browse/CardFolders.h"
 
+#include <cstddef>
+#include <optional>
+#include <utility>
 #include <vector>
 
 #include "base/PictureTypes.h"
 #include "base/Routines.h"
-#include "platform/runtime/Errors.h"
+#include "browse/FindFolder.h"
 #include "platform/services/Files.h"
 
 namespace pixorra {
 
 namespace {
 
-bool HasPhotos(Files& files, const std::string& folder) {
-  return !files.Names(folder, AllPictures, attribute::Normal).empty();
+FolderQuestion AnyPhotoIn(const std::string& folder) {
+  return [folder](FolderReader& reader, FolderReader::Handler then) {
+    return reader.FindFile(folder, AllPictures, std::move(then));
+  };
+}
+
+FolderQuestion FolderAt(const std::string& path) {
+  return [path](FolderReader& reader, FolderReader::Handler then) { return reader.FindFolder(path, std::move(then)); };
+}
+
+FolderQuestion FoldersIn(const std::string& folder) {
+  return [folder](FolderReader& reader, FolderReader::Handler then) {
+    return reader.Read(folder, attribute::Normal, std::move(then));
+  };
+}
+
+bool HasNames(const std::optional<FolderReader::Answer>& answer) {
+  return answer && !answer->Names.empty();
+}
+
+// The folders in `dcim` that have photos, in their order; not all of them where there are more than `most`.
+std::vector<std::string> WithPhotos(Host& host, const std::string& dcim, const std::vector<std::string>& names,
+                                    std::size_t most) {
+  std::vector<FolderQuestion> questions;
+  for (const std::string& name : names) questions.push_back(AnyPhotoIn(JoinPath(dcim, name)));
+  std::size_t count = 0;
+  const auto answers = AskFolders(host, questions, [&](const FolderReader::Answer& answer) {
+    if (!answer.Names.empty()) ++count;
+    return count > most;
+  });
+  std::vector<std::string> folders;
+  for (std::size_t i = 0; i < names.size(); ++i)
+    if (HasNames(answers[i])) folders.push_back(JoinPath(dcim, names[i]));
+  return folders;
 }
 
 }  // namespace
 
-PhotosOfCard FindPhotosOfCard(Files& files, const std::string& folder) {
-  if (HasPhotos(files, folder)) return {folder};
-  const std::string dcim = OrElse(std::string(), [&] { return files.FolderPath(JoinPath(folder, "DCIM")); });
-  if (dcim.empty()) return {folder};
-  std::string only = HasPhotos(files, dcim) ? dcim : "";
-  for (const std::string& name :
-       OrElse(std::vector<std::string>(), [&] { return files.Folders(dcim, attribute::Normal); })) {
-    const std::string below = JoinPath(dcim, name);
-    if (!HasPhotos(files, below)) continue;
-    if (!only.empty()) return {dcim, true};
-    only = below;
+PhotosOfCard FindPhotosOfCard(Host& host, const std::string& folder) {
+  const auto root = AskFolders(host, {AnyPhotoIn(folder), FolderAt(JoinPath(folder, "DCIM"))});
+  if (HasNames(root[0]) || !root[1]) return {folder};
+  const std::string& dcim = root[1]->Path;
+  const auto inside = AskFolders(host, {AnyPhotoIn(dcim), FoldersIn(dcim)});
+  std::vector<std::string> found;
+  if (HasNames(inside[0])) found.push_back(dcim);
+  if (inside[1]) {
+    const auto below = WithPhotos(host, dcim, inside[1]->Names, 1 - found.size());
+    found.insert(found.end(), below.begin(), below.end());
   }
-  return {only.empty() ? folder : only};
+  if (found.empty()) return {folder};
+  if (found.size() > 1) return {dcim, true};
+  return {found.front()};
 }
 
 }  // namespace pixorra

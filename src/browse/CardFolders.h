@@ -5,7 +5,7 @@
 
 namespace pixorra {
 
-class Files;
+struct Host;
 
 struct PhotosOfCard {
   std::string Folder;  // the one that has the photos; of several, the DCIM folder that they are in
@@ -13,7 +13,8 @@ struct PhotosOfCard {
 };
 
 // For a folder that may be a card's root. One that has photos of its own, and one that has none below DCIM either, is
-// the answer itself. Looks at no photo; what cannot be read counts as empty.
-PhotosOfCard FindPhotosOfCard(Files& files, const std::string& folder);
+// the answer itself. Looks at no photo; what cannot be read, or does not answer in a few seconds, counts as empty.
+// Events run meanwhile.
+PhotosOfCard FindPhotosOfCard(Host& host, const std::string& folder);
 
 }  // namespace pixorra

@@ -1,31 +1,47 @@
 #include "browse/FindFolder.h"
 
 #include <cstddef>
-#include <memory>
+#include <utility>
 
 #include "base/Host.h"
 #include "platform/controls/Toolkit.h"
-#include "platform/services/FolderReader.h"
+#include "platform/runtime/Errors.h"
 
 namespace pixorra {
+
+std::vector<std::optional<FolderReader::Answer>> AskFolders(Host& host, const std::vector<FolderQuestion>& questions,
+                                                            const EnoughAnswers& enough) {
+  constexpr double Patience = 5;  // seconds
+  std::vector<std::optional<FolderReader::Answer>> answers(questions.size());
+  std::size_t answered = 0;
+  bool isEnough = false;
+  std::vector<std::unique_ptr<FolderReader::Reading>> readings;
+  for (std::size_t i = 0; i < questions.size(); ++i) {
+    readings.push_back(questions[i](host.folderReader, [&, i](const FolderReader::Answer& answer) {
+      ++answered;
+      if (answer.Error != error::None) return;
+      answers[i] = answer;
+      isEnough = isEnough || (enough && enough(answer));
+    }));
+  }
+  host.toolkit.WaitUntil([&] { return isEnough || answered == questions.size(); }, Patience);
+  if (host.toolkit.Ended()) answers.assign(questions.size(), std::nullopt);
+  return answers;
+}
 
 std::optional<std::string> FindFolder(Host& host, const std::string& path) {
   return FindFolders(host, {path}).front();
 }
 
 std::vector<std::optional<std::string>> FindFolders(Host& host, const std::vector<std::string>& paths) {
-  constexpr double Patience = 5;  // seconds
-  std::vector<std::optional<std::string>> found(paths.size());
-  std::size_t answers = 0;
-  std::vector<std::unique_ptr<FolderReader::Reading>> readings;
-  for (std::size_t i = 0; i < paths.size(); ++i) {
-    readings.push_back(host.folderReader.FindFolder(paths[i], [&, i](const FolderReader::Answer& answer) {
-      ++answers;
-      if (answer.Error == error::None) found[i] = answer.Path;
-    }));
+  std::vector<FolderQuestion> questions;
+  for (const std::string& path : paths) {
+    questions.emplace_back(
+        [path](FolderReader& reader, FolderReader::Handler then) { return reader.FindFolder(path, std::move(then)); });
   }
-  host.toolkit.WaitUntil([&] { return answers == paths.size(); }, Patience);
-  if (host.toolkit.Ended()) found.assign(paths.size(), std::nullopt);
+  std::vector<std::optional<std::string>> found;
+  for (const auto& answer : AskFolders(host, questions))
+    found.push_back(answer ? std::optional(answer->Path) : std::nullopt);
   return found;
 }
 

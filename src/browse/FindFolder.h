@@ -1,18 +1,31 @@
 // Waiting for folders that may be far away.
 #pragma once
 
+#include <functional>
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
+
+#include "platform/services/FolderReader.h"
 
 namespace pixorra {
 
 struct Host;
 
-// The folder's path as the disk spells it; nothing where there is none, where it has not answered in a few seconds, and
-// where the program ends. Events run meanwhile.
+// What to ask a reader of folders.
+using FolderQuestion = std::function<std::unique_ptr<FolderReader::Reading>(FolderReader&, FolderReader::Handler)>;
+// Whether the wait may end with this answer.
+using EnoughAnswers = std::function<bool(const FolderReader::Answer&)>;
+
+// An answer for each question, all of them in the same few seconds; nothing for a failure, for what has not been
+// answered then or when it is enough, and for all where the program ends. Events run meanwhile.
+std::vector<std::optional<FolderReader::Answer>> AskFolders(Host& host, const std::vector<FolderQuestion>& questions,
+                                                            const EnoughAnswers& enough = {});
+
+// The folder's path as the disk spells it, of those that answer so.
 std::optional<std::string> FindFolder(Host& host, const std::string& path);
-// The same for each of these paths, all of them in the same few seconds.
+// The same for each of these paths.
 std::vector<std::optional<std::string>> FindFolders(Host& host, const std::vector<std::string>& paths);
 
 }  // namespace pixorra

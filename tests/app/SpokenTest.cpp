@@ -99,8 +99,11 @@ TEST_F(SpokenTest, AFolderTakesTheSelectedPhotoByAnActionAndTheStripAllThatRemai
   Do(desk.DestFolder(1), "Copy the selected photo here");
   EXPECT_TRUE(IsMarked(strip, 1));
   EXPECT_FALSE(IsMarked(strip, 2));
+  // What is edited outside is not watched any more, as with a drag.
+  run.main.preview.bPicEdited = true;
   Do(strip.AllButton, "Copy all remaining to Trashcan");
   EXPECT_TRUE(IsMarked(strip, 2));
+  EXPECT_FALSE(run.main.preview.bPicEdited);
   EXPECT_EQ(Name(desk.DestFolder(1)), "Pets, 1 pics, closed");
   EXPECT_EQ(Name(desk.DestFolder(9)), "Trashcan, 1 pics, closed");
 }

@@ -280,6 +280,9 @@ TEST_F(ShownCompanionTest, WithoutMemoryForAThreadThatIsWhatIsSaid) {
     std::unique_ptr<Reading> ReadFiles(const std::string&, const std::string&, Handler) override {
       throw RuntimeError(error::OutOfMemory);
     }
+    std::unique_ptr<Reading> FindFile(const std::string&, const std::string&, Handler) override {
+      throw RuntimeError(error::OutOfMemory);
+    }
     std::unique_ptr<Reading> FindFolder(const std::string&, Handler) override {
       throw RuntimeError(error::OutOfMemory);
     }

@@ -53,6 +53,16 @@ std::unique_ptr<FolderReader::Reading> HeadlessFolderReader::ReadFiles(const std
   return Ask(folder, look, std::move(handler));
 }
 
+std::unique_ptr<FolderReader::Reading> HeadlessFolderReader::FindFile(const std::string& folder,
+                                                                      const std::string& pattern, Handler handler) {
+  const auto look = [&files = files_, folder, pattern](FolderReader::Answer& answer) {
+    answer.Path = files.FolderPath(folder);
+    answer.Names = files.Names(answer.Path, pattern, attribute::Normal);
+    if (answer.Names.size() > 1) answer.Names.resize(1);
+  };
+  return Ask(folder, look, std::move(handler));
+}
+
 std::unique_ptr<FolderReader::Reading> HeadlessFolderReader::FindFolder(const std::string& folder, Handler handler) {
   const auto look = [&files = files_, folder](FolderReader::Answer& answer) { answer.Path = files.FolderPath(folder); };
   return Ask(folder, look, std::move(handler));

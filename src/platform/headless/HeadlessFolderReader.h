@@ -18,6 +18,7 @@ class HeadlessFolderReader : public FolderReader {
 
   std::unique_ptr<Reading> Read(const std::string& folder, int attributes, Handler handler) override;
   std::unique_ptr<Reading> ReadFiles(const std::string& folder, const std::string& pattern, Handler handler) override;
+  std::unique_ptr<Reading> FindFile(const std::string& folder, const std::string& pattern, Handler handler) override;
   std::unique_ptr<Reading> FindFolder(const std::string& folder, Handler handler) override;
 
   // From here on no folder answers by itself, or each one does in the next turn of the loop, as at first.

@@ -109,6 +109,16 @@ std::unique_ptr<FolderReader::Reading> PosixFolderReader::ReadFiles(const std::s
   return Begin(look, std::move(handler));
 }
 
+std::unique_ptr<FolderReader::Reading> PosixFolderReader::FindFile(const std::string& folder,
+                                                                   const std::string& pattern, Handler handler) {
+  const auto look = [folder, pattern](const PathMapping& mapping, Answer& answer) {
+    answer.Path = PathOfFolder(mapping, folder);
+    const auto files = ListFiles(mapping, mapping.ToHost(answer.Path).Text(), pattern, false);
+    if (!files.empty()) answer.Names.push_back(files.front().Name);
+  };
+  return Begin(look, std::move(handler));
+}
+
 std::unique_ptr<FolderReader::Reading> PosixFolderReader::FindFolder(const std::string& folder, Handler handler) {
   const auto look = [folder](const PathMapping& mapping, Answer& answer) {
     answer.Path = PathOfFolder(mapping, folder);

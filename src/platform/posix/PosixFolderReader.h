@@ -27,6 +27,7 @@ class PosixFolderReader : public FolderReader {
   // Each raises OutOfMemory where no thread can be had.
   std::unique_ptr<Reading> Read(const std::string& folder, int attributes, Handler handler) override;
   std::unique_ptr<Reading> ReadFiles(const std::string& folder, const std::string& pattern, Handler handler) override;
+  std::unique_ptr<Reading> FindFile(const std::string& folder, const std::string& pattern, Handler handler) override;
   std::unique_ptr<Reading> FindFolder(const std::string& folder, Handler handler) override;
 
  private:

@@ -16,8 +16,8 @@ namespace pixorra {
 class FolderReader {
  public:
   struct Answer {
-    std::string Path;                                  // as Files::FolderPath gives it; of FindFolder and ReadFiles
-    std::vector<std::string> Names;                    // of Read and ReadFiles
+    std::string Path;                                  // as Files::FolderPath gives it; of all but Read
+    std::vector<std::string> Names;                    // of Read, ReadFiles and FindFile
     std::vector<std::optional<std::int64_t>> Lengths;  // of ReadFiles, for each name: bytes, nothing where unknown
     int Error = error::None;                           // what was raised; all else is empty then
   };
@@ -39,6 +39,9 @@ class FolderReader {
   // PathNotFound where the folder cannot be entered, DeviceIO where the listing breaks off.
   [[nodiscard]] virtual std::unique_ptr<Reading> ReadFiles(const std::string& folder, const std::string& pattern,
                                                            Handler handler) = 0;
+  // One of the files that ReadFiles would give, or no name. Raises what that does. Quicker: no length is looked at.
+  [[nodiscard]] virtual std::unique_ptr<Reading> FindFile(const std::string& folder, const std::string& pattern,
+                                                          Handler handler) = 0;
   // Whether there is such a folder. Raises PathNotFound where it cannot be entered.
   [[nodiscard]] virtual std::unique_ptr<Reading> FindFolder(const std::string& folder, Handler handler) = 0;
 };

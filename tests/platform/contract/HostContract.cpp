@@ -12,6 +12,7 @@
 namespace pixorra {
 namespace {
 
+using ::testing::AnyOf;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
@@ -76,6 +77,10 @@ class FolderReaderContract : public ContractTest {
     return AnswerTo(
         [&](FolderReader::Handler handler) { return reader->ReadFiles(folder, pattern, std::move(handler)); });
   }
+  FolderReader::Answer AnyFileOf(const std::string& folder) {
+    return AnswerTo(
+        [&](FolderReader::Handler handler) { return reader->FindFile(folder, "*.jpg", std::move(handler)); });
+  }
   FolderReader::Answer Found(const std::string& folder) {
     return AnswerTo([&](FolderReader::Handler handler) { return reader->FindFolder(folder, std::move(handler)); });
   }
@@ -115,6 +120,19 @@ TEST_F(FolderReaderContract, FilesComeWithTheirLengthsByTheOrderOfNames) {
 TEST_F(FolderReaderContract, FilesOfAFolderThatIsNotThereAreAFailure) {
   EXPECT_EQ(FilesOf("C:\\Nowhere", "*.jpg").Error, error::PathNotFound);
   EXPECT_EQ(FilesOf("C:\\Photos\\a.jpg", "*.jpg").Error, error::PathNotFound);
+}
+
+TEST_F(FolderReaderContract, OneFileOfTheKindIsFoundWhereThereAreSome) {
+  drive.Write("C:\\Photos\\b.jpg", "b");
+  drive.Write("C:\\Photos\\Trip 9\\.dot.jpg", "hidden");
+  drive.Write("C:\\Photos\\Trip 9\\notes.txt", "other");
+  const FolderReader::Answer some = AnyFileOf("c:\\PHOTOS\\");
+  EXPECT_EQ(some.Path, "C:\\Photos");
+  EXPECT_THAT(some.Names, ElementsAre(AnyOf("a.jpg", "b.jpg")));
+  EXPECT_THAT(AnyFileOf("C:\\Photos\\Trip 9").Names, IsEmpty());
+  EXPECT_EQ(AnyFileOf("C:\\Photos\\Trip 9").Error, error::None);
+  EXPECT_EQ(AnyFileOf("C:\\Nowhere").Error, error::PathNotFound);
+  EXPECT_EQ(AnyFileOf("C:\\Photos\\a.jpg").Error, error::PathNotFound);
 }
 
 TEST_F(FolderReaderContract, FolderIsFoundByItsPathAsTheDiskSpellsIt) {
