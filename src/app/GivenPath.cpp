@@ -110,7 +110,6 @@ void GivenPath::Take(const std::string& path) {
   if (main_.host.toolkit.Ended()) return;
   if (MustWait(path)) return;
   const bool isPhoto = !found[0] && found[1] && main_.host.files.FileExists(trimmed);
-  main_.preview.bPicEdited = false;
   if (!found[0] && !isPhoto) return Refuse(main_, path, "cannot be found or opened.");
   if (isPhoto && !MatchesPattern(FileNameOf(trimmed), AllPictures))
     return Refuse(main_, path, "is not a photo that Pixorra can show.");
@@ -118,11 +117,15 @@ void GivenPath::Take(const std::string& path) {
   if (!IsReadable(main_.host.files, given)) return Refuse(main_, given, "cannot be read.");
   const PhotosOfCard photos = isPhoto ? PhotosOfCard{given} : FindPhotosOfCard(main_.host, given);
   if (main_.host.toolkit.Ended() || MustWait(path)) return;
-  if (photos.AreInSeveral) return ShowBrowserAt(main_, photos.Folder);
+  if (photos.AreInSeveral) {
+    main_.preview.bPicEdited = false;
+    return ShowBrowserAt(main_, photos.Folder);
+  }
   const std::string& folder = photos.Folder;
   // Another photo of the film strip needs no question.
   const bool isHere = isPhoto && IsFilmStrip(main_.strip, folder);
   if (!isHere && !(MaySelectFilmStrip(main_, folder) && SelectFilmStrip(main_, folder))) return;
+  main_.preview.bPicEdited = false;
   if (isPhoto && !main_.host.toolkit.Ended()) SelectPhoto(folder, FileNameOf(trimmed));
 }
 

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "app/GivenPath.h"
+#include "browse/FolderChoices.h"
 #include "desktop/FolderRename.h"
 #include "filmstrip/Listing.h"
 #include "tests/support/TestPictures.h"
@@ -128,6 +129,77 @@ TEST_F(GivenPathMeanwhileTest, ADamagedPhotoThatIsClickedMeanwhileStaysSelected)
   run.LoadAll();
   run.Wait(0.3);
   EXPECT_EQ(SelectedSlot(run.main.strip), 1);
+}
+
+TEST_F(GivenPathMeanwhileTest, APhotoShownAheadOfItsThumbnailTakesTheSelectionFromTheOpenFolderToo) {
+  drive.Write("C:\\Family\\f.bmp", BmpPhoto(8, 8));
+  ProgramRun& run = StartedHere(60, 0, false);
+  run.Wait(0.3);
+  ASSERT_GE(run.main.desk.DestSlotCount, 1);
+  run.person.Click(run.main.desk.DestThumbnail(1));
+  Give(run, Of(Here, 60));
+  ASSERT_EQ(SlotOf(run.main.strip, Of(Here, 60)), 0);
+  EXPECT_EQ(run.main.preview.PicPreview.Tag(), Of(Here, 60));
+  EXPECT_FALSE(run.main.desk.DestThumbFrame.Visible());
+  run.LoadAll();
+  run.Wait(0.3);
+  EXPECT_EQ(SelectedSlot(run.main.strip), 60);
+}
+
+TEST_F(GivenPathMeanwhileTest, APhotoOfTheOpenFolderThatIsClickedMeanwhileStaysSelected) {
+  drive.Write("C:\\Family\\f.bmp", "no photo");
+  ProgramRun& run = StartedHere(60, 0, false);
+  run.Wait(0.3);
+  ASSERT_GE(run.main.desk.DestSlotCount, 1);
+  Give(run, Of(Here, 60));
+  ASSERT_EQ(SlotOf(run.main.strip, Of(Here, 60)), 0);
+  run.person.Click(run.main.desk.DestThumbnail(1));
+  run.LoadAll();
+  run.Wait(0.3);
+  EXPECT_TRUE(run.main.desk.DestThumbFrame.Visible());
+  EXPECT_EQ(SelectedSlot(run.main.strip), 0);
+}
+
+TEST_F(GivenPathMeanwhileTest, APhotoThatCannotBeShownIsSelectedAllTheSameWhenItsThumbnailIsThere) {
+  ProgramRun& run = StartedHere(60, 0, false);
+  drive.Write(Of(Here, 60), "no photo");
+  Give(run, Of(Here, 60));
+  ASSERT_EQ(SlotOf(run.main.strip, Of(Here, 60)), 0);
+  ASSERT_EQ(run.main.preview.PicPreview.Tag(), "");
+  run.LoadAll();
+  run.Wait(0.3);
+  EXPECT_EQ(SelectedSlot(run.main.strip), 60);
+}
+
+TEST_F(GivenPathMeanwhileTest, APhotoWhoseStripHasBeenLeftMeanwhileIsNotSelected) {
+  ProgramRun& run = StartedHere(60, 60, false);
+  Give(run, Of(Here, 60));
+  ASSERT_EQ(SlotOf(run.main.strip, Of(Here, 60)), 0);
+  ASSERT_TRUE(SelectFilmStrip(run.main, There));
+  run.Wait(0.3);
+  EXPECT_TRUE(given_->IsDone());
+  run.LoadAll();
+  EXPECT_EQ(run.main.strip.SrcThumbFrame.Visible(), false);
+}
+
+TEST_F(GivenPathMeanwhileTest, WhatItCannotTakeYetWakesTheProgramNoMoreThanItSleeps) {
+  ProgramRun& run = StartedHere(2, 2);
+  run.main.core.PrintJobRuns = true;
+  Give(run, There);
+  run.Wait(3);
+  int turns = 0;
+  const double end = run.platform.clock.Seconds() + 10;
+  for (double next = 0; (next = run.platform.toolkit.NextDeadline().value_or(end)) < end; ++turns) {
+    run.platform.clock.AdvanceTo(next);
+    run.platform.toolkit.RunDueTimers();
+  }
+  EXPECT_LT(turns, 5 * 10);
+}
+
+TEST_F(GivenPathMeanwhileTest, ANameWithLineEndsIsToldInOneLine) {
+  ProgramRun& run = StartedHere(1, 0);
+  run.person.ExpectBox("WARNING: Unable to Select Film Strip", "C:\\no such folder\ncannot be found or opened.");
+  Give(run, "C:\\no\nsuch\nfolder");
 }
 
 }  // namespace

@@ -238,6 +238,25 @@ TEST_F(GivenPathTest, ACardWhosePhotosAreInSeveralFoldersOpensTheBrowserThere) {
   EXPECT_EQ(browser.File1.Path(), "C:\\Media\\Card\\DCIM");
 }
 
+TEST_F(GivenPathTest, PhotosInTheCardsOwnFolderCountAsAFolderToo) {
+  drive.Write("C:\\Media\\Card\\DCIM\\a.bmp", BmpPhoto(8, 8));
+  drive.MakeFolder("C:\\Media\\Card\\DCIM\\100ABCDE");
+  ProgramRun& run = StartedWith("C:\\Media\\Card");
+  EXPECT_EQ(run.main.strip.SrcFileList.Path(), "C:\\Media\\Card\\DCIM");
+  drive.Write("C:\\Media\\Card\\DCIM\\100ABCDE\\a.bmp", BmpPhoto(8, 8));
+  Give(run, "C:\\Media\\Card");
+  EXPECT_TRUE(run.main.modeless.Get<BrowseFolderLocationForm>(run.main).IsRunning());
+}
+
+TEST_F(GivenPathTest, ACardWhoseFolderOfPhotosCannotBeReadIsTakenItself) {
+  drive.Write("C:\\Media\\Card\\DCIM\\100ABCDE\\a.bmp", BmpPhoto(8, 8));
+  ProgramRun& run = Started();
+  given_ = std::make_unique<GivenPath>(run.main);
+  run.files.FailAlways(FileCall::Folders, error::PathAccess, "DCIM");
+  Give(run, "C:\\Media\\Card");
+  EXPECT_EQ(run.main.strip.SrcFileList.Path(), "C:\\Media\\Card");
+}
+
 // A card in a reader that is slow: folders answer when it is their turn.
 class SlowCardTest : public GivenPathTest {
  protected:
@@ -346,6 +365,37 @@ TEST_F(GivenPathTest, WhatIsEditedOutsideIsLookedAtNoLonger) {
   run.main.preview.bPicEdited = true;
   Give(run, "C:\\Other");
   EXPECT_FALSE(run.main.preview.bPicEdited);
+}
+
+TEST_F(GivenPathTest, WhatIsEditedOutsideIsLookedAtNoLongerForACardOrAnotherPhotoOfTheStrip) {
+  MakeCard(2);
+  for (const char* folder : {"100ABCDE", "101ABCDE"})
+    drive.Write(std::string("C:\\Media\\Card\\DCIM\\") + folder + "\\a.bmp", BmpPhoto(8, 8));
+  ProgramRun& run = StartedWith(Photo(1));
+  run.LoadAll();
+  for (const std::string& path : {Photo(2), std::string("C:\\Media\\Card")}) {
+    run.main.preview.bPicEdited = true;
+    Give(run, path);
+    EXPECT_FALSE(run.main.preview.bPicEdited) << path;
+  }
+}
+
+TEST_F(GivenPathTest, WhatIsEditedOutsideIsLookedAtStillWhereThePathIsRefused) {
+  MakeCard(2);
+  drive.Write("C:\\Home\\Card\\notes.txt", "notes");
+  drive.MakeFolder("C:\\Locked");
+  ProgramRun& run = StartedWith(Photo(1));
+  run.LoadAll();
+  run.files.FailAlways(FileCall::Names, error::PathAccess, "Locked");
+  run.main.preview.bPicEdited = true;
+  for (const char* path : {"C:\\Home\\Nowhere", "C:\\Home\\Card\\notes.txt", "C:\\Locked"}) {
+    run.person.ExpectBox(NotSelected, "");
+    Give(run, path);
+    EXPECT_TRUE(run.main.preview.bPicEdited) << path;
+  }
+  run.person.ExpectBox("The Film Strip has not changed", "refresh", BoxAnswer::No);
+  Give(run, CardFolder);
+  EXPECT_TRUE(run.main.preview.bPicEdited) << "the answer is no";
 }
 
 TEST_F(GivenPathTest, APhotoOfATypeThatIsNotShownIsNotSelectedButItsFolderIsTaken) {
