@@ -87,12 +87,13 @@ TEST_F(FormTest, ADialogIsCentredOverAnOwnerOnAnotherScreenThanTheMainOne) {
   dialog.SetClientSize(200, 100);
   const double across = (form.TwipsWidth() - dialog.TwipsWidth()) / 2;
   const double down = (form.TwipsHeight() - dialog.TwipsHeight()) / 2;
-  for (const double left : {1500.0 * 15, -900.0 * 15}) {
+  constexpr double Far = 3000.0 * 15;
+  for (const auto& [left, top] : {std::pair{Far, 150.0}, {-Far, 150.0}, {150.0, Far}, {150.0, -Far}}) {
     form.SetTwipsLeft(left);
-    form.SetTwipsTop(-300.0 * 15);
+    form.SetTwipsTop(top);
     dialog.CentreOn(&form);
     EXPECT_EQ(dialog.TwipsLeft(), left + across);
-    EXPECT_EQ(dialog.TwipsTop(), -300.0 * 15 + down);
+    EXPECT_EQ(dialog.TwipsTop(), top + down);
   }
 }
 
