@@ -13,6 +13,8 @@ from pathlib import Path
 
 # In the order in which they are read.
 PAGES = ["index", "sorting", "names", "undo", "looking", "folders", "deleting", "printing", "slideshow", "keys"]
+# In each page that is made here: a folder of such pages may be made anew.
+MARK = '<meta name="generator" content="Pixorra manual">'
 
 
 def inline(text):
@@ -73,9 +75,18 @@ def page(name, texts):
     after = names[names.index(name) + 1:][:1]
     onward = "".join(f'<p class="onward"><a href="{next_page}.html">{inline(title(texts[next_page]))}</a></p>\n' for next_page in after)
     return (f'<!DOCTYPE html>\n<html lang="en">\n<head>\n<meta charset="utf-8">\n<title>{inline(title(texts[name]))} - Pixorra</title>\n'
-            '<meta name="viewport" content="width=device-width">\n<link rel="stylesheet" href="manual.css">\n</head>\n<body>\n'
+            f'{MARK}\n<meta name="viewport" content="width=device-width">\n<link rel="stylesheet" href="manual.css">\n</head>\n<body>\n'
             f'<nav aria-label="Pages">\n<p>Pixorra</p>\n<ul>\n{entries}\n</ul>\n</nav>\n<main>\n{body(texts[name])}\n{onward}</main>\n'
             "</body>\n</html>\n")
+
+
+def is_made_here(path, target):
+    """Whether that is a part of a manual in the folder `target`, an older one as well."""
+    if path.parent == target / "images":
+        return path.is_file() and path.suffix == ".png"
+    if path.suffix == ".html":
+        return path.parent == target and path.is_file() and MARK.encode() in path.read_bytes()
+    return path in (target / "images", target / "manual.css")
 
 
 def refusal(sources, target):
@@ -85,8 +96,9 @@ def refusal(sources, target):
         return "is among the sources, or holds them"
     if target.is_symlink() or target.exists() and not target.is_dir():
         return "is no folder"
-    ours = all((target / name).is_file() for name in ("index.html", "manual.css"))
-    return "holds something else" if target.exists() and not ours and any(target.iterdir()) else None
+    held = list(target.rglob("*"))
+    is_manual = target / "index.html" in held and all(is_made_here(path, target) for path in held)
+    return "holds something else" if held and not is_manual else None
 
 
 def main():

@@ -95,9 +95,11 @@ class Pages(unittest.TestCase):
     def test_an_older_manual_is_replaced_as_a_whole(self):
         older = Path(self.folder.name) / "older"
         shutil.copytree(self.target, older)
-        (older / "gone.html").write_text("")
+        shutil.copyfile(older / "keys.html", older / "gone.html")
+        shutil.copyfile(older / "images" / self.a_picture(), older / "images/gone.png")
         self.rendered_to(older).check_returncode()
-        self.assertEqual(sorted(path.name for path in self.target.iterdir()), sorted(path.name for path in older.iterdir()))
+        names = [sorted(path.relative_to(folder) for path in folder.rglob("*")) for folder in (self.target, older)]
+        self.assertEqual(names[0], names[1])
 
     def test_a_folder_that_holds_anything_else_is_refused_and_stays(self):
         with tempfile.TemporaryDirectory() as scratch:
@@ -107,6 +109,28 @@ class Pages(unittest.TestCase):
                 (target / kept).write_text("mine")
                 self.assert_refused(target)
                 self.assertEqual("mine", (target / kept).read_text())
+
+    def test_a_page_of_somebody_else_is_refused_and_stays_with_all_beside_it(self):
+        with tempfile.TemporaryDirectory() as scratch:
+            target = Path(scratch) / "site"
+            target.mkdir()
+            for name in ("index.html", "manual.css", "letter.txt"):
+                (target / name).write_text("mine")
+            self.assert_refused(target)
+            (target / "letter.txt").unlink()
+            self.assert_refused(target)
+            self.assertEqual("mine", (target / "index.html").read_text())
+
+    def test_what_has_been_put_beside_an_older_manual_stays(self):
+        for name in ("letter.txt", "notes.html", "images/cat.jpg", "images/more/cat.png", "more/cat.png"):
+            with tempfile.TemporaryDirectory() as scratch:
+                target = Path(scratch) / "manual"
+                shutil.copytree(self.target, target)
+                (target / name).parent.mkdir(exist_ok=True)
+                (target / name).write_text("mine")
+                self.assert_refused(target)
+                self.assertEqual("mine", (target / name).read_text())
+                self.assertTrue((target / "keys.html").is_file())
 
     def test_a_file_and_a_link_are_refused(self):
         with tempfile.TemporaryDirectory() as scratch:
@@ -135,6 +159,9 @@ class Pages(unittest.TestCase):
         with tempfile.TemporaryDirectory() as scratch:
             self.rendered_to(scratch).check_returncode()
             self.assertTrue((Path(scratch) / "index.html").is_file())
+
+    def a_picture(self):
+        return next(path.name for path in (self.target / "images").iterdir())
 
     @staticmethod
     def rendered_to(target, sources=MANUAL):
