@@ -1,5 +1,4 @@
 // A folder or a photo that the program was started with, or that a later start has handed over.
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "app/GivenPath.h"
@@ -255,81 +254,6 @@ TEST_F(GivenPathTest, ACardWhoseFolderOfPhotosCannotBeReadIsTakenItself) {
   run.files.FailAlways(FileCall::Folders, error::PathAccess, "DCIM");
   Give(run, "C:\\Media\\Card");
   EXPECT_EQ(run.main.strip.SrcFileList.Path(), "C:\\Media\\Card");
-}
-
-// A card in a reader that is slow: folders answer when it is their turn.
-class SlowCardTest : public GivenPathTest {
- protected:
-  static constexpr const char* Root = "C:\\Media\\Card";
-  static constexpr const char* Dcim = "C:\\Media\\Card\\DCIM";
-
-  // The strip shows another folder. `each` runs ten times a second, whoever waits.
-  void GiveCard(const std::function<void(HeadlessFolderReader&)>& each) {
-    MakeCard(1);
-    run = &StartedWith(CardFolder);
-    Timer turns(run->main.Window, "TestTimer", 100);
-    Connect(turns.On().Timer, [&](Control&) { each(run->folderReader); });
-    turns.SetEnabled(true);
-    run->folderReader.Hold(true);
-    Give(*run, Root);
-    run->folderReader.Hold(false);
-    run->Wait(0.3);
-  }
-  std::string Strip() const { return run->main.strip.SrcFileList.Path(); }
-  // All that wait now.
-  static void Answer(HeadlessFolderReader& reader) {
-    for (const std::string& folder : reader.Waiting()) reader.Answer(folder);
-  }
-  static std::string Below(const char* name) { return std::string(Dcim) + "\\" + name; }
-
-  ProgramRun* run = nullptr;
-};
-
-TEST_F(SlowCardTest, ACardThatStopsAnsweringHoldsNothingUpAndIsTakenItself) {
-  drive.Write(Below("100ABCDE") + "\\a.bmp", BmpPhoto(8, 8));
-  int turns = 0;
-  GiveCard([&](HeadlessFolderReader& reader) {
-    if (++turns <= 2) return Answer(reader);
-    // The strip is still there for a person to work on.
-    if (turns == 20) {
-      EXPECT_EQ(Strip(), CardFolder);
-    }
-  });
-  EXPECT_GT(turns, 45) << "a few seconds are waited";
-  EXPECT_EQ(Strip(), Root);
-}
-
-TEST_F(SlowCardTest, ItsFoldersAreAskedAllAtOnceAndTheSecondWithPhotosIsEnough) {
-  for (const char* name : {"100ABCDE", "102ABCDE"}) drive.Write(Below(name) + "\\a.bmp", BmpPhoto(8, 8));
-  for (const char* name : {"101ABCDE", "103ABCDE"}) drive.MakeFolder(Below(name));
-  std::vector<std::string> last;
-  int turns = 0;
-  GiveCard([&](HeadlessFolderReader& reader) {
-    if (++turns <= 3) return Answer(reader);
-    if (last.empty()) last = reader.Waiting();
-    if (turns == 5) reader.Answer(Below("102ABCDE"));
-    if (turns == 6) {
-      EXPECT_EQ(run->person.Window("BrowseFolderLocationForm"), nullptr);
-      reader.Answer(Below("100ABCDE"));
-    }
-  });
-  EXPECT_THAT(last, ::testing::ElementsAre(Below("100ABCDE"), Below("101ABCDE"), Below("102ABCDE"), Below("103ABCDE")));
-  EXPECT_NE(run->person.Window("BrowseFolderLocationForm"), nullptr);
-  EXPECT_LT(turns, 15) << "not all of the patience";
-}
-
-TEST_F(SlowCardTest, ADropThatBeginsWhileItIsLookedAtIsWaitedFor) {
-  drive.Write(Below("100ABCDE") + "\\a.bmp", BmpPhoto(8, 8));
-  int turns = 0;
-  GiveCard([&](HeadlessFolderReader& reader) {
-    if (++turns == 3) run->main.drop.DropRunning = true;
-    Answer(reader);
-  });
-  EXPECT_GE(turns, 3);
-  EXPECT_EQ(Strip(), CardFolder);
-  run->main.drop.DropRunning = false;
-  run->Wait(0.5);
-  EXPECT_EQ(Strip(), Below("100ABCDE"));
 }
 
 TEST_F(GivenPathTest, AFolderWithPhotosOfItsOwnOrWithoutAnyIsTakenItself) {
