@@ -30,7 +30,10 @@ target_include_directories(pixorra_flags INTERFACE "${PROJECT_SOURCE_DIR}/src")
 
 option(PIXORRA_SANITIZE "Address and undefined behaviour sanitizers, and the standard library's own assertions" OFF)
 if(PIXORRA_SANITIZE)
-  add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  # Null and misaligned pointers are not looked for at each use: that alone is half of the code of a file without optimization,
+  # and the address sanitizer ends at a null pointer as well. What is OPTIMIZED, so all that reads pictures, looks for both.
+  add_compile_options(-fsanitize=address,undefined -fno-sanitize=null,alignment -fno-sanitize-recover=all
+    -fno-omit-frame-pointer)
   add_compile_definitions(_GLIBCXX_ASSERTIONS)
   add_link_options(-fsanitize=address,undefined)
   # The sanitizers' own code hides from GCC what is set; the other builds look for this.
@@ -65,12 +68,16 @@ endfunction()
 # Compiles several files of a target as one where PIXORRA_UNITY is set: most of a file's time to compile is spent on headers
 # and templates that its neighbours use as well. What is in an unnamed namespace must then be the only one of its name there.
 # Forms stay apart: each has its own margins and sizes.
-option(PIXORRA_UNITY "Compile several files as one: quicker from nothing, slower after a change of one" OFF)
+set(PIXORRA_UNITY 0 CACHE STRING "So many files are compiled as one: quicker from nothing, slower after a change of one")
+if(PIXORRA_UNITY AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+  # Kilobytes. The compiler looks for memory that it can use again only above this, so hardly ever.
+  target_compile_options(pixorra_flags INTERFACE "SHELL:--param ggc-min-heapsize=1000000")
+endif()
 function(pixorra_unity name)
   if(NOT PIXORRA_UNITY)
     return()
   endif()
-  set_target_properties(${name} PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 8)
+  set_target_properties(${name} PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE ${PIXORRA_UNITY})
   get_target_property(files ${name} SOURCES)
   list(FILTER files INCLUDE REGEX "(Form|/frm[^/]*)\\.cpp$")
   set_source_files_properties(${files} PROPERTIES SKIP_UNITY_BUILD_INCLUSION ON)
@@ -78,11 +85,12 @@ function(pixorra_unity name)
   target_compile_options(${name} PRIVATE -Wno-subobject-linkage)
 endfunction()
 
-# pixorra_library(name DIRS folder... EXCEPT file... LINKS target... PRIVATE_LINKS target... PRECOMPILED target): the sources of
-# these folders as one static library. What it links is what it may call. Precompiled are the standard library's headers, or
-# those of another target.
+# pixorra_library(name [OPTIMIZED] DIRS folder... EXCEPT file... LINKS target... PRIVATE_LINKS target... PRECOMPILED target):
+# the sources of these folders as one static library. What it links is what it may call. Precompiled are the standard
+# library's headers, or those of another target. OPTIMIZED is where pixels, bytes or the photos of a whole strip are gone
+# through one by one: the sanitizer build compiles all else without optimization, in half the time.
 function(pixorra_library name)
-  cmake_parse_arguments(ARG "" "" "DIRS;EXCEPT;LINKS;PRIVATE_LINKS;PRECOMPILED" ${ARGN})
+  cmake_parse_arguments(ARG "OPTIMIZED" "" "DIRS;EXCEPT;LINKS;PRIVATE_LINKS;PRECOMPILED" ${ARGN})
   pixorra_sources(compiled SUFFIXES .cpp DIRS ${ARG_DIRS})
   foreach(file IN LISTS ARG_EXCEPT)
     list(REMOVE_ITEM compiled "${CMAKE_CURRENT_SOURCE_DIR}/${file}")
@@ -93,7 +101,12 @@ function(pixorra_library name)
   if(NOT ARG_PRECOMPILED)
     set(ARG_PRECOMPILED precompiled)
   endif()
-  target_precompile_headers(${name} REUSE_FROM ${ARG_PRECOMPILED})
+  if(ARG_OPTIMIZED AND PIXORRA_SANITIZE)
+    # Precompiled headers are for the other options alone.
+    target_compile_options(${name} PRIVATE -O1 -fsanitize=null,alignment)
+  else()
+    target_precompile_headers(${name} REUSE_FROM ${ARG_PRECOMPILED})
+  endif()
   pixorra_unity(${name})
 endfunction()
 
