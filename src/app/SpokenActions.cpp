@@ -59,7 +59,7 @@ std::vector<int> Folders(const DesktopState& desk) {
 }
 
 std::string NameOfFolder(const DesktopState& desk, int slot) {
-  return slot == TrashcanSlot ? "Trashcan" : Trim(desk.DestFolderName(slot).Caption());
+  return Trim(desk.DestFolderName(slot).Caption());
 }
 
 std::vector<NamedAction> ActionsOfPhoto(MainForm& main, const Control& photo) {

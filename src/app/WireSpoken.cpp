@@ -3,6 +3,7 @@
 #include "app/SpokenActions.h"
 #include "app/Wiring.h"
 #include "base/ShownNames.h"
+#include "filmstrip/Listing.h"
 #include "platform/runtime/Errors.h"
 #include "platform/runtime/Text.h"
 #include "window/DesktopState.h"
@@ -23,13 +24,8 @@ std::string Nothing(const Control&) {
   return {};
 }
 
-// Among those that are shown: the Remaining view leaves some out.
 PlaceAmong PlaceInStrip(const FilmStripState& strip, const Control& photo) {
-  PlaceAmong place{.Count = strip.SrcShownCount, .Chosen = SlotSelected(strip) == photo.Index()};
-  for (int slot = 1; slot <= photo.Index(); ++slot) {
-    if (strip.SrcThumbnail.IsLoaded(slot) && strip.SrcThumbnail(slot).Visible()) ++place.Place;
-  }
-  return place;
+  return {ShownPlace(strip, photo.Index()), strip.SrcShownCount, SlotSelected(strip) == photo.Index()};
 }
 
 // The cell of the open folder whose photo is selected; 0 for none.

@@ -86,6 +86,11 @@ void PlaceSrcSlot(FilmStripState& strip, int slot, int position) {
   PlaceThumbnail(strip, slot);
 }
 
+int ShownPlace(const FilmStripState& strip, int slot) {
+  if (!strip.SrcThumbnail(slot).Visible()) return 0;
+  return strip.SrcBackground(slot).Left() / SrcFrameWidth + strip.SrcPageBase;
+}
+
 void FitSrcCanvas(FilmStripState& strip, int lastSlot) {
   const ImageBox& last = strip.SrcBackground(lastSlot);
   ErrorsIgnored([&] { strip.SrcCanvas.SetWidth(last.Left() + last.Width() + RoomBesideFrames); });

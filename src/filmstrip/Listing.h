@@ -27,6 +27,9 @@ void SetSrcSlotPath(FilmStripState& strip, int slot, const std::string& path);
 int SlotOf(const FilmStripState& strip, const std::string& photo);
 // Puts the three controls of a slot at a shown position, from 0, on the present page, and shows them.
 void PlaceSrcSlot(FilmStripState& strip, int slot, int position);
+// The place of a slot that is loaded among those that are shown, from 1; 0: it is not shown. No other slot is looked
+// at.
+int ShownPlace(const FilmStripState& strip, int slot);
 // The canvas's width by the last slot.
 void FitSrcCanvas(FilmStripState& strip, int lastSlot);
 void ShowSrcCount(FilmStripState& strip);

@@ -1,47 +1,14 @@
 // What a screen reader is told of the main window's controls.
-#include <gtest/gtest.h>
+#include "tests/app/SpokenTest.h"
 
 #include "filmstrip/Marks.h"
 #include "preview/PreviewPane.h"
-#include "tests/support/TestPictures.h"
-#include "tests/support/headless/ProgramTest.h"
 #include "window/DesktopState.h"
 #include "window/FilmStripState.h"
 #include "window/PreviewState.h"
 
 namespace pixorra {
 namespace {
-
-class SpokenTest : public ProgramTest {
- protected:
-  SpokenTest() {
-    for (const char* photo : {"C:\\Card\\a.jpg", "C:\\Card\\b.jpg", "C:\\Home\\Family\\c.jpg"}) {
-      drive.Write(photo, JpegPhoto(80, 60));
-    }
-    drive.MakeFolder("C:\\Home\\Pets");
-    WriteSavedState(StateLines("C:\\Card", {"C:\\Home\\Pets", "C:\\Home\\Family"}));
-  }
-  static std::string Name(Control& control) { return control.On().SpokenName(control); }
-  static std::pair<int, int> Place(const Control& control) {
-    const PlaceAmong place = control.On().SpokenPlace(control);
-    return {place.Place, place.Count};
-  }
-  static std::vector<std::string> Actions(const Control& control) {
-    std::vector<std::string> names;
-    for (const NamedAction& action : control.On().SpokenActions(control)) names.push_back(action.Name);
-    return names;
-  }
-  static void Do(const Control& control, const std::string& name) {
-    for (const NamedAction& action : control.On().SpokenActions(control)) {
-      if (action.Name == name) {
-        action.Run();
-        return;
-      }
-    }
-    FAIL() << "no action " << name;
-  }
-  static std::string Description(Control& control) { return control.On().SpokenDescription(control); }
-};
 
 TEST_F(SpokenTest, APhotoOfTheStripSaysItsNameAndWhetherItHasBeenDragged) {
   ProgramRun& run = Started();
@@ -51,6 +18,7 @@ TEST_F(SpokenTest, APhotoOfTheStripSaysItsNameAndWhetherItHasBeenDragged) {
   MarkDragged(run.main, strip.SrcThumbnail(1));
   EXPECT_EQ(Name(strip.SrcThumbnail(1)), "a.jpg, dragged");
   EXPECT_EQ(Name(strip.SrcThumbnail(2)), "b.jpg, not dragged");
+  EXPECT_EQ(Name(strip.SrcBackground(1)), "") << "its frame is a part of it";
 }
 
 TEST_F(SpokenTest, APhotoSaysItsPlaceAmongThoseThatAreShown) {
@@ -64,6 +32,30 @@ TEST_F(SpokenTest, APhotoSaysItsPlaceAmongThoseThatAreShown) {
   EXPECT_EQ(Place(run.main.desk.DestThumbnail(1)), std::pair(1, 1));
 }
 
+// A screen reader that walks along the strip asks each photo once.
+TEST_F(SpokenTest, APhotosPlaceIsKnownWithoutALookAtAnyOther) {
+  constexpr int Count = 120;
+  for (int i = 1; i <= Count; ++i) drive.Write("C:\\Many\\p" + std::to_string(1000 + i) + ".bmp", BmpPhoto(8, 8));
+  WriteSavedState(StateLines("C:\\Many", {}));
+  ProgramRun& run = Started();
+  run.LoadAll();
+  FilmStripState& strip = run.main.strip;
+  const auto expectPlaces = [&] {
+    for (int i = 1; i <= Count; ++i) EXPECT_EQ(Place(strip.SrcThumbnail(i)), std::pair(i, Count));
+  };
+  expectPlaces();
+  run.person.MoveBar(strip.SrcScrollbar, strip.SrcScrollbar.Max());
+  ASSERT_EQ(strip.SrcPageBase, 100);
+  expectPlaces();
+  MarkDragged(run.main, strip.SrcThumbnail(7));
+  run.person.Click(strip.RemainingOption);
+  EXPECT_EQ(Place(strip.SrcThumbnail(6)), std::pair(6, Count - 1));
+  EXPECT_EQ(Place(strip.SrcThumbnail(7)).first, 0) << "it is not shown";
+  EXPECT_EQ(Place(strip.SrcThumbnail(8)), std::pair(7, Count - 1));
+  for (int i = 1; i < Count; ++i) strip.SrcThumbnail.Unload(i);
+  EXPECT_EQ(Place(strip.SrcThumbnail(Count)), std::pair(Count - 1, Count - 1));
+}
+
 TEST_F(SpokenTest, TheSelectedPhotoIsWhatIsFollowed) {
   ProgramRun& run = Started();
   run.LoadAll();
@@ -75,47 +67,32 @@ TEST_F(SpokenTest, TheSelectedPhotoIsWhatIsFollowed) {
   EXPECT_EQ(followed(), &run.main.desk.DestThumbnail(1));
 }
 
-TEST_F(SpokenTest, APhotoIsCopiedByAnActionOfItsOwn) {
-  ProgramRun& run = Started();
-  run.LoadAll();
-  FilmStripState& strip = run.main.strip;
-  EXPECT_EQ(Actions(strip.SrcThumbnail(2)),
-            std::vector<std::string>({"Copy to Pets", "Copy to Family", "Copy to Trashcan", "Discard"}));
-  Do(strip.SrcThumbnail(2), "Copy to Pets");
-  EXPECT_EQ(SelectedSlot(strip), 2);
-  EXPECT_TRUE(IsMarked(strip, 2));
-  EXPECT_EQ(Name(run.main.desk.DestFolder(1)), "Pets, 1 pics, closed");
-  Do(strip.SrcThumbnail(2), "Recover");
-  EXPECT_FALSE(IsMarked(strip, 2));
-}
-
-TEST_F(SpokenTest, AFolderTakesTheSelectedPhotoByAnActionAndTheStripAllThatRemain) {
+TEST_F(SpokenTest, APhotoSaysThatItIsTheSelectedOne) {
   ProgramRun& run = Started();
   run.LoadAll();
   FilmStripState& strip = run.main.strip;
   DesktopState& desk = run.main.desk;
-  EXPECT_EQ(Actions(desk.DestFolder(1)), std::vector<std::string>({"Show Menu"}));
-  run.person.Click(strip.SrcThumbnail(1));
-  Do(desk.DestFolder(1), "Copy the selected photo here");
-  EXPECT_TRUE(IsMarked(strip, 1));
-  EXPECT_FALSE(IsMarked(strip, 2));
-  // What is edited outside is not watched any more, as with a drag.
-  run.main.preview.bPicEdited = true;
-  Do(strip.AllButton, "Copy all remaining to Trashcan");
-  EXPECT_TRUE(IsMarked(strip, 2));
-  EXPECT_FALSE(run.main.preview.bPicEdited);
-  EXPECT_EQ(Name(desk.DestFolder(1)), "Pets, 1 pics, closed");
-  EXPECT_EQ(Name(desk.DestFolder(9)), "Trashcan, 1 pics, closed");
+  const auto isChosen = [](const Control& photo) { return photo.On().SpokenPlace(photo).Chosen; };
+  run.person.Click(strip.SrcThumbnail(2));
+  EXPECT_TRUE(isChosen(strip.SrcThumbnail(2)));
+  EXPECT_FALSE(isChosen(strip.SrcThumbnail(1)));
+  EXPECT_FALSE(isChosen(desk.DestThumbnail(1)));
+  run.person.Click(desk.DestThumbnail(1));
+  EXPECT_FALSE(isChosen(strip.SrcThumbnail(2)));
+  EXPECT_TRUE(isChosen(desk.DestThumbnail(1)));
+  desk.DestThumbFrame.SetVisible(false);
+  EXPECT_FALSE(isChosen(desk.DestThumbnail(1)));
 }
 
-TEST_F(SpokenTest, AnActionOnAPhotoThatHasGoneSinceDoesNothing) {
+TEST_F(SpokenTest, ASelectionThatHasNoPhotoIsNotFollowed) {
   ProgramRun& run = Started();
   run.LoadAll();
-  FilmStripState& strip = run.main.strip;
-  const std::vector<NamedAction> offered = strip.SrcThumbnail.On().SpokenActions(strip.SrcThumbnail(2));
-  strip.SrcThumbnail(2).SetTag("");
-  offered.front().Run();
-  EXPECT_FALSE(IsMarked(strip, 2));
+  DesktopState& desk = run.main.desk;
+  run.person.Click(desk.DestThumbnail(1));
+  for (const char* cell : {"99", "0", "", "no number"}) {
+    desk.DestThumbFrame.SetTag(cell);
+    EXPECT_EQ(run.main.Window.On().SpokenChoice(run.main.Window), nullptr) << cell;
+  }
 }
 
 TEST_F(SpokenTest, AFolderSaysItsNameItsCountAndWhetherItIsOpen) {
