@@ -11,6 +11,7 @@
 #include "platform/controls/Toolkit.h"
 #include "platform/qt/BarAccessible.h"
 #include "platform/qt/ClientArea.h"
+#include "platform/qt/DropDownAccessible.h"
 #include "platform/qt/FormPeer.h"
 #include "platform/qt/LightAccessible.h"
 #include "platform/qt/QtBackend.h"
@@ -143,6 +144,10 @@ QAccessibleInterface* MakeAccessible(const QString&, QObject* object) {
   if (auto* client = dynamic_cast<ClientArea*>(object)) return new ClientAccessible(*client);
   if (auto* window = dynamic_cast<FormWindow*>(object)) return new WindowAccessible(*window);
   if (auto* tree = dynamic_cast<TreeWidget*>(object)) return new TreeAccessible(*tree);
+  if (auto* view = qobject_cast<QListView*>(object)) {
+    QComboBox* const list = DropDownOf(*view);
+    return list != nullptr ? new DropDownAccessible(*view, *list) : nullptr;
+  }
   auto* bar = qobject_cast<QAbstractSlider*>(object);
   if (bar != nullptr && dynamic_cast<ClientArea*>(bar->parent()) != nullptr) return new BarAccessible(*bar);
   return nullptr;
