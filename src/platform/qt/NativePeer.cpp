@@ -103,7 +103,7 @@ void NativePeer::Update(Change change) {
       ApplyVisible();
       break;
     case Change::Focus:
-      GiveFocus();
+      widget_->setFocus(Qt::OtherFocusReason);
       break;
     case Change::Look:
       ApplyLook();
@@ -131,13 +131,7 @@ void NativePeer::ApplyVisible() {
   if (!visible || !enabled) widget_->clearFocus();
   widget_->setEnabled(enabled);
   widget_->setVisible(visible);
-  if (control_.HasFocus() && visible) GiveFocus();
-}
-
-void NativePeer::GiveFocus() {
-  givingFocus_ = true;
-  widget_->setFocus(Qt::OtherFocusReason);
-  givingFocus_ = false;
+  if (control_.HasFocus() && visible) widget_->setFocus(Qt::OtherFocusReason);
 }
 
 // Those in a coloured frame take its colours. On dark ground a mark stands dark on a field as light as the text: a
@@ -193,7 +187,8 @@ void NativePeer::ApplyLook() {
 void NativePeer::Act(const std::function<void()>& act) {
   if (mirroring_) return;
   const QPointer<Hook> hook = hook_;
-  backend_.Dispatch(act);
+  // A screen reader also reaches what lies below a box or a modal form.
+  if (backend_.GetToolkit().TakesInput(control_.GetForm())) backend_.Dispatch(act);
   // The widget has moved by itself; if the model did not follow, it goes back.
   if (hook != nullptr && hook->GetPeer() != nullptr) backend_.AtEndOfTurn().Add(*this);
 }
@@ -270,8 +265,7 @@ void NativePeer::FocusTaken(Qt::FocusReason reason) {
     case Qt::ShortcutFocusReason:
       break;
     case Qt::OtherFocusReason:
-      // A screen reader's wish, where it is not the model's.
-      if (givingFocus_) return;
+      // A screen reader's wish; where it is the model's own, that has it already.
       break;
     default:
       return;

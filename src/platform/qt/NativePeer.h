@@ -49,7 +49,6 @@ class NativePeer : public Peer, public Pending {
   void FocusTaken(Qt::FocusReason reason);
   void ApplyPlace();
   void ApplyVisible();
-  void GiveFocus();
   void ApplyLook();
   void ApplyColours();
 
@@ -61,7 +60,6 @@ class NativePeer : public Peer, public Pending {
   int z_;
   bool mirroring_ = false;
   bool colouring_ = false;
-  bool givingFocus_ = false;
 };
 
 // The same for one kind of control and of widget.
