@@ -1,7 +1,6 @@
 #include "platform/qt/Drawn.h"
 
 #include <QPainter>
-#include <algorithm>
 #include <cmath>
 
 #include "platform/controls/FineSurface.h"
@@ -60,7 +59,7 @@ void DrawImage(QPainter& painter, const QRect& at, const QImage& image) {
 void DrawOutline(QPainter& painter, const QRect& at, int width, const QColor& topLeft, const QColor& bottomRight) {
   const QRect device = DeviceRect(painter, at);
   const double scale = painter.deviceTransform().m11();
-  const int thick = std::max(1, static_cast<int>(std::lround(width * scale)));
+  const int thick = static_cast<int>(std::lround(width * scale));
   const QTransform back = painter.deviceTransform().inverted();
   const auto fill = [&](int x, int y, int across, int down, const QColor& colour) {
     painter.fillRect(back.mapRect(QRectF(x, y, across, down)), colour);

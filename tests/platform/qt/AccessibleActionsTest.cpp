@@ -2,8 +2,10 @@
 #include <QAccessible>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QMenu>
 #include <QRadioButton>
 #include <QScrollBar>
 #include <QStringList>
@@ -143,6 +145,9 @@ TEST_F(AccessibleActionsTest, AnOptionSaysWhatItsFrameIsAbout) {
   option.SetCaption("Auto Resolve");
   Show();
   EXPECT_EQ(Of(WidgetOf<QRadioButton>(option)).text(QAccessible::Description), "Duplicate Photos");
+  option.SetToolTipText("By date and size");
+  Settle();
+  EXPECT_EQ(Of(WidgetOf<QRadioButton>(option)).text(QAccessible::Description), "By date and size");
 }
 
 TEST_F(AccessibleActionsTest, AListGoesToTheEntryThatIsSelected) {
@@ -165,6 +170,30 @@ TEST_F(AccessibleActionsTest, ADropDownListHasALabelBesideWhatIsChosenInIt) {
   const auto labels = Of(WidgetOf<QComboBox>(list)).relations(QAccessible::Label);
   ASSERT_EQ(labels.size(), 1);
   EXPECT_EQ(labels.first().first->text(QAccessible::Name), "Printer");
+  EXPECT_FALSE(ClientOf(form).findChild<QLabel*>()->isVisible());
+}
+
+TEST_F(AccessibleActionsTest, ADropDownListThatGoesTakesItsLabelAlongAndOneForTextsNamesItsLine) {
+  auto list = std::make_unique<ComboBox>(form, "List");
+  list->SetEditable(true);
+  list->SetAccessibleName("Folder");
+  Show();
+  EXPECT_EQ(Of(*WidgetOf<QComboBox>(*list).lineEdit()).text(QAccessible::Name), "Folder");
+  list.reset();
+  EXPECT_EQ(ClientOf(form).findChild<QLabel*>(), nullptr);
+}
+
+TEST_F(AccessibleActionsTest, ATextThatItsLineCannotShowAsItIsIsNotTakenForWritten) {
+  ComboBox list(form, "List");
+  list.SetEditable(true);
+  int changes = 0;
+  Show();
+  list.On().Change = [&changes](Control&) { ++changes; };
+  list.SetText("C:\\a\nb");
+  changes = 0;
+  Settle();
+  EXPECT_EQ(list.Text(), "C:\\a\nb");
+  EXPECT_EQ(changes, 0);
 }
 
 class AccessibleTreeTest : public AccessibleActionsTest {
@@ -301,11 +330,13 @@ TEST_F(AccessibleActionsTest, AWindowIsClosedAsByItsFrame) {
 }
 
 TEST_F(AccessibleActionsTest, AMenuThatIsUpIsFoundInItsWindow) {
-  MenuItem popup(form, "FolderPopup", "Folder Popup");
+  MenuItem popup(form, "FolderPopup", "Folder &Popup");
   MenuItem item(popup, "Remove", "Delete");
   Show();
   QAccessibleInterface& window = Of(WindowOf(form));
   const int before = window.childCount();
+  int chosenWith = -1;
+  item.On().Click = [&](Control&) { chosenWith = window.childCount(); };
   Meanwhile([&] {
     ASSERT_EQ(window.childCount(), before + 1);
     QAccessibleInterface& menu = *window.child(before);
@@ -313,9 +344,10 @@ TEST_F(AccessibleActionsTest, AMenuThatIsUpIsFoundInItsWindow) {
     EXPECT_EQ(menu.text(QAccessible::Name), "Folder Popup");
     EXPECT_EQ(menu.child(0)->text(QAccessible::Name), "Delete");
     EXPECT_EQ(window.indexOfChild(&menu), before);
-    QApplication::activePopupWidget()->close();
+    qobject_cast<QMenu*>(QApplication::activePopupWidget())->actions().first()->trigger();
   });
   form.PopupMenu(popup);
+  EXPECT_EQ(chosenWith, before) << "it is no longer up";
   Settle();
   EXPECT_EQ(window.childCount(), before);
 }

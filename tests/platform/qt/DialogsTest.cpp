@@ -209,6 +209,7 @@ TEST_F(DialogsTest, AnInputBoxGivesWhatIsTypedAndNothingOnCancel) {
     const auto labels = box.findChildren<QLabel*>();
     ASSERT_FALSE(labels.isEmpty());
     EXPECT_EQ(labels.first()->text(), "Name &lt;i&gt;<br>here");
+    EXPECT_EQ(box.findChild<QLineEdit*>()->accessibleName(), "Name <i>\nhere") << "without marks";
     box.setTextValue("typed");
     box.accept();
   });

@@ -355,6 +355,19 @@ TEST_F(PaintTest, TheLinesAroundARectangleAreEquallyThickAtEveryScale) {
   }
 }
 
+TEST_F(PaintTest, TheLinesAboveAndOnTheLeftOfARectangleHaveAColourOfTheirOwn) {
+  QImage image(40, 40, QImage::Format_RGB32);
+  image.fill(Qt::white);
+  QPainter painter(&image);
+  DrawOutline(painter, QRect(10, 10, 20, 20), 2, Qt::black, Qt::red);
+  painter.end();
+  EXPECT_EQ(image.pixelColor(15, 11), QColor(Qt::black));
+  EXPECT_EQ(image.pixelColor(11, 15), QColor(Qt::black));
+  EXPECT_EQ(image.pixelColor(15, 28), QColor(Qt::red));
+  EXPECT_EQ(image.pixelColor(28, 15), QColor(Qt::red));
+  EXPECT_EQ(image.pixelColor(12, 12), QColor(Qt::white));
+}
+
 TEST_F(PaintTest, SomeDrawingsHaveATwinForDarkDesktops) {
   const QSize size(60, 40);
   const QImage light = backend.Art().Render("Logo", size);
