@@ -82,13 +82,9 @@ void GivenPath::Give(const std::string& path) {
 }
 
 void GivenPath::Tick() {
-  if (taking_) return;
   if (IsBusy(main_)) return timer_.WasIdle(Timer::UntilSomethingRuns);
-  taking_ = true;
   const AtExit taken([this] {
-    taking_ = false;
-    if (main_.host.toolkit.Ended()) return;
-    timer_.SetEnabled(!IsDone());
+    if (!main_.host.toolkit.Ended()) timer_.SetEnabled(!IsDone());
   });
   if (!path_.empty()) {
     Take(main_.host.files.ProgramPath(std::exchange(path_, {})));

@@ -34,10 +34,9 @@ class GivenPath {
 
   MainForm& main_;
   std::string path_;
-  std::string photo_;    // full path, as the strip's list spells it
-  std::string folder_;   // of photo_
-  bool shown_ = false;   // photo_ is in the preview pane, ahead of its thumbnail
-  bool taking_ = false;  // a message that comes up on the way lets events run
+  std::string photo_;   // full path, as the strip's list spells it
+  std::string folder_;  // of photo_
+  bool shown_ = false;  // photo_ is in the preview pane, ahead of its thumbnail
   Timer timer_;
 };
 

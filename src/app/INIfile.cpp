@@ -62,7 +62,6 @@ std::string PlaceOfState(MainForm& main) {
 
 // What a run that was killed has left under this name, or anybody else, if it can be removed.
 void RemoveLeftOver(Files& files, const std::string& path) {
-  if (!files.NameTaken(path)) return;
   if (ErrorsIgnored([&] { files.Delete(path); }) == error::None) return;
   ErrorsIgnored([&] { files.RemoveFolder(path); });
 }

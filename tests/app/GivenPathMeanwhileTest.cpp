@@ -6,6 +6,8 @@
 #include "browse/FolderChoices.h"
 #include "desktop/FolderRename.h"
 #include "filmstrip/Listing.h"
+#include "platform/runtime/Errors.h"
+#include "preview/PreviewPane.h"
 #include "tests/support/TestPictures.h"
 #include "tests/support/headless/ProgramTest.h"
 #include "window/CoreState.h"
@@ -131,6 +133,46 @@ TEST_F(GivenPathMeanwhileTest, ADamagedPhotoThatIsClickedMeanwhileStaysSelected)
   EXPECT_EQ(SelectedSlot(run.main.strip), 1);
 }
 
+// The question lets the loading go on.
+TEST_F(GivenPathMeanwhileTest, APhotoDeletedAheadLeavesTheStripThoughItsThumbnailHasComeMeanwhile) {
+  ProgramRun& run = StartedHere(60, 0, false);
+  Give(run, Of(Here, 60));
+  ASSERT_EQ(SlotOf(run.main.strip, Of(Here, 60)), 0);
+  run.person.ExpectForm("DeleteSelectedForm", [&run](Person& hand, Form& form) {
+    run.LoadAll();
+    EXPECT_EQ(SlotOf(run.main.strip, Of(Here, 60)), 60);
+    for (Control* control : form.Controls())
+      if (control->Name() == "DeleteButton") hand.Click(*control);
+  });
+  run.person.ChooseMenu(run.main.menu.DeleteMenuItem);
+  EXPECT_FALSE(drive.Exists(Of(Here, 60)));
+  EXPECT_EQ(SlotOf(run.main.strip, Of(Here, 60)), 0);
+  EXPECT_EQ(run.main.strip.SrcShownCount, 59);
+}
+
+TEST_F(GivenPathMeanwhileTest, WhileAPhotoIsDraggedByHandItWaits) {
+  ProgramRun& run = StartedHere(2, 2);
+  run.person.Press(run.main.strip.SrcThumbnail(1));
+  run.person.MoveTo(run.main.strip.SrcThumbnail(2));
+  Give(run, There);
+  run.Wait(1);
+  EXPECT_EQ(run.main.strip.SrcFileList.Path(), Here);
+  run.person.Release();
+  run.Wait(0.3);
+  EXPECT_EQ(run.main.strip.SrcFileList.Path(), There);
+}
+
+TEST_F(GivenPathMeanwhileTest, OnceTheEndIsAskedForItIsNotBegunWith) {
+  ProgramRun& run = StartedHere(2, 2);
+  given_->Give(There);
+  run.platform.toolkit.AskToEnd();
+  run.platform.clock.AdvanceTo(run.platform.clock.Seconds() + 1);
+  run.platform.toolkit.RunDueTimers();
+  EXPECT_EQ(run.main.strip.SrcFileList.Path(), Here);
+  run.Wait(1);
+  EXPECT_TRUE(run.platform.toolkit.Ended());
+}
+
 TEST_F(GivenPathMeanwhileTest, APhotoShownAheadOfItsThumbnailTakesTheSelectionFromTheOpenFolderToo) {
   drive.Write("C:\\Family\\f.bmp", BmpPhoto(8, 8));
   ProgramRun& run = StartedHere(60, 0, false);
@@ -180,6 +222,55 @@ TEST_F(GivenPathMeanwhileTest, APhotoWhoseStripHasBeenLeftMeanwhileIsNotSelected
   EXPECT_TRUE(given_->IsDone());
   run.LoadAll();
   EXPECT_EQ(run.main.strip.SrcThumbFrame.Visible(), false);
+}
+
+TEST_F(GivenPathMeanwhileTest, APhotoThatThePaneShowsInsteadMeanwhileStays) {
+  ProgramRun& run = StartedHere(60, 0, false);
+  Give(run, Of(Here, 60));
+  ASSERT_EQ(SlotOf(run.main.strip, Of(Here, 60)), 0);
+  PaintPicPreview(run.main, Of(Here, 3));
+  run.LoadAll();
+  run.Wait(0.3);
+  EXPECT_EQ(run.main.preview.PicPreview.Tag(), Of(Here, 3));
+  EXPECT_FALSE(run.main.strip.SrcThumbFrame.Visible());
+}
+
+TEST_F(GivenPathMeanwhileTest, APhotoIsWaitedForNoLongerOnceAnotherPathIsGivenThoughThatIsRefused) {
+  ProgramRun& run = StartedHere(60, 0, false);
+  Give(run, Of(Here, 60));
+  ASSERT_EQ(SlotOf(run.main.strip, Of(Here, 60)), 0);
+  run.person.ExpectBox("WARNING: Unable to Select Film Strip", "cannot be found or opened.");
+  Give(run, "C:\\Nowhere");
+  EXPECT_TRUE(given_->IsDone());
+  run.LoadAll();
+  run.Wait(0.3);
+  EXPECT_FALSE(run.main.strip.SrcThumbFrame.Visible());
+}
+
+TEST_F(GivenPathMeanwhileTest, WhatBeginsWhileItIsLookedForIsWaitedForToo) {
+  ProgramRun& run = StartedHere(2, 2);
+  bool looked = false;
+  run.files.BeforeNth(
+      FileCall::FolderPath, 1, [&] { looked = run.main.core.PrintJobRuns = true; }, "There");
+  Give(run, There);
+  run.Wait(1);
+  ASSERT_TRUE(looked);
+  EXPECT_EQ(run.main.strip.SrcFileList.Path(), Here);
+  run.main.core.PrintJobRuns = false;
+  run.Wait(0.3);
+  EXPECT_EQ(run.main.strip.SrcFileList.Path(), There);
+}
+
+TEST_F(GivenPathMeanwhileTest, APathThatIsGivenWhileAnotherIsLookedForIsTakenInsteadOfIt) {
+  ProgramRun& run = StartedHere(2, 2);
+  run.files.BeforeNth(
+      FileCall::FolderPath, 1, [&] { given_->Give("C:\\Family"); }, "There");
+  run.person.ExpectBox("Already Selected as a Folder [Family]", "move the folder up", BoxAnswer::Yes);
+  Give(run, There);
+  run.Wait(1);
+  EXPECT_EQ(run.main.strip.SrcFileList.Path(), "C:\\Family");
+  for (int i = 0; i < run.main.strip.PreviousList.ListCount(); ++i)
+    EXPECT_NE(run.main.strip.PreviousList.List(i), There);
 }
 
 TEST_F(GivenPathMeanwhileTest, WhatItCannotTakeYetWakesTheProgramNoMoreThanItSleeps) {

@@ -237,6 +237,31 @@ TEST_F(GivenPathTest, ACardWhosePhotosAreInSeveralFoldersOpensTheBrowserThere) {
   EXPECT_EQ(browser.File1.Path(), "C:\\Media\\Card\\DCIM");
 }
 
+TEST_F(GivenPathTest, WhatTheBrowserWasToDoWithAFolderItStillLookedForIsNotDoneWithACard) {
+  for (const char* folder : {"100ABCDE", "101ABCDE"})
+    drive.Write(std::string("C:\\Media\\Card\\DCIM\\") + folder + "\\a.bmp", BmpPhoto(8, 8));
+  drive.MakeFolder("C:\\Other");
+  ProgramRun& run = Started();
+  run.main.strip.PreviousList.AddItem("C:\\Other");
+  ShowBrowser(run.main, BrowseMode::FilmStrip);
+  run.Wait(0.2);
+  auto& browser = run.main.modeless.Get<BrowseFolderLocationForm>(run.main);
+  browser.PreviousList.SetListIndex(0);
+  Raise(browser.SelectButton.On().Click, static_cast<Control&>(browser.SelectButton));
+  ASSERT_TRUE(browser.IsRunning());
+  ShowBrowserAt(run.main, "C:\\Media\\Card\\DCIM");
+  run.Wait(0.3);
+  EXPECT_TRUE(run.main.strip.NoFilmStrip);
+  EXPECT_TRUE(browser.IsRunning());
+}
+
+TEST_F(GivenPathTest, APhotoThatNoListShowsStillMeansItsOwnFolder) {
+  drive.Write("C:\\Media\\Card\\.a.bmp", BmpPhoto(8, 8));
+  drive.Write("C:\\Media\\Card\\DCIM\\100ABCDE\\a.bmp", BmpPhoto(8, 8));
+  ProgramRun& run = StartedWith("C:\\Media\\Card\\.a.bmp");
+  EXPECT_EQ(run.main.strip.SrcFileList.Path(), "C:\\Media\\Card");
+}
+
 TEST_F(GivenPathTest, PhotosInTheCardsOwnFolderCountAsAFolderToo) {
   drive.Write("C:\\Media\\Card\\DCIM\\a.bmp", BmpPhoto(8, 8));
   drive.MakeFolder("C:\\Media\\Card\\DCIM\\100ABCDE");

@@ -46,6 +46,16 @@ TEST_F(SavedStatePlaceTest, WhatCannotBeRemovedBesideItIsNeverWrittenThrough) {
   EXPECT_TRUE(IsChanged(State));
 }
 
+TEST_F(SavedStatePlaceTest, AFileBesideItThatCannotBeRemovedStaysAsItIs) {
+  ProgramRun& run = StartedFrom("Before");
+  drive.Write(Beside, "somebody's");
+  run.files.FailAlways(FileCall::Delete, error::PathAccess, "Pixorra.sav.new");
+  Change(run);
+  run.Close();
+  EXPECT_EQ(drive.Read(Beside), "somebody's");
+  EXPECT_TRUE(IsChanged(State));
+}
+
 TEST_F(SavedStatePlaceTest, WhereAnotherProgramHoldsTheNewFileTheStateItselfIsWritten) {
   ProgramRun& run = StartedFrom("Before");
   run.files.FailAlways(FileCall::OpenToWrite, error::PermissionDenied, "Pixorra.sav.new");

@@ -95,6 +95,8 @@ TEST(StartOptionsTest, AnythingElseIsRefusedInOneLine) {
   EXPECT_EQ(ProblemWith({"/home", "/media"}), "more than one folder: /media");
   EXPECT_EQ(ProblemWith({""}), "the folder has no name");
   EXPECT_EQ(ProblemWith({"-a\nb\x1B[2J"}), "unknown option: -a b [2J");
+  EXPECT_EQ(ProblemWith({"/home", "/a\nb"}), "more than one folder: /a b");
+  EXPECT_EQ(ProblemWith({"https://x/a\nb"}), "not an address of a file here: https://x/a b");
   EXPECT_EQ(ProblemWith({"-\xC2\x9B"
                          "2J\xC2\x85\xE2\x80\xA8"}),
             "unknown option: - 2J  ");
