@@ -69,6 +69,21 @@ TEST_F(IdleTimerTest, AHandlerHearsHowManyTicksWereLeftOutAheadOfIt) {
   EXPECT_THAT(leftOut, ElementsAre(0, 4, 4, 1)) << "at 1.3, as the test has had its turn at 1.2";
 }
 
+TEST_F(IdleTimerTest, TheTickOfTheMomentInWhichItBeginsAnewIsNotOneThatWasLeftOut) {
+  std::vector<int> leftOut;
+  timer.On().Timer = [&](Control&) {
+    leftOut.push_back(timer.LeftOut());
+    timer.WasIdle(4);
+  };
+  platform.clock.AdvanceTo(0.1);
+  toolkit.RunDueTimers();
+  platform.clock.AdvanceTo(0.3);
+  timer.SetInterval(100);
+  platform.clock.AdvanceTo(0.4);
+  toolkit.RunDueTimers();
+  EXPECT_THAT(leftOut, ElementsAre(0, 1)) << "that at 0.2";
+}
+
 TEST_F(IdleTimerTest, OnlySoManyTicksAreLeftOut) {
   leaveOut = 3;
   person.Wait(1);
