@@ -8,6 +8,7 @@
 #include "window/DropState.h"
 #include "window/FilmStripState.h"
 #include "window/MenuBar.h"
+#include "window/PreviewState.h"
 
 namespace pixorra {
 namespace {
