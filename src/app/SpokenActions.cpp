@@ -1,5 +1,6 @@
 #include "app/SpokenActions.h"
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -49,25 +50,35 @@ std::function<void()> OnPhoto(MainForm& main, const Control& photo, const std::f
   });
 }
 
-// The folders of the Desktop that are in use, and the Trashcan.
-std::vector<int> Folders(const DesktopState& desk) {
-  std::vector<int> slots;
-  for (int slot = 1; slot <= TrashcanSlot; ++slot) {
-    if (IsSlotInUse(desk, slot)) slots.push_back(slot);
-  }
-  return slots;
-}
+struct NamedFolder {
+  int Slot = 0;
+  std::string Name;
+};
 
-std::string NameOfFolder(const DesktopState& desk, int slot) {
-  return Trim(desk.DestFolderName(slot).Caption());
+// The folders of the Desktop that are in use, and the Trashcan. Those that are called alike, or as the Trashcan is,
+// have their number in the name.
+std::vector<NamedFolder> Folders(const DesktopState& desk) {
+  std::vector<NamedFolder> folders;
+  for (int slot = 1; slot < TrashcanSlot; ++slot) {
+    if (IsSlotInUse(desk, slot)) folders.push_back({slot, Trim(desk.DestFolderName(slot).Caption())});
+  }
+  if (IsSlotInUse(desk, TrashcanSlot)) folders.push_back({TrashcanSlot, "Trashcan"});
+  std::vector<NamedFolder> named = folders;
+  for (NamedFolder& folder : named) {
+    const bool alike = std::ranges::any_of(folders, [&folder](const NamedFolder& other) {
+      return other.Slot != folder.Slot && EqualIgnoringCase(other.Name, folder.Name);
+    });
+    if (alike && folder.Slot != TrashcanSlot) folder.Name += ", folder " + std::to_string(folder.Slot);
+  }
+  return named;
 }
 
 std::vector<NamedAction> ActionsOfPhoto(MainForm& main, const Control& photo) {
   std::vector<NamedAction> actions;
   if (photo.Tag().empty()) return actions;
-  for (const int slot : Folders(main.desk)) {
-    actions.push_back({"Copy to " + NameOfFolder(main.desk, slot), std::to_string(slot),
-                       OnPhoto(main, photo, [&main, slot] { DropSelected(main, slot); })});
+  for (const auto& [slot, name] : Folders(main.desk)) {
+    actions.push_back({"Copy to " + name, std::to_string(slot),
+                       OnPhoto(main, photo, [&main, at = slot] { DropSelected(main, at); })});
   }
   const bool marked = IsMarked(main.strip, photo.Index());
   actions.push_back(
@@ -113,9 +124,8 @@ void CopyAll(MainForm& main, int slot) {
 
 std::vector<NamedAction> ActionsOfReel(MainForm& main) {
   std::vector<NamedAction> actions;
-  for (const int slot : Folders(main.desk)) {
-    actions.push_back({"Copy all remaining to " + NameOfFolder(main.desk, slot), "",
-                       Action(main, [&main, slot] { CopyAll(main, slot); })});
+  for (const auto& [slot, name] : Folders(main.desk)) {
+    actions.push_back({"Copy all remaining to " + name, "", Action(main, [&main, at = slot] { CopyAll(main, at); })});
   }
   return actions;
 }

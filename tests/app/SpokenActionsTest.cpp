@@ -62,6 +62,24 @@ TEST_F(SpokenActionsTest, AFolderTakesTheSelectedPhotoByAnActionAndTheStripAllTh
   EXPECT_EQ(Name(desk.DestFolder(9)), "Trashcan, 1 pics, closed");
 }
 
+TEST_F(SpokenActionsTest, OfFoldersOfOneNameEachIsCopiedToByItsNumber) {
+  for (const char* folder : {"C:\\A\\2024", "C:\\B\\2024", "C:\\B\\trashcan"}) drive.MakeFolder(folder);
+  WriteSavedState(StateLines("C:\\Card", {"C:\\A\\2024", "C:\\Home\\Pets", "C:\\B\\2024", "C:\\B\\trashcan"}));
+  ProgramRun& run = Started();
+  run.LoadAll();
+  FilmStripState& strip = run.main.strip;
+  DesktopState& desk = run.main.desk;
+  EXPECT_EQ(Actions(strip.SrcThumbnail(1)),
+            std::vector<std::string>({"Copy to 2024, folder 1", "Copy to Pets", "Copy to 2024, folder 3",
+                                      "Copy to trashcan, folder 4", "Copy to Trashcan", "Discard"}));
+  Do(strip.SrcThumbnail(1), "Copy to 2024, folder 3");
+  EXPECT_EQ(Name(desk.DestFolder(1)), "2024, Empty, closed");
+  EXPECT_EQ(Name(desk.DestFolder(3)), "2024, 1 pics, closed");
+  Do(strip.AllButton, "Copy all remaining to trashcan, folder 4");
+  EXPECT_EQ(Name(desk.DestFolder(4)), "trashcan, 1 pics, open");
+  EXPECT_EQ(Name(desk.DestFolder(9)), "Trashcan, Empty, closed");
+}
+
 TEST_F(SpokenActionsTest, AnActionOnAPhotoThatHasGoneSinceDoesNothing) {
   ProgramRun& run = Started();
   run.LoadAll();

@@ -2,6 +2,8 @@
 
 #include <QPoint>
 #include <optional>
+#include <set>
+#include <string>
 
 #include "platform/controls/Container.h"
 #include "platform/controls/Label.h"
@@ -84,8 +86,18 @@ bool LightAccessible::IsChosen() const {
   return form.On().SpokenChoice && form.On().SpokenChoice(form) == control_.Get();
 }
 
+// Helpers tell an action by its name alone: one whose name another one has already gets a number.
 std::vector<NamedAction> LightAccessible::OwnActions() const {
-  return control_->On().SpokenActions ? control_->On().SpokenActions(*control_.Get()) : std::vector<NamedAction>();
+  if (!control_->On().SpokenActions) return {};
+  std::vector<NamedAction> actions = control_->On().SpokenActions(*control_.Get());
+  std::set<std::string> taken{ToUtf8(pressAction())};
+  for (NamedAction& action : actions) {
+    const std::string name = action.Name;
+    for (int number = 2; !taken.insert(action.Name).second; ++number) {
+      action.Name = name + " (" + std::to_string(number) + ")";
+    }
+  }
+  return actions;
 }
 
 QAccessible::Role LightAccessible::role() const {

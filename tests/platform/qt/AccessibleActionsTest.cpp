@@ -273,7 +273,9 @@ class AccessiblePhotosTest : public AccessibleActionsTest {
       return PlaceAmong{photo.Index(), 345, photo.Index() == chosen};
     };
     photos.On().SpokenActions = [this](const Control& photo) {
-      return std::vector<NamedAction>{{"Copy to Family", "1", [this, at = photo.Index()] { copied.push_back(at); }}};
+      std::vector<NamedAction> actions{{"Copy to Family", "1", [this, at = photo.Index()] { copied.push_back(at); }}};
+      for (const std::string& name : more) actions.push_back({name, "2", [this, name] { done.push_back(name); }});
+      return actions;
     };
     form.On().SpokenChoice = [this](const Control&) { return chosen != 0 ? &photos(chosen) : nullptr; };
     Show();
@@ -288,6 +290,8 @@ class AccessiblePhotosTest : public AccessibleActionsTest {
   ControlArray<ImageBox> photos{form, "Photo"};
   std::vector<std::string> names{"", "a.jpg", "b.jpg", "c.jpg"};
   std::vector<int> copied;
+  std::vector<std::string> more;  // actions beside that
+  std::vector<std::string> done;
   int chosen = 0;
 };
 
@@ -313,6 +317,21 @@ TEST_F(AccessiblePhotosTest, WhatADragWouldDoIsAnAction) {
   Do(Light("b.jpg"), "Copy to Family");
   EXPECT_EQ(copied, std::vector({2}));
   toolkit.PopBox();
+}
+
+TEST_F(AccessiblePhotosTest, OfActionsOfOneNameEachRunsByANameOfItsOwn) {
+  more = {"Copy to Family", "Copy to Family (2)", "Press"};
+  photos.On().Click = [this](Control&) { done.emplace_back("pressed"); };
+  QAccessibleActionInterface& actions = *Light("b.jpg").actionInterface();
+  EXPECT_EQ(actions.actionNames(),
+            QStringList({"Press", "Copy to Family", "Copy to Family (2)", "Copy to Family (2) (2)", "Press (2)"}));
+  EXPECT_EQ(actions.keyBindingsForAction("Copy to Family"), QStringList("1"));
+  EXPECT_EQ(actions.keyBindingsForAction("Copy to Family (2)"), QStringList("2"));
+  for (const char* name : {"Copy to Family (2)", "Copy to Family (2) (2)", "Press (2)", "Press"}) {
+    Do(Light("b.jpg"), name);
+  }
+  EXPECT_TRUE(copied.empty());
+  EXPECT_EQ(done, (std::vector<std::string>{"Copy to Family", "Copy to Family (2)", "Press", "pressed"}));
 }
 
 TEST_F(AccessibleActionsTest, AWindowIsClosedAsByItsFrame) {
