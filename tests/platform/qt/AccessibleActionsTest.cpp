@@ -6,6 +6,7 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMenu>
+#include <QPushButton>
 #include <QRadioButton>
 #include <QScrollBar>
 #include <QStringList>
@@ -126,6 +127,56 @@ TEST_F(AccessibleActionsTest, WhatIsWrittenIntoADropDownListIsTypedAndAChoiceIsN
   EXPECT_EQ(list.ListIndex(), 0);
 }
 
+TEST_F(AccessibleActionsTest, BelowAQuestionAButtonAndAMarkDoNothing) {
+  CommandButton button(form, "Button");
+  CheckBox box(form, "Box");
+  OptionButton first(form, "First");
+  OptionButton second(form, "Second");
+  first.SetValue(true);
+  int clicks = 0;
+  for (Control* control : std::vector<Control*>{&button, &box, &first, &second}) {
+    control->On().Click = [&clicks](Control&) { ++clicks; };
+  }
+  Show();
+  toolkit.PushBox();
+  WidgetOf<QPushButton>(button).click();
+  Do(Of(WidgetOf<QCheckBox>(box)), QAccessibleActionInterface::toggleAction());
+  Do(Of(WidgetOf<QRadioButton>(second)), QAccessibleActionInterface::toggleAction());
+  toolkit.PopBox();
+  EXPECT_EQ(clicks, 0);
+  EXPECT_EQ(box.Value(), 0);
+  EXPECT_TRUE(first.Value());
+  EXPECT_FALSE(WidgetOf<QCheckBox>(box).isChecked());
+  EXPECT_TRUE(WidgetOf<QRadioButton>(first).isChecked());
+  EXPECT_FALSE(WidgetOf<QRadioButton>(second).isChecked());
+}
+
+TEST_F(AccessibleActionsTest, BelowAQuestionBarsListsAndTextsStay) {
+  ScrollBar bar(form, "Bar", Orientation::Horizontal);
+  TextBox text(form, "Text");
+  ListBox list(form, "List");
+  bar.SetMax(100);
+  text.SetText("IMG_0001");
+  for (const char* name : {"a.jpg", "b.jpg"}) list.AddItem(name);
+  int changes = 0;
+  for (Control* control : std::vector<Control*>{&bar, &text, &list}) {
+    control->On().Change = control->On().Click = [&changes](Control&) { ++changes; };
+  }
+  Show();
+  toolkit.PushBox();
+  Of(WidgetOf<QScrollBar>(bar)).valueInterface()->setCurrentValue(40);
+  Of(WidgetOf<QLineEdit>(text)).editableTextInterface()->replaceText(0, 8, "Lake");
+  Do(*Of(WidgetOf<QListWidget>(list)).child(1), QAccessibleActionInterface::toggleAction());
+  toolkit.PopBox();
+  EXPECT_EQ(changes, 0);
+  EXPECT_EQ(bar.Value(), 0);
+  EXPECT_EQ(WidgetOf<QScrollBar>(bar).value(), 0);
+  EXPECT_EQ(text.Text(), "IMG_0001");
+  EXPECT_EQ(WidgetOf<QLineEdit>(text).text(), "IMG_0001");
+  EXPECT_EQ(list.ListIndex(), -1);
+  EXPECT_TRUE(WidgetOf<QListWidget>(list).selectedItems().isEmpty());
+}
+
 TEST_F(AccessibleActionsTest, TheFocusIsWhereAReaderPutsIt) {
   TextBox first(form, "First");
   TextBox second(form, "Second");
@@ -230,6 +281,18 @@ TEST_F(AccessibleTreeTest, ANodeIsOpenedAndTheOneBelowItIsChosen) {
   EXPECT_FALSE(tree.Find("home")->Expanded());
   EXPECT_EQ(Spoken().child(1)->actionInterface()->actionNames(),
             QStringList(QAccessibleActionInterface::pressAction()));
+}
+
+TEST_F(AccessibleTreeTest, BelowAQuestionNoNodeIsOpenedOrChosen) {
+  toolkit.PushBox();
+  Do(*Spoken().child(0), "Expand");
+  Do(*Spoken().child(1), QAccessibleActionInterface::pressAction());
+  WidgetOf<QTreeWidget>(tree).topLevelItem(0)->setExpanded(true);
+  Settle();
+  toolkit.PopBox();
+  EXPECT_FALSE(tree.Find("home")->Expanded());
+  EXPECT_FALSE(WidgetOf<QTreeWidget>(tree).topLevelItem(0)->isExpanded());
+  EXPECT_EQ(tree.Selected(), nullptr);
 }
 
 TEST_F(AccessibleTreeTest, ANodeThatHasGoneIsNoLongerValid) {
