@@ -38,11 +38,12 @@ void Refuse(MainForm& main, const std::string& path, const std::string& reason) 
                            BoxButtons::Ok, "WARNING: Unable to Select Film Strip");
 }
 
-// A dialog is up, photos are dropped or printed, a folder's name is typed, or the program is about to end.
+// A dialog or a menu is up, photos are dropped or printed, a folder's name is typed, or the program is about to end.
 bool IsBusy(const MainForm& main) {
   const Toolkit& toolkit = main.host.toolkit;
-  return !toolkit.TakesInput(main.Window) || toolkit.EndAsked() || toolkit.Drag().Source != nullptr ||
-         main.drop.DropRunning || main.drop.DropAllRunning || main.core.PrintJobRuns || IsFolderBeingRenamed(main.desk);
+  return !toolkit.TakesInput(main.Window) || toolkit.IsMenuUp() || toolkit.EndAsked() ||
+         toolkit.Drag().Source != nullptr || main.drop.DropRunning || main.drop.DropAllRunning ||
+         main.core.PrintJobRuns || IsFolderBeingRenamed(main.desk);
 }
 
 // Shows a photo that has no place in film strip and open folder yet: nothing that goes by a frame may take another for
@@ -82,6 +83,8 @@ void GivenPath::Give(const std::string& path) {
 }
 
 void GivenPath::Tick() {
+  // A menu may close without anything that would wake the timer.
+  if (main_.host.toolkit.IsMenuUp()) return;
   if (IsBusy(main_)) return timer_.WasIdle(Timer::UntilSomethingRuns);
   const AtExit taken([this] {
     if (!main_.host.toolkit.Ended()) timer_.SetEnabled(!IsDone());

@@ -17,8 +17,8 @@ class GivenPath {
   GivenPath(const GivenPath&) = delete;
   GivenPath& operator=(const GivenPath&) = delete;
 
-  // A path in either spelling, from the root on. It is taken as soon as no dialog is up and no photos are dropped; of
-  // several that wait, the last one. Its folder is chosen as by the browser, with its questions.
+  // A path in either spelling, from the root on. It is taken as soon as no dialog and no menu is up and no photos are
+  // dropped; of several that wait, the last one. Its folder is chosen as by the browser, with its questions.
   void Give(const std::string& path);
   // Nothing waits to be taken or selected.
   bool IsDone() const { return path_.empty() && photo_.empty(); }

@@ -53,12 +53,12 @@ class GivenPathMeanwhileTest : public ProgramTest {
     run.Wait(0.3);
     EXPECT_EQ(run.main.strip.SrcFileList.Path(), There);
   }
-  static void DeleteSelected(ProgramRun& run) {
+  static void DeleteSelected(ProgramRun& run, const Person::Action& whileOpen = {}) {
     run.person.ExpectForm("DeleteSelectedForm", [](Person& hand, Form& form) {
       for (Control* control : form.Controls())
         if (control->Name() == "DeleteButton") hand.Click(*control);
     });
-    run.person.ChooseMenu(run.main.menu.DeleteMenuItem);
+    run.person.ChooseMenu(run.main.menu.DeleteMenuItem, whileOpen);
   }
 
   std::unique_ptr<GivenPath> given_;
@@ -72,6 +72,32 @@ TEST_F(GivenPathMeanwhileTest, WhilePhotosArePrintedItWaits) {
 TEST_F(GivenPathMeanwhileTest, WhileOnePhotoIsDroppedItWaits) {
   ProgramRun& run = StartedHere(2, 2);
   ExpectToWaitFor(run, run.main.drop.DropRunning);
+}
+
+TEST_F(GivenPathMeanwhileTest, AMenuThatIsOpenActsOnThePhotoThatItWasOpenedFor) {
+  ProgramRun& run = StartedHere(3, 0);
+  run.person.Click(run.main.strip.SrcThumbnail(1));
+  DeleteSelected(run, [&] {
+    Give(run, Of(Here, 3));
+    run.Wait(1);
+    EXPECT_EQ(PhotoOf(run.main.strip, SelectedSlot(run.main.strip)), Of(Here, 1));
+  });
+  EXPECT_FALSE(drive.Exists(Of(Here, 1)));
+  EXPECT_TRUE(drive.Exists(Of(Here, 3)));
+  run.Wait(0.3);
+  EXPECT_EQ(PhotoOf(run.main.strip, SelectedSlot(run.main.strip)), Of(Here, 3));
+}
+
+TEST_F(GivenPathMeanwhileTest, WhileAFoldersMenuIsOpenItWaits) {
+  ProgramRun& run = StartedHere(2, 2);
+  run.person.ExpectMenu(run.main.menu.FolderPopupMenu, [&] {
+    Give(run, There);
+    run.Wait(1);
+    EXPECT_EQ(run.main.strip.SrcFileList.Path(), Here);
+  });
+  run.person.RightClick(run.main.desk.DestFolder(1));
+  run.Wait(0.3);
+  EXPECT_EQ(run.main.strip.SrcFileList.Path(), There);
 }
 
 TEST_F(GivenPathMeanwhileTest, AFolderKeepsItsNameUntilTheNewOneIsTypedToItsEnd) {

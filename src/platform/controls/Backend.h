@@ -53,8 +53,11 @@ class Backend {
   // How many of the screen's own pixels make up the side of one pixel here: 1, or more on a high-density screen.
   virtual double Fineness() { return 1; }
   virtual TextDrawing& Text() = 0;
-  // Shows a menu at the pointer until it is closed, and runs the chosen item.
+  // Shows a menu at the pointer until it is closed, and runs the chosen item. One that is up closes at that, and
+  // nothing of it runs.
   virtual void PopupMenu(Form& form, MenuItem& menu) = 0;
+  // A menu or a drop-down list is open, or what was chosen from it is about to run.
+  virtual bool IsMenuUp() = 0;
   // The picture or outline that follows the pointer, or the pointer itself, has changed: read it from the toolkit.
   virtual void DragChanged() = 0;
   virtual void PointerChanged(Form& form) = 0;

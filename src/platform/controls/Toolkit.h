@@ -58,6 +58,8 @@ class Toolkit {
   void Activate(Form& form) { windows_.Activate(form); }
   // No modal form or box is above it.
   bool TakesInput(const Form& form) const { return !ended_ && windows_.TakesInput(form); }
+  // A menu or a drop-down list is open, or what was chosen from it is about to run.
+  bool IsMenuUp() const { return backend_.IsMenuUp(); }
   // A box of the host is up: no form takes input until it is closed.
   void PushBox();
   void PopBox();

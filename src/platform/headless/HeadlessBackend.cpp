@@ -179,13 +179,16 @@ void HeadlessBackend::ChooseFromPopup(MenuItem* item) {
   popup_ = nullptr;
 }
 
-// The menu is closed before the chosen item's Click runs.
+bool HeadlessBackend::IsMenuUp() {
+  return popup_ != nullptr || barMenuUp_;
+}
+
+// The menu is closed before the chosen item's Click runs. One that was up has closed for it.
 void HeadlessBackend::PopupMenu(Form&, MenuItem& menu) {
-  MenuItem* const outer = popup_;
   popup_ = &menu;
   chosen_ = nullptr;
   if (!React(Script::Moment::Popup)) failures_.Report("unexpected pop-up menu " + menu.Name());
-  popup_ = outer;
+  popup_ = nullptr;
   Stir();
   if (MenuItem* const item = std::exchange(chosen_, nullptr)) item->UserClicked();
 }

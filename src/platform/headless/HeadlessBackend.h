@@ -47,6 +47,7 @@ class HeadlessBackend : public Backend, public Posting {
   double Fineness() override { return fineness_; }
   TextDrawing& Text() override { return text_; }
   void PopupMenu(Form& form, MenuItem& menu) override;
+  bool IsMenuUp() override;
   void DragChanged() override { ++dragChanges_; }
   void PointerChanged(Form&) override {}
 
@@ -70,6 +71,8 @@ class HeadlessBackend : public Backend, public Posting {
   // The pop-up menu that is up, or null; a person chooses an item of it, or nothing, which closes it.
   MenuItem* PopupUp() const { return popup_; }
   void ChooseFromPopup(MenuItem* item);
+  // A menu of a form's bar is open.
+  void SetBarMenuUp(bool up) { barMenuUp_ = up; }
   // A box of the host that is up, for reports; empty for none.
   const std::string& BoxIsUp() const { return boxUp_; }
   void SetBoxUp(const std::string& box) { boxUp_ = box; }
@@ -111,6 +114,7 @@ class HeadlessBackend : public Backend, public Posting {
   double idle_ = 0;
   double fineness_ = 1;
   int dragChanges_ = 0;
+  bool barMenuUp_ = false;
   bool loopEnded_ = false;
   bool endingPosted_ = false;
 };

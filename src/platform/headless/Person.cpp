@@ -85,11 +85,16 @@ bool Person::Choosable(const MenuItem& item) {
   return false;
 }
 
-void Person::ChooseMenu(MenuItem& item) {
+void Person::ChooseMenu(MenuItem& item, const Action& meanwhile) {
   std::vector<MenuItem*> way;
   for (MenuItem* menu = &item; menu != nullptr; menu = menu->Parent()) way.insert(way.begin(), menu);
   const Watch<Form> form(item.GetForm());
   for (MenuItem* menu : way) {
+    if (menu == &item && meanwhile) {
+      backend_.SetBarMenuUp(true);
+      Act(meanwhile);
+      backend_.SetBarMenuUp(false);
+    }
     if (!form || !MustTakeInput(*form.Get(), "menu item " + item.Name()) || !Choosable(*menu)) return;
     Act([&] { menu->UserClicked(); });
   }

@@ -76,8 +76,9 @@ class Person {
   void RepeatKey(int keyCode, int shift = 0);
 
   // --- menus ------------------------------------------------------------------------------------------------------
-  // Opens the menus above the item in their order, so that their Click handlers run first, then chooses it.
-  void ChooseMenu(MenuItem& item);
+  // Opens the menus above the item in their order, so that their Click handlers run first, then chooses it; `meanwhile`
+  // runs while they are open.
+  void ChooseMenu(MenuItem& item, const Action& meanwhile = {});
   // While a pop-up menu is up, in a reaction to it.
   void ChooseFromPopup(MenuItem& item);
 

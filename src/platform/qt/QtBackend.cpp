@@ -57,6 +57,12 @@ class LoopKind {
   bool before_;
 };
 
+void ClosePopups() {
+  while (QWidget* popup = QApplication::activePopupWidget()) {
+    if (!popup->close()) break;
+  }
+}
+
 FormPeer* PeerOf(Form& form) {
   return static_cast<FormPeer*>(form.GetPeer());
 }
@@ -162,9 +168,7 @@ void QtBackend::WaitForEvents(std::optional<double> seconds) {
 
 // Boxes and menus of the host run loops of their own; they are put away so that nothing waits for a person any more.
 void QtBackend::EndLoop() {
-  while (QWidget* popup = QApplication::activePopupWidget()) {
-    if (!popup->close()) break;
-  }
+  ClosePopups();
   for (QWidget* window : QApplication::topLevelWidgets()) {
     auto* dialog = qobject_cast<QDialog*>(window);
     if (dialog != nullptr && dialog->isVisible()) dialog->reject();
@@ -289,21 +293,37 @@ std::unique_ptr<Peer> QtBackend::MakePeer(Control& control) {
   return MakeNativePeer(*this, control);
 }
 
+struct QtBackend::Popup {
+  Watch<MenuItem> Chosen;
+  bool Replaced = false;  // another one has come up since
+};
+
+// A helper can ask for a menu while another one is up. That one was opened for something else, and its items would act
+// on what this one is for.
 void QtBackend::PopupMenu(Form& form, MenuItem& menu) {
   pending_.RunAll();
+  if (popup_ != nullptr) popup_->Replaced = true;
+  ClosePopups();
   QWidget* window = PeerOf(form) != nullptr ? &PeerOf(form)->Window() : nullptr;
   const QPointer<MenuView> view = new MenuView(*this, menu, MenuView::Raises::Below, window);
   view->Fill();
   // A chosen item runs when the menu is gone: what it asks may come up in its place.
-  const auto chosen = std::make_shared<Watch<MenuItem>>();
+  const auto popup = std::make_shared<Popup>();
   // One that is pressed over the accessibility bus leaves the menu up.
-  view->OnChosen([chosen, view](MenuItem& item) {
-    *chosen = Watch<MenuItem>(item);
+  view->OnChosen([popup, view](MenuItem& item) {
+    popup->Chosen = Watch<MenuItem>(item);
     if (view != nullptr) view->close();
   });
-  view->exec(PlaceForMenu(*toolkit_, form));
+  {
+    const AtExit closed([this, outer = std::exchange(popup_, popup)] { popup_ = outer; });
+    view->exec(PlaceForMenu(*toolkit_, form));
+  }
   if (view != nullptr) view->deleteLater();
-  if (*chosen && !toolkit_->Ended()) (*chosen)->UserClicked();
+  if (popup->Chosen && !popup->Replaced && !toolkit_->Ended()) popup->Chosen->UserClicked();
+}
+
+bool QtBackend::IsMenuUp() {
+  return popup_ != nullptr || QApplication::activePopupWidget() != nullptr;
 }
 
 void QtBackend::DragChanged() {

@@ -59,6 +59,7 @@ class QtBackend final : public Backend {
   double Fineness() override;
   TextDrawing& Text() override { return text_; }
   void PopupMenu(Form& form, MenuItem& menu) override;
+  bool IsMenuUp() override;
   void DragChanged() override;
   void PointerChanged(Form& form) override;
 
@@ -88,6 +89,9 @@ class QtBackend final : public Backend {
   HeldKey& Held() { return held_; }
 
  private:
+  // A pop-up menu that is up, and what has been chosen from it.
+  struct Popup;
+
   void RunTimers();
   void LookForStir();
   void Guarded(const std::function<void()>& act);
@@ -106,6 +110,7 @@ class QtBackend final : public Backend {
   QElapsedTimer clock_;
   QTimer wake_;
   std::unique_ptr<HostWindow> host_;
+  std::shared_ptr<Popup> popup_;  // null where none is up
   QEventLoop loop_;
   std::function<void(int, const std::string&)> onError_;
   int menuBarHeight_;

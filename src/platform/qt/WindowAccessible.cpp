@@ -21,12 +21,14 @@ const QString EnterAction = QStringLiteral("Enter");
 
 }  // namespace
 
-// A menu that is up over the window, as a child of it; null for none. The menu bar has its own.
+// A menu that is up over the window, as a child of it; null for none. The menu bar has its own. Of several, the one
+// that came up last is in front.
 QWidget* WindowAccessible::PopupMenu() const {
+  QWidget* front = nullptr;
   for (QMenu* menu : window_.findChildren<QMenu*>(Qt::FindDirectChildrenOnly)) {
-    if (menu->isVisible()) return menu;
+    if (menu->isVisible()) front = menu;
   }
-  return nullptr;
+  return front;
 }
 
 int WindowAccessible::childCount() const {

@@ -131,8 +131,9 @@ class ContractPlatform {
   // The next box of the host gets this answer as soon as `when` holds (nothing: at once).
   virtual void AnswerBox(BoxAnswer answer, std::function<bool()> when) = 0;
   virtual void AnswerInput(const std::string& typed) = 0;  // empty: it is cancelled
-  // At the next pop-up menu; no item: it is closed.
-  virtual void AnswerPopup(MenuItem* item) = 0;
+  // At the next pop-up menu, when `meanwhile` has run; no item: it is closed. Nothing is done with one that is not up
+  // any more.
+  virtual void AnswerPopup(MenuItem* item, std::function<void()> meanwhile) = 0;
 };
 
 std::unique_ptr<ContractPlatform> MakeContractPlatform();

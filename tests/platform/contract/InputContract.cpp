@@ -262,7 +262,7 @@ TEST_F(MenuContract, ShortcutOfAnItemThatItsMenuWouldEnableOrDisableActsByThat) 
 
 TEST_F(MenuContract, PopupReturnsWhenItIsClosedAndTheItemHasRun) {
   Show();
-  platform->AnswerPopup(&rename);
+  platform->AnswerPopup(&rename, {});
   form.PopupMenu(popup);
   Log("after");
   EXPECT_THAT(Heard(), ElementsAre("rename", "after"));
@@ -270,9 +270,36 @@ TEST_F(MenuContract, PopupReturnsWhenItIsClosedAndTheItemHasRun) {
 
 TEST_F(MenuContract, PopupThatIsClosedRunsNothing) {
   Show();
-  platform->AnswerPopup(nullptr);
+  platform->AnswerPopup(nullptr, {});
   form.PopupMenu(popup);
   EXPECT_THAT(Heard(), IsEmpty());
+}
+
+TEST_F(MenuContract, PopupIsUpUntilItsItemRuns) {
+  const auto say = [this] { Log(toolkit.IsMenuUp() ? "up" : "closed"); };
+  rename.On().Click = [say](Control&) { say(); };
+  Show();
+  say();
+  platform->AnswerPopup(&rename, say);
+  form.PopupMenu(popup);
+  say();
+  EXPECT_THAT(Heard(), ElementsAre("closed", "up", "closed", "closed"));
+}
+
+TEST_F(MenuContract, PopupClosesWhenAnotherOneComesUpAndNothingOfItRuns) {
+  MenuItem second(form, "SecondPopup", "Second");
+  MenuItem remove(second, "RemoveItem", "Remove");
+  second.SetVisible(false);
+  remove.On().Click = [this](Control&) { Log("remove"); };
+  Show();
+  platform->AnswerPopup(&rename, [&] {
+    platform->AnswerPopup(&remove, {});
+    form.PopupMenu(second);
+    Log("after the second");
+  });
+  form.PopupMenu(popup);
+  Log("after the first");
+  EXPECT_THAT(Heard(), ElementsAre("remove", "after the second", "after the first"));
 }
 
 }  // namespace

@@ -212,10 +212,13 @@ class HeadlessContract : public ContractPlatform {
     });
   }
   void AnswerInput(const std::string& typed) override { host_.person.ExpectInput("", "", typed); }
-  void AnswerPopup(MenuItem* item) override {
-    host_.script.Add(Script::Reaction{"pop-up menu", Script::Moment::Popup, {}, [this, item] {
-                                        if (item != nullptr) host_.person.ChooseFromPopup(*item);
-                                      }});
+  void AnswerPopup(MenuItem* item, std::function<void()> meanwhile) override {
+    host_.script.Add(
+        Script::Reaction{"pop-up menu", Script::Moment::Popup, {}, [this, item, act = std::move(meanwhile)] {
+                           if (act) act();
+                           const bool up = host_.backend.PopupUp() != nullptr;
+                           if (item != nullptr && up) host_.person.ChooseFromPopup(*item);
+                         }});
   }
 
  private:

@@ -434,6 +434,24 @@ TEST_F(AccessibleActionsTest, AMenuThatIsUpIsFoundInItsWindow) {
   EXPECT_EQ(window.childCount(), before);
 }
 
+TEST_F(AccessibleActionsTest, OfTwoMenusTheLaterOneIsFound) {
+  MenuItem first(form, "FolderPopup", "Folder Popup");
+  MenuItem second(form, "TrashcanPopup", "Trashcan Popup");
+  MenuItem item(first, "Remove", "Delete");
+  MenuItem other(second, "Empty", "Empty Trashcan");
+  Show();
+  QAccessibleInterface& window = Of(WindowOf(form));
+  const int before = window.childCount();
+  Meanwhile([&] {
+    Meanwhile([&] {
+      EXPECT_EQ(window.child(before)->text(QAccessible::Name), "Trashcan Popup");
+      while (QWidget* up = QApplication::activePopupWidget()) up->close();
+    });
+    form.PopupMenu(second);
+  });
+  form.PopupMenu(first);
+}
+
 TEST_F(AccessibleActionsTest, AnEntryIsFinishedAsByTheKeyEnter) {
   TextBox box(form, "Box");
   std::vector<int> keys;

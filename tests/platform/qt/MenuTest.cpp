@@ -1,7 +1,10 @@
 // Menus: the bar, what opening them does, pop-up menus.
+#include <QComboBox>
 #include <QMenu>
 #include <QMenuBar>
+#include <QPointer>
 
+#include "platform/controls/Lists.h"
 #include "platform/controls/Menu.h"
 #include "platform/qt/FormPeer.h"
 #include "tests/platform/qt/QtTest.h"
@@ -143,6 +146,55 @@ TEST_F(MenuTest, APopupWhoseItemIsTriggeredCloses) {
 TEST_F(MenuTest, APopupThatIsClosedRunsNothing) {
   one.On().Click = [&](Control&) { ADD_FAILURE(); };
   Meanwhile([&] { QApplication::activePopupWidget()->close(); });
+  form.PopupMenu(popup);
+}
+
+TEST_F(MenuTest, AMenuOfTheBarIsUpUntilItCloses) {
+  EXPECT_FALSE(toolkit.IsMenuUp());
+  Open(FileMenu());
+  EXPECT_TRUE(toolkit.IsMenuUp());
+  FileMenu().close();
+  EXPECT_FALSE(toolkit.IsMenuUp());
+}
+
+TEST_F(MenuTest, ADropDownListIsUpAsAMenuIs) {
+  ComboBox list(form, "List");
+  for (const char* name : {"Card", "Home"}) list.AddItem(name);
+  Settle();
+  WidgetOf<QComboBox>(list).showPopup();
+  EXPECT_TRUE(toolkit.IsMenuUp());
+  WidgetOf<QComboBox>(list).hidePopup();
+  EXPECT_FALSE(toolkit.IsMenuUp());
+}
+
+// As a helper does, which needs no hand for it.
+TEST_F(MenuTest, AChoiceFromAPopupIsDroppedWhereAnotherOneComesUpAtOnce) {
+  std::vector<std::string> events;
+  MenuItem second(form, "SecondPopup", "Second");
+  MenuItem last(second, "LastItem", "Last");
+  second.SetVisible(false);
+  two.On().Click = [&](Control&) { events.emplace_back("two"); };
+  Meanwhile([&] {
+    const QPointer<QMenu> before = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    before->actions().at(1)->trigger();
+    Meanwhile([&] {
+      EXPECT_EQ(QApplication::activePopupWidget()->objectName(), "SecondPopup");
+      EXPECT_FALSE(before->isVisible());
+      before->actions().at(1)->trigger();
+      QApplication::activePopupWidget()->close();
+    });
+    form.PopupMenu(second);
+  });
+  form.PopupMenu(popup);
+  EXPECT_TRUE(events.empty());
+}
+
+TEST_F(MenuTest, APopupClosesAMenuOfTheBar) {
+  Open(FileMenu());
+  Meanwhile([&] {
+    EXPECT_FALSE(FileMenu().isVisible());
+    while (QWidget* up = QApplication::activePopupWidget()) up->close();
+  });
   form.PopupMenu(popup);
 }
 

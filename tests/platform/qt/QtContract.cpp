@@ -272,9 +272,12 @@ class QtContract final : public ContractPlatform {
                        up()->done(typed.empty() ? QDialog::Rejected : QDialog::Accepted);
                      });
   }
-  void AnswerPopup(MenuItem* item) override {
+  void AnswerPopup(MenuItem* item, std::function<void()> meanwhile) override {
     Hands::Meanwhile([] { return QApplication::activePopupWidget() != nullptr; },
-                     [this, item] { hands_.ChooseFromPopup(item); });
+                     [this, item, act = std::move(meanwhile)] {
+                       if (act) act();
+                       hands_.ChooseFromPopup(item);
+                     });
   }
 
  private:
