@@ -6,6 +6,8 @@
 #include <QRadioButton>
 #include <algorithm>
 #include <functional>
+#include <memory>
+#include <utility>
 #include <vector>
 
 #include "platform/controls/Buttons.h"
@@ -41,20 +43,32 @@ class WholeButton final : public ButtonType {
   bool hitButton(const QPoint& at) const override { return this->rect().contains(at); }
 };
 
-// A screen reader sets a mark without a click. By a hand's click, and by what the model sets, both are the same again
-// when this runs.
-void WhenToggled(QAbstractButton& button, QObject* context, const std::function<void()>& look) {
-  QObject::connect(&button, &QAbstractButton::toggled, context,
-                   [context, look] { QMetaObject::invokeMethod(context, look, Qt::QueuedConnection); });
+// Runs `click` for a click on the mark, and when a screen reader has set it without one: `differs` is asked for that in
+// a later turn, unless a click has come meanwhile. By what the model sets, both are the same again by then.
+void WhenClicked(QAbstractButton& button, QObject* context, const std::function<bool()>& differs,
+                 const std::function<void()>& click) {
+  const auto looks = std::make_shared<bool>(false);
+  QObject::connect(&button, &QAbstractButton::clicked, context, [looks, click] {
+    *looks = false;
+    click();
+  });
+  QObject::connect(&button, &QAbstractButton::toggled, context, [context, looks, differs, click] {
+    *looks = true;
+    QMetaObject::invokeMethod(
+        context,
+        [looks, differs, click] {
+          if (std::exchange(*looks, false) && differs()) click();
+        },
+        Qt::QueuedConnection);
+  });
 }
 
 class CheckPeer final : public PeerOf<QCheckBox, CheckBox> {
  public:
   CheckPeer(QtBackend& backend, CheckBox& control) : PeerOf(backend, control, new WholeButton<QCheckBox>) {
-    QObject::connect(&Widget(), &QCheckBox::clicked, Context(), [this] { Act([this] { Model().UserClicked(); }); });
-    WhenToggled(Widget(), Context(), [this] {
-      if (Widget().isChecked() != (Model().Value() != 0)) Act([this] { Model().UserClicked(); });
-    });
+    WhenClicked(
+        Widget(), Context(), [this] { return Widget().isChecked() != (Model().Value() != 0); },
+        [this] { Act([this] { Model().UserClicked(); }); });
   }
 
  private:
@@ -72,10 +86,9 @@ class OptionPeer final : public PeerOf<QRadioButton, OptionButton> {
     group_.setExclusive(false);
     group_.addButton(&Widget());
     Widget().setAutoExclusive(true);
-    QObject::connect(&Widget(), &QRadioButton::clicked, Context(), [this] { Act([this] { Model().UserClicked(); }); });
-    WhenToggled(Widget(), Context(), [this] {
-      if (Widget().isChecked() != Model().Value()) Act([this] { Model().UserClicked(); });
-    });
+    WhenClicked(
+        Widget(), Context(), [this] { return Widget().isChecked() != Model().Value(); },
+        [this] { Act([this] { Model().UserClicked(); }); });
   }
 
  private:

@@ -175,10 +175,33 @@ TEST_F(NativeTest, ACheckBoxFollowsTheModelEvenWhereThatRefuses) {
   Settle();
   EXPECT_FALSE(WidgetOf<QCheckBox>(box).isChecked());
   EXPECT_EQ(clicks, 2);
-  box.On().Click = [&](Control&) { box.SetValue(0); };
+  // Set back, it is clicked once more.
+  box.On().Click = [&](Control&) {
+    ++clicks;
+    box.SetValue(0);
+  };
   WidgetOf<QCheckBox>(box).click();
-  Settle();
+  QCoreApplication::processEvents();  // in the order in which they were posted
   EXPECT_FALSE(WidgetOf<QCheckBox>(box).isChecked());
+  EXPECT_EQ(clicks, 4);
+}
+
+TEST_F(NativeTest, AnOptionThatIsRefusedIsClickedOnce) {
+  OptionButton one(form, "One");
+  OptionButton two(form, "Two");
+  two.Move(0, 40);
+  one.SetValue(true);
+  int clicks = 0;
+  two.On().Click = [&](Control&) {
+    ++clicks;
+    one.SetValue(true);
+  };
+  ShowForm();
+  WidgetOf<QRadioButton>(two).click();
+  QCoreApplication::processEvents();
+  EXPECT_TRUE(WidgetOf<QRadioButton>(one).isChecked());
+  EXPECT_FALSE(WidgetOf<QRadioButton>(two).isChecked());
+  EXPECT_EQ(clicks, 1);
 }
 
 TEST_F(NativeTest, OfOptionButtonsInOneContainerOneIsSet) {
