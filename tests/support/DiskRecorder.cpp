@@ -114,6 +114,11 @@ void DiskRecorder::RenameOver(const std::string& from, const std::string& to) {
   ChangeNames({{to, NodeOf(from)}, {from, 0}});
 }
 
+void DiskRecorder::LinkOrCopy(const std::string& from, const std::string& to) {
+  FaultyFiles::LinkOrCopy(from, to);
+  ChangeNames({{to, NodeOf(from)}});
+}
+
 void DiskRecorder::FlushFolder(const std::string& path) {
   FaultyFiles::FlushFolder(path);
   const std::string folder = path.ends_with('\\') ? path.substr(0, path.size() - 1) : path;

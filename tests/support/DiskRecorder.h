@@ -27,6 +27,7 @@ class DiskRecorder : public FaultyFiles {
   void Delete(const std::string& path) override;
   void Rename(const std::string& from, const std::string& to) override;
   void RenameOver(const std::string& from, const std::string& to) override;
+  void LinkOrCopy(const std::string& from, const std::string& to) override;
   void FlushFolder(const std::string& path) override;
 
   // The disk as it was at first.

@@ -237,6 +237,13 @@ void FaultyFiles::RenameOver(const std::string& from, const std::string& to) {
   inner_->RenameOver(from, to);
 }
 
+void FaultyFiles::LinkOrCopy(const std::string& from, const std::string& to) {
+  Check(FileCall::LinkOrCopy, from);
+  if (IsAway(to)) throw RuntimeError(error::PathNotFound);
+  AboutToChange();
+  inner_->LinkOrCopy(from, to);
+}
+
 void FaultyFiles::MakeFolder(const std::string& path) {
   Check(FileCall::MakeFolder, path);
   AboutToChange();

@@ -17,6 +17,7 @@
 #include "platform/posix/HostErrors.h"
 #include "platform/posix/HostFile.h"
 #include "platform/posix/HostLookup.h"
+#include "platform/posix/LinkFile.h"
 #include "platform/posix/LocalTimes.h"
 #include "platform/posix/RenameFile.h"
 #include "platform/posix/TreeRemoval.h"
@@ -272,6 +273,17 @@ void PosixFiles::RenameOver(const std::string& from, const std::string& to) {
   if (target.Exists())
     static_cast<void>(fchmodat(AT_FDCWD, source.Path.Text().c_str(), target.Entry.st_mode & 07777U, 0));
   if (rename(source.Path.Text().c_str(), target.Path.Text().c_str()) != 0) RaiseFor(source.Path, errno);
+}
+
+void PosixFiles::LinkOrCopy(const std::string& from, const std::string& to) {
+  const Located source = Find(from);
+  const Located target = Find(to);
+  MustExist(source);
+  MustBeReachable(target);
+  if (!S_ISREG(source.Entry.st_mode)) throw RuntimeError(error::PathAccess);
+  // Also a name of another case is taken.
+  if (target.Exists()) throw RuntimeError(error::FileExists);
+  LinkOrCopyFile(source.Path.Text(), target.Path.Text());
 }
 
 void PosixFiles::MakeFolder(const std::string& path) {

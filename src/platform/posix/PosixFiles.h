@@ -34,6 +34,7 @@ class PosixFiles : public Files {
   void Delete(const std::string& path) override;
   void Rename(const std::string& from, const std::string& to) override;
   void RenameOver(const std::string& from, const std::string& to) override;
+  void LinkOrCopy(const std::string& from, const std::string& to) override;
   void MakeFolder(const std::string& path) override;
   void RemoveFolder(const std::string& path) override;
   void RemoveTree(const std::string& path, const FolderIdentity& meant) override;

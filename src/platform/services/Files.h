@@ -124,6 +124,11 @@ class Files {
   // Puts `from` in the place of the file `to` in one step: whoever opens `to` finds the old file or the new one, whole.
   // The new one takes over the permissions. For files that are the program's own.
   virtual void RenameOver(const std::string& from, const std::string& to) = 0;
+  // Keeps the file under the name `to` as well, whatever takes its place by RenameOver: as a second name of it, or on a
+  // disk without such as a flushed copy with its permissions. For files that are the program's own and are not written
+  // to in place. Raises FileExists where `to` is taken; PathAccess for a folder and a link; else as Open and CopyFrom
+  // do, and leaves nothing then.
+  virtual void LinkOrCopy(const std::string& from, const std::string& to) = 0;
   virtual void MakeFolder(const std::string& path) = 0;
   virtual void RemoveFolder(const std::string& path) = 0;  // only an empty one, never through a link
   // Removes a folder with all that is in it, what is hidden or read-only included. A link in it goes as a link: nothing

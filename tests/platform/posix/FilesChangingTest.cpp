@@ -134,6 +134,45 @@ TEST_P(FilesChanging, RenameOverTakesThePlaceOfNoFolderAndNoLink) {
   EXPECT_EQ(drive_.Read("C:\\p\\new"), "new");
 }
 
+TEST_P(FilesChanging, LinkOrCopyKeepsAFileWithItsPermissionsWhateverTakesItsPlace) {
+  drive_.Write("C:\\p\\new", "new");
+  drive_.Write("C:\\p\\old", "old");
+  drive_.SetMode("C:\\p\\old", 0600);
+  TheFiles().LinkOrCopy("C:\\p\\old", "C:\\p\\kept");
+  EXPECT_EQ(drive_.Read("C:\\p\\old"), "old");
+  TheFiles().RenameOver("C:\\p\\new", "C:\\p\\old");
+  EXPECT_EQ(drive_.Read("C:\\p\\old"), "new");
+  EXPECT_EQ(drive_.Read("C:\\p\\kept"), "old");
+  struct stat entry {};
+  ASSERT_EQ(stat(drive_.HostPath("C:\\p\\kept").c_str(), &entry), 0);
+  EXPECT_EQ(entry.st_mode & 0777U, 0600U);
+}
+
+TEST_P(FilesChanging, LinkOrCopyNeverReplaces) {
+  drive_.Write("C:\\p\\a", "a");
+  drive_.Write("C:\\p\\Other", "o");
+  drive_.MakeFolder("C:\\p\\folder");
+  drive_.MakeLink("C:\\p\\nowhere", "missing");
+  for (const char* to : {"C:\\p\\a", "C:\\p\\Other", "C:\\p\\OTHER", "C:\\p\\folder", "C:\\p\\nowhere"})
+    EXPECT_EQ(ErrorsIgnored([&] { TheFiles().LinkOrCopy("C:\\p\\a", to); }), error::FileExists) << to;
+  EXPECT_EQ(drive_.Read("C:\\p\\Other"), "o");
+  EXPECT_FALSE(drive_.Exists("C:\\p\\missing"));
+}
+
+TEST_P(FilesChanging, LinkOrCopyTakesNoFolderAndNoLinkAndTellsWhatIsMissing) {
+  drive_.Write("C:\\p\\a", "a");
+  drive_.MakeFolder("C:\\p\\folder");
+  drive_.MakeLink("C:\\p\\link", "a");
+  const auto failureOf = [this](const std::string& from, const std::string& to) {
+    return ErrorsIgnored([&] { TheFiles().LinkOrCopy(from, to); });
+  };
+  EXPECT_EQ(failureOf("C:\\p\\folder", "C:\\p\\b"), error::PathAccess);
+  EXPECT_EQ(failureOf("C:\\p\\link", "C:\\p\\b"), error::PathAccess);
+  EXPECT_EQ(failureOf("C:\\p\\gone", "C:\\p\\b"), error::FileNotFound);
+  EXPECT_EQ(failureOf("C:\\p\\a", "C:\\q\\b"), error::PathNotFound);
+  EXPECT_FALSE(drive_.Exists("C:\\p\\b"));
+}
+
 TEST_P(FilesChanging, RenameChangesTheCaseOfAName) {
   drive_.Write("C:\\p\\a.jpg", "a");
   TheFiles().Rename("C:\\p\\a.jpg", "C:\\p\\A.JPG");

@@ -26,6 +26,7 @@ class OneAnswer : public Files {
   void Delete(const std::string&) override {}
   void Rename(const std::string&, const std::string&) override {}
   void RenameOver(const std::string&, const std::string&) override {}
+  void LinkOrCopy(const std::string&, const std::string&) override {}
   void MakeFolder(const std::string&) override {}
   void RemoveFolder(const std::string&) override {}
   void RemoveTree(const std::string&, const FolderIdentity&) override {}
