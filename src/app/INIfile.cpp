@@ -2,9 +2,9 @@
 
 #include <algorithm>
 #include <array>
-#include <memory>
 #include <string>
 
+#include "app/StateFile.h"
 #include "base/Routines.h"
 #include "base/SavedRecords.h"
 #include "desktop/OpenFolder.h"
@@ -60,58 +60,10 @@ std::string PlaceOfState(MainForm& main) {
   return main.host.files.IsLink(path) ? main.host.files.RealPath(path) : path;
 }
 
-// What a run that was killed has left under this name, or anybody else, if it can be removed.
-void RemoveLeftOver(Files& files, const std::string& path) {
-  if (ErrorsIgnored([&] { files.Delete(path); }) == error::None) return;
-  ErrorsIgnored([&] { files.RemoveFolder(path); });
-}
-
-// Gives the file another name, which nobody has. Raises as Rename does.
-void PutAside(Files& files, const std::string& path) {
-  constexpr int MostNames = 99;
-  std::string aside = path + ".old";
-  for (int i = 2; i <= MostNames && files.NameTaken(aside); ++i) aside = path + ".old" + std::to_string(i);
-  files.Rename(path, aside);
-}
-
-// A folder that takes no new file may still let the file itself be written.
-bool TakesNoNewFile(int failure) {
-  return failure == error::PathAccess || failure == error::PermissionDenied || failure == error::FileExists;
-}
-
 }  // namespace
 
-// Written beside the file and put in its place when it is on the disk: one of the two is whole at any time.
 void WriteSavedState(MainForm& main) {
-  Files& files = main.host.files;
-  const std::string path = PlaceOfState(main);
-  const std::string beside = path + ".new";
-  // A file that may not be written stays as it is, though its folder would let another one take its place.
-  const bool thereIsOne = files.NameTaken(path);
-  if (thereIsOne) files.Open(path, OpenMode::ReadWrite);
-  const bool keepsOld = thereIsOne && main.core.SavedStateUnread;
-  RemoveLeftOver(files, beside);
-  std::unique_ptr<File> file;
-  const int opened = ErrorsIgnored([&] { file = files.Open(beside, OpenMode::CreateNew); });
-  const bool besideItself = opened == error::None;
-  // After any other failure, a full disk among them, the state before stays.
-  if (!besideItself && (keepsOld || !TakesNoNewFile(opened))) throw RuntimeError(opened);
-  // In place it is cut short first: nothing but the writing itself must come after that.
-  const std::string bytes = Compose(main);
-  if (!besideItself) file = files.Open(path, OpenMode::Replace);
-  const int failure = ErrorsIgnored([&] {
-    file->WriteAt(0, bytes.data(), bytes.size());
-    file->Flush();
-    file.reset();
-    if (!besideItself) return;
-    if (keepsOld) PutAside(files, path);
-    main.core.SavedStateUnread = false;
-    files.RenameOver(beside, path);
-    files.FlushFolder(ParentPathOf(path));
-  });
-  if (failure == error::None || !besideItself) return;
-  file.reset();
-  ErrorsIgnored([&] { files.Delete(beside); });
+  ReplaceStateFile(main.host.files, PlaceOfState(main), Compose(main), &main.core.SavedStateUnread);
 }
 
 namespace {
@@ -169,8 +121,8 @@ void ReadPreviousList(MainForm& main, SavedRecordReader& record) {
 void ReadSavedState(MainForm& main) {
   std::string bytes;
   const int failure = ErrorsIgnored([&] { bytes = ReadWhole(main.host.files, SavedStateFile(main)); });
-  const bool missing = failure == error::FileNotFound || failure == error::PathNotFound;
-  main.core.SavedStateUnread = failure != error::None && !missing;
+  // One that is missing too may only be away: on a disk, say, that is not mounted yet.
+  main.core.SavedStateUnread = failure != error::None;
   if (failure != error::None) return;
   SavedRecordReader record(bytes);
   ReadWindow(main, record);

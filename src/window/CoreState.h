@@ -31,7 +31,7 @@ struct CoreState {
   bool PrintJobRuns = false;    // from its dialog to its end
   std::string SlideShowFolder;  // of the last slide show that was started; empty before the first
   int LayoutCountdown = 1;      // ticks of ThumbsTimer until Window_Layout runs
-  // There is a saved state that could not be read, and may be a good one.
+  // No saved state was read: one that is there when it is first written may be a good one.
   bool SavedStateUnread = false;
   // The window's size at the last layout, twips.
   double LastWidth = 0;
