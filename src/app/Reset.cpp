@@ -55,11 +55,9 @@ bool PlaceWindow(MainForm& main) {
   window.SetWindowState(windowstate::Normal);
   main.host.toolkit.DoEvents();
   if (main.host.toolkit.Ended() || !window.IsLoaded()) return false;
-  const Screen screen = main.host.toolkit.GetScreen();
   window.SetTwipsWidth(FirstWidth);
   window.SetTwipsHeight(FirstHeight);
-  window.SetTwipsLeft((screen.Width - window.TwipsWidth()) / 2);
-  window.SetTwipsTop((screen.Height - window.TwipsHeight()) / 2);
+  window.CentreOn(nullptr);
   return true;
 }
 

@@ -23,11 +23,11 @@ class WindowStateTest : public ProgramTest {
   }
 };
 
-TEST_F(WindowStateTest, AMaximisedWindowStoresItsMaximisedSize) {
+TEST_F(WindowStateTest, AMaximisedWindowStoresItsMaximisedSizeAndTheNormalPlace) {
   ProgramRun& run = Started();
   run.person.MoveWindow(run.main.Window, 300, 150);
   run.person.Maximise(run.main.Window);
-  EXPECT_EQ(FirstLineAfter(run), "19200,15360,0,0,2");
+  EXPECT_EQ(FirstLineAfter(run), "19200,15360,150,300,2");
 }
 
 TEST_F(WindowStateTest, AMaximisedWindowComesBackSoAndItsNormalSizeIsUntouched) {

@@ -20,6 +20,8 @@ struct Screen {
   double TwipsPerPixelX = 15;
   double TwipsPerPixelY = 15;
   double Fineness = 1;  // the screen's own pixels to the side of one pixel
+  double Left = 0;      // its place among the screens
+  double Top = 0;
 };
 
 class Backend {

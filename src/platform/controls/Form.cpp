@@ -56,12 +56,14 @@ void Form::SetSizable(bool sizable) {
 
 void Form::SetTwipsLeft(double twips) {
   left_ = RoundHalfEven(twips);
+  shownLeft_ = left_;
   hasPlace_ = true;
   Changed(Change::Position);
 }
 
 void Form::SetTwipsTop(double twips) {
   top_ = RoundHalfEven(twips);
+  shownTop_ = top_;
   hasPlace_ = true;
   Changed(Change::Position);
 }
@@ -95,16 +97,23 @@ void Form::SetFrame(double twipsWidth, double twipsHeight) {
   Resized();
 }
 
-// The whole of it is on the main screen; where the owner is on another, the window system sees to that.
 void Form::CentreOn(const Form* owner) {
-  const Screen screen = toolkit_.GetScreen();
-  const double left = owner != nullptr ? owner->left_ + (owner->width_ - width_) / 2 : (screen.Width - width_) / 2;
-  const double top = owner != nullptr ? owner->top_ + (owner->height_ - height_) / 2 : (screen.Height - height_) / 2;
-  const double middle = left + width_ / 2;
-  const double centre = top + height_ / 2;
-  const bool isElsewhere = middle < 0 || middle >= screen.Width || centre < 0 || centre >= screen.Height;
-  SetTwipsLeft(isElsewhere ? left : std::max(0.0, std::min(left, screen.Width - width_)));
-  SetTwipsTop(isElsewhere ? top : std::max(0.0, std::min(top, screen.Height - height_)));
+  if (owner != nullptr) {
+    CentreAt(owner->shownLeft_ + owner->width_ / 2, owner->shownTop_ + owner->height_ / 2);
+  } else {
+    const Screen screen = toolkit_.GetScreen();
+    CentreAt(screen.Left + screen.Width / 2, screen.Top + screen.Height / 2);
+  }
+}
+
+// Of a form that is larger than the screen the top left is there.
+void Form::CentreAt(double twipsX, double twipsY) {
+  const Screen screen = toolkit_.GetScreen(toolkit_.ScreenAt(twipsX, twipsY));
+  const auto within = [](double middle, double size, double first, double all) {
+    return std::max(first, std::min(middle - size / 2, first + all - size));
+  };
+  SetTwipsLeft(within(twipsX, width_, screen.Left, screen.Width));
+  SetTwipsTop(within(twipsY, height_, screen.Top, screen.Height));
 }
 
 void Form::SetWindowState(int state) {
@@ -292,6 +301,12 @@ void Form::UserMoved(double twipsLeft, double twipsTop) {
   left_ = twipsLeft;
   top_ = twipsTop;
   hasPlace_ = true;
+  UserPlaced(twipsLeft, twipsTop);
+}
+
+void Form::UserPlaced(double twipsLeft, double twipsTop) {
+  shownLeft_ = twipsLeft;
+  shownTop_ = twipsTop;
 }
 
 void Form::UserClosed() {

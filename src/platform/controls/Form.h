@@ -58,7 +58,14 @@ class Form : public Container {
   void SetFrame(double twipsWidth, double twipsHeight);
   double FrameTwipsWidth() const { return frameWidth_; }
   double FrameTwipsHeight() const { return frameHeight_; }
+  // Its middle is put over that of its owner as it is shown, or of the main screen.
   void CentreOn(const Form* owner);
+  // Its middle is put at a point of the screens, twips, as far as all of the form is on the screen that holds the
+  // point, or on the nearest one where none does.
+  void CentreAt(double twipsX, double twipsY);
+  // Where its window is, twips, a maximised one too: TwipsLeft and TwipsTop are the place of its normal state.
+  double ShownLeft() const { return shownLeft_; }
+  double ShownTop() const { return shownTop_; }
   // Covers the screen without a frame or menu bar, above all other windows; what is left inside is the whole screen.
   // Its own place and size are kept for when it is no longer so. Raises Resize.
   bool FullScreen() const { return fullScreen_; }
@@ -126,6 +133,8 @@ class Form : public Container {
   // What a user did with the window's frame.
   void UserResized(double twipsWidth, double twipsHeight, int windowState);
   void UserMoved(double twipsLeft, double twipsTop);
+  // The window is there; the form's own place stays what it is.
+  void UserPlaced(double twipsLeft, double twipsTop);
   void UserClosed();
   // The screen has another size, which a full-screen form takes over.
   void ScreenChanged();
@@ -146,6 +155,8 @@ class Form : public Container {
   PixelSize drawingSize_;
   double left_ = 0;
   double top_ = 0;
+  double shownLeft_ = 0;
+  double shownTop_ = 0;
   double width_ = 400 * TwipsPerPixel;
   double height_ = 300 * TwipsPerPixel;
   double frameWidth_ = FrameWidth * TwipsPerPixel;

@@ -1,5 +1,8 @@
 #include "platform/controls/Toolkit.h"
 
+#include <algorithm>
+#include <cmath>
+#include <limits>
 #include <utility>
 
 #include "platform/controls/Form.h"
@@ -118,6 +121,23 @@ void Toolkit::UserFocused(Control& control) {
 void Toolkit::Forget(Control& control) {
   drags_.Forget(control);
   windows_.Forget(control);
+}
+
+int Toolkit::ScreenAt(double twipsX, double twipsY) {
+  const auto beyond = [](double at, double first, double size) {
+    return std::max({first - at, at - (first + size), 0.0});
+  };
+  int nearest = 0;
+  double least = std::numeric_limits<double>::infinity();
+  for (int number = 0; number < ScreenCount(); ++number) {
+    const Screen screen = GetScreen(number);
+    const double distance =
+        std::hypot(beyond(twipsX, screen.Left, screen.Width), beyond(twipsY, screen.Top, screen.Height));
+    if (distance >= least) continue;
+    nearest = number;
+    least = distance;
+  }
+  return nearest;
 }
 
 }  // namespace pixorra

@@ -123,6 +123,8 @@ class Toolkit {
   int ScreenCount() { return backend_.ScreenCount(); }
   Screen GetScreen(int number) { return backend_.GetScreen(number); }
   int ScreenOfPointer() { return backend_.ScreenOfPointer(); }
+  // The number of the screen that holds a point, twips; of the nearest one where none does.
+  int ScreenAt(double twipsX, double twipsY);
   Screen LargestWindow() { return backend_.LargestWindow(); }
   int MenuBarHeight() { return backend_.MenuBarHeight(); }
   double Fineness() { return backend_.Fineness(); }

@@ -152,7 +152,9 @@ Screen HeadlessBackend::GetScreen(int number) {
 }
 
 int HeadlessBackend::AddScreen(int width, int height) {
-  moreScreens_.push_back({width * screen_.TwipsPerPixelX, height * screen_.TwipsPerPixelY});
+  Screen screen{width * screen_.TwipsPerPixelX, height * screen_.TwipsPerPixelY};
+  screen.Left = LargestWindow().Width;
+  moreScreens_.push_back(screen);
   // The main one is as it was, and everybody hears of the change.
   SetScreen(static_cast<int>(std::lround(screen_.Width / screen_.TwipsPerPixelX)),
             static_cast<int>(std::lround(screen_.Height / screen_.TwipsPerPixelY)));

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "platform/controls/Toolkit.h"
 #include "platform/headless/HeadlessBackend.h"
 
 namespace pixorra {
@@ -47,7 +48,15 @@ void HeadlessWindow::UserResized(double twipsWidth, double twipsHeight) {
 void HeadlessWindow::ScreenChanged() {
   form_.ScreenChanged();
   if (shownState_ != windowstate::Maximised || !form_.Visible()) return;
-  const Screen screen = backend_.GetScreen();
+  CoverScreen();
+}
+
+// The one that the window is on.
+void HeadlessWindow::CoverScreen() {
+  const int number = form_.OwnToolkit().ScreenAt(form_.ShownLeft() + form_.TwipsWidth() / 2,
+                                                 form_.ShownTop() + form_.TwipsHeight() / 2);
+  const Screen screen = backend_.GetScreen(number);
+  form_.UserPlaced(screen.Left, screen.Top);
   form_.UserResized(screen.Width, screen.Height, windowstate::Maximised);
 }
 
@@ -59,9 +68,7 @@ void HeadlessWindow::Apply(int state) {
   }
   shownState_ = state;
   if (state == windowstate::Maximised) {
-    const Screen screen = backend_.GetScreen();
-    form_.UserMoved(0, 0);
-    form_.UserResized(screen.Width, screen.Height, state);
+    CoverScreen();
   } else if (state == windowstate::Minimised) {
     form_.UserResized(form_.TwipsWidth(), form_.TwipsHeight(), state);
   } else {

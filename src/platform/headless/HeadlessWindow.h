@@ -40,6 +40,7 @@ class HeadlessWindow : public Peer {
     double Height = 0;
   };
   void Apply(int state);
+  void CoverScreen();
 
   HeadlessBackend& backend_;
   Form& form_;

@@ -296,10 +296,12 @@ void FormPeer::ReportFrame() {
     if (agreedState_.testFlag(Qt::WindowMinimized)) agreedState_ = Qt::WindowMinimized;
   }
   const QPoint place = window_->geometry().topLeft();
+  const QPoint corner = (place - FrameCorner) * TwipsPerPixel;
   if (state == windowstate::Normal && place != PlaceOf(backend_, form_)) {
     agreedPlace_ = place;
-    const QPoint corner = place - FrameCorner;
-    form_.UserMoved(corner.x() * TwipsPerPixel, corner.y() * TwipsPerPixel);
+    form_.UserMoved(corner.x(), corner.y());
+  } else if (state != windowstate::Minimised) {
+    form_.UserPlaced(corner.x(), corner.y());
   }
   const QSize client(window_->width(), window_->height() - window_->MenuHeight());
   double width = form_.TwipsWidth();

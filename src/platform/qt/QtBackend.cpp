@@ -228,9 +228,11 @@ void QtBackend::LookForStir() {
 
 namespace {
 
-Screen InTwips(const QSize& pixels, double fineness) {
+Screen InTwips(const QRect& pixels, double fineness) {
   Screen result;
   result.Fineness = fineness;
+  result.Left = pixels.x() * result.TwipsPerPixelX;
+  result.Top = pixels.y() * result.TwipsPerPixelY;
   result.Width = pixels.width() * result.TwipsPerPixelX;
   result.Height = pixels.height() * result.TwipsPerPixelY;
   return result;
@@ -250,9 +252,9 @@ int QtBackend::ScreenCount() {
 }
 
 Screen QtBackend::GetScreen(int number) {
-  if (host_ != nullptr) return InTwips(host_->Size(), host_->Fineness());
+  if (host_ != nullptr) return InTwips({{}, host_->Size()}, host_->Fineness());
   const QScreen* screen = ScreenOf(number);
-  return screen != nullptr ? InTwips(screen->size(), screen->devicePixelRatio()) : Screen();
+  return screen != nullptr ? InTwips(screen->geometry(), screen->devicePixelRatio()) : Screen();
 }
 
 int QtBackend::ScreenOfPointer() {
@@ -280,7 +282,7 @@ void QtBackend::TellOfScreens() {
 
 Screen QtBackend::LargestWindow() {
   const QScreen* screen = QGuiApplication::primaryScreen();
-  return screen != nullptr ? InTwips(screen->virtualSize(), screen->devicePixelRatio()) : Screen();
+  return screen != nullptr ? InTwips(screen->virtualGeometry(), screen->devicePixelRatio()) : Screen();
 }
 
 // Where screens differ, what is drawn is fine enough for each.

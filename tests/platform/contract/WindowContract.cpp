@@ -1,6 +1,7 @@
 // Forms as windows.
 #include <gmock/gmock.h>
 #include <memory>
+#include <utility>
 
 #include "platform/controls/Buttons.h"
 #include "platform/controls/Menu.h"
@@ -142,6 +143,34 @@ TEST_F(WindowContract, MaximisedWindowIsLargeAndGoesBackToItsBounds) {
   EXPECT_EQ(form.WindowState(), windowstate::Normal);
   EXPECT_EQ(form.TwipsWidth(), width);
   EXPECT_EQ(form.TwipsHeight(), height);
+}
+
+// That place is the one that is saved.
+TEST_F(WindowContract, MaximisedWindowKeepsItsOwnPlaceAndADialogIsCentredWhereTheWindowNowIs) {
+  form.SetSizable(true);
+  form.SetTwipsLeft(460 * 15);
+  form.SetTwipsTop(300 * 15);
+  Show();
+  form.SetWindowState(windowstate::Maximised);
+  platform->Settle();
+  EXPECT_EQ(form.TwipsLeft(), 460 * 15);
+  EXPECT_EQ(form.TwipsTop(), 300 * 15);
+  Form dialog(toolkit, "Dialog");
+  dialog.SetClientSize(200, 100);
+  const auto middle = [&] {
+    dialog.CentreOn(&form);
+    return std::pair(dialog.TwipsLeft() + dialog.TwipsWidth() / 2, dialog.TwipsTop() + dialog.TwipsHeight() / 2);
+  };
+  const Screen screen = toolkit.GetScreen();
+  constexpr double Frame = 30 * 15;
+  EXPECT_NEAR(middle().first, screen.Width / 2, Frame);
+  EXPECT_NEAR(middle().second, screen.Height / 2, Frame);
+  form.SetWindowState(windowstate::Normal);
+  platform->Settle();
+  EXPECT_EQ(form.TwipsLeft(), 460 * 15);
+  EXPECT_EQ(form.TwipsTop(), 300 * 15);
+  EXPECT_NEAR(middle().first, form.TwipsLeft() + form.TwipsWidth() / 2, 15);
+  EXPECT_NEAR(middle().second, form.TwipsTop() + form.TwipsHeight() / 2, 15);
 }
 
 TEST_F(WindowContract, WindowMaximisedBeforeItIsShownComesUpSo) {

@@ -83,17 +83,51 @@ TEST_F(FormTest, CentredOnTheScreenOrItsOwnerAndKeptOnTheScreen) {
 }
 
 TEST_F(FormTest, ADialogIsCentredOverAnOwnerOnAnotherScreenThanTheMainOne) {
+  platform.backend.AddScreen(1000, 800);
   Form dialog(toolkit, "Dialog");
   dialog.SetClientSize(200, 100);
-  const double across = (form.TwipsWidth() - dialog.TwipsWidth()) / 2;
-  const double down = (form.TwipsHeight() - dialog.TwipsHeight()) / 2;
-  constexpr double Far = 3000.0 * 15;
-  for (const auto& [left, top] : {std::pair{Far, 150.0}, {-Far, 150.0}, {150.0, Far}, {150.0, -Far}}) {
-    form.SetTwipsLeft(left);
-    form.SetTwipsTop(top);
+  form.SetTwipsLeft(1500 * 15);
+  form.SetTwipsTop(100 * 15);
+  dialog.CentreOn(&form);
+  EXPECT_EQ(dialog.TwipsLeft(), 1500 * 15 + (form.TwipsWidth() - dialog.TwipsWidth()) / 2);
+  EXPECT_EQ(dialog.TwipsTop(), 100 * 15 + (form.TwipsHeight() - dialog.TwipsHeight()) / 2);
+}
+
+TEST_F(FormTest, ADialogIsWhollyOnTheScreenThatHoldsTheMiddleOfItsOwner) {
+  platform.backend.AddScreen(1000, 800);
+  Form dialog(toolkit, "Dialog");
+  dialog.SetClientSize(900, 500);
+  form.SetTwipsLeft(1300 * 15);
+  form.SetTwipsTop(600 * 15);
+  dialog.CentreOn(&form);
+  EXPECT_EQ(dialog.TwipsLeft(), 1280 * 15);
+  EXPECT_EQ(dialog.TwipsTop() + dialog.TwipsHeight(), 800 * 15);
+  form.SetTwipsLeft(2000 * 15);
+  form.SetTwipsTop(-50 * 15);
+  dialog.CentreOn(&form);
+  EXPECT_EQ(dialog.TwipsLeft() + dialog.TwipsWidth(), 2280 * 15);
+  EXPECT_EQ(dialog.TwipsTop(), 0);
+}
+
+TEST_F(FormTest, ADialogOfAnOwnerThatIsOnNoScreenIsOnTheNearestOne) {
+  platform.backend.AddScreen(1000, 800);
+  Form dialog(toolkit, "Dialog");
+  dialog.SetClientSize(200, 100);
+  const double width = dialog.TwipsWidth();
+  const double height = dialog.TwipsHeight();
+  struct Case {
+    double OwnerLeft, OwnerTop, Left, Top;
+  };
+  const double centred = (form.TwipsWidth() - width) / 2;
+  for (const Case& one : {Case{100 * 15, -600 * 15, 100 * 15 + centred, 0},
+                          {1500 * 15, 1000 * 15, 1500 * 15 + centred, 800 * 15 - height},
+                          {-900 * 15, 1000 * 15, 0, 1024 * 15 - height},
+                          {4000 * 15, -600 * 15, 2280 * 15 - width, 0}}) {
+    form.SetTwipsLeft(one.OwnerLeft);
+    form.SetTwipsTop(one.OwnerTop);
     dialog.CentreOn(&form);
-    EXPECT_EQ(dialog.TwipsLeft(), left + across);
-    EXPECT_EQ(dialog.TwipsTop(), top + down);
+    EXPECT_EQ(dialog.TwipsLeft(), one.Left) << one.OwnerLeft << " " << one.OwnerTop;
+    EXPECT_EQ(dialog.TwipsTop(), one.Top) << one.OwnerLeft << " " << one.OwnerTop;
   }
 }
 

@@ -162,6 +162,36 @@ TEST_F(WindowTest, APersonsMaximiseIsNotUndoneByWhatWasPutOff) {
   EXPECT_TRUE(WindowOf(form).isMaximized());
 }
 
+TEST_F(WindowTest, ADialogIsOnTheScreenOfItsMaximisedOwner) {
+  if (QGuiApplication::screens().size() < 2) {
+    RunAgainOn(R"({"screens": [
+      {"name": "One", "x": 0, "y": 0, "width": 1280, "height": 1024, "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 1},
+      {"name": "Two", "x": 1280, "y": 0, "width": 1280, "height": 1024, "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 1}
+    ]})",
+               1);
+    return;
+  }
+  form.SetTwipsLeft((1280 + 460) * 15);
+  form.SetTwipsTop(300 * 15);
+  form.Show();
+  Settle();
+  form.SetWindowState(windowstate::Maximised);
+  Settle();
+  ASSERT_EQ(WindowOf(form).geometry().topLeft(), QPoint(1280, 0));
+  Form dialog(toolkit, "DialogForm");
+  dialog.SetClientSize(200, 100);
+  dialog.CentreOn(&form);
+  EXPECT_EQ(dialog.TwipsLeft() + dialog.TwipsWidth() / 2, (1280 + 640) * 15);
+  EXPECT_EQ(form.TwipsLeft(), (1280 + 460) * 15) << "which is saved";
+  dialog.ShowOwned(&form);
+  Settle();
+  EXPECT_EQ(WindowOf(dialog).geometry().center().x(), 1280 + 640 - 1);
+  WindowOf(form).showMinimized();
+  Settle();
+  dialog.CentreOn(&form);
+  EXPECT_EQ(dialog.TwipsLeft() + dialog.TwipsWidth() / 2, (1280 + 640) * 15) << "it comes back there";
+}
+
 // What a program arranges for the size that it finds after Show is what its user sees first.
 TEST_F(WindowTest, AFormThatIsShownMaximisedIsFirstPaintedAtThatSize) {
   form.SetWindowState(windowstate::Maximised);
