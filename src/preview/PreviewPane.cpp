@@ -1,5 +1,7 @@
 #include "preview/PreviewPane.h"
 
+#include <cstring>
+
 #include "base/ExeFileInfo.h"
 #include "base/ShownNames.h"
 #include "base/StampText.h"
@@ -43,6 +45,23 @@ void ShowCaption(PreviewState& preview) {
   preview.PicPreviewSizeAutoClrTimer.SetEnabled(true);
 }
 
+bool HaveEqualPixels(const Picture& one, const Picture& other) {
+  if (one == other) return true;
+  if (one.IsNothing() || other.IsNothing() || !one.ArtName().empty() || !other.ArtName().empty()) return false;
+  const Bitmap& a = one.Pixels();
+  const Bitmap& b = other.Pixels();
+  if (a.Width() != b.Width() || a.Height() != b.Height() || a.Format() != b.Format()) return false;
+  const auto bytes = static_cast<std::size_t>(a.Width()) * static_cast<std::size_t>(a.BytesPerPixel());
+  for (int y = 0; y < a.Height(); ++y)
+    if (std::memcmp(a.Row(y), b.Row(y), bytes) != 0) return false;
+  return true;
+}
+
+// The picture that it had comes back where the new one is equal: what a fine screen shows in its place goes on.
+void KeepEqualPicture(ImageBox& box, const Picture& before) {
+  if (HaveEqualPixels(before, box.GetPicture())) box.SetPicture(before);
+}
+
 // The selected thumbnail of the film strip takes the photo as it now is, with its mark.
 void RepaintSrcThumbnail(MainForm& main, const std::string& edited) {
   FilmStripState& strip = main.strip;
@@ -51,11 +70,13 @@ void RepaintSrcThumbnail(MainForm& main, const std::string& edited) {
   if (PhotoOf(strip, i) != edited) return;
   ImageBox& thumbnail = strip.SrcThumbnail(i);
   const Watch<ImageBox> alive(thumbnail);
+  const Picture before = thumbnail.GetPicture();
   bool bDragged = false;
   PaintThumbnail(main, thumbnail, SelectedPhoto(main.preview), bDragged);
   if (!alive) return;
   const std::string mark = strip.SrcThumbName(i).Tag();
   if (!mark.empty()) ShadeThumbnail(thumbnail);
+  KeepEqualPicture(thumbnail, before);
   // A changed photo has a new entry, which takes over the mark.
   QuickThumbsOf(main).SetQuickThumbMark(edited, mark);
   if (!mark.empty() && IsChangedSinceMarked(main, i)) QuickThumbsOf(main).NoteEdited(edited);
@@ -64,8 +85,12 @@ void RepaintSrcThumbnail(MainForm& main, const std::string& edited) {
 void RepaintDestThumbnail(MainForm& main, const std::string& edited) {
   const int i = SelectedCell(main.desk);
   if (PhotoOf(main.desk, i) != edited) return;
+  ImageBox& thumbnail = main.desk.DestThumbnail(i);
+  const Watch<ImageBox> alive(thumbnail);
+  const Picture before = thumbnail.GetPicture();
   bool bDragged = false;
-  PaintThumbnail(main, main.desk.DestThumbnail(i), SelectedPhoto(main.preview), bDragged);
+  PaintThumbnail(main, thumbnail, SelectedPhoto(main.preview), bDragged);
+  if (alive) KeepEqualPicture(thumbnail, before);
 }
 
 // Of a photo that cannot be shown: its file is there and has changed since it could not be shown the last time. An
@@ -158,7 +183,9 @@ void AutoPicPreviewTimer_Timer(MainForm& main) {
     return;
   }
   const std::string photo = SelectedPhoto(preview);
+  const Picture before = preview.PicPreview.GetPicture();
   PaintPicPreview(main, photo);
+  if (SelectedPhoto(preview) == photo) KeepEqualPicture(preview.PicPreview, before);
   if (SelectedPhoto(preview).empty() && IsBeingSaved(main, photo)) {
     preview.PicPreview.SetTag(photo);
     return;

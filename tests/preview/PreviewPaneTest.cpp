@@ -1,6 +1,7 @@
 // The preview pane: its caption and how long it stays, its pointer and tool tips, and an edit outside that shows by
 // itself.
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
+#include <vector>
 
 #include "app/Wiring.h"
 #include "pictures/PaintPhoto.h"
@@ -17,6 +18,9 @@
 
 namespace pixorra {
 namespace {
+
+using ::testing::Each;
+using ::testing::Property;
 
 constexpr const char* Photo = "C:\\Photos\\photo.bmp";
 constexpr const char* Broken = "C:\\Photos\\broken.bmp";
@@ -46,6 +50,20 @@ class PreviewPaneTest : public ProgramTest {
     main.strip.SrcThumbFrame.SetTag("1");
     main.strip.SrcThumbFrame.SetVisible(true);
     PaintPicPreview(main, path);
+  }
+  // The photo as the selected one of the open folder.
+  ImageBox& ShowInOpenFolder() {
+    ImageBox& thumbnail = main.desk.DestThumbnail.Load(1);
+    thumbnail.SetStretch(true);
+    thumbnail.Move(0, 0, 80, 60);
+    thumbnail.SetTag(Photo);
+    main.desk.DestThumbFrame.SetTag("1");
+    main.desk.DestThumbFrame.SetVisible(true);
+    return thumbnail;
+  }
+  // In the pane, the film strip and the open folder.
+  std::vector<Picture> Shown() {
+    return {pane.GetPicture(), main.strip.SrcThumbnail(1).GetPicture(), main.desk.DestThumbnail(1).GetPicture()};
   }
   // One tick of the timer that follows an outside edit.
   void Tick() {
@@ -308,13 +326,24 @@ TEST_F(PreviewPaneTest, AnEditedPhotoKeepsItsShadeAndItsNewCacheEntryTakesTheMar
   EXPECT_TRUE(bDragged);
 }
 
+// What a fine screen shows in place of a picture is made for that very picture.
+TEST_F(PreviewPaneTest, APhotoThatIsNotSavedKeepsItsPicturesWhileTheEditorIsOpen) {
+  SelectInStrip(Photo);
+  main.strip.SrcThumbName(1).SetTag("MARK");
+  ShowInOpenFolder();
+  main.preview.bPicEdited = true;
+  Tick();
+  const std::vector<Picture> before = Shown();
+  ASSERT_THAT(before, Each(Property(&Picture::IsNothing, false)));
+  Tick();
+  EXPECT_TRUE(Shown() == before);
+  drive.Write(Photo, BmpOf(PlainBitmap(320, 240, 0x000000FF)));
+  Tick();
+  for (std::size_t i = 0; i < before.size(); ++i) EXPECT_FALSE(Shown()[i] == before[i]) << i;
+}
+
 TEST_F(PreviewPaneTest, TheSelectedCellOfTheOpenFolderFollowsAnEditToo) {
-  ImageBox& thumbnail = main.desk.DestThumbnail.Load(1);
-  thumbnail.SetStretch(true);
-  thumbnail.Move(0, 0, 80, 60);
-  thumbnail.SetTag(Photo);
-  main.desk.DestThumbFrame.SetTag("1");
-  main.desk.DestThumbFrame.SetVisible(true);
+  const ImageBox& thumbnail = ShowInOpenFolder();
   PaintPicPreview(main, Photo);
   main.preview.bPicEdited = true;
   drive.Write(Photo, BmpOf(PlainBitmap(320, 240, 0x000000FF)));
