@@ -56,18 +56,11 @@ RenamePreviewPicForm::RenamePreviewPicForm(MainForm& main) : Window(main.host.to
           [this, &main](Control&, int& character) { NewPicNameBox_KeyPress(main.host.dialogs, character); });
 }
 
-// Its middle is the pane's, as far as the screen allows.
 void RenamePreviewPicForm::PlaceOver(const Form& window, const Control& pane) {
   const Rect area = pane.FormRect();
   const int menu = window.HasMenuBar() ? window.OwnToolkit().MenuBarHeight() : 0;
-  const double middleX = window.TwipsLeft() + (FrameLeft + area.Left + area.Width / 2.0) * TwipsPerPixel;
-  const double middleY = window.TwipsTop() + (FrameTop + menu + area.Top + area.Height / 2.0) * TwipsPerPixel;
-  const Screen screen = window.OwnToolkit().GetScreen();
-  const auto within = [](double place, double size, double all) {
-    return std::clamp(place - size / 2, 0.0, std::max(0.0, all - size));
-  };
-  Window.SetTwipsLeft(within(middleX, Window.TwipsWidth(), screen.Width));
-  Window.SetTwipsTop(within(middleY, Window.TwipsHeight(), screen.Height));
+  Window.CentreAt(window.ShownLeft() + (FrameLeft + area.Left + area.Width / 2.0) * TwipsPerPixel,
+                  window.ShownTop() + (FrameTop + menu + area.Top + area.Height / 2.0) * TwipsPerPixel);
 }
 
 void RenamePreviewPicForm::NewPicNameBox_KeyPress(Dialogs& dialogs, int& character) {

@@ -1,4 +1,5 @@
 // Renaming the selected photo: the box, the names it takes, and all that follows the file.
+#include <algorithm>
 #include <gmock/gmock.h>
 
 #include "platform/controls/Toolkit.h"
@@ -87,6 +88,30 @@ TEST_F(RenameSelectedPhotoTest, TheBoxLiesOverThePaneAndOnTheScreen) {
     EXPECT_EQ(form.TwipsLeft(), 0);
     EXPECT_EQ(form.TwipsTop(), 0);
   });
+}
+
+TEST_F(RenameSelectedPhotoTest, TheBoxLiesOverThePaneOfAWindowOnAnotherScreenAndOfAMaximisedOne) {
+  const int second = run.platform.backend.AddScreen(1600, 1200);
+  LoadStrip({"a.bmp"});
+  SelectInStrip(1);
+  main.Window.SetTwipsLeft(1400 * 15);
+  main.Window.SetTwipsTop(100 * 15);
+  const auto expectOver = [&](double left, double top) {
+    const ImageBox& pane = main.preview.PicPreview;
+    const double across = (left + 4 + pane.Left() + pane.Width() / 2.0) * 15;
+    const double down = (top + 23 + run.platform.toolkit.MenuBarHeight() + pane.Top() + pane.Height() / 2.0) * 15;
+    person.ExpectForm("RenamePreviewPicForm", [=](Person& hand, Form& form) {
+      EXPECT_NEAR(form.TwipsLeft(), std::max(across - form.TwipsWidth() / 2, 1280.0 * 15), 15) << "and on the screen";
+      EXPECT_NEAR(form.TwipsTop() + form.TwipsHeight() / 2, down, 15);
+      hand.Key(key::Escape);
+    });
+    Rename();
+  };
+  expectOver(1400, 100);
+  main.Window.SetWindowState(windowstate::Maximised);
+  EXPECT_EQ(main.Window.TwipsWidth(), run.platform.toolkit.GetScreen(second).Width) << "of the screen that it is on";
+  EXPECT_EQ(main.Window.TwipsLeft(), 1400 * 15);
+  expectOver(1280, 0);
 }
 
 TEST_F(RenameSelectedPhotoTest, EscAndClosingTheBoxLeaveTheFileAsItWas) {
