@@ -1,6 +1,7 @@
 #include "platform/qt/QtDialogs.h"
 
 #include <QApplication>
+#include <QClipboard>
 #include <QColorDialog>
 #include <QInputDialog>
 #include <QKeyEvent>
@@ -41,14 +42,20 @@ void WriteToLog(const std::string& title, const std::string& text) {
   std::fprintf(stderr, "%s: %s\n", OneLine(title).c_str(), OneLine(text).c_str());
 }
 
-// A box with one button is closed by Esc as by that button; this one knows the difference.
+// A box with one button is closed by Esc as by that button; this one knows the difference. Ctrl+C copies its text as it
+// was given, whatever has been done to it so that it has room.
 class MessageBox : public QMessageBox {
  public:
   using QMessageBox::QMessageBox;
+  QString Given;
   bool ClosedByEsc = false;
 
  protected:
   void keyPressEvent(QKeyEvent* event) override {
+    if (event->matches(QKeySequence::Copy)) {
+      QApplication::clipboard()->setText(Given);
+      return;
+    }
     ClosedByEsc = event->matches(QKeySequence::Cancel);
     QMessageBox::keyPressEvent(event);
   }
@@ -61,7 +68,8 @@ BoxAnswer QtDialogs::MsgBox(const std::string& text, BoxIcon icon, BoxButtons bu
   OwnedBox owned(box);
   box->setTextFormat(Qt::PlainText);
   box->setWindowTitle(ToQString(title));
-  box->setText(ToLines(text));
+  box->Given = ToLines(text);
+  box->setText(box->Given);
   box->setIcon(ToQt(icon));
   const bool asks = buttons == BoxButtons::YesNo;
   box->setStandardButtons(asks ? QMessageBox::Yes | QMessageBox::No : QMessageBox::Ok);

@@ -1,4 +1,6 @@
 // The host's own boxes, and the clipboard.
+#include <QAccessible>
+#include <QClipboard>
 #include <QColorDialog>
 #include <QInputDialog>
 #include <QLabel>
@@ -86,7 +88,7 @@ class WideTextTest : public DialogsTest {
     QFont font = before_;
     font.setPointSize(points);
     QApplication::setFont(font);
-    Meanwhile([] {
+    Meanwhile([this] {
       auto& box = Up<QMessageBox>();
       const auto& label = *box.findChild<QLabel*>(QStringLiteral("qt_msgbox_label"));
       EXPECT_LE(label.mapTo(&box, QPoint(label.width(), 0)).x(), box.width());
@@ -95,9 +97,29 @@ class WideTextTest : public DialogsTest {
       EXPECT_LE(shown.width(), room);
       EXPECT_LE(shown.height(), label.height());
       EXPECT_LE(box.width(), box.screen()->availableSize().width());
+      EXPECT_LE(box.height(), box.screen()->availableSize().height() - TitleBar);
+      shown_ = label.text();
       box.button(QMessageBox::Ok)->click();
     });
     dialogs.MsgBox(text, BoxIcon::Exclamation, BoxButtons::Ok, text);
+  }
+  // Of a text that has no room on the screen, what matters stays: its beginning, a path's beginning and its end.
+  void ExpectTooLongTextsShortened() {
+    std::string path = "/home/anna";
+    while (path.size() < 3780) path += "/" + std::string(200, 'W');
+    for (const int points : {9, 14}) {
+      ExpectAllOfItShown("Not found:\r\n" + path + "/x.jpg\r\nIt has gone.", points);
+      const QString shown = QString(shown_).remove(QChar(0x200B));
+      EXPECT_TRUE(shown.startsWith("Not found:\n/home/anna/WWWW")) << shown_.toStdString();
+      EXPECT_TRUE(shown.endsWith("WWWW/x.jpg\nIt has gone.")) << shown_.toStdString();
+      EXPECT_EQ(shown.count(QChar(0x2026)), 1);
+      EXPECT_GT(shown.size(), 300) << "as much as there is room for";
+      std::string lines;
+      for (int i = 0; i < 500; ++i) lines += "Photo " + std::to_string(i) + "\r\n";
+      ExpectAllOfItShown(lines + "are not copied.", points);
+      EXPECT_TRUE(shown_.startsWith("Photo 0\nPhoto 1\n")) << shown_.toStdString();
+      EXPECT_TRUE(shown_.endsWith("Photo 499\nare not copied.")) << shown_.toStdString();
+    }
   }
   void ExpectAllOfEachShown() {
     std::string words;
@@ -112,19 +134,45 @@ class WideTextTest : public DialogsTest {
   }
 
  private:
+  static constexpr int TitleBar = 30;  // pixels
   const QFont before_ = QApplication::font();
+  QString shown_;  // the text of the last box
 };
 
 TEST_F(WideTextTest, NothingIsCutOffOnASmallScreen) {
-  OnAScreenOf(800, 600, [this] { ExpectAllOfEachShown(); });
+  OnAScreenOf(800, 600, [this] {
+    ExpectAllOfEachShown();
+    ExpectTooLongTextsShortened();
+  });
 }
 
 TEST_F(WideTextTest, NothingIsCutOffOnAUsualScreen) {
-  OnAScreenOf(1280, 1024, [this] { ExpectAllOfEachShown(); });
+  OnAScreenOf(1280, 1024, [this] {
+    ExpectAllOfEachShown();
+    ExpectTooLongTextsShortened();
+  });
 }
 
 TEST_F(WideTextTest, NothingIsCutOffOnALargeScreen) {
   OnAScreenOf(2560, 1800, [this] { ExpectAllOfEachShown(); });
+}
+
+TEST_F(DialogsTest, WhatIsCopiedFromABoxIsTheTextAsItWasGiven) {
+  const std::string text = "The photo\r\n/home/anna/" + std::string(250, 'W') + "/x.jpg\r\nis not there.";
+  QApplication::clipboard()->setText("before");
+  Meanwhile([&text] {
+    auto& box = Up<QMessageBox>();
+    EXPECT_TRUE(box.text().contains(QChar(0x200B))) << "it has been broken";
+    Hands::Key('C', shift::Ctrl);
+    EXPECT_FALSE(box.textInteractionFlags().testFlag(Qt::TextSelectableByMouse));
+    auto* label = box.findChild<QLabel*>(QStringLiteral("qt_msgbox_label"));
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(label)->text(QAccessible::Name),
+              QString::fromStdString(text).remove('\r'));
+    box.accept();
+  });
+  dialogs.MsgBox(text, BoxIcon::Exclamation, BoxButtons::Ok, "Title");
+  const QString copied = QApplication::clipboard()->text();
+  EXPECT_EQ(copied, QString::fromStdString(text).remove('\r'));
 }
 
 TEST_F(DialogsTest, WhatNobodyIsThereToReadIsLoggedInOneLine) {
