@@ -1,7 +1,9 @@
 #include "tests/look/LookAt.h"
 
 #include <QAbstractButton>
+#include <QApplication>
 #include <QFontMetrics>
+#include <QPainterPath>
 #include <QPushButton>
 #include <algorithm>
 #include <cmath>
@@ -31,6 +33,15 @@ QSize SizeOf(const QString& text, const QFontMetrics& metrics) {
   return metrics.size(0, text);
 }
 
+// Where the letters of a line have ink, from their base line. Where a pixel is one of the program's, they are fitted to
+// the pixels; on a finer screen they are as drawn, and the metrics leave up to a pixel of ours free around them.
+QRectF InkOf(const QString& text, const QFont& font) {
+  if (qApp->devicePixelRatio() <= 1) return QFontMetricsF(font).tightBoundingRect(text);
+  QPainterPath outlines;
+  outlines.addText(0, 0, font, text);
+  return outlines.boundingRect();
+}
+
 // The rows of a label that have letters, from its top: not those above an "a", of one line.
 struct LetterRows {
   int From;
@@ -39,7 +50,7 @@ struct LetterRows {
 LetterRows RowsOf(const QString& text, QSize size, const QFont& font) {
   const QFontMetricsF metrics(font);
   const bool oneLine = size.height() < 2 * metrics.height();
-  const QRectF ink = metrics.tightBoundingRect(oneLine ? text : QStringLiteral("d"));
+  const QRectF ink = InkOf(oneLine ? text : QStringLiteral("d"), font);
   const int from = std::max(0, static_cast<int>(std::floor(metrics.ascent() + ink.top())));
   const int to = oneLine ? static_cast<int>(std::ceil(metrics.ascent() + ink.bottom())) : size.height();
   return {from, to - from};
