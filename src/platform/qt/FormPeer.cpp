@@ -72,6 +72,7 @@ FormPeer::FormPeer(QtBackend& backend, Form& form)
     : backend_(backend),
       form_(form),
       window_(new FormWindow(*this, backend.MenuBarHeight())),
+      keptSize_(*window_, [this] { FrameChanged(); }),
       report_([this] { backend_.Dispatch([this] { ReportFrame(); }); }) {
   backend_.AtEndOfTurn().Add(*this);
 }
@@ -283,9 +284,14 @@ void FormPeer::FocusFirst() {
   window_->setFocus();
 }
 
+void FormPeer::FrameChanged() {
+  if (!form_.FullScreen()) keptSize_.Follow();
+  report_.Post();
+}
+
 // What the model knows already is an echo of its own wish; what it wishes anew goes before what a person did.
 void FormPeer::ReportFrame() {
-  if (placeChanged_ || !form_.Visible() || !window_->isVisible()) return;
+  if (placeChanged_ || keptSize_.IsAway() || !form_.Visible() || !window_->isVisible()) return;
   if (form_.FullScreen()) {
     if (form_.Width() != form_.ScaleWidth() || form_.Height() != form_.ScaleHeight()) form_.ScreenChanged();
     return;

@@ -9,6 +9,7 @@
 #include "platform/controls/Form.h"
 #include "platform/controls/Toolkit.h"
 #include "platform/qt/FormWindow.h"
+#include "platform/qt/KeptSize.h"
 #include "platform/qt/Pending.h"
 #include "platform/qt/PostedCall.h"
 
@@ -41,7 +42,7 @@ class FormPeer final : public Peer, public Pending {
   void ShowPointer(const Toolkit::PointerShown& pointer);
 
   // What comes from the window.
-  void FrameChanged() { report_.Post(); }
+  void FrameChanged();
   void InputBlocked();
   void PersonActivates();
   void PersonCloses();
@@ -68,6 +69,7 @@ class FormPeer final : public Peer, public Pending {
   Form& form_;
   QPointer<FormWindow> window_;
   QPointer<DragOverlay> drag_;
+  KeptSize keptSize_;
   QRegion outdated_;
   QSize agreedSize_;  // of the window, known to both sides
   QPoint agreedPlace_;

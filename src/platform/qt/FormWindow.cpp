@@ -41,7 +41,10 @@ void FormWindow::Arrange() {
 
 bool FormWindow::event(QEvent* event) {
   if (peer_ != nullptr && event->type() == QEvent::WindowBlocked) peer_->InputBlocked();
-  if (peer_ != nullptr && event->type() == QEvent::ScreenChangeInternal) peer_->GetBackend().FollowScreens();
+  if (peer_ != nullptr && event->type() == QEvent::ScreenChangeInternal) {
+    peer_->GetBackend().FollowScreens();
+    peer_->FrameChanged();
+  }
   // Ahead of the widget's own use for it, which is to look for a widget that takes the focus.
   if (peer_ != nullptr && event->type() == QEvent::KeyPress) {
     auto& key = static_cast<QKeyEvent&>(*event);
