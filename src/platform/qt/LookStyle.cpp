@@ -105,10 +105,11 @@ class LookStyle final : public QProxyStyle {
     return QProxyStyle::standardIcon(which, option, widget);
   }
 
-  // A shadow behind pale letters makes them hard to read.
+  // A shadow behind pale letters makes them hard to read. The style's icons of buttons have 16 pixels to the side, too
+  // few for fine screens, and the program's own buttons have none either.
   int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                 QStyleHintReturn* more) const override {
-    if (hint == SH_EtchDisabledText) return 0;
+    if (hint == SH_EtchDisabledText || hint == SH_DialogButtonBox_ButtonsHaveIcons) return 0;
     return QProxyStyle::styleHint(hint, option, widget, more);
   }
 
