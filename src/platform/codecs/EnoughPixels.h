@@ -1,4 +1,4 @@
-// A photo file's bytes decoded no larger than somebody needs them.
+// A photo decoded no larger than somebody needs them.
 #pragma once
 
 #include <atomic>
@@ -8,6 +8,7 @@
 #include <span>
 
 #include "platform/pixels/Picture.h"
+#include "platform/services/Files.h"
 
 namespace pixorra {
 
@@ -16,12 +17,16 @@ struct DecodedPhoto {
   Bitmap Pixels;    // as many, or fewer; empty where `stop` became true meanwhile
 };
 
-// `wanted` is told the photo's own size and gives the size that it will be painted in: a JPEG photo is decoded at the
-// coarsest reduction that has the pixels for that. It comes upright, turned by `orientation` where that is given, else
-// as its own bytes note. Raises BadPicture and OutOfMemory; the latter too for a photo whose decode would take more
-// than `mostMemory`, in bytes: one that is no JPEG is decoded whole.
-DecodedPhoto DecodeEnough(std::span<const std::uint8_t> file, const std::function<PixelSize(PixelSize photo)>& wanted,
-                          std::int64_t mostMemory, const std::atomic<bool>& stop,
-                          std::optional<int> orientation = std::nullopt);
+// Is told the photo's own size and gives the size that it will be painted in.
+using WantedSize = std::function<PixelSize(PixelSize photo)>;
+
+// A JPEG photo is decoded at the coarsest reduction that has the pixels for what is wanted, one of another kind whole.
+// It comes upright. The file is read by portions, and not beyond the picture's end. Raises BadPicture and OutOfMemory;
+// the latter too for a photo whose decode would take more than `mostMemory`, in bytes. Raises as Length and ReadAt do.
+DecodedPhoto DecodeEnough(File& file, const WantedSize& wanted, std::int64_t mostMemory, const std::atomic<bool>& stop);
+
+// The same of a JPEG photo in memory, turned upright by `orientation` where that is given, else as its own bytes note.
+DecodedPhoto DecodeEnough(std::span<const std::uint8_t> jpeg, const WantedSize& wanted, std::int64_t mostMemory,
+                          const std::atomic<bool>& stop, std::optional<int> orientation = std::nullopt);
 
 }  // namespace pixorra

@@ -9,6 +9,7 @@
 #include "platform/codecs/EnoughPixels.h"
 #include "platform/codecs/GifDecoder.h"
 #include "platform/codecs/PictureKind.h"
+#include "platform/codecs/StoppableFile.h"
 #include "platform/pixels/Framing.h"
 #include "platform/runtime/Errors.h"
 #include "platform/services/FileBytes.h"
@@ -19,27 +20,6 @@ namespace {
 
 // Of one decode, in bytes: a progressive photo of 100 megapixels takes six a pixel beside its rows.
 constexpr std::int64_t MostFrameMemory = std::int64_t{1024} * 1024 * 1024;
-
-// A file that ends its reading when it is told to.
-class StoppableFile final : public File {
- public:
-  StoppableFile(File& file, const std::atomic<bool>& stop) : file_(file), stop_(stop) {}
-  std::int64_t Length() override { return file_.Length(); }
-  FileStamp Stamp() override { return file_.Stamp(); }
-  std::size_t ReadAt(std::int64_t offset, void* into, std::size_t count) override {
-    if (stop_) throw RuntimeError(error::DeviceIO);
-    return file_.ReadAt(offset, into, count);
-  }
-  void WriteAt(std::int64_t offset, const void* from, std::size_t count) override {
-    file_.WriteAt(offset, from, count);
-  }
-  void Flush() override { file_.Flush(); }
-  void Empty() override { file_.Empty(); }
-
- private:
-  File& file_;
-  const std::atomic<bool>& stop_;
-};
 
 Bitmap DecodeJpegFrame(File& file, PixelSize screen, const std::atomic<bool>& stop) {
   if (file.Length() > MostFrameMemory) throw RuntimeError(error::OutOfMemory);

@@ -27,27 +27,24 @@ void JpegReader::Watch(j_common_ptr codec) {
 }
 
 int JpegReader::Open() {
+  int orientation = 1;
   errors_.Install(reinterpret_cast<j_common_ptr>(&reader_));
-  const bool read = errors_.Run([this] {
+  const bool read = errors_.Run([this, &orientation] {
     jpeg_create_decompress(&reader_);
     reader_.mem->max_memory_to_use = MostReaderMemory;
     progress_.monitor.progress_monitor = Watch;
     reader_.progress = &progress_.monitor;
-    jpeg_mem_src(&reader_, bytes_.data(), static_cast<unsigned long>(bytes_.size()));
+    source_.Install(reader_);
+    orientation = OrientationOf(source_.Head());
     jpeg_read_header(&reader_, TRUE);
   });
   if (!read) return errors_.status;
-  if (!IsBacked(Width(), Height(), fileBytes_, JpegPixelsPerByte)) return jpeg::TooLarge;
+  if (!IsBacked(Width(), Height(), source_.FileBytes(), JpegPixelsPerByte)) return jpeg::TooLarge;
   if (reader_.data_precision != 8) return jpeg::Unsupported;
   if (Channels() != 1 && Channels() != 3 && Channels() != 4) return jpeg::Ok;
   reader_.out_color_space = Channels() == 4 ? JCS_CMYK : JCS_EXT_BGR;
-  orientation_ = OrientationOf(bytes_);
+  orientation_ = orientation;
   return jpeg::Ok;
-}
-
-bool JpegReader::EndsAfterHeader() const {
-  const jpeg_source_mgr& source = *reader_.src;
-  return source.bytes_in_buffer < 2 || (source.next_input_byte[0] == 0xFF && source.next_input_byte[1] == JPEG_EOI);
 }
 
 int JpegReader::Reduce(int denominator) {
@@ -84,9 +81,10 @@ void JpegReader::RestoreFrame(const jpeg_decompress_struct& before) {
 // All scans are read before the first row is made. What came ahead of damage is kept: to the library the file then ends
 // where the damage is.
 int JpegReader::ReadScans() {
-  static constexpr std::array<JOCTET, 2> End{0xFF, JPEG_EOI};
   const jpeg_decompress_struct before = reader_;
-  ScanWork work(reader_, bytes_);
+  int claimed = 0;
+  if (!errors_.Run([this, &claimed] { claimed = source_.ScansClaimed(); })) return errors_.status;
+  ScanWork work(reader_, claimed);
   reader_.buffered_image = TRUE;
   bool read = errors_.Run([this, &work] {
     jpeg_start_decompress(&reader_);
@@ -95,8 +93,7 @@ int JpegReader::ReadScans() {
   const bool damaged = errors_.status == jpeg::BadData || errors_.status == jpeg::Unsupported;
   if (!read && damaged && !progress_.IsStopped() && scansRead_ > 0) {
     RestoreFrame(before);
-    reader_.src->next_input_byte = End.data();
-    reader_.src->bytes_in_buffer = End.size();
+    source_.EndHere();
     reader_.unread_marker = 0;
     read = errors_.Run([this, &work] { ConsumeScans(work); });
   }
@@ -114,7 +111,9 @@ void JpegReader::BeginRows() {
 
 int JpegReader::Read(std::uint8_t* topRow, std::ptrdiff_t step, int bytesPerPixel) {
   if (!ComesAsCmyk() && reader_.out_color_space != JCS_EXT_BGR) return jpeg::Unsupported;
-  if (EndsAfterHeader()) return jpeg::NoPicture;
+  bool ended = false;
+  if (!errors_.Run([this, &ended] { ended = source_.IsAtEnd(); })) return errors_.status;
+  if (ended) return jpeg::NoPicture;
   if (jpeg_has_multiple_scans(&reader_)) {
     if (const int status = ReadScans(); status != jpeg::Ok) return status;
   }

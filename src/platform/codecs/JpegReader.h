@@ -1,5 +1,5 @@
-// One JPEG picture in memory, decoded whole or reduced straight into rows of the caller's, and turned upright as its
-// Exif data says. All sizes are those of the upright picture.
+// One JPEG picture in memory or in a file, decoded whole or reduced straight into rows of the caller's, and turned
+// upright as its Exif data says. All sizes are those of the upright picture.
 #pragma once
 
 #include <atomic>
@@ -8,6 +8,7 @@
 #include <span>
 
 #include "platform/codecs/JpegErrors.h"
+#include "platform/codecs/JpegSource.h"
 #include "platform/codecs/Orientation.h"
 
 namespace pixorra {
@@ -19,7 +20,10 @@ class JpegReader {
   // The bytes must outlive the reader.
   explicit JpegReader(std::span<const std::uint8_t> bytes) : JpegReader(bytes, bytes.size()) {}
   // Of the beginning of a file that is `fileBytes` long.
-  JpegReader(std::span<const std::uint8_t> bytes, std::size_t fileBytes) : bytes_(bytes), fileBytes_(fileBytes) {}
+  JpegReader(std::span<const std::uint8_t> bytes, std::size_t fileBytes) : source_(bytes, fileBytes) {}
+  // The file must outlive the reader, which reads it by portions: what it holds of it is bounded. Its Exif data is
+  // looked for in the first portion. Raises what Length does; that it cannot be read is a status, BadFile.
+  explicit JpegReader(File& file) : source_(file) {}
   ~JpegReader();
   JpegReader(const JpegReader&) = delete;
   JpegReader& operator=(const JpegReader&) = delete;
@@ -60,7 +64,6 @@ class JpegReader {
   };
 
   static void Watch(j_common_ptr codec);
-  bool EndsAfterHeader() const;
   bool ComesAsCmyk() const { return reader_.out_color_space == JCS_CMYK; }
   bool IsOnItsSide() const { return LiesOnItsSide(orientation_); }
   void ConsumeScans(ScanWork& work);
@@ -72,8 +75,7 @@ class JpegReader {
   void CopyTurnedRows();
   void ReadCmykRows(const TurnedPlaces& places, int bytesPerPixel);
 
-  std::span<const std::uint8_t> bytes_;
-  std::size_t fileBytes_;
+  JpegSource source_;
   int orientation_ = 1;
   int scansRead_ = 0;  // whole ones, of a picture that comes in several
   // Stored rows that have been decoded and not turned yet.

@@ -31,20 +31,6 @@ std::int64_t BlocksOf(const jpeg_decompress_struct& reader) {
   return blocks;
 }
 
-// Bytes of other data may look like the start of a scan, but not hundreds of times.
-int ScansClaimed(std::span<const std::uint8_t> file) {
-  constexpr std::uint8_t StartOfScan = 0xDA;
-  int count = 0;
-  const std::uint8_t* const end = file.data() + file.size();
-  const auto next = [end](const std::uint8_t* from) {
-    return static_cast<const std::uint8_t*>(std::memchr(from, 0xFF, static_cast<std::size_t>(end - from)));
-  };
-  for (const std::uint8_t* at = next(file.data()); at != nullptr && at + 1 < end; at = next(at + 1)) {
-    if (at[1] == StartOfScan) ++count;
-  }
-  return count;
-}
-
 }  // namespace
 
 std::int64_t JpegWorkingMemory(jpeg_decompress_struct& reader) {
@@ -53,8 +39,22 @@ std::int64_t JpegWorkingMemory(jpeg_decompress_struct& reader) {
   return BlocksOf(reader) * static_cast<std::int64_t>(sizeof(JBLOCK));
 }
 
-ScanWork::ScanWork(jpeg_decompress_struct& reader, std::span<const std::uint8_t> file) : left_(MostWork) {
-  if (ScansClaimed(file) <= UsualScans) left_ = std::max(left_, BlocksOf(reader) * UsualWorkOfABlock);
+void ScanMarks::Add(std::span<const std::uint8_t> bytes) {
+  constexpr std::uint8_t StartOfScan = 0xDA;
+  if (bytes.empty()) return;
+  if (begun_ && bytes[0] == StartOfScan) ++count_;
+  const std::uint8_t* const end = bytes.data() + bytes.size();
+  const auto next = [end](const std::uint8_t* from) {
+    return static_cast<const std::uint8_t*>(std::memchr(from, 0xFF, static_cast<std::size_t>(end - from)));
+  };
+  for (const std::uint8_t* at = next(bytes.data()); at != nullptr && at + 1 < end; at = next(at + 1)) {
+    if (at[1] == StartOfScan) ++count_;
+  }
+  begun_ = bytes.back() == 0xFF;
+}
+
+ScanWork::ScanWork(jpeg_decompress_struct& reader, int claimed) : left_(MostWork) {
+  if (claimed <= UsualScans) left_ = std::max(left_, BlocksOf(reader) * UsualWorkOfABlock);
 }
 
 bool ScanWork::Add(const jpeg_decompress_struct& reader) {

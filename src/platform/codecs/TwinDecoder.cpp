@@ -18,7 +18,6 @@
 #include "platform/pixels/Stretch.h"
 #include "platform/runtime/Errors.h"
 #include "platform/runtime/Numbers.h"
-#include "platform/services/FileBytes.h"
 
 namespace pixorra {
 
@@ -28,7 +27,6 @@ using Bytes = std::span<const std::uint8_t>;
 
 // Of one decode, in bytes.
 constexpr std::int64_t MostTwinMemory = std::int64_t{256} * 1024 * 1024;
-constexpr std::int64_t LongestFile = std::int64_t{128} * 1024 * 1024;
 // Where a camera's own small picture is, in bytes from the start.
 constexpr std::int64_t HeadBytes = 128 * 1024;
 
@@ -135,7 +133,6 @@ Bitmap EmbeddedPicture(Bytes head, std::int64_t length, PixelSize size, const st
 
 Bitmap DecodeTwin(File& photo, const Bitmap& thumbnail, PixelSize size, const std::atomic<bool>& stop) {
   const std::int64_t length = photo.Length();
-  if (length > LongestFile) throw RuntimeError(error::OutOfMemory);
   const bool shaded = IsDotScreened(thumbnail);
   const auto twinOf = [&](const Bitmap& pixels) {
     if (pixels.IsEmpty()) return Bitmap();
@@ -151,13 +148,11 @@ Bitmap DecodeTwin(File& photo, const Bitmap& thumbnail, PixelSize size, const st
     ErrorsIgnored([&] { twin = twinOf(EmbeddedPicture(head, length, size, stop)); });
     if (!twin.IsEmpty() || stop) return twin;
   }
-  FileBytes bytes;
-  bytes.Read(photo);
   const auto needed = [size](PixelSize own) {
     const PixelSize painted = PaintedSize(own, size);
     return PixelSize{painted.Width * Spare, painted.Height * Spare};
   };
-  return twinOf(DecodeEnough(bytes.Bytes(), needed, MostTwinMemory, stop).Pixels);
+  return twinOf(DecodeEnough(photo, needed, MostTwinMemory, stop).Pixels);
 }
 
 }  // namespace pixorra

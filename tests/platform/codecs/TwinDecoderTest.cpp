@@ -11,6 +11,7 @@
 #include "platform/runtime/Errors.h"
 #include "tests/platform/codecs/BoundedMemory.h"
 #include "tests/platform/codecs/SizedGif.h"
+#include "tests/platform/codecs/WatchedFile.h"
 #include "tests/platform/runtime/RaisesError.h"
 #include "tests/support/TemporaryDrive.h"
 #include "tests/support/TestPictures.h"
@@ -139,6 +140,36 @@ TEST_F(TwinDecoderTest, ALongFileIsNotReadToItsEndForATwinThatIsNotWantedAnyMore
   drive.Write(PhotoPath, GifOfSize(8000, 8000, -1, OneColourGifData(std::int64_t{8000} * 8000)));
   stop = true;
   WithinTwoGigabytes([&] { EXPECT_LT(MostTaken([&] { EXPECT_TRUE(TwinOfWritten(thumbnail).IsEmpty()); }), 16 * MiB); });
+}
+
+// A photo with a film after it, as telephones leave them.
+TEST_F(TwinDecoderTest, APhotoIsReadByPortionsAndNotBeyondItsEnd) {
+  constexpr std::size_t FilmBytes = 4'000'000;
+  constexpr std::size_t Portion = 128 * 1024;
+  const Bitmap pixels = Striped(1600, 1200, 3);
+  const Bitmap thumbnail = StretchedTo(pixels, ThumbnailSize);
+  for (const bool progressive : {false, true}) {
+    SCOPED_TRACE(progressive);
+    const std::string photo = JpegOf(pixels, {.quality = 97, .progressive = progressive});
+    ASSERT_GT(photo.size(), 2 * Portion);
+    WatchedFile file(photo + std::string(FilmBytes, 'f'));
+    EXPECT_EQ(Apart(DecodeTwin(file, thumbnail, TwinSize, stop), TwinOf(photo, thumbnail)), 0);
+    EXPECT_LE(file.Largest, Portion);
+    // A progressive one is looked through for its scans before.
+    EXPECT_LE(file.Sum, progressive ? 2 * photo.size() + FilmBytes + 4 * Portion : photo.size() + 3 * Portion);
+  }
+  WatchedFile bitmap(BmpOf(pixels));
+  EXPECT_FALSE(DecodeTwin(bitmap, thumbnail, TwinSize, stop).IsEmpty());
+  EXPECT_LE(bitmap.Largest, Portion);
+}
+
+TEST_F(TwinDecoderTest, APhotoThatCannotBeReadToItsEndRaises) {
+  const Bitmap pixels = Striped(1600, 1200, 3);
+  for (const bool progressive : {false, true}) {
+    WatchedFile file(JpegOf(pixels, {.quality = 97, .progressive = progressive}));
+    file.FailsFrom = 200'000;
+    EXPECT_EQ(ErrorOf([&] { DecodeTwin(file, StretchedTo(pixels, ThumbnailSize), TwinSize, stop); }), error::DeviceIO);
+  }
 }
 
 TEST_F(TwinDecoderTest, ATwinThatIsNotWantedAnyMoreIsNotMade) {
