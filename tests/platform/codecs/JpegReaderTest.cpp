@@ -68,10 +68,10 @@ void ExpectTheSameOfAFile(const std::string& jpeg) {
   EXPECT_LE(file.Largest, JpegSource::PortionBytes);
 }
 
-// Segments of 65,000 bytes that say nothing, after the first two bytes.
+// Segments of 65,000 bytes after the first two bytes, which are skipped: what is in them would end the picture.
 std::string WithSegments(std::string jpeg, int count) {
   std::string segment("\xFF\xE9\xFD\xEA", 4);
-  segment.resize(0xFDEA + 2, 's');
+  while (segment.size() < 0xFDEA + 2) segment += "\xFF\xD9";
   for (int i = 0; i < count; ++i) jpeg.insert(2, segment);
   return jpeg;
 }
