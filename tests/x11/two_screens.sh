@@ -8,8 +8,12 @@ for tool in Xorg xrandr xwininfo; do
 done
 [ -e /usr/lib/xorg/modules/drivers/dummy_drv.so ] || { echo "Skipped: the X server has no driver without a screen."; exit 77; }
 
-# A server of its own, as the other one has a single screen.
+# A server of its own, as the other one has a single screen. It touches no device of the machine.
 cat >"$HOME/screens.conf" <<'END'
+Section "ServerFlags"
+  Option "AutoAddDevices" "false"
+  Option "AutoAddGPU" "false"
+EndSection
 Section "Device"
   Identifier "Card"
   Driver "dummy"
