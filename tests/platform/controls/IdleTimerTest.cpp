@@ -75,13 +75,15 @@ TEST_F(IdleTimerTest, TheTickOfTheMomentInWhichItBeginsAnewIsNotOneThatWasLeftOu
     leftOut.push_back(timer.LeftOut());
     timer.WasIdle(4);
   };
-  platform.clock.AdvanceTo(0.1);
+  constexpr int Quarter = 250;  // whose multiples have no rounding
+  timer.SetInterval(Quarter);
+  platform.clock.AdvanceTo(0.25);
   toolkit.RunDueTimers();
-  platform.clock.AdvanceTo(0.3);
-  timer.SetInterval(100);
-  platform.clock.AdvanceTo(0.4);
+  platform.clock.AdvanceTo(0.75);
+  timer.SetInterval(Quarter);
+  platform.clock.AdvanceTo(1);
   toolkit.RunDueTimers();
-  EXPECT_THAT(leftOut, ElementsAre(0, 1)) << "that at 0.2";
+  EXPECT_THAT(leftOut, ElementsAre(0, 1)) << "that at 0.5";
 }
 
 TEST_F(IdleTimerTest, OnlySoManyTicksAreLeftOut) {

@@ -141,6 +141,8 @@ TEST_F(TreeAccessibleTest, ANodeThatHasGoneSaysSo) {
   EXPECT_EQ(net.parent(), nullptr);
   EXPECT_EQ(Spoken().indexOfChild(&net), -1);
   EXPECT_TRUE(net.actionInterface()->actionNames().isEmpty());
+  Do(net, QAccessibleActionInterface::pressAction());
+  EXPECT_EQ(tree.Selected(), nullptr);
 }
 
 TEST_F(TreeAccessibleTest, ANodeOfAWindowThatHasBeenClosedIsWorkedNoMore) {
