@@ -63,14 +63,14 @@ void ClosePopups() {
   }
 }
 
-FormPeer* PeerOf(Form& form) {
+FormPeer* FormPeerOf(Form& form) {
   return static_cast<FormPeer*>(form.GetPeer());
 }
 
 // A menu that was asked for by key comes up at the light control that has the focus, any other one at the mouse.
 QPoint PlaceForMenu(const Toolkit& toolkit, Form& form) {
   const Control* focus = toolkit.Focus();
-  FormPeer* peer = PeerOf(form);
+  FormPeer* peer = FormPeerOf(form);
   const bool byKey = peer != nullptr && focus != nullptr && &focus->GetForm() == &form &&
                      TraitsOf(focus->GetKind()).Shown == ShownAs::Light;
   return byKey ? peer->Client().mapToGlobal(ToQRect(focus->ShownRect()).center()) : QCursor::pos();
@@ -109,10 +109,10 @@ void QtBackend::FollowActiveForm() {
   Form* active = toolkit_ != nullptr ? toolkit_->ActiveForm() : nullptr;
   if (active == front_.Get()) return;
   front_ = Watch<Form>::Of(active);
-  if (host_ != nullptr || active == nullptr || PeerOf(*active) == nullptr ||
+  if (host_ != nullptr || active == nullptr || FormPeerOf(*active) == nullptr ||
       QApplication::activePopupWidget() != nullptr)
     return;
-  FormWindow& window = PeerOf(*active)->Window();
+  FormWindow& window = FormPeerOf(*active)->Window();
   const QWidget* modal = QApplication::activeModalWidget();
   if (active->WindowState() == windowstate::Minimised) return;
   if (!window.isVisible() || window.isActiveWindow() || (modal != nullptr && modal != &window)) return;
@@ -306,7 +306,7 @@ void QtBackend::PopupMenu(Form& form, MenuItem& menu) {
   pending_.RunAll();
   if (popup_ != nullptr) popup_->Replaced = true;
   ClosePopups();
-  QWidget* window = PeerOf(form) != nullptr ? &PeerOf(form)->Window() : nullptr;
+  QWidget* window = FormPeerOf(form) != nullptr ? &FormPeerOf(form)->Window() : nullptr;
   const QPointer<MenuView> view = new MenuView(*this, menu, MenuView::Raises::Below, window);
   view->Fill();
   // A chosen item runs when the menu is gone: what it asks may come up in its place.
@@ -331,12 +331,12 @@ bool QtBackend::IsMenuUp() {
 void QtBackend::DragChanged() {
   const Toolkit::DragShown drag = toolkit_->Drag();
   for (Form* form : toolkit_->Forms()) {
-    if (FormPeer* peer = PeerOf(*form)) peer->ShowDrag(drag);
+    if (FormPeer* peer = FormPeerOf(*form)) peer->ShowDrag(drag);
   }
 }
 
 void QtBackend::PointerChanged(Form& form) {
-  if (FormPeer* peer = PeerOf(form)) peer->ShowPointer(toolkit_->PointerFor(form));
+  if (FormPeer* peer = FormPeerOf(form)) peer->ShowPointer(toolkit_->PointerFor(form));
 }
 
 void QtBackend::SetErrorHandler(std::function<void(int, const std::string&)> handler) {
@@ -379,9 +379,9 @@ QWidget* QtBackend::WindowForBoxes() {
   if (toolkit_ == nullptr) return nullptr;
   Form* form = toolkit_->ActiveForm();
   // A box would close with the window that it belongs to, unanswered.
-  while (form != nullptr && PeerOf(*form) != nullptr && PeerOf(*form)->IsNotice()) form = form->Owner();
-  if (form == nullptr || PeerOf(*form) == nullptr || !PeerOf(*form)->Window().isVisible()) return nullptr;
-  return &PeerOf(*form)->Window();
+  while (form != nullptr && FormPeerOf(*form) != nullptr && FormPeerOf(*form)->IsNotice()) form = form->Owner();
+  if (form == nullptr || FormPeerOf(*form) == nullptr || !FormPeerOf(*form)->Window().isVisible()) return nullptr;
+  return &FormPeerOf(*form)->Window();
 }
 
 }  // namespace pixorra
