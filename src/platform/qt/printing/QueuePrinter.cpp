@@ -31,9 +31,9 @@ std::string TitleOf(const std::string& documentName) {
   std::replace_if(
       name.begin(), name.end(), [](QChar each) { return each.category() == QChar::Other_Control; }, QLatin1Char(' '));
   std::string title = ToUtf8(name);
-  constexpr std::size_t Longest = 255;
-  if (title.size() <= Longest) return title;
-  std::size_t count = Longest;
+  constexpr std::size_t LongestTitle = 255;
+  if (title.size() <= LongestTitle) return title;
+  std::size_t count = LongestTitle;
   while (count > 0 && (static_cast<unsigned char>(title[count]) & 0xC0U) == 0x80U) --count;
   title.resize(count);
   return title;
