@@ -18,7 +18,7 @@ class ApplicationEnvironment final : public ::testing::Environment {
   std::unique_ptr<QApplication> application_;
 };
 
-[[maybe_unused]] const auto* const environment = ::testing::AddGlobalTestEnvironment(new ApplicationEnvironment);
+[[maybe_unused]] const auto* const added = ::testing::AddGlobalTestEnvironment(new ApplicationEnvironment);
 
 }  // namespace
 }  // namespace pixorra
