@@ -69,6 +69,11 @@ std::string InList(const FileListBox& list, const std::string& name) {
   return found;
 }
 
+// Empty for none.
+std::string StripNow(const FilmStripState& strip) {
+  return strip.NoFilmStrip ? std::string() : strip.SrcFileList.Path();
+}
+
 }  // namespace
 
 GivenPath::GivenPath(MainForm& main) : main_(main), timer_(main.Window, "GivenPathTimer", Interval) {
@@ -105,6 +110,7 @@ bool GivenPath::MustWait(const std::string& path) {
 
 void GivenPath::Take(const std::string& path) {
   const std::string trimmed = StripTrailingBackslash(path);
+  const std::string before = StripNow(main_.strip);
   const auto found = FindFolders(main_.host, {path, IsRootPath(path) ? path : ParentPathOf(trimmed)});
   if (main_.host.toolkit.Ended()) return;
   if (MustWait(path)) return;
@@ -116,6 +122,8 @@ void GivenPath::Take(const std::string& path) {
   if (!IsReadable(main_.host.files, given)) return Refuse(main_, given, "cannot be read.");
   const PhotosOfCard photos = isPhoto ? PhotosOfCard{given} : FindPhotosOfCard(main_.host, given);
   if (main_.host.toolkit.Ended() || MustWait(path)) return;
+  // What a person has chosen meanwhile stays.
+  if (StripNow(main_.strip) != before) return;
   if (photos.AreInSeveral) {
     main_.preview.bPicEdited = false;
     return ShowBrowserAt(main_, photos.Folder);

@@ -63,7 +63,7 @@ std::string PlaceOfState(MainForm& main) {
 }  // namespace
 
 void WriteSavedState(MainForm& main) {
-  ReplaceStateFile(main.host.files, PlaceOfState(main), Compose(main), &main.core.SavedStateUnread);
+  ReplaceStateFile(main.host.files, PlaceOfState(main), Compose(main), main.core.StateBefore);
 }
 
 namespace {
@@ -122,7 +122,7 @@ void ReadSavedState(MainForm& main) {
   std::string bytes;
   const int failure = ErrorsIgnored([&] { bytes = ReadWhole(main.host.files, SavedStateFile(main)); });
   // One that is missing too may only be away: on a disk, say, that is not mounted yet.
-  main.core.SavedStateUnread = failure != error::None;
+  main.core.StateBefore.Unread = failure != error::None;
   if (failure != error::None) return;
   SavedRecordReader record(bytes);
   ReadWindow(main, record);

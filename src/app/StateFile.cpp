@@ -6,6 +6,7 @@
 #include "platform/runtime/AtExit.h"
 #include "platform/runtime/Errors.h"
 #include "platform/services/Files.h"
+#include "window/UnreadState.h"
 
 namespace pixorra {
 
@@ -33,8 +34,9 @@ void RemoveLeftOver(Files& files, const std::string& path) {
 }
 
 // On the disk before it is replaced.
-void KeepOld(Files& files, const std::string& path) {
-  WithFreeName(path + ".old", [&](const std::string& name) { files.LinkOrCopy(path, name); });
+void KeepOld(Files& files, const std::string& path, UnreadState& before) {
+  if (!before.Kept) WithFreeName(path + ".old", [&](const std::string& name) { files.LinkOrCopy(path, name); });
+  before.Kept = true;
   files.FlushFolder(ParentPathOf(path));
 }
 
@@ -44,7 +46,8 @@ void KeepOld(Files& files, const std::string& path) {
                                  ErrorDescription(number));
 }
 
-bool TakesNoNewFile(int failure) {
+// Of a folder that takes no new file, or of a name that no other file may take.
+bool IsRefused(int failure) {
   return failure == error::PathAccess || failure == error::PermissionDenied;
 }
 
@@ -59,11 +62,11 @@ void WriteInPlace(Files& files, const std::string& path, const std::string& byte
 
 }  // namespace
 
-void ReplaceStateFile(Files& files, const std::string& path, const std::string& bytes, bool* unread) {
+void ReplaceStateFile(Files& files, const std::string& path, const std::string& bytes, UnreadState& before) {
   const bool thereIsOne = files.NameTaken(path);
   // A file that may not be written stays as it is, though its folder would let another one take its place.
   if (thereIsOne) files.Open(path, OpenMode::ReadWrite);
-  const bool keepsOld = thereIsOne && *unread;
+  const bool keepsOld = thereIsOne && before.Unread;
   std::unique_ptr<File> file;
   std::string beside;
   const int opened = ErrorsIgnored([&] {
@@ -75,7 +78,7 @@ void ReplaceStateFile(Files& files, const std::string& path, const std::string& 
   if (opened != error::None) {
     if (keepsOld) RaiseNotKept(files, path, opened);
     // After any other failure, a full disk among them, the state before stays.
-    if (!TakesNoNewFile(opened)) throw RuntimeError(opened);
+    if (!IsRefused(opened)) throw RuntimeError(opened);
     WriteInPlace(files, path, bytes);
     return;
   }
@@ -91,13 +94,15 @@ void ReplaceStateFile(Files& files, const std::string& path, const std::string& 
   if (written != error::None) return;
   file.reset();
   if (keepsOld) {
-    const int kept = ErrorsIgnored([&] { KeepOld(files, path); });
+    const int kept = ErrorsIgnored([&] { KeepOld(files, path, before); });
     if (kept != error::None) RaiseNotKept(files, path, kept);
-    *unread = false;
   }
-  if (ErrorsIgnored([&] { files.RenameOver(beside, path); }) != error::None) return;
+  if (const int failure = ErrorsIgnored([&] { files.RenameOver(beside, path); }); failure != error::None) {
+    if (!keepsOld && IsRefused(failure)) WriteInPlace(files, path, bytes);
+    return;
+  }
   isInPlace = true;
-  *unread = false;
+  before = {};
   ErrorsIgnored([&] { files.FlushFolder(ParentPathOf(path)); });
 }
 

@@ -8,6 +8,7 @@
 #include "base/PictureTypes.h"
 #include "base/Routines.h"
 #include "browse/FindFolder.h"
+#include "platform/runtime/Errors.h"
 #include "platform/services/Files.h"
 
 namespace pixorra {
@@ -30,11 +31,16 @@ FolderQuestion FoldersIn(const std::string& folder) {
   };
 }
 
-bool HasNames(const std::optional<FolderReader::Answer>& answer) {
-  return answer && !answer->Names.empty();
+bool IsKnown(const std::optional<FolderReader::Answer>& answer) {
+  return answer && answer->Error == error::None;
 }
 
-// The folders in `dcim` that have photos, in their order; not all of them where there are more than `most`.
+bool HasNames(const std::optional<FolderReader::Answer>& answer) {
+  return IsKnown(answer) && !answer->Names.empty();
+}
+
+// The folders in `dcim` that have photos, or may have some, in their order; not all of them where there are more than
+// `most`.
 std::vector<std::string> WithPhotos(Host& host, const std::string& dcim, const std::vector<std::string>& names,
                                     std::size_t most) {
   std::vector<FolderQuestion> questions;
@@ -46,7 +52,7 @@ std::vector<std::string> WithPhotos(Host& host, const std::string& dcim, const s
   });
   std::vector<std::string> folders;
   for (std::size_t i = 0; i < names.size(); ++i)
-    if (HasNames(answers[i])) folders.push_back(JoinPath(dcim, names[i]));
+    if (HasNames(answers[i]) || !IsKnown(answers[i])) folders.push_back(JoinPath(dcim, names[i]));
   return folders;
 }
 
@@ -54,15 +60,14 @@ std::vector<std::string> WithPhotos(Host& host, const std::string& dcim, const s
 
 PhotosOfCard FindPhotosOfCard(Host& host, const std::string& folder) {
   const auto root = AskFolders(host, {AnyPhotoIn(folder), FolderAt(JoinPath(folder, "DCIM"))});
-  if (HasNames(root[0]) || !root[1]) return {folder};
+  if (HasNames(root[0]) || !IsKnown(root[1])) return {folder};
   const std::string& dcim = root[1]->Path;
   const auto inside = AskFolders(host, {AnyPhotoIn(dcim), FoldersIn(dcim)});
+  if (!IsKnown(inside[0]) || !IsKnown(inside[1])) return {dcim, true};
   std::vector<std::string> found;
   if (HasNames(inside[0])) found.push_back(dcim);
-  if (inside[1]) {
-    const auto below = WithPhotos(host, dcim, inside[1]->Names, 1 - found.size());
-    found.insert(found.end(), below.begin(), below.end());
-  }
+  const auto below = WithPhotos(host, dcim, inside[1]->Names, 1 - found.size());
+  found.insert(found.end(), below.begin(), below.end());
   if (found.empty()) return {folder};
   if (found.size() > 1) return {dcim, true};
   return {found.front()};

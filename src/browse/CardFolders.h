@@ -13,8 +13,8 @@ struct PhotosOfCard {
 };
 
 // For a folder that may be a card's root. One that has photos of its own, and one that has none below DCIM either, is
-// the answer itself. Looks at no photo; what cannot be read, or does not answer in a few seconds, counts as empty.
-// Events run meanwhile.
+// the answer itself. Looks at no photo. Where a folder below DCIM cannot be read, or does not answer in a few seconds,
+// photos may be in several. Events run meanwhile.
 PhotosOfCard FindPhotosOfCard(Host& host, const std::string& folder);
 
 }  // namespace pixorra

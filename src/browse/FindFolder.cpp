@@ -12,18 +12,23 @@ namespace pixorra {
 std::vector<std::optional<FolderReader::Answer>> AskFolders(Host& host, const std::vector<FolderQuestion>& questions,
                                                             const EnoughAnswers& enough) {
   constexpr double Patience = 5;  // seconds
+  constexpr std::size_t MostAtOnce = 3;
   std::vector<std::optional<FolderReader::Answer>> answers(questions.size());
   std::size_t answered = 0;
   bool isEnough = false;
   std::vector<std::unique_ptr<FolderReader::Reading>> readings;
-  for (std::size_t i = 0; i < questions.size(); ++i) {
-    readings.push_back(questions[i](host.folderReader, [&, i](const FolderReader::Answer& answer) {
-      ++answered;
-      if (answer.Error != error::None) return;
-      answers[i] = answer;
-      isEnough = isEnough || (enough && enough(answer));
-    }));
-  }
+  const std::function<void()> askOn = [&] {
+    while (readings.size() < questions.size() && readings.size() - answered < MostAtOnce && !isEnough) {
+      const std::size_t i = readings.size();
+      readings.push_back(questions[i](host.folderReader, [&, i](const FolderReader::Answer& answer) {
+        ++answered;
+        answers[i] = answer;
+        isEnough = isEnough || (enough && enough(answer));
+        askOn();
+      }));
+    }
+  };
+  askOn();
   host.toolkit.WaitUntil([&] { return isEnough || answered == questions.size(); }, Patience);
   if (host.toolkit.Ended()) answers.assign(questions.size(), std::nullopt);
   return answers;
@@ -41,7 +46,7 @@ std::vector<std::optional<std::string>> FindFolders(Host& host, const std::vecto
   }
   std::vector<std::optional<std::string>> found;
   for (const auto& answer : AskFolders(host, questions))
-    found.push_back(answer ? std::optional(answer->Path) : std::nullopt);
+    found.push_back(answer && answer->Error == error::None ? std::optional(answer->Path) : std::nullopt);
   return found;
 }
 

@@ -18,8 +18,9 @@ using FolderQuestion = std::function<std::unique_ptr<FolderReader::Reading>(Fold
 // Whether the wait may end with this answer.
 using EnoughAnswers = std::function<bool(const FolderReader::Answer&)>;
 
-// An answer for each question, all of them in the same few seconds; nothing for a failure, for what has not been
-// answered then or when it is enough, and for all where the program ends. Events run meanwhile.
+// An answer for each question, a failure among them, all of them in the same few seconds; nothing for what has not been
+// answered then or when it is enough, and for all where the program ends. Events run meanwhile. A few are asked at a
+// time: folders of a disk that hangs leave room for those of others.
 std::vector<std::optional<FolderReader::Answer>> AskFolders(Host& host, const std::vector<FolderQuestion>& questions,
                                                             const EnoughAnswers& enough = {});
 

@@ -57,13 +57,14 @@ bool HaveEqualPixels(const Picture& one, const Picture& other) {
   return true;
 }
 
-// The picture that it had comes back where the new one is equal: what a fine screen shows in its place goes on.
+// The picture that it had comes back where the new one of the same file is equal: what a fine screen shows in its place
+// goes on.
 void KeepEqualPicture(ImageBox& box, const Picture& before) {
   if (HaveEqualPixels(before, box.GetPicture())) box.SetPicture(before);
 }
 
 // The selected thumbnail of the film strip takes the photo as it now is, with its mark.
-void RepaintSrcThumbnail(MainForm& main, const std::string& edited) {
+void RepaintSrcThumbnail(MainForm& main, const std::string& edited, bool sameFile) {
   FilmStripState& strip = main.strip;
   const int i = SelectedSlot(strip);
   // The frame may be on another than the pane shows, and another may be selected while a message about this one is up.
@@ -76,13 +77,13 @@ void RepaintSrcThumbnail(MainForm& main, const std::string& edited) {
   if (!alive) return;
   const std::string mark = strip.SrcThumbName(i).Tag();
   if (!mark.empty()) ShadeThumbnail(thumbnail);
-  KeepEqualPicture(thumbnail, before);
+  if (sameFile) KeepEqualPicture(thumbnail, before);
   // A changed photo has a new entry, which takes over the mark.
   QuickThumbsOf(main).SetQuickThumbMark(edited, mark);
   if (!mark.empty() && IsChangedSinceMarked(main, i)) QuickThumbsOf(main).NoteEdited(edited);
 }
 
-void RepaintDestThumbnail(MainForm& main, const std::string& edited) {
+void RepaintDestThumbnail(MainForm& main, const std::string& edited, bool sameFile) {
   const int i = SelectedCell(main.desk);
   if (PhotoOf(main.desk, i) != edited) return;
   ImageBox& thumbnail = main.desk.DestThumbnail(i);
@@ -90,7 +91,7 @@ void RepaintDestThumbnail(MainForm& main, const std::string& edited) {
   const Picture before = thumbnail.GetPicture();
   bool bDragged = false;
   PaintThumbnail(main, thumbnail, SelectedPhoto(main.preview), bDragged);
-  if (alive) KeepEqualPicture(thumbnail, before);
+  if (alive && sameFile) KeepEqualPicture(thumbnail, before);
 }
 
 // Of a photo that cannot be shown: its file is there and has changed since it could not be shown the last time. An
@@ -184,14 +185,17 @@ void AutoPicPreviewTimer_Timer(MainForm& main) {
   }
   const std::string photo = SelectedPhoto(preview);
   const Picture before = preview.PicPreview.GetPicture();
+  const std::string stamp = preview.PicPreviewSize.Tag();
   PaintPicPreview(main, photo);
-  if (SelectedPhoto(preview) == photo) KeepEqualPicture(preview.PicPreview, before);
+  // An edit of details may change none of the pixels here, but those of a fine screen.
+  const bool sameFile = !stamp.empty() && preview.PicPreviewSize.Tag() == stamp;
+  if (sameFile && SelectedPhoto(preview) == photo) KeepEqualPicture(preview.PicPreview, before);
   if (SelectedPhoto(preview).empty() && IsBeingSaved(main, photo)) {
     preview.PicPreview.SetTag(photo);
     return;
   }
-  if (main.strip.SrcThumbFrame.Visible()) RepaintSrcThumbnail(main, photo);
-  if (main.desk.DestThumbFrame.Visible()) RepaintDestThumbnail(main, photo);
+  if (main.strip.SrcThumbFrame.Visible()) RepaintSrcThumbnail(main, photo, sameFile);
+  if (main.desk.DestThumbFrame.Visible()) RepaintDestThumbnail(main, photo, sameFile);
 }
 
 }  // namespace pixorra

@@ -7,6 +7,7 @@
 #include "platform/controls/Form.h"
 #include "platform/controls/Label.h"
 #include "platform/controls/Timer.h"
+#include "window/UnreadState.h"
 
 namespace pixorra {
 
@@ -31,8 +32,7 @@ struct CoreState {
   bool PrintJobRuns = false;    // from its dialog to its end
   std::string SlideShowFolder;  // of the last slide show that was started; empty before the first
   int LayoutCountdown = 1;      // ticks of ThumbsTimer until Window_Layout runs
-  // No saved state was read: one that is there when it is first written may be a good one.
-  bool SavedStateUnread = false;
+  UnreadState StateBefore;
   // The window's size at the last layout, twips.
   double LastWidth = 0;
   double LastHeight = 0;

@@ -272,13 +272,14 @@ TEST_F(GivenPathTest, PhotosInTheCardsOwnFolderCountAsAFolderToo) {
   EXPECT_TRUE(run.main.modeless.Get<BrowseFolderLocationForm>(run.main).IsRunning());
 }
 
-TEST_F(GivenPathTest, ACardWhoseFolderOfPhotosCannotBeReadIsTakenItself) {
+TEST_F(GivenPathTest, ACardWhoseFoldersOfPhotosCannotBeReadOpensTheBrowser) {
   drive.Write("C:\\Media\\Card\\DCIM\\100ABCDE\\a.bmp", BmpPhoto(8, 8));
   ProgramRun& run = Started();
   given_ = std::make_unique<GivenPath>(run.main);
   run.files.FailAlways(FileCall::Folders, error::PathAccess, "DCIM");
   Give(run, "C:\\Media\\Card");
-  EXPECT_EQ(run.main.strip.SrcFileList.Path(), "C:\\Media\\Card");
+  EXPECT_TRUE(run.main.strip.NoFilmStrip);
+  EXPECT_NE(run.person.Window("BrowseFolderLocationForm"), nullptr);
 }
 
 TEST_F(GivenPathTest, AFolderWithPhotosOfItsOwnOrWithoutAnyIsTakenItself) {

@@ -4,7 +4,9 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
+#include "app/INIfile.h"
 #include "app/Shutdown.h"
+#include "platform/runtime/Errors.h"
 #include "tests/support/headless/ProgramTest.h"
 #include "window/CoreState.h"
 #include "window/FilmStripState.h"
@@ -100,6 +102,15 @@ TEST_F(StateFileTest, AStateThatCannotBePutInPlaceLeavesTheOneBefore) {
     EXPECT_TRUE(IsOld(Place));
     EXPECT_FALSE(drive.Exists(Beside()));
   }
+}
+
+// One that is mounted by itself has a name that no other file may take.
+TEST_F(StateFileTest, AStateThatNoOtherFileMayReplaceIsItselfWritten) {
+  ProgramRun& run = ChangedRun();
+  run.files.FailAlways(FileCall::Rename, error::PermissionDenied, ".pixorra-new");
+  run.Close();
+  EXPECT_TRUE(IsNew(Place));
+  EXPECT_EQ(NamesBeside("C:\\Windows"), std::vector<std::string>{"Pixorra.sav"});
 }
 
 // --- links -----------------------------------------------------------------------------------------------------------
@@ -273,6 +284,28 @@ TEST_F(StateFileTest, AStateThatIsKeptAndCannotBeReplacedIsThereAllTheSame) {
   run.Close();
   EXPECT_TRUE(IsOld(Place));
   EXPECT_FALSE(drive.Exists(Beside()));
+}
+
+TEST_F(StateFileTest, OneThatIsKeptIsKeptOnceAndIsNotWrittenWhereItIs) {
+  ProgramRun& run = UnreadRun();
+  run.files.FailAlways(FileCall::Rename, error::PermissionDenied, ".pixorra-new");
+  for (int i = 0; i < 3; ++i) SaveForSession(run.main);
+  EXPECT_EQ(NamesBeside("C:\\Windows"), (std::vector<std::string>{"Pixorra.sav", "Pixorra.sav.old"}));
+  run.files.FailAlways(FileCall::OpenToWrite, error::PathAccess, Beside());
+  run.person.ExpectBox("Pixorra", "Error 75: The settings of this run are not saved.");
+  run.Close();
+  EXPECT_TRUE(IsOld(Place));
+  EXPECT_TRUE(IsOld(Kept()));
+}
+
+TEST_F(StateFileTest, OneWhoseSecondNameIsNotYetOnTheDiskIsKeptOnce) {
+  ProgramRun& run = UnreadRun();
+  run.files.FailNth(FileCall::FlushFolder, 1, error::DeviceIO, "C:\\Windows");
+  EXPECT_NE(ErrorsIgnored([&] { pixorra::WriteSavedState(run.main); }), error::None);
+  run.Close();
+  EXPECT_TRUE(IsNew(Place));
+  EXPECT_TRUE(IsOld(Kept()));
+  EXPECT_FALSE(drive.Exists(Kept("2")));
 }
 
 // --- each call fails once --------------------------------------------------------------------------------------------

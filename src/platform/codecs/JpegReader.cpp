@@ -82,9 +82,7 @@ void JpegReader::RestoreFrame(const jpeg_decompress_struct& before) {
 // where the damage is.
 int JpegReader::ReadScans() {
   const jpeg_decompress_struct before = reader_;
-  int claimed = 0;
-  if (!errors_.Run([this, &claimed] { claimed = source_.ScansClaimed(); })) return errors_.status;
-  ScanWork work(reader_, claimed);
+  ScanWork work(reader_);
   reader_.buffered_image = TRUE;
   bool read = errors_.Run([this, &work] {
     jpeg_start_decompress(&reader_);

@@ -1,7 +1,6 @@
 #include "platform/codecs/JpegScans.h"
 
 #include <algorithm>
-#include <cstring>
 
 namespace pixorra {
 namespace {
@@ -39,32 +38,17 @@ std::int64_t JpegWorkingMemory(jpeg_decompress_struct& reader) {
   return BlocksOf(reader) * static_cast<std::int64_t>(sizeof(JBLOCK));
 }
 
-void ScanMarks::Add(std::span<const std::uint8_t> bytes) {
-  constexpr std::uint8_t StartOfScan = 0xDA;
-  if (bytes.empty()) return;
-  if (begun_ && bytes[0] == StartOfScan) ++count_;
-  const std::uint8_t* const end = bytes.data() + bytes.size();
-  const auto next = [end](const std::uint8_t* from) {
-    return static_cast<const std::uint8_t*>(std::memchr(from, 0xFF, static_cast<std::size_t>(end - from)));
-  };
-  for (const std::uint8_t* at = next(bytes.data()); at != nullptr && at + 1 < end; at = next(at + 1)) {
-    if (at[1] == StartOfScan) ++count_;
-  }
-  begun_ = bytes.back() == 0xFF;
-}
-
-ScanWork::ScanWork(jpeg_decompress_struct& reader, int claimed) : left_(MostWork) {
-  if (claimed <= UsualScans) left_ = std::max(left_, BlocksOf(reader) * UsualWorkOfABlock);
-}
+ScanWork::ScanWork(jpeg_decompress_struct& reader)
+    : mostUsual_(std::max(MostWork, BlocksOf(reader) * UsualWorkOfABlock)) {}
 
 bool ScanWork::Add(const jpeg_decompress_struct& reader) {
   const bool refines = reader.Ss > 0 && reader.Ah > 0;
   const std::int64_t ofABlock = BlockWork + (refines ? CoefficientWork * (reader.Se - reader.Ss + 1) : 0);
   for (int i = 0; i < reader.comps_in_scan; ++i) {
     const jpeg_component_info& part = *reader.cur_comp_info[i];
-    left_ -= ofABlock * part.width_in_blocks * part.v_samp_factor;
+    spent_ += ofABlock * part.width_in_blocks * part.v_samp_factor;
   }
-  return left_ >= 0;
+  return spent_ <= (reader.input_scan_number <= UsualScans ? mostUsual_ : MostWork);
 }
 
 }  // namespace pixorra

@@ -6,7 +6,6 @@
 // The library's own messages, after its header.
 #include <jerror.h>
 
-#include "platform/codecs/JpegScans.h"
 #include "platform/runtime/Errors.h"
 
 namespace pixorra {
@@ -93,22 +92,6 @@ void JpegSource::EndHere() {
   reader_->src->next_input_byte = End.data();
   reader_->src->bytes_in_buffer = End.size();
   next_ = std::max(next_, fileBytes_);
-}
-
-int JpegSource::ScansClaimed() {
-  ScanMarks marks;
-  if (file_ == nullptr) {
-    marks.Add(bytes_);
-    return marks.Count();
-  }
-  // The library frees it, as nothing here may have a destructor when it gives up.
-  auto* const part = static_cast<std::uint8_t*>(
-      (*reader_->mem->alloc_large)(reinterpret_cast<j_common_ptr>(reader_), JPOOL_IMAGE, PortionBytes));
-  for (std::size_t at = 0, came = PortionBytes; came == PortionBytes; at += came) {
-    came = ReadAt(at, {part, PortionBytes});
-    marks.Add({part, came});
-  }
-  return marks.Count();
 }
 
 }  // namespace pixorra

@@ -36,9 +36,6 @@ class JpegSource {
   bool IsAtEnd();
   // To the library, the picture ends where it is now.
   void EndHere();
-  // How many scans it may have, by their marks: bytes of other data may look like one. What the library has not taken
-  // yet stays as it is.
-  int ScansClaimed();
 
  private:
   // `manager` must be first, as the library passes that back.

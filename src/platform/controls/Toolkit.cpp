@@ -124,8 +124,9 @@ void Toolkit::Forget(Control& control) {
 }
 
 int Toolkit::ScreenAt(double twipsX, double twipsY) {
+  // The right and the bottom edge are the next screen's: there it is one pixel beyond this one.
   const auto beyond = [](double at, double first, double size) {
-    return std::max({first - at, at - (first + size), 0.0});
+    return std::max({first - at, at - (first + size - TwipsPerPixel), 0.0});
   };
   int nearest = 0;
   double least = std::numeric_limits<double>::infinity();

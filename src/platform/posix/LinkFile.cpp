@@ -10,6 +10,7 @@
 
 #include "platform/posix/HostErrors.h"
 #include "platform/posix/HostFile.h"
+#include "platform/runtime/AtExit.h"
 
 namespace pixorra {
 
@@ -27,14 +28,14 @@ void CopyFileFlushed(const std::string& from, const std::string& to) {
   if (!fd) RaiseHostError(errno);
   struct stat entry {};
   if (stat(from.c_str(), &entry) == 0) static_cast<void>(fchmod(fd.Get(), entry.st_mode & 07777U));
-  try {
-    const std::unique_ptr<File> copy = MakeHostFile(std::move(fd));
-    copy->CopyFrom(*source, source->Length());
-    copy->Flush();
-  } catch (const RuntimeError&) {
-    unlink(to.c_str());
-    throw;
-  }
+  bool isWhole = false;
+  const AtExit withoutHalf([&] {
+    if (!isWhole) unlink(to.c_str());
+  });
+  const std::unique_ptr<File> copy = MakeHostFile(std::move(fd));
+  copy->CopyFrom(*source, source->Length());
+  copy->Flush();
+  isWhole = true;
 }
 
 }  // namespace pixorra

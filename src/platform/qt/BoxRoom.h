@@ -7,7 +7,7 @@ namespace pixorra {
 
 // Makes a box, which has its title, icon, text and buttons, wide enough for them. Lines that are wider than a box may
 // be are broken, between words where there are any, so that nothing is cut off. A text that is too long for the
-// screen's height leaves out the middle of its long lines; screen readers still get all of it.
+// screen's height leaves out lines in its middle, and the middle of long ones; screen readers still get all of it.
 void MakeRoom(QMessageBox& box);
 
 }  // namespace pixorra

@@ -39,12 +39,11 @@ void KeptSize::Follow() {
   const Qt::WindowStates own = Qt::WindowMinimized | Qt::WindowMaximized | Qt::WindowFullScreen;
   const bool hasOwnSize = window_.isVisible() && (window_.windowState() & own) == 0;
   const double fineness = window_.devicePixelRatioF();
-  if (hasOwnSize && fineness_ > 0 && fineness != fineness_) {
-    rest_.start();
-    return;
-  }
+  // It may come to the other screen in that state, too, and has its own size again when the state ends.
+  if (!hasOwnSize) return rest_.stop();
+  if (fineness_ > 0 && fineness != fineness_) return rest_.start();
   rest_.stop();
-  fineness_ = hasOwnSize ? fineness : 0;
+  fineness_ = fineness;
   size_ = window_.size();
 }
 

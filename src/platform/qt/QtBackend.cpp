@@ -325,7 +325,7 @@ void QtBackend::PopupMenu(Form& form, MenuItem& menu) {
 }
 
 bool QtBackend::IsMenuUp() {
-  return popup_ != nullptr || QApplication::activePopupWidget() != nullptr;
+  return (popup_ != nullptr && !popup_->Replaced) || QApplication::activePopupWidget() != nullptr;
 }
 
 void QtBackend::DragChanged() {

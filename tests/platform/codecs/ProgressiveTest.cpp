@@ -50,6 +50,14 @@ TEST(ProgressiveTest, TheUsualScansAreReadWhateverTheSize) {
   EXPECT_EQ(ReadAnEighth(ScansByHand::Grey(Side, Side, 10, ScansByHand::OfNothing), Side, Side), ijl::Ok);
 }
 
+// What follows it, a film for one, has bytes of all kinds.
+TEST(ProgressiveTest, WhatFollowsThePictureIsNoScanOfIt) {
+  constexpr int Side = 20000;
+  std::string jpeg = ScansByHand::Grey(Side, Side, 10, ScansByHand::OfNothing);
+  for (int i = 0; i < 300; ++i) jpeg += "\xFF\xDA";
+  EXPECT_EQ(ReadAnEighth(jpeg, Side, Side), ijl::Ok);
+}
+
 // Where the n-th scan begins, from 1 on.
 std::size_t ScanOf(const std::string& jpeg, int n) {
   std::size_t at = 0;

@@ -93,6 +93,14 @@ TEST_F(FormTest, ADialogIsCentredOverAnOwnerOnAnotherScreenThanTheMainOne) {
   EXPECT_EQ(dialog.TwipsTop(), 100 * 15 + (form.TwipsHeight() - dialog.TwipsHeight()) / 2);
 }
 
+TEST_F(FormTest, TheEdgeBetweenTwoScreensIsTheSecondOnes) {
+  platform.backend.AddScreen(1000, 800);
+  EXPECT_EQ(toolkit.ScreenAt(1279 * 15, 100), 0);
+  EXPECT_EQ(toolkit.ScreenAt(1280 * 15, 100), 1);
+  EXPECT_EQ(toolkit.ScreenAt(2279 * 15, 799 * 15), 1);
+  EXPECT_EQ(toolkit.ScreenAt(2280 * 15, 100), 1) << "the nearest one";
+}
+
 TEST_F(FormTest, ADialogIsWhollyOnTheScreenThatHoldsTheMiddleOfItsOwner) {
   platform.backend.AddScreen(1000, 800);
   Form dialog(toolkit, "Dialog");
