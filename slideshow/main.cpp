@@ -71,7 +71,7 @@ int Run(Request request, int argc, char** argv) {
     std::fputs("pixorra-slideshow: there is no such window\n", stderr);
     return 1;
   }
-  const EndSignals signals;
+  const EndSignals& signals = EndSignals::OfProgram();
   qt.OnReadable(signals.Descriptor(), [&] {
     if (signals.Take()) qt.toolkit.AskToEnd();
   });

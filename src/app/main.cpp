@@ -72,7 +72,7 @@ int Run(RunningInstance& instance, const Environment& environment, const std::st
   // The toolkit below has no options here.
   int noArguments = 1;
   QtPlatform qt(noArguments, argv);
-  const EndSignals signals;
+  const EndSignals& signals = EndSignals::OfProgram();
   qt.OnReadable(signals.Descriptor(), [&] {
     if (signals.Take()) qt.toolkit.AskToEnd();
   });

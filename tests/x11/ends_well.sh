@@ -49,10 +49,9 @@ kill -TERM "$program_id"
 expect_saved
 [ -e "$card/IMG_0001.JPG" ] || fail "the photo of the question is deleted"
 
-# Once more while it ends.
+# Again and again until it is gone.
 begin
-kill -TERM "$program_id"
-for _ in 1 2 3 4 5; do kill -TERM "$program_id" 2>/dev/null || true; done
+while kill -TERM "$program_id" 2>/dev/null; do :; done
 expect_saved
 
 # The screen goes: there is nothing to close any more, but the state is kept.

@@ -26,6 +26,11 @@ void Note(int) {
 
 }  // namespace
 
+const EndSignals& EndSignals::OfProgram() {
+  static const auto* const signals = new EndSignals;
+  return *signals;
+}
+
 EndSignals::EndSignals() {
   std::array<int, 2> ends{};
   if (pipe2(ends.data(), O_CLOEXEC | O_NONBLOCK) != 0) return;

@@ -8,6 +8,10 @@ namespace pixorra {
 
 class EndSignals {
  public:
+  // Those of a program, made by the first call. They are never let go: one that comes while the program ends already
+  // must not end it on the way.
+  static const EndSignals& OfProgram();
+
   // From here on they do nothing else. One that is ignored, as `nohup` and a shell's background do it, stays so. One
   // such object at a time.
   EndSignals();
